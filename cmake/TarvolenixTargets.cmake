@@ -1,0 +1,53 @@
+# What all targets of the project share.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(TARVOLENIX_WERROR "Treat warnings as errors" OFF)
+option(TARVOLENIX_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+option(TARVOLENIX_BENCH "Build the benchmarks" OFF)
+
+# Asserts are for our own mistakes and stay on in release.
+string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
+
+add_library(tarvolenix_flags INTERFACE)
+target_compile_options(tarvolenix_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow
+  -Wnon-virtual-dtor -Woverloaded-virtual=1 -Wconversion -Wno-sign-conversion)
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  target_compile_options(tarvolenix_flags INTERFACE -Wno-error=unknown-warning-option)
+endif()
+if(TARVOLENIX_WERROR)
+  target_compile_options(tarvolenix_flags INTERFACE -Werror)
+endif()
+if(TARVOLENIX_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+    -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# Qt's older conveniences that hide mistakes stay off.
+add_library(tarvolenix_qt_flags INTERFACE)
+target_compile_definitions(tarvolenix_qt_flags INTERFACE QT_NO_CAST_FROM_ASCII
+  QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_link_libraries(tarvolenix_qt_flags INTERFACE tarvolenix_flags)
+
+# tarvolenix_folder(NAME SOURCES... USES folders and libraries...)
+# One source folder as a library of the same name. USES is the proof of which way the arrows go.
+function(tarvolenix_folder name)
+  cmake_parse_arguments(FOLDER "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${FOLDER_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+  target_link_libraries(${name} PRIVATE tarvolenix_flags PUBLIC ${FOLDER_USES})
+endfunction()
+
+# tarvolenix_test(NAME SOURCES... USES...): one test program, found by ctest case by case.
+function(tarvolenix_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+  target_link_libraries(${name} PRIVATE tarvolenix_flags ${TEST_USES} GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8" TIMEOUT 300)
+endfunction()

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The record of all seams to the desktop. The program's main installs the real ones, a test its
+// recorders; nobody else writes here. The record owns nothing.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/events.h"
+#include "platform/files.h"
+#include "platform/mail_client.h"
+#include "platform/message_boxes.h"
+#include "platform/settings_store.h"
+#include "platform/shell_hooks.h"
+#include "platform/sounds.h"
+
+namespace platform {
+
+struct Desktop {
+  MAPISession* MSess = nullptr;
+  MAPIMessages* MMess = nullptr;
+  SettingsStore* settings = nullptr;
+  MessageBoxes* messageBoxes = nullptr;
+  Sounds* sounds = nullptr;
+  Clock* clock = nullptr;
+  Events* events = nullptr;
+  Files* files = nullptr;
+  ShellHooks hooks;
+};
+
+Desktop& TheDesktop();
+
+}  // namespace platform

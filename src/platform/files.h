@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The seam to the file system: the few operations that the game file, its backup and the move files
+// need. Every failure raises FileError; nothing is half done but what Write leaves of a new file.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+struct FileError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  virtual bool Exists(const std::string& path) = 0;
+  virtual std::string Read(const std::string& path) = 0;
+
+  /// Creates the file or replaces what it held, and returns when it is on the disk. A failure may
+  /// leave part of it, so the names written to are always temporary ones.
+  virtual void Write(const std::string& path, std::string_view content) = 0;
+
+  /// Puts a file in the place of another in one step that a crash can't divide, and returns when
+  /// the folder's change is on the disk.
+  virtual void Rename(const std::string& from, const std::string& to) = 0;
+
+  virtual void Remove(const std::string& path) = 0;
+
+  /// The names (without folder) of the files in a folder, in the file system's order.
+  virtual std::vector<std::string> List(const std::string& folder) = 0;
+};
+
+}  // namespace platform

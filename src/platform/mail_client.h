@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The seam to the user's mail service: a session, and a set of messages fetched from the Inbox
+// beside one outgoing buffer. A property that can be read is a function without arguments; one that
+// can be written is a function of the same name with the new value.
+//
+// Contract of every service. Read and unread are the mail store's own marks. Fetching, and reading
+// a subject or a sender, changes nothing; reading MsgNoteText marks that one message as read.
+// Delete is final. Send returns only when the next hop has accepted the mail. Every failure raises
+// MailError. A service may leave mails out of the set whose subject can't begin with the program's
+// prefix. Display names, addresses and subjects come without control characters and without "|".
+#pragma once
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+namespace platform {
+
+struct MailError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+class MAPISession {
+ public:
+  virtual ~MAPISession() = default;
+
+  /// Starts or joins a session; may ask the user for his account. Raises where there is none to be
+  /// had.
+  virtual void SignOn() = 0;
+  virtual long SessionID() = 0;  ///< above 0 while signed on
+  virtual void SignOff() = 0;
+};
+
+class MAPIMessages {
+ public:
+  virtual ~MAPIMessages() = default;
+
+  virtual long SessionID() = 0;
+  virtual void SessionID(long id) = 0;
+
+  virtual void FetchUnreadOnly(bool unreadOnly) = 0;
+
+  /// Brings the set into memory in the background and then calls `ready` on the window's thread.
+  /// The next Fetch takes that set without waiting. A failure is kept and raised by that Fetch.
+  virtual void Prefetch(std::function<void()> ready) = 0;
+
+  /// Fills the set, in the order of arrival; waits for the mail service where nothing was
+  /// prefetched.
+  virtual void Fetch() = 0;
+
+  virtual int MsgCount() = 0;
+
+  /// Picks the current message of the set, from 0; -1 picks the outgoing buffer.
+  virtual void MsgIndex(int index) = 0;
+
+  virtual std::string MsgSubject() = 0;
+  virtual void MsgSubject(const std::string& subject) = 0;
+
+  /// The plain text body, UTF-8. Lines end in carriage return and line feed where the mail's do.
+  virtual std::string MsgNoteText() = 0;
+  virtual void MsgNoteText(const std::string& text) = 0;
+
+  virtual std::string MsgOrigDisplayName() = 0;
+  virtual std::string MsgOrigAddress() = 0;
+
+  virtual int RecipCount() = 0;
+  virtual void RecipIndex(int index) = 0;  ///< from 0; the count itself starts a new recipient
+  virtual std::string RecipAddress() = 0;
+  virtual void RecipAddress(const std::string& address) = 0;
+  virtual std::string RecipDisplayName() = 0;
+  virtual void RecipDisplayName(const std::string& name) = 0;
+  virtual void RecipType(int type) = 0;  ///< 1 is a "to" recipient
+
+  /// Deletes the current message from the Inbox and from the set: the following ones move down by
+  /// one.
+  virtual void Delete() = 0;
+  virtual void DeleteRecipient() = 0;
+
+  /// Carries out the marks and deletions that are still queued.
+  virtual void Flush() = 0;
+
+  /// Sends the outgoing buffer without showing anything.
+  virtual void Send() = 0;
+};
+
+}  // namespace platform

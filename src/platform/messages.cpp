@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/messages.h"
+
+#include <algorithm>
+
+#include "platform/conversions.h"
+#include "platform/desktop.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+
+namespace platform {
+
+bool ShowMessage(int icon, const std::string& title, const std::string& text,
+                 const std::string& okCaption, const std::string& cancelCaption, bool useTimeout,
+                 std::optional<int> sound) {
+  const PollingHold hold;
+  Message message{icon, title, text, okCaption, cancelCaption, 0};
+  std::replace(message.text.begin(), message.text.end(), '|', '\n');
+  if (useTimeout) message.timeoutTicks = Settings().NotificationTimeout;
+  if (sound) PlayNumberedSound(*sound);
+  return TheDesktop().messageBoxes->Ask(message);
+}
+
+void VerboseMessage(const std::string& text, const std::string& title, int sound) {
+  if (Settings().Verbose) {
+    ShowMessage(InformationIcon, title, text, "OK", {}, true, sound);
+  } else {
+    PlayNumberedSound(sound);
+  }
+}
+
+void ShowStatus(bool show, const std::string& text) {
+  if (show) {
+    TheDesktop().messageBoxes->ShowStatus(text);
+  } else {
+    TheDesktop().messageBoxes->HideStatus();
+  }
+}
+
+void PlayWave(const std::string& path) {
+  if (Process().SoundEnabled) TheDesktop().sounds->Play(path);
+}
+
+void PlayNumberedSound(int number) { PlayWave(SoundPath(number)); }
+
+std::string SoundPath(int number) {
+  return Process().DataPath + "Cs" + ZeroFilled(number, 3) + ".tvs";
+}
+
+}  // namespace platform

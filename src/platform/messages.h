@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The one way in which the program speaks to its user. Polling stops while a message is up and goes
+// on as it was before, so nested messages and messages of a held phase leave the hold as they found
+// it.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace platform {
+
+/// Icons of the message dialog.
+enum MessageIcon { InformationIcon = 1, ErrorIcon, SetupIcon, MailIcon, DatabaseIcon };
+
+/// Numbered sounds; no sound is an empty optional.
+enum SoundNumber {
+  WonSound = 1,
+  CheckSound = 2,
+  LiftSound = 3,
+  DropSound = 4,
+  FailureSound = 5,
+  AttentionSound = 6,
+  LostSound = 7
+};
+
+/// Shows the message dialog; "|" in `text` ends a line. True for OK, false for Cancel or a
+/// time-out.
+bool ShowMessage(int icon, const std::string& title, const std::string& text,
+                 const std::string& okCaption, const std::string& cancelCaption = {},
+                 bool useTimeout = false, std::optional<int> sound = {});
+
+/// A message that only an interested user wants: shown with the setting `Verbose`, else only heard.
+void VerboseMessage(const std::string& text, const std::string& title, int sound);
+
+/// Puts up (or, with an empty text, takes down) the small popup for long work.
+void ShowStatus(bool show, const std::string& text = {});
+
+/// Plays a wave file without waiting, cutting off the one before. Never reports.
+void PlayWave(const std::string& path);
+
+/// Plays the numbered sound of the data folder.
+void PlayNumberedSound(int number);
+
+/// The file of a numbered sound: in the data folder, "Cs", three digits, ".tvs".
+std::string SoundPath(int number);
+
+}  // namespace platform

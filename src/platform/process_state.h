@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The process-wide flags and values, in one record. They are set by SetupGlobalVariables before
+// anything else runs, and belong to the window's thread.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace platform {
+
+/// The polling timer of the hidden window, as the rest of the program sees it.
+struct PollingTimer {
+  bool Enabled = false;
+  int Interval = 0;  ///< milliseconds; 0 never fires
+};
+
+/// What the new game dialog holds until its game has a record of its own.
+struct NewGameFields {
+  std::string Game_name;             ///< at most 50 characters
+  std::string Game_opponents_name;   ///< at most 50 characters
+  std::string Game_opponents_email;  ///< at most 255 characters
+};
+
+struct ProcessState {
+  bool ShuttingDown = false;     ///< a failed start or a fatal skin failure is in progress
+  bool StartupComplete = false;  ///< settings are saved at shutdown only when this is set
+  bool CheckTimerHeld = false;   ///< a modal dialog or a long task is running: no polling
+  bool Offline = true;           ///< not logged on to the mail service
+  bool StandAlone = false;       ///< moves travel as files, without a mail service
+  bool NoNetwork = false;        ///< the logon is skipped
+  bool SoundEnabled = true;
+  bool CheckDPI = true;
+  bool CheckResolution = true;
+  bool CheckColourDepth = true;
+  bool ForcedSimpleUI = false;    ///< a display check forced the plain look during this start
+  bool BoardFromGameList = true;  ///< the board was opened from the game list window
+  bool GameListOpen = false;
+  bool BoardOpen = false;
+  bool NewMoveArrived = false;         ///< at least one move waits for notification
+  bool ComputerGame = false;           ///< the open game is played against the computer
+  bool SetupGame = false;              ///< the game about to open begins in board setup
+  bool BoardSetupMode = false;         ///< the board window is in setup mode now
+  bool RefreshButtonsPending = false;  ///< the skin has loaded new button pictures
+  std::int32_t CurrentGameID = -1;     ///< the game open on the board; -1 none
+  std::string PendingGames;            ///< GAME_IDs to notify of, each followed by ";"
+  NewGameFields NewGame;
+  PollingTimer CheckTimer;
+
+  std::string ProgramFolder;  ///< ends in "/"
+  std::string DataPath;       ///< folder of the game file and the sounds; ends in "/"
+  std::string DatabaseFile = "Tvgdb.dat";
+};
+
+/// The process's one record.
+ProcessState& Process();
+
+/// Puts the record into its initial state for a program that lives in `programFolder` (with or
+/// without a "/" behind it) and was started with `commandLine`. Options are found anywhere in that
+/// text and in any case; what is no option is ignored.
+void SetupGlobalVariables(std::string programFolder, std::string commandLine);
+
+/// The program's version: major, minor and revision in plain decimal, joined by ".".
+std::string GetVersionText();
+
+}  // namespace platform

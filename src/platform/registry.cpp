@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/registry.h"
+
+#include "platform/conversions.h"
+#include "platform/desktop.h"
+
+namespace platform {
+namespace {
+
+std::string GroupOf(const std::string& section) {
+  const auto slash = section.find('/');
+  return slash == std::string::npos ? std::string{} : section.substr(slash + 1);
+}
+
+}  // namespace
+
+bool IsEmptyValue(const StoredValue& value) { return !value || value->empty(); }
+
+std::string ReturnValue(const StoredValue& value, std::string_view defaultValue) {
+  return IsEmptyValue(value) ? std::string(defaultValue) : *value;
+}
+
+StoredValue ReadRegistry(const std::string& section, const std::string& valueName) {
+  return TheDesktop().settings->Read(GroupOf(section), valueName);
+}
+
+bool WriteRegistry(const std::string& section, const std::string& valueName,
+                   const std::string& value, bool forceText) {
+  std::string stored = value;
+  if (!forceText && IsNumeric(value)) {
+    const auto number = ToInteger32(value);
+    if (!number) return false;
+    stored = std::to_string(*number);
+  }
+  return TheDesktop().settings->Write(GroupOf(section), valueName, stored);
+}
+
+bool CreateRegistryKey(const std::string& section) {
+  return TheDesktop().settings->CreateGroup(GroupOf(section));
+}
+
+std::vector<std::string> EnumRegistryKeys() { return TheDesktop().settings->Groups(); }
+
+void SetLogonStatus(bool inProgress) {
+  WriteRegistry(productSection, "LogonStatus", BooleanText(inProgress));
+}
+
+bool GetLogonStatus() {
+  return ReturnValue(ReadRegistry(productSection, "LogonStatus"), "False") == "True";
+}
+
+std::string BooleanText(bool value) { return value ? "True" : "False"; }
+
+}  // namespace platform

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reading and writing single settings, with the program's value-or-default convention: a missing
+// value and an empty one are the same, and 0 and "False" count as present.
+//
+// A section is "Tarvolenix" for the product's own values, or "Tarvolenix/" and the name of a group
+// below it (a version text of the older layout, or "Mail").
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+inline constexpr const char* productSection = "Tarvolenix";
+inline constexpr const char* mailSection = "Tarvolenix/Mail";
+
+/// A value as it came from a store: text, or nothing.
+using StoredValue = std::optional<std::string>;
+
+bool IsEmptyValue(const StoredValue& value);
+
+/// The value, or `defaultValue` where it is blank.
+std::string ReturnValue(const StoredValue& value, std::string_view defaultValue);
+
+/// Nothing where the value is missing or can't be read. No error reaches the caller.
+StoredValue ReadRegistry(const std::string& section, const std::string& valueName);
+
+/// A numeric value is stored as a 32-bit whole number unless `forceText` is set, so "007" reads
+/// back as "7". False on any error; the old value then stands.
+bool WriteRegistry(const std::string& section, const std::string& valueName,
+                   const std::string& value, bool forceText = false);
+
+bool CreateRegistryKey(const std::string& section);
+
+/// The names of the groups below the product's own values.
+std::vector<std::string> EnumRegistryKeys();
+
+/// The crash guard of the mail logon: set from just before a logon until just after it, written
+/// through at once.
+void SetLogonStatus(bool inProgress);
+bool GetLogonStatus();
+
+/// How booleans are written in the settings store.
+std::string BooleanText(bool value);
+
+}  // namespace platform

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One variable per setting. They are read once at start, changed by the options pages and written
+// once at an orderly stop.
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+struct SettingVariables {
+  bool DisplaySplash = true;
+  int NotificationMethod = 2;  ///< 0 nothing, 1 a sound, 2 a dialog, 3 both
+  std::string NotificationSoundPath;
+  std::string NotificationSoundWav = "None";
+  int NotificationTimeout = 1;  ///< 30-second ticks until a dialog answers for itself; 0 never
+  bool Verbose = false;         ///< show optional messages; off, only their sound plays
+  std::string ChessSet = "Classic Wood";
+  std::string ChessBoard = "Plain";
+  int SearchDepth = 1;  ///< 0 to 4
+  int SysTrayIcons = 1;
+  bool ShowToolTips = true;
+  std::string Skin = "Tarvolenix Classic";
+  bool DefaultView = false;  ///< always show the board from White's side
+
+  // These two take effect at the next start: the live value rules this run, the saved one is
+  // stored.
+  bool SimpleUI = false;
+  bool SimpleUISaved = false;
+  bool SystrayStartup = true;
+  bool SystrayStartupSaved = true;
+};
+
+/// The process's one record.
+SettingVariables& Settings();
+
+}  // namespace platform

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What mail and board ask of the layers that stand to their right. Shell and windows fill the
+// record; a hook that nobody filled does nothing.
+#pragma once
+
+#include <functional>
+
+namespace platform {
+
+struct ShellHooks {
+  std::function<void()> buildTrayGameMenu;  ///< the tray's list of games may have changed
+  std::function<void()> updateTrayStatus;   ///< the tray's icon and tip may have changed
+  std::function<void()> notifyNewMoves;     ///< deliver what PendingGames holds
+  std::function<void()> boardClosed;        ///< bring back the window that the board replaced
+  std::function<void()> closeHelp;
+};
+
+/// Calls a hook that may be unfilled.
+inline void CallHook(const std::function<void()>& hook) {
+  if (hook) hook();
+}
+
+}  // namespace platform

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The only ways to read the game file. Every query reads the file afresh; an absent file is a valid
+// empty database. A line that can't be read fails the whole query: nothing is skipped or repaired.
+//
+// Selection string: pairs of key and value, separated by ";", all of which must hold. Keys (the
+// GAME_... names but GAME_START_BOARD) are read without regard to case, texts compare exactly.
+// Sort string: pairs of key and order ("A" ascending, "D" descending), separated by ";". Sortable
+// are GAME_ID, GAME_NAME, GAME_DATE, GAME_OPPONENTS_NAME and GAME_STATUS.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "store/game_record.h"
+
+namespace store {
+
+/// Fills `games` with those that fit, sorted. False on any failure; `games` is then empty after a
+/// failed scan and filled, in no set order, after a failed sort.
+bool SelectGames(GameRecords& games, std::string_view selection, std::string_view sort = {});
+
+/// Fills `moves` with the stored moves of one game. A game that isn't in the file has none. False
+/// on any failure; damage behind the game's line disturbs nothing.
+bool SelectMoves(MoveRecords& moves, std::int32_t gameID);
+
+/// The greatest GAME_ID plus 1; 1 without games and where the file can't be read.
+std::int32_t NextGameID();
+
+/// Whether one record fits a selection. Raises std::invalid_argument where a value isn't of its
+/// key's type.
+bool GameMatches(const GameRecord& record, std::string_view selection);
+
+/// Sorts stably. Raises std::invalid_argument where a date that must be compared can't be read.
+void SortGames(GameRecords& games, std::string_view sort);
+
+}  // namespace store

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The only ways to change the game file. Each writes the whole new content to "tvgdb.new" and puts
+// it in the file's place in one step, so that a crash at any moment leaves the old file or the new
+// one. "tvgdb.bak" holds the state before the latest change. A failure leaves the game file as it
+// stood.
+#pragma once
+
+#include <cstdint>
+
+#include "store/game_record.h"
+
+namespace store {
+
+/// Stores a game as the file's last line. `moves` is empty where only the record changes, holds the
+/// one new move of the board, or the entire game as it was received. Moves already stored are never
+/// changed; a longer received game replaces them.
+/// `changed`, where given, tells whether the call brought a new game or a new move, and then sets
+/// GAME_STATUS of `record` to 1. False on failure, without a message.
+bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed = nullptr);
+
+/// True also where the game wasn't there.
+bool RemoveGame(std::int32_t gameID);
+
+/// Copies the game file to "tvgdb.bak". True also without a game file.
+bool BackupDatabase();
+
+/// Rolls the game file back to "tvgdb.bak" where there is one. Silent.
+void RestoreDatabase();
+
+}  // namespace store

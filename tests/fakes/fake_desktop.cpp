@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fakes/fake_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+
+namespace fakes {
+
+bool RecordingMessageBoxes::Ask(const platform::Message& message) {
+  messages.push_back(message);
+  if (message.cancelCaption.empty()) return true;
+  if (answers.empty()) {
+    ADD_FAILURE() << "unexpected question: " << message.title << ": " << message.text;
+    return false;
+  }
+  const bool answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
+void ImmediateEvents::RunUntil(const std::function<bool()>& done) {
+  while (!done()) std::this_thread::yield();
+}
+
+FakeDesktop::FakeDesktop(const std::string& commandLine) {
+  platform::SetupGlobalVariables("/program", commandLine);
+  platform::Settings() = {};
+  platform::Desktop& desktop = platform::TheDesktop();
+  desktop = {};
+  desktop.MSess = &mail.session;
+  desktop.MMess = &mail.messages;
+  desktop.settings = &settings;
+  desktop.messageBoxes = &boxes;
+  desktop.sounds = &sounds;
+  desktop.clock = &clock;
+  desktop.events = &events;
+  desktop.files = &files;
+  const auto record = [this](const char* name) {
+    return [this, name] { hooksCalled.emplace_back(name); };
+  };
+  desktop.hooks.buildTrayGameMenu = record("buildTrayGameMenu");
+  desktop.hooks.updateTrayStatus = record("updateTrayStatus");
+  desktop.hooks.notifyNewMoves = record("notifyNewMoves");
+  desktop.hooks.boardClosed = record("boardClosed");
+  desktop.hooks.closeHelp = record("closeHelp");
+}
+
+FakeDesktop::~FakeDesktop() { platform::TheDesktop() = {}; }
+
+std::pair<std::string, std::string> FakeDesktop::LastMessage() const {
+  if (boxes.messages.empty()) return {};
+  return {boxes.messages.back().title, boxes.messages.back().text};
+}
+
+}  // namespace fakes

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Files in memory. The N-th operation can be made to fail, as a full disk or a lost drive would.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace fakes {
+
+class MemoryFiles : public platform::Files {
+ public:
+  bool Exists(const std::string& path) override { return content.contains(path); }
+  std::string Read(const std::string& path) override;
+  void Write(const std::string& path, std::string_view text) override;
+  void Rename(const std::string& from, const std::string& to) override;
+  void Remove(const std::string& path) override;
+  std::vector<std::string> List(const std::string& folder) override;
+
+  /// Lets the operation with this number fail, counting from 1 from now on (Exists isn't counted).
+  /// A failing Write leaves the first half of its text, as a full disk does.
+  void FailOperation(int number);
+
+  std::map<std::string, std::string> content;
+  std::vector<std::string> operations;  ///< such as "write /program/Data/tvgdb.new"
+
+ private:
+  bool NextFails(const std::string& operation);
+
+  int operationsUntilFailure_ = 0;
+};
+
+}  // namespace fakes

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fakes/memory_mail.h"
+
+namespace fakes {
+
+using platform::MailError;
+
+MemoryMail::MemoryMail() : session(*this), messages(*this) {}
+
+void MemoryMail::Called(const std::string& member) {
+  calls.push_back(member);
+  if (failing.contains(member)) throw MailError(member + " fails");
+}
+
+void MemoryMail::Session::SignOn() {
+  mail_.Called("SignOn");
+  id_ = 1;
+}
+
+void MemoryMail::Session::SignOff() {
+  mail_.Called("SignOff");
+  id_ = 0;
+}
+
+long MemoryMail::Messages::SessionID() {
+  if (mail_.failing.contains("SessionID")) throw MailError("SessionID fails");
+  return sessionID_;
+}
+
+void MemoryMail::Messages::FetchUnreadOnly(bool unreadOnly) {
+  mail_.Called("FetchUnreadOnly");
+  unreadOnly_ = unreadOnly;
+}
+
+void MemoryMail::Messages::Fetch() {
+  mail_.Called("Fetch");
+  set_.clear();
+  for (std::size_t i = 0; i < mail_.inbox.size(); ++i) {
+    if (!unreadOnly_ || !mail_.inbox[i].read) set_.push_back(i);
+  }
+}
+
+InboxMail& MemoryMail::Messages::Current() {
+  if (index_ < 0 || index_ >= MsgCount()) throw MailError("no such message");
+  return mail_.inbox.at(set_.at(static_cast<std::size_t>(index_)));
+}
+
+std::string MemoryMail::Messages::MsgSubject() {
+  mail_.Called("MsgSubject");
+  return Current().subject;
+}
+
+std::string MemoryMail::Messages::MsgNoteText() {
+  mail_.Called("MsgNoteText");
+  Current().read = true;
+  return Current().text;
+}
+
+std::string MemoryMail::Messages::MsgOrigDisplayName() {
+  mail_.Called("MsgOrigDisplayName");
+  return Current().senderName;
+}
+
+std::string MemoryMail::Messages::MsgOrigAddress() {
+  mail_.Called("MsgOrigAddress");
+  return Current().senderAddress;
+}
+
+void MemoryMail::Messages::RecipIndex(int index) { recipient_ = static_cast<std::size_t>(index); }
+
+SentMail& MemoryMail::Messages::CurrentRecipient() {
+  if (recipient_ >= recipients_.size()) {
+    recipient_ = recipients_.size();
+    recipients_.emplace_back();
+  }
+  return recipients_[recipient_];
+}
+
+void MemoryMail::Messages::RecipAddress(const std::string& address) {
+  CurrentRecipient().recipientAddress = address;
+}
+
+void MemoryMail::Messages::RecipDisplayName(const std::string& name) {
+  CurrentRecipient().recipientName = name;
+}
+
+void MemoryMail::Messages::Delete() {
+  mail_.Called("Delete");
+  Current();
+  const auto position = set_.begin() + index_;
+  const std::size_t deleted = *position;
+  set_.erase(position);
+  mail_.inbox.erase(mail_.inbox.begin() + static_cast<std::ptrdiff_t>(deleted));
+  for (std::size_t& index : set_) {
+    if (index > deleted) --index;
+  }
+}
+
+void MemoryMail::Messages::DeleteRecipient() {
+  recipients_.erase(recipients_.begin() + static_cast<std::ptrdiff_t>(recipient_));
+}
+
+void MemoryMail::Messages::Send() {
+  mail_.Called("Send");
+  for (const SentMail& recipient : recipients_) {
+    mail_.sent.push_back(
+        {outgoing_.subject, outgoing_.text, recipient.recipientName, recipient.recipientAddress});
+  }
+}
+
+}  // namespace fakes

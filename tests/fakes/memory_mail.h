@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A mail service in memory: an Inbox that the test fills, and what was sent. Any member can be made
+// to raise by its name.
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/mail_client.h"
+
+namespace fakes {
+
+struct InboxMail {
+  std::string subject;
+  std::string text;
+  std::string senderName;
+  std::string senderAddress;
+  bool read = false;
+};
+
+struct SentMail {
+  std::string subject;
+  std::string text;
+  std::string recipientName;
+  std::string recipientAddress;
+};
+
+class MemoryMail {
+ public:
+  MemoryMail();
+
+  std::vector<InboxMail> inbox;
+  std::vector<SentMail> sent;
+  std::set<std::string> failing;   ///< names of the members that raise
+  std::vector<std::string> calls;  ///< "SignOn", "Fetch", "Delete", "Send", ... in order
+
+  class Session : public platform::MAPISession {
+   public:
+    explicit Session(MemoryMail& mail) : mail_(mail) {}
+    void SignOn() override;
+    long SessionID() override { return id_; }
+    void SignOff() override;
+
+   private:
+    MemoryMail& mail_;
+    long id_ = 0;
+  };
+
+  class Messages : public platform::MAPIMessages {
+   public:
+    explicit Messages(MemoryMail& mail) : mail_(mail) {}
+    long SessionID() override;
+    void SessionID(long id) override { sessionID_ = id; }
+    void FetchUnreadOnly(bool unreadOnly) override;
+    void Prefetch(std::function<void()> ready) override { ready(); }
+    void Fetch() override;
+    int MsgCount() override { return static_cast<int>(set_.size()); }
+    void MsgIndex(int index) override { index_ = index; }
+    std::string MsgSubject() override;
+    void MsgSubject(const std::string& subject) override { outgoing_.subject = subject; }
+    std::string MsgNoteText() override;
+    void MsgNoteText(const std::string& text) override { outgoing_.text = text; }
+    std::string MsgOrigDisplayName() override;
+    std::string MsgOrigAddress() override;
+    int RecipCount() override { return static_cast<int>(recipients_.size()); }
+    void RecipIndex(int index) override;
+    std::string RecipAddress() override { return recipients_.at(recipient_).recipientAddress; }
+    void RecipAddress(const std::string& address) override;
+    std::string RecipDisplayName() override { return recipients_.at(recipient_).recipientName; }
+    void RecipDisplayName(const std::string& name) override;
+    void RecipType(int) override {}
+    void Delete() override;
+    void DeleteRecipient() override;
+    void Flush() override { mail_.Called("Flush"); }
+    void Send() override;
+
+   private:
+    InboxMail& Current();
+    SentMail& CurrentRecipient();
+
+    MemoryMail& mail_;
+    long sessionID_ = 0;
+    bool unreadOnly_ = false;
+    int index_ = 0;
+    std::vector<std::size_t> set_;  // indexes into the inbox
+    SentMail outgoing_;
+    std::vector<SentMail> recipients_;
+    std::size_t recipient_ = 0;
+  };
+
+  Session session;
+  Messages messages;
+
+ private:
+  /// Records the call and raises where the test wants it.
+  void Called(const std::string& member);
+};
+
+}  // namespace fakes

@@ -14,7 +14,7 @@ string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}
 
 add_library(tarvolenix_flags INTERFACE)
 target_compile_options(tarvolenix_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow
-  -Wnon-virtual-dtor -Woverloaded-virtual=1 -Wconversion -Wno-sign-conversion)
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wconversion -Wno-sign-conversion)
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   target_compile_options(tarvolenix_flags INTERFACE -Wno-error=unknown-warning-option)
 endif()

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 namespace platform {
 
@@ -13,6 +14,9 @@ struct ShellHooks {
   std::function<void()> notifyNewMoves;     ///< deliver what PendingGames holds
   std::function<void()> boardClosed;        ///< bring back the window that the board replaced
   std::function<void()> closeHelp;
+  std::function<std::string()>
+      pickMoveFile;                       ///< path of the file the user picked; empty: cancelled
+  std::function<void(bool)> busyPointer;  ///< true before work that takes a moment, false behind it
 };
 
 /// Calls a hook that may be unfilled.

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How fast the rules are: counting move sequences, and the replay that every shown position comes
+// from.
+#include <benchmark/benchmark.h>
+
+#include <random>
+
+#include "ai/candidates.h"
+#include "board/board.h"
+#include "rules/board_text.h"
+#include "rules/test_moves.h"
+
+namespace {
+
+using rules::ThePosition;
+
+void StartPosition() {
+  ThePosition() = {};
+  ThePosition().BoardState = rules::ReadBoardText(rules::normalStart);
+  rules::RebuildCastleState();
+}
+
+std::size_t CountLeaves(rules::Side side, int depth, rules::LastMove lastMove, int sideInCheck) {
+  ai::CandidateList list;
+  ai::GenerateAllMoves(side, list, lastMove, sideInCheck);
+  if (depth == 1) return list.size();
+  std::size_t leaves = 0;
+  for (const ai::CandidateMove& move : list) {
+    const rules::PieceCode piece = ThePosition().BoardState.At(move.from);
+    rules::MakeTestMove(side, move.from, move.to, piece, lastMove, sideInCheck);
+    leaves += CountLeaves(rules::OtherSide(side), depth - 1, {move.from, move.to}, sideInCheck);
+    rules::UndoTestMove(sideInCheck);
+  }
+  return leaves;
+}
+
+void Perft(benchmark::State& state) {
+  StartPosition();
+  for (auto _ : state) {
+    state.counters["nodes"] = static_cast<double>(
+        CountLeaves(rules::White, static_cast<int>(state.range(0)), {}, rules::NobodyInCheck));
+  }
+}
+BENCHMARK(Perft)->Arg(4)->Arg(5)->Unit(benchmark::kMillisecond);
+
+class NoView : public board::BoardView {
+ public:
+  void ConstructBoard() override {}
+  void PaintSquare(rules::Square, int) override {}
+  void Refresh() override {}
+  rules::PieceCode ExchangePawn(rules::Side) override { return rules::NoPiece; }
+  void SetTimerInterval(int) override {}
+  void Close() override {}
+};
+
+/// A game of random legal moves.
+store::MoveRecords RandomGame(int entries) {
+  StartPosition();
+  std::mt19937 random(20260309);
+  store::MoveRecords moves;
+  rules::LastMove last;
+  int sideInCheck = rules::NobodyInCheck;
+  for (int i = 0; i < entries; ++i) {
+    const rules::Side side = i % 2 == 0 ? rules::White : rules::Black;
+    ai::CandidateList list;
+    ai::GenerateAllMoves(side, list, last, sideInCheck);
+    if (list.empty()) break;
+    const ai::CandidateMove& move = list[random() % list.size()];
+    rules::MakeTestMove(side, move.from, move.to, ThePosition().BoardState.At(move.from), last,
+                        sideInCheck);
+    last = {move.from, move.to};
+    moves.push_back({i + 1,
+                     std::to_string(NumberOf(move.from)) + std::to_string(NumberOf(move.to)),
+                     "Nf3",
+                     {}});
+  }
+  return moves;
+}
+
+void Replay(benchmark::State& state) {
+  NoView view;
+  board::Board board(view);
+  board.Moves.Fill(RandomGame(static_cast<int>(state.range(0))));
+  state.counters["entries"] = board.Moves.Count();
+  for (auto _ : state) {
+    StartPosition();
+    board.MoveThroughHistory();
+  }
+}
+BENCHMARK(Replay)->Arg(300)->Unit(benchmark::kMicrosecond);
+
+}  // namespace

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The logic of the Board window: the one place where a game is seen and played. Opening a game
+// builds the whole state from the store (moves, players, position, whose turn it is); the user's
+// move stays pending, and can be taken back, until it is sent; nothing survives the closing of the
+// window.
+//
+// The operations carry the window's names. A view (BoardView) shows what this class holds.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "board/board_view.h"
+#include "board/move_list.h"
+#include "rules/notation.h"
+#include "rules/position.h"
+#include "store/game_record.h"
+
+namespace board {
+
+/// What the window's controls offer, worked out from the state of the game.
+struct BoardControls {
+  bool undo = false;
+  bool send = false;
+  bool resend = false;
+  bool answerDraw = false;  ///< Accept and Decline
+  bool surrender = false;   ///< and the draw offer of the menu
+  bool playerComment = false;
+  bool viewAndCoordinates = false;
+  bool hilight = false;         ///< "Show hilight" of the history menu
+  bool firstAndLast = false;    ///< "First move" and "Last move"
+  bool viewIsMine = true;       ///< the board is seen from the user's own side
+  bool closeReadsClose = true;  ///< else the last button reads Cancel
+};
+
+/// Buttons of the action bar.
+enum ToolbarButton {
+  ViewButton = 1,
+  CoordinatesButton,
+  UndoButton,
+  SendButton,
+  ResendButton,
+  SurrenderButton,
+  CloseButton
+};
+
+/// Where a square stands: columns from the left and rows from the bottom, both from 0.
+struct GridPlace {
+  int column = 0;
+  int row = 0;
+};
+
+class Board {
+ public:
+  explicit Board(BoardView& view) : view_(view) {}
+  Board(const Board&) = delete;
+  Board& operator=(const Board&) = delete;
+
+  // Opening and closing.
+  void Form_Load();
+  void SetupOptions();
+  bool SetMoves();
+  void BeginGame();
+  void SetBoardState();
+  void DisplayBoardState(bool all);
+  void SetFormCaptions();
+  void ChangeView();
+  void ToggleCoords();
+  void SetGameStatus();
+  void Form_Unload();
+
+  // Making a move. Squares are two-digit square numbers.
+
+  /// A press of the left button; true where a drag of the square's piece begins.
+  bool CBoard_MouseDown(int square);
+  void CBoard_DragDrop(int square, int source);
+  void MovePiece(int toSquare, int fromSquare);
+  void TakePiece(int toSquare, int fromSquare);
+  void ClassifyMove(rules::LastMove move);
+  void CheckNotification();
+  void DisplaySelfCheckMessage(rules::PieceCode piece);
+  void DeterminIfDrawForced();
+  void UndoLastMove();
+
+  // The history.
+  void UpdateMoveList(const rules::PlayedMove& move, const std::string& comment);
+  void RemoveLastMove();
+  void MoveThroughHistory();
+  void MoveList_RowColChange(int row);
+  void HilightMove(int row);
+  void RemoveHilight();
+  void DisplayPlayerComment();
+  int TopRow() const;  ///< the first row that the list should show
+
+  // Saving and sending.
+  void ToolbarClick(int button);
+  bool SaveMove();
+  void SendNewMove();
+  void ResendLastMove();
+
+  // Ends of games.
+  bool WonGame() const;
+  int SquareCell(rules::Square square) const;
+  void CheckTimer();
+
+  BoardControls Controls() const;
+  bool LastMoveIsMine() const;
+  bool GameIsOver() const;
+  std::string OpponentName() const { return PlaysWhite ? BlackName : WhiteName; }
+  GridPlace PlaceOf(rules::Square square) const;
+
+  /// Cleans what the user typed as a comment of reserved text and says so where that changed it.
+  /// True where it did: the focus then stays in the box.
+  bool CleanPlayerComment();
+
+  std::string WhiteName;
+  std::string BlackName;
+  std::string Caption;          ///< the window's title
+  std::string PlayersTag;       ///< "You are playing ..."
+  std::string PlayerComment;    ///< what the user typed into the comment box
+  std::string OpponentComment;  ///< the comment of the selected entry
+  std::string StartBoard;
+  MoveList Moves;
+  std::vector<rules::Square> MovePointers;  ///< the dots of the highlighted move
+  std::array<rules::PieceCode, 64> DisplayedBoard{};
+
+  rules::Side ViewSide = rules::White;
+  bool PlaysWhite = true;
+  bool AwaitingOpponent = false;
+  std::int16_t GameStatus = 0;
+  std::int32_t SavedGameID = 0;
+  bool Surrendered = false;
+  bool GameDrawn = false;
+  bool DrawOffered = false;
+  bool DrawButtonsUp = false;
+  bool CoordsVisible = false;
+  bool HilightVisible = false;
+  bool ListUpdating = false;
+  bool UnloadPending = false;
+  bool ClosingDown = false;
+  bool MateMessageShown = false;
+  bool LockedForDialog = false;
+  bool FlashPhase = true;
+  bool KingMarked = false;
+  int SelfCheckFlashes = 0;
+  int StalemateFlashes = 0;
+  rules::GameStateSnapshot Undo;
+
+ private:
+  void CopyBoard();
+  void SetButtonEnable() { view_.Refresh(); }
+  bool IsCut() const;
+  void PlayMove(int toSquare, int fromSquare, bool capture);
+  std::vector<rules::Square> PathOf(const store::MoveRecord& entry, rules::LastMove move) const;
+  void ReplayEntry(int row);
+  void ReplayPieceMove(int row);
+  void FindCheckAfterReplay();
+  void FindTurnAfterReplay();
+  void FlashKing(rules::Square king);
+  void FlickerKing(int& ticksLeft, rules::Side side);
+  void PaintEmpty(rules::Square square);
+  void PaintNormally(rules::Square square);
+  rules::PieceCode KingInDanger() const;
+  std::int16_t StatusOfPendingMove() const;
+  void FillNewGame(store::GameRecord& record) const;
+  void SendGame(std::int32_t gameID);
+
+  BoardView& view_;
+};
+
+}  // namespace board

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Opening a game on the board, and closing it.
+#include "board/board.h"
+#include "board/load_board.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "store/queries.h"
+#include "store/saving.h"
+
+namespace board {
+
+using platform::Process;
+using rules::ThePosition;
+
+void Board::Form_Load() {
+  ListUpdating = true;
+  SetupOptions();
+  if (!SetMoves()) {
+    UnloadPending = true;
+    return;
+  }
+  view_.ConstructBoard();
+  BeginGame();
+  Process().BoardOpen = true;
+}
+
+void Board::SetupOptions() {
+  AwaitingOpponent = false;
+  SelfCheckFlashes = 0;
+  StalemateFlashes = 0;
+  MateMessageShown = false;
+  Surrendered = false;
+  GameDrawn = false;
+  DrawOffered = false;
+  DrawButtonsUp = false;
+  CoordsVisible = false;
+  HilightVisible = false;
+  MovePointers.clear();
+  StartBoard.clear();
+  FlashPhase = true;
+  KingMarked = false;
+  Undo = {};
+  ThePosition().CheckmateFlag = false;
+  ThePosition().SideInCheck = rules::NobodyInCheck;
+}
+
+bool Board::SetMoves() {
+  const std::int32_t gameID = Process().CurrentGameID;
+  store::MoveRecords moves;
+  store::GameRecords games;
+  if (!store::SelectMoves(moves, gameID) ||
+      !store::SelectGames(games, "Game_ID;" + std::to_string(gameID))) {
+    platform::ShowMessage(platform::DatabaseIcon, "Database error.",
+                          "A database error has prevented Tarvolenix from creating the move "
+                          "history!||Please try opening this game again.",
+                          "OK", {}, false, platform::FailureSound);
+    return false;
+  }
+  Moves.Fill(std::move(moves));
+  GameStatus = 0;
+  if (games.empty()) {
+    PlaysWhite = true;
+    WhiteName.clear();
+    BlackName = Process().NewGame.Game_opponents_name;
+  } else {
+    const store::GameRecord& game = games.front();
+    PlaysWhite = game.GAME_HOST;
+    GameStatus = game.GAME_STATUS;
+    WhiteName = game.GAME_WHITE_NAME;
+    BlackName = game.GAME_BLACK_NAME;
+    Process().ComputerGame = game.GAME_VS_COMPUTER;
+  }
+  ThePosition().SideToMove = PlaysWhite ? rules::White : rules::Black;
+  ViewSide = platform::Settings().DefaultView ? rules::White : ThePosition().SideToMove;
+  return true;
+}
+
+void Board::BeginGame() {
+  Process().BoardSetupMode = false;
+  SetBoardState();
+  DisplayBoardState(true);
+  SetFormCaptions();
+  SetButtonEnable();
+  HilightMove(Moves.Count());
+  ListUpdating = false;
+}
+
+void Board::SetBoardState() {
+  StartBoard =
+      LoadBoard(Process().CurrentGameID, ThePosition().SideInCheck, FlashPhase, false, false);
+  if (Process().CurrentGameID >= 1) {
+    MoveThroughHistory();
+  } else {
+    ThePosition().MoveAllowed = true;
+  }
+}
+
+void Board::CopyBoard() {
+  for (int i = 0; i < 64; ++i) {
+    DisplayedBoard[static_cast<std::size_t>(i)] = ThePosition().BoardState[i];
+  }
+}
+
+void Board::DisplayBoardState(bool all) {
+  for (int i = 0; i < 64; ++i) {
+    if (all || ThePosition().BoardState[i] != DisplayedBoard[static_cast<std::size_t>(i)]) {
+      PaintNormally(rules::SquareAt(i));
+    }
+  }
+}
+
+void Board::SetFormCaptions() {
+  const bool over = GameIsOver();
+  if (!over) {
+    Caption = ThePosition().MoveAllowed ? "Tarvolenix - Awaiting your move"
+                                        : "Tarvolenix - Awaiting " + OpponentName() + "'s move";
+  } else if (GameDrawn) {
+    Caption = "Tarvolenix - DRAW!";
+  } else {
+    const std::string winner = WonGame() ? "You" : OpponentName();
+    Caption = std::string("Tarvolenix - ") +
+              (ThePosition().CheckmateFlag ? "CHECKMATE" : "OPPONENT SURRENDER") + "! - " + winner +
+              " won.";
+  }
+  PlayersTag = (over ? "You were playing " : "You are playing ") + OpponentName();
+  AwaitingOpponent = !ThePosition().MoveAllowed;
+  DisplayPlayerComment();
+}
+
+bool Board::GameIsOver() const { return ThePosition().CheckmateFlag || Surrendered || GameDrawn; }
+
+GridPlace Board::PlaceOf(rules::Square square) const {
+  if (ViewSide == rules::White) return {square.x - 1, square.y - 1};
+  return {8 - square.x, 8 - square.y};
+}
+
+void Board::ChangeView() {
+  const rules::Side mine = ThePosition().SideToMove;
+  ViewSide = ViewSide == mine ? rules::OtherSide(mine) : mine;
+  view_.ConstructBoard();
+  view_.Refresh();
+}
+
+void Board::ToggleCoords() {
+  CoordsVisible = !CoordsVisible;
+  view_.Refresh();
+}
+
+void Board::SetGameStatus() {
+  if (LastMoveIsMine() || GameStatus == store::GameWon || GameStatus == store::GameLost ||
+      !GameIsOver()) {
+    return;
+  }
+  GameStatus = GameDrawn ? store::GameDrawn : WonGame() ? store::GameWon : store::GameLost;
+  store::GameRecords games;
+  const std::string selection = "Game_ID;" + std::to_string(Process().CurrentGameID);
+  if (store::SelectGames(games, selection) && !games.empty()) {
+    games.front().GAME_STATUS = GameStatus;
+    if (store::SaveGame(games.front(), {})) return;
+  }
+  platform::ShowMessage(
+      platform::DatabaseIcon, "Database error.",
+      "A database error prevented Tarvolenix from setting the status of this game correctly||It "
+      "will still be listed as not played on the main game display.",
+      "OK");
+}
+
+void Board::Form_Unload() {
+  const platform::ShellHooks& hooks = platform::TheDesktop().hooks;
+  ClosingDown = true;
+  platform::CallHook(hooks.closeHelp);
+  if (Process().ShuttingDown) return;
+  SetGameStatus();
+  if (Process().BoardFromGameList) {
+    platform::CallHook(hooks.boardClosed);
+  } else if (Process().PendingGames.empty()) {
+    platform::CallHook(hooks.buildTrayGameMenu);
+  }
+  Process().NewGame = {};
+  platform::SetCheckTimer(true);
+  Process().CheckTimerHeld = false;
+  platform::CallHook(hooks.updateTrayStatus);
+  if (!Process().PendingGames.empty()) platform::CallHook(hooks.notifyNewMoves);
+  Process().BoardOpen = false;
+}
+
+}  // namespace board

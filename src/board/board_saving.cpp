@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The pending move on its way: into the store, and from there to the opponent.
+#include "board/board.h"
+#include "mail/move_files.h"
+#include "mail/sending.h"
+#include "platform/conversions.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "store/queries.h"
+#include "store/saving.h"
+
+namespace board {
+
+using platform::Process;
+using platform::ZeroFilled;
+
+void Board::ToolbarClick(int button) {
+  switch (button) {
+    case ViewButton:
+      ChangeView();
+      break;
+    case CoordinatesButton:
+      ToggleCoords();
+      break;
+    case UndoButton:
+      UndoLastMove();
+      break;
+    case SendButton:
+      SendNewMove();
+      break;
+    case ResendButton:
+      ResendLastMove();
+      break;
+    case CloseButton:
+      view_.Close();
+      break;
+    default:
+      break;
+  }
+}
+
+void Board::FillNewGame(store::GameRecord& record) const {
+  const platform::LocalTime now = platform::TheDesktop().clock->Now();
+  const std::string day = ZeroFilled(now.day, 2);
+  const std::string month = ZeroFilled(now.month, 2);
+  const std::string year = ZeroFilled(now.year, 4);
+  const platform::NewGameFields& fields = Process().NewGame;
+  record.GAME_ID = store::NextGameID();
+  record.GAME_DATESTAMP = day + month + year + ZeroFilled(now.hour, 2) + ZeroFilled(now.minute, 2);
+  record.GAME_NAME = fields.Game_name;
+  record.GAME_OPPONENTS_EMAIL = fields.Game_opponents_email;
+  record.GAME_BLACK_NAME = fields.Game_opponents_name;
+  record.GAME_OPPONENTS_NAME = fields.Game_opponents_name;
+  record.GAME_DATE = day + "/" + month + "/" + year;
+  record.GAME_HOST = true;
+  record.GAME_VS_COMPUTER = Process().ComputerGame;
+  if (Process().ComputerGame) {
+    record.GAME_OPPONENTS_ID = record.GAME_ID;
+    Process().CurrentGameID = record.GAME_ID;
+  }
+  record.GAME_START_BOARD = StartBoard;
+}
+
+std::int16_t Board::StatusOfPendingMove() const {
+  if (DrawOffered && !GameDrawn) return store::DrawOfferSent;
+  if (GameIsOver()) {
+    // The computer's last entry was made for Black, whose wins are the user's losses.
+    const bool computersMove =
+        Process().ComputerGame && rules::ThePosition().SideToMove == rules::Black;
+    if (WonGame() != computersMove) return store::GameWon;
+    return GameDrawn ? store::GameDrawn : store::GameLost;
+  }
+  return Process().ComputerGame ? store::MoveWaiting : store::WaitingForOpponent;
+}
+
+bool Board::SaveMove() {
+  store::GameRecords games;
+  const std::string selection = "Game_ID;" + std::to_string(Process().CurrentGameID);
+  bool saved = store::SelectGames(games, selection);
+  if (saved) {
+    store::GameRecord record;
+    if (games.empty()) {
+      FillNewGame(record);
+    } else {
+      record = games.front();
+    }
+    GameStatus = StatusOfPendingMove();
+    record.GAME_STATUS = GameStatus;
+    SavedGameID = record.GAME_ID;
+    store::MoveRecord move = Moves.Last();
+    move.MoveComment = PlayerComment;
+    saved = store::SaveGame(record, {move});
+  }
+  if (saved) return true;
+  platform::ShowMessage(
+      platform::DatabaseIcon, "Database error.",
+      Process().ComputerGame
+          ? "A database error has prevented Tarvolenix from recording your move.  Please try "
+            "clicking the Turn over button again."
+          : "A database error has prevented Tarvolenix from recording your move.  Please try "
+            "sending it again.||No move has been sent to your opponent.",
+      "OK", {}, false, platform::FailureSound);
+  return false;
+}
+
+void Board::SendGame(std::int32_t gameID) {
+  if (!Process().Offline) {
+    mail::SendMoveMail(gameID);
+  } else if (Process().StandAlone) {
+    mail::ExportMoveFile(gameID);
+  }
+  view_.Close();
+}
+
+void Board::SendNewMove() {
+  if (SaveMove()) SendGame(SavedGameID);
+}
+
+void Board::ResendLastMove() { SendGame(Process().CurrentGameID); }
+
+}  // namespace board

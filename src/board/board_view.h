@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the board's logic asks of the window that shows it. The window reads everything else from
+// the Board when it is told to refresh; it holds the cell of each square itself, because the
+// position behind the logic moves during a test while the picture must not.
+#pragma once
+
+#include "rules/position.h"
+
+namespace board {
+
+class BoardView {
+ public:
+  virtual ~BoardView() = default;
+
+  /// Lays the squares and coordinates out anew, after a change of ViewSide.
+  virtual void ConstructBoard() = 0;
+
+  /// Shows a cell of the chess set's sheet, 0 to 31, on a square.
+  virtual void PaintSquare(rules::Square square, int cell) = 0;
+
+  /// Captions, controls, move list, dots or comment may have changed.
+  virtual void Refresh() = 0;
+
+  /// The promotion dialog, modal: a rook, knight, bishop or queen of `side`. A choice is its only
+  /// exit.
+  virtual rules::PieceCode ExchangePawn(rules::Side side) = 0;
+
+  virtual void SetTimerInterval(int milliseconds) = 0;
+
+  /// Closes the window, which runs Form_Unload.
+  virtual void Close() = 0;
+};
+
+}  // namespace board

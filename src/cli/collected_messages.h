@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Messages of the program, kept for the answer of a verb instead of being shown. Nothing here asks
+// a question: a message with two buttons counts as declined.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/json.h"
+#include "platform/message_boxes.h"
+
+namespace cli {
+
+class CollectedMessages : public platform::MessageBoxes {
+ public:
+  bool Ask(const platform::Message& message) override {
+    messages_.push_back(message);
+    return message.cancelCaption.empty();
+  }
+  void ShowStatus(const std::string&) override {}
+  void HideStatus() override {}
+  void PlainBox(const std::string& title, const std::string& text) override {
+    messages_.push_back({2, title, text, "OK", {}, 0});
+  }
+
+  bool Empty() const { return messages_.empty(); }
+
+  /// All since the last call, as pairs of text and title.
+  Json Take();
+
+  /// All since the last call as one line of text; `otherwise` where there were none.
+  std::string TakeSentence(const std::string& otherwise);
+
+ private:
+  std::vector<platform::Message> messages_;
+};
+
+}  // namespace cli

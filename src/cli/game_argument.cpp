@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/game_argument.h"
+
+#include <limits>
+
+#include "platform/process_state.h"
+#include "store/queries.h"
+
+namespace cli {
+
+store::GameRecord GameArgument(const Arguments& arguments) {
+  const int gameID = arguments.Number(0, 1, std::numeric_limits<int>::max());
+  store::GameRecords games;
+  if (!store::SelectGames(games, "GAME_ID;" + std::to_string(gameID))) {
+    throw Refusal("The game file is damaged or can't be read.");
+  }
+  if (games.empty()) throw Refusal("There is no game " + std::to_string(gameID) + ".");
+  return games.front();
+}
+
+void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messages) {
+  platform::Process().CurrentGameID = gameID;
+  played.logic.Form_Load();
+  if (played.logic.UnloadPending) throw Refusal(messages.TakeSentence("The game can't be opened."));
+}
+
+}  // namespace cli

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The verbs of mails and move files.
+#include "cli/game_argument.h"
+#include "cli/mail_service.h"
+#include "cli/verbs.h"
+#include "mail/mail_session.h"
+#include "mail/move_files.h"
+#include "mail/move_text_check.h"
+#include "mail/retrieval.h"
+#include "mail/sending.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "platform/registry.h"
+
+namespace cli {
+
+void LogOn() {
+  platform::SetLogonStatus(false);
+  mail::MailLogon(true);
+}
+
+bool SendGame(std::int32_t gameID) {
+  if (!platform::Process().Offline) return mail::SendMoveMail(gameID);
+  platform::ShowMessage(platform::MailIcon, "Network error.",
+                        "The move was not sent: there is no connection to your mail service.",
+                        "OK");
+  return false;
+}
+
+bool Check(const Call& call) {
+  bool allOk = true;
+  std::string unreadable;
+  for (const std::string& file : call.arguments.Others()) {
+    int stage = 0;
+    bool read = true;
+    try {
+      const std::string text = platform::TheDesktop().files->Read(file);
+      stage = mail::CheckMoveText(mail::ExtractMoveText(text));
+    } catch (const platform::FileError&) {
+      read = false;
+      unreadable += (unreadable.empty() ? "" : ", ") + file;
+    }
+    const bool ok = read && stage == 0;
+    allOk = allOk && ok;
+    JsonObject().Add("file", file).Add("ok", ok).Add("stage", stage).Print();
+  }
+  if (!unreadable.empty()) throw Refusal("Can't be read: " + unreadable + ".");
+  return allOk;
+}
+
+bool Import(const Call& call) {
+  bool allOk = true;
+  std::string failed;
+  for (const std::string& file : call.arguments.Others()) {
+    const mail::MoveArrival arrival = mail::ImportPickedFile(file, false);
+    JsonObject()
+        .Add("file", file)
+        .Add("ok", arrival.ok)
+        .Add("game", arrival.gameID)
+        .Add("changed", arrival.changed)
+        .Add("stage", arrival.stage)
+        .Print();
+    const std::string said = call.messages.TakeSentence({});
+    if (!arrival.ok) failed += (failed.empty() ? "" : " ") + file + ": " + said;
+    allOk = allOk && arrival.ok;
+  }
+  if (!allOk) throw Refusal(failed);
+  return true;
+}
+
+bool Export(const Call& call) {
+  const store::GameRecord game = GameArgument(call.arguments);
+  std::string file;
+  if (!mail::ExportMoveFile(game.GAME_ID, &file)) {
+    throw Refusal(call.messages.TakeSentence("The move file can't be written."));
+  }
+  JsonObject().Add("file", file).Print();
+  return true;
+}
+
+bool Send(const Call& call) {
+  const store::GameRecord game = GameArgument(call.arguments);
+  LogOn();
+  const bool ok = SendGame(game.GAME_ID);
+  JsonObject().Add("game", game.GAME_ID).Add("ok", ok).Add("to", game.GAME_OPPONENTS_EMAIL).Print();
+  if (!ok) throw Refusal(call.messages.TakeSentence("The move was not sent."));
+  return true;
+}
+
+bool Retrieve(const Call& call) {
+  platform::SetLogonStatus(false);
+  const auto arrivals = mail::LogonAndCollect(false, true, call.arguments.Has("--all"));
+  bool allOk = !platform::Process().Offline;
+  for (const mail::MoveArrival& arrival : arrivals) {
+    JsonObject()
+        .Add("game", arrival.gameID)
+        .Add("changed", arrival.changed)
+        .Add("ok", arrival.ok)
+        .Add("stage", arrival.stage)
+        .Add("from", arrival.from)
+        .Print();
+    allOk = allOk && arrival.ok;
+  }
+  if (!allOk || !call.messages.Empty()) {
+    throw Refusal(call.messages.TakeSentence("The mailbox can't be reached."));
+  }
+  return true;
+}
+
+}  // namespace cli

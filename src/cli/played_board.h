@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The board's logic played from text instead of by a mouse. A move is four digits (from column,
+// from row, to column, to row), and "=" with R, N, B or Q behind them for a promotion.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "board/board.h"
+#include "cli/collected_messages.h"
+
+namespace cli {
+
+class PlayedBoard : private board::BoardView {
+ public:
+  explicit PlayedBoard(CollectedMessages& messages) : logic(*this), messages_(messages) {}
+
+  /// Sets up a bare board without a game, White to move; the normal start where the text is empty.
+  void StartFrom(const std::string& boardText);
+
+  /// Lifts and drops as the window does. False where the move was refused; the messages then say
+  /// why.
+  bool Play(std::string_view move);
+
+  /// Plays moves of both sides in turn, as far as they are accepted. The number accepted.
+  std::size_t PlayBothSides(const std::vector<std::string>& moves);
+
+  board::Board logic;
+
+ private:
+  void ConstructBoard() override {}
+  void PaintSquare(rules::Square, int) override {}
+  void Refresh() override {}
+  rules::PieceCode ExchangePawn(rules::Side side) override;
+  void SetTimerInterval(int) override {}
+  void Close() override {}
+
+  bool Refuse(const std::string& why);
+
+  CollectedMessages& messages_;
+  rules::PieceCode choice_ = rules::NoPiece;  // White code of the promotion letter
+  bool promoted_ = false;
+};
+
+}  // namespace cli

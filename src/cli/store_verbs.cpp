@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The verbs that look into the game file and tend it.
+#include <iostream>
+#include <limits>
+
+#include "cli/game_argument.h"
+#include "cli/played_board.h"
+#include "cli/verbs.h"
+#include "rules/board_text.h"
+#include "store/queries.h"
+#include "store/saving.h"
+
+namespace cli {
+namespace {
+
+using rules::ThePosition;
+
+void PrintGame(const store::GameRecord& game) {
+  JsonObject()
+      .Add("GAME_ID", game.GAME_ID)
+      .Add("GAME_DATESTAMP", game.GAME_DATESTAMP)
+      .Add("GAME_OPPONENTS_ID", game.GAME_OPPONENTS_ID)
+      .Add("GAME_NAME", game.GAME_NAME)
+      .Add("GAME_DATE", game.GAME_DATE)
+      .Add("GAME_OPPONENTS_EMAIL", game.GAME_OPPONENTS_EMAIL)
+      .Add("GAME_WHITE_NAME", game.GAME_WHITE_NAME)
+      .Add("GAME_BLACK_NAME", game.GAME_BLACK_NAME)
+      .Add("GAME_HOST", game.GAME_HOST)
+      .Add("GAME_OPPONENTS_NAME", game.GAME_OPPONENTS_NAME)
+      .Add("GAME_STATUS", int{game.GAME_STATUS})
+      .Add("GAME_VS_COMPUTER", game.GAME_VS_COMPUTER)
+      .Add("GAME_START_BOARD", game.GAME_START_BOARD)
+      .Print();
+}
+
+void PrintBoard(const board::Board& game) {
+  for (int y = 8; y >= 1; --y) {
+    std::cout << ' ' << y << ' ';
+    for (int x = 1; x <= 8; ++x) {
+      const rules::PieceCode piece = ThePosition().BoardState.At(x, y);
+      char letter = piece == rules::NoPiece ? '.'
+                    : rules::IsPawn(piece)  ? 'P'
+                                            : rules::LetterOf(piece);
+      if (rules::IsBlackPiece(piece)) letter = static_cast<char>(letter - 'A' + 'a');
+      std::cout << ' ' << letter;
+    }
+    std::cout << '\n';
+  }
+  std::cout << "\n    a b c d e f g h\n\n" << game.Caption << '\n' << game.PlayersTag << std::endl;
+}
+
+}  // namespace
+
+bool Games(const Call& call) {
+  store::GameRecords games;
+  if (!store::SelectGames(games, call.arguments.Value("--select"),
+                          call.arguments.Value("--sort"))) {
+    throw Refusal(
+        "The games can't be listed: the game file is damaged or can't be read, or the "
+        "selection or sort text asks for something that isn't there.");
+  }
+  for (const store::GameRecord& game : games) PrintGame(game);
+  return call.messages.Empty();
+}
+
+bool Moves(const Call& call) {
+  const store::GameRecord game = GameArgument(call.arguments);
+  store::MoveRecords moves;
+  if (!store::SelectMoves(moves, game.GAME_ID)) throw Refusal("The game's moves can't be read.");
+  for (const store::MoveRecord& move : moves) {
+    JsonObject()
+        .Add("MoveNumber", move.MoveNumber)
+        .Add("MoveCoordinates", move.MoveCoordinates)
+        .Add("MoveText", move.MoveText)
+        .Add("MoveComment", move.MoveComment)
+        .Print();
+  }
+  return true;
+}
+
+bool Show(const Call& call) {
+  const store::GameRecord game = GameArgument(call.arguments);
+  PlayedBoard played(call.messages);
+  OpenGame(game.GAME_ID, played, call.messages);
+  const board::Board& logic = played.logic;
+  if (call.arguments.Has("--text")) {
+    PrintBoard(logic);
+    return true;
+  }
+  const int entries = logic.Moves.Count();
+  JsonObject()
+      .Add("game", game.GAME_ID)
+      .Add("white", logic.WhiteName)
+      .Add("black", logic.BlackName)
+      .Add("board", rules::WriteBoardText(ThePosition().BoardState))
+      .Add("toMove", entries % 2)
+      .Add("mine", (entries % 2 == 0) == logic.PlaysWhite)
+      .Add("status", int{logic.GameStatus})
+      .Add("check", ThePosition().SideInCheck)
+      .Add("mate", ThePosition().CheckmateFlag)
+      .Add("drawn", logic.GameDrawn)
+      .Add("surrendered", logic.Surrendered)
+      .Add("drawOffered", logic.DrawOffered)
+      .Add("moves", entries)
+      .Print();
+  return true;
+}
+
+bool Remove(const Call& call) {
+  const int gameID = call.arguments.Number(0, 1, std::numeric_limits<int>::max());
+  if (!store::RemoveGame(gameID)) throw Refusal("The game can't be deleted.");
+  JsonObject().Add("ok", true).Print();
+  return true;
+}
+
+bool Backup(const Call&) {
+  if (!store::BackupDatabase()) throw Refusal("The backup can't be written.");
+  JsonObject().Add("ok", true).Print();
+  return true;
+}
+
+}  // namespace cli

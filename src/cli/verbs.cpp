@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/verbs.h"
+
+#include <limits>
+
+namespace cli {
+namespace {
+
+constexpr std::size_t any = std::numeric_limits<std::size_t>::max();
+
+}  // namespace
+
+const std::vector<VerbRow>& Verbs() {
+  static const std::vector<VerbRow> verbs = {
+      {"replay",
+       "replay < POSITIONS",
+       "Plays the moves of each line and tells what became of each.",
+       {},
+       Replay},
+      {"legal", "legal < POSITIONS", "Lists the legal moves of the side to move.", {}, Legal},
+      {"perft",
+       "perft N [< POSITIONS]",
+       "Counts the move sequences of N moves, from the normal start where no position is given.",
+       {{}, {}, {}, 1, 1},
+       Perft},
+      {"check",
+       "check FILE...",
+       "Checks the form of move files and tells the stage at which one fails.",
+       {{}, {}, {}, 1, any},
+       Check},
+      {"games",
+       "games [--select TEXT] [--sort TEXT]",
+       "Lists games. TEXT is pairs such as \"Game_status;1\" and \"Game_date;D\".",
+       {{"--select", "--sort"}, {}, {}, 0, 0},
+       Games},
+      {"moves", "moves ID", "Lists the moves of a game.", {{}, {}, {}, 1, 1}, Moves},
+      {"show",
+       "show ID [--text]",
+       "Tells how a game stands; with --text as a board to look at.",
+       {{}, {"--text"}, {}, 1, 1},
+       Show},
+      {"new",
+       "new --name T --opponent N --email A [--board TEXT] --move M [--comment T] [--send]",
+       "Starts a mail game with its first move.",
+       {{"--name", "--opponent", "--email", "--board", "--move", "--comment"},
+        {"--send"},
+        {"--name", "--opponent", "--email", "--move"},
+        0,
+        0},
+       New},
+      {"move",
+       "move ID M [--comment T] [--send]",
+       "Plays a move and saves it; with --send it goes to the opponent.",
+       {{"--comment"}, {"--send"}, {}, 2, 2},
+       Move},
+      {"import", "import FILE...", "Reads moves from files.", {{}, {}, {}, 1, any}, Import},
+      {"export",
+       "export ID",
+       "Writes a game into a move file of the data folder.",
+       {{}, {}, {}, 1, 1},
+       Export},
+      {"send", "send ID", "Sends the last move of a game again.", {{}, {}, {}, 1, 1}, Send},
+      {"retrieve",
+       "retrieve [--all]",
+       "Takes the moves from the mailbox; with --all from mails that were read, too.",
+       {{}, {"--all"}, {}, 0, 0},
+       Retrieve},
+      {"remove", "remove ID", "Deletes a game.", {{}, {}, {}, 1, 1}, Remove},
+      {"backup", "backup", "Copies the game file to its backup.", {}, Backup},
+  };
+  return verbs;
+}
+
+}  // namespace cli

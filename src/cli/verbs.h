@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The verbs of the console companion. Each drives the same operations as the windows and prints
+// JSON, one object a line.
+#pragma once
+
+#include "cli/arguments.h"
+#include "cli/collected_messages.h"
+
+namespace cli {
+
+/// What a verb works with.
+struct Call {
+  const Arguments& arguments;
+  CollectedMessages& messages;
+};
+
+/// Answers whether all that was asked was done. Raises Refusal with the reason for standard error,
+/// or UsageError.
+using Verb = bool (*)(const Call& call);
+
+struct VerbRow {
+  const char* name;
+  const char* usage;
+  const char* help;
+  ArgumentRules rules;
+  Verb run;
+};
+
+const std::vector<VerbRow>& Verbs();
+
+// Positions from standard input.
+bool Replay(const Call& call);
+bool Legal(const Call& call);
+bool Perft(const Call& call);
+
+// The game file.
+bool Games(const Call& call);
+bool Moves(const Call& call);
+bool Show(const Call& call);
+bool Remove(const Call& call);
+bool Backup(const Call& call);
+
+// Playing.
+bool New(const Call& call);
+bool Move(const Call& call);
+
+// Mails and move files.
+bool Check(const Call& call);
+bool Import(const Call& call);
+bool Export(const Call& call);
+bool Send(const Call& call);
+bool Retrieve(const Call& call);
+
+}  // namespace cli

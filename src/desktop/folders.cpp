@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/folders.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <system_error>
+
+namespace desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string WithSlash(std::string folder) {
+  if (!folder.ends_with('/')) folder += '/';
+  return folder;
+}
+
+std::string Home() {
+  if (const char* home = std::getenv("HOME"); home && *home) return WithSlash(home);
+  const passwd* user = ::getpwuid(::getuid());
+  return WithSlash(user && user->pw_dir ? user->pw_dir : "/");
+}
+
+/// A relative path in such a variable doesn't count.
+std::string FolderFrom(const char* variable, const char* belowHome) {
+  const char* folder = std::getenv(variable);
+  return folder && *folder == '/' ? WithSlash(folder) : Home() + belowHome;
+}
+
+void CopyMissing(const std::string& from, const std::string& to,
+                 const std::function<bool(const std::string& name)>& wanted) {
+  std::error_code ignored;
+  for (const auto& entry : fs::directory_iterator(from, ignored)) {
+    const std::string name = entry.path().filename().string();
+    if (!wanted(name) || !entry.is_regular_file(ignored)) continue;
+    fs::copy_file(entry.path(), to + name, fs::copy_options::skip_existing, ignored);
+  }
+}
+
+}  // namespace
+
+std::string ConfigHome() { return FolderFrom("XDG_CONFIG_HOME", ".config/"); }
+
+std::string DataHome() { return FolderFrom("XDG_DATA_HOME", ".local/share/"); }
+
+std::string ProgramFolder() {
+  std::error_code error;
+  const fs::path executable = fs::read_symlink("/proc/self/exe", error);
+  return error ? "./" : WithSlash(executable.parent_path().string());
+}
+
+std::string DataFolderFor(const std::string& programFolder) {
+  if (::access(programFolder.c_str(), W_OK) == 0) return WithSlash(programFolder);
+  return DataHome() + "tarvolenix/";
+}
+
+void PrepareDataFolder(const std::string& programFolder, const std::string& dataFolder) {
+  const std::string from = WithSlash(programFolder);
+  const std::string to = WithSlash(dataFolder);
+  std::error_code ignored;
+  fs::create_directories(to + "Data", ignored);
+  fs::create_directories(to + "AI Files", ignored);
+  if (from == to) return;
+  CopyMissing(from + "Data/", to + "Data/",
+              [](const std::string& name) { return name.ends_with(".tvs"); });
+  CopyMissing(from + "AI Files/", to + "AI Files/", [](const std::string&) { return true; });
+}
+
+std::string SettingsFileFor(const std::string& programFolder) {
+  const std::string portable = WithSlash(programFolder) + "Tarvolenix.conf";
+  std::error_code ignored;
+  if (fs::exists(portable, ignored)) return portable;
+  return ConfigHome() + "Norlewick/Tarvolenix.conf";
+}
+
+std::string DefaultPostFolder() { return DataHome() + "tarvolenix/post/"; }
+
+}  // namespace desktop

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/posix_files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <system_error>
+
+namespace desktop {
+namespace {
+
+[[noreturn]] void Fail(const std::string& action, const std::string& path) {
+  const int error = errno;
+  throw platform::FileError("can't " + action + " " + path + ": " +
+                            std::generic_category().message(error));
+}
+
+/// An open file that is closed at the latest with its scope.
+class OpenFile {
+ public:
+  OpenFile(const std::string& path, int flags, const std::string& action) : path_(path) {
+    do {
+      descriptor_ = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
+    } while (descriptor_ < 0 && errno == EINTR);
+    if (descriptor_ < 0) Fail(action, path);
+  }
+  ~OpenFile() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+  }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  std::string ReadAll() const {
+    struct stat status {};
+    if (::fstat(descriptor_, &status) != 0) Fail("read", path_);
+    if (!S_ISREG(status.st_mode)) throw platform::FileError("no regular file: " + path_);
+    std::string content(static_cast<std::size_t>(status.st_size), '\0');
+    std::size_t filled = 0;
+    // The file may grow or shrink meanwhile: only a read of nothing is its end.
+    while (true) {
+      if (filled == content.size()) content.resize(filled + 4096);
+      const ssize_t got = ::read(descriptor_, content.data() + filled, content.size() - filled);
+      if (got < 0 && errno == EINTR) continue;
+      if (got < 0) Fail("read", path_);
+      if (got == 0) break;
+      filled += static_cast<std::size_t>(got);
+    }
+    content.resize(filled);
+    return content;
+  }
+
+  void WriteAll(std::string_view content) const {
+    while (!content.empty()) {
+      const ssize_t put = ::write(descriptor_, content.data(), content.size());
+      if (put < 0 && errno == EINTR) continue;
+      if (put < 0) Fail("write", path_);
+      content.remove_prefix(static_cast<std::size_t>(put));
+    }
+  }
+
+  /// False with errno set.
+  bool TrySync() const {
+    while (::fsync(descriptor_) != 0) {
+      if (errno != EINTR) return false;
+    }
+    return true;
+  }
+
+  void Sync() const {
+    if (!TrySync()) Fail("write", path_);
+  }
+
+  void Close() {
+    const int descriptor = descriptor_;
+    descriptor_ = -1;
+    // An interrupted close has closed all the same.
+    if (::close(descriptor) != 0 && errno != EINTR) Fail("write", path_);
+  }
+
+ private:
+  std::string path_;
+  int descriptor_ = -1;
+};
+
+/// A new or renamed entry is only safe when its folder is on the disk too.
+void SyncFolderOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+  const OpenFile file(folder, O_RDONLY | O_DIRECTORY, "write");
+  // Some network file systems can't do this for a folder, and have nothing to do either.
+  if (!file.TrySync() && errno != EINVAL && errno != ENOTSUP) Fail("write", folder);
+}
+
+bool IsFolder(const std::string& path, const dirent& entry) {
+  if (entry.d_type == DT_DIR) return true;
+  if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+bool PosixFiles::Exists(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) == 0) return true;
+  if (errno == ENOENT || errno == ENOTDIR) return false;
+  Fail("look for", path);
+}
+
+std::string PosixFiles::Read(const std::string& path) {
+  return OpenFile(path, O_RDONLY, "read").ReadAll();
+}
+
+void PosixFiles::Write(const std::string& path, std::string_view content) {
+  OpenFile file(path, O_WRONLY | O_CREAT | O_TRUNC, "write");
+  file.WriteAll(content);
+  file.Sync();
+  file.Close();
+  SyncFolderOf(path);
+}
+
+void PosixFiles::Rename(const std::string& from, const std::string& to) {
+  if (std::rename(from.c_str(), to.c_str()) != 0) Fail("rename", from);
+  SyncFolderOf(to);
+}
+
+void PosixFiles::Remove(const std::string& path) {
+  if (::unlink(path.c_str()) != 0) Fail("remove", path);
+}
+
+std::vector<std::string> PosixFiles::List(const std::string& folder) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.c_str()), ::closedir);
+  if (!entries) Fail("list", folder);
+  const std::string prefix = folder.ends_with('/') ? folder : folder + '/';
+  std::vector<std::string> names;
+  while (true) {
+    errno = 0;  // readdir tells its end and its failure by the same result
+    const dirent* entry = ::readdir(entries.get());
+    if (!entry) break;
+    if (!IsFolder(prefix + entry->d_name, *entry)) names.emplace_back(entry->d_name);
+  }
+  if (errno != 0) Fail("list", folder);
+  return names;
+}
+
+}  // namespace desktop

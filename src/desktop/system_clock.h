@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/clock.h"
+
+namespace desktop {
+
+/// The machine's own time of day, in its own zone.
+class SystemClock : public platform::Clock {
+ public:
+  platform::LocalTime Now() override;
+};
+
+}  // namespace desktop

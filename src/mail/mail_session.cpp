@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mail/mail_session.h"
+
+#include <exception>
+
+#include "mail/move_files.h"
+#include "mail/retrieval.h"
+#include "mail/status_popup.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/registry.h"
+
+namespace mail {
+namespace {
+
+bool SessionIsUp() {
+  try {
+    return platform::TheDesktop().MMess->SessionID() > 0;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+/// Raises std::exception. A failing SignOn leaves the guard standing as a crash would, so that the
+/// next logon warns.
+void SignOn() {
+  platform::MAPISession& session = *platform::TheDesktop().MSess;
+  platform::SetLogonStatus(true);
+  session.SignOn();
+  platform::SetLogonStatus(false);
+  platform::TheDesktop().MMess->SessionID(session.SessionID());
+}
+
+void ReportEarlierCrash() {
+  platform::ShowMessage(
+      platform::ErrorIcon, "Email logon failer",
+      "As some point in the past Tarvolenix crashed while trying to connect to your email system.  "
+      "You are now working off-line and will remain so until you choose Logon / Retrieve games "
+      "from the system tray menu and successfully connect to your email client.  Please consult "
+      "the document FAQ for help.",
+      "Ok", {}, false, platform::FailureSound);
+}
+
+void ReportLogonFailure() {
+  platform::ShowMessage(
+      platform::MailIcon, "Network error.",
+      "Tarvolenix failed to connect to your mail service.||Please ensure you are logged onto a "
+      "network and running an email client.  Tarvolenix is now running Offline.",
+      "Ok", {}, false, platform::FailureSound);
+}
+
+}  // namespace
+
+void MailLogon(bool showStatus) {
+  const platform::PollingHold hold;
+  const StatusPopup popup(showStatus);
+  platform::ProcessState& process = platform::Process();
+  process.Offline = true;
+  if (platform::GetLogonStatus()) {
+    ReportEarlierCrash();
+    return;
+  }
+  if (SessionIsUp()) {
+    process.Offline = false;
+    return;
+  }
+  if (process.NoNetwork) return;
+  popup.Show("Logging on...");
+  try {
+    SignOn();
+    process.Offline = false;
+  } catch (const std::exception&) {
+    if (showStatus && !process.StandAlone) ReportLogonFailure();
+  }
+}
+
+void MailLogoff(bool showStatus) {
+  const platform::PollingHold hold;
+  const StatusPopup popup(showStatus);
+  popup.Show("Quiting Tarvolenix...");
+  try {
+    platform::TheDesktop().MSess->SignOff();
+  } catch (const std::exception&) {
+    // The session ends with the process at the latest.
+  }
+}
+
+std::vector<MoveArrival> LogonAndCollect(bool importFile, bool showStatus, bool fetchAll) {
+  const platform::PollingHold hold;
+  MailLogon(showStatus);
+  const platform::ProcessState& process = platform::Process();
+  if (importFile) return ImportMoveFiles(showStatus, true);
+  if (!process.Offline) return RetrieveMoveMails(showStatus, fetchAll);
+  if (process.StandAlone) return ImportMoveFiles(showStatus, false);
+  return {};
+}
+
+}  // namespace mail

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The life of the mail session, with a guard against a mail service that brings the program down
+// while it logs on: the setting LogonStatus stands from just before the call until just after it,
+// and a logon that finds it standing leaves the program offline.
+//
+// A retrieve that the user asks for is the way out of that guard: its entry (the tray's, and where
+// there is no tray the game list's or the console's) calls SetLogonStatus(false) first.
+#pragma once
+
+#include <vector>
+
+#include "mail/received_game.h"
+
+namespace mail {
+
+/// Starts or finds a session; Offline then tells whether there is one. The user hears of the guard
+/// always, of a plain failure with `showStatus` only. Takes the status popup down in any case, also
+/// one that the caller has put up. Holds polling meanwhile.
+void MailLogon(bool showStatus);
+
+void MailLogoff(bool showStatus);
+
+/// Logs on and takes what has come in: with `importFile` a file that the user picks, else the
+/// Inbox (read mails too with `fetchAll`), or the waiting move files of a stand-alone program.
+/// Answers what became of each mail or file.
+std::vector<MoveArrival> LogonAndCollect(bool importFile, bool showStatus, bool fetchAll);
+
+}  // namespace mail

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mail/move_files.h"
+
+#include <exception>
+
+#include "mail/move_mail.h"
+#include "mail/move_text_check.h"
+#include "mail/sending.h"
+#include "mail/status_popup.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/registry.h"
+#include "platform/text_fields.h"
+#include "store/saving.h"
+
+namespace mail {
+namespace {
+
+constexpr const char* namePrefix = "Cmove";
+constexpr const char* nameSuffix = ".txt";
+
+/// What the file is called while it is written, out of sight of a program that waits for it.
+constexpr const char* unfinishedName = "Cmove.new";
+
+/// A file has no sender. The address reaches nobody; the opponent's next mail puts it right.
+constexpr const char* unknownName = "Unknown";
+constexpr const char* unknownAddress = "unknown@tarvolenix.invalid";
+
+platform::Files& Files() { return *platform::TheDesktop().files; }
+
+std::string FirstFreeName() {
+  for (int number = 1;; ++number) {
+    const std::string name = namePrefix + std::to_string(number) + nameSuffix;
+    if (!Files().Exists(platform::Process().DataPath + name)) return name;
+  }
+}
+
+/// Raises std::exception; nothing of the file then remains.
+void WriteWhole(const std::string& path, const std::string& content) {
+  const std::string unfinished = platform::Process().DataPath + unfinishedName;
+  try {
+    Files().Write(unfinished, content);
+    Files().Rename(unfinished, path);
+  } catch (const std::exception&) {
+    try {
+      if (Files().Exists(unfinished)) Files().Remove(unfinished);
+    } catch (const std::exception&) {
+      // The next export replaces it.
+    }
+    throw;
+  }
+}
+
+/// White's name in a game that the text founds.
+std::string WhiteNameIn(const std::string& moveText) {
+  return platform::ReturnValue(std::string(platform::GetField(moveText, 6, '|')), unknownName);
+}
+
+/// What was read from one file; tells how it went by `arrival`.
+void ImportText(const std::string& content, bool userPicks, MoveArrival& arrival) {
+  const std::string text = ExtractMoveText(content);
+  platform::Process().NewMoveArrived = false;
+  if (!PassesFormCheck(text, userPicks, arrival)) return;
+  SaveReceivedGame(text, {unknownName, unknownAddress, WhiteNameIn(text)}, arrival);
+}
+
+void ReportReadError(bool userPicks) {
+  platform::ShowMessage(platform::MailIcon, "File read error",
+                        userPicks
+                            ? "An error occured trying to import the game information.||Please "
+                              "ensure you select a valid chess move file."
+                            : "An error occured trying to retrieve the game information.||Please "
+                              "select Retrieve games... from the File menu.",
+                        "OK", {}, false, platform::FailureSound);
+}
+
+/// False where the import has to end, which the user hears of unless it happens to a later file.
+bool TakeFiles(const std::vector<std::string>& paths, bool userPicks,
+               std::vector<MoveArrival>& arrivals) {
+  bool opened = false;
+  try {
+    for (const std::string& path : paths) {
+      MoveArrival& arrival = arrivals.emplace_back();
+      arrival.from = path;
+      const std::string content = Files().Read(path);
+      opened = true;
+      ImportText(content, userPicks, arrival);
+      if (arrival.ok && !userPicks) Files().Remove(path);
+    }
+    return true;
+  } catch (const StoreFailure&) {
+    ReportReadError(userPicks);
+  } catch (const std::exception&) {
+    if (!opened) ReportReadError(userPicks);
+  }
+  return false;
+}
+
+std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool showStatus,
+                                     bool userPicks) {
+  const platform::PollingHold hold;
+  const StatusPopup popup(showStatus);
+  popup.Show("Retrieving games...");
+  platform::Process().PendingGames.clear();
+  std::vector<MoveArrival> arrivals;
+  if (!TakeFiles(paths, userPicks, arrivals)) return arrivals;
+  store::BackupDatabase();
+  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  if (userPicks && arrivals.front().ok) {
+    platform::ShowMessage(platform::MailIcon, "Game import",
+                          "The game has been successfully imported.", "OK", {}, false,
+                          platform::AttentionSound);
+  }
+  return arrivals;
+}
+
+/// Empty where the user picked nothing.
+std::string PickMoveFile() {
+  const auto& pick = platform::TheDesktop().hooks.pickMoveFile;
+  try {
+    return pick ? pick() : std::string{};
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+}  // namespace
+
+bool ExportMoveFile(std::int32_t gameID, std::string* fileName) {
+  try {
+    const OutgoingGame game = LoadOutgoingGame(gameID);
+    const std::string name = FirstFreeName();
+    WriteWhole(platform::Process().DataPath + name,
+               BuildMailBody(game.record, game.moves) + "\r\n");
+    if (fileName) *fileName = name;
+  } catch (const std::exception&) {
+    ReportTransmissionError();
+    return false;
+  }
+  // As after a mail: the move is out, whatever becomes of the backup.
+  store::BackupDatabase();
+  return true;
+}
+
+std::vector<MoveArrival> ImportMoveFiles(bool showStatus, bool userPicks) {
+  const platform::PollingHold hold;
+  if (userPicks) return {ImportPickedFile(PickMoveFile(), showStatus)};
+  std::vector<std::string> paths;
+  try {
+    paths = ListMoveFiles();
+  } catch (const std::exception&) {
+    return {};
+  }
+  return ImportPaths(paths, showStatus, false);
+}
+
+MoveArrival ImportPickedFile(const std::string& path, bool showStatus) {
+  return ImportPaths({path}, showStatus, true).front();
+}
+
+std::vector<std::string> ListMoveFiles() {
+  const std::string& folder = platform::Process().DataPath;
+  std::vector<std::string> paths;
+  for (const std::string& name : Files().List(folder)) {
+    if (name.starts_with(namePrefix) && name.ends_with(nameSuffix)) paths.push_back(folder + name);
+  }
+  return paths;
+}
+
+}  // namespace mail

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mail/retrieval.h"
+
+#include <exception>
+#include <string>
+
+#include "mail/move_mail.h"
+#include "mail/move_text_check.h"
+#include "mail/status_popup.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "store/saving.h"
+
+namespace mail {
+namespace {
+
+using platform::MAPIMessages;
+
+MAPIMessages& Messages() { return *platform::TheDesktop().MMess; }
+
+bool FetchInbox(bool fetchAll) {
+  try {
+    Messages().FetchUnreadOnly(!fetchAll);
+    Messages().Fetch();
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+/// For telling about a refused mail only, so a service that can't say is no failure.
+std::string AddressIfKnown() {
+  try {
+    return Messages().MsgOrigAddress();
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+/// Saves and deletes the current message. False where its form is bad: it then stays.
+bool TakeCurrentMail(MoveArrival& arrival) {
+  const std::string text = ExtractMoveText(Messages().MsgNoteText());
+  if (!PassesFormCheck(text, false, arrival)) {
+    arrival.from = AddressIfKnown();
+    return false;
+  }
+  const std::string name = Messages().MsgOrigDisplayName();
+  arrival.from = Messages().MsgOrigAddress();
+  SaveReceivedGame(text, {name, arrival.from, name}, arrival);
+  Messages().Delete();
+  return true;
+}
+
+void WalkInbox(std::vector<MoveArrival>& arrivals) {
+  int index = 1;
+  while (Messages().MsgCount() > 0 && index <= Messages().MsgCount()) {
+    Messages().MsgIndex(index - 1);
+    const bool isMoveMail = Messages().MsgSubject().starts_with(subjectPrefix);
+    // A deleted message leaves its index to the next one.
+    if (!isMoveMail || !TakeCurrentMail(arrivals.emplace_back())) ++index;
+  }
+}
+
+/// Lets the mails saved before a failure go; the failure itself is what the user hears of.
+void FlushQuietly() {
+  try {
+    Messages().Flush();
+  } catch (const std::exception&) {
+  }
+}
+
+void ReportNetworkError(const std::string& what) {
+  platform::ShowMessage(
+      platform::MailIcon, "Network error",
+      what + "||Please select Retrieve games... from the File menu and try again.", "OK", {}, false,
+      platform::FailureSound);
+}
+
+/// False where a failure was reported.
+bool TakeMoveMails(std::vector<MoveArrival>& arrivals) {
+  try {
+    WalkInbox(arrivals);
+    Messages().Flush();
+    return true;
+  } catch (const StoreFailure&) {
+    FlushQuietly();
+    ReportNetworkError("An error occured trying to save the game information to the database.");
+  } catch (const std::exception&) {
+    FlushQuietly();
+    ReportNetworkError(
+        "An error occured trying to retrieve some or all of the game information from your Inbox.");
+  }
+  return false;
+}
+
+}  // namespace
+
+std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
+  const platform::PollingHold hold;
+  const StatusPopup popup(showStatus);
+  popup.Show("Retrieving games...");
+  platform::ProcessState& process = platform::Process();
+  std::vector<MoveArrival> arrivals;
+  if (!FetchInbox(fetchAll)) {
+    process.Offline = true;
+    return arrivals;
+  }
+  process.PendingGames.clear();
+  process.NewMoveArrived = false;
+  if (!TakeMoveMails(arrivals)) return arrivals;
+  store::BackupDatabase();
+  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  return arrivals;
+}
+
+}  // namespace mail

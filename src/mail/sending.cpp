@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mail/sending.h"
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "mail/move_mail.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "store/queries.h"
+#include "store/saving.h"
+
+namespace mail {
+namespace {
+
+void Compose(const OutgoingGame& game) {
+  platform::MAPIMessages& messages = *platform::TheDesktop().MMess;
+  messages.MsgIndex(-1);
+  // The address book and an earlier mail leave their recipients in the buffer.
+  while (messages.RecipCount() > 0) {
+    messages.RecipIndex(0);
+    messages.DeleteRecipient();
+  }
+  const store::GameRecord& record = game.record;
+  messages.RecipIndex(0);
+  messages.RecipAddress(record.GAME_OPPONENTS_EMAIL);
+  messages.RecipDisplayName(record.GAME_HOST ? record.GAME_BLACK_NAME : record.GAME_WHITE_NAME);
+  messages.RecipType(1);
+  messages.MsgSubject(BuildMailSubject(game.moves));
+  messages.MsgNoteText(BuildMailBody(record, game.moves));
+}
+
+}  // namespace
+
+OutgoingGame LoadOutgoingGame(std::int32_t gameID) {
+  store::GameRecords games;
+  OutgoingGame game;
+  if (!store::SelectGames(games, "Game_ID;" + std::to_string(gameID)) || games.empty() ||
+      !store::SelectMoves(game.moves, gameID) || game.moves.empty()) {
+    throw std::runtime_error("no moves of game " + std::to_string(gameID));
+  }
+  game.record = std::move(games.front());
+  return game;
+}
+
+void ReportTransmissionError() {
+  platform::ShowMessage(platform::MailIcon, "Transmission error.",
+                        "Tarvolenix was unable to send your chess move.||Please re-open the game "
+                        "and re-send it.",
+                        "OK", {}, false, platform::FailureSound);
+}
+
+bool SendMoveMail(std::int32_t gameID) {
+  const platform::PollingHold hold;
+  try {
+    Compose(LoadOutgoingGame(gameID));
+    platform::TheDesktop().MMess->Send();
+  } catch (const std::exception&) {
+    ReportTransmissionError();
+    return false;
+  }
+  // The mail is on its way: a failing backup, which is silent everywhere, doesn't unsend it.
+  store::BackupDatabase();
+  return true;
+}
+
+}  // namespace mail

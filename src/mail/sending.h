@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Sending a game to the opponent after a move. What goes out is always built from what was last
+// saved, never from the screen.
+#pragma once
+
+#include <cstdint>
+
+#include "store/game_record.h"
+
+namespace mail {
+
+struct OutgoingGame {
+  store::GameRecord record;
+  store::MoveRecords moves;  ///< at least one
+};
+
+/// Raises std::exception where the store can't be read, and where it has no move of such a game.
+OutgoingGame LoadOutgoingGame(std::int32_t gameID);
+
+void ReportTransmissionError();
+
+/// Mails the game with this GAME_ID. True where the mail was accepted for delivery, else the user
+/// was told. Holds polling meanwhile. A failure isn't retried and changes nothing.
+bool SendMoveMail(std::int32_t gameID);
+
+}  // namespace mail

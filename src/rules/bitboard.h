@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Sets of squares as 64 bits, bit (x - 1) + (y - 1) * 8, and the tables that answer "which squares
+// does a piece reach from here" without walking. They stand beside the piece codes for speed alone:
+// every rule reads the same with or without them.
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
+
+namespace rules {
+
+using Bitboard = std::uint64_t;
+
+constexpr int ColumnOf(int index) { return index % 8 + 1; }
+constexpr int RowOf(int index) { return index / 8 + 1; }
+constexpr bool IsOnBoard(int x, int y) { return x >= 1 && x <= 8 && y >= 1 && y <= 8; }
+constexpr int IndexOf(int x, int y) { return (x - 1) + (y - 1) * 8; }
+constexpr Bitboard BitOf(int x, int y) { return Bitboard{1} << IndexOf(x, y); }
+
+/// Takes the lowest square out of a set that isn't empty; its index.
+inline int TakeLowest(Bitboard& set) {
+  const int index = std::countr_zero(set);
+  set &= set - 1;
+  return index;
+}
+
+struct Step {
+  int dx;
+  int dy;
+};
+
+// Some operations answer with the first move that they find, so the order of the steps counts.
+inline constexpr std::array<Step, 4> straightSteps{{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}};
+inline constexpr std::array<Step, 4> diagonalSteps{{{-1, -1}, {-1, 1}, {1, -1}, {1, 1}}};
+inline constexpr std::array<Step, 8> knightSteps{
+    {{-1, 2}, {1, 2}, {-1, -2}, {1, -2}, {-2, 1}, {-2, -1}, {2, 1}, {2, -1}}};
+
+namespace tables {
+
+using SquareTable = std::array<Bitboard, 64>;
+
+template <std::size_t N>
+constexpr SquareTable LeapsFrom(const std::array<Step, N>& steps) {
+  SquareTable table{};
+  for (int i = 0; i < 64; ++i) {
+    for (const Step step : steps) {
+      const int x = ColumnOf(i) + step.dx;
+      const int y = RowOf(i) + step.dy;
+      if (IsOnBoard(x, y)) table[i] |= BitOf(x, y);
+    }
+  }
+  return table;
+}
+
+template <std::size_t N>
+constexpr SquareTable RaysFrom(const std::array<Step, N>& steps) {
+  SquareTable table{};
+  for (int i = 0; i < 64; ++i) {
+    for (const Step step : steps) {
+      int x = ColumnOf(i) + step.dx;
+      int y = RowOf(i) + step.dy;
+      for (; IsOnBoard(x, y); x += step.dx, y += step.dy) table[i] |= BitOf(x, y);
+    }
+  }
+  return table;
+}
+
+constexpr std::array<SquareTable, 64> SquaresBetween() {
+  std::array<SquareTable, 64> table{};
+  for (int from = 0; from < 64; ++from) {
+    for (int dx = -1; dx <= 1; ++dx) {
+      for (int dy = -1; dy <= 1; ++dy) {
+        if (dx == 0 && dy == 0) continue;
+        Bitboard passed = 0;
+        int x = ColumnOf(from) + dx;
+        int y = RowOf(from) + dy;
+        for (; IsOnBoard(x, y); x += dx, y += dy) {
+          table[from][IndexOf(x, y)] = passed;
+          passed |= BitOf(x, y);
+        }
+      }
+    }
+  }
+  return table;
+}
+
+inline constexpr std::array<Step, 8> kingSteps{
+    {{-1, -1}, {-1, 0}, {-1, 1}, {0, -1}, {0, 1}, {1, -1}, {1, 0}, {1, 1}}};
+
+}  // namespace tables
+
+/// Squares reached on an empty board, by index.
+inline constexpr tables::SquareTable straightReach = tables::RaysFrom(straightSteps);
+inline constexpr tables::SquareTable diagonalReach = tables::RaysFrom(diagonalSteps);
+inline constexpr tables::SquareTable knightReach = tables::LeapsFrom(knightSteps);
+inline constexpr tables::SquareTable kingReach = tables::LeapsFrom(tables::kingSteps);
+
+/// The squares that a pawn of the side attacks.
+inline constexpr std::array<tables::SquareTable, 2> pawnReach{
+    tables::LeapsFrom(std::array<Step, 2>{{{-1, 1}, {1, 1}}}),
+    tables::LeapsFrom(std::array<Step, 2>{{{-1, -1}, {1, -1}}})};
+
+/// The squares strictly between two squares of one line; empty for squares of no common line.
+inline constexpr std::array<tables::SquareTable, 64> squaresBetween = tables::SquaresBetween();
+
+}  // namespace rules

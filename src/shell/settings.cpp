@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/settings.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "ai/heuristics.h"
+#include "platform/busy_pointer.h"
+#include "platform/conversions.h"
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "platform/registry.h"
+#include "platform/setting_variables.h"
+
+namespace shell {
+namespace {
+
+using platform::BooleanText;
+using platform::productSection;
+using platform::ReadRegistry;
+using platform::ReturnValue;
+using platform::SettingVariables;
+using platform::WriteRegistry;
+
+struct Default {
+  const char* name;
+  const char* value;
+};
+
+constexpr Default CheckInterval{"CheckInterval", "20000"};
+constexpr Default DisplaySplash{"DisplaySplash", "True"};
+constexpr Default NotificationMethod{"NotificationMethod", "2"};
+constexpr Default NotificationSoundPath{"NotificationSoundPath", ""};
+constexpr Default NotificationSoundWav{"NotificationSoundWav", "None"};
+constexpr Default OlderNotificationSoundWav{"NotificationSoundSav", "None"};
+constexpr Default NotificationTimeout{"NotificationTimeout", "1"};
+constexpr Default Verbose{"Verbose", "False"};
+constexpr Default ChessSet{"ChessSet", "Classic Wood"};
+constexpr Default ChessBoard{"ChessBoard", "Plain"};
+constexpr Default SearchDepth{"SearchDepth", "1"};
+constexpr Default SysTrayIcons{"SysTrayIcons", "1"};
+constexpr Default ShowToolTips{"ShowToolTips", "True"};
+constexpr Default Heuristics{"Heuristics", ""};
+constexpr Default Skin{"Skin", "Tarvolenix Classic"};
+constexpr Default DefaultView{"DefaultView", "False"};
+constexpr Default SimpleUI{"SimpleUI", "False"};
+constexpr Default SystrayStartup{"SystrayStartup", "True"};
+constexpr Default BppChecked{"BppChecked", "False"};
+
+std::string ReadText(const Default& setting, const std::string& section = productSection) {
+  return ReturnValue(ReadRegistry(section, setting.name), setting.value);
+}
+
+bool ReadFlag(const Default& setting) { return ReadText(setting) == "True"; }
+
+bool ReadNumber(const Default& setting, int& variable) {
+  const auto number = platform::ToInteger32(ReadText(setting));
+  if (number) variable = *number;
+  return number.has_value();
+}
+
+void WriteText(const Default& setting, const std::string& value) {
+  WriteRegistry(productSection, setting.name, value);
+}
+
+void WriteOrDefault(const Default& setting, const std::string& value) {
+  WriteText(setting, ReturnValue(value, setting.value));
+}
+
+void WriteFlag(const Default& setting, bool value) { WriteText(setting, BooleanText(value)); }
+
+bool LoadHeuristics() {
+  const std::string text = ReadText(Heuristics);
+  if (!text.empty()) return ai::SetHeuristicsFromText(text);
+  ai::LoadDefaultHeuristics();
+  return true;
+}
+
+/// The section of the latest older version. Versions compare as plain text, so "2.10.0" is older
+/// than "2.6.7". Without an older version it is the product's own.
+std::string PreviousSection() {
+  std::string previous;
+  for (const std::string& name : platform::EnumRegistryKeys()) {
+    if (name < platform::GetVersionText()) previous = std::max(previous, name);
+  }
+  return productSection + ("/" + previous);
+}
+
+void CopySettings(const std::string& from) {
+  const auto copy = [&from](const Default& setting) {
+    WriteText(setting, ReadText(setting, from));
+  };
+  copy(CheckInterval);
+  WriteFlag(DisplaySplash, true);
+  copy(NotificationMethod);
+  copy(NotificationSoundPath);
+  std::string sound = ReadText(OlderNotificationSoundWav, from);
+  if (sound == OlderNotificationSoundWav.value) sound = ReadText(NotificationSoundWav, from);
+  WriteText(NotificationSoundWav, sound);
+  for (const Default& setting : {NotificationTimeout, Verbose, ChessSet, ChessBoard, SysTrayIcons,
+                                 SearchDepth, ShowToolTips, Heuristics, Skin, DefaultView}) {
+    copy(setting);
+  }
+  if (platform::Process().ForcedSimpleUI) {
+    WriteFlag(SimpleUI, true);
+  } else {
+    copy(SimpleUI);
+  }
+  copy(SystrayStartup);
+  copy(BppChecked);
+}
+
+}  // namespace
+
+bool LoadSettings() {
+  SettingVariables& variables = platform::Settings();
+  int& interval = platform::Process().CheckTimer.Interval;
+  if (!ReadNumber(CheckInterval, interval) || interval < 0) return false;
+  variables.DisplaySplash = ReadFlag(DisplaySplash);
+  if (!ReadNumber(NotificationMethod, variables.NotificationMethod)) return false;
+  variables.NotificationSoundPath = ReadText(NotificationSoundPath);
+  variables.NotificationSoundWav = ReadText(NotificationSoundWav);
+  if (!ReadNumber(NotificationTimeout, variables.NotificationTimeout)) return false;
+  variables.Verbose = ReadFlag(Verbose);
+  variables.ChessSet = ReadText(ChessSet);
+  variables.ChessBoard = ReadText(ChessBoard);
+  if (!ReadNumber(SearchDepth, variables.SearchDepth)) return false;
+  if (!ReadNumber(SysTrayIcons, variables.SysTrayIcons)) return false;
+  variables.ShowToolTips = ReadFlag(ShowToolTips);
+  if (!LoadHeuristics()) return false;
+  variables.Skin = ReadText(Skin);
+  variables.DefaultView = ReadFlag(DefaultView);
+  variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
+  variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
+  return true;
+}
+
+void SaveSettings() {
+  const platform::BusyPointer busy;
+  const SettingVariables& variables = platform::Settings();
+  WriteText(CheckInterval, std::to_string(platform::Process().CheckTimer.Interval));
+  WriteFlag(DisplaySplash, variables.DisplaySplash);
+  WriteText(NotificationMethod, std::to_string(variables.NotificationMethod));
+  WriteOrDefault(NotificationSoundPath, variables.NotificationSoundPath);
+  WriteOrDefault(NotificationSoundWav, variables.NotificationSoundWav);
+  WriteText(NotificationTimeout, std::to_string(variables.NotificationTimeout));
+  WriteFlag(Verbose, variables.Verbose);
+  WriteText(ChessSet, variables.ChessSet);
+  WriteText(ChessBoard, variables.ChessBoard);
+  WriteText(SysTrayIcons, std::to_string(variables.SysTrayIcons));
+  WriteText(SearchDepth, std::to_string(variables.SearchDepth));
+  WriteFlag(ShowToolTips, variables.ShowToolTips);
+  WriteText(Heuristics, ai::HeuristicsText());
+  WriteText(Skin, variables.Skin);
+  WriteFlag(DefaultView, variables.DefaultView);
+  WriteFlag(SimpleUI, variables.SimpleUISaved);
+  WriteFlag(SystrayStartup, variables.SystrayStartupSaved);
+}
+
+void UpgradeSettings() {
+  if (!platform::IsEmptyValue(ReadRegistry(productSection, DisplaySplash.name))) {
+    if (platform::Process().ForcedSimpleUI) WriteFlag(SimpleUI, true);
+    return;
+  }
+  {
+    const platform::BusyPointer busy;
+    const auto versions = platform::EnumRegistryKeys();
+    if (std::find(versions.begin(), versions.end(), platform::GetVersionText()) == versions.end()) {
+      platform::CreateRegistryKey(productSection);
+    }
+    const std::string previous = PreviousSection();
+    platform::Settings().Skin = ReadText(Skin, previous);
+    platform::ShowStatus(true, "Tarvolenix is upgrading to version " + platform::GetVersionText());
+    CopySettings(previous);
+  }
+  platform::ShowStatus(false);
+}
+
+}  // namespace shell

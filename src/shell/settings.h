@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's settings between the store and their variables. They are read once at start and
+// written once at an orderly stop; what the options pages change lives in the variables until then.
+#pragma once
+
+namespace shell {
+
+/// Sets all variables, the table of motivations and the polling interval from the store, the
+/// default standing in for what is missing. False where a number can't be read: the program must
+/// not start then.
+bool LoadSettings();
+
+/// Writes all of them. A value that can't be written keeps its old content without a word.
+void SaveSettings();
+
+/// Makes a first start's or an older version's store complete, before it is loaded. The older
+/// layout, one group per version, is left in place.
+void UpgradeSettings();
+
+}  // namespace shell

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/game_file.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/conversions.h"
+#include "platform/process_state.h"
+#include "platform/text_fields.h"
+
+namespace store {
+namespace {
+
+constexpr int fixedFields = static_cast<int>(gameFields.size());
+constexpr int fieldsOfMove = 4;
+
+template <typename Value>
+Value ValueOrRaise(const std::optional<Value>& value, std::string_view text) {
+  if (!value) throw std::invalid_argument("not a value: " + std::string(text));
+  return *value;
+}
+
+void AppendValue(std::string& line, std::int32_t value) { line += std::to_string(value); }
+void AppendValue(std::string& line, bool value) { line += value ? "-1" : "0"; }
+void AppendValue(std::string& line, const std::string& value) { line += value; }
+
+}  // namespace
+
+std::string GameFilePath() {
+  return platform::Process().DataPath + platform::Process().DatabaseFile;
+}
+
+std::optional<std::string_view> LineWalk::Next() {
+  if (rest_.empty()) return std::nullopt;
+  const auto end = rest_.find('\n');
+  std::string_view line = rest_.substr(0, end);
+  rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+void Convert(std::string_view text, std::int32_t& value) {
+  value = ValueOrRaise(platform::ToInteger32(text), text);
+}
+
+void Convert(std::string_view text, std::int16_t& value) {
+  value = ValueOrRaise(platform::ToInteger16(text), text);
+}
+
+void Convert(std::string_view text, bool& value) {
+  value = ValueOrRaise(platform::ToBoolean(text), text);
+}
+
+void Convert(std::string_view text, std::string& value) { value = text; }
+
+std::int32_t GameIDOfLine(std::string_view line) {
+  std::int32_t id = 0;
+  Convert(platform::GetField(line, 1, '|'), id);
+  return id;
+}
+
+void ReadGameLine(std::string_view line, GameRecord& record) {
+  platform::FieldWalk fields(line, '|');
+  for (const GameField& field : gameFields) {
+    std::visit([&](auto member) { Convert(fields.Next(), record.*member); }, field.member);
+  }
+}
+
+int StoredMoves(std::string_view line) {
+  const int fields = platform::CountFields(line, '|') - fixedFields;
+  return std::max(0, platform::RoundedQuotient(fields, fieldsOfMove));
+}
+
+MoveRecords ReadMoves(std::string_view line) {
+  MoveRecords moves(static_cast<std::size_t>(StoredMoves(line)));
+  platform::FieldWalk fields(MovesText(line), '|');
+  fields.Next();
+  for (MoveRecord& move : moves) {
+    Convert(fields.Next(), move.MoveNumber);
+    move.MoveCoordinates = fields.Next();
+    move.MoveText = fields.Next();
+    move.MoveComment = fields.Next();
+  }
+  return moves;
+}
+
+std::string_view MovesText(std::string_view line) {
+  std::size_t end = line.find('|');
+  for (int field = 1; field < fixedFields && end != std::string_view::npos; ++field) {
+    end = line.find('|', end + 1);
+  }
+  return end == std::string_view::npos ? std::string_view{} : line.substr(end);
+}
+
+void AppendGame(std::string& line, const GameRecord& record) {
+  for (const GameField& field : gameFields) {
+    if (&field != &gameFields.front()) line += '|';
+    std::visit([&](auto member) { AppendValue(line, record.*member); }, field.member);
+  }
+}
+
+void AppendMove(std::string& line, const MoveRecord& move) {
+  line += '|';
+  AppendValue(line, move.MoveNumber);
+  for (const std::string* text : {&move.MoveCoordinates, &move.MoveText, &move.MoveComment}) {
+    line.append(1, '|').append(*text);
+  }
+}
+
+}  // namespace store

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/queries.h"
+
+#include <exception>
+#include <limits>
+#include <utility>
+
+#include "platform/desktop.h"
+#include "store/game_file.h"
+
+namespace store {
+namespace {
+
+/// An absent file reads as an empty one.
+std::string ReadGameFile() {
+  platform::Files& files = *platform::TheDesktop().files;
+  const std::string path = GameFilePath();
+  return files.Exists(path) ? files.Read(path) : std::string{};
+}
+
+GameRecords MatchingGames(std::string_view content, std::string_view selection) {
+  GameRecords games;
+  GameRecord record;
+  LineWalk lines(content);
+  while (const auto line = lines.Next()) {
+    ReadGameLine(*line, record);
+    if (GameMatches(record, selection)) games.push_back(std::move(record));
+  }
+  return games;
+}
+
+MoveRecords MovesOfGame(std::string_view content, std::int32_t gameID) {
+  LineWalk lines(content);
+  while (const auto line = lines.Next()) {
+    if (GameIDOfLine(*line) == gameID) return ReadMoves(*line);
+  }
+  return {};
+}
+
+}  // namespace
+
+bool SelectGames(GameRecords& games, std::string_view selection, std::string_view sort) {
+  games.clear();
+  try {
+    games = MatchingGames(ReadGameFile(), selection);
+    SortGames(games, sort);
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+bool SelectMoves(MoveRecords& moves, std::int32_t gameID) {
+  moves.clear();
+  try {
+    moves = MovesOfGame(ReadGameFile(), gameID);
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+std::int32_t NextGameID() {
+  GameRecords games;
+  if (!SelectGames(games, "", "Game_ID;A") || games.empty()) return 1;
+  const std::int32_t last = games.back().GAME_ID;
+  if (last < std::numeric_limits<std::int32_t>::max()) return last + 1;
+  // Behind the greatest number there is none: the first gap, so that no game is overwritten.
+  std::int32_t gap = 1;
+  for (const GameRecord& game : games) {
+    if (game.GAME_ID == gap) ++gap;
+  }
+  return gap;
+}
+
+}  // namespace store

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The store over real files: the process is killed, the disk is full, the folder is read-only.
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+
+#include "desktop/posix_files.h"
+#include "platform/desktop.h"
+#include "store/store_fixture.h"
+
+namespace store {
+namespace {
+
+struct RealFilesTest : StoreTest {
+  RealFilesTest() {
+    std::string pattern = ::testing::TempDir() + "store_XXXXXX";
+    folder = mkdtemp(pattern.data());
+    platform::Process().DataPath = folder + "/";
+    platform::TheDesktop().files = &files;
+  }
+  ~RealFilesTest() override {
+    chmod(folder.c_str(), 0755);
+    std::filesystem::remove_all(folder);
+  }
+
+  std::string Content() {
+    const std::string path = DataFile("Tvgdb.dat");
+    return files.Exists(path) ? files.Read(path) : "no file";
+  }
+
+  desktop::PosixFiles files;
+  std::string folder;
+};
+
+constexpr int killed = -1;
+
+/// Runs `work` in a process of its own; its result, below 256, or that it was killed.
+int InChild(const std::function<int()>& work) {
+  const pid_t child = fork();
+  if (child == 0) _exit(work());
+  int status = 0;
+  EXPECT_EQ(waitpid(child, &status, 0), child);
+  return WIFSIGNALED(status) ? killed : WEXITSTATUS(status);
+}
+
+TEST_F(RealFilesTest, AProcessKilledAnywhereLeavesTheOldFileOrTheNewOne) {
+  for (const Change& change : AllChanges()) {
+    int kills = 0;
+    for (const Moment moment : moments) {
+      for (int operation = 1;; ++operation) {
+        SCOPED_TRACE(std::string(change.name) + ", operation " + std::to_string(operation));
+        std::filesystem::remove(DataFile("Tvgdb.dat"));
+        if (change.before != "no file") files.Write(DataFile("Tvgdb.dat"), change.before);
+        const int result = InChild([&] {
+          AccidentFiles accident(files, operation, moment, [] { raise(SIGKILL); });
+          platform::TheDesktop().files = &accident;
+          return change.make() ? 0 : 1;
+        });
+        const std::string now = Content();
+        if (now != change.after) {
+          EXPECT_EQ(now, change.before);
+        }
+        if (result != killed) {
+          EXPECT_EQ(result, 0);
+          EXPECT_EQ(now, change.after);
+          break;
+        }
+        ++kills;
+        EXPECT_TRUE(change.make()) << "what a crash left behind is in nobody's way";
+      }
+    }
+    EXPECT_GE(kills, 6);
+  }
+}
+
+/// A disk of 64 kB in place of the folder where this process may mount one, else files of 64 kB.
+void MakeDiskSmall(const std::string& folder) {
+  if (unshare(CLONE_NEWNS) == 0 &&
+      mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+      mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=64k") == 0) {
+    return;
+  }
+  signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{65536, 65536};
+  setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+TEST_F(RealFilesTest, AFullDiskCostsTheChangeAndNothingElse) {
+  enum { Kept, Lost, NeverFull };
+  EXPECT_EQ(InChild([&]() -> int {
+              MakeDiskSmall(folder);
+              for (int id = 1; id < 100; ++id) {
+                const std::string before = Content();
+                GameRecord game = Game(id);
+                if (SaveGame(game, Moves('p', 1, 200))) continue;
+                const bool kept =
+                    id > 3 && Content() == before && !files.Exists(DataFile("tvgdb.new"));
+                return kept ? Kept : Lost;
+              }
+              return NeverFull;
+            }),
+            Kept);
+}
+
+TEST_F(RealFilesTest, AFolderThatCantBeWrittenFailsEveryChangeAndNoQuery) {
+  const std::string before = Line(Game(1)) + Text(Moves('s', 1, 3)) + "\r\n";
+  files.Write(DataFile("Tvgdb.dat"), before);
+  files.Write(DataFile("tvgdb.bak"), "an earlier state");
+  chmod(folder.c_str(), 0555);
+  const int result = InChild([] {
+    if (geteuid() == 0 && setuid(65534) != 0) return 99;
+    GameRecord game = Game(1);
+    GameRecords games;
+    MoveRecords moves;
+    int wrong = 0;
+    if (SaveGame(game, Moves('p', 4, 4))) wrong |= 1;
+    if (RemoveGame(1)) wrong |= 2;
+    if (BackupDatabase()) wrong |= 4;
+    RestoreDatabase();
+    if (!SelectGames(games, "Game_ID;1") || games.size() != 1) wrong |= 8;
+    if (!SelectMoves(moves, 1) || moves.size() != 3) wrong |= 16;
+    return wrong;
+  });
+  EXPECT_EQ(result, 0);
+  EXPECT_EQ(Content(), before);
+}
+
+}  // namespace
+}  // namespace store

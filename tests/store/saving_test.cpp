@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+
+#include "platform/desktop.h"
+#include "store/store_fixture.h"
+
+namespace store {
+namespace {
+
+using SavingTest = StoreTest;
+
+struct SaveCase {
+  const char* name;
+  bool stored;
+  int storedMoves;
+  MoveRecords passed;
+  MoveRecords expected;
+  bool news;
+};
+
+MoveRecords operator+(MoveRecords moves, const MoveRecords& more) {
+  moves.insert(moves.end(), more.begin(), more.end());
+  return moves;
+}
+
+// Stored moves read "s", passed ones "p".
+const SaveCase saveCases[] = {
+    {"a new game with its first move", false, 0, Moves('p', 1, 1), Moves('p', 1, 1), true},
+    {"a new game of many moves", false, 0, Moves('p', 1, 6), Moves('p', 1, 6), true},
+    {"a new game without moves", false, 0, {}, {}, true},
+    {"only the record", true, 4, {}, Moves('s', 1, 4), false},
+    {"only the record, no moves", true, 0, {}, {}, false},
+    {"the board's next move", true, 4, Moves('p', 5, 5), Moves('s', 1, 4) + Moves('p', 5, 5), true},
+    {"the same move again", true, 5, Moves('p', 5, 5), Moves('s', 1, 5), false},
+    {"an old move", true, 5, Moves('p', 2, 2), Moves('s', 1, 5), false},
+    {"one move far ahead", true, 2, Moves('p', 9, 9), Moves('s', 1, 2) + Moves('p', 9, 9), true},
+    {"a longer game received", true, 4, Moves('p', 1, 6), Moves('p', 1, 6), true},
+    {"a game of one move on none", true, 0, Moves('p', 1, 1), Moves('p', 1, 1), true},
+    {"an equal game received", true, 6, Moves('p', 1, 6), Moves('s', 1, 6), false},
+    {"a shorter game received", true, 6, Moves('p', 1, 4), Moves('s', 1, 6), false},
+    {"two moves are taken for a game", true, 4, Moves('p', 4, 5), Moves('p', 4, 5), true},
+};
+
+TEST_F(SavingTest, SaveGameKeepsAppendsOrReplacesMoves) {
+  for (const SaveCase& row : saveCases) {
+    SCOPED_TRACE(row.name);
+    const std::string other = Line(Game(12, GameWon)) + Text(Moves('o', 1, 3));
+    GameRecord old = Game(1);
+    old.GAME_WHITE_NAME = "written by the last call";
+    const std::string oldLine = Line(old) + Text(Moves('s', 1, row.storedMoves)) + "\r\n";
+    const std::string before = (row.stored ? oldLine : "") + other + "\r\n";
+    for (const bool withFlag : {true, false}) {
+      SetGameFile(before);
+      GameRecord game = Game(1, DrawOfferSent);
+      bool changed = !row.news;
+      ASSERT_TRUE(SaveGame(game, row.passed, withFlag ? &changed : nullptr));
+      if (withFlag) {
+        EXPECT_EQ(changed, row.news);
+      }
+      const GameRecord written = Game(1, withFlag && row.news ? MoveWaiting : DrawOfferSent);
+      EXPECT_EQ(Line(game), Line(written));
+      EXPECT_EQ(FileText("Tvgdb.dat"),
+                other + "\r\n" + Line(written) + Text(row.expected) + "\r\n");
+      EXPECT_EQ(FileText("tvgdb.bak"), before);
+      EXPECT_EQ(FileText("tvgdb.new"), "no file");
+    }
+  }
+}
+
+TEST_F(SavingTest, OtherLinesAreCopiedAsTheyAre) {
+  const std::string odd = "2| odd \xFF\x80 |||\r|";
+  SetGameFile(odd + "\n" + "7.0|damaged" + "\r\n" + Line(Game(1)));
+  GameRecord game = Game(1);
+  ASSERT_TRUE(SaveGame(game, {}));
+  EXPECT_EQ(FileText("Tvgdb.dat"), odd + "\r\n7.0|damaged\r\n" + Line(Game(1)) + "\r\n");
+  ASSERT_TRUE(RemoveGame(7));
+  EXPECT_EQ(FileText("Tvgdb.dat"), odd + "\r\n" + Line(Game(1)) + "\r\n");
+  ASSERT_TRUE(RemoveGame(99)) << "a game that isn't there";
+  EXPECT_EQ(FileText("Tvgdb.dat"), odd + "\r\n" + Line(Game(1)) + "\r\n");
+}
+
+TEST_F(SavingTest, ALineWithoutANumberBlocksEveryChange) {
+  for (const char* line : {"", "x|y", "|1"}) {
+    const std::string before = Line(Game(1)) + "\r\n" + line + "\r\n";
+    SetGameFile(before);
+    GameRecord game = Game(1);
+    EXPECT_FALSE(SaveGame(game, Moves('p', 1, 1))) << line;
+    EXPECT_FALSE(RemoveGame(1)) << line;
+    EXPECT_EQ(FileText("Tvgdb.dat"), before);
+    EXPECT_EQ(FileText("tvgdb.new"), "no file");
+  }
+}
+
+TEST_F(SavingTest, TheBackupIsTheStateBeforeTheLatestChange) {
+  EXPECT_TRUE(RemoveGame(1));
+  EXPECT_TRUE(BackupDatabase());
+  RestoreDatabase();
+  EXPECT_TRUE(desktop.files.content.empty()) << "without a game file there is nothing to do";
+  SetGameFile("a");
+  EXPECT_TRUE(BackupDatabase());
+  SetGameFile("b");
+  RestoreDatabase();
+  EXPECT_EQ(FileText("Tvgdb.dat"), "a");
+  desktop.files.operations.clear();
+  RestoreDatabase();
+  EXPECT_EQ(desktop.files.operations.size(), 2u) << "what was never replaced is only compared";
+  for (const int operation : {1, 2, 3}) {
+    SetGameFile("b");
+    desktop.files.FailOperation(operation);
+    EXPECT_FALSE(BackupDatabase());
+    EXPECT_EQ(FileText("tvgdb.bak"), "a");
+    EXPECT_EQ(FileText("tvgdb.new"), "no file");
+  }
+}
+
+// Every operation in turn fails, once or from then on, and the user has lost nothing.
+TEST_F(SavingTest, AFailureAnywhereLeavesTheGameFileAsItStood) {
+  for (const Change& change : AllChanges()) {
+    for (const Moment moment : moments) {
+      for (const bool lasting : {false, true}) {
+        for (int operation = 1;; ++operation) {
+          SCOPED_TRACE(std::string(change.name) + ", operation " + std::to_string(operation));
+          desktop.files.content = {{DataFile("tvgdb.bak"), "an earlier state"}};
+          if (change.before != "no file") SetGameFile(change.before);
+          AccidentFiles files(desktop.files, operation, moment,
+                              [] { throw platform::FileError("accident"); });
+          files.lasting = lasting;
+          platform::TheDesktop().files = &files;
+          const bool done = change.make();
+          EXPECT_EQ(done, !files.happened);
+          const std::string now = FileText("Tvgdb.dat");
+          // Only what breaks between the last rename and its way to the disk, and stays broken,
+          // can't be rolled back.
+          const bool stuck = lasting && moment == Moment::After && now == change.after;
+          EXPECT_EQ(now, files.happened && !stuck ? change.before : change.after);
+          if (!lasting) {
+            EXPECT_EQ(FileText("tvgdb.new"), "no file");
+          }
+          if (!files.happened) break;
+        }
+      }
+    }
+  }
+}
+
+// What a crash of another kind of disk leaves: the file ends anywhere.
+TEST_F(SavingTest, AFileThatEndsAnywhereFailsOrReadsWhatIsWhole) {
+  std::string whole;
+  for (const int id : {1, 2, 3}) whole += Line(Game(id)) + Text(Moves('s', 1, id)) + "\r\n";
+  int failures = 0;
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    SCOPED_TRACE(length);
+    const std::string cut = whole.substr(0, length);
+    const auto wholeLines = std::count(cut.begin(), cut.end(), '\n');
+    SetGameFile(cut);
+    GameRecords games;
+    if (SelectGames(games, "")) {
+      ASSERT_EQ(static_cast<long>(games.size()),
+                wholeLines + (cut.ends_with('\n') || cut.empty() ? 0 : 1));
+    } else {
+      ++failures;
+    }
+    for (int id = 1; id <= wholeLines; ++id) {
+      MoveRecords moves;
+      ASSERT_TRUE(SelectMoves(moves, id));
+      EXPECT_EQ(Text(moves), Text(Moves('s', 1, id)));
+      if (!games.empty()) {
+        EXPECT_EQ(Line(games[id - 1]), Line(Game(id)));
+      }
+    }
+    GameRecord game = Game(9);
+    const std::string lines = whole.substr(0, cut.rfind('\n') + 1);
+    const bool saved = SaveGame(game, {});
+    ASSERT_EQ(FileText("Tvgdb.dat") != cut, saved);
+    EXPECT_TRUE(FileText("Tvgdb.dat").starts_with(lines));
+  }
+  EXPECT_GT(failures, 0);
+}
+
+}  // namespace
+}  // namespace store

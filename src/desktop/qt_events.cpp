@@ -9,26 +9,17 @@
 namespace desktop {
 
 void QtEvents::RunUntil(const std::function<bool()>& done) {
-  if (done()) return;
+  // Not exec(), which returns at once when the application has been told to quit.
   QEventLoop loop;
-  waits_.push_back({&done, &loop});
-  loop.exec();
-  waits_.pop_back();
+  while (!done()) loop.processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void QtEvents::Wake() {
-  QMetaObject::invokeMethod(
-      this, [this] { AskAll(); }, Qt::QueuedConnection);
+  Post([] {});
 }
 
 void QtEvents::Post(std::function<void()> work) {
   QMetaObject::invokeMethod(this, std::move(work), Qt::QueuedConnection);
-}
-
-void QtEvents::AskAll() const {
-  for (const Wait& wait : waits_) {
-    if ((*wait.done)()) wait.loop->quit();
-  }
 }
 
 }  // namespace desktop

@@ -5,31 +5,18 @@
 #include <QObject>
 
 #include <functional>
-#include <vector>
 
 #include "platform/events.h"
-
-class QEventLoop;
 
 namespace desktop {
 
 /// Belongs to the thread that makes it, which must have the application object. Waits may nest; an
-/// outer one ends after the inner ones.
+/// outer one ends after the inner ones. A wait outlives the application's own end.
 class QtEvents : public QObject, public platform::Events {
  public:
   void RunUntil(const std::function<bool()>& done) override;
   void Wake() override;
   void Post(std::function<void()> work) override;
-
- private:
-  struct Wait {
-    const std::function<bool()>* done;
-    QEventLoop* loop;
-  };
-
-  void AskAll() const;
-
-  std::vector<Wait> waits_;
 };
 
 }  // namespace desktop

@@ -121,7 +121,7 @@ std::string ExtractMoveText(string_view body) {
   const auto start = FindStart(body);
   if (start == nowhere) return {};
   const auto end = FindEnd(body, start);
-  if (end == nowhere || end <= start) return {};
+  if (end == nowhere) return {};
   std::string text(body.substr(start, end - start));
   std::erase_if(text, IsLineBreak);
   return text;

@@ -37,9 +37,10 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
 }
 
 std::optional<int> ToDigits(std::string_view text) {
+  if (text.starts_with('-')) return std::nullopt;
   int value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc{} || end != text.data() + text.size() || value < 0) return std::nullopt;
+  if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
   return value;
 }
 
@@ -89,7 +90,8 @@ std::optional<Date> ToDate(std::string_view text) {
   const year_month_day date{std::chrono::year{*year},
                             std::chrono::month{static_cast<unsigned>(*month)},
                             std::chrono::day{static_cast<unsigned>(*day)}};
-  if (*month > 12 || *day > 31 || !date.ok()) return std::nullopt;
+  // Beyond these limits the calendar's own types would wrap around.
+  if (*year > 9999 || *month > 12 || *day > 31 || !date.ok()) return std::nullopt;
   return Date{*year, *month, *day};
 }
 

@@ -17,7 +17,7 @@ bool ShowMessage(int icon, const std::string& title, const std::string& text,
   const PollingHold hold;
   Message message{icon, title, text, okCaption, cancelCaption, 0};
   std::replace(message.text.begin(), message.text.end(), '|', '\n');
-  if (useTimeout) message.timeoutTicks = Settings().NotificationTimeout;
+  if (useTimeout) message.timeoutTicks = std::max(0, Settings().NotificationTimeout);
   if (sound) PlayNumberedSound(*sound);
   return TheDesktop().messageBoxes->Ask(message);
 }

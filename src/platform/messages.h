@@ -32,7 +32,7 @@ bool ShowMessage(int icon, const std::string& title, const std::string& text,
 /// A message that only an interested user wants: shown with the setting `Verbose`, else only heard.
 void VerboseMessage(const std::string& text, const std::string& title, int sound);
 
-/// Puts up (or, with an empty text, takes down) the small popup for long work.
+/// Puts up the small popup for long work, or takes it down where `show` is false.
 void ShowStatus(bool show, const std::string& text = {});
 
 /// Plays a wave file without waiting, cutting off the one before. Never reports.

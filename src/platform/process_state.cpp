@@ -2,7 +2,6 @@
 #include "platform/process_state.h"
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 namespace platform {
@@ -35,8 +34,10 @@ void SetupGlobalVariables(std::string programFolder, std::string commandLine) {
   if (!programFolder.ends_with('/')) programFolder += '/';
   state.DataPath = programFolder + "Data/";
   state.ProgramFolder = std::move(programFolder);
-  std::transform(commandLine.begin(), commandLine.end(), commandLine.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  // In the letters A to Z alone: in some locales the small letter of I isn't i.
+  std::transform(commandLine.begin(), commandLine.end(), commandLine.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
   for (const Option& option : options) {
     if (commandLine.find(option.text) != std::string::npos) state.*option.flag = option.value;
   }

@@ -1,86 +1,98 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The small world of the mail tests: one game between Anna, who created it and plays White, and
-// Bernd. "Ours" is the copy in this program's store, "theirs" the one that mails and files come
-// from.
+// The small world of the mail tests: one game between Anna, who created it as number 7 and plays
+// White, and Bernd, whose copy is number 12.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 
 #include "fakes/fake_desktop.h"
 #include "mail/move_mail.h"
 #include "platform/process_state.h"
-#include "store/queries.h"
 #include "store/saving.h"
 
 namespace mail {
 
 class MailFixture : public testing::Test {
  protected:
-  static constexpr std::int32_t hostsID = 7;
-  static constexpr std::int32_t guestsID = 12;
-
-  /// The host's copy, or the guest's one that was founded by the host's mail.
-  static store::GameRecord Game(bool host, std::int32_t id, std::int32_t opponentsID) {
-    store::GameRecord game;
-    game.GAME_ID = id;
-    game.GAME_DATESTAMP = "090320260805";
-    game.GAME_OPPONENTS_ID = opponentsID;
-    game.GAME_NAME = "Sunday game";
-    game.GAME_DATE = "09/03/2026";
-    game.GAME_OPPONENTS_EMAIL = host ? "bernd@example.org" : "anna@example.org";
-    game.GAME_WHITE_NAME = host ? "" : "Anna";
-    game.GAME_BLACK_NAME = "Bernd";
-    game.GAME_HOST = host;
-    game.GAME_OPPONENTS_NAME = host ? "Bernd" : "Anna";
-    game.GAME_STATUS = store::WaitingForOpponent;
-    return game;
+  static store::GameRecord AnnasGame(std::int32_t opponentsID = 0) {
+    return {7,
+            "090320260805",
+            opponentsID,
+            "Sunday game",
+            "09/03/2026",
+            "bernd@example.org",
+            "",
+            "Bernd",
+            true,
+            "Bernd",
+            2,
+            false,
+            ""};
   }
-
+  static store::GameRecord BerndsGame() {
+    return {
+        12,    "090320260805", 7, "Sunday game", "09/03/2026", "anna@example.org", "Anna", "Bernd",
+        false, "Anna",         2, false,         ";;;;;;;"};
+  }
   static store::MoveRecords Moves(int count) {
-    const store::MoveRecords all = {{1, "5254", "e4", "Good luck!"},
-                                    {2, "5755", "e5", ""},
-                                    {3, "7163", "Nf3", "für dich"},
-                                    {4, "2836", "Nc6", ""}};
+    const store::MoveRecords all = {
+        {1, "5254", "e4", "Good luck!"}, {2, "5755", "e5", ""}, {3, "7163", "Nf3", "für dich"}};
     return {all.begin(), all.begin() + count};
   }
 
-  static std::string FromHost(int moves, std::int32_t opponentsID = 0) {
-    return BuildMailBody(Game(true, hostsID, opponentsID), Moves(moves));
+  static std::string FromAnna(int moves, std::int32_t berndsID = 0) {
+    return BuildMailBody(AnnasGame(berndsID), Moves(moves));
   }
-  static std::string FromGuest(int moves) {
-    return BuildMailBody(Game(false, guestsID, hostsID), Moves(moves));
-  }
+  static std::string FromBernd(int moves) { return BuildMailBody(BerndsGame(), Moves(moves)); }
 
   static void Store(store::GameRecord game, int moves) {
     ASSERT_TRUE(store::SaveGame(game, Moves(moves)));
   }
-
-  static store::GameRecords Stored() {
-    store::GameRecords games;
-    EXPECT_TRUE(store::SelectGames(games, "", "Game_ID;A"));
-    return games;
+  /// A line of the game file.
+  static std::string Line(const std::string& thirteenFields, int moves) {
+    std::string line = thirteenFields;
+    for (const store::MoveRecord& move : Moves(moves)) {
+      line += "|" + std::to_string(move.MoveNumber) + "|" + move.MoveCoordinates + "|" +
+              move.MoveText + "|" + move.MoveComment;
+    }
+    return line + "\r\n";
   }
-  static std::size_t StoredMoves(std::int32_t id) {
-    store::MoveRecords moves;
-    EXPECT_TRUE(store::SelectMoves(moves, id));
-    return moves.size();
+  std::string& File(const std::string& name) { return desktop.files.content[folder + name]; }
+  std::string& GameFile() { return File("Tvgdb.dat"); }
+  bool IsThere(const std::string& name) const {
+    return desktop.files.content.contains(folder + name);
   }
 
   void Arrives(const std::string& body, const std::string& subject = "Tarvolenix : e4, Hi") {
-    desktop.mail.inbox.push_back({subject, body, "Anna or Bernd", "sender@example.org"});
+    desktop.mail.inbox.push_back({subject, body, "Sender", "sender@example.org"});
   }
 
-  void DamageStore() { desktop.files.content[databasePath] = "no number|\r\n"; }
-  void MakeFileFail(const std::string& path) { desktop.files.content.erase(path); }
-
-  std::string TitleShown() const { return desktop.LastMessage().first; }
-  std::string TextShown() const { return desktop.LastMessage().second; }
+  /// Forgets what the user was told, what was done and who was called.
+  void ForgetRecords() {
+    desktop.boxes.messages.clear();
+    desktop.sounds.played.clear();
+    desktop.boxes.statusTexts.clear();
+    desktop.hooksCalled.clear();
+    desktop.files.operations.clear();
+    desktop.settings.writes.clear();
+    desktop.mail.calls.clear();
+  }
+  /// The last message with icon, title, text, button and sound; empty where there was none.
+  std::string Told() const {
+    if (desktop.boxes.messages.empty()) return {};
+    const platform::Message& message = desktop.boxes.messages.back();
+    const std::string sound = desktop.sounds.played.empty() ? "" : desktop.sounds.played.back();
+    return std::to_string(message.icon) + " " + message.title + "\n" + message.text + "\n[" +
+           message.okCaption + "]" + message.cancelCaption + " " + sound;
+  }
+  /// Whether a retrieval or import came to its orderly end.
+  bool RanThrough() const {
+    return desktop.hooksCalled == std::vector<std::string>{"buildTrayGameMenu"};
+  }
 
   const std::string folder = "/program/Data/";
-  const std::string databasePath = folder + "Tvgdb.dat";
   fakes::FakeDesktop desktop;
 };
 

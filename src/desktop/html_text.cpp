@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/html_text.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <utility>
+
+namespace desktop {
+namespace {
+
+constexpr std::pair<std::string_view, std::string_view> namedReferences[] = {
+    {"lt", "<"}, {"gt", ">"}, {"amp", "&"}, {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
+
+constexpr std::string_view lineTags[] = {"br", "p",  "div", "tr", "li",  "h1",        "h2",
+                                         "h3", "h4", "h5",  "h6", "pre", "blockquote"};
+
+constexpr std::string_view blanks = " \t\r\n";
+
+bool IsBlank(char c) { return blanks.find(c) != std::string_view::npos; }
+
+std::string Utf8Of(unsigned code) {
+  if (code == 0xA0) return " ";
+  if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return {};
+  if (code < 0x80) return {static_cast<char>(code)};
+  std::string bytes;
+  int shift = code < 0x800 ? 6 : code < 0x10000 ? 12 : 18;
+  const unsigned lead = shift == 6 ? 0xC0 : shift == 12 ? 0xE0 : 0xF0;
+  bytes += static_cast<char>(lead | (code >> shift));
+  while (shift > 0) {
+    shift -= 6;
+    bytes += static_cast<char>(0x80 | ((code >> shift) & 0x3F));
+  }
+  return bytes;
+}
+
+/// The text of a reference without its "&" and ";"; empty where it is none.
+std::string ReferencedText(std::string_view reference) {
+  for (const auto& [name, text] : namedReferences) {
+    if (reference == name) return std::string(text);
+  }
+  if (!reference.starts_with('#')) return {};
+  reference.remove_prefix(1);
+  const bool hex = reference.starts_with('x') || reference.starts_with('X');
+  if (hex) reference.remove_prefix(1);
+  unsigned code = 0;
+  const char* end = reference.data() + reference.size();
+  const auto parsed = std::from_chars(reference.data(), end, code, hex ? 16 : 10);
+  return parsed.ec == std::errc{} && parsed.ptr == end ? Utf8Of(code) : std::string{};
+}
+
+/// A cursor over the document; `text` grows as it moves on.
+struct HtmlWalk {
+  std::string_view rest;
+  std::string lowered;  ///< the document in lower case, for the search of closing tags
+  std::string text;
+  bool preformatted = false;
+
+  explicit HtmlWalk(std::string_view html) : rest(html), lowered(html) {
+    std::transform(lowered.begin(), lowered.end(), lowered.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  }
+
+  std::string_view LoweredRest() const {
+    return std::string_view(lowered).substr(lowered.size() - rest.size());
+  }
+
+  void SkipBehind(std::string_view end) {
+    const auto found = LoweredRest().find(end);
+    rest.remove_prefix(found == std::string_view::npos ? rest.size() : found + end.size());
+  }
+
+  void TakeTag() {
+    if (rest.starts_with("<!--")) return SkipBehind("-->");
+    std::string_view name = LoweredRest().substr(1);
+    if (name.starts_with('/')) name.remove_prefix(1);
+    name = name.substr(0, std::min(name.find_first_of(" \t\r\n/>"), name.size()));
+    const bool closing = rest.starts_with("</");
+    const bool hidden = !closing && (name == "script" || name == "style" || name == "title");
+    if (hidden) SkipBehind("</" + std::string(name));
+    SkipBehind(">");
+    if (name == "pre") preformatted = !closing;
+    if (std::find(std::begin(lineTags), std::end(lineTags), name) != std::end(lineTags)) {
+      if (name == "br" || (!text.empty() && !text.ends_with('\n'))) text += "\r\n";
+    }
+  }
+
+  void TakeReference() {
+    const auto end = rest.substr(0, 12).find(';');
+    const std::string meant =
+        end == std::string_view::npos ? std::string{} : ReferencedText(rest.substr(1, end - 1));
+    text += meant.empty() ? "&" : meant;
+    rest.remove_prefix(meant.empty() ? 1 : end + 1);
+  }
+
+  void TakeBlanks() {
+    const std::string_view run = rest.substr(0, rest.find_first_not_of(blanks));
+    rest.remove_prefix(run.size());
+    if (preformatted) {
+      text += run;
+    } else if (!text.empty() && !IsBlank(text.back())) {
+      text += ' ';
+    }
+  }
+};
+
+/// "<" followed by anything else stands for itself.
+bool BeginsTag(std::string_view rest) {
+  if (rest.size() < 2 || rest[0] != '<') return false;
+  return std::isalpha(static_cast<unsigned char>(rest[1])) || rest[1] == '/' || rest[1] == '!' ||
+         rest[1] == '?';
+}
+
+}  // namespace
+
+std::string HtmlToText(std::string_view html) {
+  HtmlWalk walk(html);
+  while (!walk.rest.empty()) {
+    const char c = walk.rest.front();
+    if (BeginsTag(walk.rest)) {
+      walk.TakeTag();
+    } else if (c == '&') {
+      walk.TakeReference();
+    } else if (IsBlank(c)) {
+      walk.TakeBlanks();
+    } else {
+      walk.text += c;
+      walk.rest.remove_prefix(1);
+    }
+  }
+  return std::move(walk.text);
+}
+
+}  // namespace desktop

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/mail_account.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include "desktop/folders.h"
+#include "platform/conversions.h"
+#include "platform/registry.h"
+
+namespace desktop {
+namespace {
+
+struct TextField {
+  const char* name;
+  std::string MailAccount::*member;
+  bool network;  ///< means nothing to the local post office
+};
+
+constexpr TextField textFields[] = {
+    {"MailKind", &MailAccount::MailKind, false},
+    {"MyName", &MailAccount::MyName, false},
+    {"MyAddress", &MailAccount::MyAddress, false},
+    {"PostFolder", &MailAccount::PostFolder, false},
+    {"ImapHost", &MailAccount::ImapHost, true},
+    {"ImapSecurity", &MailAccount::ImapSecurity, true},
+    {"SmtpHost", &MailAccount::SmtpHost, true},
+    {"SmtpSecurity", &MailAccount::SmtpSecurity, true},
+    {"UserName", &MailAccount::UserName, true},
+};
+
+struct PortField {
+  const char* name;
+  int MailAccount::*member;
+};
+
+constexpr PortField portFields[] = {
+    {"ImapPort", &MailAccount::ImapPort},
+    {"SmtpPort", &MailAccount::SmtpPort},
+};
+
+std::string LoginName() {
+  const passwd* user = ::getpwuid(::getuid());
+  return user && user->pw_name && *user->pw_name ? user->pw_name : "player";
+}
+
+}  // namespace
+
+MailAccount LoadMailAccount() {
+  MailAccount account;
+  account.PostFolder = DefaultPostFolder();
+  for (const auto& [name, member, network] : textFields) {
+    account.*member =
+        platform::ReturnValue(platform::ReadRegistry(platform::mailSection, name), account.*member);
+  }
+  for (const auto& [name, member] : portFields) {
+    const auto stored = platform::ReadRegistry(platform::mailSection, name);
+    const auto port = stored ? platform::ToInteger32(*stored) : std::nullopt;
+    if (port && *port > 0 && *port < 65536) account.*member = *port;
+  }
+  if (!account.PostFolder.ends_with('/')) account.PostFolder += '/';
+  return account;
+}
+
+MailAccount WithLoginName(MailAccount account) {
+  if (account.MyName.empty()) account.MyName = LoginName();
+  if (account.MyAddress.empty()) account.MyAddress = LoginName() + "@localhost";
+  return account;
+}
+
+bool SaveMailAccount(const MailAccount& account) {
+  const bool post = account.MailKind == "Post";
+  bool stored = true;
+  for (const auto& [name, member, network] : textFields) {
+    if (post && network) continue;
+    stored &= platform::WriteRegistry(platform::mailSection, name, account.*member, true);
+  }
+  for (const auto& [name, member] : portFields) {
+    if (post) continue;
+    stored &= platform::WriteRegistry(platform::mailSection, name, std::to_string(account.*member));
+  }
+  return stored;
+}
+
+}  // namespace desktop

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/mail_service.h"
+
+#include <atomic>
+#include <exception>
+#include <utility>
+
+#include "desktop/mail_text.h"
+#include "desktop/post_office.h"
+
+namespace desktop {
+namespace {
+
+using platform::MailError;
+
+/// Runs `work`; whatever it raises becomes the one exception that callers know.
+template <typename Work>
+void RaisingMailErrors(const Work& work) {
+  try {
+    work();
+  } catch (const MailError&) {
+    throw;
+  } catch (const std::exception& error) {
+    throw MailError(error.what());
+  }
+}
+
+/// What leaves the service, whatever the transport found.
+std::vector<FetchedMail> HandedOut(std::vector<FetchedMail> mails) {
+  for (FetchedMail& mail : mails) {
+    for (std::string* text : {&mail.subject, &mail.name, &mail.address}) {
+      *text = WithoutReserved(*text);
+    }
+  }
+  return mails;
+}
+
+}  // namespace
+
+std::unique_ptr<MailTransport> MakeMailTransport(const MailAccount& account) {
+  if (account.MailKind == "Post") return std::make_unique<PostOffice>(account);
+  throw MailError("unknown kind of mail account: " + account.MailKind);
+}
+
+/// A look at the Inbox that is under way or has been taken. The mail thread fills it before `done`
+/// is set, the window's thread reads it behind that.
+struct MailService::Listing {
+  bool unreadOnly;
+  long changes;  ///< marks and deletions that were ahead of it
+  std::vector<FetchedMail> mails;
+  std::exception_ptr failure;
+  std::atomic<bool> done = false;
+};
+
+MailService::MailService(platform::Events& events, AskAccount ask, MakeTransport make)
+    : events_(events), ask_(std::move(ask)), make_(std::move(make)), thread_(events) {}
+
+MailAccount MailService::Account() {
+  const MailAccount stored = LoadMailAccount();
+  if (!stored.MyAddress.empty()) return stored;
+  const MailAccount suggestion = WithLoginName(stored);
+  const auto account = ask_ ? ask_(suggestion) : suggestion;
+  if (!account) throw MailError("no mail account");
+  SaveMailAccount(*account);
+  return *account;
+}
+
+void MailService::SignOn() {
+  if (session_ != 0) return;
+  RaisingMailErrors([this] {
+    account_ = Account();
+    const std::shared_ptr<MailTransport> transport = make_(account_);
+    thread_.Run([transport] { transport->Open(); });
+    transport_ = transport;
+    session_ = ++lastSession_;
+  });
+}
+
+void MailService::SignOff() {
+  if (session_ == 0) return;
+  session_ = 0;
+  prefetched_.reset();
+  set_.clear();
+  const auto transport = std::exchange(transport_, nullptr);
+  for (const auto& work : {std::function<void()>([this] { thread_.Flush(); }),
+                           std::function<void()>([this, &transport] {
+                             thread_.Run([transport] { transport->Close(); });
+                           })}) {
+    try {
+      work();
+    } catch (const std::exception&) {
+      // the session ends in any case
+    }
+  }
+}
+
+void MailService::RequireSession() const {
+  if (session_ == 0) throw MailError("not signed on");
+}
+
+std::shared_ptr<MailService::Listing> MailService::List() {
+  const auto listing = std::make_shared<Listing>();
+  listing->unreadOnly = unreadOnly_;
+  listing->changes = changes_;
+  if (!transport_) {
+    listing->failure = std::make_exception_ptr(MailError("not signed on"));
+    listing->done = true;
+    return listing;
+  }
+  thread_.Post([listing, transport = transport_, &events = events_] {
+    try {
+      listing->mails = HandedOut(transport->List(listing->unreadOnly));
+    } catch (...) {
+      listing->failure = std::current_exception();
+    }
+    listing->done = true;
+    events.Wake();
+  });
+  return listing;
+}
+
+void MailService::Prefetch(std::function<void()> ready) {
+  const bool underWay = prefetched_ && !prefetched_->done &&
+                        prefetched_->unreadOnly == unreadOnly_ && prefetched_->changes == changes_;
+  if (!underWay) prefetched_ = List();
+  // Behind the look in the queue, so it is done by then.
+  thread_.Post([ready = std::move(ready), &events = events_] { events.Post(ready); });
+}
+
+void MailService::Fetch() {
+  set_.clear();
+  index_ = 0;
+  // A set that was looked up ahead of a mark or a deletion would bring them back.
+  auto listing = std::exchange(prefetched_, nullptr);
+  if (!listing || listing->unreadOnly != unreadOnly_ || listing->changes != changes_) {
+    listing = List();
+  }
+  RaisingMailErrors([this, &listing] {
+    events_.RunUntil([&listing] { return listing->done.load(); });
+    if (listing->failure) std::rethrow_exception(listing->failure);
+  });
+  set_ = std::move(listing->mails);
+}
+
+FetchedMail& MailService::Current() {
+  if (index_ < 0 || index_ >= MsgCount()) throw MailError("no such message");
+  return set_[static_cast<std::size_t>(index_)];
+}
+
+std::string MailService::MsgSubject() { return index_ < 0 ? outgoing_.subject : Current().subject; }
+
+std::string MailService::MsgNoteText() {
+  if (index_ < 0) return outgoing_.text;
+  FetchedMail& mail = Current();
+  if (!mail.read) {
+    RequireSession();
+    mail.read = true;
+    ++changes_;
+    thread_.Post([transport = transport_, id = mail.id] { transport->MarkRead(id); });
+  }
+  return mail.text;
+}
+
+std::string MailService::MsgOrigDisplayName() { return Current().name; }
+
+std::string MailService::MsgOrigAddress() { return Current().address; }
+
+Mailbox& MailService::Recipient() {
+  if (recipient_ < 0 || recipient_ >= RecipCount()) throw MailError("no such recipient");
+  return outgoing_.to[static_cast<std::size_t>(recipient_)];
+}
+
+Mailbox& MailService::MadeRecipient() {
+  if (recipient_ < 0 || recipient_ >= RecipCount()) {
+    recipient_ = RecipCount();
+    outgoing_.to.emplace_back();
+  }
+  return Recipient();
+}
+
+void MailService::Delete() {
+  const std::string id = Current().id;
+  RequireSession();
+  set_.erase(set_.begin() + index_);
+  ++changes_;
+  thread_.Post([transport = transport_, id] { transport->Remove(id); });
+}
+
+void MailService::DeleteRecipient() {
+  Recipient();
+  outgoing_.to.erase(outgoing_.to.begin() + recipient_);
+}
+
+void MailService::Flush() {
+  RaisingMailErrors([this] { thread_.Flush(); });
+}
+
+void MailService::Send() {
+  RequireSession();
+  if (outgoing_.to.empty()) throw MailError("no recipient");
+  OutgoingMail mail = outgoing_;
+  mail.from = {account_.MyName, account_.MyAddress};
+  RaisingMailErrors(
+      [this, &mail] { thread_.Run([transport = transport_, mail] { transport->Send(mail); }); });
+}
+
+}  // namespace desktop

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's mail session and messages over one transport. The transport works on a thread of
+// its own; this class belongs to the window's thread, keeps the fetched set in memory there, and
+// hands values only from one to the other.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desktop/mail_account.h"
+#include "desktop/mail_thread.h"
+#include "desktop/mail_transport.h"
+#include "platform/events.h"
+#include "platform/mail_client.h"
+
+namespace desktop {
+
+class MailService : public platform::MAPISession, public platform::MAPIMessages {
+ public:
+  /// Asks the user for his account, given a suggestion; nothing where he cancels.
+  using AskAccount = std::function<std::optional<MailAccount>(const MailAccount& suggestion)>;
+  using MakeTransport = std::function<std::unique_ptr<MailTransport>(const MailAccount& account)>;
+
+  /// Without `ask` the suggestion is taken unasked. `events` must outlive the service.
+  explicit MailService(platform::Events& events, AskAccount ask = {},
+                       MakeTransport make = MakeMailTransport);
+
+  // The session.
+  void SignOn() override;
+  void SignOff() override;
+
+  // Of both: there is one session, so a message set that was told of it has its number.
+  long SessionID() override { return session_; }
+
+  // The messages.
+  void SessionID(long) override {}
+  void FetchUnreadOnly(bool unreadOnly) override { unreadOnly_ = unreadOnly; }
+  void Prefetch(std::function<void()> ready) override;
+  void Fetch() override;
+  int MsgCount() override { return static_cast<int>(set_.size()); }
+  void MsgIndex(int index) override { index_ = index; }
+  std::string MsgSubject() override;
+  void MsgSubject(const std::string& subject) override { outgoing_.subject = subject; }
+  std::string MsgNoteText() override;
+  void MsgNoteText(const std::string& text) override { outgoing_.text = text; }
+  std::string MsgOrigDisplayName() override;
+  std::string MsgOrigAddress() override;
+  int RecipCount() override { return static_cast<int>(outgoing_.to.size()); }
+  void RecipIndex(int index) override { recipient_ = index; }
+  std::string RecipAddress() override { return Recipient().address; }
+  void RecipAddress(const std::string& address) override { MadeRecipient().address = address; }
+  std::string RecipDisplayName() override { return Recipient().name; }
+  void RecipDisplayName(const std::string& name) override { MadeRecipient().name = name; }
+  void RecipType(int) override {}  // there are no others than "to"
+  void Delete() override;
+  void DeleteRecipient() override;
+  void Flush() override;
+  void Send() override;
+
+ private:
+  struct Listing;
+
+  MailAccount Account();
+  std::shared_ptr<Listing> List();
+  void RequireSession() const;
+  FetchedMail& Current();
+  Mailbox& Recipient();
+  Mailbox& MadeRecipient();
+
+  platform::Events& events_;
+  AskAccount ask_;
+  MakeTransport make_;
+
+  MailAccount account_;
+  std::shared_ptr<MailTransport> transport_;  // used on the mail thread only
+  long session_ = 0;                          // 0 while not signed on
+  long lastSession_ = 0;
+
+  bool unreadOnly_ = false;
+  std::vector<FetchedMail> set_;
+  int index_ = 0;
+  long changes_ = 0;                     // marks and deletions so far
+  std::shared_ptr<Listing> prefetched_;  // what the next Fetch takes
+
+  OutgoingMail outgoing_;
+  int recipient_ = 0;
+
+  MailThread thread_;  // the last member: it stops before anything that its work uses goes
+};
+
+}  // namespace desktop

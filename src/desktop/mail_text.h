@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One mail as the bytes that travel, and as the program sees it. Whatever comes from outside is
+// read as real MIME (any charset, quoted-printable, base64, multipart, HTML) and handed on as
+// UTF-8; what goes out is plain text whose names and subject can't become a header of their own.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "desktop/mail_transport.h"
+
+namespace desktop {
+
+/// How the subject of every mail of the program begins.
+inline constexpr std::string_view subjectPrefix = "Tarvolenix :";
+
+/// More than this is never read of one mail.
+inline constexpr std::size_t greatestMail = 8u << 20;
+
+/// A header beyond this is no header of ours.
+inline constexpr std::size_t greatestHeader = 64u << 10;
+
+/// Each control character and "|" turned to a blank: such a character would damage a game for good.
+std::string WithoutReserved(std::string_view text);
+
+/// Whether a text can stand as an address in a header: something, an "@", something, and nothing
+/// that has a meaning of its own there.
+bool IsMailAddress(std::string_view text);
+
+/// The mail's bytes, with CR LF line ends. Raises MailError for an address that is none.
+std::string ComposeMail(const OutgoingMail& mail);
+
+/// The decoded subject of a mail of which at least the header is given; blank where it has none.
+std::string SubjectOf(std::string_view bytes);
+
+/// Subject, sender and text of a whole mail. The text keeps the mail's line ends. Raises MailError
+/// for a mail that is built to be expensive.
+FetchedMail ParseMail(const std::string& bytes);
+
+}  // namespace desktop

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The way to one mail store and out of it, as the mail service needs it. A transport lives on the
+// service's own thread and may take its time there. Every failure raises an exception. Where a
+// connection has been lost, the next operation makes it anew or raises.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/mail_account.h"
+
+namespace desktop {
+
+struct Mailbox {
+  std::string name;
+  std::string address;
+};
+
+struct FetchedMail {
+  std::string id;  ///< finds the mail in its store, whatever happens to the others
+  std::string subject;
+  std::string name;     ///< the sender's
+  std::string address;  ///< the sender's
+  std::string text;     ///< plain text, UTF-8
+  bool read = false;
+};
+
+struct OutgoingMail {
+  Mailbox from;
+  std::vector<Mailbox> to;
+  std::string subject;
+  std::string text;
+};
+
+class MailTransport {
+ public:
+  virtual ~MailTransport() = default;
+
+  virtual void Open() = 0;
+
+  /// The Inbox's mails whose subject begins with the program's prefix, in the order of arrival.
+  /// Changes no marks.
+  virtual std::vector<FetchedMail> List(bool unreadOnly) = 0;
+
+  /// Both are satisfied with a mail that is no longer there.
+  virtual void MarkRead(const std::string& id) = 0;
+  virtual void Remove(const std::string& id) = 0;
+
+  /// Returns when the next hop has accepted the mail for all recipients.
+  virtual void Send(const OutgoingMail& mail) = 0;
+
+  virtual void Close() = 0;
+};
+
+/// The transport of an account's kind. Raises MailError where there is none.
+std::unique_ptr<MailTransport> MakeMailTransport(const MailAccount& account);
+
+}  // namespace desktop

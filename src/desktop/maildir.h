@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One mailbox as a folder that many programs may use at once, without locks: a mail is one file. It
+// is written in "tmp", appears in "new" by a rename when it is complete, and moves to "cur" once a
+// reader has marked it; its marks stand behind ":2," in its name. What stands before ":" is the
+// unique name, which never changes and is the mail's identifier here. Files that are no mail of
+// ours, whatever they are, are left alone.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "desktop/mail_transport.h"
+
+namespace desktop {
+
+class Maildir {
+ public:
+  /// `folder` ends in "/".
+  explicit Maildir(std::string folder) : folder_(std::move(folder)) {}
+
+  /// Makes the box where it isn't there, with the permissions of the folder above it, so that in a
+  /// shared folder everybody can deliver and in a private one nobody else can read.
+  void Create() const;
+
+  /// Returns when the mail is on the disk.
+  void Deliver(std::string_view bytes) const;
+
+  std::vector<FetchedMail> List(bool unreadOnly);
+  void MarkRead(const std::string& id) const;
+  void Remove(const std::string& id) const;
+
+ private:
+  struct Entry {
+    std::string path;
+    std::string id;
+    std::string flags;
+    bool isNew = false;
+
+    bool IsRead() const { return !isNew && flags.find('S') != std::string::npos; }
+    bool IsTrashed() const { return flags.find('T') != std::string::npos; }
+  };
+
+  std::vector<Entry> Entries() const;
+  std::optional<Entry> Find(const std::string& id) const;
+  std::optional<FetchedMail> Read(const Entry& entry);
+
+  std::string folder_;
+  std::unordered_set<std::string> foreign_;  // mails found to be none of ours: not looked at again
+};
+
+}  // namespace desktop

@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The console companion as a script sees it: a process with arguments, standard input, JSON lines
+// and an exit code. Players live in temporary folders with a settings file and a post office of
+// their own.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Answer {
+  int exitCode = -1;
+  std::string out;
+  std::string err;
+};
+
+std::string Slurp(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+void Spill(const fs::path& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string ShellQuoted(const std::string& text) {
+  std::string quoted = "'";
+  for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + "'";
+}
+
+class CliTest : public testing::Test {
+ protected:
+  CliTest() {
+    std::string name = (fs::temp_directory_path() / "tarvolenix-cli-XXXXXX").string();
+    root_ = mkdtemp(name.data());
+    for (const std::string player : {"anna", "bob"}) {
+      fs::create_directories(root_ / player / "Data");
+      Spill(root_ / player / "Tarvolenix.conf",
+            "[Mail]\nMailKind=Post\nMyName=" + player + "\nMyAddress=" + player +
+                "@example.org\nPostFolder=" + (root_ / "post").string() + "/\n");
+    }
+  }
+  ~CliTest() override { fs::remove_all(root_); }
+
+  /// Runs the companion without a folder of its own.
+  Answer Run(const std::vector<std::string>& arguments, const std::string& input = {}) {
+    Spill(root_ / "in", input);
+    std::string command = TARVOLENIX_CLI;
+    for (const std::string& argument : arguments) command += ' ' + ShellQuoted(argument);
+    const auto path = [&](const char* name) { return ShellQuoted((root_ / name).string()); };
+    command += " <" + path("in") + " >" + path("out") + " 2>" + path("err");
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), Slurp(root_ / "out"), Slurp(root_ / "err")};
+  }
+
+  Answer As(const std::string& player, std::vector<std::string> arguments,
+            const std::string& input = {}) {
+    const std::vector<std::string> folder = {"--folder", (root_ / player).string()};
+    arguments.insert(arguments.begin(), folder.begin(), folder.end());
+    return Run(arguments, input);
+  }
+
+  Answer AnnaStartsGame() {
+    return As("anna", {"new", "--name", "Autumn", "--opponent", "Bob", "--email", "bob@example.org",
+                       "--move", "5254", "--comment", "Grüße", "--send"});
+  }
+
+  fs::path root_;
+};
+
+struct UsageCase {
+  const char* name;
+  std::vector<std::string> arguments;
+};
+
+TEST_F(CliTest, WrongUsageExitsWith2AndOneSentence) {
+  const UsageCase cases[] = {
+      {"no verb", {}},
+      {"unknown verb", {"castle"}},
+      {"unknown option", {"games", "--all"}},
+      {"option without its value", {"games", "--select"}},
+      {"option given twice", {"games", "--sort", "Game_ID;A", "--sort", "Game_ID;D"}},
+      {"required option missing", {"new", "--name", "T", "--opponent", "N", "--move", "5254"}},
+      {"argument missing", {"moves"}},
+      {"argument too many", {"backup", "now"}},
+      {"identifier that is no number", {"moves", "one"}},
+      {"depth that is no number", {"perft", "-1"}},
+      {"folder option without a folder", {"--folder"}},
+  };
+  for (const UsageCase& row : cases) {
+    SCOPED_TRACE(row.name);
+    const Answer answer = Run(row.arguments);
+    EXPECT_EQ(answer.exitCode, 2);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(std::count(answer.err.begin(), answer.err.end(), '\n'), 1);
+  }
+}
+
+TEST_F(CliTest, HelpAndVersion) {
+  EXPECT_NE(Run({"--help"}).out.find("retrieve [--all]"), std::string::npos);
+  EXPECT_NE(Run({"new", "--help"}).out.find("--opponent N"), std::string::npos);
+  EXPECT_EQ(Run({"--version"}).out, "tarvolenix-cli 3.0.0\n");
+}
+
+TEST_F(CliTest, ReplayTellsEachMoveAndStopsAtTheFirstRefusal) {
+  const Answer answer = As("anna", {"replay"},
+                           "moves=6263 5755 7274 4884\n"
+                           "board= moves=5254 2826\n"
+                           "moves=5254 5457\n"
+                           "moves=5254 xyz\n");
+  EXPECT_EQ(answer.exitCode, 0);
+  std::istringstream lines(answer.out);
+  std::string line;
+  std::getline(lines, line);
+  EXPECT_TRUE(line.ends_with(
+      R"({"move":"4884","ok":true,"text":"Qh4++","check":0,"mate":true,"drawn":false,"messages":[]}],)"
+      R"("board":"0102030405030201;0606060606000006;0000000000060000;0000000000000610;)"
+      R"(0000000012000000;0000000000000000;1212121200121212;0708090011090807","castle":"000000"})"))
+      << line;
+  std::getline(lines, line);
+  EXPECT_NE(
+      line.find(R"({"move":"2826","ok":false,"messages":[["Although the Knights path does not )"
+                R"(have to be unobstructed, it can only move in L shaped moves; two along and )"
+                R"(one to the side.","Illegal move"]]}])"),
+      std::string::npos)
+      << line;
+  std::getline(lines, line);
+  EXPECT_NE(line.find(R"({"move":"5457","ok":false,"messages":[["That is not one of your pieces!",)"
+                      R"("Illegal move"]]}])"),
+            std::string::npos)
+      << line;
+  std::getline(lines, line);
+  EXPECT_NE(line.find(R"({"move":"xyz","ok":false,"messages":[["A move is written)"),
+            std::string::npos)
+      << line;
+}
+
+TEST_F(CliTest, PromotionsWantTheirLetterAndOnlyTheyDo) {
+  // A white pawn on the seventh row, kings far off.
+  const std::string board =
+      "board=0000000005000000;0000000000000000;0000000000000000;0000000000000000;"
+      "0000000000000000;0000000000000000;0600000000000000;0000000000001100 moves=";
+  struct Row {
+    const char* move;
+    const char* expected;
+  };
+  const Row rows[] = {{"1718=N", R"("ok":true,"text":"a8=N 1/2-1/2")"},
+                      {"1718=Q", R"("ok":true,"text":"a8=Q+")"},
+                      {"1718", R"("ok":false,"messages":[["A pawn that reaches)"},
+                      {"1718=K", R"("ok":false,"messages":[["A move is written)"},
+                      {"5152=Q", R"("ok":false,"messages":[["That move is no promotion.)"}};
+  for (const Row& row : rows) {
+    EXPECT_NE(As("anna", {"replay"}, board + row.move + "\n").out.find(row.expected),
+              std::string::npos)
+        << row.move;
+  }
+}
+
+TEST_F(CliTest, LegalAndPerftStartFromThePositionsOfStandardInput) {
+  EXPECT_EQ(As("anna", {"legal"}, "moves=6263 5755 7274 4884\n").out,
+            "{\"side\":0,\"moves\":[]}\n");
+  EXPECT_EQ(As("anna", {"legal"}, "moves=5254\n").out.substr(0, 32),
+            "{\"side\":1,\"moves\":[\"1716\",\"1715\"");
+  EXPECT_EQ(As("anna", {"perft", "3"}).out, "{\"nodes\":8902}\n");
+  EXPECT_EQ(As("anna", {"perft", "1"}, "moves=5254\nmoves=5254 5755\n").out,
+            "{\"nodes\":20}\n{\"nodes\":29}\n");
+  const Answer refused = As("anna", {"legal"}, "moves=5255\n");
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_NE(refused.err.find("5255"), std::string::npos);
+}
+
+TEST_F(CliTest, AGameTravelsBetweenTwoPlayersByMail) {
+  EXPECT_EQ(AnnaStartsGame().out, "{\"game\":1,\"text\":\"e4\",\"status\":2}\n");
+  EXPECT_EQ(
+      As("bob", {"retrieve"}).out,
+      "{\"game\":1,\"changed\":true,\"ok\":true,\"stage\":0,\"from\":\"anna@example.org\"}\n");
+  EXPECT_EQ(As("bob", {"retrieve", "--all"}).out, "");
+  EXPECT_EQ(As("bob", {"moves", "1"}).out,
+            "{\"MoveNumber\":1,\"MoveCoordinates\":\"5254\",\"MoveText\":\"e4\","
+            "\"MoveComment\":\"Grüße\"}\n");
+  const Answer refused = As("bob", {"move", "1", "5253"});
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_EQ(refused.out.substr(0, 22), "{\"game\":1,\"ok\":false,\"");
+  EXPECT_EQ(As("bob", {"move", "1", "5755", "--send"}).out,
+            "{\"game\":1,\"ok\":true,\"text\":\"e5\",\"status\":2,\"messages\":[]}\n");
+  EXPECT_EQ(As("anna", {"retrieve"}).exitCode, 0);
+  const std::string shown = As("anna", {"show", "1"}).out;
+  EXPECT_EQ(shown.substr(0, 42), R"({"game":1,"white":"anna","black":"Bob","bo)") << shown;
+  EXPECT_TRUE(shown.ends_with(R"("toMove":0,"mine":true,"status":1,"check":-1,"mate":false,)"
+                              R"("drawn":false,"surrendered":false,"drawOffered":false,"moves":2})"
+                              "\n"))
+      << shown;
+  EXPECT_NE(As("anna", {"show", "1", "--text"}).out.find(" 4  . . . . P . . ."), std::string::npos);
+  EXPECT_EQ(As("bob", {"send", "1"}).out, "{\"game\":1,\"ok\":true,\"to\":\"anna@example.org\"}\n");
+  EXPECT_NE(As("anna", {"retrieve"}).out.find("\"changed\":false"), std::string::npos);
+}
+
+TEST_F(CliTest, AGameTravelsAsAMoveFile) {
+  AnnaStartsGame();
+  EXPECT_EQ(As("anna", {"export", "1"}).out, "{\"file\":\"Cmove1.txt\"}\n");
+  const std::string file = (root_ / "anna/Data/Cmove1.txt").string();
+  EXPECT_EQ(As("bob", {"check", file}).out,
+            "{\"file\":\"" + file + "\",\"ok\":true,\"stage\":0}\n");
+  const std::string imported = "{\"file\":\"" + file + "\",\"ok\":true,\"game\":1,\"changed\":";
+  EXPECT_EQ(As("bob", {"import", file}).out, imported + "true,\"stage\":0}\n");
+  EXPECT_EQ(As("bob", {"import", file}).out, imported + "false,\"stage\":0}\n");
+  EXPECT_TRUE(fs::exists(file));
+  Spill(root_ / "rubbish.txt", "<<TARVOLENIX:1|2|3:TARVOLENIX>>");
+  const Answer bad = As("bob", {"import", (root_ / "rubbish.txt").string()});
+  EXPECT_EQ(bad.exitCode, 1);
+  EXPECT_NE(bad.out.find("\"ok\":false,\"game\":null,\"changed\":false,\"stage\":1}"),
+            std::string::npos)
+      << bad.out;
+  EXPECT_NE(bad.err.find("failed validation"), std::string::npos);
+  EXPECT_EQ(As("bob", {"check", (root_ / "nowhere.txt").string()}).exitCode, 1);
+}
+
+TEST_F(CliTest, GamesAreSelectedSortedAndRemoved) {
+  for (const std::string name : {"b", "a", "c"}) {
+    As("anna", {"new", "--name", name, "--opponent", "Bob", "--email", "bob@example.org", "--move",
+                "5254"});
+  }
+  const std::string sorted = As("anna", {"games", "--sort", "Game_name;D"}).out;
+  EXPECT_LT(sorted.find("\"c\""), sorted.find("\"b\""));
+  EXPECT_LT(sorted.find("\"b\""), sorted.find("\"a\""));
+  const std::string one = As("anna", {"games", "--select", "Game_ID;2"}).out;
+  EXPECT_TRUE(one.starts_with("{\"GAME_ID\":2,\"GAME_DATESTAMP\":\"")) << one;
+  EXPECT_NE(one.find("\"GAME_HOST\":true,\"GAME_OPPONENTS_NAME\":\"Bob\",\"GAME_STATUS\":2,"
+                     "\"GAME_VS_COMPUTER\":false,\"GAME_START_BOARD\":\"0102030405030201;"),
+            std::string::npos)
+      << one;
+  EXPECT_EQ(As("anna", {"games", "--select", "Game_ID;two"}).exitCode, 1);
+  EXPECT_EQ(As("anna", {"backup"}).out, "{\"ok\":true}\n");
+  EXPECT_EQ(As("anna", {"remove", "2"}).out, "{\"ok\":true}\n");
+  EXPECT_EQ(As("anna", {"games", "--select", "Game_ID;2"}).out, "");
+  EXPECT_EQ(As("anna", {"show", "2"}).exitCode, 1);
+}
+
+TEST_F(CliTest, TextsThatWouldDamageAGameAreRefused) {
+  struct Row {
+    const char* name;
+    std::vector<std::string> texts;  // name, opponent, e-mail, comment
+  };
+  const Row rows[] = {
+      {"field separator in the title", {"a|b", "Bob", "bob@example.org", ""}},
+      {"line break in the opponent's name", {"a", "Bob\nBcc: x", "bob@example.org", ""}},
+      {"marker in the comment", {"a", "Bob", "bob@example.org", "x:TARVOLENIX>>"}},
+      {"comment of 201 characters", {"a", "Bob", "bob@example.org", std::string(201, 'x')}},
+      {"no address", {"a", "Bob", "", ""}},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    const Answer answer =
+        As("anna", {"new", "--name", row.texts[0], "--opponent", row.texts[1], "--email",
+                    row.texts[2], "--move", "5254", "--comment", row.texts[3]});
+    EXPECT_EQ(answer.exitCode, 1);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_FALSE(fs::exists(root_ / "anna/Data/Tvgdb.dat"));
+  }
+}
+
+TEST_F(CliTest, ADamagedGameFileIsToldAndLeftAsItIs) {
+  AnnaStartsGame();
+  const fs::path file = root_ / "anna/Data/Tvgdb.dat";
+  const std::string damaged = Slurp(file) + "no game\r\n";
+  Spill(file, damaged);
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"games"}, {"show", "1"}, {"move", "1", "5254"}, {"remove", "1"}}) {
+    const Answer answer = As("anna", arguments);
+    EXPECT_EQ(answer.exitCode, 1) << arguments.front();
+    EXPECT_NE(answer.err, "") << arguments.front();
+  }
+  EXPECT_EQ(Slurp(file), damaged);
+}
+
+}  // namespace

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the program relies on in every mail service, asked of each kind in turn.
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+#include "mail_world.h"
+
+namespace {
+
+using platform::MailError;
+using Inbox = std::vector<StoredMail>;
+
+struct Kind {
+  const char* name;
+  std::unique_ptr<MailWorld> (*make)();
+};
+
+class MailContractTest : public testing::TestWithParam<Kind> {
+ protected:
+  void SignOn() {
+    session_.SignOn();
+    messages_.SessionID(session_.SessionID());
+  }
+
+  void Deliver(const std::string& subject, const std::string& text = "text") {
+    world_->Deliver({{"You", "you@localhost"}, {{userName, userAddress}}, subject, text});
+  }
+
+  void Fetch(bool unreadOnly) {
+    messages_.FetchUnreadOnly(unreadOnly);
+    messages_.Fetch();
+  }
+
+  /// The subjects of the set behind the prefix, in order.
+  std::string Subjects() {
+    std::string subjects;
+    for (int i = 0; i < messages_.MsgCount(); ++i) {
+      messages_.MsgIndex(i);
+      subjects += messages_.MsgSubject().substr(std::string("Tarvolenix : ").size()) + ' ';
+    }
+    return subjects;
+  }
+
+  std::string FetchedSubjects(bool unreadOnly) {
+    Fetch(unreadOnly);
+    return Subjects();
+  }
+
+  std::string TextOf(int index) {
+    messages_.MsgIndex(index);
+    return messages_.MsgNoteText();
+  }
+
+  void Compose(const std::string& name, const std::string& address, const std::string& subject,
+               const std::string& text) {
+    messages_.MsgIndex(-1);
+    while (messages_.RecipCount() > 0) {
+      messages_.RecipIndex(0);
+      messages_.DeleteRecipient();
+    }
+    messages_.RecipAddress(address);
+    messages_.RecipDisplayName(name);
+    messages_.RecipType(1);
+    messages_.MsgSubject(subject);
+    messages_.MsgNoteText(text);
+  }
+
+  std::unique_ptr<MailWorld> world_ = GetParam().make();
+  platform::MAPISession& session_ = world_->Session();
+  platform::MAPIMessages& messages_ = world_->Messages();
+};
+
+TEST_P(MailContractTest, SessionIsAboveZeroWhileSignedOn) {
+  EXPECT_EQ(session_.SessionID(), 0);
+  EXPECT_EQ(messages_.SessionID(), 0);
+  SignOn();
+  EXPECT_GT(session_.SessionID(), 0);
+  EXPECT_EQ(messages_.SessionID(), session_.SessionID());
+  session_.SignOn();
+  EXPECT_EQ(FetchedSubjects(false), "") << "an empty Inbox";
+  session_.SignOff();
+  session_.SignOff();
+  EXPECT_EQ(session_.SessionID(), 0);
+  EXPECT_EQ(messages_.SessionID(), 0);
+  EXPECT_THROW(messages_.Fetch(), MailError);
+  Compose("You", "you@localhost", "Tarvolenix : e4", "x");
+  EXPECT_THROW(messages_.Send(), MailError);
+  SignOn();
+  EXPECT_EQ(FetchedSubjects(false), "");
+}
+
+TEST_P(MailContractTest, OnlyReadingTheTextMarksAMailAndOnlyThatOne) {
+  Deliver("Tarvolenix : a");
+  Deliver("Hello");
+  Deliver("Tarvolenix : b");
+  Deliver("Tarvolenix : c");
+  SignOn();
+  EXPECT_EQ(FetchedSubjects(true), "a b c ");
+  messages_.MsgIndex(0);
+  EXPECT_EQ(messages_.MsgOrigDisplayName(), "You");
+  EXPECT_EQ(messages_.MsgOrigAddress(), "you@localhost");
+  messages_.Flush();
+  EXPECT_EQ(world_->Inbox(),
+            (Inbox{{"Tarvolenix : a"}, {"Hello"}, {"Tarvolenix : b"}, {"Tarvolenix : c"}}));
+
+  EXPECT_EQ(TextOf(1), "text");
+  EXPECT_EQ(Subjects(), "a b c ") << "a mark changes nothing of the set";
+  messages_.Flush();
+  EXPECT_EQ(world_->Inbox(),
+            (Inbox{{"Tarvolenix : a"}, {"Hello"}, {"Tarvolenix : b", true}, {"Tarvolenix : c"}}));
+  EXPECT_EQ(FetchedSubjects(true), "a c ");
+  EXPECT_EQ(FetchedSubjects(false), "a b c ");
+}
+
+TEST_P(MailContractTest, DeleteMovesTheFollowingDownAndIsFinal) {
+  for (const char* subject : {"Tarvolenix : a", "Hello", "Tarvolenix : b", "Tarvolenix : c"}) {
+    Deliver(subject);
+  }
+  SignOn();
+  Fetch(true);
+  messages_.MsgIndex(1);
+  messages_.Delete();
+  EXPECT_EQ(messages_.MsgCount(), 2);
+  EXPECT_EQ(messages_.MsgSubject(), "Tarvolenix : c") << "the index stays";
+  Deliver("Tarvolenix : d");
+  EXPECT_EQ(Subjects(), "a c ") << "what arrives during a walk waits for the next";
+  EXPECT_EQ(TextOf(0), "text");
+  messages_.Delete();
+  messages_.Flush();
+  EXPECT_EQ(world_->Inbox(), (Inbox{{"Hello"}, {"Tarvolenix : c"}, {"Tarvolenix : d"}}));
+  EXPECT_EQ(FetchedSubjects(false), "c d ");
+  for (int index : {2, 99}) {
+    messages_.MsgIndex(index);
+    EXPECT_THROW(messages_.MsgSubject(), MailError);
+    EXPECT_THROW(messages_.Delete(), MailError);
+  }
+  messages_.MsgIndex(-1);
+  EXPECT_THROW(messages_.Delete(), MailError);
+  EXPECT_THROW(messages_.MsgOrigAddress(), MailError);
+}
+
+TEST_P(MailContractTest, MarksAndDeletionsSurviveTheSession) {
+  Deliver("Tarvolenix : a");
+  Deliver("Tarvolenix : b");
+  SignOn();
+  Fetch(true);
+  TextOf(0);
+  messages_.MsgIndex(1);
+  messages_.Delete();
+  session_.SignOff();
+  EXPECT_EQ(world_->Inbox(), (Inbox{{"Tarvolenix : a", true}}));
+}
+
+TEST_P(MailContractTest, SendReachesTheOneRecipient) {
+  SignOn();
+  Compose("First", "first@localhost", "Tarvolenix : e4, one", "one");
+  Compose("", "Second@localhost", "Tarvolenix : e4, two", "two");
+  EXPECT_EQ(messages_.RecipCount(), 1);
+  EXPECT_EQ(messages_.RecipAddress(), "Second@localhost");
+  EXPECT_EQ(messages_.MsgSubject(), "Tarvolenix : e4, two");
+  messages_.Send();
+  EXPECT_TRUE(world_->ReceivedBy("first@localhost").empty());
+  const auto received = world_->ReceivedBy("second@localhost");
+  ASSERT_EQ(received.size(), 1u);
+  EXPECT_EQ(received[0].subject, "Tarvolenix : e4, two");
+  EXPECT_EQ(received[0].name, userName);
+  EXPECT_EQ(received[0].address, userAddress);
+  EXPECT_EQ(received[0].text, "two");
+  EXPECT_FALSE(received[0].read);
+}
+
+TEST_P(MailContractTest, WhatCannotBeSentRaises) {
+  SignOn();
+  for (const char* address : {"", "a b@localhost", "a@localhost\r\nBcc: b@localhost"}) {
+    Compose("You", address, "Tarvolenix : e4", "x");
+    EXPECT_THROW(messages_.Send(), MailError) << address;
+  }
+  messages_.DeleteRecipient();
+  EXPECT_THROW(messages_.Send(), MailError) << "no recipient";
+  EXPECT_THROW(messages_.DeleteRecipient(), MailError);
+  world_->Refuse("full@localhost");
+  Compose("You", "full@localhost", "Tarvolenix : e4", "x");
+  EXPECT_THROW(messages_.Send(), MailError);
+  Compose("You", "you@localhost", "Tarvolenix : e4", "x");
+  EXPECT_NO_THROW(messages_.Send()) << "a failure leaves the session as it was";
+}
+
+struct TextCase {
+  const char* name;
+  std::string subject;  ///< behind the prefix
+  std::string text;
+};
+
+std::string LongText() {
+  std::string text;
+  while (text.size() < 65536)
+    text += std::to_string(text.size()) + "|5254|e4|Grüße ♔ und = Zeichen|\r\n";
+  return text;
+}
+
+const TextCase textCases[] = {
+    {"umlauts and other scripts", "e4, Grüße 棋 ♔ 😀", "Grüße 棋 ♔ 😀"},
+    {"markup is text", "<b>&amp;</b>", "<html><b>&lt;</b> & <script>"},
+    {"line ends, blank lines and blanks at both ends", "e4", "\r\n one \r\n\r\n\ttwo \r\n \r\n"},
+    {"lines that look like a mail's own", "e4",
+     ".\r\n..\r\nFrom me\r\n--\r\n-- x\r\nSubject: y\r\n=3D=\r\n>From\r\n"},
+    {"what looks like an encoded word", "=?utf-8?Q?x?= =?", "=?utf-8?Q?x?="},
+    {"runs of blanks, quotes and signs", "a  b   \"c\", (d) <e@f>; \\ : [g]", "\"x\"; \\ , y"},
+    {"an empty text", "e4", ""},
+    {"a subject that is longer than a line", std::string(300, 'x') + " " + std::string(300, 'y'),
+     "z"},
+    {"64 KB in long and many lines", "e4", LongText() + std::string(5000, 'x')},
+};
+
+TEST_P(MailContractTest, TextsArriveAsTheyWereSent) {
+  SignOn();
+  for (const TextCase& row : textCases) {
+    SCOPED_TRACE(row.name);
+    Compose(userName, userAddress, "Tarvolenix : " + row.subject, row.text);
+    messages_.Send();
+    Fetch(true);
+    ASSERT_EQ(messages_.MsgCount(), 1);
+    messages_.MsgIndex(0);
+    EXPECT_EQ(messages_.MsgSubject(), "Tarvolenix : " + row.subject);
+    EXPECT_EQ(messages_.MsgNoteText(), row.text);
+    EXPECT_EQ(messages_.MsgOrigDisplayName(), userName);
+    EXPECT_EQ(messages_.MsgOrigAddress(), userAddress);
+    messages_.Delete();
+  }
+}
+
+TEST_P(MailContractTest, HeadersComeWithoutReservedCharacters) {
+  SignOn();
+  world_->Deliver(
+      {{"Y|ou\tand\x01me", "you@localhost"}, {{"", userAddress}}, "Tarvolenix : a|b\r\nc", "x|y"});
+  Fetch(true);
+  ASSERT_EQ(messages_.MsgCount(), 1);
+  messages_.MsgIndex(0);
+  EXPECT_EQ(messages_.MsgSubject(), "Tarvolenix : a b  c");
+  EXPECT_EQ(messages_.MsgOrigDisplayName(), "Y ou and me");
+  EXPECT_EQ(messages_.MsgNoteText(), "x|y");
+}
+
+TEST_P(MailContractTest, FetchTakesThePrefetchedSet) {
+  SignOn();
+  Deliver("Tarvolenix : a");
+  const std::string expected[] = {"a ", "a b "};
+  for (const bool again : {false, true}) {
+    messages_.FetchUnreadOnly(true);
+    std::atomic<bool> ready = false;
+    messages_.Prefetch([&ready] { ready = true; });
+    messages_.Flush();  // the look is behind us, whatever the event loop does
+    Deliver("Tarvolenix : b");
+    EXPECT_EQ(FetchedSubjects(true), again ? "a b " : "a ");
+    EXPECT_EQ(world_->Inbox().size(), again ? 3u : 2u);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Services, MailContractTest, testing::Values(Kind{"Post", MakePostWorld}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/mail_text.h"
+
+#include <gtest/gtest.h>
+
+#include "desktop/html_text.h"
+#include "platform/mail_client.h"
+
+namespace {
+
+using desktop::ComposeMail;
+using desktop::OutgoingMail;
+using desktop::ParseMail;
+
+struct ReadCase {
+  const char* name;
+  std::string mail;
+  const char* subject;
+  const char* sender;  ///< name, "/" and address
+  const char* text;
+};
+
+/// Mails as other programs write them. Line ends are "\n" here and CR LF in the mail.
+const ReadCase readCases[] = {
+    {"encoded words of two charsets, the blank between them belongs to none",
+     "From: =?iso-8859-1?Q?J=FCrgen?= =?utf-8?B?IE3DvGxsZXI=?= <j@x.y>\n"
+     "Subject: =?utf-8?Q?Tarvolenix_=3A_?= =?iso-8859-15?Q?e4=A4?=\n\nbody",
+     "Tarvolenix : e4€", "Jürgen Müller/j@x.y", "body"},
+    {"bytes that nobody encoded, UTF-8 and Latin-1",
+     "From: J\xC3\xBCrgen <j@x.y>\nSubject: Tarvolenix : \xFC\n\n\xFC", "Tarvolenix : ü",
+     "Jürgen/j@x.y", "ü"},
+    {"a folded subject", "From: <a@b.c>\nSubject: Tarvolenix :\n e4, No\n comment.\n\n",
+     "Tarvolenix : e4, No comment.", "/a@b.c", ""},
+    {"a charset that nobody knows",
+     "From: =?x-martian?Q?J=FCrgen?= <a@b>\nContent-Type: text/plain; "
+     "charset=x-martian\n\nJ\xFCrgen",
+     "", "Jürgen/a@b", "Jürgen"},
+    {"an address of another script", "From: \"X, Y\" <=?utf-8?Q?j=C3=B6rg?=@xn--tr-xka.de>\n\n", "",
+     "X, Y/jörg@tür.de", ""},
+    {"no header but a blank line", "\nbody", "", "/", "body"},
+    {"quoted-printable with a soft line break",
+     "From: a@b\nContent-Type: text/plain; charset=utf-8\n"
+     "Content-Transfer-Encoding: quoted-printable\n\n<<TARVO=\nLENIX:1|=C3=BC=20\nend",
+     "", "/a@b", "<<TARVOLENIX:1|ü \r\nend"},
+    {"base64 in Latin-1",
+     "From: a@b\nContent-Type: text/plain; charset=iso-8859-1\nContent-Transfer-Encoding: base64\n"
+     "\nZvxyDQp4",
+     "", "/a@b", "für\r\nx"},
+    {"of alternatives the plain one",
+     "From: a@b\nContent-Type: multipart/alternative; boundary=X\n\n--X\nContent-Type: text/plain\n"
+     "\nplain\n--X\nContent-Type: text/html\n\n<b>rich</b>\n--X--\n",
+     "", "/a@b", "plain"},
+    {"of alternatives the rich one where the plain one is blank",
+     "From: a@b\nContent-Type: multipart/alternative; boundary=X\n\n--X\nContent-Type: text/plain\n"
+     "\n \n--X\nContent-Type: text/html\n\n<b>rich</b>\n--X--\n",
+     "", "/a@b", " rich"},
+    {"texts follow each other, attachments and pictures don't count",
+     "From: a@b\nContent-Type: multipart/mixed; boundary=X\n\n--X\n\none,\n--X\n"
+     "Content-Type: text/plain\nContent-Disposition: attachment; filename=x\n\nattached\n--X\n"
+     "Content-Type: image/png\n\npixels\n--X\nContent-Type: text/html\n\ntwo\n--X--\n",
+     "", "/a@b", "one,two"},
+    {"HTML only",
+     "From: a@b\nContent-Type: text/html; charset=utf-8\n\n"
+     "<html><head><style>b{}</style></head><body>Hi &amp; ho<br>\n"
+     "&lt;&lt;TARVOLENIX:1|<br/>2|&#252;&#x20AC;:TARVOLENIX&gt;&gt;</body></html>",
+     "", "/a@b", "Hi & ho\r\n<<TARVOLENIX:1|\r\n2|ü€:TARVOLENIX>>"},
+    {"a compound without its parts",
+     "From: a@b\nContent-Type: multipart/mixed; boundary=X\n\nnothing", "", "/a@b", ""},
+};
+
+std::string WithCrLf(const std::string& text) {
+  std::string result;
+  for (const char c : text) result += c == '\n' ? "\r\n" : std::string(1, c);
+  return result;
+}
+
+TEST(MailTextTest, ReadsMailsOfOtherPrograms) {
+  for (const ReadCase& row : readCases) {
+    const auto mail = ParseMail(WithCrLf(row.mail));
+    EXPECT_EQ(mail.subject, row.subject) << row.name;
+    EXPECT_EQ(mail.name + "/" + mail.address, row.sender) << row.name;
+    EXPECT_EQ(mail.text, row.text) << row.name;
+  }
+}
+
+TEST(MailTextTest, NothingOutsideBecomesAHeaderOfItsOwn) {
+  const std::string attack = "x\r\nBcc: victim@x.y\r\n\r\nFrom: other@x.y\n\t\x01|";
+  const std::string bytes =
+      ComposeMail({{attack, "me@x.y"}, {{attack, "you@x.y"}}, attack, "body"});
+  const auto mail = ParseMail(bytes);
+  EXPECT_EQ(mail.address, "me@x.y");
+  EXPECT_EQ(mail.text, "body");
+  EXPECT_EQ(mail.name, "x  Bcc: victim@x.y    From: other@x.y    ");
+  EXPECT_EQ(bytes.find("\nBcc:"), std::string::npos);
+  EXPECT_EQ(bytes.find("\nFrom: other"), std::string::npos);
+}
+
+TEST(MailTextTest, RefusesWhatIsNoAddress) {
+  for (const char* address : {"", " ", "bob", "@x.y", "bob@", "a b@c", "a@b\r\nBcc: c@d", "<a@b>",
+                              "a@b,c@d", "\"a\"@b", "a@b|c"}) {
+    EXPECT_FALSE(desktop::IsMailAddress(address)) << address;
+    EXPECT_THROW(ComposeMail({{"", "me@x.y"}, {{"", address}}, "s", "t"}), platform::MailError)
+        << address;
+  }
+  for (const char* address : {"a@b", "o'brien+chess@x.y", "jörg@tür.de", "a@b@c", "A.B@C"}) {
+    const auto mail = ParseMail(ComposeMail({{"", address}, {{"", "you@x.y"}}, "s", "t"}));
+    EXPECT_EQ(mail.address, address);
+  }
+}
+
+TEST(MailTextTest, RefusesMailsThatAreBuiltToBeExpensive) {
+  std::string nested = "From: a@b\r\n";
+  for (int i = 0; i < 20000; ++i) {
+    const std::string boundary = "b" + std::to_string(i);
+    nested +=
+        "Content-Type: multipart/mixed; boundary=" + boundary + "\r\n\r\n--" + boundary + "\r\n";
+  }
+  EXPECT_THROW(ParseMail(nested), platform::MailError);
+  std::string many = "From: a@b\r\nContent-Type: multipart/mixed; boundary=\"\"\r\n\r\n";
+  for (int i = 0; i < 1000000; ++i) many += "--\r\n";
+  EXPECT_THROW(ParseMail(many), platform::MailError);
+}
+
+TEST(HtmlTextTest, WhatMakesNoSenseStays) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"a < b & c; d &bogus; &#0; &#xZ; &", "a < b & c; d &bogus; &#0; &#xZ; &"},
+      {"<pre>1|\r\n 2</pre> x", "1|\r\n 2\r\n x"},
+      {"<p>one<p>two</p>", "one\r\ntwo\r\n"},
+      {"<!-- <b>hidden</b> -->x<!-- open", "x"},
+      {"<script>if (a < b) { }</SCRIPT>x", "x"},
+      {"<script>open", ""},
+      {"tail <b", "tail "},
+      {"&nbsp;&#160;&#x1F600;", "  😀"}};
+  for (const auto& [html, text] : rows) EXPECT_EQ(desktop::HtmlToText(html), text) << html;
+}
+
+}  // namespace

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A mail service of some kind with the world around it, as the contract's tests need it: a user who
+// is about to sign on, somebody who sends him mail, and eyes that look into the stores behind the
+// service's back.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/mail_transport.h"
+#include "platform/mail_client.h"
+
+struct StoredMail {
+  std::string subject;
+  bool read = false;
+
+  bool operator==(const StoredMail&) const = default;
+};
+
+class MailWorld {
+ public:
+  virtual ~MailWorld() = default;
+
+  virtual platform::MAPISession& Session() = 0;
+  virtual platform::MAPIMessages& Messages() = 0;
+
+  /// Puts a mail into the user's Inbox as its last one.
+  virtual void Deliver(const desktop::OutgoingMail& mail) = 0;
+
+  /// What the user's Inbox holds, in the order of arrival.
+  virtual std::vector<StoredMail> Inbox() = 0;
+
+  /// What the user has sent to `address`.
+  virtual std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) = 0;
+
+  /// From now on nothing can be delivered to `address`.
+  virtual void Refuse(const std::string& address) = 0;
+};
+
+inline constexpr const char* userName = "Jürgen Müller";
+inline constexpr const char* userAddress = "user@localhost";
+
+/// The local post office.
+std::unique_ptr<MailWorld> MakePostWorld();

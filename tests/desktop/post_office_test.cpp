@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/post_office.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <set>
+#include <thread>
+
+#include "desktop/mail_text.h"
+#include "platform/mail_client.h"
+#include "temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using desktop::Maildir;
+using platform::MailError;
+
+TEST(BoxNameTest, IsAlwaysOnePlainFolder) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"Hans.Meier+chess_1-x@Example.ORG", "hans.meier+chess_1-x@example.org"},
+      {"  a@b ", "a@b"},
+      {"bob", "bob@localhost"},
+      {"jörg@x", "j%C3%B6rg@x"},
+      {"../../etc/passwd@x", "%2E.%2F..%2Fetc%2Fpasswd@x"},
+      {".@x", "%2E@x"},
+      {"a%2Fb@x", "a%252Fb@x"},
+      {"a\nb c@x", "a%0Ab%20c@x"},
+      {"..", "%2E.@localhost"}};
+  for (const auto& [address, name] : rows) {
+    EXPECT_EQ(desktop::BoxName(address), name) << address;
+  }
+  EXPECT_THROW(desktop::BoxName(""), MailError);
+  EXPECT_THROW(desktop::BoxName("  "), MailError);
+}
+
+class MaildirTest : public testing::Test {
+ protected:
+  MaildirTest() { box_.Create(); }
+
+  void Put(const std::string& name, const std::string& subject = "Tarvolenix : e4") {
+    WriteFile(path_ + name, "From: a@b\nSubject: " + subject + "\n\nbody of " + name + "\n");
+  }
+
+  std::string Ids(bool unreadOnly = false) {
+    std::string ids;
+    for (const auto& mail : box_.List(unreadOnly)) ids += mail.id + (mail.read ? "+ " : " ");
+    return ids;
+  }
+
+  std::set<std::string> Files() const {
+    std::set<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(path_)) {
+      if (!entry.is_directory()) names.insert(fs::relative(entry.path(), path_).string());
+    }
+    return names;
+  }
+
+  TemporaryFolder folder_;
+  std::string path_ = folder_ / "box/";
+  Maildir box_{path_};
+};
+
+TEST_F(MaildirTest, OrdersByTheTimeOfDelivery) {
+  for (const char* name : {"new/1000.M7P1.h", "cur/999.P9.h:2,", "new/1000.M30P1.h",
+                           "new/1001.1_0.h", "new/1000.M7P0.h", "new/noTime"}) {
+    Put(name);
+  }
+  EXPECT_EQ(Ids(), "noTime 999.P9.h 1000.M7P0.h 1000.M7P1.h 1000.M30P1.h 1001.1_0.h ");
+  for (int i = 0; i < 20; ++i) box_.Deliver("Subject: Tarvolenix : " + std::to_string(i) + "\n\n");
+  const auto mails = box_.List(true);
+  for (int i = 0; i < 20; ++i) {
+    EXPECT_EQ(mails.at(6 + i).subject, "Tarvolenix : " + std::to_string(i));
+  }
+}
+
+TEST_F(MaildirTest, TellsAndSetsTheMarksOfTheStore) {
+  for (const char* name : {"new/1.a", "cur/2.a", "cur/3.a:2,", "cur/4.a:2,FR", "cur/5.a:2,S",
+                           "cur/6.a:2,RS", "cur/7.a:2,T", "new/8.a:2,S"}) {
+    Put(name);
+  }
+  EXPECT_EQ(Ids(true), "1.a 2.a 3.a 4.a 8.a ");
+  EXPECT_EQ(Ids(false), "1.a 2.a 3.a 4.a 5.a+ 6.a+ 8.a ");
+  for (const char* id : {"1.a", "2.a", "3.a", "4.a", "5.a", "8.a", "gone"}) box_.MarkRead(id);
+  EXPECT_EQ(Files(),
+            (std::set<std::string>{"cur/1.a:2,S", "cur/2.a:2,S", "cur/3.a:2,S", "cur/4.a:2,FRS",
+                                   "cur/5.a:2,S", "cur/6.a:2,RS", "cur/7.a:2,T", "cur/8.a:2,S"}));
+  EXPECT_EQ(Ids(true), "");
+}
+
+TEST_F(MaildirTest, FindsAMailAgainThatAnotherProgramHasMoved) {
+  Put("new/1.a");
+  Put("new/2.a");
+  ASSERT_EQ(Ids(), "1.a 2.a ");
+  fs::rename(path_ + "new/1.a", path_ + "cur/1.a:2,F");
+  fs::rename(path_ + "new/2.a", path_ + "cur/2.a:2,S");
+  box_.MarkRead("1.a");
+  box_.Remove("2.a");
+  box_.Remove("2.a");
+  EXPECT_EQ(Files(), (std::set<std::string>{"cur/1.a:2,FS"}));
+}
+
+TEST_F(MaildirTest, LeavesAloneWhatIsNoMailOfOurs) {
+  Put("new/1.good");
+  Put("new/2.foreign", "Hello");
+  Put("new/3.case", "tarvolenix : e4");
+  Put("new/4.noblank", "Tarvolenix: e4");
+  WriteFile(path_ + "new/5.rubbish", std::string("\0\xFF\xFE\r\r\n:::\0", 10));
+  WriteFile(path_ + "new/6.empty", "");
+  fs::create_directory(path_ + "new/7.folder");
+  fs::create_symlink("/dev/zero", path_ + "new/8.link");
+  ASSERT_EQ(::mkfifo((path_ + "new/9.pipe").c_str(), 0600), 0);
+  Put("new/10.sparse");
+  fs::resize_file(path_ + "new/10.sparse", 1ull << 30);
+  WriteFile(path_ + "new/11.header", "Subject: Tarvolenix : e4\nX: " + std::string(1 << 20, 'x'));
+  Put("new/.hidden");
+  Put("tmp/12.unfinished");
+  const auto before = Files();
+  for (int look = 0; look < 2; ++look) EXPECT_EQ(Ids(true), "1.good ");
+  EXPECT_EQ(Files(), before);
+}
+
+TEST_F(MaildirTest, DeliversAtOnceFromManySides) {
+  std::vector<std::thread> senders;
+  for (int i = 0; i < 4; ++i) {
+    senders.emplace_back([this] {
+      const Maildir other(path_);
+      for (int n = 0; n < 25; ++n) other.Deliver("Subject: Tarvolenix : x\n\nwhole\n");
+    });
+  }
+  std::size_t seen = 0;
+  while (seen < 100) {
+    const auto mails = box_.List(true);
+    EXPECT_GE(mails.size(), seen);
+    for (const auto& mail : mails) EXPECT_EQ(mail.text, "whole\n");
+    seen = mails.size();
+  }
+  for (std::thread& sender : senders) sender.join();
+  EXPECT_TRUE(fs::is_empty(path_ + "tmp"));
+}
+
+class PostOfficeTest : public testing::Test {
+ protected:
+  desktop::MailAccount Account(const std::string& address) const {
+    desktop::MailAccount account;
+    account.MyAddress = address;
+    account.PostFolder = folder_ / "post/";
+    return account;
+  }
+
+  static fs::perms Permissions(const std::string& path) { return fs::status(path).permissions(); }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(PostOfficeTest, IsPrivateUntilItsFolderIsShared) {
+  desktop::PostOffice me(Account("me@localhost"));
+  me.Open();
+  EXPECT_EQ(Permissions(folder_ / "post"), fs::perms::owner_all);
+  EXPECT_EQ(Permissions(folder_ / "post/me@localhost/new"), fs::perms::owner_all);
+
+  fs::permissions(folder_ / "post", static_cast<fs::perms>(01777));
+  me.Send({{"Me", "me@localhost"}, {{"You", "You"}}, "Tarvolenix : e4", "x"});
+  const std::string box = folder_ / "post/you@localhost/new/";
+  EXPECT_EQ(Permissions(box), static_cast<fs::perms>(0777));
+  EXPECT_EQ(Permissions(fs::directory_iterator(box)->path().string()),
+            static_cast<fs::perms>(0666));
+}
+
+TEST_F(PostOfficeTest, RaisesWhereItCannotBe) {
+  WriteFile(folder_ / "post", "a file where the folder should be");
+  desktop::PostOffice me(Account("me@localhost"));
+  EXPECT_THROW(me.Open(), std::exception);
+  EXPECT_THROW(me.List(false), std::exception);
+  EXPECT_THROW(desktop::PostOffice(Account("")), MailError);
+}
+
+}  // namespace

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <map>
+
+#include "desktop/mail_service.h"
+#include "desktop/mail_text.h"
+#include "desktop/plain_events.h"
+#include "desktop/post_office.h"
+#include "fakes/fake_desktop.h"
+#include "mail_world.h"
+#include "temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class PostWorld : public MailWorld {
+ public:
+  PostWorld() {
+    desktop_.settings.groups["Mail"] = {
+        {"MyName", userName}, {"MyAddress", userAddress}, {"PostFolder", folder_ / "post/"}};
+  }
+
+  platform::MAPISession& Session() override { return service_; }
+  platform::MAPIMessages& Messages() override { return service_; }
+
+  void Deliver(const desktop::OutgoingMail& mail) override {
+    fs::create_directories(folder_ / "post");
+    const desktop::Maildir box(BoxOf(userAddress));
+    box.Create();
+    box.Deliver(desktop::ComposeMail(mail));
+  }
+
+  std::vector<StoredMail> Inbox() override {
+    std::map<std::string, StoredMail> inbox;  // one machine's names sort by their time
+    for (const char* part : {"new", "cur"}) {
+      for (const auto& entry : fs::directory_iterator(BoxOf(userAddress) + part)) {
+        const std::string name = entry.path().filename().string();
+        inbox[name.substr(0, name.find('P')).insert(name.find('M') + 1, Padding(name))] = {
+            desktop::SubjectOf(ReadFile(entry.path().string())), name.ends_with(":2,S")};
+      }
+    }
+    std::vector<StoredMail> mails;
+    for (const auto& [name, mail] : inbox) mails.push_back(mail);
+    return mails;
+  }
+
+  std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) override {
+    if (!fs::exists(BoxOf(address))) return {};
+    return desktop::Maildir(BoxOf(address)).List(false);
+  }
+
+  void Refuse(const std::string& address) override {
+    WriteFile(folder_ / ("post/" + desktop::BoxName(address)), "a file where the box should be");
+  }
+
+ private:
+  /// The zeros that bring the microseconds to six digits.
+  static std::string Padding(const std::string& name) {
+    return std::string(7 - (name.find('P') - name.find('M')), '0');
+  }
+
+  std::string BoxOf(const std::string& address) const {
+    return folder_ / ("post/" + desktop::BoxName(address) + "/");
+  }
+
+  TemporaryFolder folder_;
+  fakes::FakeDesktop desktop_;
+  desktop::PlainEvents events_;
+  desktop::MailService service_{events_};
+};
+
+}  // namespace
+
+std::unique_ptr<MailWorld> MakePostWorld() { return std::make_unique<PostWorld>(); }

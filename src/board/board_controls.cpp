@@ -103,6 +103,9 @@ void Board::CheckTimer() {
   }
   const rules::PieceCode king = KingInDanger();
   if (king != rules::NoPiece) {
+    // The danger may have passed to this king while the other one was out of sight.
+    const rules::Side safe = rules::OtherSide(rules::SideOfPiece(king));
+    if (KingMarked) PaintNormally(rules::FindPiece(rules::OfSide(rules::WhiteKing, safe)));
     FlashKing(rules::FindPiece(king));
   } else if (KingMarked) {
     view_.SetTimerInterval(quietInterval);

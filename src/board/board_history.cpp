@@ -133,7 +133,9 @@ void Board::FindTurnAfterReplay() {
 }
 
 void Board::MoveList_RowColChange(int row) {
-  if (ListUpdating) return;
+  // The pending move of a new game has no record yet to be replayed from, so a press on the row
+  // that is shown already must not rebuild the position.
+  if (ListUpdating || row == Moves.Selected()) return;
   ListUpdating = true;
   const platform::BusyPointer busy;
   Moves.Select(row);

@@ -81,7 +81,11 @@ void Board::PlayMove(int toSquare, int fromSquare, bool capture) {
   const auto taken = capture ? std::optional(position.BoardState.At(to)) : std::nullopt;
   const rules::LastMove last = Moves.MoveOf(Moves.Count());
 
-  SelfCheckFlashes = 0;
+  if (SelfCheckFlashes > 0) {
+    // The last flicker shows the king, who would else stay as the last tick left him.
+    SelfCheckFlashes = 1;
+    FlickerKing(SelfCheckFlashes, side);
+  }
   if (!rules::ValidMove(side, piece, from, to, capture, position.SideInCheck, taken, true, last)) {
     return;
   }
@@ -173,11 +177,11 @@ void Board::UndoLastMove() {
   CopyBoard();
   rules::RestoreGameState(Undo, Surrendered, true);
   if (Moves.Row(Moves.Selected()).MoveText != "Draw offer") DrawOffered = false;
+  GameDrawn = false;
   SetButtonEnable();
   DisplayBoardState(false);
   DisplayPlayerComment();
   if (HilightVisible) HilightMove(Moves.Selected());
-  GameDrawn = false;
 }
 
 }  // namespace board

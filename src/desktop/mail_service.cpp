@@ -137,7 +137,7 @@ void MailService::Fetch() {
   }
   RaisingMailErrors([this, &listing] {
     events_.RunUntil([&listing] { return listing->done.load(); });
-    if (listing->failure) std::rethrow_exception(listing->failure);
+    if (auto failure = std::exchange(listing->failure, nullptr)) std::rethrow_exception(failure);
   });
   set_ = std::move(listing->mails);
 }

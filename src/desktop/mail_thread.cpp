@@ -6,7 +6,7 @@
 
 namespace desktop {
 
-/// `failure` is written before `done` is set, and only read behind it.
+/// `failure` is written before `done` is set and taken by the one who waits, behind it.
 struct MailThread::Outcome {
   std::exception_ptr failure;
   std::atomic<bool> done = false;
@@ -27,7 +27,7 @@ void MailThread::Run(std::function<void()> work) {
   const auto outcome = std::make_shared<Outcome>();
   Add({std::move(work), outcome});
   events_.RunUntil([&outcome] { return outcome->done.load(); });
-  if (outcome->failure) std::rethrow_exception(outcome->failure);
+  if (auto failure = std::exchange(outcome->failure, nullptr)) std::rethrow_exception(failure);
 }
 
 void MailThread::Post(std::function<void()> work) { Add({std::move(work), nullptr}); }
@@ -68,18 +68,18 @@ void MailThread::Work() {
       failure = std::current_exception();
     }
     item.work = nullptr;  // what it holds is given up before anybody hears that it is done
-    Finish(item, failure);
+    Finish(item, std::move(failure));
   }
 }
 
-void MailThread::Finish(const Item& item, const std::exception_ptr& failure) {
+void MailThread::Finish(const Item& item, std::exception_ptr failure) {
   if (item.outcome) {
-    item.outcome->failure = failure;
+    item.outcome->failure = std::move(failure);
     item.outcome->done = true;
     events_.Wake();
   } else if (failure) {
     const std::lock_guard lock(mutex_);
-    if (!failure_) failure_ = failure;
+    if (!failure_) failure_ = std::move(failure);
   }
 }
 

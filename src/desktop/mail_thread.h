@@ -44,7 +44,7 @@ class MailThread {
 
   void Add(Item item);
   void Work();
-  void Finish(const Item& item, const std::exception_ptr& failure);
+  void Finish(const Item& item, std::exception_ptr failure);
 
   platform::Events& events_;
   std::mutex mutex_;

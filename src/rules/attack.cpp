@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "rules/attack.h"
 
-#include <algorithm>
+#include <bit>
+#include <optional>
 
 #include "rules/piece_moves.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The text of a move, as the user reads it in the move list and in the subject of a mail. It is
-// also read back: a replay takes promotions ("=Q"), checkmate ("++" at the end) and draws ("
-// 1/2-1/2") from it, so its suffixes are data and not only display.
+// also read back: a replay takes promotions ("=Q"), checkmate ("++" at the end) and draws
+// ("1/2-1/2" at the end) from it, so its suffixes are data and not only display.
 #pragma once
 
 #include <string>

@@ -101,12 +101,11 @@ class BoardSquares {
     const PieceCode old = codes_[index];
     pieces_[old] &= ~bit;
     pieces_[piece] |= bit;
-    occupied_ = piece == NoPiece ? occupied_ & ~bit : occupied_ | bit;
     codes_[index] = static_cast<std::int8_t>(piece);
   }
 
   constexpr Bitboard Of(PieceCode piece) const { return pieces_[piece]; }
-  constexpr Bitboard Occupied() const { return occupied_; }
+  constexpr Bitboard Occupied() const { return ~pieces_[NoPiece]; }
   constexpr Bitboard OfSide(Side side) const {
     Bitboard set = 0;
     for (PieceCode kind = WhiteRook; kind <= WhitePawn; ++kind) set |= pieces_[kind + 6 * side];
@@ -117,8 +116,7 @@ class BoardSquares {
 
  private:
   std::array<std::int8_t, 64> codes_{};
-  std::array<Bitboard, 13> pieces_{};  // pieces_[NoPiece] only collects what was taken off
-  Bitboard occupied_ = 0;
+  std::array<Bitboard, 13> pieces_{~Bitboard{0}};  // a new board is all empty squares
 };
 
 /// Whether the pieces that castling needs have moved; element side + kind * 2.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "rules/test_moves.h"
 
+#include <optional>
 #include <vector>
 
 #include "rules/attack.h"

@@ -2,8 +2,6 @@
 // What the program relies on in every mail service, asked of each kind in turn.
 #include <gtest/gtest.h>
 
-#include <atomic>
-
 #include "mail_world.h"
 
 namespace {
@@ -242,22 +240,18 @@ TEST_P(MailContractTest, HeadersComeWithoutReservedCharacters) {
   EXPECT_EQ(messages_.MsgNoteText(), "x|y");
 }
 
-TEST_P(MailContractTest, FetchTakesThePrefetchedSet) {
+TEST_P(MailContractTest, FetchTakesThePrefetchedSetOnce) {
   SignOn();
   Deliver("Tarvolenix : a");
-  const std::string expected[] = {"a ", "a b "};
-  for (const bool again : {false, true}) {
-    messages_.FetchUnreadOnly(true);
-    std::atomic<bool> ready = false;
-    messages_.Prefetch([&ready] { ready = true; });
-    messages_.Flush();  // the look is behind us, whatever the event loop does
-    Deliver("Tarvolenix : b");
-    EXPECT_EQ(FetchedSubjects(true), again ? "a b " : "a ");
-    EXPECT_EQ(world_->Inbox().size(), again ? 3u : 2u);
-  }
+  messages_.FetchUnreadOnly(true);
+  messages_.Prefetch([] {});
+  messages_.Flush();  // the look is behind us
+  Deliver("Tarvolenix : b");
+  EXPECT_EQ(FetchedSubjects(true), "a ");
+  EXPECT_EQ(FetchedSubjects(true), "a b ");
 }
 
 INSTANTIATE_TEST_SUITE_P(Services, MailContractTest, testing::Values(Kind{"Post", MakePostWorld}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& kind) { return std::string(kind.param.name); });
 
 }  // namespace

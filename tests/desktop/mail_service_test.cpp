@@ -148,7 +148,7 @@ TEST_F(MailServiceTest, AFailedPrefetchIsRaisedByTheNextFetchOnly) {
   script_.Fail("");
   EXPECT_THROW(service_.Fetch(), MailError);
   EXPECT_EQ(service_.MsgCount(), 0);
-  EXPECT_GT(service_.MAPISession::SessionID(), 0);
+  EXPECT_GT(service_.SessionID(), 0);
   EXPECT_NO_THROW(service_.Flush()) << "it isn't the queue's failure";
   service_.Fetch();
   EXPECT_EQ(service_.MsgCount(), 2);
@@ -202,7 +202,7 @@ TEST_F(MailServiceTest, SignOffFlushesAndClosesWhateverFails) {
   SignOn();
   script_.Fail("close");
   EXPECT_NO_THROW(service_.SignOff());
-  EXPECT_EQ(service_.MAPISession::SessionID(), 0);
+  EXPECT_EQ(service_.SessionID(), 0);
   Prefetch(true);
   WaitUntilReady(1);
   EXPECT_THROW(service_.Fetch(), MailError) << "a look without a session fails as any other";
@@ -211,10 +211,10 @@ TEST_F(MailServiceTest, SignOffFlushesAndClosesWhateverFails) {
 TEST_F(MailServiceTest, AFailedSignOnLeavesNoSession) {
   script_.Fail("open");
   EXPECT_THROW(service_.SignOn(), MailError);
-  EXPECT_EQ(service_.MAPISession::SessionID(), 0);
+  EXPECT_EQ(service_.SessionID(), 0);
   script_.Fail("");
   SignOn();
-  EXPECT_GT(service_.MAPISession::SessionID(), 0);
+  EXPECT_GT(service_.SessionID(), 0);
 }
 
 TEST_F(MailServiceTest, WithoutADialogTheLoginNameIsTakenAndStored) {

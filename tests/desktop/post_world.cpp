@@ -32,16 +32,16 @@ class PostWorld : public MailWorld {
   }
 
   std::vector<StoredMail> Inbox() override {
-    std::map<std::string, StoredMail> inbox;  // one machine's names sort by their time
+    std::map<std::string, StoredMail> inbox;
     for (const char* part : {"new", "cur"}) {
       for (const auto& entry : fs::directory_iterator(BoxOf(userAddress) + part)) {
         const std::string name = entry.path().filename().string();
-        inbox[name.substr(0, name.find('P')).insert(name.find('M') + 1, Padding(name))] = {
-            desktop::SubjectOf(ReadFile(entry.path().string())), name.ends_with(":2,S")};
+        inbox[SortKey(name)] = {desktop::SubjectOf(ReadFile(entry.path().string())),
+                                name.ends_with(":2,S")};
       }
     }
     std::vector<StoredMail> mails;
-    for (const auto& [name, mail] : inbox) mails.push_back(mail);
+    for (const auto& [key, mail] : inbox) mails.push_back(mail);
     return mails;
   }
 
@@ -55,9 +55,11 @@ class PostWorld : public MailWorld {
   }
 
  private:
-  /// The zeros that bring the microseconds to six digits.
-  static std::string Padding(const std::string& name) {
-    return std::string(7 - (name.find('P') - name.find('M')), '0');
+  /// The name's seconds and microseconds, the latter with all six digits.
+  static std::string SortKey(const std::string& name) {
+    const auto micros = name.find('M') + 1;
+    const std::string digits = name.substr(micros, name.find('P') - micros);
+    return name.substr(0, micros) + std::string(6 - digits.size(), '0') + digits;
   }
 
   std::string BoxOf(const std::string& address) const {

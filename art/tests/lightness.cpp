@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "lightness.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <vector>
+
+namespace art_test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kOpaque = 250;
+
+bool Has(const QImage& mask, int x, int y) {
+  return mask.valid(x, y) && qGray(mask.pixel(x, y)) > 127;
+}
+
+template <typename Holds>
+QImage MaskOf(QSize size, Holds holds) {
+  QImage mask(size, QImage::Format_Grayscale8);
+  for (int y = 0; y < size.height(); ++y) {
+    for (int x = 0; x < size.width(); ++x) {
+      mask.scanLine(y)[x] = holds(x, y) ? uchar{255} : uchar{0};
+    }
+  }
+  return mask;
+}
+
+std::vector<double> Lightnesses(const QImage& picture, const QImage& mask) {
+  std::vector<double> values;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (mask.isNull() || Has(mask, x, y)) values.push_back(Lightness(picture.pixel(x, y)));
+    }
+  }
+  EXPECT_FALSE(values.empty());
+  return values;
+}
+
+double Linear(int value) {
+  const double share = value / 255.0;
+  return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+}
+
+}  // namespace
+
+QImage Rendered(const QString& name) {
+  QImage picture(QStringLiteral(ART_OUTPUT "/") + name);
+  EXPECT_FALSE(picture.isNull()) << qPrintable(name);
+  return picture;
+}
+
+double Lightness(QRgb colour) {
+  const double y = 0.2126 * Linear(qRed(colour)) + 0.7152 * Linear(qGreen(colour)) +
+                   0.0722 * Linear(qBlue(colour));
+  return y > 216.0 / 24389 ? 116 * std::cbrt(y) - 16 : y * 24389 / 27;
+}
+
+double MeanLightness(const QImage& picture, const QImage& mask) {
+  const std::vector<double> values = Lightnesses(picture, mask);
+  return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+}
+
+double MedianLightness(const QImage& picture, const QImage& mask) {
+  std::vector<double> values = Lightnesses(picture, mask);
+  const auto middle = values.begin() + static_cast<ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+QImage Opaque(const QImage& picture) {
+  return MaskOf(picture.size(),
+                [&](int x, int y) { return qAlpha(picture.pixel(x, y)) >= kOpaque; });
+}
+
+QImage Eroded(const QImage& mask, int reach) {
+  return MaskOf(mask.size(), [&](int x, int y) {
+    for (int dy = -reach; dy <= reach; ++dy) {
+      for (int dx = -reach; dx <= reach; ++dx) {
+        if (dx * dx + dy * dy <= reach * reach && !Has(mask, x + dx, y + dy)) return false;
+      }
+    }
+    return true;
+  });
+}
+
+QImage Without(const QImage& mask, const QImage& less) {
+  return MaskOf(mask.size(), [&](int x, int y) { return Has(mask, x, y) && !Has(less, x, y); });
+}
+
+double Difference(const QImage& a, const QImage& b) {
+  int either = 0, one = 0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      either += Has(a, x, y) || Has(b, x, y);
+      one += Has(a, x, y) != Has(b, x, y);
+    }
+  }
+  return static_cast<double>(one) / either;
+}
+
+QRect Bounds(const QImage& mask) {
+  QRect bounds;
+  for (int y = 0; y < mask.height(); ++y) {
+    for (int x = 0; x < mask.width(); ++x) {
+      if (Has(mask, x, y)) bounds |= QRect(x, y, 1, 1);
+    }
+  }
+  return bounds;
+}
+
+}  // namespace art_test

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The board sheet: every square as it looks with every piece on it.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "lightness.h"
+
+using namespace Qt::StringLiterals;
+
+namespace art_test {
+
+namespace {
+
+constexpr int kSide = 200;
+constexpr int kDark = 8, kBlack = 16;
+constexpr int kKing = 5, kFallenKing = 7;
+
+QImage Cell(int number) {
+  static const QImage sheet = Rendered(u"Graphics/Classic Wood/Plain.jpg"_s);
+  return sheet.copy(number % 8 * kSide, number / 8 * kSide, kSide, kSide);
+}
+
+double LightnessAt(const QImage& cell, int x, int y) { return Lightness(cell.pixel(x, y)); }
+
+// Where a cell differs from its empty square by more than wood, JPEG and a faint shadow do.
+QImage Changed(int number) {
+  const QImage cell = Cell(number), empty = Cell(number & kDark);
+  QImage mask(cell.size(), QImage::Format_Grayscale8);
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) {
+      const double change = std::abs(LightnessAt(cell, x, y) - LightnessAt(empty, x, y));
+      mask.scanLine(y)[x] = change > 9 ? uchar{255} : uchar{0};
+    }
+  }
+  return mask;
+}
+
+double Share(const QImage& mask) {
+  int count = 0;
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) count += mask.constScanLine(y)[x] > 127;
+  }
+  return count / double{kSide * kSide};
+}
+
+}  // namespace
+
+TEST(Sheet, HasFourRowsOfEightSquareCells) {
+  EXPECT_EQ(Rendered(u"Graphics/Classic Wood/Plain.jpg"_s).size(), QSize(8 * kSide, 4 * kSide));
+}
+
+TEST(Sheet, LightAndDarkSquaresDifferClearlyAndWithoutGlare) {
+  const double distance = MeanLightness(Cell(0)) - MeanLightness(Cell(kDark));
+  EXPECT_GE(distance, 35);
+  EXPECT_LE(distance, 45);
+}
+
+TEST(Sheet, EmptySquaresAreTheSameForBothSides) {
+  for (int dark : {0, kDark}) EXPECT_LT(Share(Changed(dark + kBlack)), 0.001) << "cell " << dark;
+}
+
+TEST(Sheet, GrainIsQuietAndNoFrameSurroundsASquare) {
+  for (int dark : {0, kDark}) {
+    const QImage cell = Cell(dark);
+    const double mean = MeanLightness(cell);
+    double squares = 0;
+    for (int y = 0; y < kSide; ++y) {
+      for (int x = 0; x < kSide; ++x) squares += std::pow(LightnessAt(cell, x, y) - mean, 2);
+    }
+    EXPECT_LT(std::sqrt(squares / (kSide * kSide)), 2.5);
+    for (const QRect& edge : {QRect(0, 0, kSide, 2), QRect(0, kSide - 2, kSide, 2),
+                              QRect(0, 0, 2, kSide), QRect(kSide - 2, 0, 2, kSide)}) {
+      EXPECT_NEAR(MeanLightness(cell.copy(edge)), mean, 3) << "cell " << dark;
+    }
+  }
+}
+
+TEST(Sheet, EveryPieceIsSeenOnItsSquareAndStaysInsideIt) {
+  for (int number = 0; number < 32; ++number) {
+    if (number % 8 == 0) continue;
+    SCOPED_TRACE("cell " + std::to_string(number));
+    const QImage changed = Changed(number);
+    EXPECT_GT(Share(changed), 0.18);
+    EXPECT_LT(Share(changed), 0.50);
+    EXPECT_TRUE(QRect(2, 2, kSide - 4, kSide - 4).contains(Bounds(changed)));
+  }
+}
+
+TEST(Sheet, ColumnsHoldThePiecesInOrder) {
+  const double heights[] = {0, 0.70, 0.76, 0.80, 0.86, 0.90, 0.62};
+  for (int column = 1; column <= 6; ++column) {
+    for (int square : {0, kDark, kBlack, kBlack + kDark}) {
+      EXPECT_NEAR(Bounds(Changed(column + square)).top(), (0.955 - heights[column]) * kSide, 4)
+          << "cell " << column + square;
+    }
+  }
+}
+
+TEST(Sheet, RowsGoFromWhiteToBlack) {
+  for (int column = 1; column < 8; ++column) {
+    for (int dark : {0, kDark}) {
+      EXPECT_GT(MeanLightness(Cell(column + dark)),
+                MeanLightness(Cell(column + dark + kBlack)) + 10)
+          << "column " << column;
+    }
+  }
+}
+
+TEST(Sheet, TheFallenKingLies) {
+  for (int square : {0, kDark, kBlack, kBlack + kDark}) {
+    SCOPED_TRACE("square " + std::to_string(square));
+    const QRect stands = Bounds(Changed(square + kKing)),
+                lies = Bounds(Changed(square + kFallenKing));
+    EXPECT_GT(stands.height(), stands.width());
+    EXPECT_GT(lies.width(), 1.2 * lies.height());
+    EXPECT_NEAR(lies.bottom(), stands.bottom(), 6);
+  }
+}
+
+}  // namespace art_test

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program from its start to its orderly stop.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "desktop/real_desktop.h"
+#include "ui/game_windows.h"
+#include "ui/qt_message_boxes.h"
+
+namespace app {
+
+class Program {
+ public:
+  /// A program that lives in `programFolder`. The application object must be there already.
+  Program(const std::string& programFolder, const std::string& commandLine);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  /// Reads the settings, collects what has arrived, and opens the first window. False where the
+  /// program must not go on; the user was told then.
+  bool Start();
+
+  /// Logs off and saves the settings. Does nothing behind a failed start.
+  void Stop();
+
+  ui::GameWindows& Windows() { return *windows_; }
+
+ private:
+  ui::QtMessageBoxes boxes_;
+  std::unique_ptr<desktop::RealDesktop> desktop_;
+  std::unique_ptr<ui::GameWindows> windows_;
+};
+
+}  // namespace app

@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/board_picture.h"
+
+#include <QEvent>
+#include <QFocusEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using rules::Square;
+
+namespace {
+
+constexpr int smallestCell = 40;
+constexpr int usualCell = 66;
+
+std::size_t IndexIn64(Square square) { return static_cast<std::size_t>(rules::IndexOf(square)); }
+
+bool IsEmptyCell(int cell) { return cell % ChessGraphics::columns == 0; }
+
+QString FileLetter(int column) { return QString(QChar(u'a' + column - 1)); }
+
+}  // namespace
+
+BoardPicture::BoardPicture(const ChessGraphics& graphics, QWidget* parent)
+    : QWidget(parent), graphics_(graphics) {
+  setObjectName(u"CBoard"_s);
+  setAccessibleName(u"Chess board"_s);
+  setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(QSize(1, 1) * (8 * smallestCell + 2 * edge));
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  for (int i = 0; i < 64; ++i) {
+    const Square square = rules::SquareAt(i);
+    places_[IndexIn64(square)] = {square.x - 1, square.y - 1};
+    cells_[IndexIn64(square)] = 16 + rules::SquareShade(square);
+  }
+  DescribeCursor();
+}
+
+QSize BoardPicture::sizeHint() const { return QSize(1, 1) * (8 * usualCell + 2 * edge); }
+
+BoardPicture::Grid BoardPicture::MeasureGrid() const {
+  const qreal ratio = devicePixelRatioF();
+  const int room = std::min(width(), height()) - 2 * edge;
+  const qreal cell = std::floor(room * ratio / 8) / ratio;
+  const auto centred = [&](int length) {
+    return std::round((length - 8 * cell) / 2 * ratio) / ratio;
+  };
+  return {{centred(width()), centred(height())}, cell};
+}
+
+QRectF BoardPicture::RectOf(Square square) const {
+  const Grid grid = MeasureGrid();
+  const board::GridPlace place = places_[IndexIn64(square)];
+  return {grid.corner.x() + grid.cell * place.column, grid.corner.y() + grid.cell * (7 - place.row),
+          grid.cell, grid.cell};
+}
+
+std::optional<Square> BoardPicture::SquareUnder(QPointF point) const {
+  for (int i = 0; i < 64; ++i) {
+    const Square square = rules::SquareAt(i);
+    const QRectF rect = RectOf(square);
+    if (point.x() >= rect.left() && point.x() < rect.right() && point.y() >= rect.top() &&
+        point.y() < rect.bottom()) {
+      return square;
+    }
+  }
+  return std::nullopt;
+}
+
+Square BoardPicture::Neighbour(Square square, int right, int up) const {
+  const board::GridPlace here = places_[IndexIn64(square)];
+  for (int i = 0; i < 64; ++i) {
+    const board::GridPlace there = places_[static_cast<std::size_t>(i)];
+    if (there.column == here.column + right && there.row == here.row + up) {
+      return rules::SquareAt(i);
+    }
+  }
+  return square;
+}
+
+void BoardPicture::Place(Square square, board::GridPlace place) {
+  places_[IndexIn64(square)] = place;
+  update();
+}
+
+void BoardPicture::UpdateSquare(Square square) { update(RectOf(square).toAlignedRect()); }
+
+void BoardPicture::PaintSquare(Square square, int cell) {
+  cells_[IndexIn64(square)] = cell;
+  UpdateSquare(square);
+  if (square == cursor_) DescribeCursor();
+}
+
+int BoardPicture::CellOn(Square square) const { return cells_[IndexIn64(square)]; }
+
+void BoardPicture::Cover(Square square, int cell) {
+  Uncover();
+  covered_ = square;
+  cover_ = cell;
+  UpdateSquare(square);
+}
+
+void BoardPicture::Uncover() {
+  if (covered_) UpdateSquare(*std::exchange(covered_, std::nullopt));
+}
+
+void BoardPicture::ShowDots(const std::vector<Square>& dots) {
+  if (dots == dots_) return;
+  dots_ = dots;
+  update();
+}
+
+void BoardPicture::ShowCoordinates(bool visible) {
+  if (visible == coordinates_) return;
+  coordinates_ = visible;
+  update();
+}
+
+void BoardPicture::ShowSelection(std::optional<Square> square) {
+  if (square == selected_) return;
+  selected_ = square;
+  update();
+}
+
+void BoardPicture::MoveCursor(Square square, bool showRing) {
+  UpdateSquare(cursor_);
+  cursor_ = square;
+  cursorRing_ = showRing;
+  UpdateSquare(cursor_);
+  DescribeCursor();
+}
+
+void BoardPicture::DescribeCursor() {
+  setAccessibleDescription(DescribeSquare(cursor_, CellOn(cursor_)));
+}
+
+QPixmap BoardPicture::FloatingPicture(rules::PieceCode piece) const {
+  const qreal ratio = devicePixelRatioF();
+  const int pixels = std::max(1, static_cast<int>(std::lround(MeasureGrid().cell * ratio)));
+  QPixmap picture = QPixmap::fromImage(graphics_.Icon(piece).scaled(
+      pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  picture.setDevicePixelRatio(ratio);
+  return picture;
+}
+
+const QPixmap& BoardPicture::ScaledCell(int cell, qreal size) {
+  const qreal ratio = devicePixelRatioF();
+  const int pixels = std::max(1, static_cast<int>(std::lround(size * ratio)));
+  if (pixels != scaledPixels_) {
+    scaled_.fill({});
+    scaledPixels_ = pixels;
+  }
+  QPixmap& picture = scaled_.at(static_cast<std::size_t>(cell));
+  if (picture.isNull()) {
+    picture = QPixmap::fromImage(graphics_.Cell(cell).scaled(pixels, pixels, Qt::IgnoreAspectRatio,
+                                                             Qt::SmoothTransformation));
+  }
+  picture.setDevicePixelRatio(ratio);
+  return picture;
+}
+
+void BoardPicture::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintSquares(painter, event->region());
+  if (coordinates_) PaintCoordinates(painter);
+  PaintSelection(painter);
+  PaintDots(painter);
+  PaintCursor(painter);
+}
+
+void BoardPicture::PaintSquares(QPainter& painter, const QRegion& region) {
+  const Grid grid = MeasureGrid();
+  const QRectF all(grid.corner, QSizeF(8 * grid.cell, 8 * grid.cell));
+  painter.setPen(QPen(palette().color(QPalette::Shadow), 1));
+  painter.drawRect(all.adjusted(-0.5, -0.5, 0.5, 0.5));
+  for (int i = 0; i < 64; ++i) {
+    const Square square = rules::SquareAt(i);
+    const QRectF rect = RectOf(square);
+    if (!region.intersects(rect.toAlignedRect())) continue;
+    const int cell = covered_ == square ? cover_ : CellOn(square);
+    painter.drawPixmap(rect.topLeft(), ScaledCell(cell, rect.width()));
+  }
+}
+
+void BoardPicture::PaintCoordinates(QPainter& painter) const {
+  const Grid grid = MeasureGrid();
+  painter.setPen(palette().color(QPalette::WindowText));
+  for (int i = 1; i <= 8; ++i) {
+    // The row at the bottom gives the letters, the column at the left the numbers.
+    const QRectF inRow = RectOf({i, 1});
+    const QRectF inColumn = RectOf({1, i});
+    painter.drawText(QRectF(inRow.left(), grid.corner.y() + 8 * grid.cell, grid.cell, edge),
+                     Qt::AlignCenter, FileLetter(i));
+    painter.drawText(QRectF(grid.corner.x() - edge, inColumn.top(), edge, grid.cell),
+                     Qt::AlignCenter, QString::number(i));
+  }
+}
+
+void BoardPicture::PaintDots(QPainter& painter) const {
+  const QColor accent = palette().color(QPalette::Highlight);
+  const QColor rim = palette().color(QPalette::HighlightedText);
+  for (const Square square : dots_) {
+    const QRectF rect = RectOf(square);
+    if (IsEmptyCell(CellOn(square))) {
+      const qreal radius = rect.width() * 0.11;
+      painter.setBrush(accent);
+      painter.setPen(QPen(rim, std::max(1.5, radius * 0.25)));
+      painter.drawEllipse(rect.center(), radius, radius);
+    } else {
+      // Round a piece, so that it hides nothing of it.
+      const qreal radius = rect.width() * 0.46;
+      painter.setBrush(Qt::NoBrush);
+      for (const auto& [colour, width] : {std::pair{rim, 0.065}, std::pair{accent, 0.04}}) {
+        painter.setPen(QPen(colour, rect.width() * width));
+        painter.drawEllipse(rect.center(), radius, radius);
+      }
+    }
+  }
+}
+
+void BoardPicture::PaintSelection(QPainter& painter) const {
+  if (!selected_) return;
+  const QRectF rect = RectOf(*selected_);
+  const QColor accent = palette().color(QPalette::Highlight);
+  QColor glow = accent;
+  glow.setAlpha(45);
+  const qreal width = std::max(3.0, rect.width() * 0.06);
+  painter.setPen(QPen(accent, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.setBrush(glow);
+  painter.drawRect(rect.adjusted(width / 2, width / 2, -width / 2, -width / 2));
+}
+
+void BoardPicture::PaintCursor(QPainter& painter) const {
+  if (!cursorRing_ || !hasFocus()) return;
+  // Two lines, so that the ring is seen on light and dark squares and round a selected one.
+  const QRectF rect = RectOf(cursor_);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(
+      QPen(palette().color(QPalette::Highlight), 3, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.drawRect(rect.adjusted(1.5, 1.5, -1.5, -1.5));
+  painter.setPen(QPen(palette().color(QPalette::HighlightedText), 2, Qt::SolidLine, Qt::SquareCap,
+                      Qt::MiterJoin));
+  painter.drawRect(rect.adjusted(4, 4, -4, -4));
+}
+
+void BoardPicture::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) update();
+  QWidget::changeEvent(event);
+}
+
+void BoardPicture::focusInEvent(QFocusEvent* event) {
+  const Qt::FocusReason reason = event->reason();
+  if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+      reason == Qt::ShortcutFocusReason) {
+    cursorRing_ = true;
+  }
+  UpdateSquare(cursor_);
+}
+
+void BoardPicture::focusOutEvent(QFocusEvent*) { UpdateSquare(cursor_); }
+
+QString DescribeSquare(Square square, int cell) {
+  static constexpr const char* pieces[] = {"",      "rook", "knight", "bishop",
+                                           "queen", "king", "pawn",   "fallen king"};
+  QString text = FileLetter(square.x) + QString::number(square.y);
+  const int column = cell % ChessGraphics::columns;
+  if (column != 0) {
+    text += (cell < 16 ? u", white "_s : u", black "_s) + QLatin1StringView(pieces[column]);
+  }
+  return text;
+}
+
+}  // namespace ui

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The chess board as a picture: 64 cells of the chess set's sheet, the coordinates beside them, and
+// the marks on them. It grows with its widget and stays square.
+//
+// The picture keeps the cell of each square itself and shows nothing that it wasn't told, because
+// the position moves while a move is being tried. It takes no input; PieceHand does.
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <array>
+#include <optional>
+#include <vector>
+
+#include "board/board.h"
+#include "rules/position.h"
+#include "ui/chess_graphics.h"
+
+namespace ui {
+
+class BoardPicture : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Pixels round the squares; the coordinates stand there.
+  static constexpr int edge = 24;
+
+  /// The graphics must outlive the picture.
+  explicit BoardPicture(const ChessGraphics& graphics, QWidget* parent = nullptr);
+
+  /// Where a square stands from now on.
+  void Place(rules::Square square, board::GridPlace place);
+
+  void PaintSquare(rules::Square square, int cell);
+  int CellOn(rules::Square square) const;
+
+  /// Shows another cell on one square until Uncover, whatever is painted there meanwhile.
+  void Cover(rules::Square square, int cell);
+  void Uncover();
+
+  void ShowDots(const std::vector<rules::Square>& dots);
+  void ShowCoordinates(bool visible);
+  bool CoordinatesVisible() const { return coordinates_; }
+  void ShowSelection(std::optional<rules::Square> square);
+
+  /// The square that the keyboard works on. Its ring shows while the board has the focus and the
+  /// keyboard is used.
+  rules::Square Cursor() const { return cursor_; }
+  void MoveCursor(rules::Square square, bool showRing);
+
+  /// The square one step to the right and up as the board is seen now; the same at an edge.
+  rules::Square Neighbour(rules::Square square, int right, int up) const;
+
+  std::optional<rules::Square> SquareUnder(QPointF point) const;
+  QRectF RectOf(rules::Square square) const;
+
+  /// The picture of the piece whose icon this is, as large as a square.
+  QPixmap FloatingPicture(rules::PieceCode piece) const;
+
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  struct Grid {
+    QPointF corner;  // upper left
+    qreal cell = 0;  // a whole number of the screen's own pixels
+  };
+  Grid MeasureGrid() const;
+  void UpdateSquare(rules::Square square);
+  const QPixmap& ScaledCell(int cell, qreal size);
+  void PaintSquares(QPainter& painter, const QRegion& region);
+  void PaintCoordinates(QPainter& painter) const;
+  void PaintDots(QPainter& painter) const;
+  void PaintSelection(QPainter& painter) const;
+  void PaintCursor(QPainter& painter) const;
+  void DescribeCursor();
+
+  const ChessGraphics& graphics_;
+  std::array<board::GridPlace, 64> places_{};
+  std::array<int, 64> cells_{};
+  std::optional<rules::Square> covered_;
+  int cover_ = 0;
+  std::vector<rules::Square> dots_;
+  bool coordinates_ = false;
+  std::optional<rules::Square> selected_;
+  rules::Square cursor_{5, 2};
+  bool cursorRing_ = false;
+
+  std::array<QPixmap, ChessGraphics::rows * ChessGraphics::columns> scaled_;
+  int scaledPixels_ = 0;  // the size of what scaled_ holds
+};
+
+/// Such as "e4, white pawn".
+QString DescribeSquare(rules::Square square, int cell);
+
+}  // namespace ui

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The Board window: it shows what the logic of the board holds and hands the user's actions to it.
+// It opens the game of CurrentGameID when it is made, and runs the logic's closing work once when
+// it closes; it deletes itself then.
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+#include "board/board.h"
+#include "ui/board_picture.h"
+#include "ui/chess_graphics.h"
+
+class QMenu;
+class QPushButton;
+
+namespace ui {
+
+class CommentBox;
+class MoveListTable;
+class PieceHand;
+class PlainTextView;
+
+class BoardWindow : public QWidget, private board::BoardView {
+  Q_OBJECT
+
+ public:
+  /// The graphics must outlive the window.
+  explicit BoardWindow(const ChessGraphics& graphics);
+
+  const board::Board& Logic() const { return board_; }
+  const BoardPicture& Picture() const { return *picture_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  // What the logic asks for.
+  void ConstructBoard() override;
+  void PaintSquare(rules::Square square, int cell) override;
+  void Refresh() override;
+  rules::PieceCode ExchangePawn(rules::Side side) override;
+  void SetTimerInterval(int milliseconds) override;
+  void Close() override;
+
+  void LayOut();
+  void Connect();
+  void SetToolTips();
+  void RefreshButtons();
+  void ClickToolbar(int button);
+  bool LeaveComment();
+  void ShowActionsMenu(QPoint place);
+  void ShowHistoryMenu(QPoint place);
+
+  const ChessGraphics& graphics_;
+  board::Board board_;
+  QTimer checkTimer_;
+
+  BoardPicture* picture_;
+  PieceHand* hand_ = nullptr;
+  PlainTextView* playersTag_;
+  MoveListTable* moveList_;
+  PlainTextView* opponentComment_;
+  CommentBox* playerComment_;
+  std::array<QPushButton*, board::CloseButton + 1> toolbar_{};  // by button number
+};
+
+}  // namespace ui

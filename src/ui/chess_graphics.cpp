@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/chess_graphics.h"
+
+#include <QImageReader>
+
+#include <algorithm>
+#include <exception>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "ui/shown_text.h"
+
+namespace ui {
+namespace {
+
+constexpr const char* iconFiles[] = {"WhiteRook.ico",  "WhiteKnight.ico", "WhiteBishop.ico",
+                                     "WhiteQueen.ico", "WhiteKing.ico",   "WhitePawn.ico",
+                                     "BlackRook.ico",  "BlackKnight.ico", "BlackBishop.ico",
+                                     "BlackQueen.ico", "BlackKing.ico",   "BlackPawn.ico"};
+
+/// Pixels of a cell beyond which a sheet only costs memory: it is read smaller then.
+constexpr int largestCell = 512;
+
+/// A picture that can't be read; the text is its path.
+struct PictureError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+void Report(const std::string& what) {
+  platform::ShowMessage(platform::ErrorIcon, "Graphics error.",
+                        "Tarvolenix ecountered " + what +
+                            ".||Please select a valid chess set before attempting to open the "
+                            "chess board.",
+                        "OK", {}, false, platform::FailureSound);
+}
+
+/// An icon file may hold the picture in several sizes.
+QImage ReadLargest(const std::string& path) {
+  QImageReader reader(Shown(path));
+  reader.setDecideFormatFromContent(true);
+  QImage largest;
+  do {
+    QImage picture = reader.read();
+    if (picture.width() > largest.width()) largest = std::move(picture);
+  } while (reader.jumpToNextImage());
+  if (largest.isNull()) throw PictureError(path);
+  return largest;
+}
+
+QImage ReadSheet(const std::string& path) {
+  QImageReader reader(Shown(path));
+  reader.setDecideFormatFromContent(true);
+  const QSize largest(largestCell * ChessGraphics::columns, largestCell * ChessGraphics::rows);
+  if (const QSize size = reader.size();
+      size.width() > largest.width() || size.height() > largest.height()) {
+    reader.setScaledSize(size.boundedTo(largest));
+  }
+  QImage sheet = reader.read();
+  if (sheet.width() < ChessGraphics::columns || sheet.height() < ChessGraphics::rows) {
+    throw PictureError(path);
+  }
+  return sheet;
+}
+
+}  // namespace
+
+const QImage& ChessGraphics::Icon(rules::PieceCode piece) const {
+  return IconSet.at(static_cast<std::size_t>(piece - 1));
+}
+
+QImage ChessGraphics::Cell(int number) const {
+  const int width = ChessSet.width() / columns;
+  const int height = ChessSet.height() / rows;
+  return ChessSet.copy(number % columns * width, number / columns * height, width, height);
+}
+
+bool LoadChessGraphics(const std::string& chessSet, const std::string& chessBoard,
+                       ChessGraphics& graphics) {
+  try {
+    const std::string folder = platform::Process().ProgramFolder + "Graphics/" + chessSet + "/";
+    ChessGraphics loaded;
+    std::transform(std::begin(iconFiles), std::end(iconFiles), loaded.IconSet.begin(),
+                   [&folder](const char* file) { return ReadLargest(folder + file); });
+    loaded.ChessSet = ReadSheet(folder + chessBoard + ".jpg");
+    graphics = std::move(loaded);
+    return true;
+  } catch (const PictureError& error) {
+    Report(std::string("an error loading the graphics file ") + error.what());
+  } catch (const std::exception&) {
+    Report("a general error loading the graphics");
+  }
+  return false;
+}
+
+}  // namespace ui

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/comment_box.h"
+
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+
+#include <algorithm>
+
+#include "ui/typed_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int visibleLines = 3;
+
+bool IsText(const QString& typed) {
+  return !typed.isEmpty() && typed.at(0).category() != QChar::Other_Control;
+}
+
+}  // namespace
+
+CommentBox::CommentBox(QWidget* parent) : QPlainTextEdit(parent) {
+  setObjectName(u"PlayerComment"_s);
+  setAccessibleName(u"Type a comment here"_s);
+  setPlaceholderText(u"Type a comment here"_s);
+  setTabChangesFocus(true);
+  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize CommentBox::sizeHint() const {
+  const int edges = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+  return {200, visibleLines * fontMetrics().lineSpacing() + edges};
+}
+
+QSize CommentBox::minimumSizeHint() const { return {80, sizeHint().height()}; }
+
+/// As much of the text as may come in at the cursor.
+QString CommentBox::Fitting(const QString& text) const {
+  const int kept = CountCharacters(toPlainText()) - CountCharacters(textCursor().selectedText());
+  return FirstCharacters(FitForFields(text), std::max(0, longestComment - kept));
+}
+
+void CommentBox::keyPressEvent(QKeyEvent* event) {
+  const bool breaksLine = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const QString typed = event->text();
+  if (breaksLine || (IsText(typed) && Fitting(typed) != typed)) {
+    event->accept();
+    return;
+  }
+  QPlainTextEdit::keyPressEvent(event);
+}
+
+void CommentBox::inputMethodEvent(QInputMethodEvent* event) {
+  QInputMethodEvent fitting(event->preeditString(), event->attributes());
+  fitting.setCommitString(Fitting(event->commitString()), event->replacementStart(),
+                          event->replacementLength());
+  QPlainTextEdit::inputMethodEvent(&fitting);
+  event->setAccepted(fitting.isAccepted());
+}
+
+void CommentBox::insertFromMimeData(const QMimeData* source) {
+  textCursor().insertText(Fitting(source->text()));
+}
+
+void CommentBox::focusOutEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusOutEvent(event);
+  if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
+    Q_EMIT Left();
+  }
+}
+
+}  // namespace ui

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The one message dialog: a bold caption, the text, an icon, and one or two buttons. It answers for
+// itself after a time-out where the message asks for that.
+#pragma once
+
+#include <QDialog>
+
+#include "platform/message_boxes.h"
+
+namespace ui {
+
+class MsgForm : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit MsgForm(const platform::Message& message, QWidget* parent = nullptr);
+
+  /// Escape and the window's close: Cancel where it is offered, else OK.
+  void reject() override;
+
+ public Q_SLOTS:
+  /// One beat of the time-out; the last one cancels.
+  void Tick();
+
+ private:
+  bool offersCancel_;
+  int ticksLeft_;
+};
+
+}  // namespace ui

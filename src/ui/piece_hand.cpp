@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/piece_hand.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <utility>
+
+namespace ui {
+
+using rules::Square;
+
+namespace {
+constexpr int emptyCell = 16;  // of a light square; the shade comes on top
+}
+
+PieceHand::PieceHand(board::Board& board, BoardPicture& picture, QObject* parent)
+    : QObject(parent),
+      board_(board),
+      picture_(picture),
+      floating_(new FloatingPiece(picture.window())) {
+  picture_.installEventFilter(this);
+  connect(floating_, &FloatingPiece::Settled, &picture_, &BoardPicture::Uncover);
+}
+
+bool PieceHand::eventFilter(QObject*, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return Press(static_cast<const QMouseEvent&>(*event));
+    case QEvent::MouseMove:
+      return Move(static_cast<const QMouseEvent&>(*event));
+    case QEvent::MouseButtonRelease:
+      return Release(static_cast<const QMouseEvent&>(*event));
+    case QEvent::KeyPress:
+      return Key(static_cast<const QKeyEvent&>(*event));
+    case QEvent::WindowBlocked:
+    case QEvent::Hide:
+      // The release of the button won't come here any more.
+      if (dragging_) LetGo();
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool PieceHand::Press(const QMouseEvent& event) {
+  const auto square = picture_.SquareUnder(event.position());
+  if (event.button() != Qt::LeftButton || !square) {
+    if (held_) SetDown();
+    return false;
+  }
+  picture_.MoveCursor(*square, false);
+  wasSelected_ = held_ == square;
+  if (Touch(*square)) {
+    dragging_ = true;
+    leftItsSquare_ = false;
+    Float(*square, event.pos() - picture_.RectOf(*square).topLeft().toPoint());
+  }
+  return true;
+}
+
+bool PieceHand::Move(const QMouseEvent& event) {
+  if (!dragging_) return false;
+  if (picture_.SquareUnder(event.position()) != held_) leftItsSquare_ = true;
+  floating_->move(picture_.mapTo(picture_.window(), event.pos()) - grab_);
+  return true;
+}
+
+bool PieceHand::Release(const QMouseEvent& event) {
+  if (event.button() != Qt::LeftButton || !dragging_) return false;
+  dragging_ = false;
+  const auto target = picture_.SquareUnder(event.position());
+  if (target != held_) {
+    Drop(target);
+  } else if (wasSelected_ || leftItsSquare_) {
+    SetDown();
+  } else {
+    PutAway();
+  }
+  return true;
+}
+
+bool PieceHand::Key(const QKeyEvent& event) {
+  struct Step {
+    int key, right, up;
+  };
+  static constexpr Step steps[] = {
+      {Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, 1}, {Qt::Key_Down, 0, -1}};
+  for (const Step& step : steps) {
+    if (event.key() != step.key) continue;
+    picture_.MoveCursor(picture_.Neighbour(picture_.Cursor(), step.right, step.up), true);
+    return true;
+  }
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      if (!event.isAutoRepeat() && !dragging_) ActOn(picture_.Cursor());
+      return true;
+    case Qt::Key_Escape:
+      if (!held_) return false;
+      SetDown();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void PieceHand::ActOn(Square square) {
+  picture_.MoveCursor(square, true);
+  if (held_ == square) {
+    SetDown();
+  } else if (Touch(square)) {
+    picture_.ShowSelection(held_);
+  }
+}
+
+/// A press or Enter on a square. True where a piece of that square is in the hand now.
+bool PieceHand::Touch(Square square) {
+  const bool ownPiece = rules::SideOf(square) == rules::ThePosition().SideToMove;
+  if (held_ == square) return true;
+  if (held_ && !ownPiece) {
+    Drop(square);
+    return false;
+  }
+  LetGo();
+  if (!board_.CBoard_MouseDown(NumberOf(square))) return false;
+  held_ = square;
+  return true;
+}
+
+void PieceHand::SetDown() {
+  if (!held_) return;
+  const int number = NumberOf(*held_);
+  LetGo();
+  board_.CBoard_DragDrop(number, number);
+}
+
+void PieceHand::LetGo() {
+  if (!held_) return;
+  held_.reset();
+  dragging_ = false;
+  PutAway();
+}
+
+/// Drops the held piece. Until the logic has taken the move, the piece is on its way back.
+void PieceHand::Drop(std::optional<Square> target) {
+  const Square source = *std::exchange(held_, std::nullopt);
+  picture_.ShowSelection(std::nullopt);
+  if (!floating_->isVisible()) Float(source, {});
+  floating_->SettleAt(CornerOf(source));
+  const int cellBefore = target ? picture_.CellOn(*target) : 0;
+  const int entriesBefore = board_.Moves.Count();
+  board_.CBoard_DragDrop(target ? NumberOf(*target) : 0, NumberOf(source));
+  if (board_.Moves.Count() == entriesBefore || !floating_->IsSettling()) return;
+  picture_.Cover(*target, cellBefore);
+  floating_->SettleAt(CornerOf(*target));
+}
+
+QPoint PieceHand::CornerOf(Square square) const {
+  return picture_.mapTo(picture_.window(), picture_.RectOf(square).topLeft().toPoint());
+}
+
+/// Takes a square's piece off the picture, the pointer being `grab` away from its corner.
+void PieceHand::Float(Square square, QPoint grab) {
+  grab_ = grab;
+  const rules::PieceCode piece = rules::ThePosition().BoardState.At(square);
+  floating_->PickUp(picture_.FloatingPicture(piece), CornerOf(square));
+  picture_.Cover(square, emptyCell + rules::SquareShade(square));
+}
+
+void PieceHand::PutAway() {
+  floating_->PutAway();
+  picture_.Uncover();
+  picture_.ShowSelection(held_);
+}
+
+}  // namespace ui

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/plain_text_view.h"
+
+#include <QTextDocument>
+
+#include <cmath>
+#include <memory>
+
+namespace ui {
+
+namespace {
+constexpr int usualWidth = 200;
+}
+
+PlainTextView::PlainTextView(QWidget* parent) : QTextEdit(parent) {
+  setReadOnly(true);
+  setAcceptRichText(false);
+  setTextInteractionFlags(Qt::TextSelectableByMouse);
+  setFocusPolicy(Qt::ClickFocus);
+  setFrameShape(QFrame::NoFrame);
+  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  document()->setDocumentMargin(0);
+  viewport()->setAutoFillBackground(false);
+  QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+}
+
+void PlainTextView::SetText(const QString& text) {
+  if (text == toPlainText()) return;
+  setPlainText(text);
+  updateGeometry();
+}
+
+int PlainTextView::heightForWidth(int width) const {
+  const std::unique_ptr<QTextDocument> copy(document()->clone());
+  copy->setTextWidth(width);
+  return static_cast<int>(std::ceil(copy->size().height()));
+}
+
+QSize PlainTextView::sizeHint() const { return {usualWidth, heightForWidth(usualWidth)}; }
+
+QSize PlainTextView::minimumSizeHint() const { return {80, fontMetrics().lineSpacing()}; }
+
+}  // namespace ui

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A label for text that comes from people: never read as markup, broken anywhere where a word is
+// longer than the line, as high as its text, to be selected with the mouse.
+#pragma once
+
+#include <QTextEdit>
+
+namespace ui {
+
+class PlainTextView : public QTextEdit {
+  Q_OBJECT
+
+ public:
+  explicit PlainTextView(QWidget* parent = nullptr);
+
+  void SetText(const QString& text);
+
+  bool hasHeightForWidth() const override { return true; }
+  int heightForWidth(int width) const override;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+};
+
+}  // namespace ui

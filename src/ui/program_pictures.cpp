@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/program_pictures.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QStyle>
+
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "ui/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+QString ProgramPicturePath(const QString& name) {
+  return Shown(platform::Process().ProgramFolder) + u"Graphics/Program/"_s + name;
+}
+
+QPixmap MessagePicture(int icon, int size) {
+  const QIcon own(ProgramPicturePath(u"messages/message-%1.png"_s.arg(icon)));
+  if (const QPixmap picture = own.pixmap(size); !picture.isNull()) return picture;
+  const QStyle::StandardPixmap standard = icon == platform::InformationIcon
+                                              ? QStyle::SP_MessageBoxInformation
+                                              : QStyle::SP_MessageBoxWarning;
+  return QApplication::style()->standardIcon(standard).pixmap(size);
+}
+
+}  // namespace ui

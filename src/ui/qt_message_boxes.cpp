@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/qt_message_boxes.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+
+#include "ui/msg_form.h"
+#include "ui/pointers.h"
+#include "ui/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+bool QtMessageBoxes::Ask(const platform::Message& message) {
+  // The arrow shows even where the caller waits under the busy pointer.
+  const OtherPointer arrow(Qt::ArrowCursor);
+  MsgForm dialog(message, QApplication::activeWindow());
+  return dialog.exec() == QDialog::Accepted;
+}
+
+void QtMessageBoxes::ShowStatus(const std::string& text) {
+  if (!status_) status_ = std::make_unique<StatusWindow>(QApplication::activeWindow());
+  status_->Display(Shown(text));
+}
+
+void QtMessageBoxes::HideStatus() { status_.reset(); }
+
+void QtMessageBoxes::PlainBox(const std::string& title, const std::string& text) {
+  const OtherPointer arrow(Qt::ArrowCursor);
+  QMessageBox box(QMessageBox::Warning, Shown(title), {}, QMessageBox::Ok);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Shown(text));
+  box.exec();
+}
+
+}  // namespace ui

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a user may type where it goes into the game file and into mails: one line, without the
+// character that separates the fields there.
+#pragma once
+
+#include <QString>
+
+class QLineEdit;
+
+namespace ui {
+
+/// `text` without "|"; line breaks, tabs and other control characters become blanks.
+QString FitForFields(QString text);
+
+/// Keeps a field to such text, however it comes in.
+void KeepFitForFields(QLineEdit* field);
+
+/// The characters of a text as people count them.
+int CountCharacters(const QString& text);
+
+/// The first `count` of them.
+QString FirstCharacters(const QString& text, int count);
+
+}  // namespace ui

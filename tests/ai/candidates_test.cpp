@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ai/candidates.h"
+
+#include <algorithm>
+#include <random>
+
+#include "ai/plain_chess.h"
+#include "rules/attack.h"
+#include "rules/game_end.h"
+#include "rules/rules_fixture.h"
+#include "rules/test_moves.h"
+
+namespace ai {
+namespace {
+
+using rules::Black;
+using rules::LastMove;
+using rules::NobodyInCheck;
+using rules::Side;
+using rules::Square;
+using rules::ThePosition;
+using rules::Untouched;
+using rules::White;
+
+struct OrderCase {
+  const char* name;
+  const char* board;
+  const char* from;
+  const char* targets;  ///< in the order of the list
+  const char* lastMove = "";
+  int sideInCheck = NobodyInCheck;
+};
+
+const OrderCase orderCases[] = {
+    {"a rook: left, right, down, up", "Rd4 Pb4 pd6", "d4", "c4 e4 f4 g4 h4 d3 d2 d1 d5 d6"},
+    {"a bishop: towards a1, a8, h1, h8", "Bd4 Pb2 pf6", "d4", "c3 c5 b6 a7 e3 f2 g1 e5 f6"},
+    {"a queen: as a rook, then as a bishop", "qd4 pb4 pf4 pd2 pd6 pc3 pc5 pf2 Pf6", "d4",
+     "c4 e4 d3 d5 e3 e5 f6"},
+    {"a knight", "Nd4", "d4", "c6 e6 c2 e2 b5 b3 f5 f3"},
+    {"a pawn: steps, then captures", "Pe2 pd3 pf3", "e2", "e3 e4 d3 f3"},
+    {"a black pawn", "pe7 Pd6 Pf6", "e7", "e6 e5 d6 f6"},
+    {"en passant comes before captures", "Pe5 pf5 pd6", "e5", "e6 f6 d6", "f7f5"},
+    {"a pawn later takes one step", "Pe3", "e3", "e4"},
+    {"a pawn with a blocked second step", "Pe2 ne4", "e2", "e3"},
+    {"a pawn of column a takes to the right alone", "Pa2 pb3 ph3", "a2", "a3 a4 b3"},
+    {"a step onto the last row is one move", "Pe7 rd8", "e7", "e8 d8"},
+    {"White's pawn on row 8", "Pe8 rd7", "e8", ""},
+    {"a king, column by column, then castling", "Ke1 Ra1 Rh1", "e1", "d1 d2 e2 f1 f2 c1 g1"},
+    {"no castling in check", "Ke1 Ra1 Rh1 re8", "e1", "d1 d2 f1 f2", "", White},
+    {"no castling through check or into it", "Ke1 Ra1 Rh1 rd8 rg8", "e1", "e2 f1 f2"},
+    {"a king is no target", "Ra1 ka3", "a1", "b1 c1 d1 e1 f1 g1 h1 a2"},
+    {"a pinned rook stays in the pin", "Ke1 Re3 re6", "e3", "e2 e4 e5 e6"},
+    {"a check leaves what ends it", "Ke1 Bc1 re8", "c1", "e3", "", White},
+    {"en passant that uncovers the king", "Ka5 Pd5 pe5 rh5", "d5", "d6", "e7e5"},
+};
+
+TEST(CandidatesTest, APiecesMovesComeInTheirOrder) {
+  for (const OrderCase& row : orderCases) {
+    SCOPED_TRACE(row.name);
+    rules::Place(row.board);
+    const Untouched before;
+    const Square from = rules::Sq(row.from);
+    CandidateList list;
+    GenerateMoves(rules::SideOf(from), ThePosition().BoardState.At(from), from, list,
+                  rules::After(row.lastMove), row.sideInCheck);
+    std::string targets;
+    for (const CandidateMove& move : list) {
+      EXPECT_EQ(move.from, from);
+      if (!targets.empty()) targets += ' ';
+      targets += rules::NameOf(move.to);
+    }
+    EXPECT_EQ(targets, row.targets);
+    EXPECT_EQ(Untouched(), before);
+  }
+}
+
+/// A side's turn, with what the rules have to be told about it.
+struct Turn {
+  Side side = White;
+  LastMove lastMove;
+  int sideInCheck = NobodyInCheck;
+
+  CandidateList Moves() const {
+    CandidateList list;
+    GenerateAllMoves(side, list, lastMove, sideInCheck);
+    return list;
+  }
+
+  /// Plays the move as a test move; the turn behind it.
+  Turn Play(const CandidateMove& move) const {
+    Turn next{rules::OtherSide(side), {move.from, move.to}, sideInCheck};
+    rules::MakeTestMove(side, move.from, move.to, ThePosition().BoardState.At(move.from), lastMove,
+                        next.sideInCheck);
+    return next;
+  }
+};
+
+long CountMoves(const Turn& turn, int depth) {
+  const CandidateList moves = turn.Moves();
+  if (depth == 1) return static_cast<long>(moves.size());
+  long count = 0;
+  for (const CandidateMove& move : moves) {
+    Turn next = turn.Play(move);
+    count += CountMoves(next, depth - 1);
+    rules::UndoTestMove(next.sideInCheck);
+    EXPECT_EQ(next.sideInCheck, turn.sideInCheck);
+  }
+  return count;
+}
+
+/// The position on the board, as the second opinion reads it.
+PlainChess Plain(const Turn& turn) {
+  rules::Position& position = ThePosition();
+  PlainChess plain;
+  for (int i = 0; i < 64; ++i) plain.squares[i] = ".RNBQKPrnbqkp"[position.BoardState[i]];
+  plain.whiteMoves = turn.side == White;
+  plain.rights.clear();
+  for (const Side side : {White, Black}) {
+    const bool king = !position.HasMoved(side, rules::KingItself);
+    plain.rights += king && !position.HasMoved(side, rules::Column8Rook) ? "Kk"[side] : ' ';
+    plain.rights += king && !position.HasMoved(side, rules::Column1Rook) ? "Qq"[side] : ' ';
+  }
+  const auto& [from, to] = turn.lastMove;
+  if (turn.lastMove && rules::IsPawn(position.BoardState.At(to)) && std::abs(from.y - to.y) == 2) {
+    plain.passed = rules::IndexOf(to.x, (from.y + to.y) / 2);
+  }
+  return plain;
+}
+
+// Castling on both sides, pins, en passant with and without the pin.
+constexpr const char* rich =
+    "Ra1 Ke1 Rh1 Pa2 Pb2 Pc2 Bd2 Be2 Pf2 Pg2 Ph2 Nc3 Qf3 ph3 pb4 Pe4 Pd5 Ne5 ba6 nb6 pe6 nf6 pg6 "
+    "pa7 pc7 pd7 qe7 pf7 bg7 ra8 ke8 rh8";
+constexpr const char* passing = "Ka5 Pb5 Rb4 pc7 pd6 pf4 kh4 rh5 Pe2 Pg2";
+
+TEST(CandidatesTest, MovesCountAsTheyAreKnownOrAsASecondOpinionCounts) {
+  rules::Place("start");
+  const long counts[] = {20, 400, 8902, 197281, 4865609};
+  for (int depth = 1; depth <= 5; ++depth) EXPECT_EQ(CountMoves({}, depth), counts[depth - 1]);
+  for (const char* board : {rich, passing}) {
+    rules::Place(board);
+    EXPECT_EQ(CountMoves({}, 3), Plain({}).CountMoves(3)) << board;
+  }
+}
+
+std::size_t Replies(const Turn& turn, const CandidateMove& move) {
+  Turn next = turn.Play(move);
+  const std::size_t replies = next.Moves().size();
+  rules::UndoTestMove(next.sideInCheck);
+  return replies;
+}
+
+/// Lets both sides move from several positions, in half of their turns at random and in the other
+/// half to leave few replies, so that there are mates and stalemates; `visit` sees every turn.
+template <typename Visit>
+void PlayAtRandom(int games, Visit visit) {
+  const char* const starts[] = {"start", rich, passing, "Ra1 Qd1 Ke1 Rh1 ra8 qd8 ke8 rh8",
+                                "Ke1 Qd1 Ra1 Rh1 Ba3 ke8 pa7 pb7"};
+  std::mt19937 random(20260309);
+  for (int game = 0; game < games; ++game) {
+    rules::Place(starts[game % std::size(starts)]);
+    Turn turn;
+    for (int ply = 0; ply < 100; ++ply) {
+      visit(turn);
+      const CandidateList moves = turn.Moves();
+      if (moves.empty()) break;
+      CandidateMove chosen = moves[random() % moves.size()];
+      for (const CandidateMove& move : moves) {
+        if (ply % 4 > 1 && Replies(turn, move) < Replies(turn, chosen)) chosen = move;
+      }
+      turn = turn.Play(chosen);
+    }
+  }
+}
+
+struct Seen {
+  int castlings = 0;
+  int passings = 0;
+  int checks = 0;
+  int mates = 0;
+  int stalemates = 0;
+};
+
+/// Every legal move is found, plays as it should and is taken back without a trace.
+void CompareMoves(const Turn& turn, const PlainChess& plain, Seen& seen) {
+  const Untouched before;
+  PlainChess::Moves found;
+  for (const CandidateMove& move : turn.Moves()) {
+    found.emplace_back(rules::IndexOf(move.from), rules::IndexOf(move.to));
+    const bool pawnAslant = rules::IsPawn(before.board.At(move.from)) && move.from.x != move.to.x;
+    seen.passings += pawnAslant && before.board.At(move.to) == rules::NoPiece;
+    seen.castlings += rules::KindOf(before.board.At(move.from)) == rules::WhiteKing &&
+                      std::abs(move.from.x - move.to.x) == 2;
+
+    Turn next = turn.Play(move);
+    const PlainChess expected = plain.Moved(found.back().first, found.back().second);
+    EXPECT_EQ(Plain(next).squares, expected.squares);
+    EXPECT_EQ(Plain(next).rights, expected.rights);
+    EXPECT_EQ(next.sideInCheck == next.side, expected.InCheck(expected.whiteMoves));
+    EXPECT_TRUE(rules::SetsInStep(ThePosition().BoardState));
+    rules::UndoTestMove(next.sideInCheck);
+    EXPECT_EQ(next.sideInCheck, turn.sideInCheck);
+    EXPECT_EQ(Untouched(), before);
+  }
+  const auto byFrom = [](const auto& a, const auto& b) { return a.first < b.first; };
+  EXPECT_TRUE(std::is_sorted(found.begin(), found.end(), byFrom)) << "pieces come row by row";
+  std::sort(found.begin(), found.end());
+  EXPECT_EQ(found, plain.LegalMoves());
+}
+
+/// Mate is reasoned and stalemate is searched piece by piece; both must mean "no legal move".
+void CompareEnds(const Turn& turn, const PlainChess& plain, Seen& seen) {
+  const bool stuck = plain.LegalMoves().empty();
+  const bool check = plain.InCheck(plain.whiteMoves);
+  using rules::Standing;
+  EXPECT_EQ(rules::GameState(turn.side, true, turn.sideInCheck, turn.lastMove),
+            !check  ? Standing::Neither
+            : stuck ? Standing::Checkmate
+                    : Standing::Check);
+  EXPECT_EQ(rules::NoLegalMoves(turn.side, turn.lastMove, turn.sideInCheck), stuck);
+  seen.checks += check;
+  seen.mates += check && stuck;
+  seen.stalemates += !check && stuck;
+}
+
+TEST(CandidatesTest, RandomGamesAgreeWithASecondOpinion) {
+  Seen seen;
+  PlayAtRandom(120, [&](const Turn& turn) {
+    const PlainChess plain = Plain(turn);
+    CompareMoves(turn, plain, seen);
+    CompareEnds(turn, plain, seen);
+    ASSERT_FALSE(::testing::Test::HasFailure()) << plain.squares << " side " << turn.side;
+  });
+  EXPECT_GT(seen.castlings, 500) << "too few for a comparison";
+  EXPECT_GT(seen.passings, 30);
+  EXPECT_GT(seen.checks, 500);
+  EXPECT_GT(seen.mates, 10);
+  EXPECT_GT(seen.stalemates, 4);
+}
+
+}  // namespace
+}  // namespace ai

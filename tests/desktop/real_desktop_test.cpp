@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/real_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include "desktop/folders.h"
+#include "platform/desktop.h"
+#include "platform/registry.h"
+#include "temporary_folder.h"
+
+namespace {
+
+TEST(RealDesktopTest, TwoPlayersOnOneMachineReachEachOther) {
+  TemporaryFolder folder;
+  for (const std::string player : {"white", "black"}) {
+    std::filesystem::create_directory(folder / player);
+    WriteFile(folder / (player + "/Tarvolenix.conf"),
+              "[Mail]\nMyName=Jürgen, " + player + "\nMyAddress=" + player +
+                  "@localhost\nPostFolder=" + folder / "post" + "\n");
+  }
+  {
+    const desktop::RealDesktop white(folder / "white");
+    const platform::Desktop& seams = platform::TheDesktop();
+    ASSERT_TRUE(platform::WriteRegistry(platform::productSection, "ChessSet", "Märmor"));
+    EXPECT_NE(ReadFile(folder / "white/Tarvolenix.conf").find("Märmor"), std::string::npos);
+    seams.files->Write(folder / "white/file", "x");
+    EXPECT_GT(seams.clock->Now().year, 2000);
+    seams.sounds->Play(folder / "white/file");
+    seams.MSess->SignOn();
+    seams.MMess->RecipAddress("black@localhost");
+    seams.MMess->MsgIndex(-1);
+    seams.MMess->MsgSubject("Tarvolenix : e4");
+    seams.MMess->Send();
+  }
+  EXPECT_EQ(platform::TheDesktop().MSess, nullptr);
+  const desktop::RealDesktop black(folder / "black");
+  platform::MAPIMessages& messages = *platform::TheDesktop().MMess;
+  platform::TheDesktop().MSess->SignOn();
+  messages.FetchUnreadOnly(true);
+  messages.Fetch();
+  ASSERT_EQ(messages.MsgCount(), 1);
+  messages.MsgIndex(0);
+  EXPECT_EQ(messages.MsgSubject(), "Tarvolenix : e4");
+  EXPECT_EQ(messages.MsgOrigDisplayName(), "Jürgen,white");
+  EXPECT_EQ(messages.MsgOrigAddress(), "white@localhost");
+}
+
+TEST(RealDesktopTest, TheProgramFolderIsTheExecutables) {
+  EXPECT_TRUE(std::filesystem::exists(desktop::ProgramFolder() + "desktop_test"));
+}
+
+}  // namespace

@@ -1,0 +1,513 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/board_window.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTextEdit>
+
+#include "ui/board_menus.h"
+#include "ui/floating_piece.h"
+#include "ui_fixture.h"
+
+namespace ui {
+namespace {
+
+using namespace Qt::StringLiterals;
+using platform::Process;
+using rules::FromNumber;
+
+const std::string promotionBoard =
+    "0000000000000500;0000000000000000;0000000000000000;0000000000000000;"
+    "0000000000000000;0000000000000000;0600000000000000;0000000000001100";
+
+class BoardWindowTest : public testing::Test {
+ protected:
+  BoardWindowTest() {
+    Process().Offline = false;
+    platform::Settings().Verbose = true;
+    platform::Settings().NotificationTimeout = 0;
+  }
+  ~BoardWindowTest() override { delete window_; }
+
+  void Open(const std::vector<PlayedEntry>& entries, bool playsWhite = true,
+            const std::string& startBoard = {}) {
+    delete window_;
+    desktop_.files.content.clear();
+    Process().CurrentGameID = StoreGame(entries, playsWhite, store::MoveWaiting, startBoard);
+    window_ = new BoardWindow(graphics_);
+    window_->show();
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
+    Picture()->setFocus();
+    desktop_.sounds.played.clear();
+  }
+
+  template <typename Widget>
+  Widget* Find(const char* name) {
+    auto* widget = window_->findChild<Widget*>(QLatin1StringView(name));
+    EXPECT_NE(widget, nullptr) << name;
+    return widget;
+  }
+  BoardPicture* Picture() { return Find<BoardPicture>("CBoard"); }
+  QPushButton* Button(int number) {
+    return Find<QPushButton>(("Toolbar1S_" + std::to_string(number)).c_str());
+  }
+  QPlainTextEdit* Comment() { return Find<QPlainTextEdit>("PlayerComment"); }
+
+  QPoint Centre(int square) {
+    return square == 0 ? QPoint(2, 2) : Picture()->RectOf(FromNumber(square)).center().toPoint();
+  }
+  void Press(int square) { QTest::mousePress(Picture(), Qt::LeftButton, {}, Centre(square)); }
+  void MoveTo(int square) { QTest::mouseMove(Picture(), Centre(square)); }
+  void Release(int square) { QTest::mouseRelease(Picture(), Qt::LeftButton, {}, Centre(square)); }
+  void Drag(int from, int to) {
+    Press(from);
+    MoveTo(to);
+    Release(to);
+  }
+  void Click(int square) { QTest::mouseClick(Picture(), Qt::LeftButton, {}, Centre(square)); }
+  void Key(Qt::Key key, int times = 1) {
+    while (times-- > 0) QTest::keyClick(Picture(), key);
+  }
+
+  int CellOn(int square) { return Picture()->CellOn(FromNumber(square)); }
+
+  /// What is really seen in the middle of a square, once pieces have settled.
+  QColor SeenOn(int square) {
+    Settle();
+    return window_->grab().toImage().pixelColor(Picture()->mapTo(window_, Centre(square)));
+  }
+  void Settle() {
+    const auto* floating = window_->findChild<FloatingPiece*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !floating->IsSettling(); }));
+  }
+
+  std::string LastMove() { return window_->Logic().Moves.Last().MoveText; }
+
+  fakes::FakeDesktop desktop_;
+  const ChessGraphics graphics_ = ColouredGraphics();
+  QPointer<BoardWindow> window_;
+};
+
+TEST_F(BoardWindowTest, EveryWayOfMovingAPieceGivesTheSameMove) {
+  const std::pair<const char*, std::function<void()>> rows[] = {
+      {"dragging", [this] { Drag(52, 54); }},
+      {"clicking the piece and its target",
+       [this] {
+         Click(52);
+         Click(54);
+       }},
+      {"selecting another piece first",
+       [this] {
+         Click(71);
+         Click(52);
+         Click(54);
+       }},
+      {"dragging a piece that was selected",
+       [this] {
+         Click(52);
+         Drag(52, 54);
+       }},
+      {"the keyboard",
+       [this] {
+         Key(Qt::Key_Return);  // the cursor begins on e2
+         Key(Qt::Key_Up, 2);
+         Key(Qt::Key_Space);
+       }},
+      {"the keyboard, past the edge of the board and back",
+       [this] {
+         Key(Qt::Key_Left, 9);
+         Key(Qt::Key_Right, 4);
+         Key(Qt::Key_Enter);
+         Key(Qt::Key_Up, 2);
+         Key(Qt::Key_Enter);
+       }},
+      {"clicking the piece and Enter on its target",
+       [this] {
+         Click(52);
+         Key(Qt::Key_Up, 2);
+         Key(Qt::Key_Enter);
+       }},
+  };
+  for (const auto& [name, move] : rows) {
+    SCOPED_TRACE(name);
+    Open({});
+    move();
+    EXPECT_EQ(LastMove(), "e4");
+    EXPECT_EQ(window_->Logic().Moves.Count(), 1);
+    EXPECT_EQ(CellOn(52), 16) << "a light square, empty";
+    EXPECT_EQ(CellOn(54), 6) << "a white pawn on a light square";
+    EXPECT_EQ(SeenOn(52), ColourOfCell(16));
+    EXPECT_EQ(SeenOn(54), ColourOfCell(6));
+    EXPECT_EQ(desktop_.sounds.played.back(), "/program/Data/Cs004.tvs");
+    EXPECT_TRUE(desktop_.boxes.messages.empty());
+    auto* list = Find<QTableWidget>("MoveList");
+    EXPECT_EQ(list->item(0, 0)->text(), u"5254"_s);
+    EXPECT_EQ(list->item(0, 2)->text(), u"e4"_s);
+    EXPECT_TRUE(list->isColumnHidden(0) && list->isColumnHidden(3));
+  }
+}
+
+TEST_F(BoardWindowTest, ARefusedMovePutsThePieceBackAndTellsWhy) {
+  const std::pair<const char*, std::function<void()>> rows[] = {
+      {"dragged too far", [this] { Drag(52, 55); }},
+      {"dragged onto an own piece", [this] { Drag(11, 12); }},
+      {"dropped beside the board", [this] { Drag(52, 0); }},
+      {"clicked too far",
+       [this] {
+         Click(52);
+         Click(55);
+       }},
+      {"lifted an opponent's piece", [this] { Press(57), Release(57); }},
+  };
+  for (const auto& [name, move] : rows) {
+    SCOPED_TRACE(name);
+    Open({});
+    desktop_.boxes.messages.clear();
+    const QImage before = window_->grab().toImage();
+    move();
+    Settle();
+    EXPECT_EQ(desktop_.boxes.messages.size(), 1U);
+    EXPECT_FALSE(desktop_.LastMessage().second.empty());
+    EXPECT_EQ(window_->Logic().Moves.Count(), 0);
+    EXPECT_TRUE(window_->grab().toImage() == before);
+  }
+}
+
+TEST_F(BoardWindowTest, APieceThatIsPutDownAgainIsNoMove) {
+  const std::pair<const char*, std::function<void()>> rows[] = {
+      {"dragged away and back",
+       [this] {
+         Press(52);
+         MoveTo(54);
+         Release(52);
+       }},
+      {"clicked twice",
+       [this] {
+         Click(52);
+         Click(52);
+       }},
+      {"clicked, then beside the board",
+       [this] {
+         Click(52);
+         Click(0);
+       }},
+      {"Escape in the middle of a drag",
+       [this] {
+         Press(52);
+         MoveTo(54);
+         Key(Qt::Key_Escape);
+         Release(54);
+       }},
+      {"Escape behind a click",
+       [this] {
+         Click(52);
+         Key(Qt::Key_Escape);
+       }},
+      {"the right button",
+       [this] {
+         Click(52);
+         QTest::mousePress(Picture(), Qt::RightButton, {}, Centre(54));
+       }},
+  };
+  for (const auto& [name, move] : rows) {
+    SCOPED_TRACE(name);
+    Open({});
+    move();
+    // A hand that still held the pawn would move it now.
+    QTest::keyClick(Picture(), Qt::Key_Up);
+    EXPECT_FALSE(window_->isMinimized());
+    EXPECT_EQ(SeenOn(52), ColourOfCell(6));
+    EXPECT_EQ(SeenOn(54), ColourOfCell(16));
+    EXPECT_EQ(window_->Logic().Moves.Count(), 0);
+    EXPECT_TRUE(desktop_.boxes.messages.empty());
+    EXPECT_EQ(desktop_.sounds.played,
+              (std::vector<std::string>{"/program/Data/Cs003.tvs", "/program/Data/Cs004.tvs"}));
+  }
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(window_->isMinimized()) << "with an empty hand";
+}
+
+TEST_F(BoardWindowTest, WhileAPieceIsDraggedItsSquareShowsEmpty) {
+  Open({});
+  Press(52);
+  EXPECT_EQ(window_->grab().toImage().pixelColor(Picture()->mapTo(window_, Centre(52))),
+            QColor(Qt::red))
+      << "the floating icon, still in its place";
+  MoveTo(54);
+  EXPECT_EQ(SeenOn(52), ColourOfCell(16));
+  EXPECT_EQ(SeenOn(54), QColor(Qt::red));
+  EXPECT_EQ(CellOn(52), 6) << "the window's own copy doesn't move";
+}
+
+TEST_F(BoardWindowTest, ASelectionDoesNotOutliveThePositionThatItBelongsTo) {
+  Open({{"5254", "e4"}, {"5755", "e5"}});
+  Click(42);  // removes the highlight and selects
+  QTest::mouseClick(Find<QTableWidget>("MoveList")->viewport(), Qt::LeftButton, {},
+                    Find<QTableWidget>("MoveList")
+                        ->visualItemRect(Find<QTableWidget>("MoveList")->item(0, 2))
+                        .center());
+  ASSERT_EQ(window_->Logic().Moves.Selected(), 1);
+  EXPECT_EQ(SeenOn(55), ColourOfCell(24)) << "the pawn's move isn't played yet";
+  Click(44);
+  EXPECT_EQ(window_->Logic().Moves.Count(), 2);
+  EXPECT_EQ(desktop_.LastMessage().second, "You are not allowed to make a move right now.");
+}
+
+TEST_F(BoardWindowTest, TheFirstClickOnAMarkedBoardOnlyCleansIt) {
+  for (const int square : {57, 44, 0}) {
+    Open({{"5254", "e4"}, {"5755", "e5"}});
+    Button(board::CoordinatesButton)->click();
+    ASSERT_TRUE(window_->Logic().HilightVisible && window_->Logic().CoordsVisible);
+    Click(square);
+    EXPECT_FALSE(window_->Logic().HilightVisible || window_->Logic().CoordsVisible) << square;
+    EXPECT_TRUE(desktop_.boxes.messages.empty());
+  }
+}
+
+TEST_F(BoardWindowTest, APawnOnTheLastRowBecomesWhatTheDialogGives) {
+  Open({{"7172", "Kg2"}, {"7877", "Kg7"}}, true, promotionBoard);
+  OnNextDialog([this](QWidget& dialog) {
+    EXPECT_EQ(SeenOn(17), ColourOfCell(14)) << "the picture waits: a white pawn on a dark square";
+    QTest::keyClick(&dialog, Qt::Key_Q);
+  });
+  Drag(17, 18);
+  EXPECT_EQ(LastMove(), "a8=Q");
+  EXPECT_EQ(SeenOn(18), ColourOfCell(4)) << "a white queen on a light square";
+}
+
+TEST_F(BoardWindowTest, UndoTakesTheMoveBack) {
+  Open({{"5254", "e4"}, {"4745", "d5"}});
+  Drag(54, 45);
+  ASSERT_EQ(LastMove(), "exd5");
+  QTest::mouseClick(Button(board::UndoButton), Qt::LeftButton);
+  EXPECT_EQ(LastMove(), "d5");
+  EXPECT_EQ(SeenOn(54), ColourOfCell(6));
+  EXPECT_EQ(SeenOn(45), ColourOfCell(22)) << "a black pawn on a light square";
+  EXPECT_FALSE(Button(board::UndoButton)->isEnabled());
+  Drag(54, 45);
+  EXPECT_EQ(LastMove(), "exd5") << "and the piece moves again";
+}
+
+struct StateCase {
+  const char* name;
+  std::vector<PlayedEntry> entries;
+  bool offline;
+  bool moves;  ///< e2-e4 is played first
+  const char* title;
+  std::vector<bool> enabled;  ///< undo, send, resend, comment
+  const char* closeCaption;
+};
+
+TEST_F(BoardWindowTest, TheControlsFollowTheStateOfTheTurn) {
+  const PlayedEntry e4{"5254", "e4"}, e5{"5755", "e5"};
+  const StateCase rows[] = {
+      {"the user's turn",
+       {e4, e5},
+       false,
+       false,
+       "Tarvolenix - Awaiting your move",
+       {false, false, false, true},
+       "&Cancel"},
+      {"moved, not sent",
+       {},
+       false,
+       true,
+       "Tarvolenix - Awaiting your move",
+       {true, true, false, true},
+       "&Cancel"},
+      {"waiting",
+       {e4},
+       false,
+       false,
+       "Tarvolenix - Awaiting Eva <i>Ü</i>'s move",
+       {false, false, true, false},
+       "&Close"},
+      {"offline",
+       {e4, e5},
+       true,
+       false,
+       "Tarvolenix - Awaiting Eva <i>Ü</i>'s move",
+       {false, false, false, false},
+       "&Close"},
+  };
+  for (const StateCase& row : rows) {
+    SCOPED_TRACE(row.name);
+    Process().Offline = row.offline;
+    Open(row.entries);
+    if (row.moves) Drag(52, 54);
+    EXPECT_EQ(window_->windowTitle(), QString::fromUtf8(row.title));
+    const std::vector<bool> enabled{
+        Button(board::UndoButton)->isEnabled(), Button(board::SendButton)->isEnabled(),
+        Button(board::ResendButton)->isEnabled(), Comment()->isEnabled()};
+    EXPECT_EQ(enabled, row.enabled);
+    EXPECT_EQ(Button(board::CloseButton)->text(), QLatin1StringView(row.closeCaption));
+    EXPECT_EQ(Find<QTextEdit>("PlayersTag")->toPlainText(), u"You are playing Eva <i>Ü</i>"_s);
+    const auto menu = NewActionsMenu(window_->Logic(), [](int) {});
+    const auto actions = menu->actions();
+    EXPECT_EQ((std::vector<bool>{actions[3]->isEnabled(), actions[4]->isEnabled(),
+                                 actions[5]->isEnabled()}),
+              std::vector<bool>(row.enabled.begin(), row.enabled.end() - 1));
+  }
+}
+
+TEST_F(BoardWindowTest, TurningTheBoardMovesTheSquaresAndKeepsTheirNumbers) {
+  for (const bool playsWhite : {true, false}) {
+    SCOPED_TRACE(playsWhite ? "White" : "Black");
+    Open(playsWhite ? std::vector<PlayedEntry>{} : std::vector<PlayedEntry>{{"5254", "e4"}},
+         playsWhite);
+    const QPoint a1 = Centre(11), h8 = Centre(88);
+    EXPECT_EQ(a1.x() < h8.x() && a1.y() > h8.y(), playsWhite);
+    EXPECT_EQ(Button(board::ViewButton)->text(), u"&View opponent"_s);
+    Button(board::ViewButton)->click();
+    EXPECT_EQ(Button(board::ViewButton)->text(), u"&View"_s);
+    EXPECT_EQ(Centre(88), a1);
+    EXPECT_EQ(SeenOn(18), ColourOfCell(17)) << "Black's rook on its light corner";
+    playsWhite ? Drag(52, 54) : Drag(57, 55);
+    EXPECT_EQ(LastMove(), playsWhite ? "e4" : "e5");
+  }
+}
+
+TEST_F(BoardWindowTest, MenusOfferWhatTheButtonsDo) {
+  Open({{"5254", "e4"}, {"5755", "e5"}});
+  std::vector<int> clicked;
+  const auto captions = [](const QMenu& menu) {
+    QStringList texts;
+    for (const QAction* action : menu.actions()) texts += action->text();
+    return texts;
+  };
+  const auto menu =
+      NewActionsMenu(window_->Logic(), [&](int button) { clicked.push_back(button); });
+  EXPECT_EQ(captions(*menu), (QStringList{u"View from opponent"_s, u"Show coordinates"_s, u""_s,
+                                          u"Undo current move"_s, u"Send new move"_s,
+                                          u"Re-send last move"_s, u""_s, u"Close"_s}));
+  for (QAction* action : menu->actions()) action->trigger();
+  EXPECT_EQ(clicked,
+            (std::vector<int>{board::ViewButton, board::CoordinatesButton, board::CloseButton}))
+      << "and nothing that isn't offered";
+
+  const HistoryActions history{[&] { clicked.push_back(0); },
+                               [&](int row) { clicked.push_back(row); }};
+  clicked.clear();
+  const auto historyMenu = NewHistoryMenu(window_->Logic(), history);
+  EXPECT_EQ(captions(*historyMenu),
+            (QStringList{u"Remove hilight"_s, u""_s, u"First move"_s, u"Last move"_s}));
+  for (QAction* action : historyMenu->actions()) action->trigger();
+  EXPECT_EQ(clicked, (std::vector<int>{0, 1, 2}));
+  Button(board::ViewButton)->click();
+  Button(board::CoordinatesButton)->click();
+  Click(44);
+  EXPECT_EQ(captions(*NewActionsMenu(window_->Logic(), [](int) {})).first(), u"View from me"_s);
+  EXPECT_EQ(captions(*NewHistoryMenu(window_->Logic(), history)).first(), u"Show hilight"_s);
+}
+
+TEST_F(BoardWindowTest, TheCommentTakesOneLineOfTwoHundredCharactersWithoutBars) {
+  Open({});
+  const auto paste = [this](const QString& text) {
+    QApplication::clipboard()->setText(text);
+    Comment()->paste();
+  };
+  QTest::keyClicks(Comment(), u"ab|c"_s);
+  QTest::keyClick(Comment(), Qt::Key_Return);
+  QTest::keyClick(Comment(), Qt::Key_Return, Qt::ShiftModifier);
+  EXPECT_EQ(Comment()->toPlainText(), u"abc"_s);
+  paste(u"|ü\r\n<b>\nz|"_s);
+  EXPECT_EQ(Comment()->toPlainText(), u"abcü <b> z"_s);
+  EXPECT_EQ(window_->Logic().PlayerComment, "abcü <b> z");
+
+  Comment()->clear();
+  paste(u"ü"_s.repeated(150) + u"\U0001F600"_s.repeated(100));
+  EXPECT_EQ(Comment()->toPlainText(), u"ü"_s.repeated(150) + u"\U0001F600"_s.repeated(50));
+  QTest::keyClicks(Comment(), u"x"_s);
+  EXPECT_TRUE(Comment()->toPlainText().endsWith(u"\U0001F600"_s)) << "the 201st character";
+  Comment()->moveCursor(QTextCursor::Start);
+  QTest::keyClicks(Comment(), u"x"_s);
+  EXPECT_TRUE(Comment()->toPlainText().startsWith(u"ü"_s)) << "nothing falls off the end";
+  Comment()->moveCursor(QTextCursor::Right, QTextCursor::KeepAnchor);
+  QTest::keyClicks(Comment(), u"x"_s);
+  EXPECT_TRUE(Comment()->toPlainText().startsWith(u"xü"_s)) << "in place of a selected one";
+}
+
+TEST_F(BoardWindowTest, ReservedTextInTheCommentIsCleanedOnLeavingTheBox) {
+  Open({});
+  Drag(52, 54);
+  Comment()->setFocus();
+  QTest::keyClicks(Comment(), u"hi <<TARVOLENIX: there"_s);
+  QTest::keyClick(Comment(), Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(desktop_.LastMessage().first, "Illegal characters");
+  EXPECT_TRUE(Comment()->hasFocus());
+  EXPECT_FALSE(Comment()->toPlainText().contains(u"TARVOLENIX:"_s));
+
+  QTest::keyClicks(Comment(), u"<<TARVOLENIX:"_s);
+  QTest::keyClick(window_, Qt::Key_S, Qt::AltModifier);
+  Button(board::SendButton)->click();
+  EXPECT_EQ(desktop_.boxes.messages.size(), 2U);
+  ASSERT_TRUE(window_ && window_->isVisible()) << "nothing is sent before the user has seen it";
+  EXPECT_TRUE(desktop_.mail.sent.empty());
+}
+
+TEST_F(BoardWindowTest, SendingSavesMailsAndCloses) {
+  Open({});
+  Drag(52, 54);
+  Comment()->insertPlainText(u"Grüße"_s);
+  Button(board::SendButton)->click();
+  EXPECT_FALSE(window_->isVisible());
+  ASSERT_EQ(desktop_.mail.sent.size(), 1U);
+  EXPECT_NE(desktop_.mail.sent.front().text.find("|e4|Grüße"), std::string::npos);
+  EXPECT_EQ(std::count(desktop_.hooksCalled.begin(), desktop_.hooksCalled.end(), "boardClosed"), 1);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(window_.isNull());
+}
+
+TEST_F(BoardWindowTest, WhileAMailIsOnItsWayTheUserCannotAct) {
+  Open({});
+  Drag(52, 54);
+  platform::TheDesktop().hooks.busyPointer = [this](bool busy) {
+    if (!busy) return;
+    EXPECT_FALSE(window_->isEnabled());
+    window_->close();
+    EXPECT_TRUE(window_->isVisible());
+  };
+  desktop_.mail.failing = {"Send"};
+  Button(board::SendButton)->click();
+  EXPECT_EQ(desktop_.LastMessage().first, "Transmission error.");
+  EXPECT_FALSE(window_->isVisible()) << "the move is stored all the same";
+}
+
+TEST_F(BoardWindowTest, AGameThatCannotBeReadClosesItsWindowAtTheNextTick) {
+  Open({});
+  desktop_.files.content["/program/Data/Tvgdb.dat"] = "no game\r\n";
+  delete window_;
+  window_ = new BoardWindow(graphics_);
+  EXPECT_EQ(desktop_.LastMessage().first, "Database error.");
+  window_->show();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !window_; }));
+}
+
+TEST_F(BoardWindowTest, ToolTipsShowOnlyWhereTheyAreWanted) {
+  for (const bool wanted : {true, false}) {
+    platform::Settings().ShowToolTips = wanted;
+    Open({});
+    EXPECT_EQ(Button(board::UndoButton)->toolTip(),
+              wanted ? u"UNDO - Reverse your last move"_s : QString());
+    EXPECT_EQ(Comment()->toolTip(), wanted ? u"Type a comment here"_s : QString());
+  }
+}
+
+TEST_F(BoardWindowTest, TheCurrentSquareIsDescribedToThoseWhoDoNotSeeIt) {
+  Open({});
+  EXPECT_EQ(Picture()->accessibleDescription(), u"e2, white pawn"_s);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(Picture()->accessibleDescription(), u"e3"_s);
+  Key(Qt::Key_Up, 5);
+  EXPECT_EQ(Picture()->accessibleDescription(), u"e8, black king"_s);
+}
+
+}  // namespace
+}  // namespace ui

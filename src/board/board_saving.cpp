@@ -27,10 +27,15 @@ void Board::ToolbarClick(int button) {
       UndoLastMove();
       break;
     case SendButton:
-      SendNewMove();
+      // A move against the computer goes no further than the store.
+      if (Process().ComputerGame) {
+        SaveMove();
+      } else {
+        SendNewMove();
+      }
       break;
     case ResendButton:
-      ResendLastMove();
+      if (!Process().ComputerGame) ResendLastMove();
       break;
     case CloseButton:
       view_.Close();

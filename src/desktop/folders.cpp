@@ -71,7 +71,7 @@ void PrepareDataFolder(const std::string& programFolder, const std::string& data
 }
 
 std::string SettingsFileFor(const std::string& programFolder) {
-  const std::string portable = WithSlash(programFolder) + "Tarvolenix.conf";
+  std::string portable = WithSlash(programFolder) + "Tarvolenix.conf";
   std::error_code ignored;
   if (fs::exists(portable, ignored)) return portable;
   return ConfigHome() + "Norlewick/Tarvolenix.conf";

@@ -56,7 +56,7 @@ MailService::MailService(platform::Events& events, AskAccount ask, MakeTransport
     : events_(events), ask_(std::move(ask)), make_(std::move(make)), thread_(events) {}
 
 MailAccount MailService::Account() {
-  const MailAccount stored = LoadMailAccount();
+  MailAccount stored = LoadMailAccount();
   if (!stored.MyAddress.empty()) return stored;
   const MailAccount suggestion = WithLoginName(stored);
   const auto account = ask_ ? ask_(suggestion) : suggestion;
@@ -99,7 +99,7 @@ void MailService::RequireSession() const {
 }
 
 std::shared_ptr<MailService::Listing> MailService::List() {
-  const auto listing = std::make_shared<Listing>();
+  auto listing = std::make_shared<Listing>();
   listing->unreadOnly = unreadOnly_;
   listing->changes = changes_;
   if (!transport_) {

@@ -208,7 +208,7 @@ void Maildir::MarkRead(const std::string& id) const {
     std::string flags = entry->flags;
     if (flags.find('S') == std::string::npos) flags += 'S';
     std::sort(flags.begin(), flags.end());
-    const std::string marked = folder_ + "cur/" + id + ":2," + flags;
+    const std::string marked = (folder_ + "cur/").append(id).append(":2,").append(flags);
     if (std::rename(entry->path.c_str(), marked.c_str()) == 0) return;
     if (errno != ENOENT) Fail("mark", entry->path);
   }

@@ -17,6 +17,9 @@ class QtEvents : public QObject, public platform::Events {
   void RunUntil(const std::function<bool()>& done) override;
   void Wake() override;
   void Post(std::function<void()> work) override;
+
+ protected:
+  bool event(QEvent* event) override;
 };
 
 }  // namespace desktop

@@ -56,8 +56,9 @@ void SizeText(PlainTextView* view, const QScreen* screen) {
   const int natural = view->fontMetrics().size(0, view->toPlainText()).width() + 8;
   const int width = std::clamp(natural, narrowestText, widestText);
   const int highest = screen ? screen->availableGeometry().height() / 2 : 400;
-  view->setMinimumWidth(width);
-  view->setMinimumHeight(std::min(view->heightForWidth(width), highest));
+  const int height = view->heightForWidth(width);
+  view->setMinimumSize(width, std::min(height, highest));
+  if (height > highest) view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
 
 }  // namespace

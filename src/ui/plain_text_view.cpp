@@ -19,7 +19,7 @@ PlainTextView::PlainTextView(QWidget* parent) : QTextEdit(parent) {
   setFocusPolicy(Qt::ClickFocus);
   setFrameShape(QFrame::NoFrame);
   setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   document()->setDocumentMargin(0);
   viewport()->setAutoFillBackground(false);
   QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);

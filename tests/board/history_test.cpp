@@ -92,15 +92,33 @@ const Case wordCases[] = {
     {"an opponent's is told by the text", "Kf6 Qa2 kh8|a2f7", ""},
     {"en passant is a way out of it", "Ka1 Qc7 Pa3 Pc2 Pd3 ka8 pa4 pd4|c2c4|guest", ""},
     {"but not later", "Ka1 Qc7 Pa3 Pc4 Pd3 ka8 pa4 pd4|a1a2|guest", "drawn "},
+    {"a check of White", "Ke1 Ra1 ka8 rb8|a1a2, b8b1", "White in check "},
+    {"a check of Black", "Ke1 Rh2 ka8|h2h8 Rh8+", "Black in check "},
+    {"a drawn game doesn't look for one", "Ke1 Rh2 ka8|h2h8 Rh8+ 1/2-1/2", "drawn "},
+    {"a check of the start is over", "Ke1 Rh8 ka8|h8h7", ""},
 };
 
-TEST_F(BoardTest, TheListTellsHowAGameStands) {
-  Expect(wordCases, [this] {
-    std::string state = board->DrawOffered ? "offered " : "";
-    if (board->GameDrawn) state += "drawn ";
-    if (board->Surrendered) state += "surrendered ";
-    if (ThePosition().CheckmateFlag) state += "mated ";
-    return state;
+const Case backCases[] = {
+    {"a surrender isn't yet", "|e2e4, e8e8 1-0", ""},
+    {"nor is a mate", "|e2e4, e7e5 e5++", ""},
+    {"a draw stays in sight", "|e2e4, e7e5 e5 1/2-1/2", "drawn "},
+    {"a stalemate that was played on", "Kf6 Qa2 kh8|a2f7, 0000, f7a2|guest", ""},
+};
+
+TEST_F(BoardTest, TheListTellsHowAGameStandsAndStoodAtItsFirstEntry) {
+  const auto state = [this] {
+    std::string words = board->DrawOffered ? "offered " : "";
+    if (board->GameDrawn) words += "drawn ";
+    if (board->Surrendered) words += "surrendered ";
+    if (ThePosition().CheckmateFlag) words += "mated ";
+    if (ThePosition().SideInCheck == rules::White) words += "White in check ";
+    if (ThePosition().SideInCheck == rules::Black) words += "Black in check ";
+    return words;
+  };
+  Expect(wordCases, state);
+  Expect(backCases, [&] {
+    board->MoveList_RowColChange(1);
+    return state();
   });
 }
 
@@ -164,7 +182,7 @@ TEST_F(BoardTest, BrowsingComesBackToTheSamePresent) {
   EXPECT_EQ(view->painted, 2) << "only the squares that differ";
   EXPECT_EQ(BoardText(), BoardText("start e2e4 e7e5 g1f3"));
   EXPECT_EQ(board->OpponentComment, "You said: well");
-  EXPECT_EQ(board->MovePointers.size(), 4u);
+  EXPECT_EQ(board->MovePointers.at(0), rules::Sq("g1"));
   EXPECT_EQ(view->offers, "comment Cancel");
   board->ListUpdating = true;
   board->MoveList_RowColChange(1);
@@ -182,6 +200,9 @@ TEST_F(BoardTest, BrowsingComesBackToTheSamePresent) {
   EXPECT_EQ(BoardText(), pending);
   EXPECT_EQ(view->offers, "undo send comment Cancel");
   EXPECT_TRUE(board->Controls().firstAndLast);
+  OpenGame("|e2e4, e7e5, g1f3");
+  board->MoveList_RowColChange(1);
+  EXPECT_EQ(view->offers, "Close") << "only the last entry can be sent again";
 }
 
 const Case hilightCases[] = {
@@ -193,7 +214,7 @@ const Case hilightCases[] = {
     {"a castling king", "Ke1 Rh1 ke8|e1g1 0-0", "e1 f1 g1 "},
     {"a whole diagonal", "Ke1 Ba1 ke8|a1h8", "a1 b2 c3 d4 e5 f6 g7 h8 "},
     {"a surrender: the king's square", "|e1e1 0-1", "e1 "},
-    {"no line: until the board ends", "|a8g3", "a8 b7 c6 d5 e4 f3 g2 h1 "},
+    {"no line: until the board ends", "|a7g3", "a7 b6 c5 d4 e3 f2 g1 "},
     {"a draw offer", "|e1e1 Draw offer", ""},
     {"a refusal", "|e1e1 Decline", ""},
     {"an acceptance", "|e1e1 1/2-1/2", ""},

@@ -186,11 +186,13 @@ TEST_F(BoardTest, UndoOfAnAnswerKeepsTheOfferAndUndoOfAnOfferDropsIt) {
     board->Undo = rules::SaveGameState(false);
     board->Moves.Add({2, "5858", answered ? "Decline" : "Draw offer", ""});
     board->Moves.Select(2);
-    board->HilightMove(1);
+    board->HilightMove(2);
     board->UndoLastMove();
     EXPECT_EQ(board->DrawOffered, answered);
     EXPECT_EQ(view->offers,
               answered ? "move answer comment Cancel" : "move surrender comment Cancel");
+    board->DrawButtonsUp = false;
+    EXPECT_EQ(Offers(*board), answered ? "move comment Cancel" : "move surrender comment Cancel");
   }
   EXPECT_EQ(board->MovePointers.size(), 3u) << "the way of e4";
 }

@@ -26,6 +26,7 @@ const Case turnCases[] = {
     {"a mated opponent can be told again", "|e2e4 e4++", "resend Close; CHECKMATE! - You won."},
     {"the opponent mated", "|e2e4 e4++|guest", "Close; CHECKMATE! - Eva won."},
     {"she surrendered", "|e2e4, e8e8 1-0", "Close; OPPONENT SURRENDER! - You won."},
+    {"in the old word", "|e2e4, e8e8 Surrender", "Close; OPPONENT SURRENDER! - You won."},
     {"the user surrendered", "|e1e1 0-1", "resend Close; OPPONENT SURRENDER! - Eva won."},
     {"she accepted", "|e1e1 Draw offer, e8e8 1/2-1/2", "Cancel; DRAW!"},
     {"a draw outranks other ends", "|e2e4 e4 1/2-1/2, e8e8 1-0|guest", "resend Close; DRAW!"},
@@ -134,10 +135,11 @@ TEST_F(BoardTest, TheStartBoardTellsWhoMayCastleAndWhoIsInCheck) {
     EXPECT_TRUE(std::exchange(flashPhase, false));
     return Flags() + ", " + (inCheck == -1 ? "nobody" : std::to_string(inCheck)) + " in check";
   });
+  EXPECT_EQ(LoadBoard(1, inCheck, flashPhase, false, true), BoardText("Ke1 Ra8 ke8"));
+  EXPECT_EQ(inCheck, -1) << "a board that is to be cleared has no check";
   EXPECT_EQ(LoadBoard(1, inCheck, flashPhase, true, false), rules::normalStart);
   EXPECT_EQ(LoadBoard(1, inCheck, flashPhase, true, true), rules::emptyBoard);
   EXPECT_EQ(BoardText(), rules::emptyBoard);
-  EXPECT_EQ(inCheck, -1);
   for (const char* unusable : {"", ";;;;;;;", "no board; here"}) {
     store::GameRecord game;
     game.GAME_ID = 1;

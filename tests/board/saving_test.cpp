@@ -44,13 +44,19 @@ TEST_F(BoardTest, ThePendingEntryDecidesTheStatus) {
 
 TEST_F(BoardTest, TheFirstMoveFoundsTheRecordAndLaterOnesAppend) {
   Process().NewGame = {"Friendly", "Eva", "eva@example.org"};
+  Process().Offline = false;
   for (const bool computer : {false, true}) {
     desktop.files.content.clear();
     Process().ComputerGame = computer;
     Open(-1);
     Play("e2e4");
     board->PlayerComment = "Hello";
-    EXPECT_TRUE(board->SaveMove());
+    if (computer) {
+      EXPECT_TRUE(board->SaveMove());
+    } else {
+      board->ToolbarClick(SendButton);
+    }
+    EXPECT_EQ(desktop.mail.sent.size(), 1u);
     EXPECT_EQ(GameFile(), "1|090320260805|" + std::string(computer ? "1" : "0") +
                               "|Friendly|09/03/2026|eva@example.org||Eva|-1|Eva|" +
                               (computer ? "1|-1|" : "2|0|") + std::string(rules::normalStart) +

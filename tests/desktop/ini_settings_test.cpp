@@ -111,7 +111,7 @@ TEST_F(IniSettingsTest, AFailedWriteLeavesTheOldValueAndNothingPending) {
 }
 
 class FoldersTest : public testing::Test {
- protected:
+ public:
   FoldersTest() {
     ::setenv("XDG_CONFIG_HOME", (folder_ / "config").c_str(), 1);
     ::setenv("XDG_DATA_HOME", (folder_ / "data/").c_str(), 1);
@@ -121,6 +121,7 @@ class FoldersTest : public testing::Test {
     ::unsetenv("XDG_DATA_HOME");
   }
 
+ protected:
   TemporaryFolder folder_;
 };
 

@@ -9,7 +9,6 @@
 namespace {
 
 using desktop::ComposeMail;
-using desktop::OutgoingMail;
 using desktop::ParseMail;
 
 struct ReadCase {
@@ -112,8 +111,8 @@ TEST(MailTextTest, RefusesMailsThatAreBuiltToBeExpensive) {
   std::string nested = "From: a@b\r\n";
   for (int i = 0; i < 20000; ++i) {
     const std::string boundary = std::to_string(i);
-    nested +=
-        "Content-Type: multipart/mixed; boundary=" + boundary + "\r\n\r\n--" + boundary + "\r\n";
+    nested.append("Content-Type: multipart/mixed; boundary=").append(boundary);
+    nested.append("\r\n\r\n--").append(boundary).append("\r\n");
   }
   EXPECT_THROW(ParseMail(nested), platform::MailError);
   std::string many = "From: a@b\r\nContent-Type: multipart/mixed; boundary=\"\"\r\n\r\n";

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <set>
 #include <thread>
 
@@ -123,9 +124,9 @@ TEST_F(MaildirTest, LeavesAloneWhatIsNoMailOfOurs) {
 }
 
 TEST_F(MaildirTest, DeliversAtOnceFromManySides) {
-  std::vector<std::thread> senders;
-  for (int i = 0; i < 4; ++i) {
-    senders.emplace_back([this] {
+  std::array<std::thread, 4> senders;
+  for (std::thread& sender : senders) {
+    sender = std::thread([this] {
       const Maildir other(path_);
       for (int n = 0; n < 25; ++n) other.Deliver("Subject: Tarvolenix : x\n\nwhole\n");
     });

@@ -41,6 +41,7 @@ class PostWorld : public MailWorld {
       }
     }
     std::vector<StoredMail> mails;
+    mails.reserve(inbox.size());
     for (const auto& [key, mail] : inbox) mails.push_back(mail);
     return mails;
   }

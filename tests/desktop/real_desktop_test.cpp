@@ -6,17 +6,18 @@
 #include "desktop/folders.h"
 #include "platform/desktop.h"
 #include "platform/registry.h"
+#include "platform/text_fields.h"
 #include "temporary_folder.h"
 
 namespace {
 
 TEST(RealDesktopTest, TwoPlayersOnOneMachineReachEachOther) {
   TemporaryFolder folder;
-  for (const std::string player : {"white", "black"}) {
+  for (const std::string& player : {std::string("white"), std::string("black")}) {
     std::filesystem::create_directory(folder / player);
-    WriteFile(folder / (player + "/Tarvolenix.conf"),
-              "[Mail]\nMyName=Jürgen, " + player + "\nMyAddress=" + player +
-                  "@localhost\nPostFolder=" + folder / "post" + "\n");
+    std::string account = "[Mail]\nMyName=Jürgen, NAME\nMyAddress=NAME@localhost\nPostFolder=";
+    account = platform::ReplaceAll(account, "NAME", player) + (folder / "post\n");
+    WriteFile(folder / (player + "/Tarvolenix.conf"), account);
   }
   {
     const desktop::RealDesktop white(folder / "white");

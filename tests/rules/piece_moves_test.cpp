@@ -10,9 +10,9 @@ namespace rules {
 namespace {
 
 enum How {
-  Quiet,  // to a square that is seen as empty
-  Takes,  // with the code on the to-square told
-  Attack  // judged as a capture, whatever stands there
+  Quiet,  // judged as a move to an empty square, whatever is told of it
+  Takes,  // judged as a capture of the piece told
+  Attack  // judged as a capture of nothing told
 };
 
 struct Words {
@@ -57,68 +57,69 @@ struct MoveCase {
   const char* name;
   const char* board;
   const char* move;
-  How how;
   const Words& refusal;
+  How how;
   int sideInCheck = NobodyInCheck;
   const char* lastMove = "";
 };
 
 const MoveCase moveCases[] = {
-    {"left of column a", "Ra1", "a1`1", Quiet, offBoard},
-    {"beyond column h, before all else", "Ke1", "e1i5", Takes, offBoard},
-    {"above row 8", "Pa8", "a8a9", Attack, offBoard},
-    {"Black takes Black", "rb8 pb5", "b8b5", Takes, own},
-    {"White takes White", "Rb1 Pb5", "b1b5", Takes, ownOfWhite},
-    {"Black takes White's king", "rb8 Kb5", "b8b5", Takes, theKing},
-    {"a king out of reach is refused as a king", "Qb1 kc5", "b1c5", Takes, theKing},
-    {"a rook takes at the end of its line", "Ra1 pa5", "a1a5", Takes, fine},
-    {"a rook's quiet move needs an empty end", "Ra1 pa5", "a1a5", Quiet, rook},
-    {"a rook doesn't jump", "Ra1 pa3 pa5", "a1a5", Takes, rook},
-    {"a rook doesn't go aslant", "Ra1", "a1c3", Quiet, rook},
-    {"a rook attacks its own side's squares", "Ra1 Pa5", "a1a5", Attack, fine},
-    {"a bishop on its diagonal", "bh8", "h8a1", Quiet, fine},
-    {"a bishop doesn't go straight", "bc1", "c1c4", Quiet, bishop},
-    {"a bishop doesn't jump", "Bc1 Pd2", "c1e3", Quiet, bishop},
-    {"a queen is no knight", "Qd1", "d1e3", Quiet, queen},
-    {"a queen doesn't jump", "Qd1 Pd2", "d1d3", Attack, queen},
-    {"a knight jumps", "start", "g1f3", Quiet, fine},
-    {"a knight doesn't go two and two", "Nb1", "b1d3", Quiet, knight},
-    {"a king is no knight", "Ke1", "e1f3", Quiet, king},
-    {"two squares over a piece", "Ke1 Rh1 Bf1", "e1g1", Quiet, king},
-    {"two rows are no castling", "Ke1", "e1e3", Quiet, kingRows},
-    {"castling onto a piece", "Ke1 Rh1 ng1", "e1g1", Takes, castleTakes},
-    {"a king doesn't attack two squares away", "Ke1 Rh1", "e1g1", Attack, castleTakes},
-    {"three squares are no castling", "Ke1 Ra1", "e1b1", Quiet, castleNot},
-    {"castling over the rook's neighbour", "Ke1 Ra1 Nb1", "e1c1", Quiet, castleNot},
-    {"castling with a rook from elsewhere", "Ke1 Rh2", "e1g1", Quiet, castleNot},
-    {"castling in check", "Ke1 Rh1 re8", "e1g1", Quiet, inCheck, White},
-    {"where nobody told of the check, the crossed square decides", "Ke1 Rh1 re8", "e1g1", Quiet,
-     fine},
-    {"castling while the other side is in check", "Ke1 Rh1 ke8", "e1g1", Quiet, fine, Black},
-    {"castling through check", "Ke1 Rh1 rf8", "e1g1", Quiet, through},
-    {"castling through a pawn's attack", "ke8 ra8 Pc7", "e8c8", Quiet, through},
-    {"castling into check is for others to see", "Ke1 Rh1 rg8", "e1g1", Quiet, fine},
-    {"a pawn one ahead", "Pe2", "e2e3", Quiet, fine},
-    {"a pawn two ahead from its first row", "pe7", "e7e5", Quiet, fine},
-    {"a pawn back", "Pe3", "e3e2", Quiet, forwards},
-    {"a pawn three ahead", "Pe2", "e2e5", Quiet, oneOrTwo},
-    {"a pawn two ahead later", "Pe3", "e3e5", Quiet, hasMoved},
-    {"a pawn two ahead over a piece", "Pe2 ne3", "e2e4", Quiet, jumps},
-    {"a black pawn two ahead over a piece", "pe7 Ne6", "e7e5", Quiet, jumps},
-    {"a pawn aslant without a capture", "Pe4", "e4d5", Quiet, enPassant},
-    {"White takes a double step en passant", "Pd5 pe5", "d5e6", Quiet, fine, -1, "e7e5"},
-    {"Black takes a double step en passant", "pd4 Pc4", "d4c3", Quiet, fine, -1, "c2c4"},
-    {"not on another column", "Pd5 pe5 pc5", "d5c6", Quiet, enPassant, -1, "e7e5"},
-    {"not a single step", "Pd5 pe5", "d5e6", Quiet, enPassant, -1, "e6e5"},
-    {"not a queen's two steps", "Pd5 qe5", "d5e6", Quiet, enPassant, -1, "e7e5"},
-    {"not what came from another column", "Pd5 pe5", "d5e6", Quiet, enPassant, -1, "c7e5"},
-    {"not onto the square beside", "Pd4 pe5", "d4e5", Quiet, enPassant, -1, "e7e5"},
-    {"not after a move off the board", "Pd5 pe5", "d5e6", Quiet, enPassant, -1, "e9e7"},
-    {"a pawn takes aslant", "Pe4 pd5", "e4d5", Takes, fine},
-    {"a black pawn attacks both diagonals", "pe7", "e7f6", Attack, fine},
-    {"a pawn doesn't take ahead", "Pe4 pe5", "e4e5", Takes, takesAhead},
-    {"a pawn doesn't take two columns away", "Pe4 pc5", "e4c5", Takes, takesFar},
-    {"a pawn doesn't take two rows away", "Pe4 pd6", "e4d6", Attack, takesFar},
+    {"left of column a", "Ra1", "a1`1", offBoard, Quiet},
+    {"beyond column h, before all else", "Ke1", "e1i5", offBoard, Takes},
+    {"above row 8", "Pa8", "a8a9", offBoard, Attack},
+    {"Black takes Black", "rb8 pb5", "b8b5", own, Takes},
+    {"White takes White", "Rb1 Pb5", "b1b5", ownOfWhite, Takes},
+    {"Black takes White's king", "rb8 Kb5", "b8b5", theKing, Takes},
+    {"a king out of reach is refused as a king", "Qb1 kc5", "b1c5", theKing, Takes},
+    {"a rook takes at the end of its line", "Ra1 pa5", "a1a5", fine, Takes},
+    {"a rook's quiet move needs an empty end", "Ra1 Pa5", "a1a5", rook, Quiet},
+    {"a rook doesn't jump", "Ra1 pa3 pa5", "a1a5", rook, Takes},
+    {"a rook doesn't go aslant", "Ra1", "a1c3", rook, Quiet},
+    {"a rook attacks its own side's squares", "Ra1 Pa5", "a1a5", fine, Attack},
+    {"a bishop on its diagonal", "bh8", "h8a1", fine, Quiet},
+    {"a bishop doesn't go straight", "bc1", "c1c4", bishop, Quiet},
+    {"a bishop doesn't jump", "Bc1 Pd2", "c1e3", bishop, Quiet},
+    {"a queen is no knight", "Qd1", "d1e3", queen, Quiet},
+    {"a queen doesn't jump", "Qd1 Pd2", "d1d3", queen, Attack},
+    {"a knight jumps", "start", "g1f3", fine, Quiet},
+    {"a knight doesn't go two and two", "Nb1", "b1d3", knight, Quiet},
+    {"a king is no knight", "Ke1", "e1f3", king, Quiet},
+    {"two squares over a piece", "Ke1 Rh1 Bf1", "e1g1", king, Quiet},
+    {"two rows are no castling", "Ke1", "e1e3", kingRows, Quiet},
+    {"castling onto a piece", "Ke1 Rh1 ng1", "e1g1", castleTakes, Takes},
+    {"a king doesn't attack two squares away", "Ke1 Rh1", "e1g1", castleTakes, Attack},
+    {"three squares are no castling", "Ke1 Ra1", "e1b1", castleNot, Quiet},
+    {"castling over the rook's neighbour", "Ke1 Ra1 Nb1", "e1c1", castleNot, Quiet},
+    {"castling with a rook from elsewhere", "Ke1 Rh2", "e1g1", castleNot, Quiet},
+    {"castling in check", "Ke1 Rh1 re8", "e1g1", inCheck, Quiet, White},
+    {"where nobody told of the check, the crossed square decides", "Ke1 Rh1 re8", "e1g1", fine,
+     Quiet},
+    {"castling while the other side is in check", "Ke1 Rh1 ke8", "e1g1", fine, Quiet, Black},
+    {"castling through check", "Ke1 Rh1 rf8", "e1g1", through, Quiet},
+    {"castling through a pawn's attack", "ke8 ra8 Pc7", "e8c8", through, Quiet},
+    {"castling into check is for others to see", "Ke1 Rh1 rg8", "e1g1", fine, Quiet},
+    {"a pawn one ahead", "Pe2", "e2e3", fine, Quiet},
+    {"a pawn two ahead from its first row", "pe7", "e7e5", fine, Quiet},
+    {"a pawn back", "Pe3", "e3e2", forwards, Quiet},
+    {"a pawn three ahead", "Pe2", "e2e5", oneOrTwo, Quiet},
+    {"a pawn two ahead later", "Pe3", "e3e5", hasMoved, Quiet},
+    {"a pawn two ahead over a piece", "Pe2 ne3", "e2e4", jumps, Quiet},
+    {"a black pawn two ahead over a piece", "pe7 Ne6", "e7e5", jumps, Quiet},
+    {"a pawn aslant without a capture", "Pe4", "e4d5", enPassant, Quiet},
+    {"a pawn sideways", "Pe4", "e4d4", enPassant, Quiet},
+    {"White takes a double step en passant", "Pd5 pe5", "d5e6", fine, Quiet, -1, "e7e5"},
+    {"Black takes a double step en passant", "pd4 Pc4", "d4c3", fine, Quiet, -1, "c2c4"},
+    {"not on another column", "Pd5 pe5 pc5", "d5c6", enPassant, Quiet, -1, "e7e5"},
+    {"not a single step", "Pd5 pe5", "d5e6", enPassant, Quiet, -1, "e6e5"},
+    {"not a queen's two steps", "Pd5 qe5", "d5e6", enPassant, Quiet, -1, "e7e5"},
+    {"not what came from another column", "Pd5 pe5", "d5e6", enPassant, Quiet, -1, "c7e5"},
+    {"not onto the square beside", "Pd4 pe5", "d4e5", enPassant, Quiet, -1, "e7e5"},
+    {"not after a move off the board", "Pd5 pe5", "d5e6", enPassant, Quiet, -1, "e9e7"},
+    {"a pawn takes aslant", "Pe4 pd5", "e4d5", fine, Takes},
+    {"a black pawn attacks both diagonals", "pe7", "e7f6", fine, Attack},
+    {"a pawn doesn't take ahead", "Pe4 pe5", "e4e5", takesAhead, Takes},
+    {"a pawn doesn't take two columns away", "Pe4 pc5", "e4c5", takesFar, Takes},
+    {"a pawn doesn't take two rows away", "Pe4 pd6", "e4d6", takesFar, Attack},
 };
 
 struct PieceMovesTest : ::testing::Test {
@@ -128,7 +129,7 @@ struct PieceMovesTest : ::testing::Test {
     const LastMove move = Move(row.move);
     const PieceCode piece = ThePosition().BoardState.At(move.from);
     std::optional<PieceCode> taken;
-    if (row.how == Takes && IsOnBoard(move.to)) taken = ThePosition().BoardState.At(move.to);
+    if (row.how != Attack && IsOnBoard(move.to)) taken = ThePosition().BoardState.At(move.to);
     return ValidMove(SideOfPiece(piece), piece, move.from, move.to, row.how != Quiet,
                      row.sideInCheck, taken, verbose, After(row.lastMove));
   }

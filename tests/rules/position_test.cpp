@@ -18,7 +18,7 @@ const BoardTextCase boardTextCases[] = {
     {"rows that end early leave the rest empty", "05;;0201", "Ka1 Na3 Rb3"},
     {"half a code is none", "050", "Ka1"},
     {"codes above 12 are empty", "1305991211", "Kb1 pd1 ke1"},
-    {"what isn't two digits is empty", "5 -1+605 50xA006", "Kd1 Ph1"},
+    {"what isn't two digits is empty", "5 -1+605 50:A006", "Kd1 Ph1"},
     {"columns and rows beyond the eighth are not read",
      "000000000000000105;;;;;;;05;0505050505050505", "Rh1 Ka8"},
 };

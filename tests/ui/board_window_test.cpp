@@ -1,285 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/board_window.h"
-
+// What the Board window shows and offers beside the moving of pieces.
 #include <QAction>
 #include <QClipboard>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QTableWidget>
 #include <QTextEdit>
 
+#include <algorithm>
+
+#include "board_window_fixture.h"
 #include "ui/board_menus.h"
-#include "ui/floating_piece.h"
-#include "ui_fixture.h"
 
 namespace ui {
 namespace {
-
-using namespace Qt::StringLiterals;
-using platform::Process;
-using rules::FromNumber;
-
-const std::string promotionBoard =
-    "0000000000000500;0000000000000000;0000000000000000;0000000000000000;"
-    "0000000000000000;0000000000000000;0600000000000000;0000000000001100";
-
-class BoardWindowTest : public testing::Test {
- protected:
-  BoardWindowTest() {
-    Process().Offline = false;
-    platform::Settings().Verbose = true;
-    platform::Settings().NotificationTimeout = 0;
-  }
-  ~BoardWindowTest() override { delete window_; }
-
-  void Open(const std::vector<PlayedEntry>& entries, bool playsWhite = true,
-            const std::string& startBoard = {}) {
-    delete window_;
-    desktop_.files.content.clear();
-    Process().CurrentGameID = StoreGame(entries, playsWhite, store::MoveWaiting, startBoard);
-    window_ = new BoardWindow(graphics_);
-    window_->show();
-    window_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
-    Picture()->setFocus();
-    desktop_.sounds.played.clear();
-  }
-
-  template <typename Widget>
-  Widget* Find(const char* name) {
-    auto* widget = window_->findChild<Widget*>(QLatin1StringView(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
-  }
-  BoardPicture* Picture() { return Find<BoardPicture>("CBoard"); }
-  QPushButton* Button(int number) {
-    return Find<QPushButton>(("Toolbar1S_" + std::to_string(number)).c_str());
-  }
-  QPlainTextEdit* Comment() { return Find<QPlainTextEdit>("PlayerComment"); }
-
-  QPoint Centre(int square) {
-    return square == 0 ? QPoint(2, 2) : Picture()->RectOf(FromNumber(square)).center().toPoint();
-  }
-  void Press(int square) { QTest::mousePress(Picture(), Qt::LeftButton, {}, Centre(square)); }
-  void MoveTo(int square) { QTest::mouseMove(Picture(), Centre(square)); }
-  void Release(int square) { QTest::mouseRelease(Picture(), Qt::LeftButton, {}, Centre(square)); }
-  void Drag(int from, int to) {
-    Press(from);
-    MoveTo(to);
-    Release(to);
-  }
-  void Click(int square) { QTest::mouseClick(Picture(), Qt::LeftButton, {}, Centre(square)); }
-  void Key(Qt::Key key, int times = 1) {
-    while (times-- > 0) QTest::keyClick(Picture(), key);
-  }
-
-  int CellOn(int square) { return Picture()->CellOn(FromNumber(square)); }
-
-  /// What is really seen in the middle of a square, once pieces have settled.
-  QColor SeenOn(int square) {
-    Settle();
-    return window_->grab().toImage().pixelColor(Picture()->mapTo(window_, Centre(square)));
-  }
-  void Settle() {
-    const auto* floating = window_->findChild<FloatingPiece*>();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !floating->IsSettling(); }));
-  }
-
-  std::string LastMove() { return window_->Logic().Moves.Last().MoveText; }
-
-  fakes::FakeDesktop desktop_;
-  const ChessGraphics graphics_ = ColouredGraphics();
-  QPointer<BoardWindow> window_;
-};
-
-TEST_F(BoardWindowTest, EveryWayOfMovingAPieceGivesTheSameMove) {
-  const std::pair<const char*, std::function<void()>> rows[] = {
-      {"dragging", [this] { Drag(52, 54); }},
-      {"clicking the piece and its target",
-       [this] {
-         Click(52);
-         Click(54);
-       }},
-      {"selecting another piece first",
-       [this] {
-         Click(71);
-         Click(52);
-         Click(54);
-       }},
-      {"dragging a piece that was selected",
-       [this] {
-         Click(52);
-         Drag(52, 54);
-       }},
-      {"the keyboard",
-       [this] {
-         Key(Qt::Key_Return);  // the cursor begins on e2
-         Key(Qt::Key_Up, 2);
-         Key(Qt::Key_Space);
-       }},
-      {"the keyboard, past the edge of the board and back",
-       [this] {
-         Key(Qt::Key_Left, 9);
-         Key(Qt::Key_Right, 4);
-         Key(Qt::Key_Enter);
-         Key(Qt::Key_Up, 2);
-         Key(Qt::Key_Enter);
-       }},
-      {"clicking the piece and Enter on its target",
-       [this] {
-         Click(52);
-         Key(Qt::Key_Up, 2);
-         Key(Qt::Key_Enter);
-       }},
-  };
-  for (const auto& [name, move] : rows) {
-    SCOPED_TRACE(name);
-    Open({});
-    move();
-    EXPECT_EQ(LastMove(), "e4");
-    EXPECT_EQ(window_->Logic().Moves.Count(), 1);
-    EXPECT_EQ(CellOn(52), 16) << "a light square, empty";
-    EXPECT_EQ(CellOn(54), 6) << "a white pawn on a light square";
-    EXPECT_EQ(SeenOn(52), ColourOfCell(16));
-    EXPECT_EQ(SeenOn(54), ColourOfCell(6));
-    EXPECT_EQ(desktop_.sounds.played.back(), "/program/Data/Cs004.tvs");
-    EXPECT_TRUE(desktop_.boxes.messages.empty());
-    auto* list = Find<QTableWidget>("MoveList");
-    EXPECT_EQ(list->item(0, 0)->text(), u"5254"_s);
-    EXPECT_EQ(list->item(0, 2)->text(), u"e4"_s);
-    EXPECT_TRUE(list->isColumnHidden(0) && list->isColumnHidden(3));
-  }
-}
-
-TEST_F(BoardWindowTest, ARefusedMovePutsThePieceBackAndTellsWhy) {
-  const std::pair<const char*, std::function<void()>> rows[] = {
-      {"dragged too far", [this] { Drag(52, 55); }},
-      {"dragged onto an own piece", [this] { Drag(11, 12); }},
-      {"dropped beside the board", [this] { Drag(52, 0); }},
-      {"clicked too far",
-       [this] {
-         Click(52);
-         Click(55);
-       }},
-      {"lifted an opponent's piece", [this] { Press(57), Release(57); }},
-  };
-  for (const auto& [name, move] : rows) {
-    SCOPED_TRACE(name);
-    Open({});
-    desktop_.boxes.messages.clear();
-    const QImage before = window_->grab().toImage();
-    move();
-    Settle();
-    EXPECT_EQ(desktop_.boxes.messages.size(), 1U);
-    EXPECT_FALSE(desktop_.LastMessage().second.empty());
-    EXPECT_EQ(window_->Logic().Moves.Count(), 0);
-    EXPECT_TRUE(window_->grab().toImage() == before);
-  }
-}
-
-TEST_F(BoardWindowTest, APieceThatIsPutDownAgainIsNoMove) {
-  const std::pair<const char*, std::function<void()>> rows[] = {
-      {"dragged away and back",
-       [this] {
-         Press(52);
-         MoveTo(54);
-         Release(52);
-       }},
-      {"clicked twice",
-       [this] {
-         Click(52);
-         Click(52);
-       }},
-      {"clicked, then beside the board",
-       [this] {
-         Click(52);
-         Click(0);
-       }},
-      {"Escape in the middle of a drag",
-       [this] {
-         Press(52);
-         MoveTo(54);
-         Key(Qt::Key_Escape);
-         Release(54);
-       }},
-      {"Escape behind a click",
-       [this] {
-         Click(52);
-         Key(Qt::Key_Escape);
-       }},
-      {"the right button",
-       [this] {
-         Click(52);
-         QTest::mousePress(Picture(), Qt::RightButton, {}, Centre(54));
-       }},
-  };
-  for (const auto& [name, move] : rows) {
-    SCOPED_TRACE(name);
-    Open({});
-    move();
-    // A hand that still held the pawn would move it now.
-    QTest::keyClick(Picture(), Qt::Key_Up);
-    EXPECT_FALSE(window_->isMinimized());
-    EXPECT_EQ(SeenOn(52), ColourOfCell(6));
-    EXPECT_EQ(SeenOn(54), ColourOfCell(16));
-    EXPECT_EQ(window_->Logic().Moves.Count(), 0);
-    EXPECT_TRUE(desktop_.boxes.messages.empty());
-    EXPECT_EQ(desktop_.sounds.played,
-              (std::vector<std::string>{"/program/Data/Cs003.tvs", "/program/Data/Cs004.tvs"}));
-  }
-  Key(Qt::Key_Escape);
-  EXPECT_TRUE(window_->isMinimized()) << "with an empty hand";
-}
-
-TEST_F(BoardWindowTest, WhileAPieceIsDraggedItsSquareShowsEmpty) {
-  Open({});
-  Press(52);
-  EXPECT_EQ(window_->grab().toImage().pixelColor(Picture()->mapTo(window_, Centre(52))),
-            QColor(Qt::red))
-      << "the floating icon, still in its place";
-  MoveTo(54);
-  EXPECT_EQ(SeenOn(52), ColourOfCell(16));
-  EXPECT_EQ(SeenOn(54), QColor(Qt::red));
-  EXPECT_EQ(CellOn(52), 6) << "the window's own copy doesn't move";
-}
-
-TEST_F(BoardWindowTest, ASelectionDoesNotOutliveThePositionThatItBelongsTo) {
-  Open({{"5254", "e4"}, {"5755", "e5"}});
-  Click(42);  // removes the highlight and selects
-  QTest::mouseClick(Find<QTableWidget>("MoveList")->viewport(), Qt::LeftButton, {},
-                    Find<QTableWidget>("MoveList")
-                        ->visualItemRect(Find<QTableWidget>("MoveList")->item(0, 2))
-                        .center());
-  ASSERT_EQ(window_->Logic().Moves.Selected(), 1);
-  EXPECT_EQ(SeenOn(55), ColourOfCell(24)) << "the pawn's move isn't played yet";
-  Click(44);
-  EXPECT_EQ(window_->Logic().Moves.Count(), 2);
-  EXPECT_EQ(desktop_.LastMessage().second, "You are not allowed to make a move right now.");
-}
-
-TEST_F(BoardWindowTest, TheFirstClickOnAMarkedBoardOnlyCleansIt) {
-  for (const int square : {57, 44, 0}) {
-    Open({{"5254", "e4"}, {"5755", "e5"}});
-    Button(board::CoordinatesButton)->click();
-    ASSERT_TRUE(window_->Logic().HilightVisible && window_->Logic().CoordsVisible);
-    Click(square);
-    EXPECT_FALSE(window_->Logic().HilightVisible || window_->Logic().CoordsVisible) << square;
-    EXPECT_TRUE(desktop_.boxes.messages.empty());
-  }
-}
-
-TEST_F(BoardWindowTest, APawnOnTheLastRowBecomesWhatTheDialogGives) {
-  Open({{"7172", "Kg2"}, {"7877", "Kg7"}}, true, promotionBoard);
-  OnNextDialog([this](QWidget& dialog) {
-    EXPECT_EQ(SeenOn(17), ColourOfCell(14)) << "the picture waits: a white pawn on a dark square";
-    QTest::keyClick(&dialog, Qt::Key_Q);
-  });
-  Drag(17, 18);
-  EXPECT_EQ(LastMove(), "a8=Q");
-  EXPECT_EQ(SeenOn(18), ColourOfCell(4)) << "a white queen on a light square";
-}
 
 TEST_F(BoardWindowTest, UndoTakesTheMoveBack) {
   Open({{"5254", "e4"}, {"4745", "d5"}});
@@ -368,7 +99,13 @@ TEST_F(BoardWindowTest, TurningTheBoardMovesTheSquaresAndKeepsTheirNumbers) {
     EXPECT_EQ(Button(board::ViewButton)->text(), u"&View"_s);
     EXPECT_EQ(Centre(88), a1);
     EXPECT_EQ(SeenOn(18), ColourOfCell(17)) << "Black's rook on its light corner";
-    playsWhite ? Drag(52, 54) : Drag(57, 55);
+    if (playsWhite) {
+      Key(Qt::Key_Return);  // e2
+      Key(Qt::Key_Down, 2);
+      Key(Qt::Key_Return);
+    } else {
+      Drag(57, 55);
+    }
     EXPECT_EQ(LastMove(), playsWhite ? "e4" : "e5");
   }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Words for tests of windows: a chess set whose cells are told apart by their colour, stored games,
-// and a hand on mouse and keyboard.
+// and dialogs that get their answer.
 #pragma once
 
 #include <QApplication>

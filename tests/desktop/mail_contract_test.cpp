@@ -2,6 +2,8 @@
 // What the program relies on in every mail service, asked of each kind in turn.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "mail_world.h"
 
 namespace {
@@ -13,6 +15,8 @@ struct Kind {
   const char* name;
   std::unique_ptr<MailWorld> (*make)();
 };
+
+void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
 
 class MailContractTest : public testing::TestWithParam<Kind> {
  protected:

@@ -240,13 +240,13 @@ TEST_F(MailServiceTest, AStoredAccountIsTakenAsItIs) {
   Stored("MailKind") = "Imap";
   Stored("MyName") = "007";
   Stored("MyAddress") = "me@x.y";
-  Stored("PostFolder") = "/shared";
+  Stored("PostFolder") = "/everybodys/post";
   Stored("ImapPort") = "10143";
   Stored("SmtpPort") = "nonsense";
   SignOn();
   const MailAccount account = accounts_.at(0);
   EXPECT_EQ(account.MailKind + account.MyName + account.MyAddress, "Imap007me@x.y");
-  EXPECT_EQ(account.PostFolder, "/shared/");
+  EXPECT_EQ(account.PostFolder, "/everybodys/post/");
   EXPECT_EQ(account.ImapPort, 10143);
   EXPECT_EQ(account.SmtpPort, 465);
   EXPECT_TRUE(desktop_.settings.writes.empty());
@@ -272,9 +272,9 @@ class AskingMailServiceTest : public MailServiceTest {
 };
 
 TEST_F(AskingMailServiceTest, AsksOnceAndNeverAgainWhenAnswered) {
-  Stored("PostFolder") = "/shared/";
+  Stored("PostFolder") = "/everybodys/post/";
   EXPECT_THROW(service_.SignOn(), MailError) << "cancelled";
-  EXPECT_EQ(suggestion_.PostFolder, "/shared/");
+  EXPECT_EQ(suggestion_.PostFolder, "/everybodys/post/");
   EXPECT_TRUE(suggestion_.MyAddress.ends_with("@localhost"));
   EXPECT_TRUE(desktop_.settings.writes.empty());
   answer_ = suggestion_;

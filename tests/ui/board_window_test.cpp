@@ -195,9 +195,11 @@ TEST_F(BoardWindowTest, SendingSavesMailsAndCloses) {
   Comment()->insertPlainText(u"Grüße"_s);
   Button(board::SendButton)->click();
   EXPECT_FALSE(window_->isVisible());
+  window_->close();
   ASSERT_EQ(desktop_.mail.sent.size(), 1U);
   EXPECT_NE(desktop_.mail.sent.front().text.find("|e4|Grüße"), std::string::npos);
-  EXPECT_EQ(std::count(desktop_.hooksCalled.begin(), desktop_.hooksCalled.end(), "boardClosed"), 1);
+  EXPECT_EQ(std::count(desktop_.hooksCalled.begin(), desktop_.hooksCalled.end(), "boardClosed"), 1)
+      << "however often it is closed";
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(window_.isNull());
 }

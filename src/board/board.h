@@ -162,6 +162,8 @@ class Board {
   void PaintEmpty(rules::Square square);
   void PaintNormally(rules::Square square);
   rules::PieceCode KingInDanger() const;
+  bool StoreStatus() const;
+  bool StorePendingMove();
   std::int16_t StatusOfPendingMove() const;
   void FillNewGame(store::GameRecord& record) const;
   void SendGame(std::int32_t gameID);

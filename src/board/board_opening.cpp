@@ -7,6 +7,7 @@
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
+#include "store/database_lock.h"
 #include "store/queries.h"
 #include "store/saving.h"
 
@@ -149,18 +150,26 @@ void Board::ToggleCoords() {
   view_.Refresh();
 }
 
+bool Board::StoreStatus() const {
+  try {
+    const store::DatabaseLock lock;
+    store::GameRecords games;
+    const std::string selection = "Game_ID;" + std::to_string(Process().CurrentGameID);
+    if (!store::SelectGames(games, selection) || games.empty()) return false;
+    games.front().GAME_STATUS = GameStatus;
+    return store::SaveGame(games.front(), {});
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 void Board::SetGameStatus() {
   if (LastMoveIsMine() || GameStatus == store::GameWon || GameStatus == store::GameLost ||
       !GameIsOver()) {
     return;
   }
   GameStatus = GameDrawn ? store::GameDrawn : WonGame() ? store::GameWon : store::GameLost;
-  store::GameRecords games;
-  const std::string selection = "Game_ID;" + std::to_string(Process().CurrentGameID);
-  if (store::SelectGames(games, selection) && !games.empty()) {
-    games.front().GAME_STATUS = GameStatus;
-    if (store::SaveGame(games.front(), {})) return;
-  }
+  if (StoreStatus()) return;
   platform::ShowMessage(
       platform::DatabaseIcon, "Database error.",
       "A database error prevented Tarvolenix from setting the status of this game correctly||It "

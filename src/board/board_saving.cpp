@@ -7,6 +7,7 @@
 #include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
+#include "store/database_lock.h"
 #include "store/queries.h"
 #include "store/saving.h"
 
@@ -79,11 +80,12 @@ std::int16_t Board::StatusOfPendingMove() const {
   return Process().ComputerGame ? store::MoveWaiting : store::WaitingForOpponent;
 }
 
-bool Board::SaveMove() {
-  store::GameRecords games;
-  const std::string selection = "Game_ID;" + std::to_string(Process().CurrentGameID);
-  bool saved = store::SelectGames(games, selection);
-  if (saved) {
+bool Board::StorePendingMove() {
+  try {
+    const store::DatabaseLock lock;
+    store::GameRecords games;
+    const std::string selection = "Game_ID;" + std::to_string(Process().CurrentGameID);
+    if (!store::SelectGames(games, selection)) return false;
     store::GameRecord record;
     if (games.empty()) {
       FillNewGame(record);
@@ -95,9 +97,14 @@ bool Board::SaveMove() {
     SavedGameID = record.GAME_ID;
     store::MoveRecord move = Moves.Last();
     move.MoveComment = PlayerComment;
-    saved = store::SaveGame(record, {move});
+    return store::SaveGame(record, {move});
+  } catch (const std::exception&) {
+    return false;
   }
-  if (saved) return true;
+}
+
+bool Board::SaveMove() {
+  if (StorePendingMove()) return true;
   platform::ShowMessage(
       platform::DatabaseIcon, "Database error.",
       Process().ComputerGame

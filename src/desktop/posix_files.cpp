@@ -3,13 +3,17 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <system_error>
+#include <thread>
 
 namespace desktop {
 namespace {
@@ -75,6 +79,15 @@ class OpenFile {
     if (!TrySync()) Fail("write", path_);
   }
 
+  /// False while somebody else holds it. Closing the file gives it back.
+  bool TryLock() const {
+    if (::flock(descriptor_, LOCK_EX | LOCK_NB) == 0) return true;
+    if (errno == EWOULDBLOCK || errno == EINTR) return false;
+    // This file system knows no locks.
+    if (errno == ENOLCK || errno == EOPNOTSUPP || errno == EINVAL) return true;
+    Fail("lock", path_);
+  }
+
   void Close() {
     const int descriptor = descriptor_;
     descriptor_ = -1;
@@ -94,6 +107,30 @@ void SyncFolderOf(const std::string& path) {
   const OpenFile file(folder, O_RDONLY | O_DIRECTORY, "write");
   // Some network file systems can't do this for a folder, and have nothing to do either.
   if (!file.TrySync() && errno != EINVAL && errno != ENOTSUP) Fail("write", folder);
+}
+
+class FileLock : public platform::HeldLock {
+ public:
+  explicit FileLock(const std::string& path) : file_(path, O_RDWR | O_CREAT, "lock") {
+    const auto givingUp = std::chrono::steady_clock::now() + longestWait;
+    while (!file_.TryLock()) {
+      if (std::chrono::steady_clock::now() > givingUp) {
+        throw platform::FileError("another program keeps " + path + " locked");
+      }
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+  }
+
+ private:
+  static constexpr std::chrono::seconds longestWait{10};
+
+  OpenFile file_;
+};
+
+/// Where a link leads; a path that is none, or leads nowhere, stays as it is.
+std::string BehindLinks(const std::string& path) {
+  const std::unique_ptr<char, void (*)(void*)> place(::realpath(path.c_str(), nullptr), std::free);
+  return place ? place.get() : path;
 }
 
 bool IsFolder(const std::string& path, const dirent& entry) {
@@ -125,8 +162,23 @@ void PosixFiles::Write(const std::string& path, std::string_view content) {
 }
 
 void PosixFiles::Rename(const std::string& from, const std::string& to) {
-  if (std::rename(from.c_str(), to.c_str()) != 0) Fail("rename", from);
-  SyncFolderOf(to);
+  const std::string place = BehindLinks(to);
+  struct stat replaced {};
+  if (::stat(place.c_str(), &replaced) == 0 && S_ISREG(replaced.st_mode)) {
+    // What its owner has hidden from others stays hidden. Where a file system can't do that, a save
+    // counts for more.
+    static_cast<void>(::chmod(from.c_str(), replaced.st_mode & 0777));
+  }
+  const std::string beside = place + ".new";
+  if (std::rename(from.c_str(), place.c_str()) == 0) {
+    SyncFolderOf(place);
+  } else if (errno == EXDEV && from != beside) {  // a link led to another file system
+    Write(beside, Read(from));
+    Rename(beside, place);
+    Remove(from);
+  } else {
+    Fail("rename", from);
+  }
 }
 
 void PosixFiles::Remove(const std::string& path) {
@@ -146,6 +198,10 @@ std::vector<std::string> PosixFiles::List(const std::string& folder) {
   }
   if (errno != 0) Fail("list", folder);
   return names;
+}
+
+std::unique_ptr<platform::HeldLock> PosixFiles::Lock(const std::string& path) {
+  return std::make_unique<FileLock>(path);
 }
 
 }  // namespace desktop

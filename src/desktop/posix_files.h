@@ -3,6 +3,7 @@
 // but the standard library and POSIX.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,9 @@ class PosixFiles : public platform::Files {
 
   /// Without the names of folders.
   std::vector<std::string> List(const std::string& folder) override;
+
+  /// Waits up to ten seconds.
+  std::unique_ptr<platform::HeldLock> Lock(const std::string& path) override;
 };
 
 }  // namespace desktop

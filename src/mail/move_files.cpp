@@ -13,6 +13,7 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/text_fields.h"
+#include "store/database_lock.h"
 #include "store/saving.h"
 
 namespace mail {
@@ -130,6 +131,8 @@ std::string PickMoveFile() {
 
 bool ExportMoveFile(std::int32_t gameID, std::string* fileName) {
   try {
+    // Nobody else may take the same number meanwhile.
+    const store::DatabaseLock lock;
     const OutgoingGame game = LoadOutgoingGame(gameID);
     const std::string name = FirstFreeName();
     WriteWhole(platform::Process().DataPath + name,

@@ -2,7 +2,7 @@
 #include "mail/move_text_check.h"
 
 #include <algorithm>
-#include <exception>
+#include <stdexcept>
 
 #include "mail/character_count.h"
 #include "mail/move_mail.h"
@@ -114,6 +114,21 @@ constexpr FieldCheck fieldChecks[] = {
     IsName,          IsName,    IsTrueOrFalse, IsStartBoard,
 };
 
+/// A number may have good form and yet be none that the game file can hold. Such a mail must not
+/// stand in the way of those behind it.
+void RequireStorableNumbers(string_view text) {
+  const int fieldCount = platform::CountFields(text, '|');
+  FieldWalk fields(text, '|');
+  for (int field = 1; field <= fieldCount; ++field) {
+    const string_view number = fields.Next();
+    const bool isIdentifier = field <= 2 && !number.empty();
+    const bool isMoveNumber = field >= 10 && (field - 10) % 4 == 0;
+    if ((isIdentifier || isMoveNumber) && !platform::ToInteger32(number)) {
+      throw std::out_of_range("a number beyond 32 bits");
+    }
+  }
+}
+
 }  // namespace
 
 std::string ExtractMoveText(string_view body) {
@@ -148,7 +163,10 @@ int CheckMoveText(string_view text) {
 bool ValidateMoveText(string_view text, bool fromFile) {
   try {
     const int stage = CheckMoveText(text);
-    if (stage == 0) return true;
+    if (stage == 0) {
+      RequireStorableNumbers(text);
+      return true;
+    }
     const std::string found =
         fromFile ? "The file you selected failed validation."
                  : "Tarvolenix found what appeared to be a chess move email, but which failed "

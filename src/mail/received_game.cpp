@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/received_game.h"
 
+#include <memory>
+
 #include "mail/move_text_check.h"
 #include "platform/conversions.h"
+#include "platform/files.h"
 #include "platform/process_state.h"
 #include "platform/text_fields.h"
+#include "store/database_lock.h"
 #include "store/queries.h"
 #include "store/saving.h"
 
@@ -67,6 +71,15 @@ store::MoveRecords RemainingMoves(FieldWalk& fields, int count) {
   return moves;
 }
 
+/// From the look for the game to its saving nobody else may found or change it.
+std::unique_ptr<store::DatabaseLock> LockGames() {
+  try {
+    return std::make_unique<store::DatabaseLock>();
+  } catch (const platform::FileError& error) {
+    throw StoreFailure(error.what());
+  }
+}
+
 }  // namespace
 
 bool PassesFormCheck(std::string_view text, bool fromFile, MoveArrival& arrival) {
@@ -76,6 +89,7 @@ bool PassesFormCheck(std::string_view text, bool fromFile, MoveArrival& arrival)
 }
 
 void SaveReceivedGame(std::string_view text, const Sender& sender, MoveArrival& arrival) {
+  const auto lock = LockGames();
   FieldWalk walk(text, '|');
   const GameFields fields = NextGameFields(walk);
   const std::optional<store::GameRecord> known = FindGame(fields);

@@ -3,6 +3,7 @@
 // need. Every failure raises FileError; nothing is half done but what Write leaves of a new file.
 #pragma once
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -12,6 +13,12 @@ namespace platform {
 
 struct FileError : std::runtime_error {
   using std::runtime_error::runtime_error;
+};
+
+/// A lock that is held for as long as this lives.
+class HeldLock {
+ public:
+  virtual ~HeldLock() = default;
 };
 
 class Files {
@@ -33,6 +40,11 @@ class Files {
 
   /// The names (without folder) of the files in a folder, in the file system's order.
   virtual std::vector<std::string> List(const std::string& folder) = 0;
+
+  /// Keeps out every other process that asks for the same lock, after waiting for it for some
+  /// seconds. `path` is a file that exists for the lock alone; it is made where it isn't there. On
+  /// a file system that knows no locks it keeps nobody out. It doesn't nest within a process.
+  virtual std::unique_ptr<HeldLock> Lock(const std::string& path) = 0;
 };
 
 }  // namespace platform

@@ -12,7 +12,9 @@
 
 #include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "store/database_lock.h"
 #include "store/game_file.h"
+#include "store/queries.h"
 
 namespace store {
 namespace {
@@ -52,8 +54,10 @@ std::optional<std::string> BackUp() {
 
 /// Replaces the game file by what `change` makes of its content, after a backup.
 bool ChangeGameFile(const std::function<std::string(std::string_view)>& change) {
+  std::optional<DatabaseLock> lock;
   std::optional<std::string> before;
   try {
+    lock.emplace();
     before = BackUp();
   } catch (const std::exception&) {
     return false;
@@ -128,6 +132,10 @@ bool RemoveGame(std::int32_t gameID) {
 
 bool BackupDatabase() {
   try {
+    const DatabaseLock lock;
+    // A backup of a damaged file would cost the last good one.
+    GameRecords games;
+    if (!SelectGames(games, {})) return false;
     BackUp();
     return true;
   } catch (const std::exception&) {
@@ -137,6 +145,7 @@ bool BackupDatabase() {
 
 void RestoreDatabase() {
   try {
+    const DatabaseLock lock;
     if (!Files().Exists(BackupPath())) return;
     const std::string backup = Files().Read(BackupPath());
     if (Files().Exists(GameFilePath()) && Files().Read(GameFilePath()) == backup) return;

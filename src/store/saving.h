@@ -2,7 +2,7 @@
 // The only ways to change the game file. Each writes the whole new content to "tvgdb.new" and puts
 // it in the file's place in one step, so that a crash at any moment leaves the old file or the new
 // one. "tvgdb.bak" holds the state before the latest change. A failure leaves the game file as it
-// stood.
+// stood. "tvgdb.lock" keeps a second process out meanwhile.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,8 @@ bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed = null
 /// True also where the game wasn't there.
 bool RemoveGame(std::int32_t gameID);
 
-/// Copies the game file to "tvgdb.bak". True also without a game file.
+/// Copies the game file to "tvgdb.bak". True also without a game file. False, with the earlier
+/// backup left as it is, where the game file is damaged.
 bool BackupDatabase();
 
 /// Rolls the game file back to "tvgdb.bak" where there is one. Silent.

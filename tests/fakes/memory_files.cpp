@@ -49,4 +49,16 @@ std::vector<std::string> MemoryFiles::List(const std::string& folder) {
   return names;
 }
 
+std::unique_ptr<platform::HeldLock> MemoryFiles::Lock(const std::string& path) {
+  struct Held : platform::HeldLock {
+    explicit Held(bool& flag) : locked(flag) { locked = true; }
+    ~Held() override { locked = false; }
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
+    bool& locked;
+  };
+  if (locked) throw platform::FileError("locked: " + path);
+  return std::make_unique<Held>(locked);
+}
+
 }  // namespace fakes

@@ -18,12 +18,14 @@ class MemoryFiles : public platform::Files {
   void Rename(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
   std::vector<std::string> List(const std::string& folder) override;
+  std::unique_ptr<platform::HeldLock> Lock(const std::string& path) override;
 
   /// Lets the operation with this number fail, counting from 1 from now on (Exists isn't counted).
   /// A failing Write leaves the first half of its text, as a full disk does.
   void FailOperation(int number);
 
   std::map<std::string, std::string> content;
+  bool locked = false;
   std::vector<std::string> operations;  ///< such as "write /program/Data/tvgdb.new"
 
  private:

@@ -141,9 +141,21 @@ TEST_F(Retrieval, OtherMailIsLeftAloneAndUnread) {
   EXPECT_EQ(desktop.boxes.messages.size(), 2U);
 }
 
-TEST_F(Retrieval, FailureEndsItWithWhatWasSaved) {
+TEST_F(Retrieval, AMailOfGoodFormThatCantBeStoredStandsInNobodysWay) {
   std::string outOfRange = FromAnna(1);
   outOfRange.replace(outOfRange.find("7|"), 1, "99999999999");
+  Arrives(outOfRange);
+  Arrives(FromAnna(2));
+  const auto arrivals = RetrieveMoveMails(false, true);
+  ASSERT_EQ(arrivals.size(), 2U);
+  EXPECT_FALSE(arrivals[0].ok);
+  EXPECT_TRUE(arrivals[1].ok);
+  EXPECT_EQ(desktop.mail.inbox.size(), 1U);
+  EXPECT_TRUE(
+      Told().starts_with("4 Move email validation error\nAn error occured while trying to"));
+}
+
+TEST_F(Retrieval, FailureEndsItWithWhatWasSaved) {
   const struct {
     const char* failing;
     std::string firstMail, stored, told;
@@ -156,7 +168,6 @@ TEST_F(Retrieval, FailureEndsItWithWhatWasSaved) {
       {"MsgOrigAddress", FromAnna(1), "", notRetrieved, 0, 2},
       {"Delete", FromAnna(1), "", notRetrieved, 1, 2},
       {"Flush", FromAnna(1), "", notRetrieved, 2, 0},
-      {"nothing but a number", outOfRange, "", notRetrieved, 0, 2},
       {"nothing but the store", FromAnna(1), "no number|\r\n", notSaved, 0, 2},
   };
   for (const auto& row : rows) {

@@ -13,6 +13,7 @@
 
 #include "desktop/posix_files.h"
 #include "platform/desktop.h"
+#include "store/database_lock.h"
 #include "store/store_fixture.h"
 
 namespace store {
@@ -78,6 +79,34 @@ TEST_F(RealFilesTest, AProcessKilledAnywhereLeavesTheOldFileOrTheNewOne) {
     }
     EXPECT_GE(kills, 6);
   }
+}
+
+// The console beside the window: each founds games, and each looks at the file before it does.
+TEST_F(RealFilesTest, ProcessesThatSaveAtTheSameTimeLoseNothing) {
+  constexpr int processes = 4;
+  constexpr int gamesEach = 15;
+  const auto foundGames = [] {
+    for (int i = 0; i < gamesEach; ++i) {
+      const DatabaseLock lock;
+      GameRecord game = Game(NextGameID());
+      if (!SaveGame(game, Moves('p', 1, 1))) return 1;
+    }
+    return 0;
+  };
+  std::vector<pid_t> children;
+  for (int i = 0; i < processes; ++i) {
+    children.push_back(fork());
+    if (children.back() == 0) _exit(foundGames());
+  }
+  for (const pid_t child : children) {
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+  }
+  GameRecords games;
+  ASSERT_TRUE(SelectGames(games, {}, "Game_ID;A"));
+  ASSERT_EQ(games.size(), std::size_t{processes * gamesEach});
+  EXPECT_EQ(games.back().GAME_ID, processes * gamesEach);
 }
 
 /// A disk of 64 kB in place of the folder where this process may mount one, else files of 64 kB.

@@ -96,21 +96,26 @@ TEST_F(SavingTest, TheBackupIsTheStateBeforeTheLatestChange) {
   EXPECT_TRUE(BackupDatabase());
   RestoreDatabase();
   EXPECT_TRUE(desktop.files.content.empty()) << "without a game file there is nothing to do";
-  SetGameFile("a");
+  const std::string a = Line(Game(1)) + "\r\n";
+  const std::string b = Line(Game(2)) + "\r\n";
+  SetGameFile(a);
   EXPECT_TRUE(BackupDatabase());
-  SetGameFile("b");
+  SetGameFile(b);
   RestoreDatabase();
-  EXPECT_EQ(FileText("Tvgdb.dat"), "a");
+  EXPECT_EQ(FileText("Tvgdb.dat"), a);
   desktop.files.operations.clear();
   RestoreDatabase();
   EXPECT_EQ(desktop.files.operations.size(), 2u) << "what was never replaced is only compared";
-  for (const int operation : {1, 2, 3}) {
-    SetGameFile("b");
+  for (const int operation : {1, 2, 3, 4}) {
+    SetGameFile(b);
     desktop.files.FailOperation(operation);
     EXPECT_FALSE(BackupDatabase());
-    EXPECT_EQ(FileText("tvgdb.bak"), "a");
+    EXPECT_EQ(FileText("tvgdb.bak"), a);
     EXPECT_EQ(FileText("tvgdb.new"), "no file");
   }
+  SetGameFile(b + "rubbish\r\n");
+  EXPECT_FALSE(BackupDatabase());
+  EXPECT_EQ(FileText("tvgdb.bak"), a) << "damage must not cost the last good backup";
 }
 
 // Every operation in turn fails, once or from then on, and the user has lost nothing.

@@ -89,6 +89,9 @@ class AccidentFiles : public platform::Files {
     Run([&] { files_.Remove(path); });
   }
   std::vector<std::string> List(const std::string& folder) override { return files_.List(folder); }
+  std::unique_ptr<platform::HeldLock> Lock(const std::string& path) override {
+    return files_.Lock(path);
+  }
 
   bool lasting = false;  ///< the accident befalls all later operations too
   bool happened = false;

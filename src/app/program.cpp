@@ -29,7 +29,6 @@ std::optional<desktop::MailAccount> AskAccount(const desktop::MailAccount& sugge
       ui::AskForAccount({suggestion.MyName, suggestion.MyAddress, suggestion.PostFolder});
   if (!answer) return std::nullopt;
   desktop::MailAccount account = suggestion;
-  account.MailKind = "Post";
   account.MyName = answer->name;
   account.MyAddress = answer->address;
   account.PostFolder = answer->postFolder;

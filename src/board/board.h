@@ -104,6 +104,9 @@ class Board {
   int SquareCell(rules::Square square) const;
   void CheckTimer();
 
+  /// Shows a king in danger that is flashed away just now.
+  void ShowKing();
+
   BoardControls Controls() const;
   bool LastMoveIsMine() const;
   bool GameIsOver() const;

@@ -119,6 +119,14 @@ void Board::CheckTimer() {
   if (StalemateFlashes > 0) FlickerKing(StalemateFlashes, rules::OtherSide(mine));
 }
 
+void Board::ShowKing() {
+  const rules::PieceCode king = KingInDanger();
+  if (king == rules::NoPiece || FlashPhase) return;
+  PaintNormally(rules::FindPiece(king));
+  FlashPhase = true;
+  view_.SetTimerInterval(kingShownInterval);
+}
+
 void Board::FlashKing(rules::Square king) {
   if (FlashPhase) {
     PaintEmpty(king);

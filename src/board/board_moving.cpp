@@ -93,6 +93,7 @@ void Board::PlayMove(int toSquare, int fromSquare, bool capture) {
   const auto castling = capture ? rules::Castling::None : rules::DetectCastling(side, from, to);
   const auto enPassant = capture ? std::nullopt : rules::EnPassantSquare(from, to, last, side);
 
+  ShowKing();
   CopyBoard();
   Undo = rules::SaveGameState(Surrendered);
   if (taken) rules::LogCastleState(*taken, to.x);

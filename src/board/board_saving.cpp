@@ -88,6 +88,8 @@ bool Board::StorePendingMove() {
     if (!store::SelectGames(games, selection)) return false;
     store::GameRecord record;
     if (games.empty()) {
+      // Only a new game has no record yet; another one was deleted behind the board's back.
+      if (Process().CurrentGameID >= 1) return false;
       FillNewGame(record);
     } else {
       record = games.front();

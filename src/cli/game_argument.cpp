@@ -22,6 +22,8 @@ void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messa
   platform::Process().CurrentGameID = gameID;
   played.logic.Form_Load();
   if (played.logic.UnloadPending) throw Refusal(messages.TakeSentence("The game can't be opened."));
+  // A first press on a marked board would only clean it, and say nothing.
+  played.logic.RemoveHilight();
 }
 
 }  // namespace cli

@@ -58,6 +58,15 @@ std::string EscapedCharacter(char c) {
 
 }  // namespace
 
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = SequenceLength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
   while (!text.empty()) {

@@ -62,7 +62,8 @@ bool Import(const Call& call) {
         .Add("stage", arrival.stage)
         .Print();
     const std::string said = call.messages.TakeSentence({});
-    if (!arrival.ok) failed += (failed.empty() ? "" : " ") + file + ": " + said;
+    if (!arrival.ok)
+      failed.append(failed.empty() ? "" : " ").append(file).append(": ").append(said);
     allOk = allOk && arrival.ok;
   }
   if (!allOk) throw Refusal(failed);

@@ -83,7 +83,9 @@ int Run(std::vector<std::string> arguments) {
   platform::Process().DataPath = dataFolder + "Data/";
   platform::Settings().Verbose = true;
   platform::TheDesktop().messageBoxes = &messages;
-  return verb.run({parsed, messages}) ? Done : Failed;
+  const bool done = verb.run({parsed, messages});
+  if (!std::cout.flush()) throw cli::Refusal("The answer could not be written.");
+  return done ? Done : Failed;
 }
 
 }  // namespace

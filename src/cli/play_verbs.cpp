@@ -39,53 +39,82 @@ void CheckTexts(const Arguments& arguments) {
                     " holds a \"|\", a control character or a marker of move mails, which can't "
                     "stand there.");
     }
+    if (!IsUtf8(text)) throw Refusal("The text of " + name + " is no UTF-8.");
   }
 }
 
-/// Where nothing is to be sent, nobody needs to be reached for a move to be allowed.
-void PrepareSending(bool send) {
-  if (send) {
-    LogOn();
-  } else {
+/// A start position that a game can be played from.
+std::string CheckedBoard(const std::string& text) {
+  const rules::BoardSquares squares = rules::ReadBoardText(text);
+  const bool oneKingEach = std::popcount(squares.Of(rules::WhiteKing)) == 1 &&
+                           std::popcount(squares.Of(rules::BlackKing)) == 1;
+  if (rules::WriteBoardText(squares) != text || !oneKingEach) {
+    throw Refusal(
+        "The text of --board is no position with a king on each side: eight groups of "
+        "sixteen digits joined by \";\", row 1 first.");
+  }
+  return text;
+}
+
+/// Where nothing is to be sent, nobody needs to be reached for a move to be allowed. Where
+/// something is, nothing is saved that can't be sent.
+void PrepareSending(bool send, CollectedMessages& messages) {
+  if (!send) {
     platform::Process().StandAlone = true;
+    return;
+  }
+  LogOn();
+  if (platform::Process().Offline) {
+    throw Refusal(messages.TakeSentence("There is no connection to your mail service."));
   }
 }
 
-/// Saves the pending move, and sends it where asked. False where either failed.
-bool SaveAndSend(PlayedBoard& played, bool send) {
-  if (!played.logic.SaveMove()) return false;
-  return !send || SendGame(played.logic.SavedGameID);
+/// What became of a move once it was played.
+enum class Stored { Nowhere, Saved, SavedAndSent };
+
+Stored Store(PlayedBoard& played, bool send) {
+  if (!played.logic.SaveMove()) return Stored::Nowhere;
+  if (!send) return Stored::Saved;
+  return SendGame(played.logic.SavedGameID) ? Stored::SavedAndSent : Stored::Saved;
 }
+
+void AddMove(JsonObject& answer, const PlayedBoard& played) {
+  answer.Add("text", played.logic.Moves.Last().MoveText)
+      .Add("status", int{played.logic.GameStatus});
+}
+
+constexpr const char* emptySquare = "there is none of your pieces on its square.";
 
 }  // namespace
 
 bool New(const Call& call) {
   CheckTexts(call.arguments);
-  const bool send = call.arguments.Has("--send");
-  PrepareSending(send);
   platform::ProcessState& process = platform::Process();
+  process.SetupGame = call.arguments.Has("--board");
+  const std::string board = process.SetupGame ? CheckedBoard(call.arguments.Value("--board")) : "";
+  const bool send = call.arguments.Has("--send");
+  PrepareSending(send, call.messages);
   process.NewGame = {call.arguments.Value("--name"), call.arguments.Value("--opponent"),
                      call.arguments.Value("--email")};
-  process.SetupGame = call.arguments.Has("--board");
-  if (process.SetupGame) {
-    rules::ThePosition().BoardState = rules::ReadBoardText(call.arguments.Value("--board"));
-  }
+  if (process.SetupGame) rules::ThePosition().BoardState = rules::ReadBoardText(board);
   PlayedBoard played(call.messages);
   OpenGame(-1, played, call.messages);
   played.logic.PlayerComment = call.arguments.Value("--comment");
   const std::string move = call.arguments.Value("--move");
   if (!played.Play(move)) {
-    throw Refusal("The move " + move + " was refused: " +
-                  call.messages.TakeSentence("there is none of your pieces on its square."));
+    throw Refusal("The move " + move + " was refused: " + call.messages.TakeSentence(emptySquare));
   }
-  if (!SaveAndSend(played, send)) {
-    throw Refusal(call.messages.TakeSentence("The move could not be saved or sent."));
+  const Stored stored = Store(played, send);
+  if (stored == Stored::Nowhere) {
+    throw Refusal(call.messages.TakeSentence("The game could not be saved."));
   }
-  JsonObject()
-      .Add("game", played.logic.SavedGameID)
-      .Add("text", played.logic.Moves.Last().MoveText)
-      .Add("status", int{played.logic.GameStatus})
-      .Print();
+  JsonObject answer;
+  answer.Add("game", played.logic.SavedGameID);
+  AddMove(answer, played);
+  answer.Print();
+  if (send && stored != Stored::SavedAndSent) {
+    throw Refusal(call.messages.TakeSentence("The game was saved, but not sent."));
+  }
   return true;
 }
 
@@ -93,18 +122,20 @@ bool Move(const Call& call) {
   CheckTexts(call.arguments);
   const store::GameRecord game = GameArgument(call.arguments);
   const bool send = call.arguments.Has("--send");
-  PrepareSending(send);
+  PrepareSending(send, call.messages);
   PlayedBoard played(call.messages);
   OpenGame(game.GAME_ID, played, call.messages);
   played.logic.PlayerComment = call.arguments.Value("--comment");
-  const bool ok = played.Play(call.arguments.Others()[1]) && SaveAndSend(played, send);
+  const std::string& move = call.arguments.Others()[1];
+  const bool accepted = played.Play(move);
+  const Stored stored = accepted ? Store(played, send) : Stored::Nowhere;
+  const bool ok = stored == (send ? Stored::SavedAndSent : Stored::Saved);
+  const bool silent = call.messages.Empty();
   JsonObject answer;
   answer.Add("game", game.GAME_ID).Add("ok", ok);
-  if (ok) {
-    answer.Add("text", played.logic.Moves.Last().MoveText)
-        .Add("status", int{played.logic.GameStatus});
-  }
+  if (stored != Stored::Nowhere) AddMove(answer, played);
   answer.Add("messages", call.messages.Take()).Print();
+  if (!accepted && silent) throw Refusal("The move " + move + " was refused: " + emptySquare);
   return ok;
 }
 

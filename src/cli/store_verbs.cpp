@@ -59,8 +59,9 @@ bool Games(const Call& call) {
         "The games can't be listed: the game file is damaged or can't be read, or the "
         "selection or sort text asks for something that isn't there.");
   }
+  if (!call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
   for (const store::GameRecord& game : games) PrintGame(game);
-  return call.messages.Empty();
+  return true;
 }
 
 bool Moves(const Call& call) {

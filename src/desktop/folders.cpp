@@ -33,11 +33,13 @@ std::string FolderFrom(const char* variable, const char* belowHome) {
 
 void CopyMissing(const std::string& from, const std::string& to,
                  const std::function<bool(const std::string& name)>& wanted) {
+  std::error_code failed;
   std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(from, ignored)) {
-    const std::string name = entry.path().filename().string();
-    if (!wanted(name) || !entry.is_regular_file(ignored)) continue;
-    fs::copy_file(entry.path(), to + name, fs::copy_options::skip_existing, ignored);
+  for (fs::directory_iterator entry(from, failed), end; !failed && entry != end;
+       entry.increment(failed)) {
+    const std::string name = entry->path().filename().string();
+    if (!wanted(name) || !entry->is_regular_file(ignored)) continue;
+    fs::copy_file(entry->path(), to + name, fs::copy_options::skip_existing, ignored);
   }
 }
 

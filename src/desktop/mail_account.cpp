@@ -44,6 +44,8 @@ std::string LoginName() {
   return user && user->pw_name && *user->pw_name ? user->pw_name : "player";
 }
 
+bool IsBlank(const std::string& text) { return text.find_first_not_of(' ') == std::string::npos; }
+
 }  // namespace
 
 MailAccount LoadMailAccount() {
@@ -63,8 +65,8 @@ MailAccount LoadMailAccount() {
 }
 
 MailAccount WithLoginName(MailAccount account) {
-  if (account.MyName.empty()) account.MyName = LoginName();
-  if (account.MyAddress.empty()) account.MyAddress = LoginName() + "@localhost";
+  if (IsBlank(account.MyName)) account.MyName = LoginName();
+  if (IsBlank(account.MyAddress)) account.MyAddress = LoginName() + "@localhost";
   return account;
 }
 

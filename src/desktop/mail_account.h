@@ -11,7 +11,7 @@ struct MailAccount {
   std::string MailKind = "Post";  ///< "Post", "Imap" or "System"
   std::string MyName;
   std::string MyAddress;
-  std::string PostFolder;  ///< ends in "/"
+  std::string PostFolder;  ///< ends in "/"; relative to the program folder or absolute
   std::string ImapHost;
   int ImapPort = 993;
   std::string ImapSecurity = "Tls";  ///< "Tls", "StartTls" or "None"

@@ -3,10 +3,12 @@
 
 #include <atomic>
 #include <exception>
+#include <filesystem>
 #include <utility>
 
 #include "desktop/mail_text.h"
 #include "desktop/post_office.h"
+#include "platform/process_state.h"
 
 namespace desktop {
 namespace {
@@ -25,14 +27,23 @@ void RaisingMailErrors(const Work& work) {
   }
 }
 
-/// What leaves the service, whatever the transport found.
+/// What leaves the service, whatever the transport found. Who gives no name is called by his
+/// address.
 std::vector<FetchedMail> HandedOut(std::vector<FetchedMail> mails) {
   for (FetchedMail& mail : mails) {
     for (std::string* text : {&mail.subject, &mail.name, &mail.address}) {
       *text = WithoutReserved(*text);
     }
+    if (mail.name.find_first_not_of(' ') == std::string::npos) mail.name = mail.address;
   }
   return mails;
+}
+
+/// Raises where no mail could ever be sent from the account's address.
+void RequireUsableAddress(const MailAccount& account) {
+  const std::string& address = account.MyAddress;
+  if (IsMailAddress(account.MailKind == "Post" ? LocalAddress(address) : address)) return;
+  throw MailError("your address \"" + address + "\" can't be used as a mail address");
 }
 
 }  // namespace
@@ -52,26 +63,58 @@ struct MailService::Listing {
   std::atomic<bool> done = false;
 };
 
+/// Marks the service as busy for its lifetime. Raises where it is: a second dialog or transport
+/// beside the first would be nobody's.
+class MailService::Errand {
+ public:
+  explicit Errand(bool& busy) : busy_(busy) {
+    if (busy_) throw MailError("the mail service is busy");
+    busy_ = true;
+  }
+  ~Errand() { busy_ = false; }
+  Errand(const Errand&) = delete;
+  Errand& operator=(const Errand&) = delete;
+
+ private:
+  bool& busy_;
+};
+
 MailService::MailService(platform::Events& events, AskAccount ask, MakeTransport make)
-    : events_(events), ask_(std::move(ask)), make_(std::move(make)), thread_(events) {}
+    : events_(events),
+      ask_(std::move(ask)),
+      make_(std::move(make)),
+      audience_(std::make_shared<bool>()),
+      thread_(events) {}
 
 MailAccount MailService::Account() {
-  MailAccount stored = LoadMailAccount();
-  if (!stored.MyAddress.empty()) return stored;
-  const MailAccount suggestion = WithLoginName(stored);
-  const auto account = ask_ ? ask_(suggestion) : suggestion;
-  if (!account) throw MailError("no mail account");
-  SaveMailAccount(*account);
-  return *account;
+  MailAccount account = LoadMailAccount();
+  const bool asks = ask_ && account.MyAddress.empty();
+  account = WithLoginName(account);
+  if (asks) {
+    const auto answer = ask_(account);
+    if (!answer) throw MailError("no mail account");
+    account = WithLoginName(*answer);
+  }
+  RequireUsableAddress(account);
+  if (asks) SaveMailAccount(account);
+  account.PostFolder =
+      (std::filesystem::path(platform::Process().ProgramFolder) / account.PostFolder).string();
+  return account;
 }
 
 void MailService::SignOn() {
   if (session_ != 0) return;
+  const Errand errand(busy_);
   RaisingMailErrors([this] {
     account_ = Account();
-    const std::shared_ptr<MailTransport> transport = make_(account_);
-    thread_.Run([transport] { transport->Open(); });
-    transport_ = transport;
+    // Made and, where it can't be opened, destroyed on its own thread.
+    const auto opened = std::make_shared<std::shared_ptr<MailTransport>>();
+    thread_.Run([opened, make = make_, account = account_] {
+      std::shared_ptr<MailTransport> transport = make(account);
+      transport->Open();
+      *opened = std::move(transport);
+    });
+    transport_ = std::move(*opened);
     session_ = ++lastSession_;
   });
 }
@@ -79,13 +122,15 @@ void MailService::SignOn() {
 void MailService::SignOff() {
   if (session_ == 0) return;
   session_ = 0;
+  audience_ = std::make_shared<bool>();
   prefetched_.reset();
   set_.clear();
-  const auto transport = std::exchange(transport_, nullptr);
-  for (const auto& work : {std::function<void()>([this] { thread_.Flush(); }),
-                           std::function<void()>([this, &transport] {
-                             thread_.Run([transport] { transport->Close(); });
-                           })}) {
+  std::function<void()> close = [transport = std::exchange(transport_, nullptr)] {
+    transport->Close();
+  };
+  for (const auto& work :
+       {std::function<void()>([this] { thread_.Flush(); }),
+        std::function<void()>([this, &close] { thread_.Run(std::move(close)); })}) {
     try {
       work();
     } catch (const std::exception&) {
@@ -123,11 +168,17 @@ void MailService::Prefetch(std::function<void()> ready) {
   const bool underWay = prefetched_ && !prefetched_->done &&
                         prefetched_->unreadOnly == unreadOnly_ && prefetched_->changes == changes_;
   if (!underWay) prefetched_ = List();
-  // Behind the look in the queue, so it is done by then.
-  thread_.Post([ready = std::move(ready), &events = events_] { events.Post(ready); });
+  // Behind the look in the queue, so it is done by then. `ready` lives and dies with the window.
+  thread_.Post(
+      [ready = std::move(ready), audience = std::weak_ptr(audience_), &events = events_]() mutable {
+        events.Post([ready = std::move(ready), audience = std::move(audience)] {
+          if (!audience.expired()) ready();
+        });
+      });
 }
 
 void MailService::Fetch() {
+  const Errand errand(busy_);
   set_.clear();
   index_ = 0;
   // A set that was looked up ahead of a mark or a deletion would bring them back.
@@ -196,6 +247,7 @@ void MailService::Flush() {
 }
 
 void MailService::Send() {
+  const Errand errand(busy_);
   RequireSession();
   if (outgoing_.to.empty()) throw MailError("no recipient");
   OutgoingMail mail = outgoing_;

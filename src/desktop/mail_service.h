@@ -24,9 +24,13 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   using AskAccount = std::function<std::optional<MailAccount>(const MailAccount& suggestion)>;
   using MakeTransport = std::function<std::unique_ptr<MailTransport>(const MailAccount& account)>;
 
-  /// Without `ask` the suggestion is taken unasked. `events` must outlive the service.
+  /// Without `ask` the suggestion is taken unasked, and not stored, so that a program that can ask
+  /// still does. `make` is called on the mail thread. `events` must outlive the service.
   explicit MailService(platform::Events& events, AskAccount ask = {},
                        MakeTransport make = MakeMailTransport);
+
+  // SignOn, Fetch and Send let events run while they wait. An event that calls one of the three
+  // again is refused with a MailError.
 
   // The session.
   void SignOn() override;
@@ -61,6 +65,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void Send() override;
 
  private:
+  class Errand;
   struct Listing;
 
   MailAccount Account();
@@ -78,6 +83,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   std::shared_ptr<MailTransport> transport_;  // used on the mail thread only
   long session_ = 0;                          // 0 while not signed on
   long lastSession_ = 0;
+  std::shared_ptr<const bool> audience_;  // goes when nobody wants to hear of prefetches any more
+  bool busy_ = false;                     // one of the operations that wait is under way
 
   bool unreadOnly_ = false;
   std::vector<FetchedMail> set_;

@@ -20,21 +20,26 @@ inline constexpr std::size_t greatestMail = 8u << 20;
 /// A header beyond this is no header of ours.
 inline constexpr std::size_t greatestHeader = 64u << 10;
 
-/// Each control character and "|" turned to a blank: such a character would damage a game for good.
+/// Each control character, each of Unicode's line ends and "|" turned to a blank: such a character
+/// would damage a game for good.
 std::string WithoutReserved(std::string_view text);
 
 /// Whether a text can stand as an address in a header: something, an "@", something, and nothing
 /// that has a meaning of its own there.
 bool IsMailAddress(std::string_view text);
 
-/// The mail's bytes, with CR LF line ends. Raises MailError for an address that is none.
+/// The mail's bytes, with CR LF line ends. The text stands there as it is where mail's limit on the
+/// length of lines allows, so that a saved mail reads as the text does. Raises MailError for an
+/// address that is none.
 std::string ComposeMail(const OutgoingMail& mail);
 
 /// The decoded subject of a mail of which at least the header is given; blank where it has none.
+/// Raises MailError for what can't be read.
 std::string SubjectOf(std::string_view bytes);
 
-/// Subject, sender and text of a whole mail. The text keeps the mail's line ends. Raises MailError
-/// for a mail that is built to be expensive.
+/// Subject, sender and text of a whole mail. The text keeps the mail's line ends. The sender's
+/// address is blank where the mail has no usable one. Raises MailError for what can't be read, and
+/// for a mail of so many parts that it can only be meant to be expensive.
 FetchedMail ParseMail(const std::string& bytes);
 
 }  // namespace desktop

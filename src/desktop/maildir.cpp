@@ -110,6 +110,14 @@ std::optional<std::string> StartOf(const std::string& path, std::size_t limit) {
   return bytes;
 }
 
+/// Changes with a file's content: its size and the time of its last change.
+std::string StateOf(const std::string& path) {
+  struct stat status {};
+  if (::lstat(path.c_str(), &status) != 0) return {};
+  return std::to_string(status.st_size) + '/' + std::to_string(status.st_mtim.tv_sec) + '.' +
+         std::to_string(status.st_mtim.tv_nsec);
+}
+
 /// The bytes up to the blank line; nothing where the header doesn't end within its limit.
 std::optional<std::string_view> HeaderOf(std::string_view bytes) {
   for (std::size_t end = bytes.find('\n'); end != std::string_view::npos;
@@ -165,7 +173,9 @@ std::optional<Maildir::Entry> Maildir::Find(const std::string& id) const {
 }
 
 std::optional<FetchedMail> Maildir::Read(const Entry& entry) {
-  if (foreign_.contains(entry.id)) return std::nullopt;
+  std::string state = StateOf(entry.path);
+  const auto known = foreign_.find(entry.id);
+  if (known != foreign_.end() && known->second == state) return std::nullopt;
   const auto start = StartOf(entry.path, greatestHeader);
   if (!start) return std::nullopt;  // perhaps readable next time
   try {
@@ -180,10 +190,12 @@ std::optional<FetchedMail> Maildir::Read(const Entry& entry) {
         return mail;
       }
     }
-  } catch (const std::exception&) {
+  } catch (const MailError&) {
     // what can't be read as a mail isn't one
+  } catch (const std::exception&) {
+    return std::nullopt;  // no fault of the mail's, perhaps
   }
-  foreign_.insert(entry.id);
+  foreign_[entry.id] = std::move(state);
   return std::nullopt;
 }
 

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 #include "desktop/mail_transport.h"
@@ -48,7 +48,9 @@ class Maildir {
   std::optional<FetchedMail> Read(const Entry& entry);
 
   std::string folder_;
-  std::unordered_set<std::string> foreign_;  // mails found to be none of ours: not looked at again
+  // Mails found to be none of ours, and what told their content's state: not looked at again before
+  // that changes, as it does where a synchronising program fills a file after creating it.
+  std::unordered_map<std::string, std::string> foreign_;
 };
 
 }  // namespace desktop

@@ -13,13 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string LocalAddress(std::string_view address) {
-  const auto first = address.find_first_not_of(' ');
-  if (first == std::string_view::npos) throw platform::MailError("no address");
-  const std::string trimmed(address.substr(first, address.find_last_not_of(' ') - first + 1));
-  return trimmed.find('@') == std::string::npos ? trimmed + "@localhost" : trimmed;
-}
-
 Mailbox LocalMailbox(const Mailbox& mailbox) {
   return {mailbox.name, LocalAddress(mailbox.address)};
 }
@@ -31,6 +24,13 @@ void MakePostFolder(const std::string& folder) {
 }
 
 }  // namespace
+
+std::string LocalAddress(std::string_view address) {
+  const auto first = address.find_first_not_of(' ');
+  if (first == std::string_view::npos) throw platform::MailError("no address");
+  const std::string trimmed(address.substr(first, address.find_last_not_of(' ') - first + 1));
+  return trimmed.find('@') == std::string::npos ? trimmed + "@localhost" : trimmed;
+}
 
 std::string BoxName(std::string_view address) {
   constexpr std::string_view plain = "abcdefghijklmnopqrstuvwxyz0123456789@.+_-";
@@ -60,7 +60,13 @@ void PostOffice::Open() {
 void PostOffice::Send(const OutgoingMail& mail) {
   OutgoingMail local = mail;
   local.from = LocalMailbox(mail.from);
-  for (Mailbox& recipient : local.to) recipient = LocalMailbox(recipient);
+  for (Mailbox& recipient : local.to) {
+    recipient = LocalMailbox(recipient);
+    // Kept free for addresses that reach nobody, such as a game has that came as a file.
+    if (recipient.address.ends_with(".invalid")) {
+      throw platform::MailError("nobody has the address " + recipient.address);
+    }
+  }
   const std::string bytes = ComposeMail(local);
   for (const Mailbox& recipient : local.to) {
     const Maildir box(folder_ + BoxName(recipient.address) + '/');

@@ -10,10 +10,13 @@
 
 namespace desktop {
 
-/// `address` as a folder's name: trimmed, in lower case (an address doesn't tell cases apart), and
+/// `address` without blanks around it. A name without "@" is one of this machine's users. Raises
+/// MailError for a blank address.
+std::string LocalAddress(std::string_view address);
+
+/// The local address as a folder's name: in lower case (an address doesn't tell cases apart), and
 /// all but letters, digits and "@.+_-" as "%" and two hexadecimal digits. It is never a path and
-/// never hidden. A name without "@" is one of this machine's users. Raises MailError for a blank
-/// address.
+/// never hidden.
 std::string BoxName(std::string_view address);
 
 class PostOffice : public MailTransport {

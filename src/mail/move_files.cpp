@@ -33,7 +33,7 @@ platform::Files& Files() { return *platform::TheDesktop().files; }
 
 std::string FirstFreeName() {
   for (int number = 1;; ++number) {
-    const std::string name = namePrefix + std::to_string(number) + nameSuffix;
+    std::string name = namePrefix + std::to_string(number) + nameSuffix;
     if (!Files().Exists(platform::Process().DataPath + name)) return name;
   }
 }

@@ -8,7 +8,7 @@ namespace rules {
 namespace {
 
 PieceCode ReadCode(std::string_view row, int x) {
-  const auto at = static_cast<std::size_t>(2 * (x - 1));
+  const auto at = 2 * static_cast<std::size_t>(x - 1);
   if (row.size() < at + 2) return NoPiece;
   const char tens = row[at];
   const char units = row[at + 1];

@@ -89,7 +89,7 @@ struct LastMove {
 /// The 64 piece codes, row by row from (1, 1), with the sets of squares of each code kept in step.
 class BoardSquares {
  public:
-  constexpr PieceCode At(int x, int y) const { return codes_[IndexOf(x, y)]; }
+  constexpr PieceCode At(int x, int y) const { return (*this)[IndexOf(x, y)]; }
   constexpr PieceCode At(Square square) const { return At(square.x, square.y); }
   constexpr PieceCode operator[](int index) const { return codes_[index]; }
 
@@ -101,7 +101,7 @@ class BoardSquares {
     const PieceCode old = codes_[index];
     pieces_[old] &= ~bit;
     pieces_[piece] |= bit;
-    codes_[index] = static_cast<std::int8_t>(piece);
+    codes_[index] = static_cast<std::uint8_t>(piece);
   }
 
   constexpr Bitboard Of(PieceCode piece) const { return pieces_[piece]; }
@@ -115,7 +115,7 @@ class BoardSquares {
   constexpr bool operator==(const BoardSquares& other) const { return codes_ == other.codes_; }
 
  private:
-  std::array<std::int8_t, 64> codes_{};
+  std::array<std::uint8_t, 64> codes_{};
   std::array<Bitboard, 13> pieces_{~Bitboard{0}};  // a new board is all empty squares
 };
 

@@ -44,26 +44,28 @@ void ReplaceFile(const std::string& path, std::string_view content) {
   }
 }
 
-/// Copies the game file to the backup and hands its content back; nothing where there is no file.
-std::optional<std::string> BackUp() {
+/// The game file's content; nothing where there is no file.
+std::optional<std::string> ReadGameFile() {
   if (!Files().Exists(GameFilePath())) return std::nullopt;
-  std::string content = Files().Read(GameFilePath());
-  ReplaceFile(BackupPath(), content);
-  return content;
+  return Files().Read(GameFilePath());
 }
 
-/// Replaces the game file by what `change` makes of its content, after a backup.
+/// Replaces the game file by what `change` makes of its content, after a backup. A file that
+/// `change` can't read raises there, before the last good backup is given up.
 bool ChangeGameFile(const std::function<std::string(std::string_view)>& change) {
   std::optional<DatabaseLock> lock;
   std::optional<std::string> before;
+  std::string after;
   try {
     lock.emplace();
-    before = BackUp();
+    before = ReadGameFile();
+    after = change(before.value_or(""));
+    if (before) ReplaceFile(BackupPath(), *before);
   } catch (const std::exception&) {
     return false;
   }
   try {
-    ReplaceFile(GameFilePath(), change(before.value_or("")));
+    ReplaceFile(GameFilePath(), after);
     return true;
   } catch (const std::exception&) {
     // Without a game file no backup was made, and an earlier one is none of this state.
@@ -136,7 +138,7 @@ bool BackupDatabase() {
     // A backup of a damaged file would cost the last good one.
     GameRecords games;
     if (!SelectGames(games, {})) return false;
-    BackUp();
+    if (const auto content = ReadGameFile()) ReplaceFile(BackupPath(), *content);
     return true;
   } catch (const std::exception&) {
     return false;

@@ -92,7 +92,7 @@ class BoardPicture : public QWidget {
   rules::Square cursor_{5, 2};
   bool cursorRing_ = false;
 
-  std::array<QPixmap, ChessGraphics::rows * ChessGraphics::columns> scaled_;
+  std::array<QPixmap, ChessGraphics::cells> scaled_;
   int scaledPixels_ = 0;  // the size of what scaled_ holds
 };
 

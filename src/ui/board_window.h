@@ -21,7 +21,7 @@ class MoveListTable;
 class PieceHand;
 class PlainTextView;
 
-class BoardWindow : public QWidget, private board::BoardView {
+class BoardWindow final : public QWidget, private board::BoardView {
   Q_OBJECT
 
  public:

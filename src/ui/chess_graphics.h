@@ -21,6 +21,7 @@ namespace ui {
 struct ChessGraphics {
   static constexpr int rows = 4;
   static constexpr int columns = 8;
+  static constexpr std::size_t cells = rows * std::size_t{columns};
 
   std::array<QImage, 12> IconSet;  ///< by piece code, which counts from 1
   QImage ChessSet;                 ///< the sheet

@@ -69,8 +69,8 @@ void GameWindows::ShowBoard() {
 
 void GameWindows::GetGames() {
   const platform::PollingHold hold;
-  const platform::BusyPointer busy;
   const DisabledWindow disabled(*list_);
+  const platform::BusyPointer busy;
   platform::SetLogonStatus(false);
   mail::LogonAndCollect(false, true, true);
   list_->Fill(list_->SelectedGame());

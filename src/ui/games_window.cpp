@@ -118,7 +118,7 @@ void GamesWindow::LayOut() {
 
   notice_->setTextFormat(Qt::PlainText);
   notice_->setWordWrap(true);
-  notice_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  notice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   notice_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   notice_->setMargin(24);
   notice_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -141,8 +141,7 @@ void GamesWindow::LayOut() {
   layout->addWidget(pages_, 1);
   layout->addLayout(buttons);
   resize(800, 460);
-  QWidget::setTabOrder(games_, notice_);
-  QWidget::setTabOrder(notice_, retrieve_);
+  QWidget::setTabOrder(games_, retrieve_);
   QWidget::setTabOrder(retrieve_, open_);
 }
 
@@ -167,7 +166,7 @@ void GamesWindow::Fill(std::optional<std::int32_t> selectGame) {
     if (games[row].GAME_ID == selectGame) selected = static_cast<int>(row);
   }
   if (!games.empty()) games_->setCurrentCell(selected, Opponent);
-  pages_->currentWidget()->setFocus();
+  (games.empty() ? static_cast<QWidget*>(retrieve_) : games_)->setFocus();
 }
 
 void GamesWindow::AddGame(const store::GameRecord& game) {

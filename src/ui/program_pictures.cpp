@@ -19,7 +19,7 @@ QString ProgramPicturePath(const QString& name) {
 
 QPixmap MessagePicture(int icon, int size) {
   const QIcon own(ProgramPicturePath(u"messages/message-%1.png"_s.arg(icon)));
-  if (const QPixmap picture = own.pixmap(size); !picture.isNull()) return picture;
+  if (QPixmap picture = own.pixmap(size); !picture.isNull()) return picture;
   const QStyle::StandardPixmap standard = icon == platform::InformationIcon
                                               ? QStyle::SP_MessageBoxInformation
                                               : QStyle::SP_MessageBoxWarning;

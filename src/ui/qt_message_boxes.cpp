@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QMessageBox>
-#include <QPointer>
 
 #include "ui/msg_form.h"
 #include "ui/pointers.h"
@@ -21,11 +20,11 @@ bool QtMessageBoxes::Ask(const platform::Message& message) {
 }
 
 void QtMessageBoxes::ShowStatus(const std::string& text) {
-  if (!status_) status_ = std::make_unique<StatusWindow>(QApplication::activeWindow());
+  if (!status_) status_ = new StatusWindow(QApplication::activeWindow());
   status_->Display(Shown(text));
 }
 
-void QtMessageBoxes::HideStatus() { status_.reset(); }
+void QtMessageBoxes::HideStatus() { delete status_; }
 
 void QtMessageBoxes::PlainBox(const std::string& title, const std::string& text) {
   const OtherPointer arrow(Qt::ArrowCursor);

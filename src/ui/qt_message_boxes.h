@@ -2,7 +2,8 @@
 // The program's dialogs with its user, as windows of this desktop.
 #pragma once
 
-#include <memory>
+#include <QPointer>
+
 #include <string>
 
 #include "platform/message_boxes.h"
@@ -12,13 +13,15 @@ namespace ui {
 
 class QtMessageBoxes : public platform::MessageBoxes {
  public:
+  ~QtMessageBoxes() override { HideStatus(); }
+
   bool Ask(const platform::Message& message) override;
   void ShowStatus(const std::string& text) override;
-  void HideStatus() override;
+  void HideStatus() final;
   void PlainBox(const std::string& title, const std::string& text) override;
 
  private:
-  std::unique_ptr<StatusWindow> status_;
+  QPointer<StatusWindow> status_;  // goes with the window that it stands over, too
 };
 
 }  // namespace ui

@@ -244,6 +244,14 @@ TEST_P(MailContractTest, HeadersComeWithoutReservedCharacters) {
   EXPECT_EQ(messages_.MsgNoteText(), "x|y");
 }
 
+TEST_P(MailContractTest, ASenderWithoutANameIsCalledByHisAddress) {
+  SignOn();
+  world_->Deliver({{" | ", "you@localhost"}, {{"", userAddress}}, "Tarvolenix : a", "x"});
+  Fetch(true);
+  messages_.MsgIndex(0);
+  EXPECT_EQ(messages_.MsgOrigDisplayName(), "you@localhost");
+}
+
 TEST_P(MailContractTest, FetchTakesThePrefetchedSetOnce) {
   SignOn();
   Deliver("Tarvolenix : a");

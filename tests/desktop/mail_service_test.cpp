@@ -7,9 +7,12 @@
 #include <condition_variable>
 #include <mutex>
 #include <stdexcept>
+#include <thread>
+#include <tuple>
 
 #include "desktop/plain_events.h"
 #include "fakes/fake_desktop.h"
+#include "platform/process_state.h"
 #include "platform/registry.h"
 
 namespace {
@@ -24,6 +27,7 @@ class Script {
  public:
   std::vector<FetchedMail> inbox = {{"1", "Tarvolenix : a", "n", "a@b", "text", false},
                                     {"2", "Tarvolenix : b", "n", "a@b", "text", false}};
+  std::thread::id lastEnd;  ///< where the last transport was destroyed
 
   /// Records the call, waits while the gate is shut, and raises where the test wants it.
   void Called(const std::string& call) {
@@ -63,6 +67,7 @@ class Script {
 class ScriptedTransport : public desktop::MailTransport {
  public:
   explicit ScriptedTransport(Script& script) : script_(script) {}
+  ~ScriptedTransport() override { script_.lastEnd = std::this_thread::get_id(); }
 
   void Open() override { script_.Called("open"); }
   std::vector<FetchedMail> List(bool unreadOnly) override {
@@ -199,6 +204,8 @@ TEST_F(MailServiceTest, SignOffFlushesAndClosesWhateverFails) {
   script_.Fail("remove1");
   EXPECT_NO_THROW(service_.SignOff());
   EXPECT_EQ(script_.Calls(), "all remove1 close ");
+  EXPECT_NE(script_.lastEnd, std::thread::id());
+  EXPECT_NE(script_.lastEnd, std::this_thread::get_id());
   SignOn();
   script_.Fail("close");
   EXPECT_NO_THROW(service_.SignOff());
@@ -212,12 +219,68 @@ TEST_F(MailServiceTest, AFailedSignOnLeavesNoSession) {
   script_.Fail("open");
   EXPECT_THROW(service_.SignOn(), MailError);
   EXPECT_EQ(service_.SessionID(), 0);
+  EXPECT_NE(script_.lastEnd, std::thread::id());
+  EXPECT_NE(script_.lastEnd, std::this_thread::get_id());
   script_.Fail("");
   SignOn();
   EXPECT_GT(service_.SessionID(), 0);
 }
 
-TEST_F(MailServiceTest, WithoutADialogTheLoginNameIsTakenAndStored) {
+TEST_F(MailServiceTest, WhoSignsOffHearsOfNoPrefetchAnyMore) {
+  SignOn();
+  const auto window = std::make_shared<int>();
+  service_.Prefetch([window] { ADD_FAILURE() << "called a window that is gone"; });
+  service_.SignOff();
+  SignOn();
+  Prefetch(true);
+  WaitUntilReady(1);
+  EXPECT_EQ(window.use_count(), 1);
+}
+
+TEST_F(MailServiceTest, WhileOneOperationWaitsAnotherIsRefused) {
+  service_.RecipAddress("you@x.y");
+  int refused = 0;
+  const auto meanwhile = [&](const std::function<void()>& waiting) {
+    script_.Shut();
+    events_.Post([&] {
+      for (const auto& other : {std::function<void()>([&] { service_.Fetch(); }),
+                                std::function<void()>([&] { service_.Send(); })}) {
+        EXPECT_THROW(other(), MailError);
+      }
+      if (service_.SessionID() == 0) {
+        EXPECT_THROW(service_.SignOn(), MailError);
+      }
+      ++refused;
+      script_.Open();
+    });
+    waiting();
+  };
+  meanwhile([&] { service_.SignOn(); });
+  meanwhile([&] { service_.Fetch(); });
+  EXPECT_EQ(service_.MsgCount(), 2);
+  meanwhile([&] { service_.Send(); });
+  EXPECT_EQ(refused, 3);
+  EXPECT_EQ(accounts_.size(), 1u);
+  EXPECT_EQ(script_.Calls(), "open all send:" + accounts_.at(0).MyAddress + ">you@x.y ");
+}
+
+TEST_F(MailServiceTest, AnAddressThatNoMailCanComeFromSignsOnNowhere) {
+  const std::tuple<const char*, const char*, bool> rows[] = {
+      {"Post", "my name@localhost", false}, {"Post", "bob@", false}, {"Post", "bob", true},
+      {"Post", "bob@localhost", true},      {"Imap", "bob", false},  {"Imap", "bob@x.y", true}};
+  for (const auto& [kind, address, usable] : rows) {
+    Stored("MailKind") = kind;
+    Stored("MyAddress") = address;
+    if (usable) {
+      EXPECT_NO_THROW(service_.SignOn()) << kind << address;
+    } else {
+      EXPECT_THROW(service_.SignOn(), MailError) << kind << address;
+    }
+    service_.SignOff();
+  }
+}
+
+TEST_F(MailServiceTest, WithoutADialogTheLoginNameIsTakenAndNotStored) {
   ::setenv("XDG_DATA_HOME", "/somewhere", 1);
   SignOn();
   ::unsetenv("XDG_DATA_HOME");
@@ -226,11 +289,7 @@ TEST_F(MailServiceTest, WithoutADialogTheLoginNameIsTakenAndStored) {
   EXPECT_FALSE(account.MyName.empty());
   EXPECT_EQ(account.MyAddress, account.MyName + "@localhost");
   EXPECT_EQ(account.PostFolder, "/somewhere/tarvolenix/post/");
-  EXPECT_EQ(desktop_.settings.groups["Mail"],
-            (std::map<std::string, std::string>{{"MailKind", "Post"},
-                                                {"MyName", account.MyName},
-                                                {"MyAddress", account.MyAddress},
-                                                {"PostFolder", account.PostFolder}}));
+  EXPECT_TRUE(desktop_.settings.writes.empty()) << "who can ask still does";
   service_.RecipAddress("you@x.y");
   service_.Send();
   EXPECT_EQ(script_.Calls(), "send:" + account.MyAddress + ">you@x.y ");
@@ -257,6 +316,16 @@ TEST_F(MailServiceTest, AStoredAccountIsTakenAsItIs) {
   EXPECT_EQ(Stored("SmtpPort"), "465");
 }
 
+TEST_F(MailServiceTest, WhatAStoredAccountLacksIsFilledIn) {
+  platform::Process().ProgramFolder = "/program/";
+  Stored("MyName") = " ";
+  Stored("MyAddress") = "me@x.y";
+  Stored("PostFolder") = "our post";
+  SignOn();
+  EXPECT_EQ(accounts_.at(0).MyName + "@localhost", desktop::WithLoginName({}).MyAddress);
+  EXPECT_EQ(accounts_.at(0).PostFolder, "/program/our post/");
+}
+
 class AskingMailServiceTest : public MailServiceTest {
  protected:
   AskingMailServiceTest()
@@ -273,16 +342,22 @@ class AskingMailServiceTest : public MailServiceTest {
 
 TEST_F(AskingMailServiceTest, AsksOnceAndNeverAgainWhenAnswered) {
   Stored("PostFolder") = "/everybodys/post/";
+  Stored("MailKind") = "Imap";
   EXPECT_THROW(service_.SignOn(), MailError) << "cancelled";
   EXPECT_EQ(suggestion_.PostFolder, "/everybodys/post/");
   EXPECT_TRUE(suggestion_.MyAddress.ends_with("@localhost"));
+  answer_ = suggestion_;
+  answer_->MyAddress = "my name@localhost";
+  EXPECT_THROW(service_.SignOn(), MailError);
   EXPECT_TRUE(desktop_.settings.writes.empty());
   answer_ = suggestion_;
   answer_->MyName = "Müller, Hans";
   SignOn();
   service_.SignOff();
   SignOn();
-  EXPECT_EQ(questions_, 2);
+  EXPECT_EQ(questions_, 3);
+  EXPECT_EQ(Stored("MailKind"), "Imap");
+  EXPECT_EQ(Stored("MyAddress"), suggestion_.MyAddress);
   EXPECT_EQ(accounts_.back().MyName, "Müller, Hans");
 }
 

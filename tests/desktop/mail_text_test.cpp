@@ -63,6 +63,14 @@ const ReadCase readCases[] = {
      "<html><head><style>b{}</style></head><body>Hi &amp; ho<br>\n"
      "&lt;&lt;TARVOLENIX:1|<br/>2|&#252;&#x20AC;:TARVOLENIX&gt;&gt;</body></html>",
      "", "/a@b", "Hi & ho\r\n<<TARVOLENIX:1|\r\n2|ü€:TARVOLENIX>>"},
+    {"a compound in a compound, with lines that only begin like a boundary",
+     "From: a@b\nContent-Type: multipart/mixed; boundary=\"X Y\"\n\npreamble\n--X Y \n"
+     "Content-Type: multipart/alternative; boundary=\"X Y-2\"\n\n--X Y-2\n\none\n--X Y3\n\n--X "
+     "Y-2--\n"
+     "\n--X Y\n\ntwo\n--X Y--\nepilogue",
+     "", "/a@b", "one\r\n--X Y3\r\ntwo"},
+    {"a compound that was cut off",
+     "From: a@b\nContent-Type: multipart/mixed; boundary=X\n\n--X\n\none\n", "", "/a@b", "one\r\n"},
     {"a compound without its parts",
      "From: a@b\nContent-Type: multipart/mixed; boundary=X\n\nnothing", "", "/a@b", ""},
 };
@@ -79,6 +87,42 @@ TEST(MailTextTest, ReadsMailsOfOtherPrograms) {
     EXPECT_EQ(mail.subject, row.subject) << row.name;
     EXPECT_EQ(mail.name + "/" + mail.address, row.sender) << row.name;
     EXPECT_EQ(mail.text, row.text) << row.name;
+  }
+}
+
+TEST(MailTextTest, TakesOnlyAnAddressThatStandsThere) {
+  const std::pair<const char*, const char*> rows[] = {{"garbage", "/"},
+                                                      {"Foo Bar", "/"},
+                                                      {"Foo <>", "Foo/"},
+                                                      {"a@", "/"},
+                                                      {"@b", "/"},
+                                                      {"undisclosed:;", "/"},
+                                                      {"\"a b\"@c.d", "/"},
+                                                      {"Foo <foo@invalid>", "Foo/foo@invalid"},
+                                                      {"A <a@b>, B <c@d>", "A/a@b"},
+                                                      {"\"a <x@y>\"\n <real@z>", "a <x@y>/real@z"},
+                                                      {"j\xF6rg@x.y", "/jörg@x.y"}};
+  for (const auto& [field, sender] : rows) {
+    for (const std::string& name : {std::string("FROM : "), std::string("From:")}) {
+      const auto mail = ParseMail("X: a@b c@d\nFrom-X: y\n" + name + field + "\n\nFrom: x@y\n");
+      EXPECT_EQ(mail.name + "/" + mail.address, sender) << name << field;
+    }
+  }
+}
+
+TEST(MailTextTest, ATextStandsInTheMailAsItIsWhereItsLinesAreShort) {
+  const std::string plain = std::string(990, 'x') + "\r\n beyond the seventy = \r\n\r\n.\r\n";
+  const std::pair<std::string, const char*> rows[] = {
+      {plain, "7bit"},
+      {plain + "Grüße ♔", "8bit"},
+      {plain + std::string(991, 'x'), "quoted-printable"},
+      {plain + std::string(1, '\0'), "quoted-printable"}};
+  for (const auto& [text, encoding] : rows) {
+    const std::string bytes = ComposeMail({{"", "me@x.y"}, {{"", "you@x.y"}}, "s", text});
+    EXPECT_NE(bytes.find(std::string("Content-Transfer-Encoding: ") + encoding + "\r\n"),
+              std::string::npos);
+    EXPECT_EQ(bytes.ends_with("\r\n\r\n" + text), encoding[0] != 'q') << encoding;
+    EXPECT_EQ(ParseMail(bytes).text, text) << encoding;
   }
 }
 
@@ -107,6 +151,22 @@ TEST(MailTextTest, RefusesWhatIsNoAddress) {
   }
 }
 
+TEST(MailTextTest, ReservedCharactersBecomeBlanks) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"a|b\tc\x7F", "a b c "},
+      {"\u0080x\u0085y\u009Fz", " x y z"},
+      {"\u2028x\u2029", " x "},
+      {"\u00A0\u00FC\u2027\u202A♔", "\u00A0\u00FC\u2027\u202A♔"},
+      {"\xC2", "\xC2"}};
+  for (const auto& [text, clean] : rows) EXPECT_EQ(desktop::WithoutReserved(text), clean);
+}
+
+TEST(MailTextTest, ABoundaryOfALetterCostsNothing) {
+  const std::string letters(1 << 20, 'a');
+  EXPECT_EQ(ParseMail("Content-Type: multipart/mixed; boundary=a\n\n--a\n\n" + letters).text,
+            letters);
+}
+
 TEST(MailTextTest, RefusesMailsThatAreBuiltToBeExpensive) {
   std::string nested = "From: a@b\r\n";
   for (int i = 0; i < 20000; ++i) {
@@ -115,9 +175,16 @@ TEST(MailTextTest, RefusesMailsThatAreBuiltToBeExpensive) {
     nested.append("\r\n\r\n--").append(boundary).append("\r\n");
   }
   EXPECT_THROW(ParseMail(nested), platform::MailError);
-  std::string many = "From: a@b\r\nContent-Type: multipart/mixed; boundary=\"\"\r\n\r\n";
-  for (int i = 0; i < 1000000; ++i) many += "--\r\n";
+  std::string many = "From: a@b\r\nContent-Type: multipart/mixed; boundary=X\r\n\r\n";
+  for (int i = 0; i < 1000000; ++i) many += "--X\r\n";
   EXPECT_THROW(ParseMail(many), platform::MailError);
+  std::string chain;  // few enough at each level
+  for (int i = 0; i < 40; ++i) {
+    const std::string boundary = std::string(i + 1, 'b');
+    chain.append("Content-Type: multipart/mixed; boundary=").append(boundary);
+    chain.append("\n\n--").append(boundary).append("\n");
+  }
+  EXPECT_THROW(ParseMail(chain), platform::MailError);
 }
 
 TEST(HtmlTextTest, WhatMakesNoSenseStays) {

@@ -36,6 +36,24 @@ TEST_F(PosixFilesTest, KeepsEveryByteAndReplacesWhole) {
   EXPECT_FALSE(files_.Exists(folder_ / "b"));
 }
 
+TEST_F(PosixFilesTest, ARenameKeepsThePlacesPermissionsAndALinkToIt) {
+  namespace fs = std::filesystem;
+  for (const std::string& parent : {testing::TempDir(), std::string("/dev/shm/")}) {
+    if (!fs::exists(parent)) continue;  // elsewhere the same file system, or none
+    const TemporaryFolder elsewhere(parent);
+    files_.Write(elsewhere / "real", "old");
+    fs::permissions(elsewhere / "real", static_cast<fs::perms>(0640));
+    fs::create_symlink(elsewhere / "real", folder_ / "link");
+    files_.Write(folder_ / "new", "new");
+    files_.Rename(folder_ / "new", folder_ / "link");
+    EXPECT_TRUE(fs::is_symlink(folder_ / "link")) << parent;
+    EXPECT_EQ(files_.Read(elsewhere / "real"), "new") << parent;
+    EXPECT_EQ(fs::status(elsewhere / "real").permissions(), static_cast<fs::perms>(0640));
+    EXPECT_EQ(files_.List(folder_ / ""), std::vector<std::string>{"link"}) << parent;
+    files_.Remove(folder_ / "link");
+  }
+}
+
 TEST_F(PosixFilesTest, ReadsWhatTellsNoSize) {
   EXPECT_NE(files_.Read("/proc/self/status").find("Name:"), std::string::npos);
 }

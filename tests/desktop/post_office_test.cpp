@@ -123,6 +123,19 @@ TEST_F(MaildirTest, LeavesAloneWhatIsNoMailOfOurs) {
   EXPECT_EQ(Files(), before);
 }
 
+TEST_F(MaildirTest, LooksAgainAtAFileThatIsFilledAfterItsCreation) {
+  const std::string whole = "Subject: Tarvolenix : e4\nContent-Type: text/plain; x=y\n\nbody\n";
+  for (const std::string& met :
+       {std::string(), whole.substr(0, 4), whole.substr(0, 12), std::string(whole.size(), '\0')}) {
+    WriteFile(path_ + "new/1.a", met);
+    fs::last_write_time(path_ + "new/1.a",
+                        fs::file_time_type::clock::now() - std::chrono::hours(1));
+    EXPECT_EQ(Ids(), "") << met;
+    WriteFile(path_ + "new/1.a", whole);
+    EXPECT_EQ(Ids(), "1.a ") << met;
+  }
+}
+
 TEST_F(MaildirTest, DeliversAtOnceFromManySides) {
   std::array<std::thread, 4> senders;
   for (std::thread& sender : senders) {

@@ -12,7 +12,8 @@
 /// A new folder on the disk that goes with its owner.
 class TemporaryFolder {
  public:
-  TemporaryFolder() : path_(testing::TempDir() + "tarvolenix-XXXXXX") {
+  explicit TemporaryFolder(const std::string& parent = testing::TempDir())
+      : path_(parent + "tarvolenix-XXXXXX") {
     EXPECT_NE(::mkdtemp(path_.data()), nullptr);
     path_ += '/';
   }

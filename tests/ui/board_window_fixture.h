@@ -27,7 +27,7 @@ class BoardWindowTest : public testing::Test {
     platform::Settings().Verbose = true;
     platform::Settings().NotificationTimeout = 0;
   }
-  ~BoardWindowTest() override { delete window_; }
+  void TearDown() override { delete window_; }
 
   void Open(const std::vector<PlayedEntry>& entries, bool playsWhite = true,
             const std::string& startBoard = {}) {

@@ -156,8 +156,7 @@ TEST_F(GameWindowsTest, RetrievingOverridesTheGuardKeepsTheSelectionAndOpensNoth
   desktop_.mail.inbox = {{"Tarvolenix : d4", whole, "Dora", "dora@example.org", true}};
   std::vector<bool> enabled;
   platform::TheDesktop().hooks.busyPointer = [&](bool busy) {
-    if (!busy) return;
-    enabled.push_back(List().isEnabled());
+    if (busy) enabled.push_back(List().isEnabled());
   };
   QTest::mouseClick(List().findChild<QPushButton*>(u"RetrieveButton"_s), Qt::LeftButton);
   EXPECT_TRUE(desktop_.boxes.messages.empty());
@@ -166,6 +165,7 @@ TEST_F(GameWindowsTest, RetrievingOverridesTheGuardKeepsTheSelectionAndOpensNoth
             (std::vector<std::string>{"Logging on...", "", "Retrieving games...", ""}));
   EXPECT_EQ(Table().rowCount(), 3) << "a mail that was read before counts too";
   EXPECT_EQ(List().SelectedGame(), 2);
+  EXPECT_EQ(enabled, std::vector<bool>{false}) << "while the program waits";
   EXPECT_TRUE(List().isEnabled());
   EXPECT_EQ(windows_.OpenBoard(), nullptr);
   EXPECT_FALSE(Process().CheckTimerHeld);

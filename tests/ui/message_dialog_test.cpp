@@ -46,24 +46,24 @@ void CloseWindow(QWidget& dialog) { dialog.close(); }
 struct AnswerCase {
   const char* name;
   const char* cancelCaption;
-  int timeoutTicks;
   Action action;
+  int timeoutTicks;
   bool answer;
 };
 
 TEST(MsgFormTest, Answers) {
   const AnswerCase rows[] = {
-      {"OK", "No", 0, Click(u"OKButtonS"_s), true},
-      {"Cancel", "No", 0, Click(u"CancelButtonS"_s), false},
-      {"Return is OK", "No", 0, Key(Qt::Key_Return), true},
-      {"Escape is Cancel where it is offered", "No", 0, Key(Qt::Key_Escape), false},
-      {"so is the window's close", "No", 0, CloseWindow, false},
-      {"the one button", "", 0, Click(u"OKButtonS"_s), true},
-      {"Return with one button", "", 0, Key(Qt::Key_Return), true},
-      {"Escape with one button", "", 0, Key(Qt::Key_Escape), true},
-      {"the window's close with one button", "", 0, CloseWindow, true},
-      {"the third of three ticks declines", "No", 3, Ticks(3), false},
-      {"a time-out declines with one button too", "", 1, Ticks(1), false},
+      {"OK", "No", Click(u"OKButtonS"_s), 0, true},
+      {"Cancel", "No", Click(u"CancelButtonS"_s), 0, false},
+      {"Return is OK", "No", Key(Qt::Key_Return), 0, true},
+      {"Escape is Cancel where it is offered", "No", Key(Qt::Key_Escape), 0, false},
+      {"so is the window's close", "No", CloseWindow, 0, false},
+      {"the one button", "", Click(u"OKButtonS"_s), 0, true},
+      {"Return with one button", "", Key(Qt::Key_Return), 0, true},
+      {"Escape with one button", "", Key(Qt::Key_Escape), 0, true},
+      {"the window's close with one button", "", CloseWindow, 0, true},
+      {"the third of three ticks declines", "No", Ticks(3), 3, false},
+      {"a time-out declines with one button too", "", Ticks(1), 1, false},
   };
   QtMessageBoxes boxes;
   for (const AnswerCase& row : rows) {

@@ -10,7 +10,10 @@ option(TARVOLENIX_SANITIZE "Build with the address and undefined behaviour sanit
 option(TARVOLENIX_BENCH "Build the benchmarks" OFF)
 
 # Asserts are for our own mistakes and stay on in release.
-string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
+foreach(configuration IN ITEMS RELEASE RELWITHDEBINFO)
+  string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_${configuration}
+    "${CMAKE_CXX_FLAGS_${configuration}}")
+endforeach()
 
 add_library(tarvolenix_flags INTERFACE)
 target_compile_options(tarvolenix_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "desktop/mail_account.h"
 #include "desktop/real_desktop.h"
 #include "ui/game_windows.h"
 #include "ui/qt_message_boxes.h"
@@ -29,6 +31,11 @@ class Program {
   ui::GameWindows& Windows() { return *windows_; }
 
  private:
+  std::optional<desktop::MailAccount> AskAtLogon(const desktop::MailAccount& suggestion);
+
+  /// The user's own wish; what he changes counts from the next logon on.
+  void ChangeAccount();
+
   ui::QtMessageBoxes boxes_;
   std::unique_ptr<desktop::RealDesktop> desktop_;
   std::unique_ptr<ui::GameWindows> windows_;

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 #include "ui/pointers.h"
 #include "ui/shown_text.h"
 #include "ui/typed_text.h"
@@ -35,8 +37,10 @@ std::string Trimmed(const QLineEdit& field) { return field.text().trimmed().toSt
 
 }  // namespace
 
-AccountDialog::AccountDialog(const AccountAnswer& suggestion, QWidget* parent)
+AccountDialog::AccountDialog(const AccountAnswer& suggestion, AddressCheck isAddress,
+                             QWidget* parent)
     : QDialog(parent),
+      isAddress_(std::move(isAddress)),
       name_(NewField(u"MyName"_s, suggestion.name, longestName)),
       address_(NewField(u"MyAddress"_s, suggestion.address, longestAddress)),
       postFolder_(NewField(u"PostFolder"_s, suggestion.postFolder, 4096)) {
@@ -44,6 +48,9 @@ AccountDialog::AccountDialog(const AccountAnswer& suggestion, QWidget* parent)
   setWindowTitle(u"Tarvolenix - Your mail"_s);
   LayOut();
   Refresh();
+  // What is only suggested makes room for the first key.
+  name_->setFocus();
+  name_->selectAll();
 }
 
 void AccountDialog::LayOut() {
@@ -69,6 +76,7 @@ void AccountDialog::LayOut() {
   form->addRow(u"Mail service:"_s, new QLabel(u"Local post office"_s));
   form->addRow(u"Your &name:"_s, name_);
   form->addRow(u"Your &address:"_s, address_);
+  form->addRow(QString(), new QLabel(u"Such as anna or anna@example.org, without blanks"_s));
   auto* folderLabel = new QLabel(u"&Post folder:"_s);
   folderLabel->setBuddy(postFolder_);
   form->addRow(folderLabel, folder);
@@ -104,7 +112,8 @@ void AccountDialog::LayOut() {
 
 void AccountDialog::Refresh() {
   const AccountAnswer answer = Answer();
-  ok_->setEnabled(!answer.name.empty() && !answer.address.empty() && !answer.postFolder.empty());
+  ok_->setEnabled(!answer.name.empty() && !answer.postFolder.empty() && !answer.address.empty() &&
+                  isAddress_(answer.address));
 }
 
 void AccountDialog::Browse() {
@@ -119,9 +128,10 @@ AccountAnswer AccountDialog::Answer() const {
   return answer;
 }
 
-std::optional<AccountAnswer> AskForAccount(const AccountAnswer& suggestion) {
+std::optional<AccountAnswer> AskForAccount(const AccountAnswer& suggestion,
+                                           const AddressCheck& isAddress) {
   const OtherPointer arrow(Qt::ArrowCursor);
-  AccountDialog dialog(suggestion, QApplication::activeWindow());
+  AccountDialog dialog(suggestion, isAddress, QApplication::activeWindow());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Answer();
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The question of the first logon: who the user is to his opponents, with the local post office
-// already chosen.
+// The question of the first logon, and of whoever wants to change it later: who the user is to his
+// opponents, with the local post office already chosen.
 #pragma once
 
 #include <QDialog>
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -19,11 +20,14 @@ struct AccountAnswer {
   std::string postFolder;  ///< ends in "/"
 };
 
+/// Whether mail can be sent from and to an address.
+using AddressCheck = std::function<bool(const std::string& address)>;
+
 class AccountDialog : public QDialog {
   Q_OBJECT
 
  public:
-  explicit AccountDialog(const AccountAnswer& suggestion, QWidget* parent = nullptr);
+  AccountDialog(const AccountAnswer& suggestion, AddressCheck isAddress, QWidget* parent = nullptr);
 
   AccountAnswer Answer() const;
 
@@ -32,6 +36,7 @@ class AccountDialog : public QDialog {
   void Browse();
   void Refresh();
 
+  AddressCheck isAddress_;
   QLineEdit* name_;
   QLineEdit* address_;
   QLineEdit* postFolder_;
@@ -39,6 +44,7 @@ class AccountDialog : public QDialog {
 };
 
 /// Runs the dialog; nothing where the user cancels.
-std::optional<AccountAnswer> AskForAccount(const AccountAnswer& suggestion);
+std::optional<AccountAnswer> AskForAccount(const AccountAnswer& suggestion,
+                                           const AddressCheck& isAddress);
 
 }  // namespace ui

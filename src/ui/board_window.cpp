@@ -13,6 +13,7 @@
 #include <optional>
 
 #include "platform/busy_pointer.h"
+#include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "ui/board_menus.h"
 #include "ui/comment_box.h"
@@ -31,6 +32,7 @@ namespace {
 
 constexpr int firstInterval = 250;
 constexpr int longestBoldComment = 100;
+constexpr int mostCommentLines = 10;  ///< beyond that it scrolls
 
 /// The plain action bar: number and tip of each button, in the order in which they stand, two a
 /// row.
@@ -48,6 +50,14 @@ constexpr ToolbarEntry toolbarEntries[] = {
 };
 
 std::size_t Slot(int button) { return static_cast<std::size_t>(button); }
+
+/// Why everything is grey; nothing where the user can move.
+QString OfflineNotice() {
+  const platform::ProcessState& process = platform::Process();
+  if (!process.Offline || process.StandAlone || process.ComputerGame) return {};
+  return u"You are working offline: moves can't be made or sent until your mail service is "
+         u"reached."_s;
+}
 
 void SetBold(QWidget* widget, bool bold) {
   if (widget->font().bold() == bold) return;
@@ -81,6 +91,8 @@ void BoardWindow::LayOut() {
   playersTag_->setObjectName(u"PlayersTag"_s);
   SetBold(playersTag_, true);
   opponentComment_->setObjectName(u"OpponentComment"_s);
+  opponentComment_->setMaximumHeight(mostCommentLines * fontMetrics().lineSpacing());
+  opponentComment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 
   auto* buttons = new QGridLayout;
   buttons->setSpacing(8);
@@ -88,6 +100,7 @@ void BoardWindow::LayOut() {
   for (const ToolbarEntry& entry : toolbarEntries) {
     auto* button = new QPushButton(this);
     button->setObjectName(u"Toolbar1S_%1"_s.arg(entry.button));
+    button->setAutoDefault(true);  // so that Enter presses it too
     toolbar_[Slot(entry.button)] = button;
     buttons->addWidget(button, place / 2, place % 2);
     ++place;
@@ -162,8 +175,8 @@ void BoardWindow::Refresh() {
   setWindowTitle(Shown(board_.Caption));
   playersTag_->SetText(Shown(board_.PlayersTag));
   const QString comment = Shown(board_.OpponentComment);
-  SetBold(opponentComment_, comment.size() <= longestBoldComment);
-  opponentComment_->SetText(comment);
+  SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);
+  opponentComment_->SetText(comment.isEmpty() ? OfflineNotice() : comment);
   moveList_->ShowMoves(board_.Moves, board_.TopRow());
   picture_->ShowDots(board_.MovePointers);
   picture_->ShowCoordinates(board_.CoordsVisible);

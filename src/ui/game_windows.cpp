@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/game_windows.h"
 
+#include <QScreen>
+
+#include <algorithm>
+
 #include "mail/mail_session.h"
 #include "platform/busy_pointer.h"
 #include "platform/desktop.h"
@@ -8,13 +12,30 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
-#include "store/queries.h"
 #include "ui/disabled_window.h"
 #include "ui/pointers.h"
 
 namespace ui {
 
 using platform::Process;
+
+namespace {
+
+/// Shows one of the program's windows where the other one stands, as far as the screen has room
+/// for it there.
+void Replace(QWidget& old, QWidget& next) {
+  const QRect place = old.frameGeometry();
+  const QRect screen = old.screen()->availableGeometry();
+  // Next may have had no frame yet; the old one's is the same.
+  QRect frame({}, next.size() + place.size() - old.size());
+  frame.moveCenter(place.center());
+  old.hide();
+  next.move(std::max(screen.left(), std::min(frame.left(), screen.right() + 1 - frame.width())),
+            std::max(screen.top(), std::min(frame.top(), screen.bottom() + 1 - frame.height())));
+  next.show();
+}
+
+}  // namespace
 
 GameWindows::GameWindows() {
   platform::ShellHooks& hooks = platform::TheDesktop().hooks;
@@ -42,11 +63,16 @@ void GameWindows::ShowGameList(std::optional<std::int32_t> selectGame) {
     connect(list_.get(), &GamesWindow::OpenWanted, this, &GameWindows::OpenGame);
     connect(list_.get(), &GamesWindow::RetrieveWanted, this, &GameWindows::GetGames);
     connect(list_.get(), &GamesWindow::Closed, this, &GameWindows::Finished);
+    connect(list_.get(), &GamesWindow::AccountWanted, this, &GameWindows::AccountWanted);
     Process().GameListOpen = true;
     Process().NewMoveArrived = false;
   }
   list_->Fill(selectGame);
-  list_->show();
+  if (board_ && board_->isVisible()) {
+    Replace(*board_, *list_);
+  } else {
+    list_->show();
+  }
 }
 
 void GameWindows::OpenGame(std::int32_t gameID) {
@@ -63,8 +89,11 @@ void GameWindows::OpenGame(std::int32_t gameID) {
 void GameWindows::ShowBoard() {
   const platform::BusyPointer busy;
   board_ = new BoardWindow(graphics_);
-  board_->show();
-  if (list_) list_->hide();
+  if (list_ && list_->isVisible()) {
+    Replace(*list_, *board_);
+  } else {
+    board_->show();
+  }
 }
 
 void GameWindows::GetGames() {
@@ -72,14 +101,15 @@ void GameWindows::GetGames() {
   const DisabledWindow disabled(*list_);
   const platform::BusyPointer busy;
   platform::SetLogonStatus(false);
+  const auto selected = list_->SelectedGame();
+  Process().PendingGames.clear();  // the user has seen those in the list
   mail::LogonAndCollect(false, true, true);
-  list_->Fill(list_->SelectedGame());
+  list_->Fill(Process().PendingGames.empty() ? selected : std::nullopt);
 }
 
 void GameWindows::Begin() {
   store::GameRecords waiting;
-  // Games that can't be sorted are there all the same.
-  store::SelectGames(waiting, "Game_status;1", "Game_opponents_name;A;Game_date;D");
+  ReadGames(waiting, "Game_status;1");
   if (!waiting.empty()) OpenGame(waiting.front().GAME_ID);
   if (!board_) ShowGameList();
 }

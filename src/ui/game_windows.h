@@ -40,6 +40,9 @@ class GameWindows : public QObject {
   GamesWindow* GameList() const { return list_.get(); }
 
  Q_SIGNALS:
+  /// The user wants to see or change who he is to his mail service.
+  void AccountWanted();
+
   /// The user has closed the list, and with it the program.
   void Finished();
 

@@ -10,7 +10,6 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTableWidget>
 #include <QVBoxLayout>
 
 #include "platform/conversions.h"
@@ -18,6 +17,7 @@
 #include "platform/registry.h"
 #include "platform/text_fields.h"
 #include "store/queries.h"
+#include "ui/row_table.h"
 #include "ui/shown_text.h"
 
 namespace ui {
@@ -27,6 +27,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* waitingFirst = "Game_status;A;Game_opponents_name;A;Game_date;D";
+constexpr const char* waitingFirstUndated = "Game_status;A;Game_opponents_name;A";
 
 enum Column { Opponent, Title, Date, Standing, columnCount };
 
@@ -60,13 +61,14 @@ QString EmptyNotice() {
   const QString address =
       Shown(platform::ReturnValue(platform::ReadRegistry(platform::mailSection, "MyAddress"),
                                   "not set yet (Retrieve games asks for it)"));
+  const QString console = Shown(platform::Process().ProgramFolder) + u"tarvolenix-cli"_s;
   return u"There are no games yet.\n\n"
          u"If somebody has invited you, wait for the mail with the first move and choose Retrieve "
          u"games. Your own address, for those who want to play with you, is:\n\n%1\n\n"
          u"To start a game yourself, open a terminal and play the first move as White, here from "
          u"e2 (column 5, row 2) to e4:\n\n"
-         u"tarvolenix-cli new --name \"Title\" --opponent \"Name\" --email address --move 5254 "
-         u"--send"_s.arg(address);
+         u"\"%2\" new --name \"Title\" --opponent \"Name\" --email address --move 5254 "
+         u"--send"_s.arg(address, console);
 }
 
 QString DamageNotice() {
@@ -78,42 +80,40 @@ QString DamageNotice() {
 
 }  // namespace
 
+bool ReadGames(store::GameRecords& games, std::string_view selection) {
+  if (store::SelectGames(games, selection, waitingFirst)) return true;
+  // A date that can't be read fails the sort alone; the games are all there then.
+  store::SortGames(games, waitingFirstUndated);
+  return !games.empty();
+}
+
 GamesWindow::GamesWindow()
     : pages_(new QStackedWidget(this)),
-      games_(new QTableWidget(0, columnCount)),
+      games_(new RowTable({u"Opponent"_s, u"Game title"_s, u"Date started"_s, u"Status"_s}, 12)),
       notice_(new QLabel),
       open_(new QPushButton(u"&Open"_s, this)),
-      retrieve_(new QPushButton(u"&Retrieve games"_s, this)) {
+      retrieve_(new QPushButton(u"&Retrieve games"_s, this)),
+      account_(new QPushButton(u"&Mail account..."_s, this)) {
   setObjectName(u"GameInterface"_s);
   games_->setObjectName(u"GameList"_s);
   games_->setAccessibleName(u"Games"_s);
   notice_->setObjectName(u"Notice"_s);
   open_->setObjectName(u"OpenButton"_s);
   retrieve_->setObjectName(u"RetrieveButton"_s);
+  account_->setObjectName(u"AccountButton"_s);
   LayOut();
   connect(games_, &QTableWidget::activated, this, &GamesWindow::OpenSelected);
   connect(open_, &QPushButton::clicked, this, &GamesWindow::OpenSelected);
   connect(retrieve_, &QPushButton::clicked, this, &GamesWindow::RetrieveWanted);
+  connect(account_, &QPushButton::clicked, this, &GamesWindow::AccountWanted);
 }
 
 void GamesWindow::LayOut() {
-  games_->setHorizontalHeaderLabels(
-      {u"Opponent"_s, u"Game title"_s, u"Date started"_s, u"Status"_s});
-  games_->verticalHeader()->hide();
-  games_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 12);
-  games_->horizontalHeader()->setHighlightSections(false);
-  games_->horizontalHeader()->setSectionsClickable(false);
-  games_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   games_->horizontalHeader()->setSectionResizeMode(Title, QHeaderView::Stretch);
   games_->setColumnWidth(Opponent, 180);
   for (const Column column : {Date, Standing}) {
     games_->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
   }
-  games_->setSelectionMode(QAbstractItemView::SingleSelection);
-  games_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  games_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  games_->setTabKeyNavigation(false);
-  games_->setShowGrid(false);
   games_->setAlternatingRowColors(true);
 
   notice_->setTextFormat(Qt::PlainText);
@@ -130,10 +130,14 @@ void GamesWindow::LayOut() {
 
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
+  buttons->addWidget(account_);
   buttons->addStretch();
   buttons->addWidget(retrieve_);
   buttons->addWidget(open_);
-  for (QPushButton* button : {retrieve_, open_}) button->setMinimumSize(120, 30);
+  for (QPushButton* button : {account_, retrieve_, open_}) {
+    button->setMinimumSize(120, 30);
+    button->setAutoDefault(true);  // so that Enter presses it too
+  }
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
@@ -141,7 +145,8 @@ void GamesWindow::LayOut() {
   layout->addWidget(pages_, 1);
   layout->addLayout(buttons);
   resize(800, 460);
-  QWidget::setTabOrder(games_, retrieve_);
+  QWidget::setTabOrder(games_, account_);
+  QWidget::setTabOrder(account_, retrieve_);
   QWidget::setTabOrder(retrieve_, open_);
 }
 
@@ -149,8 +154,7 @@ void GamesWindow::Fill(std::optional<std::int32_t> selectGame) {
   setWindowTitle(platform::Process().Offline ? u"Tarvolenix - Game list (offline)"_s
                                              : u"Tarvolenix - Game list"_s);
   store::GameRecords games;
-  // A date that can't be read fails the sort alone.
-  const bool read = store::SelectGames(games, {}, waitingFirst) || !games.empty();
+  const bool read = ReadGames(games);
   games_->setRowCount(0);
   for (const store::GameRecord& game : games) AddGame(game);
   notice_->setText(read ? EmptyNotice() : DamageNotice());

@@ -7,15 +7,21 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 #include "store/game_record.h"
 
 class QLabel;
 class QPushButton;
 class QStackedWidget;
-class QTableWidget;
 
 namespace ui {
+
+class RowTable;
+
+/// The games that fit a selection, in the order of the list; a date that can't be read leaves dates
+/// out of that order. False where the games can't be read.
+bool ReadGames(store::GameRecords& games, std::string_view selection = {});
 
 class GamesWindow : public QWidget {
   Q_OBJECT
@@ -32,6 +38,7 @@ class GamesWindow : public QWidget {
  Q_SIGNALS:
   void OpenWanted(std::int32_t gameID);
   void RetrieveWanted();
+  void AccountWanted();
   void Closed();
 
  protected:
@@ -44,10 +51,11 @@ class GamesWindow : public QWidget {
   void OpenSelected();
 
   QStackedWidget* pages_;
-  QTableWidget* games_;
+  RowTable* games_;
   QLabel* notice_;  // in place of the table where there is nothing to list
   QPushButton* open_;
   QPushButton* retrieve_;
+  QPushButton* account_;
 };
 
 }  // namespace ui

@@ -15,24 +15,14 @@ enum Column { Coordinates, Number, Text, Comment, lastColumn = Comment };
 
 }  // namespace
 
-MoveListTable::MoveListTable(QWidget* parent) : QTableWidget(0, lastColumn + 1, parent) {
+MoveListTable::MoveListTable(QWidget* parent)
+    : RowTable({u"Move Coordinates"_s, u"No."_s, u"Move"_s, u"Comment"_s}, 8, parent) {
   setObjectName(u"MoveList"_s);
   setAccessibleName(u"History of previous moves"_s);
-  setHorizontalHeaderLabels({u"Move Coordinates"_s, u"No."_s, u"Move"_s, u"Comment"_s});
   setColumnHidden(Coordinates, true);
   setColumnHidden(Comment, true);
-  verticalHeader()->hide();
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setSectionResizeMode(Number, QHeaderView::ResizeToContents);
   horizontalHeader()->setSectionResizeMode(Text, QHeaderView::Stretch);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  horizontalHeader()->setSectionsClickable(false);
-  setSelectionMode(QAbstractItemView::SingleSelection);
-  setSelectionBehavior(QAbstractItemView::SelectRows);
-  setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setTabKeyNavigation(false);
-  setShowGrid(false);
   setContextMenuPolicy(Qt::CustomContextMenu);
   connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int, int previous) {
     if (!updating_ && row >= 0 && row != previous) Q_EMIT RowChosen(row + 1);
@@ -41,7 +31,8 @@ MoveListTable::MoveListTable(QWidget* parent) : QTableWidget(0, lastColumn + 1, 
 
 void MoveListTable::ShowMoves(const board::MoveList& moves, int topRow) {
   updating_ = true;
-  const bool moved = rowCount() != moves.Count() || currentRow() != moves.Selected() - 1;
+  // What the table itself has selected tells nothing: a user's choice has moved that already.
+  const bool moved = rowCount() != moves.Count() || selected_ != moves.Selected();
   setRowCount(moves.Count());
   for (int row = 0; row < moves.Count(); ++row) {
     const store::MoveRecord& move = moves.Row(row + 1);
@@ -54,11 +45,31 @@ void MoveListTable::ShowMoves(const board::MoveList& moves, int topRow) {
     item(row, Number)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
   }
   if (moved) {
-    setCurrentCell(moves.Selected() - 1, Text);
-    scrollTo(model()->index(topRow - 1, Text), PositionAtTop);
-    scrollTo(currentIndex());
+    selected_ = moves.Selected();
+    topRow_ = topRow;
+    setCurrentCell(selected_ - 1, Text);
+    scrollPending_ = true;
+    if (!pressed_) ScrollToTopRow();
   }
   updating_ = false;
+}
+
+void MoveListTable::ScrollToTopRow() {
+  scrollPending_ = false;
+  scrollTo(model()->index(topRow_ - 1, Text), PositionAtTop);
+  scrollTo(currentIndex());
+}
+
+// Rows that moved under a button that is down would let it choose another one.
+void MoveListTable::mousePressEvent(QMouseEvent* event) {
+  pressed_ = true;
+  RowTable::mousePressEvent(event);
+}
+
+void MoveListTable::mouseReleaseEvent(QMouseEvent* event) {
+  RowTable::mouseReleaseEvent(event);
+  pressed_ = false;
+  if (scrollPending_) ScrollToTopRow();
 }
 
 }  // namespace ui

@@ -3,20 +3,20 @@
 // of it too, which are never shown.
 #pragma once
 
-#include <QTableWidget>
-
 #include "board/move_list.h"
+#include "ui/row_table.h"
 
 namespace ui {
 
-class MoveListTable : public QTableWidget {
+class MoveListTable : public RowTable {
   Q_OBJECT
 
  public:
   explicit MoveListTable(QWidget* parent = nullptr);
 
   /// Brings the table to the state of the list, without the signals of a user's choice. `topRow` is
-  /// the first row that should be seen, from 1.
+  /// the first row that should be seen, from 1; the table scrolls there where another row is
+  /// selected than at the last time.
   void ShowMoves(const board::MoveList& moves, int topRow);
 
   QSize sizeHint() const override { return {240, 160}; }
@@ -25,8 +25,18 @@ class MoveListTable : public QTableWidget {
   /// The user has selected another row, counting from 1.
   void RowChosen(int row);
 
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
  private:
+  void ScrollToTopRow();
+
   bool updating_ = false;
+  bool pressed_ = false;
+  bool scrollPending_ = false;
+  int selected_ = 0;  // as shown last, from 1
+  int topRow_ = 1;
 };
 
 }  // namespace ui

@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QTextEdit>
 
 #include <string>
 #include <utility>
@@ -53,6 +54,8 @@ class BoardWindowTest : public testing::Test {
     return Find<QPushButton>(("Toolbar1S_" + std::to_string(number)).c_str());
   }
   QPlainTextEdit* Comment() { return Find<QPlainTextEdit>("PlayerComment"); }
+
+  QString ShownComment() { return Find<QTextEdit>("OpponentComment")->toPlainText(); }
 
   QPoint Centre(int square) {
     return square == 0 ? QPoint(2, 2) : Picture()->RectOf(FromNumber(square)).center().toPoint();

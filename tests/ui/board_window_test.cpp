@@ -2,6 +2,9 @@
 // What the Board window shows and offers beside the moving of pieces.
 #include <QAction>
 #include <QClipboard>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTableWidget>
 #include <QTextEdit>
 
 #include <algorithm>
@@ -79,12 +82,73 @@ TEST_F(BoardWindowTest, TheControlsFollowTheStateOfTheTurn) {
     EXPECT_EQ(enabled, row.enabled);
     EXPECT_EQ(Button(board::CloseButton)->text(), QLatin1StringView(row.closeCaption));
     EXPECT_EQ(Find<QTextEdit>("PlayersTag")->toPlainText(), u"You are playing Eva <i>Ü</i>"_s);
+    EXPECT_EQ(ShownComment().startsWith(u"You are working offline: "_s), row.offline);
     const auto menu = NewActionsMenu(window_->Logic(), [](int) {});
     const auto actions = menu->actions();
     EXPECT_EQ((std::vector<bool>{actions[3]->isEnabled(), actions[4]->isEnabled(),
                                  actions[5]->isEnabled()}),
               std::vector<bool>(row.enabled.begin(), row.enabled.end() - 1));
   }
+}
+
+TEST_F(BoardWindowTest, OfflineACommentIsShownAndMoveFilesNeedNoConnection) {
+  Process().Offline = true;
+  Open({{"5254", "e4", "hi"}, {"5755", "e5", "<b>ho</b>"}});
+  EXPECT_EQ(ShownComment(), u"Eva <i>Ü</i> said: <b>ho</b>"_s);
+  Process().StandAlone = true;
+  Open({{"5254", "e4"}, {"5755", "e5"}});
+  EXPECT_EQ(ShownComment(), QString());
+}
+
+TEST_F(BoardWindowTest, ACommentOfManyLinesScrollsAndTheWindowKeepsItsHeight) {
+  Open({{"5254", "e4"}, {"5755", "e5"}});
+  const int height = window_->height();
+  Open({{"5254", "e4"}, {"5755", "e5", std::string(2000, 'W').c_str()}});
+  EXPECT_EQ(window_->height(), height);
+  EXPECT_GT(Find<QTextEdit>("OpponentComment")->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(BoardWindowTest, EnterPressesTheButtonWithTheFocus) {
+  Open({});
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+    const bool before = window_->Logic().CoordsVisible;
+    QTest::keyClick(Button(board::CoordinatesButton), key);
+    EXPECT_NE(window_->Logic().CoordsVisible, before) << "key " << key;
+  }
+}
+
+TEST_F(BoardWindowTest, TheMoveListKeepsTenRowsAboveTheSelectedOne) {
+  const PlayedEntry around[] = {{"7163", "Nf3"}, {"7866", "Nf6"}, {"6371", "Ng1"}, {"6678", "Ng8"}};
+  std::vector<PlayedEntry> entries;
+  while (entries.size() < 120) entries.push_back(around[entries.size() % 4]);
+  Open(entries);
+  auto* list = Find<QTableWidget>("MoveList");
+  list->setFixedHeight(list->rowHeight(0) * 16);
+  QCoreApplication::processEvents();
+  const auto top = [list] { return list->rowAt(0) + 1; };
+  const auto press = [&](Qt::Key key, int times, int selected) {
+    while (times-- > 0) QTest::keyClick(list, key);
+    EXPECT_EQ(window_->Logic().Moves.Selected(), selected);
+  };
+  press(Qt::Key_Home, 1, 1);
+  EXPECT_EQ(top(), 1);
+  press(Qt::Key_Down, 1, 2);
+  EXPECT_EQ(top(), 1);
+  press(Qt::Key_End, 1, 120);
+  press(Qt::Key_Up, 5, 115);
+  EXPECT_EQ(top(), 105);
+  press(Qt::Key_Down, 1, 116);
+  press(Qt::Key_Up, 1, 115);
+  EXPECT_EQ(top(), 105);
+
+  const QPoint third(8, list->rowHeight(0) * 5 / 2);
+  QTest::mousePress(list->viewport(), Qt::LeftButton, {}, third);
+  EXPECT_EQ(top(), 105) << "nothing moves under the pointer";
+  QTest::mouseMove(list->viewport(), third + QPoint(1, 1));
+  QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, third);
+  EXPECT_EQ(window_->Logic().Moves.Selected(), 107);
+  EXPECT_EQ(list->selectionModel()->selectedRows().value(0).row() + 1, 107);
+  EXPECT_EQ(top(), 97);
 }
 
 TEST_F(BoardWindowTest, TurningTheBoardMovesTheSquaresAndKeepsTheirNumbers) {

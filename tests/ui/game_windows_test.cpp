@@ -67,8 +67,9 @@ TEST_F(GameWindowsTest, TheListShowsWaitingGamesFirstAndBold) {
   Store(2, store::MoveWaiting, "Zoé");
   Store(3, store::GameWon, "<i>Bob</i>", "yesterday");
   Store(4, store::MoveWaiting, "Carla");
+  Store(5, store::GameWon, "<i>Bob</i>");  // no date decides here: theirs can't be compared
   windows_.ShowGameList();
-  ASSERT_EQ(Table().rowCount(), 4);
+  ASSERT_EQ(Table().rowCount(), 5);
   EXPECT_EQ(List().windowTitle(), u"Tarvolenix - Game list"_s);
   const QString date = QLocale().toString(QDate(2026, 3, 9), QLocale::LongFormat);
   EXPECT_EQ(Row(0), (QStringList{u"Carla"_s, u"Game <b>4</b>"_s, date, u"Your move"_s}));
@@ -82,6 +83,10 @@ TEST_F(GameWindowsTest, TheListShowsWaitingGamesFirstAndBold) {
   EXPECT_EQ(List().SelectedGame(), 2) << "the first that has just arrived";
   List().Fill(1);
   EXPECT_EQ(List().SelectedGame(), 1);
+  QTest::keyClick(&Table(), Qt::Key_End);
+  EXPECT_EQ(List().SelectedGame(), 5);
+  QTest::keyClick(&Table(), Qt::Key_Home);
+  EXPECT_EQ(List().SelectedGame(), 4);
 }
 
 TEST_F(GameWindowsTest, WithoutGamesTheListTellsWhatToDo) {
@@ -91,7 +96,7 @@ TEST_F(GameWindowsTest, WithoutGamesTheListTellsWhatToDo) {
   const auto* notice = List().findChild<QLabel*>(u"Notice"_s);
   EXPECT_TRUE(notice->isVisible());
   EXPECT_TRUE(notice->text().contains(u"anna@example.org"_s));
-  EXPECT_TRUE(notice->text().contains(u"tarvolenix-cli new"_s));
+  EXPECT_TRUE(notice->text().contains(folder_.path() + u"/tarvolenix-cli\" new"_s));
   EXPECT_FALSE(List().findChild<QPushButton*>(u"OpenButton"_s)->isEnabled());
   EXPECT_EQ(List().windowTitle(), u"Tarvolenix - Game list (offline)"_s);
 
@@ -105,6 +110,8 @@ TEST_F(GameWindowsTest, TheBoardTakesThePlaceOfTheListAndGivesItBack) {
   Store(1, store::MoveWaiting, "Anna");
   Store(2, store::WaitingForOpponent, "Bob");
   windows_.ShowGameList();
+  List().resize(400, 300);
+  List().move(300, 450);
   QTest::keyClick(&Table(), Qt::Key_Down);
   QTest::keyClick(&Table(), Qt::Key_Return);
   ASSERT_NE(windows_.OpenBoard(), nullptr);
@@ -115,8 +122,12 @@ TEST_F(GameWindowsTest, TheBoardTakesThePlaceOfTheListAndGivesItBack) {
   windows_.OpenGame(1);
   EXPECT_EQ(Process().CurrentGameID, 2) << "one board at a time";
 
+  const QRect place = windows_.OpenBoard()->frameGeometry();
+  EXPECT_EQ(place.bottomRight(), List().screen()->availableGeometry().bottomRight())
+      << "as near as the screen allows";
   windows_.OpenBoard()->close();
   EXPECT_TRUE(List().isVisible());
+  EXPECT_EQ(List().frameGeometry().center(), place.center());
   EXPECT_EQ(List().SelectedGame(), 2);
   EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld && !Process().BoardOpen);
 }
@@ -145,7 +156,7 @@ TEST_F(GameWindowsTest, WithoutItsChessSetNoGameOpens) {
   EXPECT_FALSE(Process().CheckTimerHeld);
 }
 
-TEST_F(GameWindowsTest, RetrievingOverridesTheGuardKeepsTheSelectionAndOpensNothing) {
+TEST_F(GameWindowsTest, RetrievingOverridesTheGuardSelectsWhatCameAndOpensNothing) {
   Store(1, store::MoveWaiting, "Anna");
   Store(2, store::WaitingForOpponent, "Bob");
   windows_.ShowGameList();
@@ -158,17 +169,24 @@ TEST_F(GameWindowsTest, RetrievingOverridesTheGuardKeepsTheSelectionAndOpensNoth
   platform::TheDesktop().hooks.busyPointer = [&](bool busy) {
     if (busy) enabled.push_back(List().isEnabled());
   };
-  QTest::mouseClick(List().findChild<QPushButton*>(u"RetrieveButton"_s), Qt::LeftButton);
+  Process().PendingGames = "1;";
+  auto* retrieve = List().findChild<QPushButton*>(u"RetrieveButton"_s);
+  QTest::keyClick(retrieve, Qt::Key_Return);
   EXPECT_TRUE(desktop_.boxes.messages.empty());
   EXPECT_FALSE(platform::GetLogonStatus());
   EXPECT_EQ(desktop_.boxes.statusTexts,
             (std::vector<std::string>{"Logging on...", "", "Retrieving games...", ""}));
   EXPECT_EQ(Table().rowCount(), 3) << "a mail that was read before counts too";
-  EXPECT_EQ(List().SelectedGame(), 2);
+  EXPECT_EQ(List().SelectedGame(), 3) << "not what came with an earlier one";
   EXPECT_EQ(enabled, std::vector<bool>{false}) << "while the program waits";
   EXPECT_TRUE(List().isEnabled());
   EXPECT_EQ(windows_.OpenBoard(), nullptr);
   EXPECT_FALSE(Process().CheckTimerHeld);
+
+  desktop_.mail.inbox.clear();
+  List().Fill(2);
+  retrieve->click();
+  EXPECT_EQ(List().SelectedGame(), 2) << "nothing came, so it stays";
 }
 
 TEST_F(GameWindowsTest, ClosingTheListEndsTheProgram) {

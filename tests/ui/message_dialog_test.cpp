@@ -185,23 +185,30 @@ TEST(ExchangePawnTest, AChoiceIsTheOnlyExit) {
 }
 
 TEST(AccountDialogTest, TakesWhatCannotHarmAMailAndWantsNameAndAddress) {
-  AccountDialog dialog({"", "", "/post"});
+  const auto fits = [](const std::string& address) { return address == "anna@example.org"; };
+  AccountDialog dialog({"root", "", "/post"}, fits);
   dialog.show();
+  dialog.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
   const auto* ok = dialog.findChild<QPushButton*>(u"OkButton"_s);
   auto* name = dialog.findChild<QLineEdit*>(u"MyName"_s);
   auto* address = dialog.findChild<QLineEdit*>(u"MyAddress"_s);
-  EXPECT_FALSE(ok->isEnabled());
+  EXPECT_EQ(dialog.focusWidget(), name);
   QTest::keyClicks(name, u" A|nna M"_s);
   name->insert(u"ü|\nller "_s);
-  EXPECT_FALSE(ok->isEnabled());
-  QTest::keyClicks(address, u"   "_s);
-  EXPECT_FALSE(ok->isEnabled());
-  QTest::keyClicks(address, u"anna@example.org"_s);
+  for (const QString& unfit : {u""_s, u"   "_s, u"anna at home"_s}) {
+    address->setText(unfit);
+    EXPECT_FALSE(ok->isEnabled()) << unfit.toStdString();
+  }
+  address->clear();
+  QTest::keyClicks(address, u" anna@example.org"_s);
   EXPECT_TRUE(ok->isEnabled());
   const AccountAnswer answer = dialog.Answer();
   EXPECT_EQ(answer.name, "Anna Mü ller");
   EXPECT_EQ(answer.address, "anna@example.org");
   EXPECT_EQ(answer.postFolder, "/post/");
+  name->clear();
+  EXPECT_FALSE(ok->isEnabled());
 }
 
 }  // namespace

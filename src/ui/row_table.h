@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A table that is a list of rows to its user: one row is selected as a whole, nothing is edited,
+// and Home and End lead to the first and the last row.
+#pragma once
+
+#include <QTableWidget>
+
+namespace ui {
+
+class RowTable : public QTableWidget {
+  Q_OBJECT
+
+ public:
+  /// `rowPadding` is what a row is higher than its text.
+  RowTable(const QStringList& headings, int rowPadding, QWidget* parent = nullptr);
+
+ protected:
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+};
+
+}  // namespace ui

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's own part in the windows: the mail account that it asks for and changes.
+#include "app/program.h"
+
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include "platform/registry.h"
+#include "ui_fixture.h"
+
+namespace ui {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class ProgramTest : public testing::Test {
+ protected:
+  void Configure(const QByteArray& settings) {
+    QFile file(folder_.path() + u"/Tarvolenix.conf"_s);
+    EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(settings) == settings.size());
+  }
+  std::unique_ptr<app::Program> Start() {
+    auto program = std::make_unique<app::Program>(folder_.path().toStdString() + "/", "-nosound");
+    EXPECT_TRUE(program->Start());
+    return program;
+  }
+  static void Press(QWidget& window, const char* button) {
+    window.findChild<QPushButton*>(QLatin1StringView(button))->click();
+  }
+  static QLineEdit& Field(QWidget& dialog, const char* name) {
+    return *dialog.findChild<QLineEdit*>(QLatin1StringView(name));
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(ProgramTest, WhoCancelsTheAccountDialogHasNotCrashed) {
+  Configure({});
+  for (const char* start : {"first", "second"}) {
+    SCOPED_TRACE(start);
+    OnNextDialog([](QWidget& dialog) {
+      EXPECT_EQ(dialog.objectName(), u"AccountDialog"_s);
+      dialog.close();
+    });
+    const auto program = Start();
+    EXPECT_TRUE(platform::Process().Offline);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(platform::GetLogonStatus());
+    program->Stop();
+  }
+}
+
+TEST_F(ProgramTest, TheMailAccountCanBeSeenAndChanged) {
+  const std::string post = folder_.path().toStdString() + "/post/";
+  Configure(("[Mail]\nMailKind=Post\nMyName=anna\nMyAddress=anna@example.org\nPostFolder=" + post)
+                .c_str());
+  const auto program = Start();
+  EXPECT_FALSE(platform::Process().Offline);
+  QWidget& list = *program->Windows().GameList();
+  OnNextDialog([&](QWidget& dialog) {
+    EXPECT_EQ(Field(dialog, "MyName").text(), u"anna"_s);
+    EXPECT_EQ(Field(dialog, "MyAddress").text(), u"anna@example.org"_s);
+    EXPECT_EQ(Field(dialog, "PostFolder").text().toStdString(), post);
+    Press(dialog, "OkButton");
+  });
+  Press(list, "AccountButton");
+  EXPECT_FALSE(platform::Process().Offline) << "nothing was changed";
+
+  OnNextDialog([](QWidget& dialog) {
+    Field(dialog, "MyAddress").setText(u"dora at home"_s);
+    EXPECT_FALSE(dialog.findChild<QPushButton*>(u"OkButton"_s)->isEnabled());
+    Field(dialog, "MyAddress").setText(u"dora"_s);
+    Press(dialog, "OkButton");
+  });
+  Press(list, "AccountButton");
+  EXPECT_EQ(platform::ReadRegistry(platform::mailSection, "MyAddress"), "dora");
+  EXPECT_TRUE(list.findChild<QLabel*>(u"Notice"_s)->text().contains(u"\n\ndora\n\n"_s));
+  EXPECT_FALSE(QFile::exists(QString::fromStdString(post) + u"dora@localhost"_s));
+  Press(list, "RetrieveButton");
+  EXPECT_FALSE(platform::Process().Offline);
+  EXPECT_TRUE(QFile::exists(QString::fromStdString(post) + u"dora@localhost"_s))
+      << "the logon is the new account's";
+  program->Stop();
+}
+
+}  // namespace
+}  // namespace ui

@@ -264,8 +264,8 @@ std::string_view RawField(std::string_view header, std::string_view loweredName)
 /// The library makes up what an address lacks, from this machine's name even: only what stands in
 /// the field counts, and only what can be answered.
 std::string AddressIn(const std::string& rawField, const vmime::emailAddress& found) {
-  const vmime::word local = found.getLocalName();
-  const vmime::word domain = found.getDomainName();
+  const vmime::word& local = found.getLocalName();
+  const vmime::word& domain = found.getDomainName();
   const std::string address = ToUtf8(local.getBuffer(), local.getCharset()) + "@" +
                               ToUtf8(domain.getBuffer(), domain.getCharset());
   const bool stands = rawField.find(address) != std::string::npos ||

@@ -248,6 +248,49 @@ TEST_F(CliTest, GamesAreSelectedSortedAndRemoved) {
   EXPECT_EQ(As("anna", {"show", "2"}).exitCode, 1);
 }
 
+TEST_F(CliTest, ARefusalSaysWhyAndSavesNothing) {
+  AnnaStartsGame();
+  const std::string before = Slurp(root_ / "anna/Data/Tvgdb.dat");
+  const std::string kings =
+      "0000000005000000;0000000000000000;0000000000000000;0000000000000000;"
+      "0000000000000000;0000000000000000;0000000000000000;00000000";
+  const auto newGame = [](const std::string& board) {
+    return std::vector<std::string>{"new",   "--name",  "T",   "--opponent", "Bob", "--email",
+                                    "b@c.d", "--board", board, "--move",     "5152"};
+  };
+  struct Row {
+    const char* name;
+    std::vector<std::string> arguments;
+    const char* said;
+  };
+  const Row rows[] = {
+      {"not her turn", {"move", "1", "4244"}, "You are not allowed to make a move right now."},
+      {"no such game", {"move", "7", "5254"}, "There is no game 7."},
+      {"unknown key", {"games", "--select", "Foo;2"}, "No CASE for FOO"},
+      {"board without a Black king", newGame(kings + "00000000"), "no position with a king"},
+      {"board of a wrong form", newGame(kings + "11"), "no position with a king"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    const Answer answer = As("anna", row.arguments);
+    EXPECT_EQ(answer.exitCode, 1);
+    EXPECT_NE((answer.out + answer.err).find(row.said), std::string::npos)
+        << answer.out << answer.err;
+    EXPECT_EQ(Slurp(root_ / "anna/Data/Tvgdb.dat"), before);
+  }
+  EXPECT_EQ(As("anna", newGame(kings + "11000000")).exitCode, 0);
+}
+
+TEST_F(CliTest, WhatCantBeSentIsNotSaved) {
+  fs::create_directories(root_ / "post");
+  Spill(root_ / "post/anna@example.org", "a file where her mailbox should be");
+  const Answer answer = AnnaStartsGame();
+  EXPECT_EQ(answer.exitCode, 1);
+  EXPECT_EQ(answer.out, "");
+  EXPECT_NE(answer.err.find("failed to connect to your mail service"), std::string::npos);
+  EXPECT_FALSE(fs::exists(root_ / "anna/Data/Tvgdb.dat"));
+}
+
 TEST_F(CliTest, TextsThatWouldDamageAGameAreRefused) {
   struct Row {
     const char* name;
@@ -259,6 +302,11 @@ TEST_F(CliTest, TextsThatWouldDamageAGameAreRefused) {
       {"marker in the comment", {"a", "Bob", "bob@example.org", "x:TARVOLENIX>>"}},
       {"comment of 201 characters", {"a", "Bob", "bob@example.org", std::string(201, 'x')}},
       {"no address", {"a", "Bob", "", ""}},
+      {"name that is no UTF-8",
+       {"a",
+        "B\xF6"
+        "b",
+        "bob@example.org", ""}},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);

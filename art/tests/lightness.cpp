@@ -3,14 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <numeric>
-#include <vector>
 
 namespace art_test {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,28 +13,6 @@ constexpr int kOpaque = 250;
 
 bool Has(const QImage& mask, int x, int y) {
   return mask.valid(x, y) && qGray(mask.pixel(x, y)) > 127;
-}
-
-template <typename Holds>
-QImage MaskOf(QSize size, Holds holds) {
-  QImage mask(size, QImage::Format_Grayscale8);
-  for (int y = 0; y < size.height(); ++y) {
-    for (int x = 0; x < size.width(); ++x) {
-      mask.scanLine(y)[x] = holds(x, y) ? uchar{255} : uchar{0};
-    }
-  }
-  return mask;
-}
-
-std::vector<double> Lightnesses(const QImage& picture, const QImage& mask) {
-  std::vector<double> values;
-  for (int y = 0; y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width(); ++x) {
-      if (mask.isNull() || Has(mask, x, y)) values.push_back(Lightness(picture.pixel(x, y)));
-    }
-  }
-  EXPECT_FALSE(values.empty());
-  return values;
 }
 
 double Linear(int value) {
@@ -61,36 +34,25 @@ double Lightness(QRgb colour) {
   return y > 216.0 / 24389 ? 116 * std::cbrt(y) - 16 : y * 24389 / 27;
 }
 
-double MeanLightness(const QImage& picture, const QImage& mask) {
-  const std::vector<double> values = Lightnesses(picture, mask);
-  return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+double MeanLightness(const QImage& picture) {
+  double sum = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) sum += Lightness(picture.pixel(x, y));
+  }
+  return sum / (picture.width() * picture.height());
 }
 
-double MedianLightness(const QImage& picture, const QImage& mask) {
-  std::vector<double> values = Lightnesses(picture, mask);
-  const auto middle = values.begin() + static_cast<ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
+QImage MaskOf(QSize size, const std::function<bool(int, int)>& holds) {
+  QImage mask(size, QImage::Format_Grayscale8);
+  for (int y = 0; y < size.height(); ++y) {
+    for (int x = 0; x < size.width(); ++x) mask.scanLine(y)[x] = holds(x, y) ? 255 : 0;
+  }
+  return mask;
 }
 
 QImage Opaque(const QImage& picture) {
   return MaskOf(picture.size(),
                 [&](int x, int y) { return qAlpha(picture.pixel(x, y)) >= kOpaque; });
-}
-
-QImage Eroded(const QImage& mask, int reach) {
-  return MaskOf(mask.size(), [&](int x, int y) {
-    for (int dy = -reach; dy <= reach; ++dy) {
-      for (int dx = -reach; dx <= reach; ++dx) {
-        if (dx * dx + dy * dy <= reach * reach && !Has(mask, x + dx, y + dy)) return false;
-      }
-    }
-    return true;
-  });
-}
-
-QImage Without(const QImage& mask, const QImage& less) {
-  return MaskOf(mask.size(), [&](int x, int y) { return Has(mask, x, y) && !Has(less, x, y); });
 }
 
 double Difference(const QImage& a, const QImage& b) {

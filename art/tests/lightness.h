@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QString>
 
+#include <functional>
+
 namespace art_test {
 
 /// A rendered file by its path below the output folder; fails the test when it doesn't load.
@@ -13,20 +15,13 @@ QImage Rendered(const QString& name);
 /// CIE L* of a colour, 0 to 100.
 double Lightness(QRgb colour);
 
-/// Mean L* of the pixels that `mask` holds (all of a picture without one).
-double MeanLightness(const QImage& picture, const QImage& mask = {});
+double MeanLightness(const QImage& picture);
 
-/// The L* that half of the pixels in `mask` exceed: what the eye takes for a drawn thing's colour.
-double MedianLightness(const QImage& picture, const QImage& mask);
+/// Grayscale, 255 where `holds` says so of a pixel.
+QImage MaskOf(QSize size, const std::function<bool(int, int)>& holds);
 
 /// Grayscale, 255 where the picture is opaque: a piece without its translucent shadow.
 QImage Opaque(const QImage& picture);
-
-/// `mask` without what lies within `reach` pixels of its edge.
-QImage Eroded(const QImage& mask, int reach);
-
-/// What `mask` has and `less` hasn't.
-QImage Without(const QImage& mask, const QImage& less);
 
 /// The share of the area of either mask that only one of them has, 0 to 1.
 double Difference(const QImage& a, const QImage& b);

@@ -117,14 +117,6 @@ struct PlainChess {
     if (kind != 'P') return Attacks(from, to) || (kind == 'K' && MayCastle(from, to));
     return MayStep(from, to) || (Attacks(from, to) && (target != '.' || to == passed));
   }
-
-  long CountMoves(int depth) const {
-    const Moves moves = LegalMoves();
-    if (depth == 1) return static_cast<long>(moves.size());
-    long count = 0;
-    for (const auto& [from, to] : moves) count += Moved(from, to).CountMoves(depth - 1);
-    return count;
-  }
 };
 
 }  // namespace ai

@@ -87,10 +87,7 @@ inline std::string Offers(const Board& board) {
 
 struct RecordingView : BoardView {
   void ConstructBoard() override { ++constructed; }
-  void PaintSquare(Square square, int cell) override {
-    cells[IndexOf(square)] = cell;
-    ++painted;
-  }
+  void PaintSquare(Square square, int cell) override { cells[IndexOf(square)] = cell; }
   void Refresh() override { offers = Offers(*board); }
   rules::PieceCode ExchangePawn(rules::Side side) override {
     ++asked;
@@ -103,7 +100,7 @@ struct RecordingView : BoardView {
   std::array<int, 64> cells{};
   std::string offers;  ///< at the last refresh
   rules::PieceCode promotion = rules::WhiteQueen;
-  int constructed = 0, painted = 0, asked = 0, interval = 250, closed = 0;
+  int constructed = 0, asked = 0, interval = 250, closed = 0;
 };
 
 struct BoardTest : ::testing::Test {
@@ -146,7 +143,6 @@ struct BoardTest : ::testing::Test {
     board.emplace(*view);
     view->board = &*board;
     board->Form_Load();
-    desktop.sounds.played.clear();
   }
 
   void OpenGame(const std::string& told) {
@@ -187,15 +183,6 @@ struct BoardTest : ::testing::Test {
       told += message.title + ": " + message.text;
     }
     return told;
-  }
-
-  /// The numbers of the sounds since the last call.
-  std::string Heard() {
-    std::string heard;
-    for (const std::string& path : std::exchange(desktop.sounds.played, {})) {
-      heard += path.at(path.find(".tvs") - 1);
-    }
-    return heard;
   }
 
   std::string GameFile() { return desktop.files.content["/program/Data/Tvgdb.dat"]; }

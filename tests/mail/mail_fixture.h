@@ -17,19 +17,14 @@ namespace mail {
 class MailFixture : public testing::Test {
  protected:
   static store::GameRecord AnnasGame(std::int32_t opponentsID = 0) {
-    return {7,
-            "090320260805",
-            opponentsID,
-            "Sunday game",
-            "09/03/2026",
-            "bernd@example.org",
-            "",
-            "Bernd",
-            true,
-            "Bernd",
-            2,
-            false,
-            ""};
+    store::GameRecord game = BerndsGame();
+    game.GAME_ID = 7;
+    game.GAME_OPPONENTS_ID = opponentsID;
+    game.GAME_OPPONENTS_EMAIL = "bernd@example.org";
+    game.GAME_OPPONENTS_NAME = "Bernd";
+    game.GAME_WHITE_NAME = game.GAME_START_BOARD = "";
+    game.GAME_HOST = true;
+    return game;
   }
   static store::GameRecord BerndsGame() {
     return {

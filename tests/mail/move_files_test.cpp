@@ -33,31 +33,6 @@ TEST_F(MoveFiles, ExportTakesTheFirstFreeNumber) {
   EXPECT_EQ(name, "Cmove2.txt");
   EXPECT_EQ(File(name), FromAnna(1) + "\r\n");
   EXPECT_EQ(File("tvgdb.bak"), GameFile());
-  EXPECT_TRUE(ExportMoveFile(7));
-  EXPECT_TRUE(IsThere("Cmove4.txt"));
-}
-
-TEST_F(MoveFiles, FailedExportIsToldAndLeavesNoFile) {
-  Store(AnnasGame(), 1);
-  const auto before = desktop.files.content;
-  for (int failing = 1; failing <= 4; ++failing) {  // two queries, write, rename
-    SCOPED_TRACE(failing);
-    ForgetRecords();
-    desktop.files.FailOperation(failing);
-    EXPECT_FALSE(ExportMoveFile(7));
-    EXPECT_TRUE(Told().starts_with("4 Transmission error.\n"));
-    EXPECT_EQ(desktop.files.content, before);
-  }
-}
-
-TEST_F(MoveFiles, ListsOnlyMoveFiles) {
-  for (const char* name : {"Cmove1.txt", "Cmove12.txt", "Cmove;odd.txt", "Cmove.new", "cmove1.txt",
-                           "xCmove1.txt", "Cmove1.txt.bak", "Tvgdb.dat"}) {
-    File(name);
-  }
-  EXPECT_EQ(ListMoveFiles(),
-            (std::vector<std::string>{folder + "Cmove1.txt", folder + "Cmove12.txt",
-                                      folder + "Cmove;odd.txt"}));
 }
 
 TEST_F(MoveFiles, TickTakesTheWaitingFiles) {
@@ -65,6 +40,7 @@ TEST_F(MoveFiles, TickTakesTheWaitingFiles) {
   File("Cmove2.txt") = "damaged";
   File("Cmove3.txt") = FromAnna(2) + "\r\n";
   File("Cmove4.txt") = FromAnna(1) + "\r\n";
+  File("cmove1.txt") = File("Cmove1.txt.bak") = "another's file";
   const auto arrivals = ImportMoveFiles(false, false);
   // The first mails of a game don't know White's name.
   EXPECT_EQ(GameFile(),
@@ -74,27 +50,11 @@ TEST_F(MoveFiles, TickTakesTheWaitingFiles) {
   EXPECT_EQ(Process().PendingGames, "1;1;");
   EXPECT_FALSE(Process().NewMoveArrived);  // the last file brought nothing new
   EXPECT_EQ(ListMoveFiles(), std::vector<std::string>{folder + "Cmove2.txt"});
+  EXPECT_TRUE(IsThere("cmove1.txt") && IsThere("Cmove1.txt.bak"));
   EXPECT_EQ(desktop.boxes.messages.size(), 1U);
   EXPECT_TRUE(Told().starts_with("4 Message retrival error\nTarvolenix found what"));
-  EXPECT_TRUE(desktop.boxes.statusTexts.empty());
   EXPECT_TRUE(RanThrough());
-  ASSERT_EQ(arrivals.size(), 4U);
-  EXPECT_EQ(arrivals[1].stage, 1);
-  EXPECT_TRUE(arrivals[2].changed && arrivals[2].gameID == 1);
-}
-
-TEST_F(MoveFiles, TickWithoutFilesOnlyCleansUp) {
-  Process().PendingGames = "3;";
-  EXPECT_TRUE(ImportMoveFiles(true, false).empty());
-  EXPECT_EQ(Process().PendingGames, "");
-  EXPECT_TRUE(RanThrough());
-  EXPECT_EQ(desktop.boxes.statusTexts, (std::vector<std::string>{"Retrieving games...", ""}));
-
-  ForgetRecords();
-  desktop.files.FailOperation(1);  // the folder can't be listed: not a word
-  ImportMoveFiles(true, false);
-  EXPECT_FALSE(RanThrough());
-  EXPECT_TRUE(desktop.boxes.messages.empty());
+  EXPECT_EQ(arrivals.at(1).stage, 1);
 }
 
 TEST_F(MoveFiles, UserImportsASavedMail) {
@@ -103,66 +63,34 @@ TEST_F(MoveFiles, UserImportsASavedMail) {
   mail.insert(mail.find("<<TARVOLENIX:") + 5, "\n");
   mail.insert(mail.find(":TARVOLENIX>>") + 3, "\n");
   UserPicks("/home/anna/mail.eml", mail);
-  for (const bool changed : {true, false}) {  // the second time it brings nothing new
-    const auto arrivals = ImportMoveFiles(true, true);
-    EXPECT_EQ(Told(),
-              "4 Game import\nThe game has been successfully imported.\n[OK] "
-              "/program/Data/Cs006.tvs");
-    EXPECT_EQ(Process().PendingGames, changed ? "7;" : "");
-    EXPECT_TRUE(desktop.files.content.contains("/home/anna/mail.eml"));
-    ASSERT_EQ(arrivals.size(), 1U);
-    EXPECT_TRUE(arrivals[0].ok && arrivals[0].changed == changed);
-    EXPECT_EQ(GameFile(), Line("7|090320260805|12|Sunday game|09/03/2026|"
-                               "unknown@tarvolenix.invalid|Anna|Bernd|-1|Unknown|1|0|;;;;;;;",
-                               2));
-  }
+  EXPECT_TRUE(ImportMoveFiles(true, true).at(0).changed);
+  EXPECT_EQ(Told(),
+            "4 Game import\nThe game has been successfully imported.\n[OK] "
+            "/program/Data/Cs006.tvs");
+  EXPECT_EQ(Process().PendingGames, "7;");
+  EXPECT_TRUE(desktop.files.content.contains("/home/anna/mail.eml"));
+  EXPECT_EQ(GameFile(), Line("7|090320260805|12|Sunday game|09/03/2026|"
+                             "unknown@tarvolenix.invalid|Anna|Bernd|-1|Unknown|1|0|;;;;;;;",
+                             2));
 }
 
-TEST_F(MoveFiles, WhatTheUserHearsOfAFailedImport) {
-  const struct {
-    const char* name;
-    std::string path, content, stored, told;
-    bool ranThrough;
-  } rows[] = {
-      {"cancelled", "", "", "", notImported, false},
-      {"no such file", "/gone", "", "", notImported, false},
-      {"damaged store", "/f", FromAnna(1), "no number|\r\n", notImported, false},
-      {"no move in it", "/f", "a letter", "",
-       "4 Message retrival error\nThe file you selected failed validation.\n\nIf it is a corrupt "
-       "chess move email, get your "
-       "opponent to re-send there last move.  Validation progress : 1.\n[OK] "
-       "/program/Data/Cs006.tvs",
-       true},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    ForgetRecords();
-    if (row.stored.empty()) {
-      desktop.files.content.clear();
-    } else {
-      GameFile() = row.stored;
-    }
-    UserPicks(row.path, row.content);
-    Process().NewMoveArrived = row.ranThrough;
-    EXPECT_FALSE(ImportMoveFiles(true, true).at(0).ok);
-    EXPECT_EQ(desktop.boxes.messages.size(), 1U);
-    EXPECT_EQ(Told(), row.told);
-    EXPECT_EQ(RanThrough(), row.ranThrough);
-    EXPECT_FALSE(Process().NewMoveArrived);
-    EXPECT_EQ(desktop.boxes.statusTexts.back(), "");
-  }
+TEST_F(MoveFiles, UserHearsOfAFailedImport) {
+  UserPicks("", "");  // cancelled
+  EXPECT_FALSE(ImportMoveFiles(true, true).at(0).ok);
+  EXPECT_EQ(Told(), notImported);
+  ForgetRecords();
+  GameFile() = "no number|\r\n";
+  UserPicks("/f", FromAnna(1));
+  EXPECT_FALSE(ImportMoveFiles(true, true).at(0).ok);
+  EXPECT_EQ(Told(), notImported);
+  EXPECT_EQ(desktop.boxes.statusTexts.back(), "");
 }
 
-TEST_F(MoveFiles, FailureAtATickIsToldForTheFirstFileOnly) {
-  const struct {
-    const char* operation;
-    const char* told;
-    std::vector<std::string> left;
-  } rows[] = {
-      {"read /program/Data/Cmove1.txt", notRetrieved, {"Cmove1.txt", "Cmove2.txt"}},
-      {"read /program/Data/Cmove2.txt", "", {"Cmove2.txt"}},
-      {"remove /program/Data/Cmove1.txt", "", {"Cmove1.txt", "Cmove2.txt"}},
-      {"write /program/Data/tvgdb.new", notRetrieved, {"Cmove1.txt", "Cmove2.txt"}},
+TEST_F(MoveFiles, FailureAtATickIsToldForTheFirstFileAndCostsNone) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"read /program/Data/Cmove1.txt", notRetrieved},
+      {"remove /program/Data/Cmove1.txt", ""},
+      {"write /program/Data/tvgdb.new", notRetrieved},
   };
   const auto tick = [&](int failing) {
     ForgetRecords();
@@ -172,18 +100,15 @@ TEST_F(MoveFiles, FailureAtATickIsToldForTheFirstFileOnly) {
     desktop.files.FailOperation(failing);
     ImportMoveFiles(false, false);
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.operation);
+  for (const auto& [operation, told] : rows) {
+    SCOPED_TRACE(operation);
     tick(0);
     const auto& done = desktop.files.operations;
-    const auto place = std::find(done.begin(), done.end(), row.operation);
+    const auto place = std::find(done.begin(), done.end(), operation);
     ASSERT_NE(place, done.end());
     tick(static_cast<int>(place - done.begin()) + 1);
-    EXPECT_EQ(Told(), row.told);
-    EXPECT_FALSE(RanThrough());
-    for (const char* name : {"Cmove1.txt", "Cmove2.txt"}) {
-      EXPECT_EQ(IsThere(name), std::count(row.left.begin(), row.left.end(), name) == 1) << name;
-    }
+    EXPECT_EQ(Told(), told);
+    EXPECT_TRUE(IsThere("Cmove1.txt") && IsThere("Cmove2.txt"));
   }
 }
 

@@ -39,14 +39,10 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
   } rows[] = {
       {"plain logon", false, false, "", "", true, true, "True False", ""},
       {"guard stands", true, false, "", "", true, false, "", crashed},
-      {"guard stands at the quiet start", true, false, "", "", false, false, "", crashed},
       {"session runs", false, true, "", "", true, true, "", ""},
-      {"session runs, guard stands", true, true, "", "", true, false, "", crashed},
-      {"session can't be read", false, true, "", "SessionID", true, true, "True False", ""},
       {"no network", false, false, "-nonetwork", "", true, false, "", ""},
       {"logon fails", false, false, "", "SignOn", true, false, "True", notConnected},
       {"logon fails quietly", false, false, "", "SignOn", false, false, "True", ""},
-      {"logon fails alone", false, false, "-testingmode", "SignOn", true, false, "True", ""},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -64,42 +60,22 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
       written += (written.empty() ? "" : " ") + value;
     }
     EXPECT_EQ(written, row.guardWritten);
-    EXPECT_EQ(desktop.mail.calls.size(), written.empty() ? 0U : 1U);  // SignOn alone is recorded
     EXPECT_EQ(Told(), row.told);
     EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld);
-    desktop.mail.failing.clear();
-    EXPECT_EQ(desktop.mail.messages.SessionID() > 0, row.session || row.online);
-    EXPECT_EQ(desktop.boxes.statusTexts.empty(), !row.showStatus);
-    if (row.showStatus) {
-      EXPECT_EQ(desktop.boxes.statusTexts.back(), "");
-    }
   }
-}
-
-TEST_F(Session, LogoffIgnoresErrors) {
-  desktop.mail.failing = {"SignOff"};
-  MailLogoff(true);
-  EXPECT_EQ(desktop.boxes.statusTexts, (std::vector<std::string>{"Quiting Tarvolenix...", ""}));
-  EXPECT_TRUE(desktop.boxes.messages.empty());
 }
 
 TEST_F(Session, CollectsFromWhereMovesComeFrom) {
   const struct {
     const char* name;
-    bool importFile;
     const char* options;
     const char* from;
   } rows[] = {
-      {"online: the Inbox", false, "", "sender@example.org"},
-      {"online stand-alone: the Inbox too", false, "-testingmode", "sender@example.org"},
-      {"offline: nowhere", false, "-nonetwork", ""},
-      {"offline stand-alone: the waiting files", false, "-nonetwork -testingmode",
+      {"online: the Inbox", "", "sender@example.org"},
+      {"offline: nowhere", "-nonetwork", ""},
+      {"offline stand-alone: the waiting files", "-nonetwork -testingmode",
        "/program/Data/Cmove1.txt"},
-      {"import, offline", true, "-nonetwork", "/home/anna/saved mail"},
-      {"import, online", true, "", "/home/anna/saved mail"},
   };
-  desktop.files.content["/home/anna/saved mail"] = FromAnna(1);
-  platform::TheDesktop().hooks.pickMoveFile = [] { return "/home/anna/saved mail"; };
   platform::TheDesktop().hooks.buildTrayGameMenu = [] { EXPECT_TRUE(Process().CheckTimerHeld); };
   for (const auto& row : rows) {
     platform::SetupGlobalVariables("/program", row.options);
@@ -108,48 +84,37 @@ TEST_F(Session, CollectsFromWhereMovesComeFrom) {
     Arrives(FromAnna(1));
     File("Cmove1.txt") = FromAnna(1);
     std::string from;
-    for (const auto& arrival : LogonAndCollect(row.importFile, false, true)) from += arrival.from;
+    for (const auto& arrival : LogonAndCollect(false, false, true)) from += arrival.from;
     EXPECT_EQ(from, row.from) << row.name;
   }
 }
 
 TEST_F(Session, MoveGoesToTheOpponentAlone) {
   Store(AnnasGame(), 2);
-  Store(BerndsGame(), 1);
   for (const int leftOver : {0, 1}) {
     desktop.mail.messages.RecipIndex(leftOver);
     desktop.mail.messages.RecipAddress("left@over.org");
   }
   EXPECT_TRUE(SendMoveMail(7));
-  EXPECT_TRUE(SendMoveMail(12));
-  std::string sent;
-  for (const fakes::SentMail& mail : desktop.mail.sent) {
-    sent += mail.recipientName + " " + mail.recipientAddress + " " + mail.subject + "\n";
-  }
-  EXPECT_EQ(sent,
-            "Bernd bernd@example.org Tarvolenix : e5, No comment.\n"
-            "Anna anna@example.org Tarvolenix : e4, Good luck!\n");
-  EXPECT_EQ(desktop.mail.sent.at(0).text, FromAnna(2));
-  EXPECT_EQ(File("tvgdb.bak"), GameFile());
+  ASSERT_EQ(desktop.mail.sent.size(), 1U);
+  const fakes::SentMail& mail = desktop.mail.sent[0];
+  EXPECT_EQ(mail.recipientName + " " + mail.recipientAddress, "Bernd bernd@example.org");
+  EXPECT_EQ(mail.subject, "Tarvolenix : e5, No comment.");
+  EXPECT_EQ(mail.text, FromAnna(2));
   EXPECT_TRUE(desktop.boxes.messages.empty());
 }
 
 TEST_F(Session, FailureToSendIsTold) {
   Store(AnnasGame(), 1);
   Store(BerndsGame(), 0);
-  const auto fails = [&](std::int32_t id) {
+  desktop.mail.failing = {"Send"};
+  for (const int id : {7, 12, 99}) {  // 12 has no move to tell, 99 isn't there
     ForgetRecords();
     EXPECT_FALSE(SendMoveMail(id));
     EXPECT_EQ(Told(), notSent);
+    desktop.mail.failing.clear();
     EXPECT_TRUE(desktop.mail.sent.empty());
-  };
-  fails(99);  // no such game
-  fails(12);  // no move to tell
-  desktop.mail.failing = {"Send"};
-  fails(7);
-  desktop.mail.failing.clear();
-  GameFile() = "no number|\r\n";
-  fails(7);
+  }
 }
 
 }  // namespace

@@ -5,10 +5,10 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QTextEdit>
 
+#include <map>
+#include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "ui/board_window.h"
@@ -30,17 +30,18 @@ class BoardWindowTest : public testing::Test {
   }
   void TearDown() override { delete window_; }
 
-  void Open(const std::vector<PlayedEntry>& entries, bool playsWhite = true,
-            const std::string& startBoard = {}) {
+  void Open(const std::vector<PlayedEntry>& entries) {
     delete window_;
     desktop_.files.content.clear();
-    Process().CurrentGameID = StoreGame(entries, playsWhite, store::MoveWaiting, startBoard);
+    StoreGame(1, store::MoveWaiting, "Eva <i>Ü</i>", entries);
+    Process().CurrentGameID = 1;
     window_ = new BoardWindow(graphics_);
     window_->show();
     window_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
     Picture()->setFocus();
     desktop_.sounds.played.clear();
+    desktop_.boxes.messages.clear();
   }
 
   template <typename Widget>
@@ -55,38 +56,46 @@ class BoardWindowTest : public testing::Test {
   }
   QPlainTextEdit* Comment() { return Find<QPlainTextEdit>("PlayerComment"); }
 
-  QString ShownComment() { return Find<QTextEdit>("OpponentComment")->toPlainText(); }
-
   QPoint Centre(int square) {
     return square == 0 ? QPoint(2, 2) : Picture()->RectOf(FromNumber(square)).center().toPoint();
   }
-  void Press(int square) { QTest::mousePress(Picture(), Qt::LeftButton, {}, Centre(square)); }
-  void MoveTo(int square) { QTest::mouseMove(Picture(), Centre(square)); }
-  void Release(int square) { QTest::mouseRelease(Picture(), Qt::LeftButton, {}, Centre(square)); }
-  void Drag(int from, int to) {
-    Press(from);
-    MoveTo(to);
-    Release(to);
-  }
-  void Click(int square) { QTest::mouseClick(Picture(), Qt::LeftButton, {}, Centre(square)); }
-  void Key(Qt::Key key, int times = 1) {
-    while (times-- > 0) QTest::keyClick(Picture(), key);
-  }
 
-  int CellOn(int square) { return Picture()->CellOn(FromNumber(square)); }
+  /// Does what is told in pairs of a gesture and the square, or the times a key is pressed.
+  void Do(const std::string& gestures) {
+    std::istringstream words(gestures);
+    for (std::string word; words >> word;) {
+      int number = 0;
+      words >> number;
+      const auto key = keys.find(word);
+      if (key != keys.end()) {
+        while (number-- > 0) QTest::keyClick(Picture(), key->second);
+        continue;
+      }
+      const QPoint place = Centre(number);
+      if (word == "move") QTest::mouseMove(Picture(), place);
+      if (word == "press" || word == "click") {
+        QTest::mousePress(Picture(), Qt::LeftButton, {}, place);
+      }
+      if (word == "release" || word == "click") {
+        QTest::mouseRelease(Picture(), Qt::LeftButton, {}, place);
+      }
+      if (word == "rightpress") QTest::mousePress(Picture(), Qt::RightButton, {}, place);
+    }
+  }
 
   /// What is really seen in the middle of a square, once pieces have settled.
   QColor SeenOn(int square) {
-    Settle();
-    return window_->grab().toImage().pixelColor(Picture()->mapTo(window_, Centre(square)));
-  }
-  void Settle() {
     const auto* floating = window_->findChild<FloatingPiece*>();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !floating->IsSettling(); }));
+    return window_->grab().toImage().pixelColor(Picture()->mapTo(window_, Centre(square)));
   }
 
   std::string LastMove() { return window_->Logic().Moves.Last().MoveText; }
 
+  const std::map<std::string, Qt::Key> keys = {
+      {"left", Qt::Key_Left},     {"right", Qt::Key_Right}, {"up", Qt::Key_Up},
+      {"down", Qt::Key_Down},     {"enter", Qt::Key_Enter}, {"return", Qt::Key_Return},
+      {"escape", Qt::Key_Escape}, {"space", Qt::Key_Space}};
   fakes::FakeDesktop desktop_;
   const ChessGraphics graphics_ = ColouredGraphics();
   QPointer<BoardWindow> window_;

@@ -63,14 +63,6 @@ TEST_F(ProgramTest, TheMailAccountCanBeSeenAndChanged) {
     EXPECT_EQ(Field(dialog, "MyName").text(), u"anna"_s);
     EXPECT_EQ(Field(dialog, "MyAddress").text(), u"anna@example.org"_s);
     EXPECT_EQ(Field(dialog, "PostFolder").text().toStdString(), post);
-    Press(dialog, "OkButton");
-  });
-  Press(list, "AccountButton");
-  EXPECT_FALSE(platform::Process().Offline) << "nothing was changed";
-
-  OnNextDialog([](QWidget& dialog) {
-    Field(dialog, "MyAddress").setText(u"dora at home"_s);
-    EXPECT_FALSE(dialog.findChild<QPushButton*>(u"OkButton"_s)->isEnabled());
     Field(dialog, "MyAddress").setText(u"dora"_s);
     Press(dialog, "OkButton");
   });

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QDir>
 #include <QImage>
 #include <QLabel>
 #include <QTest>
@@ -13,6 +14,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "fakes/fake_desktop.h"
 #include "platform/process_state.h"
@@ -24,19 +26,14 @@ namespace ui {
 
 inline QColor ColourOfCell(int cell) { return {cell * 8, 255 - cell * 8, cell % 2 * 255}; }
 
-inline QImage ColouredSheet(int cellWidth, int cellHeight) {
-  QImage sheet(cellWidth * 8, cellHeight * 4, QImage::Format_RGB32);
-  for (int y = 0; y < sheet.height(); ++y) {
-    for (int x = 0; x < sheet.width(); ++x) {
-      sheet.setPixelColor(x, y, ColourOfCell(y / cellHeight * 8 + x / cellWidth));
-    }
-  }
-  return sheet;
-}
-
 inline ChessGraphics ColouredGraphics() {
   ChessGraphics graphics;
-  graphics.ChessSet = ColouredSheet(10, 10);
+  graphics.ChessSet = QImage(80, 40, QImage::Format_RGB32);
+  for (int y = 0; y < 40; ++y) {
+    for (int x = 0; x < 80; ++x) {
+      graphics.ChessSet.setPixelColor(x, y, ColourOfCell(y / 10 * 8 + x / 10));
+    }
+  }
   for (QImage& icon : graphics.IconSet) {
     icon = QImage(16, 16, QImage::Format_ARGB32);
     icon.fill(Qt::red);
@@ -44,34 +41,43 @@ inline ChessGraphics ColouredGraphics() {
   return graphics;
 }
 
+/// Writes a chess set into a folder, in which it is called "Plain".
+inline void SaveChessSet(const QString& folder) {
+  const ChessGraphics graphics = ColouredGraphics();
+  EXPECT_TRUE(QDir().mkpath(folder));
+  for (const char* side : {"White", "Black"}) {
+    for (const char* kind : {"Rook", "Knight", "Bishop", "Queen", "King", "Pawn"}) {
+      EXPECT_TRUE(graphics.IconSet[0].save(
+          QStringLiteral("%1/%2%3.ico")
+              .arg(folder, QLatin1StringView(side), QLatin1StringView(kind))));
+    }
+  }
+  EXPECT_TRUE(graphics.ChessSet.save(folder + QStringLiteral("/Plain.jpg"), "PNG"));
+}
+
 struct PlayedEntry {
   const char* coordinates;
   const char* text;
-  const char* comment = "";
 };
 
-inline std::int32_t StoreGame(const std::vector<PlayedEntry>& entries, bool playsWhite = true,
-                              std::int16_t status = store::MoveWaiting,
-                              const std::string& startBoard = {}) {
+inline void StoreGame(std::int32_t id, std::int16_t status, const std::string& opponent,
+                      const std::vector<PlayedEntry>& entries) {
   store::GameRecord game;
-  game.GAME_ID = static_cast<std::int32_t>(1);
+  game.GAME_ID = id;
   game.GAME_DATESTAMP = "090320260805";
-  game.GAME_NAME = "Café <b>match</b> & more";
+  game.GAME_NAME = "Game <b>" + std::to_string(id) + "</b>";
   game.GAME_DATE = "09/03/2026";
   game.GAME_OPPONENTS_EMAIL = "eva@example.org";
-  game.GAME_WHITE_NAME = playsWhite ? "Me" : "Eva <i>Ü</i>";
-  game.GAME_BLACK_NAME = playsWhite ? "Eva <i>Ü</i>" : "Me";
-  game.GAME_OPPONENTS_NAME = "Eva <i>Ü</i>";
-  game.GAME_HOST = playsWhite;
+  game.GAME_OPPONENTS_NAME = opponent;
+  game.GAME_BLACK_NAME = opponent;
+  game.GAME_HOST = true;
   game.GAME_STATUS = status;
-  game.GAME_START_BOARD = startBoard;
   store::MoveRecords moves;
   for (const PlayedEntry& entry : entries) {
-    moves.push_back({static_cast<std::int32_t>(moves.size()) + 1, entry.coordinates, entry.text,
-                     entry.comment});
+    moves.push_back(
+        {static_cast<std::int32_t>(moves.size()) + 1, entry.coordinates, entry.text, ""});
   }
   EXPECT_TRUE(store::SaveGame(game, moves));
-  return game.GAME_ID;
 }
 
 /// Runs `work` on the next dialog, once it is up.

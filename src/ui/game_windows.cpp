@@ -4,10 +4,14 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <exception>
+#include <string>
+#include <system_error>
 
 #include "mail/mail_session.h"
 #include "platform/busy_pointer.h"
 #include "platform/desktop.h"
+#include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
@@ -33,6 +37,15 @@ void Replace(QWidget& old, QWidget& next) {
   next.move(std::max(screen.left(), std::min(frame.left(), screen.right() + 1 - frame.width())),
             std::max(screen.top(), std::min(frame.top(), screen.bottom() + 1 - frame.height())));
   next.show();
+}
+
+void TellFailedOpening(const std::exception& error) {
+  const auto* system = dynamic_cast<const std::system_error*>(&error);
+  const int number = system ? system->code().value() : 0;
+  platform::ShowMessage(platform::ErrorIcon, "Options error",
+                        "The following error prevented the game board from opening:||" +
+                            std::to_string(number) + ": " + error.what(),
+                        "OK");
 }
 
 }  // namespace
@@ -83,7 +96,13 @@ void GameWindows::OpenGame(std::int32_t gameID) {
   Process().CheckTimerHeld = true;
   Process().BoardFromGameList = true;
   Process().CurrentGameID = gameID;
-  ShowBoard();
+  try {
+    ShowBoard();
+  } catch (const std::exception& error) {
+    platform::SetCheckTimer(true);
+    Process().CheckTimerHeld = false;
+    TellFailedOpening(error);
+  }
 }
 
 void GameWindows::ShowBoard() {

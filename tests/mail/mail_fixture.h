@@ -49,8 +49,11 @@ class MailFixture : public testing::Test {
   static std::string Line(const std::string& thirteenFields, int moves) {
     std::string line = thirteenFields;
     for (const store::MoveRecord& move : Moves(moves)) {
-      line += "|" + std::to_string(move.MoveNumber) + "|" + move.MoveCoordinates + "|" +
-              move.MoveText + "|" + move.MoveComment;
+      const std::string number = std::to_string(move.MoveNumber);
+      for (const std::string& field :
+           {number, move.MoveCoordinates, move.MoveText, move.MoveComment}) {
+        line.append("|").append(field);
+      }
     }
     return line + "\r\n";
   }

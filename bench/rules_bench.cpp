@@ -6,6 +6,7 @@
 #include <random>
 
 #include "ai/candidates.h"
+#include "ai/perft.h"
 #include "board/board.h"
 #include "rules/board_text.h"
 #include "rules/test_moves.h"
@@ -20,25 +21,11 @@ void StartPosition() {
   rules::RebuildCastleState();
 }
 
-std::size_t CountLeaves(rules::Side side, int depth, rules::LastMove lastMove, int sideInCheck) {
-  ai::CandidateList list;
-  ai::GenerateAllMoves(side, list, lastMove, sideInCheck);
-  if (depth == 1) return list.size();
-  std::size_t leaves = 0;
-  for (const ai::CandidateMove& move : list) {
-    const rules::PieceCode piece = ThePosition().BoardState.At(move.from);
-    rules::MakeTestMove(side, move.from, move.to, piece, lastMove, sideInCheck);
-    leaves += CountLeaves(rules::OtherSide(side), depth - 1, {move.from, move.to}, sideInCheck);
-    rules::UndoTestMove(sideInCheck);
-  }
-  return leaves;
-}
-
 void Perft(benchmark::State& state) {
   StartPosition();
   for (auto _ : state) {
-    state.counters["nodes"] = static_cast<double>(
-        CountLeaves(rules::White, static_cast<int>(state.range(0)), {}, rules::NobodyInCheck));
+    state.counters["nodes"] = static_cast<double>(ai::CountMoveSequences(
+        rules::White, static_cast<int>(state.range(0)), {}, rules::NobodyInCheck));
   }
 }
 BENCHMARK(Perft)->Arg(4)->Arg(5)->Unit(benchmark::kMillisecond);

@@ -8,10 +8,10 @@
 #include <sstream>
 
 #include "ai/candidates.h"
+#include "ai/perft.h"
 #include "cli/played_board.h"
 #include "cli/verbs.h"
 #include "rules/board_text.h"
-#include "rules/test_moves.h"
 
 namespace cli {
 namespace {
@@ -111,21 +111,6 @@ Reached ReachPosition(const PositionLine& line, CollectedMessages& messages) {
   return {entries % 2 == 0 ? rules::White : rules::Black, played.logic.Moves.MoveOf(entries)};
 }
 
-std::int64_t CountLeaves(rules::Side side, int depth, rules::LastMove lastMove, int sideInCheck) {
-  if (depth == 0) return 1;
-  ai::CandidateList list;
-  ai::GenerateAllMoves(side, list, lastMove, sideInCheck);
-  if (depth == 1) return static_cast<std::int64_t>(list.size());
-  std::int64_t leaves = 0;
-  for (const ai::CandidateMove& move : list) {
-    const rules::PieceCode piece = ThePosition().BoardState.At(move.from);
-    rules::MakeTestMove(side, move.from, move.to, piece, lastMove, sideInCheck);
-    leaves += CountLeaves(rules::OtherSide(side), depth - 1, {move.from, move.to}, sideInCheck);
-    rules::UndoTestMove(sideInCheck);
-  }
-  return leaves;
-}
-
 }  // namespace
 
 bool Replay(const Call& call) {
@@ -151,7 +136,7 @@ bool Perft(const Call& call) {
   const auto count = [&](const PositionLine& line) {
     const Reached reached = ReachPosition(line, call.messages);
     const std::int64_t nodes =
-        CountLeaves(reached.side, depth, reached.lastMove, ThePosition().SideInCheck);
+        ai::CountMoveSequences(reached.side, depth, reached.lastMove, ThePosition().SideInCheck);
     JsonObject().Add("nodes", nodes).Print();
   };
   const bool typed = isatty(STDIN_FILENO) != 0;

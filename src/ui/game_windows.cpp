@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/game_windows.h"
 
+#include <QException>
 #include <QScreen>
 
 #include <algorithm>
@@ -40,6 +41,15 @@ void Replace(QWidget& old, QWidget& next) {
 }
 
 void TellFailedOpening(const std::exception& error) {
+  if (dynamic_cast<const QException*>(&error)) {
+    platform::ShowMessage(
+        platform::ErrorIcon, "Automation error",
+        "There is a problem with Windows and OLE Automation.  Please visit https://www.debian.org "
+        "or my website and download and install either DCOM95 for Windows 95 or DCOM98 for Windows "
+        "98.",
+        "Ok");
+    return;
+  }
   const auto* system = dynamic_cast<const std::system_error*>(&error);
   const int number = system ? system->code().value() : 0;
   platform::ShowMessage(platform::ErrorIcon, "Options error",

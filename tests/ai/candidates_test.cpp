@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <random>
 
+#include "ai/perft.h"
 #include "ai/plain_chess.h"
 #include "rules/attack.h"
 #include "rules/game_end.h"
@@ -84,19 +85,6 @@ struct Turn {
   }
 };
 
-long CountMoves(const Turn& turn, int depth) {
-  const CandidateList moves = turn.Moves();
-  if (depth == 1) return static_cast<long>(moves.size());
-  long count = 0;
-  for (const CandidateMove& move : moves) {
-    Turn next = turn.Play(move);
-    count += CountMoves(next, depth - 1);
-    rules::UndoTestMove(next.sideInCheck);
-    EXPECT_EQ(next.sideInCheck, turn.sideInCheck);
-  }
-  return count;
-}
-
 /// The position on the board, as the second opinion reads it.
 PlainChess Plain(const Turn& turn) {
   rules::Position& position = ThePosition();
@@ -125,7 +113,10 @@ constexpr const char* passing = "Ka5 Pb5 Rb4 pc7 pd6 pf4 kh4 rh5 Pe2 Pg2";
 TEST(CandidatesTest, MovesFromTheStartCountAsTheyAreKnown) {
   rules::Place("start");
   const long counts[] = {20, 400, 8902, 197281, 4865609};
-  for (int depth = 1; depth <= 5; ++depth) EXPECT_EQ(CountMoves({}, depth), counts[depth - 1]);
+  const Untouched before;
+  for (int depth = 1; depth <= 5; ++depth) {
+    EXPECT_EQ(CountMoveSequences(White, depth, {}, NobodyInCheck), counts[depth - 1]);
+  }
 }
 
 std::size_t Replies(const Turn& turn, const CandidateMove& move) {

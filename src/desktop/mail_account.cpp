@@ -27,6 +27,7 @@ constexpr TextField textFields[] = {
     {"SmtpHost", &MailAccount::SmtpHost, true},
     {"SmtpSecurity", &MailAccount::SmtpSecurity, true},
     {"UserName", &MailAccount::UserName, true},
+    {"TokenCommand", &MailAccount::TokenCommand, true},
 };
 
 struct PortField {
@@ -82,6 +83,22 @@ bool SaveMailAccount(const MailAccount& account) {
     stored &= platform::WriteRegistry(platform::mailSection, name, std::to_string(account.*member));
   }
   return stored;
+}
+
+bool NeedsPassword(const MailAccount& account) {
+  return account.MailKind == "Imap" && account.TokenCommand.empty();
+}
+
+std::string PasswordKey(const MailAccount& account) {
+  return account.UserName + '@' + account.ImapHost;
+}
+
+bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords) {
+  const MailAccount& account = answer.account;
+  // The password first: an account without its password would be of no use.
+  const bool keeps = answer.password && NeedsPassword(account);
+  if (keeps && !passwords.Write(PasswordKey(account), *answer.password)) return false;
+  return SaveMailAccount(account);
 }
 
 }  // namespace desktop

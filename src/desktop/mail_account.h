@@ -1,25 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Who the user is to his mail service, and which service that is: the settings' section "Mail",
-// each value under its member's name.
+// Reading and writing the mail account's settings.
 #pragma once
 
 #include <string>
 
+#include "desktop/passwords.h"
+#include "platform/mail_account.h"
+
 namespace desktop {
 
-struct MailAccount {
-  std::string MailKind = "Post";  ///< "Post", "Imap" or "System"
-  std::string MyName;
-  std::string MyAddress;
-  std::string PostFolder;  ///< ends in "/"; relative to the program folder or absolute
-  std::string ImapHost;
-  int ImapPort = 993;
-  std::string ImapSecurity = "Tls";  ///< "Tls", "StartTls" or "None"
-  std::string SmtpHost;
-  int SmtpPort = 465;
-  std::string SmtpSecurity = "Tls";
-  std::string UserName;
-};
+using platform::AccountAnswer;
+using platform::MailAccount;
 
 /// What is stored, defaults standing in for what isn't. Without a stored account MyAddress is
 /// blank.
@@ -31,5 +22,14 @@ MailAccount WithLoginName(MailAccount account);
 
 /// False where the settings can't be written.
 bool SaveMailAccount(const MailAccount& account);
+
+/// Whether the account's service wants a password.
+bool NeedsPassword(const MailAccount& account);
+
+/// Where the account's password is kept.
+std::string PasswordKey(const MailAccount& account);
+
+/// The account, and the password where one was given. False where either can't be stored.
+bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords);
 
 }  // namespace desktop

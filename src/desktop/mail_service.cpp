@@ -48,11 +48,6 @@ void RequireUsableAddress(const MailAccount& account) {
 
 }  // namespace
 
-std::unique_ptr<MailTransport> MakeMailTransport(const MailAccount& account) {
-  if (account.MailKind == "Post") return std::make_unique<PostOffice>(account);
-  throw MailError("unknown kind of mail account: " + account.MailKind);
-}
-
 /// A look at the Inbox that is under way or has been taken. The mail thread fills it before `done`
 /// is set, the window's thread reads it behind that.
 struct MailService::Listing {
@@ -79,26 +74,40 @@ class MailService::Errand {
   bool& busy_;
 };
 
-MailService::MailService(platform::Events& events, AskAccount ask, MakeTransport make)
+MailService::MailService(platform::Events& events, Passwords& passwords, AskAccount ask,
+                         MakeTransport make)
     : events_(events),
+      passwords_(passwords),
       ask_(std::move(ask)),
       make_(std::move(make)),
       audience_(std::make_shared<bool>()),
       thread_(events) {}
 
-MailAccount MailService::Account() {
-  MailAccount account = LoadMailAccount();
-  const bool asks = ask_ && account.MyAddress.empty();
-  account = WithLoginName(account);
+AccountAnswer MailService::StoredAccount() const {
+  AccountAnswer stored{LoadMailAccount(), {}};
+  if (NeedsPassword(stored.account)) stored.password = passwords_.Read(PasswordKey(stored.account));
+  return stored;
+}
+
+AccountAnswer MailService::Account() {
+  AccountAnswer account = StoredAccount();
+  const bool complete = !account.account.MyAddress.empty() &&
+                        (account.password || !NeedsPassword(account.account));
+  account.account = WithLoginName(account.account);
+  const bool asks = ask_ && !complete;
   if (asks) {
-    const auto answer = ask_(account);
+    const auto answer = ask_(account.account);
     if (!answer) throw MailError("no mail account");
-    account = WithLoginName(*answer);
+    account = {WithLoginName(answer->account), answer->password};
   }
-  RequireUsableAddress(account);
-  if (asks) SaveMailAccount(account);
-  account.PostFolder =
-      (std::filesystem::path(platform::Process().ProgramFolder) / account.PostFolder).string();
+  RequireUsableAddress(account.account);
+  if (asks) {
+    SaveAccountAnswer(account, passwords_);
+  } else if (!complete && NeedsPassword(account.account)) {
+    throw MailError("no password is kept for this mail account");
+  }
+  std::string& folder = account.account.PostFolder;
+  folder = (std::filesystem::path(platform::Process().ProgramFolder) / folder).string();
   return account;
 }
 
@@ -106,11 +115,13 @@ void MailService::SignOn() {
   if (session_ != 0) return;
   const Errand errand(busy_);
   RaisingMailErrors([this] {
-    account_ = Account();
+    const AccountAnswer answer = Account();
+    account_ = answer.account;
     // Made and, where it can't be opened, destroyed on its own thread.
     const auto opened = std::make_shared<std::shared_ptr<MailTransport>>();
-    thread_.Run([opened, make = make_, account = account_] {
-      std::shared_ptr<MailTransport> transport = make(account);
+    thread_.Run([opened, make = make_, answer] {
+      std::shared_ptr<MailTransport> transport =
+          make(answer.account, answer.password.value_or(std::string{}));
       transport->Open();
       *opened = std::move(transport);
     });
@@ -125,6 +136,7 @@ void MailService::SignOff() {
   audience_ = std::make_shared<bool>();
   prefetched_.reset();
   set_.clear();
+  transport_->Hurry();
   std::function<void()> close = [transport = std::exchange(transport_, nullptr)] {
     transport->Close();
   };

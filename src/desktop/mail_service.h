@@ -21,13 +21,15 @@ namespace desktop {
 class MailService : public platform::MAPISession, public platform::MAPIMessages {
  public:
   /// Asks the user for his account, given a suggestion; nothing where he cancels.
-  using AskAccount = std::function<std::optional<MailAccount>(const MailAccount& suggestion)>;
-  using MakeTransport = std::function<std::unique_ptr<MailTransport>(const MailAccount& account)>;
+  using AskAccount = std::function<std::optional<AccountAnswer>(const MailAccount& suggestion)>;
+  using MakeTransport = std::function<std::unique_ptr<MailTransport>(const MailAccount& account,
+                                                                     const std::string& password)>;
 
-  /// Without `ask` the suggestion is taken unasked, and not stored, so that a program that can ask
-  /// still does. `make` is called on the mail thread. `events` must outlive the service.
-  explicit MailService(platform::Events& events, AskAccount ask = {},
-                       MakeTransport make = MakeMailTransport);
+  /// The user is asked where there is no account yet, or no password for it. Without `ask` the
+  /// suggestion is taken unasked, and not stored, so that a program that can ask still does. `make`
+  /// is called on the mail thread. `events` and `passwords` must outlive the service.
+  MailService(platform::Events& events, Passwords& passwords, AskAccount ask = {},
+              MakeTransport make = MakeMailTransport);
 
   // SignOn, Fetch and Send let events run while they wait. An event that calls one of the three
   // again is refused with a MailError.
@@ -68,7 +70,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   class Errand;
   struct Listing;
 
-  MailAccount Account();
+  AccountAnswer Account();
+  AccountAnswer StoredAccount() const;
   std::shared_ptr<Listing> List();
   void RequireSession() const;
   FetchedMail& Current();
@@ -76,6 +79,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   Mailbox& MadeRecipient();
 
   platform::Events& events_;
+  Passwords& passwords_;
   AskAccount ask_;
   MakeTransport make_;
 

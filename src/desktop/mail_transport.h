@@ -51,9 +51,14 @@ class MailTransport {
   virtual void Send(const OutgoingMail& mail) = 0;
 
   virtual void Close() = 0;
+
+  /// Callable from any thread: the user is waiting to leave. What isn't done in a few seconds more
+  /// raises, and so does everything behind it.
+  virtual void Hurry() {}
 };
 
 /// The transport of an account's kind. Raises MailError where there is none.
-std::unique_ptr<MailTransport> MakeMailTransport(const MailAccount& account);
+std::unique_ptr<MailTransport> MakeMailTransport(const MailAccount& account,
+                                                 const std::string& password);
 
 }  // namespace desktop

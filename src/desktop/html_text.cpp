@@ -4,13 +4,38 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <iterator>
 #include <utility>
+
+#include "platform/text_fields.h"
 
 namespace desktop {
 namespace {
 
+/// What editors make of one of two blanks, so that both count. It becomes a plain one in the end.
+constexpr std::string_view noBreakSpace = "\u00A0";
+
 constexpr std::pair<std::string_view, std::string_view> namedReferences[] = {
-    {"lt", "<"}, {"gt", ">"}, {"amp", "&"}, {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
+    {"lt", "<"},     {"gt", ">"},     {"amp", "&"},    {"quot", "\""},  {"apos", "'"},
+    {"ndash", "–"},  {"mdash", "—"},  {"lsquo", "‘"},  {"rsquo", "’"},  {"sbquo", "‚"},
+    {"ldquo", "“"},  {"rdquo", "”"},  {"bdquo", "„"},  {"lsaquo", "‹"}, {"rsaquo", "›"},
+    {"hellip", "…"}, {"bull", "•"},   {"trade", "™"},  {"euro", "€"},   {"OElig", "Œ"},
+    {"oelig", "œ"},  {"Scaron", "Š"}, {"scaron", "š"}, {"Yuml", "Ÿ"}};
+
+/// The characters from 160 to 255, in order.
+constexpr std::string_view latinReferences[] = {
+    "nbsp",   "iexcl",  "cent",   "pound",  "curren", "yen",    "brvbar", "sect",   "uml",
+    "copy",   "ordf",   "laquo",  "not",    "shy",    "reg",    "macr",   "deg",    "plusmn",
+    "sup2",   "sup3",   "acute",  "micro",  "para",   "middot", "cedil",  "sup1",   "ordm",
+    "raquo",  "frac14", "frac12", "frac34", "iquest", "Agrave", "Aacute", "Acirc",  "Atilde",
+    "Auml",   "Aring",  "AElig",  "Ccedil", "Egrave", "Eacute", "Ecirc",  "Euml",   "Igrave",
+    "Iacute", "Icirc",  "Iuml",   "ETH",    "Ntilde", "Ograve", "Oacute", "Ocirc",  "Otilde",
+    "Ouml",   "times",  "Oslash", "Ugrave", "Uacute", "Ucirc",  "Uuml",   "Yacute", "THORN",
+    "szlig",  "agrave", "aacute", "acirc",  "atilde", "auml",   "aring",  "aelig",  "ccedil",
+    "egrave", "eacute", "ecirc",  "euml",   "igrave", "iacute", "icirc",  "iuml",   "eth",
+    "ntilde", "ograve", "oacute", "ocirc",  "otilde", "ouml",   "divide", "oslash", "ugrave",
+    "uacute", "ucirc",  "uuml",   "yacute", "thorn",  "yuml"};
+static_assert(std::size(latinReferences) == 96);
 
 constexpr std::string_view lineTags[] = {"br", "p",  "div", "tr", "li",  "h1",        "h2",
                                          "h3", "h4", "h5",  "h6", "pre", "blockquote"};
@@ -20,7 +45,6 @@ constexpr std::string_view blanks = " \t\r\n";
 bool IsBlank(char c) { return blanks.find(c) != std::string_view::npos; }
 
 std::string Utf8Of(unsigned code) {
-  if (code == 0xA0) return " ";
   if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return {};
   if (code < 0x80) return {static_cast<char>(code)};
   std::string bytes;
@@ -38,6 +62,10 @@ std::string Utf8Of(unsigned code) {
 std::string ReferencedText(std::string_view reference) {
   for (const auto& [name, text] : namedReferences) {
     if (reference == name) return std::string(text);
+  }
+  const auto latin = std::find(std::begin(latinReferences), std::end(latinReferences), reference);
+  if (latin != std::end(latinReferences)) {
+    return Utf8Of(160 + static_cast<unsigned>(latin - std::begin(latinReferences)));
   }
   if (!reference.starts_with('#')) return {};
   reference.remove_prefix(1);
@@ -81,6 +109,7 @@ struct HtmlWalk {
     SkipBehind(">");
     if (name == "pre") preformatted = !closing;
     if (std::find(std::begin(lineTags), std::end(lineTags), name) != std::end(lineTags)) {
+      if (text.ends_with(' ') && !preformatted) text.pop_back();
       if (name == "br" || (!text.empty() && !text.ends_with('\n'))) text += "\r\n";
     }
   }
@@ -96,15 +125,20 @@ struct HtmlWalk {
   void TakeBlanks() {
     const std::string_view run = rest.substr(0, rest.find_first_not_of(blanks));
     rest.remove_prefix(run.size());
+    // A line break of the source is a blank, but none at the beginning of a field of ours.
+    const bool endsField = text.ends_with('|') || text.ends_with(';');
     if (preformatted) {
       text += run;
+    } else if (endsField && run.find('\n') != std::string_view::npos) {
+      text += "\r\n";
     } else if (!text.empty() && !IsBlank(text.back())) {
       text += ' ';
     }
   }
 };
 
-/// "<" followed by anything else stands for itself.
+/// "<" followed by anything else stands for itself, and so does "<<": a marker of ours that nobody
+/// has escaped begins with it.
 bool BeginsTag(std::string_view rest) {
   if (rest.size() < 2 || rest[0] != '<') return false;
   return std::isalpha(static_cast<unsigned char>(rest[1])) || rest[1] == '/' || rest[1] == '!' ||
@@ -117,7 +151,10 @@ std::string HtmlToText(std::string_view html) {
   HtmlWalk walk(html);
   while (!walk.rest.empty()) {
     const char c = walk.rest.front();
-    if (BeginsTag(walk.rest)) {
+    if (walk.rest.starts_with("<<")) {
+      walk.text += "<<";
+      walk.rest.remove_prefix(2);
+    } else if (BeginsTag(walk.rest)) {
       walk.TakeTag();
     } else if (c == '&') {
       walk.TakeReference();
@@ -128,7 +165,7 @@ std::string HtmlToText(std::string_view html) {
       walk.rest.remove_prefix(1);
     }
   }
-  return std::move(walk.text);
+  return platform::ReplaceAll(walk.text, noBreakSpace, " ");
 }
 
 }  // namespace desktop

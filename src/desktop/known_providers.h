@@ -8,9 +8,15 @@
 
 namespace desktop {
 
+bool IsKnownProvider(std::string_view address);
+
 /// `account` with the servers, ports, securities and user name that its address suggests: a known
 /// provider's, else names made of the address's domain. What the address says nothing about stays.
 MailAccount WithGuessedServers(MailAccount account);
+
+/// Whether nobody has chosen the account's servers yet: they are blank, or what its address
+/// suggests.
+bool HasGuessedServers(const MailAccount& account);
 
 /// A sentence for somebody whose right password was refused: that this provider wants a password of
 /// its own for programs, or IMAP switched on first, and where. Blank where nothing is known.

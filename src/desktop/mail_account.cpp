@@ -4,8 +4,13 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <filesystem>
+
 #include "desktop/folders.h"
+#include "desktop/mail_text.h"
+#include "desktop/post_office.h"
 #include "platform/conversions.h"
+#include "platform/process_state.h"
 #include "platform/registry.h"
 
 namespace desktop {
@@ -83,6 +88,18 @@ bool SaveMailAccount(const MailAccount& account) {
     stored &= platform::WriteRegistry(platform::mailSection, name, std::to_string(account.*member));
   }
   return stored;
+}
+
+bool HasUsableAddress(const MailAccount& account) {
+  const std::string& address = account.MyAddress;
+  if (account.MailKind != "Post") return IsMailAddress(address);
+  return !IsBlank(address) && IsMailAddress(LocalAddress(address));
+}
+
+MailAccount WithAbsolutePostFolder(MailAccount account) {
+  const std::filesystem::path program = platform::Process().ProgramFolder;
+  account.PostFolder = (program / account.PostFolder).string();
+  return account;
 }
 
 bool NeedsPassword(const MailAccount& account) {

@@ -23,6 +23,12 @@ MailAccount WithLoginName(MailAccount account);
 /// False where the settings can't be written.
 bool SaveMailAccount(const MailAccount& account);
 
+/// Whether mail can be sent from the account's address.
+bool HasUsableAddress(const MailAccount& account);
+
+/// `account` with its post folder as seen from the program folder.
+MailAccount WithAbsolutePostFolder(MailAccount account);
+
 /// Whether the account's service wants a password.
 bool NeedsPassword(const MailAccount& account);
 

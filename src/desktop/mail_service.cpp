@@ -3,12 +3,9 @@
 
 #include <atomic>
 #include <exception>
-#include <filesystem>
 #include <utility>
 
 #include "desktop/mail_text.h"
-#include "desktop/post_office.h"
-#include "platform/process_state.h"
 
 namespace desktop {
 namespace {
@@ -37,13 +34,6 @@ std::vector<FetchedMail> HandedOut(std::vector<FetchedMail> mails) {
     if (mail.name.find_first_not_of(' ') == std::string::npos) mail.name = mail.address;
   }
   return mails;
-}
-
-/// Raises where no mail could ever be sent from the account's address.
-void RequireUsableAddress(const MailAccount& account) {
-  const std::string& address = account.MyAddress;
-  if (IsMailAddress(account.MailKind == "Post" ? LocalAddress(address) : address)) return;
-  throw MailError("your address \"" + address + "\" can't be used as a mail address");
 }
 
 }  // namespace
@@ -91,8 +81,8 @@ AccountAnswer MailService::StoredAccount() const {
 
 AccountAnswer MailService::Account() {
   AccountAnswer account = StoredAccount();
-  const bool complete = !account.account.MyAddress.empty() &&
-                        (account.password || !NeedsPassword(account.account));
+  const bool complete =
+      !account.account.MyAddress.empty() && (account.password || !NeedsPassword(account.account));
   account.account = WithLoginName(account.account);
   const bool asks = ask_ && !complete;
   if (asks) {
@@ -100,14 +90,16 @@ AccountAnswer MailService::Account() {
     if (!answer) throw MailError("no mail account");
     account = {WithLoginName(answer->account), answer->password};
   }
-  RequireUsableAddress(account.account);
+  if (!HasUsableAddress(account.account)) {
+    throw MailError("your address \"" + account.account.MyAddress +
+                    "\" can't be used as a mail address");
+  }
   if (asks) {
     SaveAccountAnswer(account, passwords_);
   } else if (!complete && NeedsPassword(account.account)) {
     throw MailError("no password is kept for this mail account");
   }
-  std::string& folder = account.account.PostFolder;
-  folder = (std::filesystem::path(platform::Process().ProgramFolder) / folder).string();
+  account.account = WithAbsolutePostFolder(account.account);
   return account;
 }
 
@@ -137,17 +129,13 @@ void MailService::SignOff() {
   prefetched_.reset();
   set_.clear();
   transport_->Hurry();
-  std::function<void()> close = [transport = std::exchange(transport_, nullptr)] {
-    transport->Close();
-  };
-  for (const auto& work :
-       {std::function<void()>([this] { thread_.Flush(); }),
-        std::function<void()>([this, &close] { thread_.Run(std::move(close)); })}) {
-    try {
-      work();
-    } catch (const std::exception&) {
-      // the session ends in any case
-    }
+  const auto transport = std::exchange(transport_, nullptr);
+  thread_.Post([transport] { transport->Flush(); });
+  thread_.Post([transport] { transport->Close(); });
+  try {
+    thread_.Flush();
+  } catch (const std::exception&) {
+    // the session ends in any case
   }
 }
 
@@ -255,6 +243,7 @@ void MailService::DeleteRecipient() {
 }
 
 void MailService::Flush() {
+  if (transport_) thread_.Post([transport = transport_] { transport->Flush(); });
   RaisingMailErrors([this] { thread_.Flush(); });
 }
 

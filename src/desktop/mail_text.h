@@ -28,18 +28,22 @@ std::string WithoutReserved(std::string_view text);
 /// that has a meaning of its own there.
 bool IsMailAddress(std::string_view text);
 
-/// The mail's bytes, with CR LF line ends. The text stands there as it is where mail's limit on the
-/// length of lines allows, so that a saved mail reads as the text does. Raises MailError for an
-/// address that is none.
-std::string ComposeMail(const OutgoingMail& mail);
+/// How a text's lines may travel. Not every server takes bytes above 127.
+enum class Lines { EightBit, SevenBit };
+
+/// The mail's bytes, with CR LF line ends. The text stands there as it is where that may be, so
+/// that a saved mail reads as the text does, and as quoted-printable elsewhere. Raises MailError
+/// for an address that is none.
+std::string ComposeMail(const OutgoingMail& mail, Lines lines = Lines::EightBit);
 
 /// The decoded subject of a mail of which at least the header is given; blank where it has none.
 /// Raises MailError for what can't be read.
 std::string SubjectOf(std::string_view bytes);
 
-/// Subject, sender and text of a whole mail. The text keeps the mail's line ends. The sender's
-/// address is blank where the mail has no usable one. Raises MailError for what can't be read, and
-/// for a mail of so many parts that it can only be meant to be expensive.
+/// Subject, sender and text of a whole mail. The text keeps the mail's line ends. A mail without a
+/// usable sender's address has a blank one and no text: nobody could ever be answered. Raises
+/// MailError for what can't be read, for a mail of so many parts that it can only be meant to be
+/// expensive, and for one that a program wrote by itself as an answer.
 FetchedMail ParseMail(const std::string& bytes);
 
 }  // namespace desktop

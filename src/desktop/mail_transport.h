@@ -43,9 +43,13 @@ class MailTransport {
   /// Changes no marks.
   virtual std::vector<FetchedMail> List(bool unreadOnly) = 0;
 
-  /// Both are satisfied with a mail that is no longer there.
+  /// Both are satisfied with a mail that is no longer there, and may be put off until Flush or the
+  /// next List.
   virtual void MarkRead(const std::string& id) = 0;
   virtual void Remove(const std::string& id) = 0;
+
+  /// Carries out what was put off. What fails is given up.
+  virtual void Flush() {}
 
   /// Returns when the next hop has accepted the mail for all recipients.
   virtual void Send(const OutgoingMail& mail) = 0;

@@ -3,6 +3,7 @@
 // only the user can read. They go nowhere else.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -19,5 +20,12 @@ class Passwords {
   /// False where it can't be kept; what was kept before then stands.
   virtual bool Write(const std::string& key, const std::string& password) = 0;
 };
+
+/// The passwords that belong to the settings of that file. Those of a portable program folder lie
+/// in it, as all it knows does; the user's own go to his keyring.
+std::unique_ptr<Passwords> PasswordsBeside(const std::string& settingsFile);
+
+/// A crash then leaves no picture of the memory behind, which has passwords in it.
+void ForbidCoreDumps();
 
 }  // namespace desktop

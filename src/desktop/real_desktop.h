@@ -8,15 +8,16 @@
 
 #include "desktop/ini_settings.h"
 #include "desktop/mail_service.h"
+#include "desktop/passwords.h"
 #include "desktop/posix_files.h"
+#include "desktop/qt_events.h"
 #include "desktop/system_clock.h"
-#include "platform/events.h"
 #include "platform/sounds.h"
 
 namespace desktop {
 
-/// Installs itself for its lifetime. Where there is an application object it waits in that one's
-/// event loop, and can play sounds; make it after that object.
+/// Installs itself for its lifetime. Waits in the event loop of the application object, which must
+/// be there already.
 class RealDesktop {
  public:
   /// `ask` is the dialog for the mail account; without it the login name is taken.
@@ -25,12 +26,15 @@ class RealDesktop {
   RealDesktop(const RealDesktop&) = delete;
   RealDesktop& operator=(const RealDesktop&) = delete;
 
+  Passwords& KeptPasswords() { return *passwords_; }
+
  private:
   PosixFiles files_;
   IniSettings settings_;
+  std::unique_ptr<Passwords> passwords_;
   SystemClock clock_;
   std::unique_ptr<platform::Sounds> sounds_;
-  std::unique_ptr<platform::Events> events_;
+  QtEvents events_;
   MailService mail_;
 };
 

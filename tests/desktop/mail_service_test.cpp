@@ -9,8 +9,9 @@
 #include <stdexcept>
 #include <thread>
 
-#include "desktop/plain_events.h"
 #include "fakes/fake_desktop.h"
+#include "fakes/memory_passwords.h"
+#include "fakes/plain_events.h"
 #include "platform/process_state.h"
 
 namespace {
@@ -100,20 +101,25 @@ class MailServiceTest : public testing::Test {
   std::string& Stored(const std::string& name) { return desktop_.settings.groups["Mail"][name]; }
 
   fakes::FakeDesktop desktop_;
-  desktop::PlainEvents events_;
+  fakes::PlainEvents events_;
+  fakes::MemoryPasswords passwords_;
   Script script_;
   std::vector<MailAccount> accounts_;
   int ready_ = 0;
   int questions_ = 0;
   std::string answeredName_ = "Me";  ///< empty where the user cancels the question
-  MailService service_{events_,
-                       [this](MailAccount suggestion) {
+  std::optional<std::string> answeredPassword_;
+  std::string givenPassword_;
+  MailService service_{events_, passwords_,
+                       [this](MailAccount suggestion) -> std::optional<desktop::AccountAnswer> {
                          ++questions_;
+                         if (answeredName_.empty()) return std::nullopt;
                          suggestion.MyName = answeredName_;
-                         return answeredName_.empty() ? std::nullopt : std::optional(suggestion);
+                         return desktop::AccountAnswer{suggestion, answeredPassword_};
                        },
-                       [this](const MailAccount& account) {
+                       [this](const MailAccount& account, const std::string& password) {
                          accounts_.push_back(account);
+                         givenPassword_ = password;
                          return std::make_unique<ScriptedTransport>(script_);
                        }};
 };
@@ -248,6 +254,9 @@ TEST_F(MailServiceTest, AStoredAccountIsTakenAsItIs) {
   Stored("MyAddress") = "me@x.y";
   Stored("PostFolder") = "our post";
   Stored("ImapPort") = "10143";
+  Stored("UserName") = "me";
+  Stored("ImapHost") = "x.y";
+  passwords_.kept["me@x.y"] = "secret";
   Stored("SmtpPort") = "nonsense";
   SignOn();
   const MailAccount account = accounts_.at(0);
@@ -255,6 +264,7 @@ TEST_F(MailServiceTest, AStoredAccountIsTakenAsItIs) {
   EXPECT_EQ(account.PostFolder, "/program/our post/");
   EXPECT_EQ(account.ImapPort, 10143);
   EXPECT_EQ(account.SmtpPort, 465);
+  EXPECT_EQ(givenPassword_, "secret");
   EXPECT_TRUE(desktop_.settings.writes.empty());
   ASSERT_TRUE(desktop::SaveMailAccount(account));
   EXPECT_EQ(Stored("MyName"), "007") << "a name stays text";
@@ -272,6 +282,26 @@ TEST_F(MailServiceTest, AsksForTheAccountOnceAndNeverAgainWhenAnswered) {
   EXPECT_EQ(questions_, 2);
   EXPECT_TRUE(Stored("MyAddress").ends_with("@localhost"));
   EXPECT_EQ(accounts_.back().MyName, "Müller, Hans");
+}
+
+TEST_F(MailServiceTest, AsksForAPasswordThatIsMissingAndKeepsItApart) {
+  Stored("MailKind") = "Imap";
+  Stored("MyAddress") = Stored("UserName") = "me@x.y";
+  Stored("ImapHost") = "imap.x.y";
+  MailService console(events_, passwords_, {}, [this](const auto&, const auto&) {
+    return std::make_unique<ScriptedTransport>(script_);
+  });
+  EXPECT_THROW(console.SignOn(), MailError) << "nobody can be asked";
+  answeredPassword_ = "s3cret; |\n";
+  SignOn();
+  service_.SignOff();
+  SignOn();
+  EXPECT_EQ(questions_, 1);
+  EXPECT_EQ(givenPassword_, "s3cret; |\n");
+  EXPECT_EQ(passwords_.kept["me@x.y@imap.x.y"], "s3cret; |\n");
+  for (const auto& [name, value] : desktop_.settings.groups["Mail"]) {
+    EXPECT_EQ(value.find("s3cret"), std::string::npos) << name;
+  }
 }
 
 }  // namespace

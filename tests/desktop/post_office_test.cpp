@@ -111,7 +111,7 @@ TEST_F(MaildirTest, DeliversAtOnceFromManySides) {
   for (std::thread& sender : senders) {
     sender = std::thread([this] {
       const Maildir other(path_);
-      for (int n = 0; n < 25; ++n) other.Deliver("Subject: Tarvolenix : x\n\nwhole\n");
+      for (int n = 0; n < 25; ++n) other.Deliver("From: a@b.c\nSubject: Tarvolenix : x\n\nwhole\n");
     });
   }
   std::size_t seen = 0;

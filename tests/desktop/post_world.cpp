@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/mail_service.h"
 #include "desktop/mail_text.h"
-#include "desktop/plain_events.h"
 #include "desktop/post_office.h"
 #include "fakes/fake_desktop.h"
+#include "fakes/memory_passwords.h"
+#include "fakes/plain_events.h"
 #include "mail_world.h"
 #include "temporary_folder.h"
 
@@ -55,8 +56,9 @@ class PostWorld : public MailWorld {
 
   TemporaryFolder folder_;
   fakes::FakeDesktop desktop_;
-  desktop::PlainEvents events_;
-  desktop::MailService service_{events_};
+  fakes::PlainEvents events_;
+  fakes::MemoryPasswords passwords_;
+  desktop::MailService service_{events_, passwords_};
 };
 
 }  // namespace

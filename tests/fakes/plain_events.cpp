@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/plain_events.h"
+#include "fakes/plain_events.h"
 
 #include <utility>
 
-namespace desktop {
+namespace fakes {
 
 void PlainEvents::RunUntil(const std::function<bool()>& done) {
   while (!done()) {
@@ -30,4 +30,4 @@ void PlainEvents::Post(std::function<void()> work) {
   changed_.notify_one();
 }
 
-}  // namespace desktop
+}  // namespace fakes

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Waiting without a toolkit's event loop, for the console.
+// Waiting without a toolkit's event loop.
 #pragma once
 
 #include <condition_variable>
@@ -9,7 +9,7 @@
 
 #include "platform/events.h"
 
-namespace desktop {
+namespace fakes {
 
 /// Posted work runs on the thread that waits in RunUntil, and waits itself until one does.
 class PlainEvents : public platform::Events {
@@ -25,4 +25,4 @@ class PlainEvents : public platform::Events {
   bool woken_ = false;
 };
 
-}  // namespace desktop
+}  // namespace fakes

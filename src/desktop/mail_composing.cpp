@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+
+#include "desktop/mail_library.h"
+#include "desktop/mail_text.h"
+#include "platform/text_fields.h"
+
+namespace desktop {
+namespace {
+
+using platform::MailError;
+
+/// A line of a mail may have 998 bytes; some programs count its end.
+constexpr std::size_t longestLine = 990;
+
+/// What fits into one line of a header beside the field's name.
+constexpr std::size_t longestPlainValue = 66;
+
+/// Bytes of one encoded word, which with its frame then fits there too.
+constexpr std::size_t longestEncoded = 39;
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](unsigned char c) { return c < 128; });
+}
+
+bool IsLetterOrDigit(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+std::string Trimmed(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return std::string(text);
+}
+
+std::string Encoded(const std::string& bytes, const vmime::encoding& encoding) {
+  std::string result;
+  vmime::utility::inputStreamStringAdapter in(bytes);
+  vmime::utility::outputStreamStringAdapter out(result);
+  const auto encoder = encoding.getEncoder();
+  encoder->getProperties()["text"] = true;
+  encoder->getProperties()["maxlinelength"] = 76;
+  encoder->encode(in, out);
+  return result;
+}
+
+/// A header's text as encoded words, each on a line of its own and none ending within a character.
+std::string EncodedWords(std::string_view text) {
+  std::string words;
+  while (!text.empty()) {
+    std::size_t size = std::min(text.size(), longestEncoded);
+    while (size > 1 && size < text.size() && (text[size] & 0xC0) == 0x80) --size;
+    const std::string word =
+        Encoded(std::string(text.substr(0, size)), vmime::encoding(vmime::encodingTypes::BASE64));
+    words.append(words.empty() ? "" : "\r\n ").append("=?utf-8?B?").append(word).append("?=");
+    text.remove_prefix(size);
+  }
+  return words;
+}
+
+/// The prefix stays readable in any case: servers that look for it in subjects may not decode them.
+std::string SubjectValue(const std::string& subject) {
+  const std::string clean = WithoutReserved(subject);
+  const bool plain = clean.size() <= longestPlainValue && IsAscii(clean) &&
+                     clean.find("=?") == std::string::npos && Trimmed(clean) == clean;
+  if (plain) return clean;
+  const std::size_t ahead = subjectPrefix.size() + 1;
+  const bool ours = clean.size() > ahead && clean.starts_with(std::string(subjectPrefix) + ' ');
+  if (!ours) return EncodedWords(clean);
+  return std::string(subjectPrefix) + "\r\n " + EncodedWords(clean.substr(ahead));
+}
+
+/// The address as it travels, with a domain of other scripts in ASCII.
+std::string AddressValue(const std::string& given) {
+  const std::string address = Trimmed(given);
+  if (!IsMailAddress(address)) throw MailError("no mail address: " + address);
+  const vmime::charset utf8(vmime::charsets::UTF_8);
+  const auto at = address.rfind('@');
+  return vmime::emailAddress(vmime::word(address.substr(0, at), utf8),
+                             vmime::word(address.substr(at + 1), utf8))
+      .generate();
+}
+
+std::string MailboxValue(const Mailbox& mailbox) {
+  const std::string address = '<' + AddressValue(mailbox.address) + '>';
+  const std::string name = WithoutReserved(mailbox.name);
+  if (name.empty()) return address;
+  const bool plain = name.size() <= longestPlainValue && Trimmed(name) == name &&
+                     std::all_of(name.begin(), name.end(),
+                                 [](char c) { return IsLetterOrDigit(c) || c == ' '; }) &&
+                     name.find("  ") == std::string::npos;
+  const bool fits = plain && name.size() + address.size() < longestPlainValue;
+  return (plain ? name : EncodedWords(name)) + (fits ? " " : "\r\n ") + address;
+}
+
+std::string RecipientsValue(const std::vector<Mailbox>& recipients) {
+  std::string value;
+  for (const Mailbox& recipient : recipients) {
+    // Kept free for what reaches nobody, as a game has that came as a file. A server would take the
+    // mail and say so only later.
+    if (Trimmed(recipient.address).ends_with(".invalid")) {
+      throw MailError("nobody has the address " + recipient.address);
+    }
+    value.append(value.empty() ? "" : ",\r\n ").append(MailboxValue(recipient));
+  }
+  return value;
+}
+
+/// Made of the sender's domain: this machine's own name is nobody's business.
+std::string NewMessageId(const std::string& senderAddress) {
+  return '<' + vmime::messageId::generateId().getLeft() +
+         senderAddress.substr(senderAddress.rfind('@')) + '>';
+}
+
+/// Every line end as a mail has it.
+std::string WithMailLineEnds(const std::string& text) {
+  const std::string bare =
+      platform::ReplaceAll(platform::ReplaceAll(text, "\r\n", "\n"), "\r", "\n");
+  return platform::ReplaceAll(bare, "\n", "\r\n");
+}
+
+/// Whether a text may travel as it is: short lines and no zero byte.
+bool FitsMailLines(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find("\r\n", at), text.size());
+    if (end - at > longestLine) return false;
+    at = end + 2;
+  }
+  return text.find('\0') == std::string_view::npos;
+}
+
+const char* EncodingFor(std::string_view text, Lines lines) {
+  namespace types = vmime::encodingTypes;
+  const bool ascii = IsAscii(text);
+  if (!FitsMailLines(text) || (lines == Lines::SevenBit && !ascii)) return types::QUOTED_PRINTABLE;
+  return ascii ? types::SEVEN_BIT : types::EIGHT_BIT;
+}
+
+}  // namespace
+
+std::string ComposeMail(const OutgoingMail& mail, Lines lines) {
+  return RaisingMailErrors([&mail, lines] {
+    const std::string text = WithMailLineEnds(mail.text);
+    const std::string encoding = EncodingFor(text, lines);
+    const std::pair<const char*, std::string> fields[] = {
+        {"From", MailboxValue(mail.from)},
+        {"To", RecipientsValue(mail.to)},
+        {"Subject", SubjectValue(mail.subject)},
+        {"Date", vmime::datetime::now().generate()},
+        {"Message-ID", NewMessageId(AddressValue(mail.from.address))},
+        {"MIME-Version", "1.0"},
+        {"Content-Type", "text/plain; charset=utf-8"},
+        {"Content-Transfer-Encoding", encoding},
+    };
+    std::string bytes;
+    for (const auto& [name, value] : fields) {
+      bytes.append(name).append(": ").append(value).append("\r\n");
+    }
+    return bytes + "\r\n" + Encoded(text, vmime::encoding(encoding));
+  });
+}
+
+}  // namespace desktop

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/passwords.h"
+
+#include <sys/resource.h>
+
+#include <filesystem>
+
+#include "desktop/file_passwords.h"
+#include "desktop/folders.h"
+#include "desktop/keyring_passwords.h"
+
+namespace desktop {
+
+std::unique_ptr<Passwords> PasswordsBeside(const std::string& settingsFile) {
+  const std::string file =
+      std::filesystem::path(settingsFile).replace_filename("Tarvolenix.passwords").string();
+  const bool portable = !settingsFile.starts_with(ConfigHome());
+  if (portable) return std::make_unique<FilePasswords>(file);
+  return std::make_unique<KeyringPasswords>(file);
+}
+
+void ForbidCoreDumps() {
+  constexpr rlimit none{0, 0};
+  static_cast<void>(::setrlimit(RLIMIT_CORE, &none));
+}
+
+}  // namespace desktop

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Mail on servers: the Inbox over IMAP, on one connection that is kept open and made anew when it
+// is lost, and what is sent over SMTP, with a copy in the folder of sent mails.
+#pragma once
+
+#include <memory>
+
+#include "desktop/imap_client.h"
+#include "desktop/mail_transport.h"
+#include "desktop/patience.h"
+
+namespace desktop {
+
+class ServerMail : public MailTransport {
+ public:
+  /// `silence`: the longest wait for a server's next byte.
+  ServerMail(const MailAccount& account, const std::string& password,
+             std::chrono::milliseconds silence = std::chrono::seconds(30));
+
+  void Open() override;
+
+  /// A mail's identifier is the Inbox's validity, a point, and the mail's UID.
+  std::vector<FetchedMail> List(bool unreadOnly) override;
+  void MarkRead(const std::string& id) override { marked_.push_back(id); }
+  void Remove(const std::string& id) override { removed_.push_back(id); }
+  void Flush() override;
+
+  /// A copy that can't be kept is no failure: the mail is on its way.
+  void Send(const OutgoingMail& mail) override;
+
+  void Close() override;
+  void Hurry() override { patience_.Hurry(); }
+
+  /// Logs on where mail goes out, and leaves again.
+  void TryOutgoing();
+
+ private:
+  Login NewLogin();
+  void Connect();
+  template <typename Work>
+  auto OnInbox(const Work& work);
+  std::vector<FetchedMail> Listed(bool unreadOnly);
+  void KeepCopy(const std::string& bytes);
+
+  MailAccount account_;
+  std::string password_;
+  Patience patience_;
+  std::unique_ptr<ImapClient> imap_;  // null while not connected
+  Uid validity_ = 0;                  // of the Inbox that is open
+  std::vector<std::string> marked_;   // and not yet at the server
+  std::vector<std::string> removed_;  // likewise
+};
+
+}  // namespace desktop

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/passwords.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "desktop/file_passwords.h"
+#include "desktop/keyring_passwords.h"
+#include "temporary_folder.h"
+
+namespace {
+
+using desktop::FilePasswords;
+
+mode_t ModeOf(const std::string& path) {
+  struct stat status {};
+  EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
+  return status.st_mode & 0777;
+}
+
+class FilePasswordsTest : public testing::Test {
+ protected:
+  TemporaryFolder folder_;
+  std::string path_ = folder_ / "below/Tarvolenix.passwords";
+  FilePasswords passwords_{path_};
+};
+
+TEST_F(FilePasswordsTest, AnyPasswordReadsBackAndStandsNowhereInPlainText) {
+  const std::string all = [] {
+    std::string text;
+    for (int c = 0; c < 256; ++c) text += static_cast<char>(c);
+    return text;
+  }();
+  const std::pair<std::string, std::string> rows[] = {{"anna@imap.example.org", "two words"},
+                                                      {"anna@imap.example.or", "%41=;#\""},
+                                                      {"a b|c\n@[::1]", "ключ 棋 ♔"},
+                                                      {"all@bytes", all}};
+  for (const auto& [key, password] : rows) EXPECT_TRUE(passwords_.Write(key, "an older one"));
+  for (const auto& [key, password] : rows) EXPECT_TRUE(passwords_.Write(key, password));
+  for (const auto& [key, password] : rows) EXPECT_EQ(FilePasswords(path_).Read(key), password);
+  EXPECT_EQ(ReadFile(path_).find("two words"), std::string::npos);
+  EXPECT_EQ(passwords_.Read("anna"), std::nullopt);
+  EXPECT_TRUE(passwords_.Forget(rows[0].first));
+  EXPECT_EQ(passwords_.Read(rows[0].first), std::nullopt);
+  EXPECT_EQ(passwords_.Read(rows[1].first), rows[1].second);
+}
+
+TEST_F(FilePasswordsTest, NobodyElseCanReadTheFileWhateverWasThereBefore) {
+  ASSERT_TRUE(passwords_.Write("a@b", "1"));
+  EXPECT_EQ(ModeOf(path_), 0600u);
+  ::chmod(path_.c_str(), 0644);
+  WriteFile(path_ + ".new", "left by a crash");
+  ::chmod((path_ + ".new").c_str(), 0666);
+  ASSERT_TRUE(passwords_.Write("c@d", "2"));
+  EXPECT_EQ(ModeOf(path_), 0600u);
+  ::chmod(path_.c_str(), 0644);
+  EXPECT_EQ(passwords_.Read("a@b"), "1");
+  EXPECT_EQ(ModeOf(path_), 0600u) << "a copy that came out open is closed by the first look";
+}
+
+TEST_F(FilePasswordsTest, ALinkedFileStaysLinked) {
+  std::filesystem::create_directories(folder_ / "below");
+  WriteFile(folder_ / "elsewhere", "");
+  std::filesystem::create_symlink(folder_ / "elsewhere", path_);
+  ASSERT_TRUE(passwords_.Write("a@b", "1"));
+  EXPECT_TRUE(std::filesystem::is_symlink(path_));
+  EXPECT_EQ(ModeOf(folder_ / "elsewhere"), 0600u);
+}
+
+TEST_F(FilePasswordsTest, ADamagedLineHarmsNoOther) {
+  ASSERT_TRUE(passwords_.Write("first@x", "1"));
+  const std::string good = ReadFile(path_);
+  for (const char* damage : {"%", "first", "a%40b %4", "a%40b %GG", "a%40b -1", "\xFF\xFE"}) {
+    SCOPED_TRACE(damage);
+    WriteFile(path_, std::string(damage) + '\n' + good + damage);  // without an end of line
+    EXPECT_EQ(passwords_.Read("first@x"), "1");
+    EXPECT_EQ(passwords_.Read("a@b"), std::nullopt);
+    EXPECT_TRUE(passwords_.Write("last@x", "2"));
+    EXPECT_EQ(passwords_.Read("first@x"), "1");
+    EXPECT_EQ(passwords_.Read("last@x"), "2");
+  }
+}
+
+TEST_F(FilePasswordsTest, WhatCantBeKeptIsTold) {
+  std::filesystem::create_directories(path_);
+  EXPECT_FALSE(passwords_.Write("a@b", "1"));
+  EXPECT_EQ(passwords_.Read("a@b"), std::nullopt);
+  WriteFile(folder_ / "file", "");
+  EXPECT_FALSE(FilePasswords(folder_ / "file/passwords").Write("a@b", "1"));
+}
+
+class KeyringPasswordsTest : public FilePasswordsTest {
+ protected:
+  KeyringPasswordsTest() {
+    ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    ::setenv("XDG_CONFIG_HOME", (folder_ / "").c_str(), 1);
+  }
+  ~KeyringPasswordsTest() override { ::unsetenv("XDG_CONFIG_HOME"); }
+};
+
+TEST_F(KeyringPasswordsTest, WithoutAKeyringTheFileStandsIn) {
+  desktop::KeyringPasswords keyring(path_);
+  EXPECT_EQ(keyring.Read("a@b"), std::nullopt);
+  EXPECT_TRUE(keyring.Write("a@b", "1"));
+  EXPECT_EQ(keyring.Read("a@b"), "1");
+  EXPECT_EQ(passwords_.Read("a@b"), "1");
+}
+
+TEST_F(KeyringPasswordsTest, PasswordsLieBesideTheirSettings) {
+  for (const char* settings : {"Norlewick/Tarvolenix.conf", "../portable/Tarvolenix.conf"}) {
+    const auto passwords = desktop::PasswordsBeside(folder_ / settings);
+    ASSERT_TRUE(passwords->Write("a@b", settings));
+  }
+  EXPECT_EQ(FilePasswords(folder_ / "Norlewick/Tarvolenix.passwords").Read("a@b"),
+            "Norlewick/Tarvolenix.conf");
+}
+
+}  // namespace

@@ -1,0 +1,342 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Mail on servers that misbehave. Whatever they do, an operation ends with an answer or a
+// MailError, and the next one finds a server that has come to its senses.
+#include "desktop/server_mail.h"
+
+#include <QCoreApplication>
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "desktop/mail_service.h"
+#include "desktop/qt_events.h"
+#include "fakes/fake_desktop.h"
+#include "fakes/memory_passwords.h"
+#include "rude_server.h"
+
+namespace {
+
+using desktop::FetchedMail;
+using desktop::MailAccount;
+using desktop::ServerMail;
+using platform::MailError;
+
+// Long enough for a machine that is busy with other tests.
+constexpr auto patience = std::chrono::seconds(1);
+
+const Answers imapAnswers = {
+    {"", "* OK ready\n"},
+    {"CAPABILITY", "* CAPABILITY IMAP4rev1 UIDPLUS\n$ OK done\n"},
+    {"LOGIN", "$ OK done\n"},
+    {"AUTHENTICATE XOAUTH2", "$ OK done\n"},
+    {"AUTHENTICATE PLAIN AG", "$ OK done\n"},
+    {"AUTHENTICATE PLAIN", "+ \n"},
+    {"AG1l", "T2 OK done\n"},
+    {emptyLine, "$ NO go away\n"},
+    {"SELECT INBOX", "* FLAGS (\\Seen)\n* 2 EXISTS\n* OK [UIDVALIDITY 7] fine\n$ OK done\n"},
+    {"NOOP", "* 3 EXISTS\n$ OK done\n"},
+    {"UID SEARCH", "* SEARCH 9 4\n$ OK done\n"},
+    {"RFC822.SIZE",
+     "* 1 FETCH (UID 4 FLAGS (\\Seen) RFC822.SIZE 80 BODY[HEADER.FIELDS (SUBJECT)] {28}\n"
+     "Subject: Tarvolenix : e4\n\n)\n"
+     "* 7 FETCH (FLAGS (\\Answered))\n"
+     "* 2 FETCH (RFC822.SIZE 60 UID 9 FLAGS () BODY[HEADER.FIELDS (SUBJECT)] \"Subject: Hi\")\n"
+     "$ OK done\n"},
+    {"BODY.PEEK[]",
+     "* 1 FETCH (UID 4 BODY[]<0> {63}\n"
+     "From: Bob <bob@example.org>\nSubject: Tarvolenix : e4\n\ntext\n)\n$ OK done\n"},
+    {"UID STORE", "$ OK done\n"},
+    {"UID EXPUNGE", "* 1 EXPUNGE\n$ OK done\n"},
+    {"LIST", "* LIST (\\Sent) \"/\" \"Out \\\"going\\\"\"\n$ OK done\n"},
+    {"APPEND", "+ go on\n"},
+    {"LOGOUT", "* BYE\n$ OK done\n"},
+    {endOfMail, "$ OK done\n"},
+};
+
+const Answers smtpAnswers = {
+    {"", "220 ready\n"},        {"EHLO", "250-here\n250 AUTH PLAIN\n"},
+    {"AUTH PLAIN", "334 \n"},   {"MAIL FROM", "250 fine\n"},
+    {"RCPT TO", "250 fine\n"},  {"DATA", "354 go on\n"},
+    {"QUIT", "221 goodbye\n"},  {"AG1lAHNlY3JldA==", "235 fine\n"},
+    {endOfMail, "250 taken\n"},
+};
+
+class ServerMailTest : public testing::Test {
+ protected:
+  MailAccount Account() const {
+    MailAccount account;
+    account.MailKind = "Imap";
+    account.MyName = "Me";
+    account.MyAddress = "me@example.org";
+    account.ImapHost = account.SmtpHost = "127.0.0.1";
+    account.ImapPort = imap_.Port();
+    account.SmtpPort = smtp_.Port();
+    account.ImapSecurity = account.SmtpSecurity = "None";
+    account.UserName = "me";
+    return account;
+  }
+
+  /// Its text ends in the line at which the servers stop swallowing it.
+  void Send() { mail_.Send({{"Me", "me@example.org"}, {{"Bob", "bob@example.org"}}, "s", "a\n."}); }
+
+  RudeServer imap_{imapAnswers};
+  RudeServer smtp_{smtpAnswers};
+  ServerMail mail_{Account(), "secret", patience};
+};
+
+struct Rudeness {
+  const char* name;
+  std::string answer;
+};
+
+const Rudeness rudenesses[] = {
+    {"hangs", hang},
+    {"hangs in the middle of a line", "* O" + hang},
+    {"hangs up", hangUp},
+    {"hangs up in the middle of a literal", "* 1 FETCH (UID 4 BODY[] {100}\nFrom:" + hangUp},
+    {"never stops", flood},
+    {"never stops a literal", "* 1 FETCH (UID 4 BODY[] {4000000000}\n" + flood},
+    {"announces more than there is in the world",
+     "* 1 FETCH (X {99999999999999999999999}\n" + hangUp},
+    {"says goodbye", "* BYE for now\n" + hangUp},
+    {"says no", "$ NO I won't\n"},
+    {"speaks another language", "HTTP/1.1 400 Bad Request\n\n<html>\n"},
+    {"sends noise", std::string("\x80\xFF{\0}\x7F(((\"\n", 11) + hangUp},
+};
+
+// What is asked from the connection on to the list of mails.
+const std::string lookCommands[] = {"",     "CAPABILITY", "LOGIN",       "SELECT INBOX",
+                                    "NOOP", "UID SEARCH", "RFC822.SIZE", "BODY.PEEK[]"};
+
+const std::string sendCommands[] = {"",        "EHLO", "AUTH PLAIN", "MAIL FROM",
+                                    "RCPT TO", "DATA", endOfMail};
+
+const std::string copyCommands[] = {"LIST", "APPEND", endOfMail};
+
+TEST_F(ServerMailTest, EveryRudenessAtEveryCommandIsAFailureAndNoMore) {
+  for (const Rudeness& rudeness : rudenesses) {
+    for (const std::string& command : lookCommands) {
+      SCOPED_TRACE(rudeness.name + (" at \"" + command + '"'));
+      imap_.Answer(command, rudeness.answer);
+      EXPECT_THROW(mail_.List(false), MailError);
+      imap_.Answer(command, "");
+      const auto list = mail_.List(false);
+      ASSERT_EQ(list.size(), 1u);
+      EXPECT_EQ(list[0].id, "7.4");
+      EXPECT_EQ(list[0].address, "bob@example.org");
+      EXPECT_EQ(list[0].text, "text\r\n");
+      EXPECT_TRUE(list[0].read);
+      mail_.Close();
+    }
+  }
+}
+
+TEST_F(ServerMailTest, AConnectionThatWasCutWhileIdleIsMadeAnew) {
+  for (const bool unreadOnly : {true, false}) {
+    EXPECT_EQ(mail_.List(unreadOnly).size(), 1u);
+    imap_.Cut();
+  }
+  mail_.MarkRead("7.4");
+  mail_.Flush();
+  imap_.Answer("NOOP", "* BYE idle for too long\n" + hangUp);
+  EXPECT_THROW(mail_.List(true), MailError) << "cut twice in a row is no idle connection";
+  EXPECT_EQ(imap_.Count("LOGIN"), 4);
+  EXPECT_EQ(imap_.Count("UID SEARCH UNDELETED UNSEEN SUBJECT \"Tarvolenix\""), 1);
+}
+
+TEST_F(ServerMailTest, TheServerSearchesOnlyWhereSomethingMayHaveChanged) {
+  mail_.List(true);
+  mail_.List(true);
+  EXPECT_EQ(imap_.Count("UID SEARCH"), 2) << "this server tells of a new mail each time";
+  imap_.Answer("NOOP", "$ OK nothing new\n");
+  imap_.Answer("RFC822.SIZE", "$ OK nothing left of them\n");
+  for (int time = 0; time < 3; ++time) EXPECT_TRUE(mail_.List(true).empty());
+  EXPECT_EQ(imap_.Count("UID SEARCH"), 3) << "once behind the last change";
+  mail_.List(false);
+  EXPECT_EQ(imap_.Count("UID SEARCH"), 4) << "other mails are meant";
+  mail_.MarkRead("7.9");
+  mail_.List(false);
+  EXPECT_EQ(imap_.Count("UID SEARCH"), 5);
+}
+
+TEST_F(ServerMailTest, OnlyTheMailsThatAreMeantAreMarkedAndDestroyedInFewCommands) {
+  mail_.Open();
+  for (const char* id : {"7.4", "7.5", "7.6", "8.4"}) mail_.MarkRead(id);
+  for (const char* id : {"7.5", "8.5", "7.8"}) mail_.Remove(id);
+  mail_.Flush();
+  EXPECT_EQ(imap_.Count("UID STORE 4,6 +FLAGS.SILENT (\\Seen)"), 1);
+  EXPECT_EQ(imap_.Count("UID STORE 5,8 +FLAGS.SILENT (\\Deleted)"), 1);
+  EXPECT_EQ(imap_.Count("UID EXPUNGE 5,8"), 1);
+  imap_.Answer("SELECT INBOX", "* OK [UIDVALIDITY 9] all is new\n$ OK done\n");
+  imap_.Cut();
+  mail_.Remove("7.6");
+  mail_.Flush();
+  mail_.Flush();
+  EXPECT_EQ(imap_.Count("UID STORE"), 2) << "a number of another Inbox means nothing";
+
+  mail_.Close();
+  imap_.Answer("CAPABILITY", "* CAPABILITY IMAP4rev1\n$ OK done\n");
+  mail_.Remove("9.4");
+  mail_.Flush();
+  EXPECT_EQ(imap_.Count("UID STORE 4 +FLAGS.SILENT (\\Deleted)"), 1);
+  EXPECT_EQ(imap_.Count("EXPUNGE"), 1) << "it would take along what others have marked";
+}
+
+TEST_F(ServerMailTest, WhatCannotBeCarriedOutIsToldOnceAndLeavesTheConnectionIfItCan) {
+  mail_.Open();
+  mail_.Remove("7.4");
+  imap_.Answer("UID STORE", "$ NO read only\n");
+  EXPECT_THROW(mail_.Flush(), MailError);
+  imap_.Answer("UID STORE", "");
+  EXPECT_NO_THROW(mail_.Flush());
+  EXPECT_EQ(imap_.Count("LOGIN"), 1);
+  imap_.Answer("LOGIN", hangUp);
+  imap_.Cut();
+  mail_.Remove("7.4");
+  EXPECT_THROW(mail_.Flush(), MailError);
+  imap_.Answer("LOGIN", "");
+  EXPECT_EQ(mail_.List(true).size(), 1u);
+}
+
+TEST_F(ServerMailTest, ASentMailIsFiledWhereTheServerSays) {
+  Send();
+  imap_.Cut();
+  EXPECT_EQ(smtp_.Count("MAIL FROM:<me@example.org>"), 1);
+  EXPECT_EQ(smtp_.Count("RCPT TO:<bob@example.org>"), 1);
+  EXPECT_EQ(smtp_.Count("EHLO [127.0.0.1]"), 1) << "nobody learns this machine's name";
+  EXPECT_EQ(imap_.Count("APPEND \"Out \\\"going\\\"\" (\\Seen)"), 1);
+
+  imap_.Answer("LIST", "* LIST () \".\" INBOX.Sent\n* LIST (\\Noselect) \".\" Sent\n$ OK\n");
+  Send();
+  EXPECT_EQ(imap_.Count("APPEND \"INBOX.Sent\""), 1);
+  imap_.Cut();
+  imap_.Answer("LIST", "$ OK no folders\n");
+  Send();
+  EXPECT_EQ(imap_.Count("APPEND"), 2);
+}
+
+TEST_F(ServerMailTest, ACopyThatCannotBeKeptIsNoFailure) {
+  for (const Rudeness& rudeness : rudenesses) {
+    for (const std::string& command : copyCommands) {
+      SCOPED_TRACE(rudeness.name + (" at " + command));
+      mail_.Open();
+      imap_.Answer(command, rudeness.answer);
+      EXPECT_NO_THROW(Send());
+      imap_.Answer(command, "");
+    }
+  }
+  EXPECT_EQ(mail_.List(false).size(), 1u);
+}
+
+TEST_F(ServerMailTest, WhatGoesWrongInSendingIsToldAndNothingGoesTwice) {
+  Rudeness all[std::size(rudenesses) + 3];
+  std::copy(std::begin(rudenesses), std::end(rudenesses), all);
+  all[std::size(rudenesses)] = {"refuses", "550 no such user\n"};
+  all[std::size(rudenesses) + 1] = {"is over quota", "452 mailbox full\n"};
+  all[std::size(rudenesses) + 2] = {"is closing", "421 going down\n" + hangUp};
+  for (const Rudeness& rudeness : all) {
+    for (const std::string& command : sendCommands) {
+      SCOPED_TRACE(rudeness.name + (" at \"" + command + '"'));
+      smtp_.Answer(command, rudeness.answer);
+      const int before = smtp_.Count("MAIL FROM");
+      EXPECT_THROW(Send(), MailError);
+      EXPECT_LE(smtp_.Count("MAIL FROM"), before + 1);
+      smtp_.Answer(command, "");
+    }
+  }
+  EXPECT_NO_THROW(Send());
+}
+
+TEST_F(ServerMailTest, NoPasswordTravelsUnencryptedUnasked) {
+  MailAccount account = Account();
+  for (const char* security : {"Tls", "StartTls", ""}) {
+    account.ImapSecurity = account.SmtpSecurity = security;
+    ServerMail mail(account, "secret", patience);
+    EXPECT_THROW(mail.Open(), MailError) << security;
+    EXPECT_THROW(mail.TryOutgoing(), MailError) << security;
+  }
+  account.ImapHost = account.SmtpHost = "mail.example.org";
+  account.ImapSecurity = account.SmtpSecurity = "None";
+  ServerMail mail(account, "secret", patience);
+  EXPECT_THROW(mail.Open(), MailError);
+  EXPECT_THROW(mail.TryOutgoing(), MailError);
+  EXPECT_EQ(imap_.Count("LOGIN") + imap_.Count("AUTHENTICATE") + smtp_.Count("AUTH"), 0);
+}
+
+TEST_F(ServerMailTest, LogsOnInTheWayThatTheServerOffers) {
+  MailAccount account = Account();
+  account.UserName = "me@\"home\"";
+  for (const std::string offer : {"", "AUTH=PLAIN", "AUTH=GSSAPI AUTH=PLAIN SASL-IR"}) {
+    imap_.Answer("CAPABILITY", "* CAPABILITY IMAP4rev1 " + offer + "\n$ OK done\n");
+    EXPECT_NO_THROW(ServerMail(account, "sec\\ret", patience).Open()) << offer;
+  }
+  EXPECT_EQ(imap_.Count(R"(LOGIN "me@\"home\"" "sec\\ret")"), 1);
+  const std::string encoded = "AG1lQCJob21lIgBzZWNccmV0";
+  EXPECT_EQ(imap_.Count("AUTHENTICATE PLAIN"), 2);
+  EXPECT_EQ(imap_.Count("AUTHENTICATE PLAIN " + encoded), 1);
+  EXPECT_EQ(imap_.Count(encoded), 2);
+}
+
+TEST_F(ServerMailTest, ATokenStandsForThePassword) {
+  MailAccount account = Account();
+  account.TokenCommand = "echo to''ken; echo more";
+  imap_.Answer("CAPABILITY", "* CAPABILITY IMAP4rev1 AUTH=XOAUTH2 SASL-IR\n$ OK done\n");
+  EXPECT_NO_THROW(ServerMail(account, "", patience).Open());
+  const std::string encoded = "dXNlcj1tZQFhdXRoPUJlYXJlciB0b2tlbgEB";
+  EXPECT_EQ(imap_.Count("AUTHENTICATE XOAUTH2 " + encoded), 1);
+  imap_.Answer("AUTHENTICATE XOAUTH2", "+ eyJzdGF0dXMiOiI0MDAifQ==\n");
+  EXPECT_THROW(ServerMail(account, "", patience).Open(), desktop::LoginRefused);
+  EXPECT_EQ(imap_.Count("LOGIN"), 0);
+  for (const char* command :
+       {"exit 1", "true", "echo x; exit 1", "sleep 100", "/no/such/command"}) {
+    account.TokenCommand = command;
+    EXPECT_THROW(ServerMail(account, "", patience).Open(), MailError) << command;
+  }
+}
+
+/// Waits until the server has got a command that contains `text`.
+void WaitFor(RudeServer& server, const std::string& text) {
+  while (server.Count(text) == 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+}
+
+TEST_F(ServerMailTest, WhoeverIsInAHurryIsNotHeldUpForLong) {
+  imap_.Answer("NOOP", hang);
+  ServerMail patient(Account(), "secret", std::chrono::hours(1));
+  std::thread leaving([&] {
+    WaitFor(imap_, "NOOP");
+    patient.Hurry();
+  });
+  EXPECT_THROW(patient.List(true), MailError);
+  leaving.join();
+  patient.Remove("7.4");
+  EXPECT_THROW(patient.Flush(), MailError) << "nor by what is left to do";
+}
+
+TEST_F(ServerMailTest, TheWindowLivesOnWhileASocketStalls) {
+  int count = 0;
+  const QCoreApplication application(count, nullptr);
+  fakes::FakeDesktop desktop;
+  fakes::MemoryPasswords passwords;
+  desktop::QtEvents events;
+  ASSERT_TRUE(desktop::SaveAccountAnswer({Account(), "secret"}, passwords));
+  desktop::MailService service(events, passwords);
+  service.SignOn();
+  imap_.Answer("BODY.PEEK[]", hang);
+  std::string order;
+  std::thread clicking([&] {
+    WaitFor(imap_, "BODY.PEEK[]");
+    events.Post([&] {
+      order += "a click, ";
+      imap_.Answer("BODY.PEEK[]", "");
+      imap_.GoOn();
+    });
+  });
+  service.FetchUnreadOnly(false);
+  service.Fetch();
+  order += "the mails";
+  clicking.join();
+  EXPECT_EQ(order, "a click, the mails");
+  EXPECT_EQ(service.MsgCount(), 1);
+}
+
+}  // namespace

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Passwords in memory.
+#pragma once
+
+#include <map>
+
+#include "desktop/passwords.h"
+
+namespace fakes {
+
+class MemoryPasswords : public desktop::Passwords {
+ public:
+  std::optional<std::string> Read(const std::string& key) override {
+    const auto found = kept.find(key);
+    if (found == kept.end()) return std::nullopt;
+    return found->second;
+  }
+
+  bool Write(const std::string& key, const std::string& password) override {
+    if (!readOnly) kept[key] = password;
+    return !readOnly;
+  }
+
+  std::map<std::string, std::string> kept;
+  bool readOnly = false;
+};
+
+}  // namespace fakes

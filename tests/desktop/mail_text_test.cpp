@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <sstream>
+
 #include "desktop/html_text.h"
 #include "platform/mail_client.h"
 
@@ -104,7 +107,75 @@ TEST(MailTextTest, NothingOutsideBecomesAHeaderOfItsOwn) {
   EXPECT_EQ(bytes.find("\nFrom: other"), std::string::npos);
 }
 
+struct SubjectCase {
+  const char* name;
+  std::string subject;
+  const char* field;  ///< how it begins in the mail, where that matters
+};
+
+const SubjectCase subjectCases[] = {
+    {"ASCII stays as it is", "Tarvolenix : e4, No  \"comment\".",
+     "Tarvolenix : e4, No  \"comment\".\r\n"},
+    {"the prefix stays readable", "Tarvolenix : e4, Grüße 棋", "Tarvolenix :\r\n =?utf-8?"},
+    {"what looks encoded is encoded", "Tarvolenix : =?utf-8?Q?x?=", "Tarvolenix :\r\n =?utf-8?"},
+    {"a long one without blanks", "Tarvolenix : " + std::string(300, 'x'),
+     "Tarvolenix :\r\n =?utf-8?"},
+    {"a long one of ASCII",
+     "Tarvolenix : e4, a comment that is so long that it can't stand in one line of a header",
+     "Tarvolenix :\r\n =?utf-8?"},
+    {"characters stay whole", "Tarvolenix : x" + std::string(30, 'y') + "♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔", ""},
+    {"blanks behind the prefix", "Tarvolenix :  ü ", ""},
+    {"another subject", "Grüße", ""},
+};
+
+TEST(MailTextTest, WritesHeadersThatEveryServerTakes) {
+  for (const SubjectCase& row : subjectCases) {
+    SCOPED_TRACE(row.name);
+    const char* name = "Jürgen \\ \"J\" Müller";
+    const std::string bytes =
+        "\r\n" + ComposeMail({{name, "me@tür.example"}, {{"Anna", "you@x.y"}}, row.subject, ""});
+    const std::string header = bytes.substr(0, bytes.find("\r\n\r\n") + 2);
+    EXPECT_NE(header.find(std::string("\r\nSubject: ") + row.field), header.npos) << header;
+    EXPECT_NE(header.find("@xn--tr-xka.example>\r\n", header.find("\r\nMessage-ID: <")),
+              header.npos);
+    EXPECT_NE(header.find("\r\nDate: "), header.npos);
+    EXPECT_NE(header.find("\r\nMIME-Version: 1.0\r\n"), header.npos);
+    std::istringstream lines(header);
+    for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 77u) << line;
+    EXPECT_EQ(ParseMail(bytes.substr(2)).subject, row.subject);
+    EXPECT_EQ(ParseMail(bytes.substr(2)).name, name);
+  }
+}
+
+TEST(MailTextTest, TextsTravelInTheirPlainestForm) {
+  const struct {
+    std::string text;
+    const char *eightBit, *sevenBit;
+  } rows[] = {
+      {"1|5254|e4|Good luck \r\n", "7bit", "7bit"},
+      {"Grüße \r\n.\r\n\r\n From me\r\n", "8bit", "quoted-printable"},
+      {std::string(2000, 'x') + " \r\n\ty", "quoted-printable", "quoted-printable"},
+      {std::string("a\0b", 3), "quoted-printable", "quoted-printable"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text.substr(0, 20));
+    for (const auto lines : {desktop::Lines::EightBit, desktop::Lines::SevenBit}) {
+      const bool seven = lines == desktop::Lines::SevenBit;
+      const std::string bytes = ComposeMail({{"", "a@b"}, {{"", "c@d"}}, "Ü", row.text}, lines);
+      const std::string encoding = seven ? row.sevenBit : row.eightBit;
+      EXPECT_NE(bytes.find("\r\nContent-Transfer-Encoding: " + encoding + "\r\n"), bytes.npos);
+      std::string text = row.text;
+      std::erase(text, '\0');
+      EXPECT_EQ(ParseMail(bytes).text, text);
+      EXPECT_EQ(seven && std::any_of(bytes.begin(), bytes.end(), [](char c) { return c < 0; }),
+                false);
+    }
+  }
+}
+
 TEST(MailTextTest, RefusesWhatIsNoAddress) {
+  EXPECT_THROW(ComposeMail({{"", "me@x.y"}, {{"", "unknown@x.invalid"}}, "s", "t"}),
+               platform::MailError);
   for (const char* address : {"", " ", "bob", "@x.y", "bob@", "a b@c", "a@b\r\nBcc: c@d", "<a@b>",
                               "a@b,c@d", "\"a\"@b", "a@b|c"}) {
     EXPECT_FALSE(desktop::IsMailAddress(address)) << address;
@@ -122,6 +193,10 @@ TEST(MailTextTest, ReservedCharactersBecomeBlanks) {
   EXPECT_EQ(desktop::WithoutReserved("\u00A0ü\u2027♔\xC2"), "\u00A0ü\u2027♔\xC2");
 }
 
+TEST(MailTextTest, RefusesWhatLeadsTheLibraryAstray) {
+  EXPECT_THROW(desktop::SubjectOf("Subject: =??B?eg?==??B?eCg?=\n\n"), platform::MailError);
+}
+
 TEST(MailTextTest, RefusesMailsThatAreBuiltToBeExpensive) {
   std::string nested = "From: a@b\r\n";
   for (int i = 0; i < 20000; ++i) {
@@ -133,7 +208,7 @@ TEST(MailTextTest, RefusesMailsThatAreBuiltToBeExpensive) {
   std::string many = "From: a@b\r\nContent-Type: multipart/mixed; boundary=X\r\n\r\n";
   for (int i = 0; i < 1000000; ++i) many += "--X\r\n";
   EXPECT_THROW(ParseMail(many), platform::MailError);
-  std::string chain;  // few enough at each level
+  std::string chain = "From: a@b\n";  // few enough at each level
   for (int i = 0; i < 40; ++i) {
     const std::string boundary = std::string(i + 1, 'b');
     chain.append("Content-Type: multipart/mixed; boundary=").append(boundary);
@@ -148,7 +223,8 @@ TEST(HtmlTextTest, WhatMakesNoSenseStays) {
       {"<pre>1|\r\n 2</pre> x", "1|\r\n 2\r\nx"},
       {"<!-- <b>hidden</b> -->x<!-- open", "x"},
       {"<script>if (a < b) { }</SCRIPT>x", "x"},
-      {"&nbsp;&#160;&#x1F600;", "  😀"}};
+      {"<<br>1|\n 2 <br> 3&nbsp; x", "<<br>1|\r\n2\r\n3  x"},
+      {"&nbsp;&#160;&#x1F600;&Auml;&yuml;&euro;", "  😀Äÿ€"}};
   for (const auto& [html, text] : rows) EXPECT_EQ(desktop::HtmlToText(html), text) << html;
 }
 

@@ -22,6 +22,9 @@ class MailWorld {
   /// Puts a mail into the user's Inbox as its last one.
   virtual void Deliver(const desktop::OutgoingMail& mail) = 0;
 
+  /// Returns when what the user has sent lies where it goes.
+  virtual void AwaitDelivery() {}
+
   /// The subjects in the user's Inbox and whether they are read.
   virtual std::map<std::string, bool> Inbox() = 0;
 
@@ -37,3 +40,6 @@ inline constexpr const char* userAddress = "user@localhost";
 
 /// The local post office.
 std::unique_ptr<MailWorld> MakePostWorld();
+
+/// The system's own mail.
+std::unique_ptr<MailWorld> MakeSystemWorld();

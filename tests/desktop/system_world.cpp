@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Mail as the system has it, with a script for its sendmail program: a mailbox is a Maildir in the
+// test's folder, and a file of the address's name stands for one that takes nothing.
+#include "desktop/mail_service.h"
+#include "desktop/mail_text.h"
+#include "desktop/system_mail.h"
+#include "fakes/fake_desktop.h"
+#include "fakes/memory_passwords.h"
+#include "fakes/plain_events.h"
+#include "mail_world.h"
+#include "temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* sendmailScript = R"sh(#!/bin/sh
+[ "$1 $2" = "-i --" ] || exit 64
+shift 2
+cd "$(dirname "$0")" || exit 71
+cat > arrived
+for address in "$@"; do
+  box=$(echo "$address" | tr A-Z a-z)
+  if [ -f "$box" ]; then
+    echo "a warning" >&2
+    echo "<$address>: mailbox full" >&2
+    exit 73
+  fi
+  mkdir -p "$box/tmp" "$box/new" "$box/cur"
+  echo >> count
+  cp arrived "$box/tmp/mail" && mv "$box/tmp/mail" "$box/new/$(date +%s).M$(wc -l < count)P$$"
+done
+)sh";
+
+class SystemWorld : public MailWorld {
+ public:
+  SystemWorld() {
+    WriteFile(folder_ / "sendmail", sendmailScript);
+    fs::permissions(folder_ / "sendmail", fs::perms::owner_all);
+    desktop::Maildir(BoxOf(userAddress)).Create();
+    desktop_.settings.groups["Mail"] = {
+        {"MailKind", "System"}, {"MyName", userName}, {"MyAddress", userAddress}};
+  }
+
+  platform::MAPISession& Session() override { return service_; }
+  platform::MAPIMessages& Messages() override { return service_; }
+
+  void Deliver(const desktop::OutgoingMail& mail) override {
+    desktop::Maildir(BoxOf(userAddress)).Deliver(desktop::ComposeMail(mail));
+  }
+
+  std::map<std::string, bool> Inbox() override {
+    std::map<std::string, bool> inbox;
+    for (const auto& entry : fs::recursive_directory_iterator(BoxOf(userAddress))) {
+      const std::string path = entry.path().string();
+      if (entry.is_regular_file()) {
+        inbox[desktop::SubjectOf(ReadFile(path))] = path.ends_with(":2,S");
+      }
+    }
+    return inbox;
+  }
+
+  std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) override {
+    if (!fs::exists(BoxOf(address))) return {};
+    return desktop::Maildir(BoxOf(address)).List(false);
+  }
+
+  void Refuse(const std::string& address) override { WriteFile(folder_ / address, "full"); }
+
+ private:
+  std::string BoxOf(const std::string& address) const { return folder_ / (address + "/"); }
+
+  TemporaryFolder folder_;
+  fakes::FakeDesktop desktop_;
+  fakes::PlainEvents events_;
+  fakes::MemoryPasswords passwords_;
+  desktop::MailService service_{
+      events_, passwords_, {}, [this](const desktop::MailAccount&, const std::string&) {
+        return std::make_unique<desktop::SystemMail>(BoxOf(userAddress), folder_ / "sendmail");
+      }};
+};
+
+}  // namespace
+
+std::unique_ptr<MailWorld> MakeSystemWorld() { return std::make_unique<SystemWorld>(); }

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Feeds arbitrary bytes to the reading of mails. Beyond not crashing: what isn't refused comes as
+// UTF-8 without zero bytes, and arrives as the same when it is sent on.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "desktop/mail_library.h"
+#include "desktop/mail_text.h"
+#include "desktop/text_repair.h"
+#include "platform/text_fields.h"
+
+namespace {
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+void RequireUtf8(const std::string& text) {
+  Require(desktop::ToUtf8(text, vmime::charset(vmime::charsets::UTF_8)) == text);
+}
+
+std::string WithBareLineEnds(const std::string& text) {
+  return platform::ReplaceAll(platform::ReplaceAll(text, "\r\n", "\n"), "\r", "\n");
+}
+
+bool IsAscii(const std::string& text) {
+  return std::all_of(text.begin(), text.end(), [](unsigned char c) { return c < 128; });
+}
+
+/// An address of other scripts depends on what servers make of it.
+bool IsPlainAddress(const std::string& address) {
+  return !address.empty() && address.size() < 255 && IsAscii(address) &&
+         !address.ends_with(".invalid");
+}
+
+void RequireSameWhenSentOn(const desktop::FetchedMail& mail, desktop::Lines lines) {
+  const desktop::Mailbox sender{mail.name, mail.address};
+  const std::string bytes =
+      desktop::ComposeMail({sender, {{"", "a@b"}}, mail.subject, mail.text}, lines);
+  Require(IsAscii(bytes) || lines == desktop::Lines::EightBit);
+  const desktop::FetchedMail again = desktop::ParseMail(bytes);
+  Require(again.subject == desktop::WithoutReserved(mail.subject));
+  Require(again.name == desktop::WithoutReserved(mail.name));
+  Require(again.address == mail.address);
+  // Each time it is read, the program's own part may lose what it has caught on its way.
+  Require(desktop::HoldsStartMarker(mail.text) ||
+          WithBareLineEnds(again.text) == WithBareLineEnds(mail.text));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string input(reinterpret_cast<const char*>(data), size);
+  try {
+    const desktop::FetchedMail mail = desktop::ParseMail(input);
+    for (const std::string& text : {mail.subject, mail.name, mail.address, mail.text}) {
+      RequireUtf8(text);
+    }
+    Require(mail.text.find('\0') == std::string::npos);
+    if (!IsPlainAddress(mail.address)) return 0;
+    for (const auto lines : {desktop::Lines::EightBit, desktop::Lines::SevenBit}) {
+      RequireSameWhenSentOn(mail, lines);
+    }
+  } catch (const platform::MailError&) {
+    // refused
+  }
+  return 0;
+}

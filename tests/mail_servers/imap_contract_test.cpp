@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/mail_contract.h"
+#include "mail_servers/imap_world.h"
+
+INSTANTIATE_TEST_SUITE_P(Servers, MailContractTest,
+                         testing::Values(MailKind{"Imap", MakeImapWorld}), NameOfKind);

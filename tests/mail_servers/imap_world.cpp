@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mail_servers/imap_world.h"
+
+#include "desktop/mail_service.h"
+#include "desktop/mail_text.h"
+#include "fakes/fake_desktop.h"
+#include "fakes/memory_passwords.h"
+#include "fakes/plain_events.h"
+#include "mail_servers/other_client.h"
+#include "mail_servers/the_servers.h"
+
+namespace {
+
+class ImapWorld : public MailWorld {
+ public:
+  ImapWorld() {
+    servers_.Empty();
+    desktop::SaveAccountAnswer({ServerAccount(userAddress), MailServers::password}, passwords_);
+  }
+
+  platform::MAPISession& Session() override { return service_; }
+  platform::MAPIMessages& Messages() override { return service_; }
+
+  void Deliver(const desktop::OutgoingMail& mail) override {
+    OtherClient(servers_, userAddress).Append("INBOX", "", desktop::ComposeMail(mail));
+  }
+
+  void AwaitDelivery() override { servers_.AwaitDelivery(); }
+
+  std::map<std::string, bool> Inbox() override {
+    std::map<std::string, bool> inbox;
+    for (const auto& mail : OtherClient(servers_, userAddress).Mails("INBOX")) {
+      inbox[desktop::SubjectOf(mail.bytes)] = mail.flags == "\\Seen";
+    }
+    return inbox;
+  }
+
+  std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) override {
+    std::vector<desktop::FetchedMail> received;
+    for (const auto& mail : OtherClient(servers_, address).Mails("INBOX")) {
+      received.push_back(desktop::ParseMail(mail.bytes));
+      received.back().read = !mail.flags.empty();
+    }
+    return received;
+  }
+
+  void Refuse(const std::string& address) override { servers_.Refuse(address); }
+
+ private:
+  MailServers& servers_ = TheServers();
+  fakes::FakeDesktop desktop_;
+  fakes::MemoryPasswords passwords_;
+  fakes::PlainEvents events_;
+  desktop::MailService service_{events_, passwords_};
+};
+
+}  // namespace
+
+desktop::MailAccount ServerAccount(const std::string& address) {
+  const MailServers& servers = TheServers();
+  desktop::MailAccount account;
+  account.MailKind = "Imap";
+  account.MyName = userName;
+  account.MyAddress = address;
+  account.UserName = address;
+  account.ImapHost = account.SmtpHost = MailServers::host;
+  account.ImapPort = servers.ImapPort("Tls");
+  account.SmtpPort = servers.SmtpPort("Tls");
+  return account;
+}
+
+std::unique_ptr<MailWorld> MakeImapWorld() { return std::make_unique<ImapWorld>(); }

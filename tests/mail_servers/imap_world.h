@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "desktop/mail_account.h"
+#include "desktop/mail_world.h"
+
+/// The account of `address` on the running servers, at its best.
+desktop::MailAccount ServerAccount(const std::string& address);
+
+/// An IMAP and SMTP account on the running servers.
+std::unique_ptr<MailWorld> MakeImapWorld();

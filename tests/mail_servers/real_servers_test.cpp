@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Mail on servers beside the user's other mail programs, other people's mails and bad luck:
+// whatever happens, only the program's own mails are touched.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include "desktop/account_check.h"
+#include "desktop/mail_text.h"
+#include "desktop/server_mail.h"
+#include "mail_servers/imap_world.h"
+#include "mail_servers/other_client.h"
+#include "mail_servers/the_servers.h"
+
+namespace {
+
+using desktop::FetchedMail;
+using desktop::MailAccount;
+
+const std::string user = userAddress;
+const std::string opponent = "you@localhost";
+
+desktop::OutgoingMail MailOf(const std::string& subject) {
+  return {{"", user}, {{"", opponent}}, "Tarvolenix : " + subject, "text"};
+}
+
+MailServers& EmptyServers() {
+  TheServers().Empty();
+  return TheServers();
+}
+
+class RealServersTest : public testing::Test {
+ protected:
+  /// `subject` begins with "Tarvolenix : " where it begins with a small letter.
+  void Deliver(const std::string& subject, const std::string& flags = "") {
+    const bool ours = subject[0] >= 'a';
+    other_.Append("INBOX", flags,
+                  "From: you@localhost\r\nSubject: " + std::string(ours ? "Tarvolenix : " : "") +
+                      subject + "\r\n\r\ntext");
+  }
+
+  /// Subjects, with flags in brackets.
+  std::string Folder(const std::string& name, const std::string& owner = user) {
+    std::string all;
+    for (const auto& mail : OtherClient(servers_, owner).Mails(name)) {
+      std::string subject = desktop::SubjectOf(mail.bytes);
+      if (subject.starts_with("Tarvolenix : ")) subject.erase(0, 13);
+      all += subject + (mail.flags.empty() ? "" : "(" + mail.flags + ")") + ' ';
+    }
+    return all;
+  }
+
+  std::string Inbox() { return Folder("INBOX"); }
+
+  /// Lists, and answers the identifiers by subject behind the prefix.
+  std::map<std::string, std::string> Ids(bool unreadOnly = false) {
+    std::map<std::string, std::string> ids;
+    for (const FetchedMail& mail : mail_.List(unreadOnly)) ids[mail.subject.substr(13)] = mail.id;
+    return ids;
+  }
+
+  std::string Subjects(bool unreadOnly = false) {
+    std::string subjects;
+    for (const auto& [subject, id] : Ids(unreadOnly)) subjects += subject + ' ';
+    return subjects;
+  }
+
+  void MarkRead(const std::string& id) {
+    mail_.MarkRead(id);
+    mail_.Flush();
+  }
+
+  void Remove(const std::string& id) {
+    mail_.Remove(id);
+    mail_.Flush();
+  }
+
+  void Send(const std::string& subject) {
+    mail_.Send(MailOf(subject));
+    servers_.AwaitDelivery();
+  }
+
+  MailServers& servers_ = EmptyServers();
+  OtherClient other_{servers_, user};  // has the Inbox open all the time
+  desktop::ServerMail mail_{ServerAccount(user), MailServers::password};
+};
+
+TEST_F(RealServersTest, OtherMailsKeepTheirMarksAndStayUnread) {
+  const std::string others =
+      "Tarvolenix is fun Hello(\\Flagged) Read(\\Answered \\Seen) Draft(\\Draft Important) ";
+  Deliver("Tarvolenix is fun");
+  Deliver("Hello", "\\Flagged");
+  Deliver("Read", "\\Answered \\Seen");
+  Deliver("Draft", "\\Draft Important");
+  for (const char* subject : {"a", "b"}) Deliver(subject);
+  EXPECT_EQ(Subjects(), "a b ");
+  EXPECT_EQ(Inbox(), others + "a b ") << "a look changes nothing";
+  const auto ids = Ids(true);
+  MarkRead(ids.at("a"));
+  Remove(ids.at("b"));
+  EXPECT_EQ(Subjects(true), "");
+  EXPECT_EQ(Inbox(), others + "a(\\Seen) ");
+}
+
+TEST_F(RealServersTest, WhatAnotherProgramHasMarkedAsDeletedSurvivesOurDeletion) {
+  Deliver("a");
+  Deliver("b", "\\Deleted");
+  Deliver("Hello", "\\Deleted");
+  EXPECT_EQ(Subjects(), "a ");
+  Remove(Ids().at("a"));
+  mail_.Close();
+  EXPECT_EQ(Inbox(), "b(\\Deleted) Hello(\\Deleted) ");
+}
+
+TEST_F(RealServersTest, AnotherProgramMayChangeTheInboxMeanwhile) {
+  for (const char* subject : {"First", "a", "b", "c", "Last"}) Deliver(subject);
+  const auto ids = Ids();
+  other_.Command("SELECT INBOX");
+  other_.Command("STORE 1,3 +FLAGS (\\Deleted)");
+  other_.Command("EXPUNGE");
+  other_.Command("STORE 3 +FLAGS (\\Flagged)");
+  Deliver("d");
+  for (const char* gone : {"b", "b"}) {
+    EXPECT_NO_THROW(MarkRead(ids.at(gone)));
+    EXPECT_NO_THROW(Remove(ids.at(gone)));
+  }
+  MarkRead(ids.at("a"));
+  Remove(ids.at("c"));
+  EXPECT_EQ(Inbox(), "a(\\Seen) Last(\\Flagged) d ") << "both had shared the numbers 2 and 3";
+  EXPECT_EQ(Subjects(), "a d ");
+}
+
+TEST_F(RealServersTest, AnInboxThatWasNumberedAnewLosesNothing) {
+  for (const char* subject : {"First", "a", "Last"}) Deliver(subject);
+  other_.Command("UID STORE 1 +FLAGS (\\Deleted)");
+  other_.Command("UID EXPUNGE 1");
+  const std::string id = Ids().at("a");
+  servers_.RenumberInbox(user);
+  EXPECT_EQ(OtherClient(servers_, user).Mails("INBOX").at(1).uid, "2") << "which a had before";
+  MarkRead(id);
+  Remove(id);
+  EXPECT_EQ(Inbox(), "a Last ");
+  Remove(Ids().at("a"));
+  EXPECT_EQ(Inbox(), "Last ");
+}
+
+TEST_F(RealServersTest, AConnectionThatWasCutWhileIdleIsMadeAnew) {
+  for (const char* subject : {"a", "b", "Hello"}) Deliver(subject);
+  const auto cut = [this] { servers_.CutConnections(); };
+  mail_.Open();
+  cut();
+  const auto ids = Ids();
+  EXPECT_EQ(ids.size(), 2U);
+  cut();
+  MarkRead(ids.at("a"));
+  cut();
+  Remove(ids.at("b"));
+  cut();
+  Send("c");
+  EXPECT_EQ(Folder("INBOX", opponent), "c ");
+  cut();
+  mail_.Close();
+  EXPECT_EQ(Inbox(), "a(\\Seen) Hello ");
+}
+
+TEST_F(RealServersTest, ManyOtherMailsHideNone) {
+  servers_.DeliverOthers(user, 5000);
+  for (const char* subject : {"a", "b"}) Deliver(subject);
+  Remove(Ids(true).at("a"));
+  EXPECT_EQ(Subjects(true), "b ");
+  other_.Command("SELECT INBOX");
+  EXPECT_NE(other_.Command("STATUS INBOX (MESSAGES UNSEEN)").find("(MESSAGES 5001 UNSEEN 5001)"),
+            std::string::npos);
+}
+
+TEST_F(RealServersTest, ASentMailIsKeptInTheFolderOfSentMailsWhereThereIsOne) {
+  mail_.Open();
+  Send("a");
+  EXPECT_EQ(other_.Command("LIST \"\" *").find("Sent"), std::string::npos);
+  EXPECT_EQ(Folder("INBOX", opponent), "a ");
+  other_.Command("CREATE Sent");
+  servers_.CutConnections();
+  Send("b");
+  EXPECT_EQ(Folder("Sent"), "b(\\Seen) ") << "though the idle connection was cut";
+  servers_.Refuse(opponent);
+  EXPECT_THROW(Send("c"), platform::MailError);
+  EXPECT_EQ(Folder("Sent"), "b(\\Seen) ") << "what wasn't sent";
+  EXPECT_EQ(Folder("INBOX", opponent), "a b ");
+}
+
+struct SecurityCase {
+  const char* name;
+  const char* host;
+  const char* security;
+  bool works;
+  bool otherAuthority = false;
+};
+
+const SecurityCase securityCases[] = {
+    {"TLS from the first byte", MailServers::host, "Tls", true},
+    {"STARTTLS", MailServers::host, "StartTls", true},
+    {"a host given by its number", MailServers::numericHost, "Tls", true},
+    {"an unknown authority", MailServers::host, "Tls", false, true},
+    {"an unknown authority behind STARTTLS", MailServers::host, "StartTls", false, true},
+    {"an expired certificate", MailServers::expiredHost, "Tls", false},
+    {"an expired certificate behind STARTTLS", MailServers::expiredHost, "StartTls", false},
+    {"another host's certificate", MailServers::foreignHost, "Tls", false},
+    {"another host's certificate behind STARTTLS", MailServers::foreignHost, "StartTls", false},
+    {"no STARTTLS where it was asked for", MailServers::plainHost, "StartTls", false},
+};
+
+TEST_F(RealServersTest, NoPasswordAndNoMailGoesToAServerThatProvesNothing) {
+  for (const SecurityCase& row : securityCases) {
+    SCOPED_TRACE(row.name);
+    servers_.Empty();
+    MailAccount account = ServerAccount(user);
+    account.ImapHost = account.SmtpHost = row.host;
+    account.ImapSecurity = account.SmtpSecurity = row.security;
+    account.ImapPort = servers_.ImapPort(row.security);
+    account.SmtpPort = servers_.SmtpPort(row.security);
+    const std::string authority =
+        row.otherAuthority ? servers_.OtherAuthority() : servers_.Authority();
+    ::setenv("SSL_CERT_FILE", authority.c_str(), 1);
+    const int passwordsBefore = servers_.PasswordsSeen();
+    desktop::ServerMail mail(account, MailServers::password);
+    if (row.works) {
+      EXPECT_EQ(desktop::WhatIsWrongWith(account, MailServers::password), "");
+      EXPECT_NO_THROW(mail.Send(MailOf("a")));
+    } else {
+      EXPECT_NE(desktop::WhatIsWrongWith(account, MailServers::password), "");
+      EXPECT_THROW(mail.Open(), platform::MailError);
+      EXPECT_THROW(mail.TryOutgoing(), platform::MailError);
+      EXPECT_THROW(mail.Send(MailOf("a")), platform::MailError);
+    }
+    ::setenv("SSL_CERT_FILE", servers_.Authority().c_str(), 1);
+    servers_.AwaitDelivery();
+    // The check's two, the mail's and its copy's.
+    EXPECT_EQ(servers_.PasswordsSeen() - passwordsBefore, row.works ? 4 : 0);
+    EXPECT_EQ(Folder("INBOX", opponent), row.works ? "a " : "");
+  }
+}
+
+TEST_F(RealServersTest, AWrongPasswordIsRefusedAtBothEnds) {
+  desktop::ServerMail mail(ServerAccount(user), "wrong");
+  EXPECT_THROW(mail.Open(), desktop::LoginRefused);
+  EXPECT_THROW(mail.TryOutgoing(), desktop::LoginRefused);
+  EXPECT_THROW(mail.Send(MailOf("a")), desktop::LoginRefused);
+  EXPECT_NE(desktop::WhatIsWrongWith(ServerAccount(user), "wrong"), "");
+}
+
+}  // namespace

@@ -5,6 +5,7 @@
 
 #include "app/program.h"
 #include "desktop/folders.h"
+#include "desktop/passwords.h"
 #include "platform/process_state.h"
 
 namespace {
@@ -19,6 +20,7 @@ std::string CommandLine(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  desktop::ForbidCoreDumps();
   const std::string commandLine = CommandLine(argc, argv);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));

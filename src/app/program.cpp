@@ -5,11 +5,12 @@
 #include <QIcon>
 #include <QTimer>
 
-#include <optional>
+#include <chrono>
+#include <utility>
 
+#include "desktop/account_check.h"
 #include "desktop/folders.h"
-#include "desktop/mail_text.h"
-#include "desktop/post_office.h"
+#include "desktop/known_providers.h"
 #include "mail/mail_session.h"
 #include "platform/desktop.h"
 #include "platform/messages.h"
@@ -19,7 +20,6 @@
 #include "platform/setting_variables.h"
 #include "shell/settings.h"
 #include "store/saving.h"
-#include "ui/account_dialog.h"
 #include "ui/program_pictures.h"
 
 namespace app {
@@ -28,25 +28,10 @@ using platform::Process;
 
 namespace {
 
-bool IsPostAddress(const std::string& address) {
-  return desktop::IsMailAddress(desktop::LocalAddress(address));
-}
-
-std::optional<desktop::MailAccount> AskAccount(const desktop::MailAccount& suggestion) {
-  const auto answer = ui::AskForAccount(
-      {suggestion.MyName, suggestion.MyAddress, suggestion.PostFolder}, IsPostAddress);
-  if (!answer) return std::nullopt;
-  desktop::MailAccount account = suggestion;
-  account.MailKind = "Post";  // the dialog offers no other
-  account.MyName = answer->name;
-  account.MyAddress = answer->address;
-  account.PostFolder = answer->postFolder;
-  return account;
-}
-
-bool IsSame(const desktop::MailAccount& a, const desktop::MailAccount& b) {
-  return a.MailKind == b.MailKind && a.MyName == b.MyName && a.MyAddress == b.MyAddress &&
-         a.PostFolder == b.PostFolder;
+ui::ProviderGuess Guess(const desktop::MailAccount& account) {
+  const desktop::MailAccount guessed = desktop::WithGuessedServers(account);
+  return {guessed, desktop::IsKnownProvider(account.MyAddress),
+          std::string(desktop::PasswordAdvice(guessed.ImapHost))};
 }
 
 void SetUpFolders() {
@@ -91,21 +76,54 @@ bool Program::Start() {
   return true;
 }
 
-std::optional<desktop::MailAccount> Program::AskAtLogon(const desktop::MailAccount& suggestion) {
-  auto account = AskAccount(suggestion);
-  if (!account) {
+std::optional<std::string> Program::KeptPassword(const desktop::MailAccount& account) {
+  if (!desktop::NeedsPassword(account)) return std::nullopt;
+  return desktop_->KeptPasswords().Read(desktop::PasswordKey(account));
+}
+
+std::optional<desktop::AccountAnswer> Program::AskAccount(const desktop::MailAccount& suggestion) {
+  // Looked up once: a keyring may ask its user to unlock it.
+  const bool isKept = KeptPassword(suggestion).has_value();
+  const ui::AccountHelp help{
+      desktop::HasUsableAddress, Guess,
+      [isKept, key = desktop::PasswordKey(suggestion)](const desktop::MailAccount& account) {
+        return isKept && desktop::PasswordKey(account) == key;
+      },
+      [this](const auto& answer, auto told) { TestAccount(answer, std::move(told)); }};
+  return ui::AskForAccount(suggestion, help);
+}
+
+std::optional<desktop::AccountAnswer> Program::AskAtLogon(const desktop::MailAccount& suggestion) {
+  auto answer = AskAccount(suggestion);
+  if (!answer) {
     // The logon fails and leaves its guard standing, as after a crash; but nothing crashed.
     QTimer::singleShot(0, windows_.get(), [] { platform::SetLogonStatus(false); });
+  } else if (!answer->password) {
+    answer->password = KeptPassword(answer->account);
   }
-  return account;
+  return answer;
+}
+
+void Program::TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told) {
+  std::erase_if(tests_, [](const std::future<void>& test) {
+    return test.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+  });
+  const std::string password =
+      answer.password.value_or(KeptPassword(answer.account).value_or(std::string{}));
+  tests_.push_back(
+      std::async(std::launch::async, [account = answer.account, password, told = std::move(told),
+                                      &events = *platform::TheDesktop().events] {
+        const std::string problem = desktop::WhatIsWrongWith(account, password);
+        events.Post([told, problem] { told(problem); });
+      }));
 }
 
 void Program::ChangeAccount() {
   const platform::PollingHold hold;
   const desktop::MailAccount stored = desktop::LoadMailAccount();
-  const auto account = AskAccount(desktop::WithLoginName(stored));
-  if (!account || IsSame(*account, stored)) return;
-  if (!desktop::SaveMailAccount(*account)) {
+  const auto answer = AskAccount(desktop::WithLoginName(stored));
+  if (!answer || (answer->account == stored && !answer->password)) return;
+  if (!desktop::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) {
     platform::ShowMessage(platform::ErrorIcon, "Mail account", "Your mail account can't be stored.",
                           "Ok", {}, false, platform::FailureSound);
     return;

@@ -2,12 +2,15 @@
 // The program from its start to its orderly stop.
 #pragma once
 
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "desktop/mail_account.h"
 #include "desktop/real_desktop.h"
+#include "ui/account_dialog.h"
 #include "ui/game_windows.h"
 #include "ui/qt_message_boxes.h"
 
@@ -31,14 +34,19 @@ class Program {
   ui::GameWindows& Windows() { return *windows_; }
 
  private:
-  std::optional<desktop::MailAccount> AskAtLogon(const desktop::MailAccount& suggestion);
+  std::optional<desktop::AccountAnswer> AskAccount(const desktop::MailAccount& suggestion);
+  std::optional<desktop::AccountAnswer> AskAtLogon(const desktop::MailAccount& suggestion);
 
   /// The user's own wish; what he changes counts from the next logon on.
   void ChangeAccount();
 
+  std::optional<std::string> KeptPassword(const desktop::MailAccount& account);
+  void TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told);
+
   ui::QtMessageBoxes boxes_;
   std::unique_ptr<desktop::RealDesktop> desktop_;
   std::unique_ptr<ui::GameWindows> windows_;
+  std::vector<std::future<void>> tests_;  // each is waited for before what it uses goes
 };
 
 }  // namespace app

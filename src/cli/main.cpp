@@ -3,6 +3,9 @@
 //
 // Output is JSON on standard output, one object a line; standard error has one plain sentence where
 // something went wrong. Exit 0 done, 1 refused or failed, 2 wrong usage.
+#include <QCoreApplication>
+
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -10,6 +13,7 @@
 
 #include "cli/verbs.h"
 #include "desktop/folders.h"
+#include "desktop/passwords.h"
 #include "desktop/real_desktop.h"
 #include "platform/desktop.h"
 #include "platform/process_state.h"
@@ -36,11 +40,18 @@ void PrintHelp() {
          "(board= may be left out). VERB --help explains one verb, --version tells the version.\n";
 }
 
-const cli::VerbRow& FindVerb(const std::string& name) {
-  for (const cli::VerbRow& verb : cli::Verbs()) {
-    if (name == verb.name) return verb;
+/// Takes the verb from the front of the arguments; some verbs have two words.
+const cli::VerbRow& TakeVerb(std::vector<std::string>& arguments) {
+  std::string name = arguments.front();
+  for (std::size_t words = 1; words <= std::min<std::size_t>(2, arguments.size()); ++words) {
+    if (words == 2) name += ' ' + arguments[1];
+    for (const cli::VerbRow& verb : cli::Verbs()) {
+      if (name != verb.name) continue;
+      arguments.erase(arguments.begin(), arguments.begin() + static_cast<std::ptrdiff_t>(words));
+      return verb;
+    }
   }
-  throw cli::UsageError("There is no verb \"" + name + "\"; --help lists them all.");
+  throw cli::UsageError("There is no verb \"" + arguments.front() + "\"; --help lists them all.");
 }
 
 /// Takes "--folder DIR" from the front of the arguments. Ends in "/".
@@ -55,35 +66,39 @@ std::string TakeFolder(std::vector<std::string>& arguments) {
   return std::filesystem::absolute(folder).string() + "/";
 }
 
-int Run(std::vector<std::string> arguments) {
+/// Standard error has one sentence, and none of the toolkit's.
+void DropToolkitMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+int Run(int argc, char** argv) {
+  std::vector<std::string> arguments{argv + 1, argv + argc};
   const std::string folder = TakeFolder(arguments);
   if (arguments.empty()) throw cli::UsageError("A verb is missing; --help lists them all.");
-  const std::string name = arguments.front();
-  arguments.erase(arguments.begin());
-  if (name == "--help") {
+  if (arguments.front() == "--help") {
     PrintHelp();
     return Done;
   }
-  if (name == "--version") {
+  if (arguments.front() == "--version") {
     std::cout << "tarvolenix-cli " << platform::GetVersionText() << '\n';
     return Done;
   }
-  const cli::VerbRow& verb = FindVerb(name);
+  const cli::VerbRow& verb = TakeVerb(arguments);
   if (!arguments.empty() && arguments.front() == "--help") {
     std::cout << "tarvolenix-cli " << verb.usage << '\n' << verb.help << '\n';
     return Done;
   }
   const cli::Arguments parsed(arguments, verb.rules);
 
+  qInstallMessageHandler(DropToolkitMessages);
+  const QCoreApplication application(argc, argv);
   cli::CollectedMessages messages;
-  const desktop::RealDesktop desktop(folder);
+  desktop::RealDesktop desktop(folder);
   const std::string dataFolder = desktop::DataFolderFor(folder);
   desktop::PrepareDataFolder(folder, dataFolder);
   platform::SetupGlobalVariables(folder, "-nosound");
   platform::Process().DataPath = dataFolder + "Data/";
   platform::Settings().Verbose = true;
   platform::TheDesktop().messageBoxes = &messages;
-  const bool done = verb.run({parsed, messages});
+  const bool done = verb.run({parsed, messages, desktop.KeptPasswords()});
   if (!std::cout.flush()) throw cli::Refusal("The answer could not be written.");
   return done ? Done : Failed;
 }
@@ -91,8 +106,9 @@ int Run(std::vector<std::string> arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  desktop::ForbidCoreDumps();
   try {
-    return Run({argv + 1, argv + argc});
+    return Run(argc, argv);
   } catch (const cli::UsageError& error) {
     std::cerr << error.what() << '\n';
     return WrongUsage;

@@ -67,6 +67,17 @@ const std::vector<VerbRow>& Verbs() {
        Retrieve},
       {"remove", "remove ID", "Deletes a game.", {{}, {}, {}, 1, 1}, Remove},
       {"backup", "backup", "Copies the game file to its backup.", {}, Backup},
+      {"account show", "account show", "Tells the mail account's settings.", {}, ShowAccount},
+      {"account set",
+       "account set [--password] [KEY=VALUE...]",
+       "Changes the mail account; its password comes from the first line of standard input.",
+       {{}, {"--password"}, {}, 0, any},
+       SetAccount},
+      {"account test",
+       "account test",
+       "Signs on at the mail service without changing anything there.",
+       {},
+       TestAccount},
   };
   return verbs;
 }

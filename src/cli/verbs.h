@@ -5,6 +5,7 @@
 
 #include "cli/arguments.h"
 #include "cli/collected_messages.h"
+#include "desktop/passwords.h"
 
 namespace cli {
 
@@ -12,6 +13,7 @@ namespace cli {
 struct Call {
   const Arguments& arguments;
   CollectedMessages& messages;
+  desktop::Passwords& passwords;
 };
 
 /// Answers whether all that was asked was done. Raises Refusal with the reason for standard error,
@@ -19,7 +21,7 @@ struct Call {
 using Verb = bool (*)(const Call& call);
 
 struct VerbRow {
-  const char* name;
+  const char* name;  ///< one word or two
   const char* usage;
   const char* help;
   ArgumentRules rules;
@@ -50,5 +52,10 @@ bool Import(const Call& call);
 bool Export(const Call& call);
 bool Send(const Call& call);
 bool Retrieve(const Call& call);
+
+// The mail account.
+bool ShowAccount(const Call& call);
+bool SetAccount(const Call& call);
+bool TestAccount(const Call& call);
 
 }  // namespace cli

@@ -2,17 +2,27 @@
 #include "ui/account_dialog.h"
 
 #include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
 #include <QFileDialog>
-#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
+#include "ui/form_rows.h"
+#include "ui/outcome_line.h"
 #include "ui/pointers.h"
+#include "ui/scrolling_page.h"
+#include "ui/server_fields.h"
 #include "ui/shown_text.h"
 #include "ui/typed_text.h"
 
@@ -24,6 +34,33 @@ namespace {
 
 constexpr int longestName = 50;
 constexpr int longestAddress = 255;
+constexpr int usualWidth = 640;
+
+struct KindRow {
+  const char* kind;  ///< as it is stored
+  const char* caption;
+  const char* explanation;
+};
+
+constexpr KindRow kindRows[] = {
+    {"Post", "A &post office on this computer",
+     "No server and no password: everybody who uses the same post folder, on this computer or on a "
+     "shared one, can play with you."},
+    {"Imap", "My &mailbox at a mail provider",
+     "Your moves travel as ordinary mails, by IMAP and SMTP. Tarvolenix touches no mails but those "
+     "of its own games."},
+    {"System", "This computer's own mail s&ystem",
+     "For computers that deliver mail themselves, into the folder Maildir, and send it with the "
+     "command sendmail. If you don't know of one, it is not for you."},
+};
+
+QLabel* NewText(const QString& name, const QString& text = {}) {
+  auto* label = new QLabel(text);
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  return label;
+}
 
 QLineEdit* NewField(const QString& name, const std::string& text, int longest) {
   auto* field = new QLineEdit(Shown(text));
@@ -33,87 +70,299 @@ QLineEdit* NewField(const QString& name, const std::string& text, int longest) {
   return field;
 }
 
+QPushButton* NewButton(const QString& name, const QString& caption) {
+  auto* button = new QPushButton(caption);
+  button->setObjectName(name);
+  button->setMinimumSize(96, 28);
+  button->setAutoDefault(false);
+  return button;
+}
+
 std::string Trimmed(const QLineEdit& field) { return field.text().trimmed().toStdString(); }
+
+bool HasDomain(const QString& address) { return address.trimmed().section(u'@', 1).contains(u'.'); }
 
 }  // namespace
 
-AccountDialog::AccountDialog(const AccountAnswer& suggestion, AddressCheck isAddress,
-                             QWidget* parent)
+AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QWidget* parent)
     : QDialog(parent),
-      isAddress_(std::move(isAddress)),
-      name_(NewField(u"MyName"_s, suggestion.name, longestName)),
-      address_(NewField(u"MyAddress"_s, suggestion.address, longestAddress)),
-      postFolder_(NewField(u"PostFolder"_s, suggestion.postFolder, 4096)) {
+      suggestion_(suggestion),
+      help_(std::move(help)),
+      serversAreGuessed_((suggestion.ImapHost.empty() && suggestion.SmtpHost.empty()) ||
+                         help_.guess(suggestion).account == suggestion),
+      kinds_(new QButtonGroup(this)),
+      explanation_(NewText(u"Explanation"_s)),
+      form_(new FormRows),
+      name_(NewField(u"MyName"_s, suggestion.MyName, longestName)),
+      address_(NewField(u"MyAddress"_s, suggestion.MyAddress, longestAddress)),
+      postFolder_(NewField(u"PostFolder"_s, suggestion.PostFolder, 4096)),
+      password_(new QLineEdit),
+      providerNote_(NewText(u"ProviderNote"_s)),
+      fold_(new QToolButton),
+      outcome_(new OutcomeLine),
+      test_(NewButton(u"TestButton"_s, u"&Test"_s)),
+      ok_(NewButton(u"OkButton"_s, u"OK"_s)) {
   setObjectName(u"AccountDialog"_s);
   setWindowTitle(u"Tarvolenix - Your mail"_s);
-  LayOut();
-  Refresh();
+  outcome_->setObjectName(u"Outcome"_s);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 16);
+  layout->setSpacing(0);
+  auto* page = new ScrollingPage(NewPage());
+  layout->addWidget(page, 1);
+  layout->addLayout(NewButtons());
+  Connect();
+  servers_->ShowAccount(suggestion_);
+  ShowProvider();
+  page->Settle();  // a window that changes its size while it comes up loses its place
+  FitHeight();
   // What is only suggested makes room for the first key.
   name_->setFocus();
   name_->selectAll();
 }
 
-void AccountDialog::LayOut() {
-  auto* explanation = new QLabel(
-      u"Games are played by mail, so your opponents need to know who you are. Moves travel through "
-      u"a post office on this computer, which needs no server and no password: everybody who uses "
-      u"the same post folder, on this machine or on a shared one, can play with you."_s);
-  explanation->setTextFormat(Qt::PlainText);
-  explanation->setWordWrap(true);
+QWidget* AccountDialog::NewPage() {
+  auto* page = new QWidget;
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(16, 16, 16, 8);
+  column->setSpacing(16);
+  AddKinds(column);
+  column->addLayout(form_);
+  column->addStretch();
+  AddRows();
+  AddServerRows();
+  return page;
+}
 
-  auto* browse = new QPushButton(u"&Browse..."_s);
-  browse->setObjectName(u"BrowseButton"_s);
-  connect(browse, &QPushButton::clicked, this, &AccountDialog::Browse);
-  auto* folder = new QHBoxLayout;
-  folder->setSpacing(8);
-  folder->addWidget(postFolder_, 1);
-  folder->addWidget(browse);
+void AccountDialog::AddKinds(QBoxLayout* page) {
+  auto* column = new QVBoxLayout;
+  column->setSpacing(4);
+  QLabel* question =
+      NewText(u"Question"_s, u"Games are played by mail. Which way shall your moves travel?"_s);
+  QFont font = question->font();
+  font.setBold(true);
+  question->setFont(font);
+  column->addWidget(question);
+  column->addSpacing(4);
+  for (const KindRow& row : kindRows) {
+    auto* button = new QRadioButton(QLatin1StringView(row.caption));
+    button->setObjectName(QLatin1StringView(row.kind));
+    button->setMinimumHeight(24);
+    kinds_->addButton(button);
+    column->addWidget(button);
+    if (kinds_->buttons().size() == 1 || row.kind == suggestion_.MailKind) {
+      button->setChecked(true);
+    }
+  }
+  column->addSpacing(4);
+  column->addWidget(explanation_);
+  page->addLayout(column);
+}
 
-  auto* form = new QFormLayout;
-  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  form->setVerticalSpacing(8);
-  form->setHorizontalSpacing(16);
-  form->addRow(u"Mail service:"_s, new QLabel(u"Local post office"_s));
-  form->addRow(u"Your &name:"_s, name_);
-  form->addRow(u"Your &address:"_s, address_);
-  form->addRow(QString(), new QLabel(u"Such as anna or anna@example.org, without blanks"_s));
-  auto* folderLabel = new QLabel(u"&Post folder:"_s);
-  folderLabel->setBuddy(postFolder_);
-  form->addRow(folderLabel, folder);
+void AccountDialog::AddRows() {
   address_->setPlaceholderText(u"name@example.org"_s);
+  form_->AddRow(u"Your &name:"_s, {name_});
+  form_->AddRow(u"Your &address:"_s, {address_});
 
-  ok_ = new QPushButton(u"OK"_s);
-  ok_->setObjectName(u"OkButton"_s);
+  auto* browse = NewButton(u"BrowseButton"_s, u"&Browse..."_s);
+  connect(browse, &QPushButton::clicked, this, &AccountDialog::Browse);
+  postFolderRow_ = form_->AddRow(u"Post &folder:"_s, {postFolder_, browse});
+
+  password_->setObjectName(u"Password"_s);
+  password_->setEchoMode(QLineEdit::Password);
+  auto* show = new QCheckBox(u"&Show"_s);
+  show->setObjectName(u"ShowPassword"_s);
+  show->setToolTip(u"Shows the password while you type it"_s);
+  connect(show, &QCheckBox::toggled, password_, [this](bool shown) {
+    password_->setEchoMode(shown ? QLineEdit::Normal : QLineEdit::Password);
+  });
+  passwordRow_ = form_->AddRow(u"Pass&word:"_s, {password_, show});
+}
+
+void AccountDialog::AddServerRows() {
+  noteRow_ = form_->AddRow({}, {providerNote_});
+  fold_->setObjectName(u"ServerFold"_s);
+  fold_->setText(u"Server settin&gs"_s);
+  fold_->setToolTip(u"For most providers they are found by themselves"_s);
+  fold_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  fold_->setAutoRaise(true);
+  fold_->setFocusPolicy(Qt::StrongFocus);
+  foldRow_ = form_->AddRow({}, {fold_});
+  servers_ = new ServerFields(form_, this);
+}
+
+QLayout* AccountDialog::NewButtons() {
+  test_->setToolTip(u"Signs on at your mail service, without changing anything there"_s);
+  connect(test_, &QPushButton::clicked, this, &AccountDialog::Test);
   ok_->setDefault(true);
   connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
-  auto* cancel = new QPushButton(u"Cancel"_s);
-  cancel->setObjectName(u"CancelButton"_s);
+  auto* cancel = NewButton(u"CancelButton"_s, u"Cancel"_s);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
+  buttons->addWidget(test_);
   buttons->addStretch();
-  for (QPushButton* button : {cancel, ok_}) {
-    button->setMinimumSize(96, 28);
-    buttons->addWidget(button);
-  }
-  for (QLineEdit* field : {name_, address_, postFolder_}) {
-    connect(field, &QLineEdit::textChanged, this, &AccountDialog::Refresh);
-  }
-
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(16, 16, 16, 16);
-  layout->setSpacing(16);
-  layout->addWidget(explanation);
-  layout->addLayout(form);
-  layout->addStretch();
-  layout->addLayout(buttons);
-  setMinimumWidth(480);
+  buttons->addWidget(cancel);
+  buttons->addWidget(ok_);
+  auto* column = new QVBoxLayout;
+  column->setContentsMargins(16, 8, 16, 0);
+  column->setSpacing(16);
+  column->addWidget(outcome_);
+  column->addLayout(buttons);
+  return column;
 }
 
+void AccountDialog::Connect() {
+  connect(kinds_, &QButtonGroup::buttonClicked, this, &AccountDialog::ChangeKind);
+  connect(address_, &QLineEdit::textChanged, this, &AccountDialog::ChangeAddress);
+  connect(address_, &QLineEdit::editingFinished, this, &AccountDialog::ShowProvider);
+  for (const QLineEdit* field : {name_, postFolder_, password_}) {
+    connect(field, &QLineEdit::textChanged, this, &AccountDialog::Refresh);
+  }
+  connect(servers_, &ServerFields::ServersEdited, this, [this] {
+    serversAreGuessed_ = false;
+    Refresh();
+  });
+  connect(servers_, &ServerFields::TokenCommandEdited, this, &AccountDialog::Refresh);
+  connect(fold_, &QToolButton::clicked, this, [this] {
+    foldIsUsers_ = true;
+    isOpen_ = !isOpen_;
+    ShowRows();
+  });
+}
+
+bool AccountDialog::event(QEvent* event) {
+  const bool handled = QDialog::event(event);
+  if (event->type() == QEvent::LayoutRequest) FitHeight();
+  return handled;
+}
+
+std::string AccountDialog::Kind() const {
+  return kinds_->checkedButton()->objectName().toStdString();
+}
+
+AccountAnswer AccountDialog::Answer() const {
+  AccountAnswer answer{suggestion_, {}};
+  MailAccount& account = answer.account;
+  account.MailKind = Kind();
+  account.MyName = Trimmed(*name_);
+  account.MyAddress = Trimmed(*address_);
+  if (IsKind("Post")) {
+    account.PostFolder = Trimmed(*postFolder_);
+    if (!account.PostFolder.empty() && !account.PostFolder.ends_with('/')) {
+      account.PostFolder += '/';
+    }
+  }
+  if (!IsKind("Imap")) return answer;
+  servers_->FillIn(account);
+  if (account.TokenCommand.empty() && !password_->text().isEmpty()) {
+    answer.password = password_->text().toStdString();
+  }
+  return answer;
+}
+
+/// The first thing that an account can't be without.
+QString AccountDialog::WhatIsMissing() const {
+  const auto [account, password] = Answer();
+  if (account.MyName.empty()) return u"your name"_s;
+  if (account.MyAddress.empty()) return u"your address"_s;
+  if (!help_.hasUsableAddress(account)) return u"an address such as name@example.org"_s;
+  if (IsKind("Post") && account.PostFolder.empty()) return u"a post folder"_s;
+  if (!IsKind("Imap")) return {};
+  if (account.ImapHost.empty() || account.SmtpHost.empty()) return u"the names of the servers"_s;
+  if (account.UserName.empty()) return u"your user name at the servers"_s;
+  const bool needsPassword = account.TokenCommand.empty() && !password;
+  if (needsPassword && !help_.hasKeptPassword(account)) return u"your password"_s;
+  return {};
+}
+
+void AccountDialog::ChangeKind() {
+  // The address that this machine gives its user is of no use elsewhere.
+  const QString local = Shown(suggestion_.MyAddress);
+  if (local.endsWith(u"@localhost"_s)) {
+    if (IsKind("Imap") && address_->text() == local) address_->clear();
+    if (!IsKind("Imap") && address_->text().isEmpty()) address_->setText(local);
+  }
+  ShowProvider();
+  ShowRows();
+}
+
+void AccountDialog::ChangeAddress() {
+  if (serversAreGuessed_) GuessServers();
+  Refresh();
+}
+
+void AccountDialog::GuessServers() {
+  MailAccount account = suggestion_;
+  servers_->FillIn(account);
+  account.MyAddress = Trimmed(*address_);
+  servers_->ShowAccount(help_.guess(account).account);
+}
+
+/// Tells what is known about the address's provider. The servers of an unknown one, and those that
+/// the user has chosen, are better seen.
+void AccountDialog::ShowProvider() {
+  if (serversAreGuessed_) GuessServers();
+  QString note;
+  bool open = false;
+  if (HasDomain(address_->text())) {
+    const ProviderGuess guess = help_.guess(Answer().account);
+    open = !serversAreGuessed_ || !guess.isKnown;
+    if (serversAreGuessed_) {
+      note = guess.isKnown ? Shown(guess.advice)
+                           : u"Tarvolenix doesn't know this provider and has guessed the names of "
+                             u"its servers. If the test fails, look for \"IMAP\" in the provider's "
+                             u"help."_s;
+    }
+  }
+  providerNote_->setText(note);
+  if (!foldIsUsers_) isOpen_ = open;
+  ShowRows();
+}
+
+void AccountDialog::ShowRows() {
+  const bool imap = IsKind("Imap");
+  for (const KindRow& row : kindRows) {
+    if (IsKind(row.kind)) explanation_->setText(QLatin1StringView(row.explanation));
+  }
+  form_->ShowRow(postFolderRow_, IsKind("Post"));
+  form_->ShowRow(passwordRow_, imap);
+  form_->ShowRow(noteRow_, imap && !providerNote_->text().isEmpty());
+  form_->ShowRow(foldRow_, imap);
+  fold_->setArrowType(isOpen_ ? Qt::DownArrow : Qt::RightArrow);
+  servers_->SetVisible(imap && isOpen_);
+  test_->setVisible(!IsKind("Post"));
+  Refresh();
+}
+
+/// What was found out about the account before it was changed counts no more.
 void AccountDialog::Refresh() {
+  testing_ = false;
+  test_->setText(u"&Test"_s);
   const AccountAnswer answer = Answer();
-  ok_->setEnabled(!answer.name.empty() && !answer.postFolder.empty() && !answer.address.empty() &&
-                  isAddress_(answer.address));
+  const bool token = !answer.account.TokenCommand.empty();
+  password_->setEnabled(!token);
+  password_->setPlaceholderText(token ? u"the token command stands for it"_s
+                                : help_.hasKeptPassword(answer.account)
+                                    ? u"the stored password stays"_s
+                                    : QString());
+  const QString missing = WhatIsMissing();
+  for (QPushButton* button : {test_, ok_}) button->setEnabled(missing.isEmpty());
+  outcome_->ShowRemark(missing.isEmpty() ? QString() : u"Still missing: "_s + missing + u"."_s);
+}
+
+/// As high as what is shown, and never beyond the screen.
+void AccountDialog::FitHeight() {
+  constexpr int frame = 48;  // what the desktop draws around it
+  const QRect available = screen()->availableGeometry();
+  const int width = std::max(isVisible() ? this->width() : usualWidth, minimumSizeHint().width());
+  const QSize fitting(width,
+                      std::min(layout()->totalHeightForWidth(width), available.height() - frame));
+  // The toolkit would take even an idle resize for a wish to be where the window happens to be.
+  if (fitting == size()) return;
+  resize(fitting);
+  const int beyond = geometry().bottom() - available.bottom();
+  if (isVisible() && beyond > 0) move(x(), y() - beyond);
 }
 
 void AccountDialog::Browse() {
@@ -122,16 +371,32 @@ void AccountDialog::Browse() {
   if (!folder.isEmpty()) postFolder_->setText(folder);
 }
 
-AccountAnswer AccountDialog::Answer() const {
-  AccountAnswer answer{Trimmed(*name_), Trimmed(*address_), Trimmed(*postFolder_)};
-  if (!answer.postFolder.empty() && !answer.postFolder.ends_with('/')) answer.postFolder += '/';
-  return answer;
+void AccountDialog::Test() {
+  if (testing_) {
+    Refresh();
+    return;
+  }
+  testing_ = true;
+  test_->setText(u"S&top"_s);
+  outcome_->ShowBusy(u"Signing on at your mail service..."_s);
+  help_.test(Answer(), [dialog = QPointer(this), test = ++tests_](const std::string& problem) {
+    if (dialog) dialog->TellOutcome(test, problem);
+  });
 }
 
-std::optional<AccountAnswer> AskForAccount(const AccountAnswer& suggestion,
-                                           const AddressCheck& isAddress) {
+void AccountDialog::TellOutcome(int test, const std::string& problem) {
+  if (!testing_ || test != tests_) return;
+  Refresh();
+  if (problem.empty()) {
+    outcome_->ShowSuccess(u"It works: mail can be fetched and sent."_s);
+  } else {
+    outcome_->ShowFailure(Shown(problem));
+  }
+}
+
+std::optional<AccountAnswer> AskForAccount(const MailAccount& suggestion, const AccountHelp& help) {
   const OtherPointer arrow(Qt::ArrowCursor);
-  AccountDialog dialog(suggestion, isAddress, QApplication::activeWindow());
+  AccountDialog dialog(suggestion, help, QApplication::activeWindow());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Answer();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The question of the first logon, and of whoever wants to change it later: who the user is to his
-// opponents, with the local post office already chosen.
+// opponents, and which way his mail takes. What belongs to another way than the chosen one isn't
+// shown.
 #pragma once
 
 #include <QDialog>
@@ -9,42 +10,108 @@
 #include <optional>
 #include <string>
 
+#include "platform/mail_account.h"
+
+class QBoxLayout;
+class QButtonGroup;
+class QLabel;
 class QLineEdit;
 class QPushButton;
+class QToolButton;
 
 namespace ui {
 
-struct AccountAnswer {
-  std::string name;
-  std::string address;
-  std::string postFolder;  ///< ends in "/"
+class FormRows;
+class OutcomeLine;
+class ServerFields;
+
+using platform::AccountAnswer;
+using platform::MailAccount;
+
+/// What an address tells about its provider.
+struct ProviderGuess {
+  MailAccount account;  ///< with the servers that the address suggests
+  bool isKnown = false;
+  std::string advice;  ///< what the provider wants for a password, in a sentence; may be blank
 };
 
-/// Whether mail can be sent from and to an address.
-using AddressCheck = std::function<bool(const std::string& address)>;
+/// What the dialog has to ask others.
+struct AccountHelp {
+  /// Whether mail can be sent from and to the account's address.
+  std::function<bool(const MailAccount&)> hasUsableAddress;
+
+  std::function<ProviderGuess(const MailAccount&)> guess;
+
+  std::function<bool(const MailAccount&)> hasKeptPassword;
+
+  /// Tries the account out, without making anybody wait, and tells in a sentence what is wrong with
+  /// it; a blank one where nothing is.
+  using Told = std::function<void(const std::string& problem)>;
+  std::function<void(const AccountAnswer&, Told)> test;
+};
 
 class AccountDialog : public QDialog {
   Q_OBJECT
 
  public:
-  AccountDialog(const AccountAnswer& suggestion, AddressCheck isAddress, QWidget* parent = nullptr);
+  AccountDialog(const MailAccount& suggestion, AccountHelp help, QWidget* parent = nullptr);
 
   AccountAnswer Answer() const;
 
- private:
-  void LayOut();
-  void Browse();
-  void Refresh();
+ protected:
+  bool event(QEvent* event) override;
 
-  AddressCheck isAddress_;
+ private:
+  QWidget* NewPage();
+  void AddKinds(QBoxLayout* page);
+  void AddRows();
+  void AddServerRows();
+  QLayout* NewButtons();
+  void Connect();
+
+  std::string Kind() const;
+  bool IsKind(const char* kind) const { return Kind() == kind; }
+  QString WhatIsMissing() const;
+
+  void ChangeKind();
+  void ChangeAddress();
+  void GuessServers();
+  void ShowProvider();
+  void ShowRows();
+  void Refresh();
+  void FitHeight();
+  void Browse();
+  void Test();
+  void TellOutcome(int test, const std::string& problem);
+
+  MailAccount suggestion_;
+  AccountHelp help_;
+  bool serversAreGuessed_;
+  bool isOpen_ = false;       // the fold with the server settings
+  bool foldIsUsers_ = false;  // he has opened or closed it himself
+  bool testing_ = false;
+  int tests_ = 0;  // the number of the last one; an older one's outcome interests nobody
+
+  QButtonGroup* kinds_;
+  QLabel* explanation_;
+  FormRows* form_;
   QLineEdit* name_;
   QLineEdit* address_;
   QLineEdit* postFolder_;
-  QPushButton* ok_ = nullptr;
+  QLineEdit* password_;
+  QLabel* providerNote_;
+  QToolButton* fold_;
+  ServerFields* servers_ = nullptr;
+  int postFolderRow_ = 0;
+  int passwordRow_ = 0;
+  int noteRow_ = 0;
+  int foldRow_ = 0;
+  OutcomeLine* outcome_;
+  QPushButton* test_;
+  QPushButton* ok_;
 };
 
 /// Runs the dialog; nothing where the user cancels.
-std::optional<AccountAnswer> AskForAccount(const AccountAnswer& suggestion,
-                                           const AddressCheck& isAddress);
+std::optional<AccountAnswer> AskForAccount(const MailAccount& suggestion, const AccountHelp& help);
 
 }  // namespace ui

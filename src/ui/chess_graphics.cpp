@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/chess_graphics.h"
 
-#include <QImageReader>
-
 #include <algorithm>
 #include <exception>
-#include <stdexcept>
 #include <utility>
 
 #include "platform/messages.h"
 #include "platform/process_state.h"
-#include "ui/shown_text.h"
+#include "ui/picture_file.h"
 
 namespace ui {
 namespace {
@@ -23,11 +20,6 @@ constexpr const char* iconFiles[] = {"WhiteRook.ico",  "WhiteKnight.ico", "White
 /// Pixels of a cell beyond which a sheet only costs memory: it is read smaller then.
 constexpr int largestCell = 512;
 
-/// A picture that can't be read; the text is its path.
-struct PictureError : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
 void Report(const std::string& what) {
   platform::ShowMessage(platform::ErrorIcon, "Graphics error.",
                         "Tarvolenix ecountered " + what +
@@ -38,8 +30,8 @@ void Report(const std::string& what) {
 
 /// An icon file may hold the picture in several sizes.
 QImage ReadLargest(const std::string& path) {
-  QImageReader reader(Shown(path));
-  reader.setDecideFormatFromContent(true);
+  PictureFile file(path);
+  QImageReader& reader = file.Reader();
   QImage largest;
   do {
     QImage picture = reader.read();
@@ -50,8 +42,8 @@ QImage ReadLargest(const std::string& path) {
 }
 
 QImage ReadSheet(const std::string& path) {
-  QImageReader reader(Shown(path));
-  reader.setDecideFormatFromContent(true);
+  PictureFile file(path);
+  QImageReader& reader = file.Reader();
   const QSize largest(largestCell * ChessGraphics::columns, largestCell * ChessGraphics::rows);
   if (const QSize size = reader.size();
       size.width() > largest.width() || size.height() > largest.height()) {

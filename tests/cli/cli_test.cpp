@@ -98,6 +98,11 @@ TEST_F(CliTest, WrongUsageExitsWith2AndOneSentence) {
       {"identifier that is no number", {"moves", "one"}},
       {"depth that is no number", {"perft", "-1"}},
       {"folder option without a folder", {"--folder"}},
+      {"account without what to do", {"account"}},
+      {"nothing to set", {"account", "set"}},
+      {"unknown setting", {"account", "set", "Foo=hunter2"}},
+      {"setting without a value", {"account", "set", "--password", "hunter2"}},
+      {"password on the command line", {"account", "set", "Password=hunter2"}},
   };
   for (const UsageCase& row : cases) {
     SCOPED_TRACE(row.name);
@@ -105,6 +110,7 @@ TEST_F(CliTest, WrongUsageExitsWith2AndOneSentence) {
     EXPECT_EQ(answer.exitCode, 2);
     EXPECT_EQ(answer.out, "");
     EXPECT_EQ(std::count(answer.err.begin(), answer.err.end(), '\n'), 1);
+    EXPECT_EQ(answer.err.find("hunter2"), std::string::npos);
   }
 }
 
@@ -331,6 +337,72 @@ TEST_F(CliTest, ADamagedGameFileIsToldAndLeftAsItIs) {
     EXPECT_NE(answer.err, "") << arguments.front();
   }
   EXPECT_EQ(Slurp(file), damaged);
+}
+
+TEST_F(CliTest, AMailAccountIsSetUpFromItsAddress) {
+  const Answer set = As("anna", {"account", "set", "MailKind=Imap", "MyAddress=anna@gmx.at"});
+  EXPECT_EQ(set.exitCode, 0);
+  EXPECT_EQ(set.out,
+            R"({"MailKind":"Imap","MyName":"anna","MyAddress":"anna@gmx.at","PostFolder":")" +
+                (root_ / "post").string() +
+                R"(/","ImapHost":"imap.gmx.net","ImapPort":993,"ImapSecurity":"Tls",)"
+                R"("SmtpHost":"mail.gmx.net","SmtpPort":465,"SmtpSecurity":"Tls",)"
+                R"("UserName":"anna@gmx.at","TokenCommand":"","PasswordKept":false})"
+                "\n");
+  EXPECT_EQ(As("anna", {"account", "test"}).out,
+            "{\"ok\":false,\"reason\":\"No password is kept for this mail account.\"}\n");
+  const auto kept = [this](const std::vector<std::string>& arguments, const char* input = "") {
+    const Answer answer = As("anna", arguments, input);
+    EXPECT_EQ((answer.out + answer.err).find("hunter"), std::string::npos);
+    return answer.out.find("\"PasswordKept\":true}") != std::string::npos;
+  };
+  EXPECT_TRUE(kept({"account", "set", "--password"}, "hunter2 %|ü\nmore\n"));
+  EXPECT_TRUE(kept({"account", "show"}));
+  EXPECT_TRUE(kept({"account", "set", "ImapPort=1", "ImapHost=127.0.0.1", "UserName=anna",
+                    "SmtpHost=localhost", "--password"},
+                   "hunter3"));
+  const Answer test = As("anna", {"account", "test"});
+  EXPECT_EQ(test.exitCode, 1);
+  EXPECT_TRUE(test.out.starts_with("{\"ok\":false,\"reason\":\"")) << test.out;
+  EXPECT_NE(test.out.find("127.0.0.1"), std::string::npos) << test.out;
+  // Chosen servers are no guess: another address leaves them.
+  const Answer moved = As("anna", {"account", "set", "MyAddress=anna@web.de"});
+  EXPECT_NE(moved.out.find("\"ImapHost\":\"127.0.0.1\""), std::string::npos);
+  EXPECT_NE(moved.out.find("\"PasswordKept\":true}"), std::string::npos);
+  EXPECT_EQ(Slurp(root_ / "anna/Tarvolenix.conf").find("hunter"), std::string::npos);
+}
+
+TEST_F(CliTest, AnAccountThatCantWorkIsRefusedAndNothingIsStored) {
+  const std::string before = Slurp(root_ / "anna/Tarvolenix.conf");
+  const std::vector<std::string> rows[] = {
+      {"MailKind=Pigeon"},
+      {"MyName="},
+      {"MyName=" + std::string(51, 'x')},
+      {"MyName=a|b"},
+      {"MyAddress=nobody at home"},
+      {"MailKind=Imap", "MyAddress=anna"},
+      {"MailKind=Imap", "ImapHost="},
+      {"UserName=a\nb"},
+      {"TokenCommand=a\nb"},
+      {"PostFolder= "},
+      {"ImapPort=0"},
+      {"SmtpPort=65536"},
+      {"SmtpPort=25x"},
+      {"SmtpSecurity=tls"},
+      {"MyAddress=anna@\xF6"},
+      {"--password"},
+      {"--password", "MailKind=Imap"},
+  };
+  for (std::vector<std::string> arguments : rows) {
+    SCOPED_TRACE(arguments.back());
+    arguments.insert(arguments.begin(), {"account", "set"});
+    const Answer answer = As("anna", arguments);
+    EXPECT_EQ(answer.exitCode, 1);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(std::count(answer.err.begin(), answer.err.end(), '\n'), 1) << answer.err;
+    EXPECT_EQ(Slurp(root_ / "anna/Tarvolenix.conf"), before);
+  }
+  EXPECT_EQ(As("anna", {"account", "test"}).out, "{\"ok\":true}\n");
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <QTextEdit>
 #include <QToolButton>
 
-#include "ui/account_dialog.h"
 #include "ui/exchange_pawn.h"
 #include "ui/msg_form.h"
 #include "ui/qt_message_boxes.h"
@@ -117,31 +116,6 @@ TEST(ExchangePawnTest, AChoiceIsTheOnlyExit) {
       EXPECT_EQ(ExchangePawn(graphics, side).Choose(), rules::OfSide(white, side));
     }
   }
-}
-
-TEST(AccountDialogTest, TakesWhatCannotHarmAMailAndWantsNameAndAddress) {
-  const auto fits = [](const std::string& address) { return address == "anna@example.org"; };
-  AccountDialog dialog({"root", "", "/post"}, fits);
-  dialog.show();
-  dialog.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-  const auto* ok = dialog.findChild<QPushButton*>(u"OkButton"_s);
-  auto* name = dialog.findChild<QLineEdit*>(u"MyName"_s);
-  auto* address = dialog.findChild<QLineEdit*>(u"MyAddress"_s);
-  QTest::keyClicks(name, u" A|nna M"_s);
-  name->insert(u"ü|\nller "_s);
-  for (const QString& unfit : {u"   "_s, u"anna at home"_s}) {
-    address->setText(unfit);
-    EXPECT_FALSE(ok->isEnabled()) << unfit.toStdString();
-  }
-  address->setText(u" anna@example.org"_s);
-  EXPECT_TRUE(ok->isEnabled());
-  const AccountAnswer answer = dialog.Answer();
-  EXPECT_EQ(answer.name, "Anna Mü ller");
-  EXPECT_EQ(answer.address, "anna@example.org");
-  EXPECT_EQ(answer.postFolder, "/post/");
-  name->clear();
-  EXPECT_FALSE(ok->isEnabled());
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QTemporaryDir>
 
 #include "platform/registry.h"
@@ -74,6 +76,40 @@ TEST_F(ProgramTest, TheMailAccountCanBeSeenAndChanged) {
   EXPECT_FALSE(platform::Process().Offline);
   EXPECT_TRUE(QFile::exists(QString::fromStdString(post) + u"dora@localhost"_s))
       << "the logon is the new account's";
+  program->Stop();
+}
+
+TEST_F(ProgramTest, AMailboxCanBeTriedOutAndStored) {
+  Configure("[Mail]\nMyName=anna\nMyAddress=anna@example.org\nPostFolder=post");
+  const auto program = Start();
+  for (const bool again : {false, true}) {
+    SCOPED_TRACE(again);
+    OnNextDialog([&](QWidget& dialog) {
+      dialog.findChild<QRadioButton*>(u"Imap"_s)->click();
+      if (!again) {
+        for (const char* host : {"ImapHost", "SmtpHost"}) {
+          Field(dialog, host).clear();
+          QTest::keyClicks(&Field(dialog, host), u"127.0.0.1"_s);
+        }
+        for (const char* port : {"ImapPort", "SmtpPort"}) {
+          dialog.findChild<QSpinBox*>(QLatin1StringView(port))->setValue(1);  // nobody is there
+        }
+        Field(dialog, "Password").setText(u"geheim"_s);
+      }
+      Press(dialog, "TestButton");
+      auto* outcome = dialog.findChild<QLabel*>(u"OutcomeText"_s);
+      EXPECT_TRUE(QTest::qWaitFor([&] { return outcome->text().contains(u"127.0.0.1"_s); }));
+      Press(dialog, "OkButton");
+    });
+    Press(*program->Windows().GameList(), "AccountButton");
+  }
+  EXPECT_EQ(platform::ReadRegistry(platform::mailSection, "MailKind"), "Imap");
+  EXPECT_EQ(platform::ReadRegistry(platform::mailSection, "ImapPort"), "1");
+  EXPECT_EQ(platform::ReadRegistry(platform::mailSection, "UserName"), "anna@example.org");
+  QFile settings(folder_.path() + u"/Tarvolenix.conf"_s);
+  EXPECT_TRUE(settings.open(QFile::ReadOnly) && !settings.readAll().contains("geheim"));
+  QFile passwords(folder_.path() + u"/Tarvolenix.passwords"_s);
+  EXPECT_TRUE(passwords.open(QFile::ReadOnly) && passwords.readAll().contains("geheim"));
   program->Stop();
 }
 

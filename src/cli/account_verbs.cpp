@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The verbs of the mail account.
+#include <termios.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <iostream>
+#include <optional>
+
+#include "cli/verbs.h"
+#include "desktop/account_check.h"
+#include "desktop/known_providers.h"
+#include "desktop/mail_account.h"
+#include "desktop/mail_text.h"
+#include "mail/character_count.h"
+
+namespace cli {
+namespace {
+
+using desktop::MailAccount;
+using Text = std::string MailAccount::*;
+using Port = int MailAccount::*;
+
+/// Nothing that would damage a mail, a setting or a game.
+std::string CheckLine(const std::string& value) {
+  if (!IsUtf8(value)) return "is no UTF-8";
+  return desktop::WithoutReserved(value) == value ? "" : "holds a \"|\" or a control character";
+}
+
+std::string CheckFilled(const std::string& value) {
+  return value.find_first_not_of(' ') == std::string::npos ? "is blank" : CheckLine(value);
+}
+
+std::string CheckName(const std::string& value) {
+  return mail::CharacterCount(value) > 50 ? "is longer than 50 characters" : CheckFilled(value);
+}
+
+/// The shell's own "|" may stand here, because this goes nowhere else.
+std::string CheckCommand(const std::string& value) {
+  std::string withoutPipes = value;
+  std::replace(withoutPipes.begin(), withoutPipes.end(), '|', ' ');
+  return CheckLine(withoutPipes);
+}
+
+std::string CheckKind(const std::string& value) {
+  const bool known = value == "Post" || value == "Imap" || value == "System";
+  return known ? "" : "is none of Post, Imap and System";
+}
+
+std::string CheckSecurity(const std::string& value) {
+  const bool known = value == "Tls" || value == "StartTls" || value == "None";
+  return known ? "" : "is none of Tls, StartTls and None";
+}
+
+/// A setting under its stored name: a text with its check, or a port.
+struct Setting {
+  const char* name;
+  Text text;
+  std::string (*check)(const std::string& value);  ///< what is wrong with it, blank where nothing
+  Port port = nullptr;
+  bool ofServers = true;  ///< what an address may suggest
+};
+
+constexpr Setting settings[] = {
+    {"MailKind", &MailAccount::MailKind, CheckKind, nullptr, false},
+    {"MyName", &MailAccount::MyName, CheckName, nullptr, false},
+    {"MyAddress", &MailAccount::MyAddress, CheckFilled, nullptr, false},
+    {"PostFolder", &MailAccount::PostFolder, CheckFilled, nullptr, false},
+    {"ImapHost", &MailAccount::ImapHost, CheckLine},
+    {"ImapPort", nullptr, nullptr, &MailAccount::ImapPort},
+    {"ImapSecurity", &MailAccount::ImapSecurity, CheckSecurity},
+    {"SmtpHost", &MailAccount::SmtpHost, CheckLine},
+    {"SmtpPort", nullptr, nullptr, &MailAccount::SmtpPort},
+    {"SmtpSecurity", &MailAccount::SmtpSecurity, CheckSecurity},
+    {"UserName", &MailAccount::UserName, CheckLine},
+    {"TokenCommand", &MailAccount::TokenCommand, CheckCommand, nullptr, false},
+};
+
+struct Change {
+  const Setting* setting;
+  std::string value;
+};
+
+/// Takes KEY=VALUE apart. What stands in a wrong argument isn't repeated: it may be a password.
+Change ReadChange(const std::string& argument) {
+  const auto equals = argument.find('=');
+  if (equals == std::string::npos) throw UsageError("A setting is given as KEY=VALUE.");
+  const std::string key = argument.substr(0, equals);
+  if (key == "Password" || key == "password") {
+    throw UsageError(
+        "A password isn't taken from the command line, where others can see it: use --password "
+        "and give it on standard input.");
+  }
+  for (const Setting& setting : settings) {
+    if (key == setting.name) return {&setting, argument.substr(equals + 1)};
+  }
+  throw UsageError("There is no setting of that name; \"account show\" lists them all.");
+}
+
+int PortOf(const Change& change) {
+  const std::string& text = change.value;
+  int port = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+  if (error != std::errc{} || end != text.data() + text.size() || port < 1 || port > 65535) {
+    throw Refusal(std::string("The value of ") + change.setting->name +
+                  " is no number from 1 to 65535.");
+  }
+  return port;
+}
+
+void Apply(const Change& change, MailAccount& account) {
+  const Setting& setting = *change.setting;
+  if (setting.port) {
+    account.*setting.port = PortOf(change);
+    return;
+  }
+  const std::string wrong = setting.check(change.value);
+  if (!wrong.empty()) {
+    throw Refusal(std::string("The value of ") + setting.name + " " + wrong + ".");
+  }
+  account.*setting.text = change.value;
+}
+
+/// The servers follow the address unless somebody has chosen them, now or before.
+void ApplyAll(const std::vector<Change>& changes, MailAccount& account) {
+  const bool follow = desktop::HasGuessedServers(account);
+  for (const bool ofServers : {false, true}) {
+    for (const Change& change : changes) {
+      if (change.setting->ofServers == ofServers) Apply(change, account);
+    }
+    if (!ofServers && follow && account.MailKind == "Imap") {
+      account = desktop::WithGuessedServers(account);
+    }
+  }
+  if (!account.PostFolder.ends_with('/')) account.PostFolder += '/';
+}
+
+/// Refuses what couldn't work whatever the servers say.
+void CheckAccount(const MailAccount& account) {
+  // Of the post office a logon takes the user's login name where there is no address yet.
+  const bool unknownYet = account.MailKind == "Post" && account.MyAddress.empty();
+  if (!unknownYet && !desktop::HasUsableAddress(account)) {
+    throw Refusal("The value of MyAddress is no mail address.");
+  }
+  if (account.MailKind == "Imap" &&
+      (account.ImapHost.empty() || account.SmtpHost.empty() || account.UserName.empty())) {
+    throw Refusal("A mail account of the kind Imap wants ImapHost, SmtpHost and UserName.");
+  }
+}
+
+/// A terminal that doesn't show what is typed, for its lifetime.
+class BlindTerminal {
+ public:
+  BlindTerminal() : isTerminal_(::tcgetattr(STDIN_FILENO, &before_) == 0) {
+    if (!isTerminal_) return;
+    termios blind = before_;
+    blind.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &blind);
+  }
+  ~BlindTerminal() {
+    if (isTerminal_) ::tcsetattr(STDIN_FILENO, TCSANOW, &before_);
+  }
+  BlindTerminal(const BlindTerminal&) = delete;
+  BlindTerminal& operator=(const BlindTerminal&) = delete;
+
+ private:
+  termios before_{};
+  bool isTerminal_;
+};
+
+std::string ReadPassword() {
+  const BlindTerminal blind;
+  std::string password;
+  std::getline(std::cin, password);
+  if (password.ends_with('\r')) password.pop_back();
+  if (password.empty()) throw Refusal("There is no password in the first line of standard input.");
+  if (!IsUtf8(password)) throw Refusal("The password is no UTF-8.");
+  return password;
+}
+
+std::optional<std::string> KeptPassword(const MailAccount& account, desktop::Passwords& passwords) {
+  if (!desktop::NeedsPassword(account)) return std::nullopt;
+  return passwords.Read(desktop::PasswordKey(account));
+}
+
+void PrintAccount(const MailAccount& account, desktop::Passwords& passwords) {
+  JsonObject answer;
+  for (const Setting& setting : settings) {
+    if (setting.port) {
+      answer.Add(setting.name, account.*setting.port);
+    } else {
+      answer.Add(setting.name, account.*setting.text);
+    }
+  }
+  answer.Add("PasswordKept", KeptPassword(account, passwords).has_value()).Print();
+}
+
+}  // namespace
+
+bool ShowAccount(const Call& call) {
+  PrintAccount(desktop::LoadMailAccount(), call.passwords);
+  return true;
+}
+
+bool SetAccount(const Call& call) {
+  std::vector<Change> changes;
+  for (const std::string& argument : call.arguments.Others()) {
+    changes.push_back(ReadChange(argument));
+  }
+  const bool withPassword = call.arguments.Has("--password");
+  if (changes.empty() && !withPassword) throw UsageError("There is nothing to set.");
+  desktop::AccountAnswer answer{desktop::LoadMailAccount(), {}};
+  ApplyAll(changes, answer.account);
+  CheckAccount(answer.account);
+  if (withPassword) {
+    if (!desktop::NeedsPassword(answer.account)) {
+      throw Refusal("A mail account of this kind, or with a token command, has no password.");
+    }
+    answer.password = ReadPassword();
+  }
+  if (!desktop::SaveAccountAnswer(answer, call.passwords)) {
+    throw Refusal("The mail account can't be stored.");
+  }
+  PrintAccount(answer.account, call.passwords);
+  return true;
+}
+
+bool TestAccount(const Call& call) {
+  const MailAccount account =
+      desktop::WithAbsolutePostFolder(desktop::WithLoginName(desktop::LoadMailAccount()));
+  const auto password = KeptPassword(account, call.passwords);
+  const std::string reason = desktop::NeedsPassword(account) && !password
+                                 ? "No password is kept for this mail account."
+                                 : desktop::WhatIsWrongWith(account, password.value_or(""));
+  JsonObject answer;
+  answer.Add("ok", reason.empty());
+  if (!reason.empty()) answer.Add("reason", reason);
+  answer.Print();
+  return reason.empty();
+}
+
+}  // namespace cli

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The skinned message dialog. With one button that button stands in the middle of the span that the
+// two together cover.
+#pragma once
+
+#include "ui/layouts/layout.h"
+
+namespace ui::layouts {
+
+inline constexpr Control msgFormControls[] = {
+    {"MessageIcon", Surface::Picture, {31, 36, 48, 48}},
+    {"FormCaption", Surface::Label, {95, 36, 336, 20}},
+    {"Message", Surface::Panel, {95, 64, 336, 104}},
+    {"CancelButton", Surface::Button, {127, 182, 96, 28}},
+    {"OkButton", Surface::Button, {239, 182, 96, 28}},
+};
+
+inline constexpr Layout msgForm{"MsgForm", {462, 232}, msgFormControls};
+
+}  // namespace ui::layouts

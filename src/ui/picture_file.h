@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A picture file that somebody else made: missing, cut off or absurdly large ones are refused
+// before they cost memory, and what is read is whole.
+#pragma once
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImage>
+#include <QImageReader>
+
+#include <stdexcept>
+#include <string>
+
+namespace ui {
+
+/// A picture that can't be read; the text is its path.
+struct PictureError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+class PictureFile {
+ public:
+  /// Raises PictureError. The format is known by the content, whatever the file is called.
+  explicit PictureFile(const std::string& path);
+
+  QImageReader& Reader() { return reader_; }
+
+ private:
+  QByteArray bytes_;
+  QBuffer buffer_;
+  QImageReader reader_;
+};
+
+/// The file's first picture; raises PictureError.
+QImage ReadPicture(const std::string& path);
+
+}  // namespace ui

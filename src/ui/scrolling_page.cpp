@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/scrolling_page.h"
+
+#include <QEvent>
+#include <QLayout>
+#include <QScrollBar>
+
+namespace ui {
+
+ScrollingPage::ScrollingPage(QWidget* content) {
+  setFrameShape(QFrame::NoFrame);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setWidgetResizable(true);
+  setFocusPolicy(Qt::NoFocus);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setWidget(content);
+}
+
+void ScrollingPage::Settle() {
+  widget()->layout()->activate();
+  updateGeometry();
+}
+
+int ScrollingPage::heightForWidth(int width) const {
+  return widget()->layout()->totalHeightForWidth(width);
+}
+
+QSize ScrollingPage::sizeHint() const { return widget()->sizeHint(); }
+
+QSize ScrollingPage::minimumSizeHint() const {
+  return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), 96};
+}
+
+/// A scroll area keeps the changes of its content from the layout around it.
+bool ScrollingPage::eventFilter(QObject* object, QEvent* event) {
+  if (object == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  return QScrollArea::eventFilter(object, event);
+}
+
+}  // namespace ui

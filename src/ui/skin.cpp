@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/skin.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QWindow>
+
+#include <exception>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "mail/mail_session.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "platform/text_fields.h"
+#include "ui/colour_chart.h"
+#include "ui/picture_file.h"
+#include "ui/skin_table.h"
+#include "ui/system_button.h"
+#include "ui/window_skin.h"
+
+namespace ui {
+
+using platform::Process;
+
+namespace {
+
+std::string SkinPath(std::string_view file) {
+  return Process().ProgramFolder + "UI Graphics/" + platform::Settings().Skin + "/" +
+         std::string(file);
+}
+
+/// The colours of a chart, one entry for each control of the list.
+template <typename Read>
+auto ReadChart(std::string_view file, std::string_view controls, Read read) {
+  std::vector<decltype(read(QImage(), 1))> colours;
+  if (file.empty()) return colours;
+  const QImage chart = ReadPicture(SkinPath(file));
+  const int rows = platform::CountFields(controls, ';');
+  for (int row = 1; row <= rows; ++row) colours.push_back(read(chart, row));
+  return colours;
+}
+
+QColor FirstColumn(const QImage& chart, int row) { return SkinColour(chart, 1, row); }
+
+FieldColours ReadField(const QImage& chart, int row) {
+  return {SkinColour(chart, 1, row), SkinColour(chart, 2, row)};
+}
+
+GridColours ReadGrid(const QImage& chart, int row) {
+  return {SkinColour(chart, 1, row), SkinColour(chart, 2, row), SkinColour(chart, 3, row),
+          SkinColour(chart, 4, row), SkinColour(chart, 5, row), SkinColour(chart, 6, row)};
+}
+
+SkinPictures ReadSkin(const SkinRow& row) {
+  SkinPictures pictures;
+  if (!row.background.empty()) pictures.background = ReadPicture(SkinPath(row.background));
+  platform::FieldWalk targets(row.stripTargets, ';'), files(row.strips, ';');
+  for (int i = platform::CountFields(row.strips, ';'); i > 0; --i) {
+    pictures.strips[std::string(targets.Next())] = ReadPicture(SkinPath(files.Next()));
+  }
+  pictures.textColours = ReadChart(row.textChart, row.textControls, FirstColumn);
+  pictures.fieldColours = ReadChart(row.fieldChart, row.fieldControls, ReadField);
+  pictures.gridColours = ReadChart(row.gridChart, row.gridControls, ReadGrid);
+  pictures.tabColours = ReadChart(row.tabChart, row.tabPages, FirstColumn);
+  return pictures;
+}
+
+/// Ends the program, whose windows can't be shown. Messages that come up meanwhile would lack their
+/// skin too, so this happens once.
+void QuitForLackOf(std::string_view background) {
+  static bool quitting = false;
+  if (std::exchange(quitting, true)) return;
+  {
+    const platform::PollingHold hold;
+    platform::TheDesktop().messageBoxes->PlainBox(
+        "Invalid skin file",
+        "Tarvolenix could not locate the following skin file and will now quit;\n\n" +
+            SkinPath(background));
+  }
+  Process().ShuttingDown = true;
+  const platform::ShellHooks& hooks = platform::TheDesktop().hooks;
+  platform::CallHook(hooks.removeTrayIcon);
+  mail::MailLogoff(false);
+  QApplication::closeAllWindows();
+  platform::CallHook(hooks.endProcess);
+  quitting = false;
+}
+
+/// What the row asks of the skin; nothing where it failed, and the user was told.
+std::optional<SkinPictures> Load(const SkinRow& row) {
+  try {
+    SkinPictures pictures = ReadSkin(row);
+    if (!pictures.strips.empty()) Process().RefreshButtonsPending = true;
+    return pictures;
+  } catch (const std::exception&) {
+    QuitForLackOf(row.background);
+    return std::nullopt;
+  }
+}
+
+/// The windows that wear a skin, from the oldest on.
+std::vector<QPointer<QWidget>> OpenSkinnedWindows() {
+  const QWidgetList widgets = QApplication::topLevelWidgets();
+  std::vector<QPointer<QWidget>> open;
+  for (const QWindow* window : QGuiApplication::topLevelWindows()) {
+    for (QWidget* widget : widgets) {
+      if (widget->windowHandle() == window && WindowSkin::Of(*widget)) open.emplace_back(widget);
+    }
+  }
+  return open;
+}
+
+}  // namespace
+
+bool ApplySkin(QWidget& window) {
+  const std::string name = window.objectName().toStdString();
+  if (name == "SplashScreen") return true;
+  WindowSkin* skin = WindowSkin::Of(window);
+  const SkinRow* row = FindSkinRow(name);
+  if (!row) {
+    platform::ShowMessage(platform::ErrorIcon, "Invalid window skin",
+                          "No skin file specified for the current window, " + name + ".", "OK");
+  } else if (auto pictures = Load(*row)) {
+    if (skin) skin->Wear(std::move(*pictures));
+    return true;
+  }
+  if (skin) skin->Fail();
+  return false;
+}
+
+bool ApplySkinToSystemTray() {
+  auto pictures = Load(*FindSkinRow("SystemTray"));
+  if (!pictures) return false;
+  ButtonImages() = pictures->strips.at("ButtonImages");
+  return true;
+}
+
+bool ChangeSkin(const std::string& name) {
+  platform::Settings().Skin = name;
+  if (!ApplySkinToSystemTray()) return false;
+  for (const QPointer<QWidget>& window : OpenSkinnedWindows()) {
+    if (window && !ApplySkin(*window)) return false;
+  }
+  return true;
+}
+
+}  // namespace ui

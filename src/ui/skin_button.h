@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A button of a skinned window: a picture that presses down, and a ring round it while it has the
+// focus. Mouse, Space and Enter press it. The widget is larger than the button by the room of the
+// ring.
+#pragma once
+
+#include <QAbstractButton>
+
+#include "ui/layouts/layout.h"
+
+namespace ui {
+
+class SkinButton : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  SkinButton(const QString& name, QWidget* window);
+
+  /// Where the button stands in its window.
+  void PlaceAt(const QRect& place);
+  QRect Place() const;
+
+  QSize sizeHint() const override { return size(); }
+
+ protected:
+  enum class State { Up, Hover, Down, Disabled };
+  State CurrentState() const;
+
+  virtual void PaintButton(QPainter& painter, const QRect& button) = 0;
+
+  void paintEvent(QPaintEvent* event) override;
+  bool hitButton(const QPoint& point) const override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QRect Inner() const;
+};
+
+/// Draws the part of a picture over a rectangle, cut round at the corners.
+void DrawRounded(QPainter& painter, const QRect& place, const QImage& picture);
+
+}  // namespace ui

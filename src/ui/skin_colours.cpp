@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/skin_colours.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QFrame>
+#include <QHeaderView>
+#include <QPointer>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QTableView>
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The style that takes every colour from the palette.
+QStyle* PaletteStyle() {
+  static QPointer<QStyle> style;
+  if (!style) {
+    style = QStyleFactory::create(u"Fusion"_s);
+    style->setParent(qApp);
+  }
+  return style;
+}
+
+void UsePaletteOnly(QWidget& control) {
+  control.setStyle(PaletteStyle());
+  for (QWidget* part : control.findChildren<QWidget*>()) part->setStyle(PaletteStyle());
+  // The background draws the recess in which the control lies.
+  if (auto* frame = qobject_cast<QFrame*>(&control)) frame->setFrameShape(QFrame::NoFrame);
+}
+
+QColor Between(const QColor& one, const QColor& other) {
+  return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2,
+                (one.blue() + other.blue()) / 2);
+}
+
+QPalette PaletteOf(const QColor& back, const QColor& fore, const QColor& backSelected,
+                   const QColor& foreSelected) {
+  // Scroll bars and drop-down buttons are made of these two.
+  QPalette palette(Between(back, Between(back, fore)), back);
+  for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::Window}) {
+    palette.setColor(role, back);
+  }
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    palette.setColor(role, fore);
+    palette.setColor(QPalette::Disabled, role, Between(fore, back));
+  }
+  palette.setColor(QPalette::PlaceholderText, Between(fore, Between(fore, back)));
+  palette.setColor(QPalette::Highlight, backSelected);
+  palette.setColor(QPalette::HighlightedText, foreSelected);
+  return palette;
+}
+
+}  // namespace
+
+void ColourText(QWidget& control, const QColor& foreColor) {
+  QPalette palette = control.palette();
+  palette.setColor(QPalette::Text, foreColor);
+  palette.setColor(QPalette::WindowText, foreColor);
+  palette.setColor(QPalette::Base, Qt::transparent);
+  control.setPalette(palette);
+  control.setAutoFillBackground(false);
+}
+
+void ColourField(QWidget& control, const FieldColours& colours) {
+  UsePaletteOnly(control);
+  control.setPalette(
+      PaletteOf(colours.BackColor, colours.ForeColor, colours.ForeColor, colours.BackColor));
+}
+
+void ColourGrid(QWidget& control, const GridColours& colours) {
+  UsePaletteOnly(control);
+  control.setPalette(
+      PaletteOf(colours.BackColor, colours.ForeColor, colours.BackColorSel, colours.ForeColorSel));
+  const auto* table = qobject_cast<QTableView*>(&control);
+  if (!table) return;
+  // A style would shade the heading.
+  table->horizontalHeader()->setStyleSheet(
+      u"QHeaderView { background: %1; } "
+      u"QHeaderView::section { background: %1; color: %2; border: none; padding: 4px; }"_s.arg(
+          colours.BackColorFixed.name(), colours.ForeColorFixed.name()));
+}
+
+void ColourPage(QWidget& page, const QColor& backColor) {
+  QPalette palette = page.palette();
+  palette.setColor(QPalette::Window, backColor);
+  page.setPalette(palette);
+  page.setAutoFillBackground(true);
+}
+
+}  // namespace ui

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/window_skin.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTextEdit>
+#include <QTimer>
+#include <QWindow>
+
+#include <utility>
+
+#include "platform/text_fields.h"
+#include "ui/composited_screen.h"
+#include "ui/layouts/strips.h"
+#include "ui/shown_text.h"
+#include "ui/skin_button.h"
+#include "ui/skin_table.h"
+#include "ui/window_region.h"
+
+namespace ui {
+
+using layouts::Surface;
+
+namespace {
+
+/// The places are pixels, and so is the text that must fit into them.
+constexpr int textPixels = 13;
+
+QRect InQt(const layouts::Rect& rect) { return {rect.x, rect.y, rect.width, rect.height}; }
+
+QWidget* FindControl(const QWidget& window, std::string_view name) {
+  return window.findChild<QWidget*>(QString::fromUtf8(name.data(), qsizetype(name.size())));
+}
+
+/// Gives each control of a list its own colours; the window may lack some.
+template <typename Colours>
+void ForEachControl(const QWidget& window, std::string_view controls,
+                    const std::vector<Colours>& colours, void (*give)(QWidget&, const Colours&)) {
+  platform::FieldWalk names(controls, ';');
+  for (const Colours& own : colours) {
+    if (QWidget* control = FindControl(window, names.Next())) give(*control, own);
+  }
+}
+
+}  // namespace
+
+WindowSkin::WindowSkin(QWidget& window, const layouts::Layout& layout)
+    : QObject(&window), window_(window), layout_(layout), outline_(OutlinePolygon(layout.window)) {
+  ShapeWindow();
+  PlaceControls();
+  window.installEventFilter(this);
+  // The ring round the focus is the window's own picture.
+  connect(qApp, &QApplication::focusChanged, &window, qOverload<>(&QWidget::update));
+}
+
+WindowSkin* WindowSkin::Of(const QWidget& window) {
+  return window.findChild<WindowSkin*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void WindowSkin::ShapeWindow() {
+  window_.setWindowFlag(Qt::FramelessWindowHint);
+  window_.setFixedSize(layout_.size.width, layout_.size.height);
+  if (ScreenIsComposited()) {
+    window_.setAttribute(Qt::WA_TranslucentBackground);
+  } else {
+    window_.setMask(MakeWindowRegion(layout_.window, 1, 1, 0, 0));
+  }
+}
+
+void WindowSkin::PlaceControls() {
+  QFont font = window_.font();
+  font.setPixelSize(textPixels);
+  window_.setFont(font);
+  for (const layouts::Control& control : layout_.controls) {
+    QWidget* widget = FindControl(window_, control.name);
+    if (!widget) continue;
+    if (auto* button = qobject_cast<SkinButton*>(widget)) {
+      button->PlaceAt(InQt(control.rect));
+    } else {
+      widget->setGeometry(InQt(control.rect));
+    }
+    // A text is part of the surface by which the window is dragged.
+    if (auto* text = qobject_cast<QTextEdit*>(widget); text && text->isReadOnly()) {
+      text->setTextInteractionFlags(Qt::NoTextInteraction);
+    }
+  }
+}
+
+void WindowSkin::Wear(SkinPictures pictures) {
+  pictures_ = std::move(pictures);
+  scaled_ = {};
+  Colour();
+  window_.update();
+  Q_EMIT Worn();
+}
+
+void WindowSkin::Colour() {
+  const SkinRow* row = FindSkinRow(layout_.window);
+  QPalette palette = window_.palette();
+  if (!pictures_.textColours.empty()) {
+    palette.setColor(QPalette::WindowText, pictures_.textColours.front());
+  }
+  if (!pictures_.gridColours.empty()) {
+    palette.setColor(QPalette::Highlight, pictures_.gridColours.front().BackColorSel);
+    palette.setColor(QPalette::HighlightedText, pictures_.gridColours.front().ForeColorSel);
+  }
+  window_.setPalette(palette);
+  ForEachControl(window_, row->textControls, pictures_.textColours, ColourText);
+  ForEachControl(window_, row->fieldControls, pictures_.fieldColours, ColourField);
+  ForEachControl(window_, row->gridControls, pictures_.gridColours, ColourGrid);
+  ForEachControl(window_, row->tabPages, pictures_.tabColours, ColourPage);
+}
+
+QImage WindowSkin::Strip(std::string_view target) const {
+  const auto strip = pictures_.strips.find(target);
+  return strip == pictures_.strips.end() ? QImage() : strip->second;
+}
+
+void WindowSkin::Fail() {
+  failed_ = true;
+  if (!window_.isVisible()) return;
+  // One that refuses to close goes away all the same.
+  QTimer::singleShot(0, &window_, [&window = window_] {
+    if (!window.close()) window.hide();
+  });
+}
+
+bool WindowSkin::eventFilter(QObject*, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::Paint:
+      Paint();
+      return true;
+    case QEvent::Show:
+      if (failed_) Fail();
+      return false;
+    case QEvent::MouseButtonPress: {
+      const auto& mouse = static_cast<const QMouseEvent&>(*event);
+      if (layout_.draggable && mouse.button() == Qt::LeftButton) {
+        BeginMove(mouse.globalPosition().toPoint());
+      }
+      return false;
+    }
+    case QEvent::MouseMove:
+      if (grab_) {
+        const auto& mouse = static_cast<const QMouseEvent&>(*event);
+        window_.move(mouse.globalPosition().toPoint() - *grab_);
+      }
+      return false;
+    case QEvent::MouseButtonRelease:
+      grab_.reset();
+      return false;
+    default:
+      return false;
+  }
+}
+
+void WindowSkin::BeginMove(QPoint pointer) {
+  if (window_.windowHandle()->startSystemMove()) return;
+  grab_ = pointer - window_.pos();
+}
+
+void WindowSkin::Paint() {
+  const qreal ratio = window_.devicePixelRatioF();
+  const QSize pixels = (QSizeF(window_.size()) * ratio).toSize();
+  if (scaled_.size() != pixels && !pictures_.background.isNull()) {
+    scaled_ = QPixmap::fromImage(
+        pictures_.background.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    scaled_.setDevicePixelRatio(ratio);
+  }
+  QPainter painter(&window_);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(scaled_.isNull() ? window_.palette().window() : QBrush(scaled_));
+  painter.drawPolygon(outline_);
+  PaintFocus(painter);
+}
+
+/// Buttons and the board show their focus themselves.
+void WindowSkin::PaintFocus(QPainter& painter) const {
+  const QWidget* focused = window_.focusWidget();
+  if (!focused || !focused->hasFocus()) return;
+  for (const layouts::Control& control : layout_.controls) {
+    if (control.surface != Surface::Field && control.surface != Surface::Grid &&
+        control.surface != Surface::Panel) {
+      continue;
+    }
+    if (FindControl(window_, control.name) != focused) continue;
+    constexpr qreal room = 3;
+    painter.setPen(QPen(window_.palette().color(QPalette::WindowText), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(InQt(control.rect)).adjusted(-room, -room, room, room), room,
+                            room);
+  }
+}
+
+}  // namespace ui

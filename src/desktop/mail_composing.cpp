@@ -70,19 +70,19 @@ std::string SubjectValue(const std::string& subject) {
   return std::string(subjectPrefix) + "\r\n " + EncodedWords(clean.substr(ahead));
 }
 
-/// The address as it travels, with a domain of other scripts in ASCII.
-std::string AddressValue(const std::string& given) {
-  const std::string address = Trimmed(given);
-  if (!IsMailAddress(address)) throw MailError("no mail address: " + address);
+/// An address as the library writes it into a header, where all is ASCII.
+std::string AddressValue(std::string_view local, std::string_view domain) {
   const vmime::charset utf8(vmime::charsets::UTF_8);
-  const auto at = address.rfind('@');
-  return vmime::emailAddress(vmime::word(address.substr(0, at), utf8),
-                             vmime::word(address.substr(at + 1), utf8))
+  return vmime::emailAddress(vmime::word(std::string(local), utf8),
+                             vmime::word(std::string(domain), utf8))
       .generate();
 }
 
 std::string MailboxValue(const Mailbox& mailbox) {
-  const std::string address = '<' + AddressValue(mailbox.address) + '>';
+  const std::string envelope = EnvelopeAddress(mailbox.address);
+  const auto at = envelope.rfind('@');
+  const std::string address =
+      '<' + AddressValue(envelope.substr(0, at), envelope.substr(at + 1)) + '>';
   const std::string name = WithoutReserved(mailbox.name);
   if (name.empty()) return address;
   const bool plain = name.size() <= longestPlainValue && Trimmed(name) == name &&
@@ -107,9 +107,8 @@ std::string RecipientsValue(const std::vector<Mailbox>& recipients) {
 }
 
 /// Made of the sender's domain: this machine's own name is nobody's business.
-std::string NewMessageId(const std::string& senderAddress) {
-  return '<' + vmime::messageId::generateId().getLeft() +
-         senderAddress.substr(senderAddress.rfind('@')) + '>';
+std::string NewMessageId(const std::string& sender) {
+  return '<' + vmime::messageId::generateId().getLeft() + sender.substr(sender.rfind('@')) + '>';
 }
 
 /// Every line end as a mail has it.
@@ -138,6 +137,16 @@ const char* EncodingFor(std::string_view text, Lines lines) {
 
 }  // namespace
 
+std::string EnvelopeAddress(std::string_view address) {
+  const std::string trimmed = Trimmed(address);
+  if (!IsMailAddress(trimmed)) throw MailError("no mail address: " + trimmed);
+  const auto at = trimmed.rfind('@');
+  return RaisingMailErrors([&] {
+    const std::string value = AddressValue("x", trimmed.substr(at + 1));
+    return trimmed.substr(0, at) + value.substr(value.find('@'));
+  });
+}
+
 std::string ComposeMail(const OutgoingMail& mail, Lines lines) {
   return RaisingMailErrors([&mail, lines] {
     const std::string text = WithMailLineEnds(mail.text);
@@ -147,7 +156,7 @@ std::string ComposeMail(const OutgoingMail& mail, Lines lines) {
         {"To", RecipientsValue(mail.to)},
         {"Subject", SubjectValue(mail.subject)},
         {"Date", vmime::datetime::now().generate()},
-        {"Message-ID", NewMessageId(AddressValue(mail.from.address))},
+        {"Message-ID", NewMessageId(EnvelopeAddress(mail.from.address))},
         {"MIME-Version", "1.0"},
         {"Content-Type", "text/plain; charset=utf-8"},
         {"Content-Transfer-Encoding", encoding},

@@ -28,6 +28,10 @@ std::string WithoutReserved(std::string_view text);
 /// that has a meaning of its own there.
 bool IsMailAddress(std::string_view text);
 
+/// The address as servers are told it: without blanks around it, a domain of another script in
+/// ASCII. Raises MailError for what is no address.
+std::string EnvelopeAddress(std::string_view address);
+
 /// How a text's lines may travel. Not every server takes bytes above 127.
 enum class Lines { EightBit, SevenBit };
 

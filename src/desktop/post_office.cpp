@@ -60,13 +60,7 @@ void PostOffice::Open() {
 void PostOffice::Send(const OutgoingMail& mail) {
   OutgoingMail local = mail;
   local.from = LocalMailbox(mail.from);
-  for (Mailbox& recipient : local.to) {
-    recipient = LocalMailbox(recipient);
-    // Kept free for addresses that reach nobody, such as a game has that came as a file.
-    if (recipient.address.ends_with(".invalid")) {
-      throw platform::MailError("nobody has the address " + recipient.address);
-    }
-  }
+  for (Mailbox& recipient : local.to) recipient = LocalMailbox(recipient);
   const std::string bytes = ComposeMail(local);
   for (const Mailbox& recipient : local.to) {
     const Maildir box(folder_ + BoxName(recipient.address) + '/');

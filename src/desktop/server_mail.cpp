@@ -178,9 +178,9 @@ void ServerMail::Flush() {
 void ServerMail::Send(const OutgoingMail& mail) {
   const std::string bytes = ComposeMail(mail, Lines::SevenBit);
   std::vector<std::string> recipients;
-  for (const Mailbox& recipient : mail.to) recipients.push_back(recipient.address);
+  for (const Mailbox& recipient : mail.to) recipients.push_back(EnvelopeAddress(recipient.address));
   SendBySmtp({account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(), patience_,
-             mail.from.address, recipients, bytes);
+             EnvelopeAddress(mail.from.address), recipients, bytes);
   try {
     KeepCopy(bytes);
   } catch (const std::exception&) {

@@ -145,7 +145,9 @@ void SystemMail::Send(const OutgoingMail& mail) {
   const NamelessFile output;
   input.Fill(platform::ReplaceAll(ComposeMail(mail, Lines::SevenBit), "\r\n", "\n"));
   std::vector<std::string> words = {sendmail_, "-i", "--"};
-  for (const Mailbox& recipient : mail.to) words.push_back(recipient.address);
+  for (const Mailbox& recipient : mail.to) {
+    words.push_back(EnvelopeAddress(recipient.address));
+  }
   const int status = ExitStatus(SpawnPlan(input, output).Start(std::move(words)));
   if (status == 0) return;
   const std::string reason = output.LastLine();

@@ -28,6 +28,8 @@ const ReadCase readCases[] = {
      "From: =?iso-8859-1?Q?J=FCrgen?= =?utf-8?B?IE3DvGxsZXI=?= <j@x.y>\n"
      "Subject: =?utf-8?Q?Tarvolenix_=3A_?= =?iso-8859-15?Q?e4=A4?=\n\nbody",
      "Tarvolenix : e4€", "Jürgen Müller/j@x.y", "body"},
+    {"a character cut in two between encoded words",
+     "From: a@b\nSubject: =?utf-8?Q?Gr=C3?= =?utf-8?Q?=BC=C3=9Fe?=\n\n", "Grüße", "/a@b", ""},
     {"bytes that nobody encoded, UTF-8 and Latin-1",
      "From: J\xC3\xBCrgen <j@x.y>\nSubject: Tarvolenix : \xFC\n\n\xFC", "Tarvolenix : ü",
      "Jürgen/j@x.y", "ü"},
@@ -123,7 +125,8 @@ const SubjectCase subjectCases[] = {
     {"a long one of ASCII",
      "Tarvolenix : e4, a comment that is so long that it can't stand in one line of a header",
      "Tarvolenix :\r\n =?utf-8?"},
-    {"characters stay whole", "Tarvolenix : x" + std::string(30, 'y') + "♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔", ""},
+    {"characters stay whole", "Tarvolenix : x" + std::string(30, 'y') + "♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔",
+     "Tarvolenix :\r\n =?utf-8?B?eHl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eeKZlOKZlA==?=\r\n"},
     {"blanks behind the prefix", "Tarvolenix :  ü ", ""},
     {"another subject", "Grüße", ""},
 };
@@ -186,6 +189,7 @@ TEST(MailTextTest, RefusesWhatIsNoAddress) {
     const auto mail = ParseMail(ComposeMail({{"", address}, {{"", "you@x.y"}}, "s", "t"}));
     EXPECT_EQ(mail.address, address);
   }
+  EXPECT_EQ(desktop::EnvelopeAddress(" o'brien@tür.de "), "o'brien@xn--tr-xka.de");
 }
 
 TEST(MailTextTest, ReservedCharactersBecomeBlanks) {

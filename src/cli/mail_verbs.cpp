@@ -15,9 +15,23 @@
 
 namespace cli {
 
+namespace {
+
+/// Runs a logon because the user asked for it, whatever became of the one before. One that comes
+/// back has crashed nothing: the windows, which share the settings, needn't warn of it.
+template <typename Work>
+auto WithoutLogonGuard(const Work& work) {
+  struct Cleared {
+    Cleared() { platform::SetLogonStatus(false); }
+    ~Cleared() { platform::SetLogonStatus(false); }
+  } const cleared;
+  return work();
+}
+
+}  // namespace
+
 void LogOn() {
-  platform::SetLogonStatus(false);
-  mail::MailLogon(true);
+  WithoutLogonGuard([] { mail::MailLogon(true); });
 }
 
 bool SendGame(std::int32_t gameID) {
@@ -90,8 +104,9 @@ bool Send(const Call& call) {
 }
 
 bool Retrieve(const Call& call) {
-  platform::SetLogonStatus(false);
-  const auto arrivals = mail::LogonAndCollect(false, true, call.arguments.Has("--all"));
+  const bool all = call.arguments.Has("--all");
+  const auto arrivals =
+      WithoutLogonGuard([all] { return mail::LogonAndCollect(false, true, all); });
   bool allOk = !platform::Process().Offline;
   for (const mail::MoveArrival& arrival : arrivals) {
     JsonObject()

@@ -5,7 +5,6 @@
 
 #include "desktop/known_providers.h"
 #include "desktop/mail_transport.h"
-#include "desktop/server_mail.h"
 
 namespace desktop {
 namespace {
@@ -15,29 +14,41 @@ std::string WithAdvice(const char* refusal, const MailAccount& account) {
   return advice.empty() ? refusal : std::string(refusal).append(" ").append(advice);
 }
 
-void Try(const MailAccount& account, const std::string& password) {
-  if (account.MailKind == "Imap") {
-    ServerMail mail(account, password);
-    mail.Open();
-    mail.TryOutgoing();
-    mail.Close();
+}  // namespace
+
+AccountCheck::AccountCheck(const MailAccount& account, const std::string& password)
+    : account_(WithAbsolutePostFolder(account)), password_(password) {
+  if (account_.MailKind == "Imap") servers_ = std::make_unique<ServerMail>(account_, password_);
+}
+
+void AccountCheck::Try() {
+  if (servers_) {
+    servers_->Open();
+    servers_->TryOutgoing();
+    servers_->Close();
   } else {
-    MakeMailTransport(account, password)->Open();
+    MakeMailTransport(account_, password_)->Open();
   }
 }
 
-}  // namespace
-
-std::string WhatIsWrongWith(const MailAccount& account, const std::string& password) {
-  if (!HasUsableAddress(account)) return "\"" + account.MyAddress + "\" is no mail address.";
+std::string AccountCheck::Problem() {
+  if (!HasUsableAddress(account_)) return "\"" + account_.MyAddress + "\" is no mail address.";
   try {
-    Try(WithAbsolutePostFolder(account), password);
+    Try();
     return {};
   } catch (const LoginRefused& refusal) {
-    return WithAdvice(refusal.what(), account);
+    return WithAdvice(refusal.what(), account_);
   } catch (const std::exception& error) {
     return error.what();
   }
+}
+
+void AccountCheck::Hurry() {
+  if (servers_) servers_->Hurry();
+}
+
+std::string WhatIsWrongWith(const MailAccount& account, const std::string& password) {
+  return AccountCheck(account, password).Problem();
 }
 
 }  // namespace desktop

@@ -2,14 +2,35 @@
 // Whether an account works, told in plain words to somebody who isn't at home in mail servers.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "desktop/mail_account.h"
+#include "desktop/server_mail.h"
 
 namespace desktop {
 
-/// Signs on at both ends without changing anything there, and says in one sentence what is wrong
-/// and what to do about it; blank where all is well. Takes its time: not for the window's thread.
+class AccountCheck {
+ public:
+  AccountCheck(const MailAccount& account, const std::string& password);
+
+  /// Signs on at both ends and says in a sentence or two what is wrong and what to do about it;
+  /// blank where all is well. No mail is sent or changed; a local post office is made where it
+  /// isn't there yet. Takes its time: not for the window's thread.
+  std::string Problem();
+
+  /// Callable from any thread: nobody wants to know any more. Ends in a few seconds.
+  void Hurry();
+
+ private:
+  void Try();
+
+  MailAccount account_;
+  std::string password_;
+  std::unique_ptr<ServerMail> servers_;  // of an account that has any
+};
+
+/// For callers who wait.
 std::string WhatIsWrongWith(const MailAccount& account, const std::string& password);
 
 }  // namespace desktop

@@ -8,6 +8,8 @@
 #include <optional>
 #include <utility>
 
+#include "desktop/mail_text.h"
+
 namespace desktop {
 namespace {
 
@@ -17,12 +19,18 @@ constexpr std::size_t greatestAnswer = 32u << 20;
 /// UIDs in one command: servers don't take lines of any length.
 constexpr std::size_t greatestBatch = 500;
 
+/// Mails that one search may find: nobody has as many games.
+constexpr std::size_t greatestSearch = 20000;
+
 template <typename Number>
 Number NumberIn(std::string_view text) {
   Number number = 0;
   std::from_chars(text.data(), text.data() + text.size(), number);
   return number;
 }
+
+/// A header field beyond this is none of ours.
+constexpr std::size_t greatestField = 4000;
 
 std::string SetOf(const std::vector<Uid>& uids, std::size_t first, std::size_t last) {
   std::string set;
@@ -58,8 +66,38 @@ bool Contains(const ImapValue& list, std::string_view word) {
                      [word](const ImapValue& item) { return item.Is(word); });
 }
 
+void AddNumbers(std::string_view line, std::vector<Uid>& numbers) {
+  while (!line.empty()) {
+    const std::size_t end = std::min(line.find(' '), line.size());
+    if (const Uid number = NumberIn<Uid>(line.substr(0, end))) numbers.push_back(number);
+    line.remove_prefix(std::min(end + 1, line.size()));
+  }
+}
+
 CommandRefused Refusal(std::string_view answer) {
   return CommandRefused("The server says: " + std::string(answer.substr(0, 200)));
+}
+
+std::string Encoded(const std::string& bytes) {
+  return QByteArray::fromStdString(bytes).toBase64().toStdString();
+}
+
+std::string TokenCredentials(const Login& login) {
+  return "user=" + login.userName + "\1auth=Bearer " + login.token + "\1\1";
+}
+
+std::string PlainCredentials(const Login& login) {
+  return std::string(1, '\0') + login.userName + std::string(1, '\0') + login.password;
+}
+
+/// What the server says, behind a blank; nothing where it says the password aloud.
+std::string WithoutSecrets(const std::string& said, const Login& login) {
+  for (const std::string& secret :
+       {login.password, login.token, Quoted(login.password), Encoded(login.password),
+        Encoded(PlainCredentials(login)), Encoded(TokenCredentials(login))}) {
+    if (!secret.empty() && said.find(secret) != std::string::npos) return {};
+  }
+  return ' ' + WithoutReserved(said);
 }
 
 std::string LastPart(const std::string& name, const std::string& separator) {
@@ -75,8 +113,8 @@ ImapClient::ImapClient(const ServerAddress& server, const Login& login, const Pa
   try {
     LogOn(login);
   } catch (const CommandRefused& refusal) {
-    throw LoginRefused("The server \"" + server.host +
-                       "\" refuses the user name or the password. " + refusal.what());
+    throw LoginRefused("The server \"" + server.host + "\" refuses the user name or the password." +
+                       WithoutSecrets(refusal.what(), login));
   }
   AskCapabilities();  // most servers say more to those whom they know
 }
@@ -85,17 +123,19 @@ void ImapClient::AskCapabilities() {
   capabilities_.clear();
   Command("CAPABILITY", [this](const ImapResponse& response) {
     const auto values = response.Values();
-    if (values.size() < 2 || !values[1].Is("CAPABILITY")) return;
-    for (const ImapValue& value : values) capabilities_.push_back(value.text);
+    const bool awaited = values.size() >= 2 && values[1].Is("CAPABILITY");
+    for (const ImapValue& value : values) {
+      if (awaited) capabilities_.push_back(value.text);
+    }
+    return awaited;
   });
 }
 
 void ImapClient::LogOn(const Login& login) {
-  using namespace std::string_literals;
   if (!login.token.empty()) {
-    Authenticate("XOAUTH2", "user=" + login.userName + "\1auth=Bearer " + login.token + "\1\1");
+    Authenticate("XOAUTH2", TokenCredentials(login));
   } else if (Can("AUTH=PLAIN")) {
-    Authenticate("PLAIN", "\0"s + login.userName + "\0"s + login.password);
+    Authenticate("PLAIN", PlainCredentials(login));
   } else {
     Command("LOGIN " + Quoted(login.userName) + ' ' + Quoted(login.password));
   }
@@ -103,7 +143,7 @@ void ImapClient::LogOn(const Login& login) {
 
 void ImapClient::Authenticate(const std::string& mechanism, const std::string& credentials) {
   const std::string tag = NextTag();
-  const std::string answer = QByteArray::fromStdString(credentials).toBase64().toStdString();
+  const std::string answer = Encoded(credentials);
   const bool atOnce = Can("SASL-IR");
   link_.BeginCommand(greatestAnswer);
   link_.Send(tag + " AUTHENTICATE " + mechanism + (atOnce ? ' ' + answer : "") + "\r\n");
@@ -114,6 +154,7 @@ void ImapClient::Authenticate(const std::string& mechanism, const std::string& c
   AwaitEnd(tag, [this](const ImapResponse& response) {
     // Why the token is refused; the refusal itself comes when that has been heard.
     if (response.line.starts_with('+')) link_.Send("\r\n");
+    return true;
   });
 }
 
@@ -144,7 +185,7 @@ void ImapClient::AwaitEnd(const std::string& tag, const Listener& listen) {
     if (!line.starts_with("* ") && !line.starts_with('+')) {
       throw platform::MailError("The mail server makes no sense.");
     }
-    if (listen) listen(response);
+    if (!listen || !listen(response)) searched_.clear();
   }
 }
 
@@ -156,6 +197,7 @@ void ImapClient::AwaitGoOn(const std::string& tag) {
     if (response.line.starts_with(tag + ' ')) {
       throw Refusal(std::string_view(response.line).substr(tag.size() + 1));
     }
+    searched_.clear();
   }
 }
 
@@ -167,29 +209,26 @@ Uid ImapClient::SelectInbox() {
     if (SameWord(line.substr(0, code.size()), code)) {
       validity = NumberIn<Uid>(line.substr(code.size()));
     }
+    return false;
   });
   return validity;
 }
 
 std::vector<Uid> ImapClient::Search(const std::string& criteria) {
   // Servers tell of new mails when it suits them; they look when they are asked for nothing.
-  Command("NOOP", [this](const ImapResponse&) { searched_.clear(); });
+  Command("NOOP");
   if (searched_ == criteria) return searchFound_;
   std::vector<Uid> uids;
-  bool changed = false;
-  Command("UID SEARCH " + criteria, [&](const ImapResponse& response) {
-    const auto values = response.Values();
-    if (values.size() < 2 || !values[1].Is("SEARCH")) {
-      changed = true;
-      return;
-    }
-    for (std::size_t i = 2; i < values.size(); ++i) {
-      if (const Uid uid = NumberIn<Uid>(values[i].text)) uids.push_back(uid);
-    }
+  searched_ = criteria;  // unless the server tells of a change meanwhile
+  Command("UID SEARCH " + criteria, [&uids](const ImapResponse& response) {
+    constexpr std::string_view start = "* SEARCH";
+    if (!SameWord(std::string_view(response.line).substr(0, start.size()), start)) return false;
+    AddNumbers(std::string_view(response.line).substr(start.size()), uids);
+    return true;
   });
   std::sort(uids.begin(), uids.end());
   uids.erase(std::unique(uids.begin(), uids.end()), uids.end());
-  searched_ = changed ? std::string{} : criteria;
+  if (uids.size() > greatestSearch) uids.erase(uids.begin(), uids.end() - greatestSearch);
   searchFound_ = uids;
   return uids;
 }
@@ -199,7 +238,9 @@ void ImapClient::CommandOn(const std::vector<Uid>& uids, const std::string& comm
                            const std::string& rest, const Listener& listen) {
   for (std::size_t first = 0; first < uids.size(); first += greatestBatch) {
     const std::size_t last = std::min(uids.size(), first + greatestBatch);
-    Command(command + ' ' + SetOf(uids, first, last) + rest, listen);
+    std::string text = command;
+    text.append(" ").append(SetOf(uids, first, last)).append(rest);
+    Command(text, listen);
   }
 }
 
@@ -207,11 +248,10 @@ void ImapClient::CommandOn(const std::vector<Uid>& uids, const std::string& comm
 /// between, of the same mails even.
 void ImapClient::FetchEach(const std::vector<Uid>& uids, const std::string& what,
                            const std::function<bool(const std::vector<ImapValue>&)>& take) {
-  CommandOn(uids, "UID FETCH", " (UID " + what + ")", [this, &take](const ImapResponse& response) {
+  CommandOn(uids, "UID FETCH", " (UID " + what + ")", [&take](const ImapResponse& response) {
     const auto values = response.Values();  // "*", a number, "FETCH", its items
-    const bool isMail =
-        values.size() >= 4 && values[2].Is("FETCH") && Behind(values[3].items, "UID") != nullptr;
-    if (!isMail || !take(values[3].items)) searched_.clear();
+    return values.size() >= 4 && values[2].Is("FETCH") &&
+           Behind(values[3].items, "UID") != nullptr && take(values[3].items);
   });
 }
 
@@ -223,12 +263,16 @@ std::vector<ImapClient::Summary> ImapClient::Summaries(const std::vector<Uid>& u
     const ImapValue* const flags = Behind(items, "FLAGS");
     const ImapValue* const header = Behind(items, "BODY[");
     if (!size || !flags || !header) return false;
+    if (header->text.size() > greatestField) return true;
     summaries.push_back({NumberIn<Uid>(Behind(items, "UID")->text),
                          NumberIn<std::uint64_t>(size->text), Contains(*flags, "\\Seen"),
                          header->text});
     return true;
   };
-  FetchEach(uids, "FLAGS RFC822.SIZE BODY.PEEK[HEADER.FIELDS (" + fields + ")]", take);
+  FetchEach(uids,
+            "FLAGS RFC822.SIZE BODY.PEEK[HEADER.FIELDS (" + fields + ")]<0." +
+                std::to_string(greatestField) + ">",
+            take);
   std::sort(summaries.begin(), summaries.end(),
             [](const Summary& a, const Summary& b) { return a.uid < b.uid; });
   return summaries;
@@ -263,9 +307,11 @@ std::vector<ImapClient::Folder> ImapClient::Folders() {
   std::vector<Folder> folders;
   Command("LIST \"\" \"*\"", [&folders](const ImapResponse& response) {
     const auto values = response.Values();  // "*", "LIST", flags, separator, name
-    if (values.size() < 5 || !values[1].Is("LIST") || Contains(values[2], "\\Noselect")) return;
+    if (values.size() < 5 || !values[1].Is("LIST")) return false;
+    if (Contains(values[2], "\\Noselect")) return true;
     folders.push_back(
         {values[4].text, LastPart(values[4].text, values[3].text), Contains(values[2], "\\Sent")});
+    return true;
   });
   return folders;
 }

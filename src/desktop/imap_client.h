@@ -34,15 +34,15 @@ class ImapClient {
   /// Answers its validity: as long as that is the same, so are its UIDs.
   Uid SelectInbox();
 
-  /// What the search says is there, in ascending order, so in that of arrival. The server isn't
-  /// asked again for what it has said and has told of no change since.
+  /// What the search says is there, in ascending order, so in that of arrival; of very many the
+  /// last. The server isn't asked again for what it has said and has told of no change since.
   std::vector<Uid> Search(const std::string& criteria);
 
   struct Summary {
     Uid uid;
     std::uint64_t size;  ///< in bytes, as the server tells it
     bool seen;
-    std::string header;  ///< the fields that were asked for, as they stand
+    std::string header;  ///< the fields that were asked for, as they stand, but no end of them
   };
   /// Mails that are gone are left out. `fields` are header fields' names, with blanks between.
   std::vector<Summary> Summaries(const std::vector<Uid>& uids, const std::string& fields);
@@ -73,7 +73,8 @@ class ImapClient {
   void Logout() noexcept;
 
  private:
-  using Listener = std::function<void(const ImapResponse& response)>;
+  /// Answers whether the response belongs to what was asked. Any other tells of a change.
+  using Listener = std::function<bool(const ImapResponse& response)>;
 
   std::string NextTag() { return std::string("T").append(std::to_string(++lastTag_)); }
   void AskCapabilities();

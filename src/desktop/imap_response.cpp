@@ -10,6 +10,7 @@ namespace desktop {
 namespace {
 
 constexpr int greatestDepth = 16;
+constexpr int greatestCount = 100000;
 
 char Lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
@@ -43,7 +44,7 @@ class ValueReader {
         ++at_;
       } else {
         ImapValue item = Item(depth);
-        if (depth < greatestDepth) items.push_back(std::move(item));
+        if (depth < greatestDepth && ++count_ < greatestCount) items.push_back(std::move(item));
       }
     }
     return items;
@@ -99,6 +100,7 @@ class ValueReader {
   const ImapResponse& response_;
   std::size_t at_ = 0;
   std::size_t literal_ = 0;
+  int count_ = 0;
 };
 
 }  // namespace

@@ -27,7 +27,7 @@ struct ImapResponse {
   std::string line;                   ///< with a zero byte where a literal stands
   std::vector<std::string> literals;  ///< in their order
 
-  /// The line's values. What is nested too deep is left out.
+  /// The line's values. What is nested too deep is left out, and what is too many.
   std::vector<ImapValue> Values() const;
 };
 

@@ -60,7 +60,7 @@ std::string EncodedWords(std::string_view text) {
 
 /// The prefix stays readable in any case: servers that look for it in subjects may not decode them.
 std::string SubjectValue(const std::string& subject) {
-  const std::string clean = WithoutReserved(subject);
+  std::string clean = WithoutReserved(subject);
   const bool plain = clean.size() <= longestPlainValue && IsAscii(clean) &&
                      clean.find("=?") == std::string::npos && Trimmed(clean) == clean;
   if (plain) return clean;
@@ -81,7 +81,7 @@ std::string AddressValue(std::string_view local, std::string_view domain) {
 std::string MailboxValue(const Mailbox& mailbox) {
   const std::string envelope = EnvelopeAddress(mailbox.address);
   const auto at = envelope.rfind('@');
-  const std::string address =
+  std::string address =
       '<' + AddressValue(envelope.substr(0, at), envelope.substr(at + 1)) + '>';
   const std::string name = WithoutReserved(mailbox.name);
   if (name.empty()) return address;

@@ -124,19 +124,29 @@ void MailService::SignOn() {
 
 void MailService::SignOff() {
   if (session_ == 0) return;
-  session_ = 0;
-  audience_ = std::make_shared<bool>();
-  prefetched_.reset();
-  set_.clear();
-  transport_->Hurry();
-  const auto transport = std::exchange(transport_, nullptr);
-  thread_.Post([transport] { transport->Flush(); });
-  thread_.Post([transport] { transport->Close(); });
+  EndSession();
   try {
     thread_.Flush();
   } catch (const std::exception&) {
     // the session ends in any case
   }
+}
+
+/// What is queued, and the goodbye, are the mail thread's business from here on.
+void MailService::EndSession() {
+  session_ = 0;
+  audience_ = std::make_shared<bool>();
+  prefetched_.reset();
+  set_.clear();
+  transport_->Hurry();
+  thread_.Post([transport = std::exchange(transport_, nullptr)] {
+    try {
+      transport->Flush();
+    } catch (const std::exception&) {
+      // it couldn't be done while there was time
+    }
+    transport->Close();
+  });
 }
 
 void MailService::RequireSession() const {
@@ -186,10 +196,11 @@ void MailService::Fetch() {
   if (!listing || listing->unreadOnly != unreadOnly_ || listing->changes != changes_) {
     listing = List();
   }
-  RaisingMailErrors([this, &listing] {
-    events_.RunUntil([&listing] { return listing->done.load(); });
-    if (auto failure = std::exchange(listing->failure, nullptr)) std::rethrow_exception(failure);
-  });
+  events_.RunUntil([&listing] { return listing->done.load(); });
+  if (auto failure = std::exchange(listing->failure, nullptr)) {
+    if (session_ != 0) EndSession();
+    RaisingMailErrors([&failure] { std::rethrow_exception(failure); });
+  }
   set_ = std::move(listing->mails);
 }
 

@@ -45,6 +45,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void SessionID(long) override {}
   void FetchUnreadOnly(bool unreadOnly) override { unreadOnly_ = unreadOnly; }
   void Prefetch(std::function<void()> ready) override;
+  /// A failure ends the session: the next logon begins anew.
   void Fetch() override;
   int MsgCount() override { return static_cast<int>(set_.size()); }
   void MsgIndex(int index) override { index_ = index; }
@@ -73,6 +74,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   AccountAnswer Account();
   AccountAnswer StoredAccount() const;
   std::shared_ptr<Listing> List();
+  void EndSession();
   void RequireSession() const;
   FetchedMail& Current();
   Mailbox& Recipient();

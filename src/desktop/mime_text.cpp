@@ -32,7 +32,7 @@ std::string Decoded(const MimePart& part) {
       FieldValue<vmime::encoding>(part.header, vmime::fields::CONTENT_TRANSFER_ENCODING);
   std::string bytes;
   vmime::utility::outputStreamStringAdapter stream(bytes);
-  const std::string body(part.body);
+  std::string body(part.body);
   try {
     vmime::stringContentHandler(body, named ? *named : vmime::encoding()).extract(stream);
   } catch (const vmime::exceptions::no_encoder_available&) {

@@ -20,7 +20,8 @@ std::unique_ptr<Passwords> PasswordsBeside(const std::string& settingsFile) {
 }
 
 void ForbidCoreDumps() {
-  constexpr rlimit none{0, 0};
+  // Where dumps go to another program a limit of 0 is no limit; 1 stops both kinds.
+  constexpr rlimit none{1, 1};
   static_cast<void>(::setrlimit(RLIMIT_CORE, &none));
 }
 

@@ -19,6 +19,9 @@ using platform::MailError;
 /// Bytes of mails that are asked for at a time.
 constexpr std::uint64_t greatestBatch = 8u << 20;
 
+/// Bytes of mails that one look may bring.
+constexpr std::size_t greatestLook = 64u << 20;
+
 /// What folders of sent mails are called where the server doesn't say which one it is.
 constexpr std::string_view sentNames[] = {"Sent", "Sent Items", "Sent Messages", "Sent Mail",
                                           "Gesendet"};
@@ -99,7 +102,8 @@ void ServerMail::Connect() {
   auto imap = std::make_unique<ImapClient>(
       ServerAddress{account_.ImapHost, account_.ImapPort, account_.ImapSecurity}, NewLogin(),
       patience_);
-  validity_ = imap->SelectInbox();
+  const Uid validity = imap->SelectInbox();
+  if (std::exchange(validity_, validity) != validity) foreign_.clear();
   imap_ = std::move(imap);
 }
 
@@ -138,13 +142,21 @@ std::vector<FetchedMail> ServerMail::Listed(bool unreadOnly) {
       imap_->Search(std::string("UNDELETED ") + (unreadOnly ? "UNSEEN " : "") + "SUBJECT \"" +
                     std::string(subjectPrefix.substr(0, subjectPrefix.find(' '))) + '"');
   auto summaries = imap_->Summaries(found, "SUBJECT");
-  std::erase_if(summaries, [](const auto& summary) { return !CanBeOurs(summary); });
+  std::erase_if(summaries, [this](const auto& summary) {
+    return foreign_.contains(summary.uid) || !CanBeOurs(summary);
+  });
 
   std::unordered_map<Uid, FetchedMail> mails;
-  for (auto next = summaries.cbegin(); next != summaries.cend();) {
+  std::size_t size = 0;
+  for (auto next = summaries.cbegin(); next != summaries.cend() && size < greatestLook;) {
     const auto batch = TakeBatch(next, summaries.cend());
     for (const auto& content : imap_->Contents(batch, greatestMail + 1)) {
-      if (auto mail = Parsed(content.bytes)) mails[content.uid] = std::move(*mail);
+      size += content.bytes.size();
+      if (auto mail = Parsed(content.bytes)) {
+        mails[content.uid] = std::move(*mail);
+      } else {
+        foreign_.insert(content.uid);
+      }
     }
   }
 

@@ -4,6 +4,9 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <unordered_set>
+#include <vector>
 
 #include "desktop/imap_client.h"
 #include "desktop/mail_transport.h"
@@ -19,7 +22,8 @@ class ServerMail : public MailTransport {
 
   void Open() override;
 
-  /// A mail's identifier is the Inbox's validity, a point, and the mail's UID.
+  /// A mail's identifier is the Inbox's validity, a point, and the mail's UID. Of texts that are
+  /// too much for one look, the rest comes with the next.
   std::vector<FetchedMail> List(bool unreadOnly) override;
   void MarkRead(const std::string& id) override { marked_.push_back(id); }
   void Remove(const std::string& id) override { removed_.push_back(id); }
@@ -47,6 +51,7 @@ class ServerMail : public MailTransport {
   Patience patience_;
   std::unique_ptr<ImapClient> imap_;  // null while not connected
   Uid validity_ = 0;                  // of the Inbox that is open
+  std::unordered_set<Uid> foreign_;   // mails found to be none of ours, in spite of their subjects
   std::vector<std::string> marked_;   // and not yet at the server
   std::vector<std::string> removed_;  // likewise
 };

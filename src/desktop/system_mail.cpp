@@ -105,6 +105,7 @@ class SpawnPlan {
   /// The number of the process.
   pid_t Start(std::vector<std::string> words) const {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     pid_t process = 0;

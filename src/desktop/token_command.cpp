@@ -22,7 +22,7 @@ std::string TokenFrom(const std::string& command, const Patience& patience) {
     }
   }
   const std::string output = process.readAllStandardOutput().toStdString();
-  const std::string token = output.substr(0, output.find_first_of("\r\n"));
+  std::string token = output.substr(0, output.find_first_of("\r\n"));
   if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0 || token.empty()) {
     throw platform::MailError("The command that should give a token gave none.");
   }

@@ -159,6 +159,8 @@ TEST_F(MailServiceTest, AFailedPrefetchIsRaisedByTheNextFetchOnly) {
   script_.Fail("");
   EXPECT_THROW(service_.Fetch(), MailError);
   EXPECT_NO_THROW(service_.Flush()) << "it isn't the queue's failure";
+  EXPECT_EQ(service_.SessionID(), 0) << "the next logon begins anew";
+  SignOn();
   service_.Fetch();
   EXPECT_EQ(service_.MsgCount(), 2);
 }

@@ -151,12 +151,17 @@ TEST_F(ServerMailTest, TheServerSearchesOnlyWhereSomethingMayHaveChanged) {
   imap_.Answer("NOOP", "$ OK nothing new\n");
   imap_.Answer("RFC822.SIZE", "$ OK nothing left of them\n");
   for (int time = 0; time < 3; ++time) EXPECT_TRUE(mail_.List(true).empty());
+  Send();
   EXPECT_EQ(imap_.Count("UID SEARCH"), 3) << "once behind the last change";
+  imap_.Answer("LIST", "* 8 EXISTS\n$ OK no folders\n");
+  Send();
+  mail_.List(true);
+  EXPECT_EQ(imap_.Count("UID SEARCH"), 4) << "told while something else was asked";
   mail_.List(false);
-  EXPECT_EQ(imap_.Count("UID SEARCH"), 4) << "other mails are meant";
+  EXPECT_EQ(imap_.Count("UID SEARCH"), 5) << "other mails are meant";
   mail_.MarkRead("7.9");
   mail_.List(false);
-  EXPECT_EQ(imap_.Count("UID SEARCH"), 5);
+  EXPECT_EQ(imap_.Count("UID SEARCH"), 6);
 }
 
 TEST_F(ServerMailTest, OnlyTheMailsThatAreMeantAreMarkedAndDestroyedInFewCommands) {
@@ -275,6 +280,28 @@ TEST_F(ServerMailTest, LogsOnInTheWayThatTheServerOffers) {
   EXPECT_EQ(imap_.Count("AUTHENTICATE PLAIN"), 2);
   EXPECT_EQ(imap_.Count("AUTHENTICATE PLAIN " + encoded), 1);
   EXPECT_EQ(imap_.Count(encoded), 2);
+}
+
+TEST_F(ServerMailTest, NoRefusalRepeatsThePassword) {
+  for (const std::string echo :
+       {R"(LOGIN "me" "sec\"ret")", "bG sec\"ret", "\033[31mAG1lAHNlYyJyZXQ="}) {
+    imap_.Answer("LOGIN", "$ NO what is " + echo + "\n");
+    try {
+      ServerMail(Account(), "sec\"ret", patience).Open();
+      ADD_FAILURE() << "was let in";
+    } catch (const desktop::LoginRefused& refusal) {
+      EXPECT_EQ(std::string(refusal.what()),
+                "The server \"127.0.0.1\" refuses the user name or the password.");
+    }
+  }
+}
+
+TEST_F(ServerMailTest, AMachinesAnswerIsLookedAtOnce) {
+  imap_.Answer("BODY.PEEK[]",
+               "* 1 FETCH (UID 4 BODY[]<0> {68}\n"
+               "From: a@b.c\nAuto-Submitted: auto-replied\nSubject: Tarvolenix :\n\n)\n$ OK\n");
+  for (int look = 0; look < 3; ++look) EXPECT_TRUE(mail_.List(true).empty());
+  EXPECT_EQ(imap_.Count("BODY.PEEK[]"), 1);
 }
 
 TEST_F(ServerMailTest, ATokenStandsForThePassword) {

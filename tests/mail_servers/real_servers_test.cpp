@@ -191,21 +191,23 @@ struct SecurityCase {
   const char* name;
   const char* host;
   const char* security;
-  bool works;
+  const char* says;  ///< what the check tells in its sentence; blank: it works
   bool otherAuthority = false;
 };
 
 const SecurityCase securityCases[] = {
-    {"TLS from the first byte", MailServers::host, "Tls", true},
-    {"STARTTLS", MailServers::host, "StartTls", true},
-    {"a host given by its number", MailServers::numericHost, "Tls", true},
-    {"an unknown authority", MailServers::host, "Tls", false, true},
-    {"an unknown authority behind STARTTLS", MailServers::host, "StartTls", false, true},
-    {"an expired certificate", MailServers::expiredHost, "Tls", false},
-    {"an expired certificate behind STARTTLS", MailServers::expiredHost, "StartTls", false},
-    {"another host's certificate", MailServers::foreignHost, "Tls", false},
-    {"another host's certificate behind STARTTLS", MailServers::foreignHost, "StartTls", false},
-    {"no STARTTLS where it was asked for", MailServers::plainHost, "StartTls", false},
+    {"TLS from the first byte", MailServers::host, "Tls", ""},
+    {"STARTTLS", MailServers::host, "StartTls", ""},
+    {"a host given by its number", MailServers::numericHost, "Tls", ""},
+    {"an unknown authority", MailServers::host, "Tls", "doesn't trust", true},
+    {"an unknown authority behind STARTTLS", MailServers::host, "StartTls", "doesn't trust", true},
+    {"an expired certificate", MailServers::expiredHost, "Tls", "has expired"},
+    {"an expired certificate behind STARTTLS", MailServers::expiredHost, "StartTls", "has expired"},
+    {"another host's certificate", MailServers::foreignHost, "Tls", "certificate of another one"},
+    {"another host's certificate behind STARTTLS", MailServers::foreignHost, "StartTls",
+     "certificate of another one"},
+    {"no STARTTLS where it was asked for", MailServers::plainHost, "StartTls",
+     "offers no STARTTLS"},
 };
 
 TEST_F(RealServersTest, NoPasswordAndNoMailGoesToAServerThatProvesNothing) {
@@ -222,11 +224,13 @@ TEST_F(RealServersTest, NoPasswordAndNoMailGoesToAServerThatProvesNothing) {
     ::setenv("SSL_CERT_FILE", authority.c_str(), 1);
     const int passwordsBefore = servers_.PasswordsSeen();
     desktop::ServerMail mail(account, MailServers::password);
-    if (row.works) {
-      EXPECT_EQ(desktop::WhatIsWrongWith(account, MailServers::password), "");
+    const bool works = *row.says == '\0';
+    const std::string problem = desktop::WhatIsWrongWith(account, MailServers::password);
+    EXPECT_NE(problem.find(row.says), std::string::npos) << problem;
+    EXPECT_EQ(problem.empty(), works);
+    if (works) {
       EXPECT_NO_THROW(mail.Send(MailOf("a")));
     } else {
-      EXPECT_NE(desktop::WhatIsWrongWith(account, MailServers::password), "");
       EXPECT_THROW(mail.Open(), platform::MailError);
       EXPECT_THROW(mail.TryOutgoing(), platform::MailError);
       EXPECT_THROW(mail.Send(MailOf("a")), platform::MailError);
@@ -234,9 +238,27 @@ TEST_F(RealServersTest, NoPasswordAndNoMailGoesToAServerThatProvesNothing) {
     ::setenv("SSL_CERT_FILE", servers_.Authority().c_str(), 1);
     servers_.AwaitDelivery();
     // The check's two, the mail's and its copy's.
-    EXPECT_EQ(servers_.PasswordsSeen() - passwordsBefore, row.works ? 4 : 0);
-    EXPECT_EQ(Folder("INBOX", opponent), row.works ? "a " : "");
+    EXPECT_EQ(servers_.PasswordsSeen() - passwordsBefore, works ? 4 : 0);
+    EXPECT_EQ(Folder("INBOX", opponent), works ? "a " : "");
   }
+}
+
+TEST_F(RealServersTest, TheCheckSaysInPlainWordsWhatIsWrong) {
+  MailAccount account = ServerAccount(user);
+  const auto says = [&account](const std::string& password = MailServers::password) {
+    return desktop::WhatIsWrongWith(std::exchange(account, ServerAccount(user)), password);
+  };
+  EXPECT_NE(says("wrong").find("refuses the user name or the password"), std::string::npos);
+  account.ImapHost = "no.such.host.invalid";
+  EXPECT_NE(says().find("no server named \"no.such.host.invalid\""), std::string::npos);
+  account.SmtpPort = 1;
+  EXPECT_NE(says().find("Nothing answers as \"localhost\" at port 1"), std::string::npos);
+  account.SmtpHost = "";
+  EXPECT_NE(says().find("missing"), std::string::npos);
+  account.ImapPort = servers_.ImapPort("StartTls");
+  EXPECT_NE(says().find("try STARTTLS"), std::string::npos);
+  account.MyAddress = "nobody";
+  EXPECT_NE(says().find("no mail address"), std::string::npos);
 }
 
 TEST_F(RealServersTest, AWrongPasswordIsRefusedAtBothEnds) {

@@ -4,12 +4,13 @@
 #include <QPainter>
 
 #include <array>
+#include <utility>
 #include <vector>
 
+#include "grain.h"
 #include "piece_drawing.h"
 #include "piece_picture.h"
 #include "saved_picture.h"
-#include "wood.h"
 
 namespace art {
 
@@ -45,17 +46,25 @@ SidePictures PaintSide(const std::vector<PieceDrawing>& drawings, const SetParam
   return pictures;
 }
 
-QImage ComposeSheet(const SetParameters& set, const SidePictures& white,
-                    const SidePictures& black) {
-  QImage sheet(kColumns * set.cell, 4 * set.cell, QImage::Format_RGB32);
+SidePictures ScaledTo(SidePictures pictures, int side) {
+  for (QImage& picture : pictures) {
+    if (!picture.isNull()) picture = ScaledTo(picture, side);
+  }
+  return pictures;
+}
+
+// `white` and `black` are as large as a cell.
+QImage ComposeSheet(const BoardParameters& board, const SidePictures& white,
+                    const SidePictures& black, int side) {
+  QImage sheet(kColumns * side, 4 * side, QImage::Format_RGB32);
   QPainter painter(&sheet);
-  const QImage light = PaintWood(set.light, set.cell), dark = PaintWood(set.dark, set.cell);
+  const QImage light = PaintGrain(board.light, side), dark = PaintGrain(board.dark, side);
   for (int cell = 0; cell < 4 * kColumns; ++cell) {
     const int column = cell % kColumns;
-    const QPoint corner(column * set.cell, cell / kColumns * set.cell);
+    const QPoint corner(column * side, cell / kColumns * side);
     painter.drawImage(corner, cell & 8 ? dark : light);
     const QImage& piece = (cell & 16 ? black : white)[static_cast<size_t>(column)];
-    if (!piece.isNull()) painter.drawImage(corner, ScaledTo(piece, set.cell));
+    if (!piece.isNull()) painter.drawImage(corner, piece);
   }
   return sheet;
 }
@@ -68,24 +77,35 @@ bool SavePieces(const SidePictures& pictures, const QString& stem, int side, QSt
   return true;
 }
 
+bool SaveBoards(const SetParameters& set, const QString& boards, const SidePictures& white,
+                const SidePictures& black, const QString& folder, QString* error) {
+  for (const QString& name : set.boards) {
+    const auto board = ReadBoardParameters(u"%1/%2.ini"_s.arg(boards, name), error);
+    if (!board) return false;
+    const QImage sheet = ComposeSheet(*board, white, black, set.cell);
+    if (!SavePicture(sheet, folder + board->name + u".jpg"_s, error, set.quality)) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
-bool RenderChessSet(const SetParameters& set, const QString& drawings, const QString& outputFolder,
+bool RenderChessSet(const SetParameters& set, const QString& source, const QString& output,
                     QString* error) {
   std::vector<PieceDrawing> pieces;
   for (const char* name : kPieceNames) {
-    const QString path = u"%1/%2.svg"_s.arg(drawings, QString::fromLatin1(name).toLower());
-    const std::optional<PieceDrawing> piece = ReadPieceDrawing(path, kPaintedSide, error);
+    const QString path = u"%1/pieces/%2.svg"_s.arg(source, QString::fromLatin1(name).toLower());
+    std::optional<PieceDrawing> piece = ReadPieceDrawing(path, set.lines, kPaintedSide, error);
     if (!piece) return false;
-    pieces.push_back(*piece);
+    pieces.push_back(std::move(*piece));
   }
   const SidePictures white = PaintSide(pieces, set, set.white);
   const SidePictures black = PaintSide(pieces, set, set.black);
-  const QString folder = outputFolder + u'/' + set.folder + u'/';
+  const QString folder = u"%1/Graphics/%2/"_s.arg(output, set.folder);
   return SavePieces(white, folder + u"White"_s, set.iconSide, error) &&
          SavePieces(black, folder + u"Black"_s, set.iconSide, error) &&
-         SavePicture(ComposeSheet(set, white, black), folder + set.board + u".jpg"_s, error,
-                     set.quality);
+         SaveBoards(set, source + u"/boards"_s, ScaledTo(white, set.cell),
+                    ScaledTo(black, set.cell), folder, error);
 }
 
 }  // namespace art

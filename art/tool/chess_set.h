@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Renders a chess set's folder: twelve piece pictures and the board sheet.
+// Renders a chess set's folder: twelve piece pictures and a sheet for each board.
 //
-// The sheet has 4 rows of 8 square cells, numbered along the rows from 0:
+// A sheet has 4 rows of 8 square cells, numbered along the rows from 0:
 //
 //   cell   = column + 8 if the square is dark + 16 if the piece is black
 //   column = 0 empty, 1 rook, 2 knight, 3 bishop, 4 queen, 5 king, 6 pawn, 7 the fallen king
@@ -15,8 +15,9 @@
 
 namespace art {
 
-/// Writes the set's files to `outputFolder`; false with `error` when a drawing or a file fails.
-bool RenderChessSet(const SetParameters& set, const QString& drawings, const QString& outputFolder,
+/// Writes Graphics/<the set's folder> below `output` from the drawings and boards below `source`;
+/// false with `error` when a drawing, a parameter or a file fails.
+bool RenderChessSet(const SetParameters& set, const QString& source, const QString& output,
                     QString* error);
 
 }  // namespace art

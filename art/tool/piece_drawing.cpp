@@ -18,7 +18,7 @@ namespace {
 
 // The paints of one rendering.
 struct Paints {
-  QString turned, carved, raised, ink, glint;
+  QString turned, carved, raised, ink, line, glint;
 };
 
 // A straight step has one point, a curve three; the last one is where the step ends.
@@ -72,11 +72,18 @@ std::optional<QString> WithOutlinesClosed(QString document) {
   return document;
 }
 
+QString Drawn(QString document, const Lines& lines) {
+  return document.replace(u"{outline}"_s, QString::number(lines.outline))
+      .replace(u"{inner}"_s, QString::number(lines.inner))
+      .replace(u"{strength}"_s, QString::number(lines.strength));
+}
+
 QString Painted(QString document, const Paints& paints) {
   return document.replace(u"{turned}"_s, paints.turned)
       .replace(u"{carved}"_s, paints.carved)
       .replace(u"{raised}"_s, paints.raised)
       .replace(u"{ink}"_s, paints.ink)
+      .replace(u"{line}"_s, paints.line)
       .replace(u"{glint}"_s, paints.glint);
 }
 
@@ -103,7 +110,8 @@ QString MirroredPath(const QString& half) {
   return path + u'Z';
 }
 
-std::optional<PieceDrawing> ReadPieceDrawing(const QString& path, int side, QString* error) {
+std::optional<PieceDrawing> ReadPieceDrawing(const QString& path, const Lines& lines, int side,
+                                             QString* error) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
     *error = u"%1: %2"_s.arg(path, file.errorString());
@@ -115,19 +123,34 @@ std::optional<PieceDrawing> ReadPieceDrawing(const QString& path, int side, QStr
     return std::nullopt;
   }
   const QString none = u"none"_s, full = u"#ffffff"_s, hides = u"#000000"_s;
-  auto layer = [&](const Paints& paints) { return Rendered(Painted(*document, paints), side); };
-  const QImage turned = layer({full, none, none, none, none});
-  const QImage carved = layer({none, full, none, none, none});
-  const QImage raised = layer({none, none, full, none, none});
+  auto layer = [side](const QString& drawn, const Paints& paints) {
+    return Rendered(Painted(drawn, paints), side);
+  };
+  const QString drawn = Drawn(*document, lines);
   // Later parts hide the lines of earlier ones, so the fills are drawn too, in no line's colour.
-  const QImage lines = layer({hides, hides, hides, u"#ff0000"_s, u"#00ff00"_s});
-  if (lines.isNull()) {
+  const QImage inked =
+      layer(drawn, {hides, hides, hides, u"#ff0000"_s, u"#0000ff"_s, u"#00ff00"_s});
+  if (inked.isNull()) {
     *error = u"%1: not a drawing"_s.arg(path);
     return std::nullopt;
   }
-  return PieceDrawing{ChannelOf(turned, Channel::Alpha), ChannelOf(carved, Channel::Alpha),
-                      ChannelOf(raised, Channel::Alpha), ChannelOf(lines, Channel::Red),
-                      ChannelOf(lines, Channel::Green),  ChannelOf(lines, Channel::Alpha)};
+  PieceDrawing drawing{
+      ChannelOf(layer(drawn, {full, none, none, none, none, none}), Channel::Alpha),
+      ChannelOf(layer(drawn, {none, full, none, none, none, none}), Channel::Alpha),
+      ChannelOf(layer(drawn, {none, none, full, none, none, none}), Channel::Alpha),
+      ChannelOf(inked, Channel::Red),
+      ChannelOf(inked, Channel::Blue),
+      ChannelOf(inked, Channel::Green),
+      ChannelOf(inked, Channel::Alpha),
+      Plane(side),
+  };
+  if (lines.halo > 0) {
+    Lines grown = lines;
+    grown.outline += 2 * lines.halo;
+    const QImage halo = layer(Drawn(*document, grown), {full, full, full, full, full, none});
+    drawing.halo = ChannelOf(halo, Channel::Alpha);
+  }
+  return drawing;
 }
 
 }  // namespace art

@@ -72,7 +72,8 @@ Plane LitEdge(const PieceDrawing& drawing, const Lamp& lamp) {
   Plane inner(side);
   for (int y = 0; y < side; ++y) {
     for (int x = 0; x < side; ++x) {
-      inner.At(x, y) = drawing.cover.At(x, y) * (1 - drawing.ink.At(x, y));
+      const float drawn = std::max(drawing.ink.At(x, y), drawing.line.At(x, y));
+      inner.At(x, y) = drawing.cover.At(x, y) * (1 - drawn);
     }
   }
   const float width = lamp.rim / 1000 * static_cast<float>(side);
@@ -120,20 +121,24 @@ QImage PaintPiece(const PieceDrawing& drawing, const SidePalette& palette, const
   const Plane edge = LitEdge(drawing, lamp);
   const Direction light = TowardsLamp(lamp);
   const Ramp ramp(palette);
-  const Tint ink = TintOf(palette.ink), glint = TintOf(palette.glint);
+  const Tint halo = TintOf(palette.halo), ink = TintOf(palette.ink);
+  const Tint inner = TintOf(palette.line), glint = TintOf(palette.glint);
   QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
   picture.fill(Qt::transparent);
   for (int y = 0; y < side; ++y) {
     QRgb* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
     for (int x = 0; x < side; ++x) {
-      if (drawing.cover.At(x, y) == 0) continue;
+      const float cover = drawing.cover.At(x, y);
+      const float whole = std::max(cover, drawing.halo.At(x, y));
+      if (whole == 0) continue;
       const Direction facing = relief.At(x, y);
       Tint tint = ramp.At(Diffuse(facing, light, lamp.ambient));
       tint = Mix(tint, glint, Gloss(facing, light, lamp));
       tint = Mix(tint, glint, palette.rim * edge.At(x, y));
       tint = Mix(tint, glint, drawing.glint.At(x, y));
+      tint = Mix(tint, inner, drawing.line.At(x, y));
       tint = Mix(tint, ink, drawing.ink.At(x, y));
-      line[x] = PixelOf(tint, drawing.cover.At(x, y));
+      line[x] = PixelOf(Mix(halo, tint, cover / whole), whole);
     }
   }
   return picture;

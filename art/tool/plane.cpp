@@ -66,6 +66,7 @@ Plane ChannelOf(const QImage& picture, Channel channel) {
     for (int x = 0; x < plane.Side(); ++x) {
       const int value = channel == Channel::Red     ? qRed(line[x])
                         : channel == Channel::Green ? qGreen(line[x])
+                        : channel == Channel::Blue  ? qBlue(line[x])
                                                     : qAlpha(line[x]);
       plane.At(x, y) = static_cast<float>(value) / 255;
     }

@@ -35,7 +35,7 @@ class Plane {
   std::vector<float> values_;
 };
 
-enum class Channel { Red, Green, Alpha };
+enum class Channel { Red, Green, Blue, Alpha };
 
 /// Takes one channel of a square picture as 0 to 1; the colours are the premultiplied ones.
 Plane ChannelOf(const QImage& picture, Channel channel);

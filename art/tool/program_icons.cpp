@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program_icons.h"
 
+#include <QDir>
 #include <QPainter>
-#include <QSvgRenderer>
 
+#include <vector>
+
+#include "icon_drawing.h"
+#include "icon_file.h"
 #include "piece_drawing.h"
 #include "piece_picture.h"
 #include "saved_picture.h"
@@ -14,68 +18,90 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMessageIcons = 5;
+constexpr int kSmallSides[] = {16, 22, 24, 32, 48, 64};
 constexpr int kMessageSide = 96;
-constexpr int kProgramSide = 256;
+// The program icon's painted picture, and where the knight rises out of the envelope in it.
 constexpr int kPaintedSide = 1024;
-
-// Where the knight rises out of the envelope, in the painted picture.
 constexpr QRect kKnightPlace(40, -97, 1000, 1000);
+// Up to the first size the program icon is the simpler drawing, from the next on the painted one.
+constexpr int kSimpleSides[] = {16, 22, 24};
+constexpr int kPaintedSides[] = {32, 48, 64, 128, 256};
 
 QImage Scaled(const QImage& picture, int side) {
   return picture.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-bool Draw(QPainter& painter, const QString& path, QString* error) {
-  QSvgRenderer drawing(path);
-  if (!drawing.isValid()) {
-    *error = u"%1: not a drawing"_s.arg(path);
-    return false;
+// What all the icons need to be drawn.
+struct Workshop {
+  const SetParameters& set;
+  QString source, output;
+  QString* error;
+
+  QString Parts() const { return source + u"/icons/parts"_s; }
+  std::optional<QByteArray> Drawing(const QString& name) const {
+    return ReadIconDrawing(u"%1/%2.svg"_s.arg(source, name), Parts(), error);
   }
-  drawing.render(&painter);
+};
+
+bool RenderIcon(const Workshop& shop, const QString& name) {
+  const auto drawing = shop.Drawing(name);
+  if (!drawing) return false;
+  std::vector<QImage> pictures;
+  for (int side : kSmallSides) pictures.push_back(PaintIcon(*drawing, side, shop.set.shadow));
+  return SaveIcon(pictures, u"%1/%2.ico"_s.arg(shop.output, name), shop.error);
+}
+
+bool RenderMessageIcon(const Workshop& shop, const QString& name) {
+  const auto drawing = shop.Drawing(name);
+  return drawing && SavePicture(PaintIcon(*drawing, kMessageSide, shop.set.shadow),
+                                u"%1/%2.png"_s.arg(shop.output, name), shop.error);
+}
+
+/// Renders every drawing in `folder` by its name below the source.
+bool RenderFolder(const Workshop& shop, const QString& folder,
+                  bool (*render)(const Workshop&, const QString&)) {
+  const QDir drawings(shop.source + u'/' + folder);
+  for (const QFileInfo& file : drawings.entryInfoList({u"*.svg"_s}, QDir::Files, QDir::Name)) {
+    if (!render(shop, folder + u'/' + file.completeBaseName())) return false;
+  }
   return true;
 }
 
-QImage EmptyPicture() {
-  QImage picture(kPaintedSide, kPaintedSide, QImage::Format_ARGB32_Premultiplied);
-  picture.fill(Qt::transparent);
+QImage PaintProgramIcon(const QByteArray& back, const QImage& knight, const QByteArray& front,
+                        const ShadowParameters& shadow) {
+  QImage picture = PaintIcon(back, kPaintedSide, shadow);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(kKnightPlace, knight);
+  painter.drawImage(0, 0, PaintIcon(front, kPaintedSide, shadow));
   return picture;
 }
 
-bool RenderMessageIcon(int number, const SetParameters& set, const QString& source,
-                       const QString& output, QString* error) {
-  const QString name = u"/messages/message-%1"_s.arg(number);
-  QImage picture = EmptyPicture();
-  QPainter painter(&picture);
-  if (!Draw(painter, source + name + u".svg"_s, error)) return false;
-  painter.end();
-  const QImage icon = Scaled(WithShadow(picture, set.shadow), kMessageSide);
-  return SavePicture(icon, output + name + u".png"_s, error);
-}
-
-bool RenderProgramIcon(const SetParameters& set, const QString& source, const QString& output,
-                       QString* error) {
-  const auto knight = ReadPieceDrawing(source + u"/pieces/knight.svg"_s, kPaintedSide, error);
-  if (!knight) return false;
-  QImage picture = EmptyPicture();
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  if (!Draw(painter, source + u"/program/envelope-back.svg"_s, error)) return false;
-  painter.drawImage(kKnightPlace, WithShadow(PaintPiece(*knight, set.white, set.lamp), set.shadow));
-  if (!Draw(painter, source + u"/program/envelope-front.svg"_s, error)) return false;
-  painter.end();
-  const QImage icon = Scaled(WithShadow(picture, set.shadow), kProgramSide);
-  return SavePicture(icon, output + u"/tarvolenix.png"_s, error);
+bool RenderProgramIcon(const Workshop& shop) {
+  const auto knight = ReadPieceDrawing(shop.source + u"/pieces/knight.svg"_s, shop.set.lines,
+                                       kPaintedSide, shop.error);
+  const auto back = shop.Drawing(u"program/envelope-back"_s);
+  const auto front = shop.Drawing(u"program/envelope-front"_s);
+  const auto simple = shop.Drawing(u"program/small"_s);
+  if (!knight || !back || !front || !simple) return false;
+  const QImage rising =
+      WithShadow(PaintPiece(*knight, shop.set.white, shop.set.lamp), shop.set.shadow);
+  const QImage painted = PaintProgramIcon(*back, rising, *front, shop.set.shadow);
+  std::vector<QImage> pictures;
+  for (int side : kSimpleSides) pictures.push_back(PaintIcon(*simple, side, shop.set.shadow));
+  for (int side : kPaintedSides) pictures.push_back(Scaled(painted, side));
+  return SavePicture(pictures.back(), shop.output + u"/tarvolenix.png"_s, shop.error) &&
+         SaveIcon(pictures, shop.output + u"/tarvolenix.ico"_s, shop.error);
 }
 
 }  // namespace
 
 bool RenderProgramIcons(const SetParameters& set, const QString& source, const QString& output,
                         QString* error) {
-  for (int number = 1; number <= kMessageIcons; ++number) {
-    if (!RenderMessageIcon(number, set, source, output, error)) return false;
-  }
-  return RenderProgramIcon(set, source, output, error);
+  const Workshop shop{set, source, output, error};
+  return RenderFolder(shop, u"icons/tray"_s, RenderIcon) &&
+         RenderFolder(shop, u"icons/status"_s, RenderIcon) &&
+         RenderFolder(shop, u"messages"_s, RenderMessageIcon) && RenderProgramIcon(shop);
 }
 
 }  // namespace art

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Renders the pictures of the program's own windows: the message icons and the program icon.
+// Renders the pictures of the program's own windows: the icon family and the program icon.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,9 @@
 
 namespace art {
 
-/// Writes messages/message-1.png to message-5.png and tarvolenix.png below `output`.
-/// `set` lends the program icon its knight.
+/// Writes below `output`: an .ico for every drawing in a folder of icons/, message-1.png to
+/// message-5.png in messages/, and tarvolenix.png and .ico. `set` lends the program icon its knight
+/// and all of them their shadow.
 bool RenderProgramIcons(const SetParameters& set, const QString& source, const QString& output,
                         QString* error);
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The parameters of one chess set, as its .ini file under sets/ gives them.
-//
-// A key that is missing or unreadable is an error: a set never renders from a value that nobody
-// wrote.
+// The parameters of a chess set and of a board, as the .ini files under sets/ and boards/ give
+// them.
 #pragma once
 
 #include <QColor>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -25,19 +24,34 @@ struct ShadowParameters {
   QColor colour;
 };
 
-/// The surface colours of one side's pieces, from away from the lamp to the glint.
+/// Widths of the drawn lines in thousandths of a cell.
+struct Lines {
+  float outline, inner;
+  float strength;  // how opaque the inner lines are
+  float halo;      // width of a second line round the outline
+};
+
+/// One side's colours: the outline (ink) and the lines inside it, and the surface from away from
+/// the lamp to the glint.
 struct SidePalette {
-  QColor ink, shade, body, lit, glint;
+  QColor halo, ink, line, shade, body, lit, glint;
   float rim;  // strength of the light along the lit edge
 };
 
-struct WoodParameters {
+struct GrainParameters {
   QColor base, deep, pale;
   int seed;
   float rings, warp, ringStrength;
   float fibre, fibreStrength;
   float along;  // how often the grain changes along its run, per cell
   float pores;
+  float edge;  // shade at the square's border
+};
+
+/// Two kinds of square under the name that the user chooses them by.
+struct BoardParameters {
+  QString name;
+  GrainParameters light, dark;
 };
 
 struct FallenParameters {
@@ -46,16 +60,18 @@ struct FallenParameters {
 };
 
 struct SetParameters {
-  QString folder, board;
+  QString folder;
+  QStringList boards;  // names of files under boards/, without .ini
   int cell, quality, iconSide;
+  Lines lines;
   Lamp lamp;
   ShadowParameters shadow;
   SidePalette white, black;
   FallenParameters fallen;
-  WoodParameters light, dark;
 };
 
 /// Empty when the file lacks a key or holds one that can't be read; `error` then names it.
+std::optional<BoardParameters> ReadBoardParameters(const QString& path, QString* error);
 std::optional<SetParameters> ReadSetParameters(const QString& path, QString* error);
 
 }  // namespace art

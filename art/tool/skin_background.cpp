@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "skin_background.h"
+
+#include "skin_surface.h"
+#include "ui/layouts/board.h"
+#include "ui/layouts/outlines.h"
+
+namespace art {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using ui::layouts::Control;
+using ui::layouts::Layout;
+using ui::layouts::Surface;
+
+constexpr double kPanelMargin = 6;
+constexpr double kRailMargin = 3;
+
+QRectF RectOf(const ui::layouts::Rect& rect) {
+  return {double(rect.x), double(rect.y), double(rect.width), double(rect.height)};
+}
+
+QRectF Grown(const QRectF& rect, double by) { return rect.adjusted(-by, -by, by, by); }
+
+void DrawControl(SkinSurface& surface, const Control& control) {
+  const QRectF rect = RectOf(control.rect);
+  switch (control.surface) {
+    case Surface::Panel:
+      surface.LetInPanel(Grown(rect, kPanelMargin));
+      break;
+    case Surface::Field:
+    case Surface::Grid:
+      surface.SinkWell(rect);
+      break;
+    case Surface::Board:
+      surface.FrameBoard(RectOf(control.rect.Grown(-ui::layouts::boardBand)),
+                         static_cast<float>(ui::layouts::boardBand));
+      break;
+    case Surface::Ornament:
+      surface.InlayText(u"Tarvolenix"_s, rect.adjusted(0, 6, 0, -6));
+      break;
+    case Surface::Picture:
+      if (control.name.starts_with("PieceButton")) surface.InlaySquare(rect);
+      break;
+    case Surface::Label:
+    case Surface::Button:
+    case Surface::Tool:
+    case Surface::Occasion:
+      break;  // the program draws it, on the bare surface
+  }
+}
+
+// The rectangle of all buttons of the window's own strip; empty without any.
+QRectF RailOf(const Layout& layout) {
+  QRectF rail;
+  for (const Control& control : layout.controls) {
+    if (control.surface == Surface::Tool) rail |= RectOf(control.rect);
+  }
+  return rail;
+}
+
+// Where a title will stand in a window that is not laid out yet: below the crest, clear of the
+// corners.
+QRectF TitlePlaceOf(const Layout& layout) { return {36, 24, layout.size.width - 72.0, 26}; }
+
+}  // namespace
+
+QImage PaintBackground(const SkinParameters& skin, const Layout& layout) {
+  const QSize size(layout.size.width, layout.size.height);
+  const OutlineShape outline(ui::layouts::OutlineOf(layout.window), size.width() * kSkinScale,
+                             size.height() * kSkinScale, static_cast<float>(kSkinScale));
+  SkinSurface surface(skin, size);
+  surface.Lay();
+  surface.RaiseRim(outline);
+  const QRectF rail = RailOf(layout);
+  if (!rail.isEmpty()) surface.SinkRail(Grown(rail, kRailMargin));
+  for (const Control& control : layout.controls) DrawControl(surface, control);
+  if (layout.controls.empty()) surface.Engrave(TitlePlaceOf(layout), 13);
+  return surface.Picture();
+}
+
+}  // namespace art

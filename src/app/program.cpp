@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdlib>
 #include <utility>
 
 #include "desktop/account_check.h"
@@ -21,6 +22,7 @@
 #include "shell/settings.h"
 #include "store/saving.h"
 #include "ui/program_pictures.h"
+#include "ui/skin.h"
 
 namespace app {
 
@@ -50,13 +52,14 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
   desktop_ = std::make_unique<desktop::RealDesktop>(
       programFolder, [this](const auto& suggestion) { return AskAtLogon(suggestion); });
   platform::TheDesktop().messageBoxes = &boxes_;
+  platform::TheDesktop().hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
   windows_ = std::make_unique<ui::GameWindows>();
   QObject::connect(windows_.get(), &ui::GameWindows::AccountWanted, windows_.get(),
                    [this] { ChangeAccount(); });
   QApplication::setWindowIcon(QIcon(ui::ProgramPicturePath(QStringLiteral("tarvolenix.png"))));
 }
 
-Program::~Program() = default;
+Program::~Program() { HurryTests(); }
 
 bool Program::Start() {
   shell::UpgradeSettings();
@@ -68,8 +71,7 @@ bool Program::Start() {
     Process().ShuttingDown = true;
     return false;
   }
-  // There is no other look yet; what is stored stays as the user left it.
-  platform::Settings().SimpleUI = true;
+  if (!ui::ApplySkinToSystemTray()) return false;
   mail::LogonAndCollect(false, false, true);
   windows_->Begin();
   Process().StartupComplete = true;
@@ -90,7 +92,9 @@ std::optional<desktop::AccountAnswer> Program::AskAccount(const desktop::MailAcc
         return isKept && desktop::PasswordKey(account) == key;
       },
       [this](const auto& answer, auto told) { TestAccount(answer, std::move(told)); }};
-  return ui::AskForAccount(suggestion, help);
+  auto answer = ui::AskForAccount(suggestion, help);
+  HurryTests();  // nobody hears of them any more
+  return answer;
 }
 
 std::optional<desktop::AccountAnswer> Program::AskAtLogon(const desktop::MailAccount& suggestion) {
@@ -104,18 +108,24 @@ std::optional<desktop::AccountAnswer> Program::AskAtLogon(const desktop::MailAcc
   return answer;
 }
 
+void Program::HurryTests() {
+  for (const AccountTest& test : tests_) test.check->Hurry();
+}
+
 void Program::TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told) {
-  std::erase_if(tests_, [](const std::future<void>& test) {
-    return test.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+  HurryTests();  // only the last one counts
+  std::erase_if(tests_, [](const AccountTest& test) {
+    return test.end.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
   });
   const std::string password =
       answer.password.value_or(KeptPassword(answer.account).value_or(std::string{}));
-  tests_.push_back(
-      std::async(std::launch::async, [account = answer.account, password, told = std::move(told),
-                                      &events = *platform::TheDesktop().events] {
-        const std::string problem = desktop::WhatIsWrongWith(account, password);
-        events.Post([told, problem] { told(problem); });
-      }));
+  auto check = std::make_shared<desktop::AccountCheck>(answer.account, password);
+  auto end = std::async(std::launch::async,
+                        [check, told = std::move(told), &events = *platform::TheDesktop().events] {
+                          const std::string problem = check->Problem();
+                          events.Post([told, problem] { told(problem); });
+                        });
+  tests_.push_back({std::move(check), std::move(end)});
 }
 
 void Program::ChangeAccount() {
@@ -128,7 +138,8 @@ void Program::ChangeAccount() {
                           "Ok", {}, false, platform::FailureSound);
     return;
   }
-  // The next logon is the new account's.
+  // The next logon is the new account's, whatever became of the old one's.
+  platform::SetLogonStatus(false);
   mail::MailLogoff(false);
   Process().Offline = true;
   windows_->ShowGameList(windows_->GameList()->SelectedGame());

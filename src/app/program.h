@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/account_check.h"
 #include "desktop/mail_account.h"
 #include "desktop/real_desktop.h"
 #include "ui/account_dialog.h"
@@ -46,7 +47,13 @@ class Program {
   ui::QtMessageBoxes boxes_;
   std::unique_ptr<desktop::RealDesktop> desktop_;
   std::unique_ptr<ui::GameWindows> windows_;
-  std::vector<std::future<void>> tests_;  // each is waited for before what it uses goes
+  struct AccountTest {
+    std::shared_ptr<desktop::AccountCheck> check;
+    std::future<void> end;
+  };
+  void HurryTests();
+
+  std::vector<AccountTest> tests_;  // each is waited for before what it uses goes
 };
 
 }  // namespace app

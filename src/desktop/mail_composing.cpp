@@ -81,8 +81,7 @@ std::string AddressValue(std::string_view local, std::string_view domain) {
 std::string MailboxValue(const Mailbox& mailbox) {
   const std::string envelope = EnvelopeAddress(mailbox.address);
   const auto at = envelope.rfind('@');
-  std::string address =
-      '<' + AddressValue(envelope.substr(0, at), envelope.substr(at + 1)) + '>';
+  std::string address = '<' + AddressValue(envelope.substr(0, at), envelope.substr(at + 1)) + '>';
   const std::string name = WithoutReserved(mailbox.name);
   if (name.empty()) return address;
   const bool plain = name.size() <= longestPlainValue && Trimmed(name) == name &&

@@ -15,7 +15,9 @@ struct ShellHooks {
   std::function<void()> boardClosed;        ///< bring back the window that the board replaced
   std::function<void()> closeHelp;
   std::function<std::string()>
-      pickMoveFile;                       ///< path of the file the user picked; empty: cancelled
+      pickMoveFile;  ///< path of the file the user picked; empty: cancelled
+  std::function<void()> removeTrayIcon;
+  std::function<void()> endProcess;       ///< at once, without the work of an orderly stop
   std::function<void(bool)> busyPointer;  ///< true before work that takes a moment, false behind it
 };
 

@@ -28,12 +28,12 @@ QString FileLetter(int column) { return QString(QChar(u'a' + column - 1)); }
 
 }  // namespace
 
-BoardPicture::BoardPicture(const ChessGraphics& graphics, QWidget* parent)
-    : QWidget(parent), graphics_(graphics) {
+BoardPicture::BoardPicture(const ChessGraphics& graphics, int edge, QWidget* parent)
+    : QWidget(parent), graphics_(graphics), edge_(edge) {
   setObjectName(u"CBoard"_s);
   setAccessibleName(u"Chess board"_s);
   setFocusPolicy(Qt::StrongFocus);
-  setMinimumSize(QSize(1, 1) * (8 * smallestCell + 2 * edge));
+  setMinimumSize(QSize(1, 1) * (8 * smallestCell + 2 * edge_));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   for (int i = 0; i < 64; ++i) {
     const Square square = rules::SquareAt(i);
@@ -43,11 +43,11 @@ BoardPicture::BoardPicture(const ChessGraphics& graphics, QWidget* parent)
   DescribeCursor();
 }
 
-QSize BoardPicture::sizeHint() const { return QSize(1, 1) * (8 * usualCell + 2 * edge); }
+QSize BoardPicture::sizeHint() const { return QSize(1, 1) * (8 * usualCell + 2 * edge_); }
 
 BoardPicture::Grid BoardPicture::MeasureGrid() const {
   const qreal ratio = devicePixelRatioF();
-  const int room = std::min(width(), height()) - 2 * edge;
+  const int room = std::min(width(), height()) - 2 * edge_;
   const qreal cell = std::floor(room * ratio / 8) / ratio;
   const auto centred = [&](int length) {
     return std::round((length - 8 * cell) / 2 * ratio) / ratio;
@@ -197,9 +197,9 @@ void BoardPicture::PaintCoordinates(QPainter& painter) const {
     // The row at the bottom gives the letters, the column at the left the numbers.
     const QRectF inRow = RectOf({i, 1});
     const QRectF inColumn = RectOf({1, i});
-    painter.drawText(QRectF(inRow.left(), grid.corner.y() + 8 * grid.cell, grid.cell, edge),
+    painter.drawText(QRectF(inRow.left(), grid.corner.y() + 8 * grid.cell, grid.cell, edge_),
                      Qt::AlignCenter, FileLetter(i));
-    painter.drawText(QRectF(grid.corner.x() - edge, inColumn.top(), edge, grid.cell),
+    painter.drawText(QRectF(grid.corner.x() - edge_, inColumn.top(), edge_, grid.cell),
                      Qt::AlignCenter, QString::number(i));
   }
 }

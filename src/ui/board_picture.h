@@ -23,11 +23,11 @@ class BoardPicture : public QWidget {
   Q_OBJECT
 
  public:
-  /// Pixels round the squares; the coordinates stand there.
-  static constexpr int edge = 24;
+  /// Pixels round the squares in the plain look; the coordinates stand there.
+  static constexpr int plainEdge = 24;
 
   /// The graphics must outlive the picture.
-  explicit BoardPicture(const ChessGraphics& graphics, QWidget* parent = nullptr);
+  explicit BoardPicture(const ChessGraphics& graphics, int edge, QWidget* parent = nullptr);
 
   /// Where a square stands from now on.
   void Place(rules::Square square, board::GridPlace place);
@@ -82,6 +82,7 @@ class BoardPicture : public QWidget {
   void DescribeCursor();
 
   const ChessGraphics& graphics_;
+  const int edge_;
   std::array<board::GridPlace, 64> places_{};
   std::array<int, 64> cells_{};
   std::optional<rules::Square> covered_;

@@ -4,25 +4,32 @@
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include <optional>
+#include <utility>
 
 #include "platform/busy_pointer.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "ui/board_menus.h"
+#include "ui/board_toolbar.h"
 #include "ui/comment_box.h"
 #include "ui/disabled_window.h"
 #include "ui/exchange_pawn.h"
+#include "ui/layouts/board.h"
+#include "ui/look.h"
 #include "ui/move_list_table.h"
 #include "ui/piece_hand.h"
 #include "ui/plain_text_view.h"
+#include "ui/program_pictures.h"
 #include "ui/shown_text.h"
+#include "ui/system_button.h"
+#include "ui/window_skin.h"
 
 namespace ui {
 
@@ -33,23 +40,6 @@ namespace {
 constexpr int firstInterval = 250;
 constexpr int longestBoldComment = 100;
 constexpr int mostCommentLines = 10;  ///< beyond that it scrolls
-
-/// The plain action bar: number and tip of each button, in the order in which they stand, two a
-/// row.
-struct ToolbarEntry {
-  int button;
-  const char* toolTip;
-};
-constexpr ToolbarEntry toolbarEntries[] = {
-    {board::ViewButton, "VIEW - Toggle between board views"},
-    {board::CoordinatesButton, "COORDINATES - Display the board coordinates"},
-    {board::UndoButton, "UNDO - Reverse your last move"},
-    {board::SendButton, "SEND - Send the move to your opponent"},
-    {board::ResendButton, "RESEND - Send your last move to your opponent again"},
-    {board::CloseButton, "CLOSE - Close the form"},
-};
-
-std::size_t Slot(int button) { return static_cast<std::size_t>(button); }
 
 /// Why everything is grey; nothing where the user can move.
 QString OfflineNotice() {
@@ -71,40 +61,37 @@ void SetBold(QWidget* widget, bool bold) {
 BoardWindow::BoardWindow(const ChessGraphics& graphics)
     : graphics_(graphics),
       board_(*this),
-      picture_(new BoardPicture(graphics, this)),
+      picture_(new BoardPicture(graphics,
+                                IsSimpleUI() ? BoardPicture::plainEdge : layouts::boardBand, this)),
       playersTag_(new PlainTextView(this)),
       moveList_(new MoveListTable(this)),
       opponentComment_(new PlainTextView(this)),
       playerComment_(new CommentBox(this)) {
   setObjectName(u"Board"_s);
   setAttribute(Qt::WA_DeleteOnClose);
+  playersTag_->setObjectName(u"PlayersTag"_s);
+  SetBold(playersTag_, true);
+  opponentComment_->setObjectName(u"OpponentComment"_s);
+  opponentComment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  toolbar_ = new BoardToolbar(*this, [this](int button) { ClickToolbar(button); });
+  if (!IsSimpleUI()) AddSkinnedControls();
   hand_ = new PieceHand(board_, *picture_, this);
-  LayOut();
+  open_ = TakeLook(*this, layouts::board, [this] { SetSimpleUI(); });
+  if (!open_) return;
   Connect();
   SetToolTips();
   board_.Form_Load();
   Refresh();
+  toolbar_->RefreshBoardButtons();
+  picture_->setFocus();
   checkTimer_.start(firstInterval);
 }
 
-void BoardWindow::LayOut() {
-  playersTag_->setObjectName(u"PlayersTag"_s);
-  SetBold(playersTag_, true);
-  opponentComment_->setObjectName(u"OpponentComment"_s);
+void BoardWindow::SetSimpleUI() {
   opponentComment_->setMaximumHeight(mostCommentLines * fontMetrics().lineSpacing());
-  opponentComment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-
   auto* buttons = new QGridLayout;
   buttons->setSpacing(8);
-  int place = 0;
-  for (const ToolbarEntry& entry : toolbarEntries) {
-    auto* button = new QPushButton(this);
-    button->setObjectName(u"Toolbar1S_%1"_s.arg(entry.button));
-    button->setAutoDefault(true);  // so that Enter presses it too
-    toolbar_[Slot(entry.button)] = button;
-    buttons->addWidget(button, place / 2, place % 2);
-    ++place;
-  }
+  toolbar_->LayOut(*buttons);
 
   auto* side = new QVBoxLayout;
   side->setSpacing(8);
@@ -116,7 +103,7 @@ void BoardWindow::LayOut() {
   side->addLayout(buttons);
 
   // The board brings its own margin along.
-  constexpr int margin = BoardPicture::edge;
+  constexpr int margin = BoardPicture::plainEdge;
   side->setContentsMargins(0, margin, margin, margin);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -125,7 +112,40 @@ void BoardWindow::LayOut() {
   layout->addLayout(side);
   // As large as it likes, where the screen has room for it and its title bar.
   resize(sizeHint().boundedTo(screen()->availableSize() - QSize(16, 48)));
-  picture_->setFocus();
+}
+
+/// What a window without a frame and a menu has of its own.
+void BoardWindow::AddSkinnedControls() {
+  playersTag_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  auto* logo = new QLabel(this);
+  logo->setObjectName(u"TVLogo"_s);
+  logo->setPixmap(QIcon(ProgramPicturePath(u"tarvolenix.png"_s))
+                      .pixmap(layouts::RectOf(layouts::board, "TVLogo").width));
+  auto* label = new QLabel(u"Your comment"_s, this);
+  label->setObjectName(u"PlayerComment_L"_s);
+  label->setBuddy(playerComment_);
+
+  struct MenuEntry {
+    const char* name;
+    const char* caption;
+    void (BoardWindow::*show)(QPoint place);
+  };
+  static constexpr MenuEntry menus[] = {
+      {"Menu1Button", "Actions", &BoardWindow::ShowActionsMenu},
+      {"Menu2Button", "Move history", &BoardWindow::ShowHistoryMenu}};
+  for (const MenuEntry& entry : menus) {
+    auto* button = new SystemButton(QLatin1StringView(entry.name), this);
+    button->setText(QLatin1StringView(entry.caption));
+    // As a menu does, on the press; the menu takes the release.
+    connect(button, &SystemButton::pressed, this, [this, button, show = entry.show] {
+      (this->*show)(mapToGlobal(button->Place().bottomLeft() + QPoint(0, 1)));
+      button->setDown(false);
+    });
+  }
+  auto* minimise = new SystemButton(u"MinimiseButton"_s, this);
+  minimise->setText(u"\u2013"_s);
+  minimise->setAccessibleName(u"Minimise the board"_s);
+  connect(minimise, &SystemButton::clicked, this, &QWidget::showMinimized);
 }
 
 void BoardWindow::Connect() {
@@ -142,21 +162,27 @@ void BoardWindow::Connect() {
   // The control that takes the focus gets it first; a message would cut that off.
   connect(playerComment_, &CommentBox::Left, this, &BoardWindow::LeaveComment,
           Qt::QueuedConnection);
-  for (const ToolbarEntry& entry : toolbarEntries) {
-    connect(toolbar_[Slot(entry.button)], &QPushButton::clicked, this,
-            [this, button = entry.button] { ClickToolbar(button); });
+  if (const auto* skin = WindowSkin::Of(*this)) {
+    connect(skin, &WindowSkin::Worn, toolbar_, &BoardToolbar::RefreshBoardButtons);
   }
 }
 
 void BoardWindow::SetToolTips() {
   if (!platform::Settings().ShowToolTips) return;
-  for (const ToolbarEntry& entry : toolbarEntries) {
-    toolbar_[Slot(entry.button)]->setToolTip(QLatin1StringView(entry.toolTip));
+  toolbar_->SetToolTips();
+  const std::pair<const char*, QString> tips[] = {
+      {"Menu1Button", u"Actions menu"_s},
+      {"Menu2Button", u"Move history menu"_s},
+      {"PlayersTag", u"Your opponent"_s},
+      {"OpponentComment", u"Player comments"_s},
+      {"PlayerComment", u"Type a comment here"_s},
+      {"MinimiseButton", u"Minimise the board"_s},
+      {"MoveList", u"History of previous moves"_s},
+      {"TVLogo", u"Tarvolenix v"_s + Shown(platform::GetVersionText())},
+  };
+  for (const auto& [name, tip] : tips) {
+    if (auto* control = findChild<QWidget*>(QLatin1StringView(name))) control->setToolTip(tip);
   }
-  playersTag_->setToolTip(u"Your opponent"_s);
-  opponentComment_->setToolTip(u"Player comments"_s);
-  playerComment_->setToolTip(u"Type a comment here"_s);
-  moveList_->setToolTip(u"History of previous moves"_s);
 }
 
 void BoardWindow::ConstructBoard() {
@@ -180,24 +206,9 @@ void BoardWindow::Refresh() {
   moveList_->ShowMoves(board_.Moves, board_.TopRow());
   picture_->ShowDots(board_.MovePointers);
   picture_->ShowCoordinates(board_.CoordsVisible);
-  RefreshButtons();
-}
-
-void BoardWindow::RefreshButtons() {
-  const board::BoardControls controls = board_.Controls();
-  const auto set = [this](int button, const QString& caption, bool enabled) {
-    toolbar_[Slot(button)]->setText(caption);
-    toolbar_[Slot(button)]->setEnabled(enabled);
-  };
-  set(board::ViewButton, controls.viewIsMine ? u"&View opponent"_s : u"&View"_s,
-      controls.viewAndCoordinates);
-  set(board::CoordinatesButton, board_.CoordsVisible ? u"C&oords off"_s : u"C&oords on"_s,
-      controls.viewAndCoordinates);
-  set(board::UndoButton, u"&Undo"_s, controls.undo);
-  set(board::SendButton, u"&Send"_s, controls.send);
-  set(board::ResendButton, u"&Resend"_s, controls.resend);
-  set(board::CloseButton, controls.closeReadsClose ? u"&Close"_s : u"&Cancel"_s, true);
-  playerComment_->setEnabled(controls.playerComment);
+  toolbar_->Show(board_);
+  SetButtonEnabled(*this, u"Menu2Button"_s, board_.Moves.Count() > 0);
+  playerComment_->setEnabled(board_.Controls().playerComment);
 }
 
 rules::PieceCode BoardWindow::ExchangePawn(rules::Side side) {
@@ -265,7 +276,18 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+void BoardWindow::changeEvent(QEvent* event) {
+  // Another window may have changed the skin.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() &&
+      std::exchange(platform::Process().RefreshButtonsPending, false)) {
+    toolbar_->RefreshBoardButtons();
+    skinChanged_ = true;
+  }
+  QWidget::changeEvent(event);
+}
+
 void BoardWindow::closeEvent(QCloseEvent* event) {
+  if (!open_) return;
   // While a move is on its way only the logic closes the window.
   if (!isEnabled()) {
     event->ignore();
@@ -273,6 +295,7 @@ void BoardWindow::closeEvent(QCloseEvent* event) {
   }
   if (board_.ClosingDown) return;
   checkTimer_.stop();
+  if (skinChanged_) platform::Process().RefreshButtonsPending = true;
   board_.Form_Unload();
 }
 

@@ -11,11 +11,11 @@
 #include "ui/board_picture.h"
 #include "ui/chess_graphics.h"
 
-class QMenu;
-class QPushButton;
+class QAbstractButton;
 
 namespace ui {
 
+class BoardToolbar;
 class CommentBox;
 class MoveListTable;
 class PieceHand;
@@ -28,10 +28,14 @@ class BoardWindow final : public QWidget, private board::BoardView {
   /// The graphics must outlive the window.
   explicit BoardWindow(const ChessGraphics& graphics);
 
+  /// False where the window's skin failed: there is no game in it then.
+  bool IsOpen() const { return open_; }
+
   const board::Board& Logic() const { return board_; }
   const BoardPicture& Picture() const { return *picture_; }
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -45,10 +49,10 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void SetTimerInterval(int milliseconds) override;
   void Close() override;
 
-  void LayOut();
+  void SetSimpleUI();
+  void AddSkinnedControls();
   void Connect();
   void SetToolTips();
-  void RefreshButtons();
   void ClickToolbar(int button);
   bool LeaveComment();
   void ShowActionsMenu(QPoint place);
@@ -64,7 +68,9 @@ class BoardWindow final : public QWidget, private board::BoardView {
   MoveListTable* moveList_;
   PlainTextView* opponentComment_;
   CommentBox* playerComment_;
-  std::array<QPushButton*, board::CloseButton + 1> toolbar_{};  // by button number
+  BoardToolbar* toolbar_ = nullptr;
+  bool open_ = false;
+  bool skinChanged_ = false;  // while the window was open
 };
 
 }  // namespace ui

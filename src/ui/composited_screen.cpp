@@ -4,11 +4,15 @@
 #include <QGuiApplication>
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 
 namespace ui {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// On an X screen a compositing manager owns the selection that is named for it.
@@ -32,10 +36,10 @@ bool HasCompositor(xcb_connection_t* connection) {
 }  // namespace
 
 bool ScreenIsComposited() {
-  if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
-    return HasCompositor(x11->connection());
-  }
-  return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+  const QString platform = QGuiApplication::platformName();
+  if (platform != u"xcb"_s) return platform.startsWith(u"wayland"_s);
+  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  return x11 && HasCompositor(x11->connection());
 }
 
 }  // namespace ui

@@ -4,7 +4,12 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QToolButton>
+
+#include "ui/layouts/exchange_pawn.h"
+#include "ui/look.h"
+#include "ui/picture_button.h"
 
 namespace ui {
 
@@ -24,31 +29,53 @@ struct Choice {
 constexpr Choice choices[buttonCount] = {
     {"&Rook", Qt::Key_R}, {"K&night", Qt::Key_N}, {"&Bishop", Qt::Key_B}, {"&Queen", Qt::Key_Q}};
 
+QAbstractButton* NewPieceButton(int number, const QImage& piece, QWidget* window) {
+  const QString name = u"PieceButton%1"_s.arg(number);
+  const QString caption = QLatin1StringView(choices[number].caption);
+  if (!IsSimpleUI()) {
+    auto* button = new PictureButton(name, piece, window);
+    button->setAccessibleName(QString(caption).remove(u'&'));
+    return button;
+  }
+  auto* button = new QToolButton(window);
+  button->setObjectName(name);
+  button->setText(caption);
+  button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  button->setIconSize({pictureSize, pictureSize});
+  button->setIcon(QPixmap::fromImage(piece));
+  button->setFocusPolicy(Qt::StrongFocus);
+  button->setMinimumSize(pictureSize + 24, pictureSize + 40);
+  return button;
+}
+
 }  // namespace
 
 ExchangePawn::ExchangePawn(const ChessGraphics& graphics, rules::Side side, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), side_(side) {
   setObjectName(u"ExchangePawn"_s);
   setWindowTitle(u"Pawn exchange..."_s);
-  auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(16, 16, 16, 16);
-  layout->setSpacing(8);
   for (int i = 0; i < buttonCount; ++i) {
-    auto* button = new QToolButton;
-    button->setObjectName(u"PieceButton%1"_s.arg(i));
-    button->setText(QLatin1StringView(choices[i].caption));
-    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    button->setIconSize({pictureSize, pictureSize});
-    button->setIcon(QPixmap::fromImage(graphics.Icon(rules::OfSide(i + 1, side))));
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setMinimumSize(pictureSize + 24, pictureSize + 40);
-    connect(button, &QToolButton::clicked, this, [this, i] { Take(i); });
-    layout->addWidget(button);
+    QAbstractButton* button = NewPieceButton(i, graphics.Icon(rules::OfSide(i + 1, side)), this);
+    connect(button, &QAbstractButton::clicked, this, [this, i] { Take(i); });
   }
+  if (!IsSimpleUI()) {
+    // In place of the title bar.
+    auto* title = new QLabel(windowTitle(), this);
+    title->setObjectName(u"Label1"_s);
+    title->setAlignment(Qt::AlignCenter);
+  }
+  TakeLook(*this, layouts::exchangePawn, [this] { SetSimpleUI(); });
   // No piece is chosen before the user has looked: the Enter that dropped the pawn may still be
   // down.
   setFocusPolicy(Qt::StrongFocus);
   setFocus();
+}
+
+void ExchangePawn::SetSimpleUI() {
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setSpacing(8);
+  for (auto* button : findChildren<QToolButton*>()) layout->addWidget(button);
 }
 
 rules::PieceCode ExchangePawn::Choose() {
@@ -64,7 +91,7 @@ void ExchangePawn::Take(int button) {
 void ExchangePawn::closeEvent(QCloseEvent* event) { event->ignore(); }
 
 void ExchangePawn::keyPressEvent(QKeyEvent* event) {
-  auto* focused = qobject_cast<QToolButton*>(focusWidget());
+  auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
   switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Up:

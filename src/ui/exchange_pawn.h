@@ -25,6 +25,7 @@ class ExchangePawn : public QDialog {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void SetSimpleUI();
   void Take(int button);
 
   rules::Side side_;

@@ -107,7 +107,9 @@ void GameWindows::OpenGame(std::int32_t gameID) {
   Process().BoardFromGameList = true;
   Process().CurrentGameID = gameID;
   try {
-    ShowBoard();
+    if (ShowBoard()) return;
+    platform::SetCheckTimer(true);
+    Process().CheckTimerHeld = false;
   } catch (const std::exception& error) {
     platform::SetCheckTimer(true);
     Process().CheckTimerHeld = false;
@@ -115,14 +117,19 @@ void GameWindows::OpenGame(std::int32_t gameID) {
   }
 }
 
-void GameWindows::ShowBoard() {
+bool GameWindows::ShowBoard() {
   const platform::BusyPointer busy;
   board_ = new BoardWindow(graphics_);
+  if (!board_->IsOpen()) {
+    delete board_;
+    return false;
+  }
   if (list_ && list_->isVisible()) {
     Replace(*list_, *board_);
   } else {
     board_->show();
   }
+  return true;
 }
 
 void GameWindows::GetGames() {

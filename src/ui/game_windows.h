@@ -47,7 +47,7 @@ class GameWindows : public QObject {
   void Finished();
 
  private:
-  void ShowBoard();
+  bool ShowBoard();
 
   ChessGraphics graphics_;
   std::unique_ptr<GamesWindow> list_;

@@ -3,6 +3,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -10,9 +11,12 @@
 
 #include <algorithm>
 
+#include "ui/layouts/msg_form.h"
+#include "ui/look.h"
 #include "ui/plain_text_view.h"
 #include "ui/program_pictures.h"
 #include "ui/shown_text.h"
+#include "ui/system_button.h"
 
 namespace ui {
 
@@ -27,28 +31,21 @@ constexpr int widestText = 440;
 constexpr int buttonWidth = 96;
 constexpr int buttonHeight = 28;
 
-QLabel* NewPicture(int icon) {
-  auto* picture = new QLabel;
+QLabel* NewPicture(int icon, QWidget* window) {
+  auto* picture = new QLabel(window);
   picture->setObjectName(u"MessageIcon"_s);
   picture->setPixmap(MessagePicture(icon, pictureSize));
   return picture;
 }
 
-PlainTextView* NewText(const QString& name, const QString& text, bool bold) {
-  auto* view = new PlainTextView;
+PlainTextView* NewText(const QString& name, const QString& text, bool bold, QWidget* window) {
+  auto* view = new PlainTextView(window);
   view->setObjectName(name);
   QFont font = view->font();
   font.setBold(bold);
   view->setFont(font);
   view->SetText(text);
   return view;
-}
-
-QPushButton* NewButton(const QString& name, const std::string& caption) {
-  auto* button = new QPushButton(Shown(caption));
-  button->setObjectName(name);
-  button->setMinimumSize(buttonWidth, buttonHeight);
-  return button;
 }
 
 /// As wide as the longest line, within bounds; as high as the text, but never beyond the screen.
@@ -66,44 +63,73 @@ void SizeText(PlainTextView* view, const QScreen* screen) {
 MsgForm::MsgForm(const platform::Message& message, QWidget* parent)
     : QDialog(parent),
       offersCancel_(!message.cancelCaption.empty()),
-      ticksLeft_(message.timeoutTicks) {
+      ticksLeft_(message.timeoutTicks),
+      picture_(NewPicture(message.icon, this)),
+      caption_(NewText(u"FormCaption"_s, Shown(message.title), true, this)),
+      text_(NewText(u"Message"_s, Shown(message.text), false, this)) {
   setObjectName(u"MsgForm"_s);
   setWindowTitle(u"Tarvolenix"_s);
-  auto* caption = NewText(u"FormCaption"_s, Shown(message.title), true);
-  auto* text = NewText(u"Message"_s, Shown(message.text), false);
-  for (PlainTextView* view : {caption, text}) SizeText(view, screen());
-
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch();
   if (offersCancel_) {
-    QPushButton* cancel = NewButton(u"CancelButtonS"_s, message.cancelCaption);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    buttons->addWidget(cancel);
+    cancel_ = NewButton(*this, {"CancelButton", "CancelButtonS"}, Shown(message.cancelCaption));
+    connect(cancel_, &QAbstractButton::clicked, this, &QDialog::reject);
   }
-  QPushButton* ok = NewButton(u"OKButtonS"_s, message.okCaption);
-  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-  ok->setDefault(true);
-  buttons->addWidget(ok);
-  if (!offersCancel_) buttons->addStretch();
-
-  auto* layout = new QGridLayout(this);
-  layout->setContentsMargins(16, 16, 16, 16);
-  layout->setHorizontalSpacing(16);
-  layout->setVerticalSpacing(8);
-  layout->addWidget(NewPicture(message.icon), 0, 0, 2, 1, Qt::AlignTop);
-  layout->addWidget(caption, 0, 1);
-  layout->addWidget(text, 1, 1);
-  layout->setRowMinimumHeight(2, 8);
-  layout->addLayout(buttons, 3, 0, 1, 2);
-  layout->setRowStretch(1, 1);
-  ok->setFocus();
+  ok_ = NewButton(*this, {"OkButton", "OKButtonS"}, Shown(message.okCaption));
+  connect(ok_, &QAbstractButton::clicked, this, &QDialog::accept);
+  TakeLook(*this, layouts::msgForm, [this] { SetSimpleUI(); });
+  if (!IsSimpleUI()) ArrangeSkinned();
+  ok_->setFocus();
 
   if (ticksLeft_ > 0) {
     auto* ticker = new QTimer(this);
     ticker->setObjectName(u"TimeoutTicker"_s);
     connect(ticker, &QTimer::timeout, this, &MsgForm::Tick);
     ticker->start(tickMilliseconds);
+  }
+}
+
+void MsgForm::SetSimpleUI() {
+  for (PlainTextView* view : {caption_, text_}) SizeText(view, screen());
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  buttons->addStretch();
+  for (QAbstractButton* button : {cancel_, ok_}) {
+    if (!button) continue;
+    button->setMinimumSize(buttonWidth, buttonHeight);
+    buttons->addWidget(button);
+  }
+  if (!cancel_) buttons->addStretch();
+  static_cast<QPushButton*>(ok_)->setDefault(true);
+
+  auto* layout = new QGridLayout(this);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setHorizontalSpacing(16);
+  layout->setVerticalSpacing(8);
+  layout->addWidget(picture_, 0, 0, 2, 1, Qt::AlignTop);
+  layout->addWidget(caption_, 0, 1);
+  layout->addWidget(text_, 1, 1);
+  layout->setRowMinimumHeight(2, 8);
+  layout->addLayout(buttons, 3, 0, 1, 2);
+  layout->setRowStretch(1, 1);
+}
+
+/// A text that is too long for its place scrolls; a single button stands in the middle of the two.
+void MsgForm::ArrangeSkinned() {
+  for (PlainTextView* view : {caption_, text_}) {
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  }
+  if (cancel_) return;
+  const layouts::Rect& cancel = layouts::RectOf(layouts::msgForm, "CancelButton");
+  const layouts::Rect& ok = layouts::RectOf(layouts::msgForm, "OkButton");
+  const int middle = (cancel.Right() - ok.x) / 2 + ok.x - ok.width / 2;
+  static_cast<SystemButton*>(ok_)->PlaceAt({middle, ok.y, ok.width, ok.height});
+}
+
+void MsgForm::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isReturn && !IsSimpleUI()) {
+    ok_->click();
+  } else {
+    QDialog::keyPressEvent(event);
   }
 }
 

@@ -7,7 +7,12 @@
 
 #include "platform/message_boxes.h"
 
+class QAbstractButton;
+class QLabel;
+
 namespace ui {
+
+class PlainTextView;
 
 class MsgForm : public QDialog {
   Q_OBJECT
@@ -22,9 +27,20 @@ class MsgForm : public QDialog {
   /// One beat of the time-out; the last one cancels.
   void Tick();
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
+  void SetSimpleUI();
+  void ArrangeSkinned();
+
   bool offersCancel_;
   int ticksLeft_;
+  QLabel* picture_;
+  PlainTextView* caption_;
+  PlainTextView* text_;
+  QAbstractButton* ok_ = nullptr;
+  QAbstractButton* cancel_ = nullptr;  // null where it isn't offered
 };
 
 }  // namespace ui

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/plain_text_view.h"
 
+#include <QScrollBar>
 #include <QTextDocument>
 
 #include <cmath>
@@ -22,9 +23,24 @@ PlainTextView::PlainTextView(QWidget* parent) : QTextEdit(parent) {
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   document()->setDocumentMargin(0);
   viewport()->setAutoFillBackground(false);
+  connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &PlainTextView::ChooseFocus);
   QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
+}
+
+/// The keyboard can scroll what is too long, and has no business in the rest.
+void PlainTextView::ChooseFocus() {
+  const bool scrolls =
+      verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff && verticalScrollBar()->maximum() > 0;
+  const bool selects = textInteractionFlags() != Qt::NoTextInteraction;
+  const auto byMouse = selects ? Qt::ClickFocus : Qt::NoFocus;
+  setFocusPolicy(scrolls ? Qt::FocusPolicy(byMouse | Qt::TabFocus) : byMouse);
+}
+
+void PlainTextView::BecomeSurface() {
+  setTextInteractionFlags(Qt::NoTextInteraction);
+  ChooseFocus();
 }
 
 void PlainTextView::SetText(const QString& text) {

@@ -15,10 +15,17 @@ class PlainTextView : public QTextEdit {
 
   void SetText(const QString& text);
 
+  /// From now on it is a part of the window's surface: nothing is selected, and the window gets
+  /// the mouse's buttons.
+  void BecomeSurface();
+
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
+
+ private:
+  void ChooseFocus();
 };
 
 }  // namespace ui

@@ -28,7 +28,7 @@ void QtMessageBoxes::HideStatus() { delete status_; }
 
 void QtMessageBoxes::PlainBox(const std::string& title, const std::string& text) {
   const OtherPointer arrow(Qt::ArrowCursor);
-  QMessageBox box(QMessageBox::Warning, Shown(title), {}, QMessageBox::Ok);
+  QMessageBox box(QMessageBox::Critical, Shown(title), {}, QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
   box.setText(Shown(text));
   box.exec();

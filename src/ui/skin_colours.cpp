@@ -6,6 +6,7 @@
 #include <QFrame>
 #include <QHeaderView>
 #include <QPointer>
+#include <QScrollBar>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTableView>
@@ -38,9 +39,24 @@ QColor Between(const QColor& one, const QColor& other) {
                 (one.blue() + other.blue()) / 2);
 }
 
+/// No wider than it must be, and without anything of the desktop's own look.
+void ColourScrollBars(QWidget& control, const QColor& foreColor) {
+  auto* area = qobject_cast<QAbstractScrollArea*>(&control);
+  if (!area) return;
+  const QString handle =
+      u"rgba(%1, %2, %3, 60%)"_s.arg(foreColor.red()).arg(foreColor.green()).arg(foreColor.blue());
+  const QString sheet =
+      u"QScrollBar:vertical { width: 10px; background: transparent; } "
+      u"QScrollBar::handle { background: %1; border-radius: 3px; "
+      u"min-height: 24px; margin: 2px; } "
+      u"QScrollBar::add-line, QScrollBar::sub-line { height: 0; } "
+      u"QScrollBar::add-page, QScrollBar::sub-page { background: none; }"_s;
+  area->verticalScrollBar()->setStyleSheet(sheet.arg(handle));
+}
+
 QPalette PaletteOf(const QColor& back, const QColor& fore, const QColor& backSelected,
                    const QColor& foreSelected) {
-  // Scroll bars and drop-down buttons are made of these two.
+  // Drop-down buttons are made of these two.
   QPalette palette(Between(back, Between(back, fore)), back);
   for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::Window}) {
     palette.setColor(role, back);
@@ -64,18 +80,21 @@ void ColourText(QWidget& control, const QColor& foreColor) {
   palette.setColor(QPalette::Base, Qt::transparent);
   control.setPalette(palette);
   control.setAutoFillBackground(false);
+  ColourScrollBars(control, foreColor);
 }
 
 void ColourField(QWidget& control, const FieldColours& colours) {
   UsePaletteOnly(control);
   control.setPalette(
       PaletteOf(colours.BackColor, colours.ForeColor, colours.ForeColor, colours.BackColor));
+  ColourScrollBars(control, colours.ForeColor);
 }
 
 void ColourGrid(QWidget& control, const GridColours& colours) {
   UsePaletteOnly(control);
   control.setPalette(
       PaletteOf(colours.BackColor, colours.ForeColor, colours.BackColorSel, colours.ForeColorSel));
+  ColourScrollBars(control, colours.ForeColor);
   const auto* table = qobject_cast<QTableView*>(&control);
   if (!table) return;
   // A style would shade the heading.

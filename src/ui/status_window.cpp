@@ -3,6 +3,10 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QScreen>
+
+#include "ui/layouts/status_window.h"
+#include "ui/look.h"
 
 namespace ui {
 
@@ -10,13 +14,17 @@ using namespace Qt::StringLiterals;
 
 StatusWindow::StatusWindow(QWidget* parent)
     : QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
-      text_(new QLabel) {
+      text_(new QLabel(this)) {
   setObjectName(u"StatusWindow"_s);
   setWindowTitle(u"Tarvolenix"_s);
   setAttribute(Qt::WA_ShowWithoutActivating);
   text_->setObjectName(u"StatusText"_s);
   text_->setTextFormat(Qt::PlainText);
   text_->setAlignment(Qt::AlignCenter);
+  TakeLook(*this, layouts::statusWindow, [this] { SetSimpleUI(); });
+}
+
+void StatusWindow::SetSimpleUI() {
   text_->setMinimumWidth(240);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(32, 24, 32, 24);
@@ -26,9 +34,9 @@ StatusWindow::StatusWindow(QWidget* parent)
 void StatusWindow::Display(const QString& text) {
   text_->setText(text);
   adjustSize();
-  if (const QWidget* parent = parentWidget()) {
-    move(parent->frameGeometry().center() - rect().center());
-  }
+  const QWidget* parent = parentWidget();
+  const QRect middle = parent ? parent->frameGeometry() : screen()->availableGeometry();
+  move(middle.center() - rect().center());
   show();
   repaint();
 }

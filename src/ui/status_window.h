@@ -20,6 +20,8 @@ class StatusWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void SetSimpleUI();
+
   QLabel* text_;
 };
 

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTextEdit>
 #include <QTimer>
 #include <QWindow>
 
@@ -13,7 +12,7 @@
 #include "platform/text_fields.h"
 #include "ui/composited_screen.h"
 #include "ui/layouts/strips.h"
-#include "ui/shown_text.h"
+#include "ui/plain_text_view.h"
 #include "ui/skin_button.h"
 #include "ui/skin_table.h"
 #include "ui/window_region.h"
@@ -26,6 +25,7 @@ namespace {
 
 /// The places are pixels, and so is the text that must fit into them.
 constexpr int textPixels = 13;
+constexpr int panelMargin = 4;
 
 QRect InQt(const layouts::Rect& rect) { return {rect.x, rect.y, rect.width, rect.height}; }
 
@@ -81,8 +81,9 @@ void WindowSkin::PlaceControls() {
       widget->setGeometry(InQt(control.rect));
     }
     // A text is part of the surface by which the window is dragged.
-    if (auto* text = qobject_cast<QTextEdit*>(widget); text && text->isReadOnly()) {
-      text->setTextInteractionFlags(Qt::NoTextInteraction);
+    if (auto* text = qobject_cast<PlainTextView*>(widget)) {
+      text->BecomeSurface();
+      if (control.surface == Surface::Panel) text->document()->setDocumentMargin(panelMargin);
     }
   }
 }
@@ -105,6 +106,7 @@ void WindowSkin::Colour() {
     palette.setColor(QPalette::Highlight, pictures_.gridColours.front().BackColorSel);
     palette.setColor(QPalette::HighlightedText, pictures_.gridColours.front().ForeColorSel);
   }
+  palette.setColor(QPalette::Shadow, QColor(0, 0, 0, 0x80));  // fits every background
   window_.setPalette(palette);
   ForEachControl(window_, row->textControls, pictures_.textColours, ColourText);
   ForEachControl(window_, row->fieldControls, pictures_.fieldColours, ColourField);
@@ -172,7 +174,12 @@ void WindowSkin::Paint() {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(scaled_.isNull() ? window_.palette().window() : QBrush(scaled_));
-  painter.drawPolygon(outline_);
+  // A mask cuts whole pixels and takes none that is half outside.
+  if (window_.testAttribute(Qt::WA_TranslucentBackground)) {
+    painter.drawPolygon(outline_);
+  } else {
+    painter.drawRect(window_.rect());
+  }
   PaintFocus(painter);
 }
 

@@ -152,8 +152,10 @@ WholeGameTest::~WholeGameTest() { fs::remove_all(root_); }
 void WholeGameTest::MakePlayer(const std::string& player, const std::string& mail) {
   fs::create_directories(root_ / player / "Data");
   fs::create_directory_symlink(TARVOLENIX_GRAPHICS, root_ / player / "Graphics");
+  fs::create_directory_symlink(TARVOLENIX_SKINS, root_ / player / "UI Graphics");
   std::ofstream(root_ / player / "Tarvolenix.conf")
-      << "DisplaySplash=True\nVerbose=True\nCheckInterval=20000\n[Mail]\nMyName=" << player << '\n'
+      << "DisplaySplash=True\nSimpleUI=True\nVerbose=True\nCheckInterval=20000\n[Mail]\nMyName="
+      << player << '\n'
       << mail;
 }
 

@@ -47,6 +47,8 @@ FakeDesktop::FakeDesktop(const std::string& commandLine) {
   desktop.hooks.notifyNewMoves = record("notifyNewMoves");
   desktop.hooks.boardClosed = record("boardClosed");
   desktop.hooks.closeHelp = record("closeHelp");
+  desktop.hooks.removeTrayIcon = record("removeTrayIcon");
+  desktop.hooks.endProcess = record("endProcess");
 }
 
 FakeDesktop::~FakeDesktop() { platform::TheDesktop() = {}; }

@@ -24,6 +24,7 @@ using rules::FromNumber;
 class BoardWindowTest : public testing::Test {
  protected:
   BoardWindowTest() {
+    platform::Settings().SimpleUI = true;
     Process().Offline = false;
     platform::Settings().Verbose = true;
     platform::Settings().NotificationTimeout = 0;

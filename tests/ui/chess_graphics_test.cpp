@@ -72,7 +72,8 @@ TEST_F(ChessGraphicsTest, ASheetOfAnySizeGivesCellsOrIsRefused) {
       {"too narrow for eight columns", 7, 4, false},
       {"too low for four rows", 8, 3, false},
       {"cells that aren't square, with a rest", 87, 205, true},
-      {"larger than any board needs", 9000, 40, true}};
+      {"larger than any board needs", 9000, 40, true},
+      {"absurdly large", 20000, 40, false}};
   for (const auto& [name, width, height, loads] : rows) {
     SCOPED_TRACE(name);
     QImage sheet(width, height, QImage::Format_RGB32);

@@ -17,6 +17,7 @@ using platform::Process;
 class GameWindowsTest : public testing::Test {
  protected:
   GameWindowsTest() {
+    platform::Settings().SimpleUI = true;
     Process().Offline = false;
     Process().ProgramFolder = folder_.path().toStdString() + "/";
     SaveChessSet(folder_.path() + u"/Graphics/Classic Wood"_s);

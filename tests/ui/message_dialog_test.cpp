@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QAbstractButton>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTextEdit>
-#include <QToolButton>
 
+#include "skin_fixture.h"
 #include "ui/exchange_pawn.h"
 #include "ui/msg_form.h"
 #include "ui/qt_message_boxes.h"
-#include "ui_fixture.h"
 
 namespace ui {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 using Action = std::function<void(QWidget& dialog)>;
 
@@ -23,9 +20,11 @@ Action Key(Qt::Key key) {
   };
 }
 
-Action Click(const QString& name) {
-  return [name](QWidget& dialog) {
-    auto* button = dialog.findChild<QPushButton*>(name);
+/// One of the button's names, which differ by the look.
+Action Click(const QString& name, const QString& plainName) {
+  return [=](QWidget& dialog) {
+    const bool simple = platform::Settings().SimpleUI;
+    auto* button = dialog.findChild<QAbstractButton*>(simple ? plainName : name);
     ASSERT_NE(button, nullptr);
     QTest::mouseClick(button, Qt::LeftButton);
   };
@@ -50,10 +49,13 @@ struct AnswerCase {
   bool answer;
 };
 
-TEST(MsgFormTest, Answers) {
+using MsgFormTest = SkinTest;
+using ExchangePawnTest = SkinTest;
+
+TEST_F(MsgFormTest, Answers) {
   const AnswerCase rows[] = {
-      {"OK", "No", Click(u"OKButtonS"_s), 0, true},
-      {"Cancel", "No", Click(u"CancelButtonS"_s), 0, false},
+      {"OK", "No", Click(u"OkButton"_s, u"OKButtonS"_s), 0, true},
+      {"Cancel", "No", Click(u"CancelButton"_s, u"CancelButtonS"_s), 0, false},
       {"Return is OK", "No", Key(Qt::Key_Return), 0, true},
       {"Escape is Cancel where it is offered", "No", Key(Qt::Key_Escape), 0, false},
       {"so is the window's close", "No", CloseWindow, 0, false},
@@ -63,15 +65,18 @@ TEST(MsgFormTest, Answers) {
       {"a time-out declines with one button too", "", Ticks(1), 1, false},
   };
   QtMessageBoxes boxes;
-  for (const AnswerCase& row : rows) {
-    SCOPED_TRACE(row.name);
-    OnNextDialog(row.action);
-    EXPECT_EQ(boxes.Ask({1, "Title", "Text", "Yes", row.cancelCaption, row.timeoutTicks}),
-              row.answer);
+  for (const bool simple : {false, true}) {
+    platform::Settings().SimpleUI = simple;
+    for (const AnswerCase& row : rows) {
+      SCOPED_TRACE(row.name);
+      OnNextDialog(row.action);
+      EXPECT_EQ(boxes.Ask({1, "Title", "Text", "Yes", row.cancelCaption, row.timeoutTicks}),
+                row.answer);
+    }
   }
 }
 
-TEST(MsgFormTest, TheTickerRunsOnlyWhereTheMessageTimesOut) {
+TEST_F(MsgFormTest, TheTickerRunsOnlyWhereTheMessageTimesOut) {
   for (const int ticks : {0, 2}) {
     const MsgForm form({1, "Title", "Text", "OK", "", ticks});
     const auto* ticker = form.findChild<QTimer*>(u"TimeoutTicker"_s);
@@ -79,16 +84,16 @@ TEST(MsgFormTest, TheTickerRunsOnlyWhereTheMessageTimesOut) {
   }
 }
 
-TEST(MsgFormTest, TextIsText) {
+TEST_F(MsgFormTest, TextIsText) {
   const MsgForm form({5, "<i>Title</i>", "<b>bold</b> &amp; wörd\n\nthird", "Yes", "", 0});
   EXPECT_EQ(form.findChild<QTextEdit*>(u"FormCaption"_s)->toPlainText(), u"<i>Title</i>"_s);
   EXPECT_EQ(form.findChild<QTextEdit*>(u"Message"_s)->toPlainText(),
             u"<b>bold</b> &amp; wörd\n\nthird"_s);
 }
 
-TEST(ExchangePawnTest, AChoiceIsTheOnlyExit) {
+TEST_F(ExchangePawnTest, AChoiceIsTheOnlyExit) {
   const Action first = [](QWidget& dialog) {
-    QTest::mouseClick(dialog.findChild<QToolButton*>(u"PieceButton0"_s), Qt::LeftButton);
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>(u"PieceButton0"_s), Qt::LeftButton);
   };
   const Action second = [](QWidget& dialog) {
     for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Return}) Key(key)(dialog);
@@ -104,6 +109,7 @@ TEST(ExchangePawnTest, AChoiceIsTheOnlyExit) {
   for (const auto& [name, action, white] : rows) {
     for (const rules::Side side : {rules::White, rules::Black}) {
       SCOPED_TRACE(name);
+      platform::Settings().SimpleUI = side == rules::White;
       OnNextDialog([&choose = action](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle(), u"Pawn exchange..."_s);
         for (const Action& noExit :

@@ -19,6 +19,9 @@ using namespace Qt::StringLiterals;
 
 class ProgramTest : public testing::Test {
  protected:
+  ProgramTest() {
+    EXPECT_TRUE(QFile::link(QStringLiteral(TARVOLENIX_SKINS), folder_.path() + u"/UI Graphics"_s));
+  }
   void Configure(const QByteArray& settings) {
     QFile file(folder_.path() + u"/Tarvolenix.conf"_s);
     EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(settings) == settings.size());

@@ -8,9 +8,9 @@
 namespace ui::layouts {
 
 inline constexpr Control msgFormControls[] = {
-    {"MessageIcon", Surface::Picture, {31, 36, 48, 48}},
-    {"FormCaption", Surface::Label, {95, 36, 336, 20}},
-    {"Message", Surface::Panel, {95, 64, 336, 104}},
+    {"MessageIcon", Surface::Picture, {27, 36, 48, 48}},
+    {"FormCaption", Surface::Label, {91, 34, 344, 20}},
+    {"Message", Surface::Panel, {91, 62, 344, 108}},
     {"CancelButton", Surface::Button, {127, 182, 96, 28}},
     {"OkButton", Surface::Button, {239, 182, 96, 28}},
 };

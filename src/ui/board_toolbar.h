@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The action bar of the Board window: plain buttons, or those of the skin's strip.
+#pragma once
+
+#include <QAbstractButton>
+#include <QObject>
+
+#include <array>
+#include <functional>
+
+#include "board/board.h"
+
+class QGridLayout;
+
+namespace ui {
+
+class StripButton;
+
+class BoardToolbar : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Makes the buttons of the chosen look; they call `click` with their numbers. Belongs to the
+  /// window, as they do.
+  BoardToolbar(QWidget& window, const std::function<void(int button)>& click);
+
+  void LayOut(QGridLayout& layout) const;
+
+  /// Captions, and what is enabled.
+  void Show(const board::Board& board);
+
+  /// Shows the pictures that the window's skin has now.
+  void RefreshBoardButtons();
+
+  void SetToolTips();
+
+ private:
+  QAbstractButton* NewToolbarButton(QWidget& window, int button);
+
+  QWidget& window_;
+  std::array<QAbstractButton*, board::CloseButton + 1> buttons_{};  // by number; some are null
+};
+
+}  // namespace ui

@@ -42,7 +42,7 @@ QImage Rendered(const QString& name) {
 QImage RenderedAt(const QString& name, int side) {
   QImageReader reader(QStringLiteral(ART_OUTPUT "/") + name);
   do {
-    const QImage picture = reader.read();
+    QImage picture = reader.read();
     if (picture.width() == side) return picture;
   } while (reader.jumpToNextImage());
   ADD_FAILURE() << qPrintable(name) << " has no picture of " << side << " pixels";

@@ -20,7 +20,6 @@ namespace art_test {
 namespace {
 
 namespace layouts = ui::layouts;
-using layouts::Surface;
 
 constexpr double kLegible = 4.5;
 constexpr int kScale = 2;

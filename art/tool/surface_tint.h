@@ -21,7 +21,7 @@ struct Tint {
 
  private:
   static int Byte(float value) {
-    return static_cast<int>(std::clamp(value, 0.0F, 1.0F) * 255 + 0.5F);
+    return static_cast<int>(std::lround(std::clamp(value, 0.0F, 1.0F) * 255));
   }
 };
 

@@ -29,7 +29,7 @@ bool SaveWave(const std::vector<double>& samples, int sampleRate, const std::str
   Put(out, rate, 4);
   Put(out, rate * kBytesASample, 4);
   Put(out, kBytesASample, 2);
-  Put(out, 8 * kBytesASample, 2);
+  Put(out, size_t{8} * kBytesASample, 2);
   out += "data";
   Put(out, size, 4);
   for (double sample : samples) {

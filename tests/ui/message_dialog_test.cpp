@@ -39,6 +39,8 @@ Action Ticks(int count) {
   };
 }
 
+void ReturnInTheWindow(QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); }
+
 void CloseWindow(QWidget& dialog) { dialog.close(); }
 
 struct AnswerCase {
@@ -57,6 +59,7 @@ TEST_F(MsgFormTest, Answers) {
       {"OK", "No", Click(u"OkButton"_s, u"OKButtonS"_s), 0, true},
       {"Cancel", "No", Click(u"CancelButton"_s, u"CancelButtonS"_s), 0, false},
       {"Return is OK", "No", Key(Qt::Key_Return), 0, true},
+      {"wherever the keyboard is", "No", ReturnInTheWindow, 0, true},
       {"Escape is Cancel where it is offered", "No", Key(Qt::Key_Escape), 0, false},
       {"so is the window's close", "No", CloseWindow, 0, false},
       {"Escape with one button", "", Key(Qt::Key_Escape), 0, true},

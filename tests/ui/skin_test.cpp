@@ -151,7 +151,11 @@ TEST_F(SkinFilesTest, AFileThatIsNoWholePictureIsAFailureAndEndsTheProgramOnce) 
   for (const int place : {18, 22}) huge.replace(place, 4, QByteArray::fromHex("204e0000"));
   QByteArray jpeg;
   QBuffer buffer(&jpeg);
-  QImage(64, 64, QImage::Format_RGB32).save(&buffer, "JPG");
+  QImage stripes(256, 256, QImage::Format_RGB32);
+  for (int x = 0; x < 256; ++x) {
+    for (int y = 0; y < 256; ++y) stripes.setPixelColor(x, y, QColor(x, y, x * y % 256));
+  }
+  stripes.save(&buffer, "JPG");
   const std::tuple<const char*, const char*, QByteArray> rows[] = {
       {"empty", "MsgFormText.bmp", {}},
       {"no picture", "MsgForm.jpg", "hello"},

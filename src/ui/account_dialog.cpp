@@ -134,6 +134,11 @@ QWidget* AccountDialog::NewPage() {
   return page;
 }
 
+/// A field that loses the keyboard while the window goes would still tell what was typed.
+AccountDialog::~AccountDialog() {
+  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+}
+
 void AccountDialog::AddKinds(QBoxLayout* page) {
   auto* column = new QVBoxLayout;
   column->setSpacing(4);

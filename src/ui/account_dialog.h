@@ -55,6 +55,7 @@ class AccountDialog : public QDialog {
 
  public:
   AccountDialog(const MailAccount& suggestion, AccountHelp help, QWidget* parent = nullptr);
+  ~AccountDialog() override;
 
   AccountAnswer Answer() const;
 

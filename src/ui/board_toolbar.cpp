@@ -35,7 +35,7 @@ constexpr ToolbarEntry entries[] = {
 
 std::size_t Slot(int button) { return static_cast<std::size_t>(button); }
 
-struct ButtonState {
+struct ButtonState {  // NOLINT(clang-analyzer-optin.performance.Padding)
   int button;
   const char* plainCaption;
   const char* caption;

@@ -18,7 +18,7 @@ constexpr Point statusWindow[] = {
 
 /// A plaque: four round corners, each set back by a small step, and a crest in the middle of the
 /// upper edge.
-struct Plaque {
+struct Plaque {  // NOLINT(clang-analyzer-optin.performance.Padding)
   std::string_view window;
   double left, right, top, bottom;
   int cornerPoints;  // of each corner; two of them make the step
@@ -77,17 +77,14 @@ void AddCrest(const Plaque& plaque, Outline& outline) {
 
 Outline OutlineOf(const Plaque& plaque) {
   const Outline corner = CornerOf(plaque);
+  const Outline back(corner.rbegin(), corner.rend());
   const double top = plaque.top + plaque.crestHeight;
   Outline outline;
   for (const Point& p : corner) outline.push_back({plaque.left + p.x, top + p.y});
   AddCrest(plaque, outline);
-  for (auto p = corner.rbegin(); p != corner.rend(); ++p) {
-    outline.push_back({plaque.right - p->x, top + p->y});
-  }
+  for (const Point& p : back) outline.push_back({plaque.right - p.x, top + p.y});
   for (const Point& p : corner) outline.push_back({plaque.right - p.x, plaque.bottom - p.y});
-  for (auto p = corner.rbegin(); p != corner.rend(); ++p) {
-    outline.push_back({plaque.left + p->x, plaque.bottom - p->y});
-  }
+  for (const Point& p : back) outline.push_back({plaque.left + p.x, plaque.bottom - p.y});
   return outline;
 }
 

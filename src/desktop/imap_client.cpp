@@ -108,7 +108,7 @@ std::string LastPart(const std::string& name, const std::string& separator) {
 }  // namespace
 
 ImapClient::ImapClient(const ServerAddress& server, const Login& login, const Patience& patience)
-    : link_("imap", server, patience) {
+    : link_(server, patience) {
   AskCapabilities();
   try {
     LogOn(login);

@@ -8,8 +8,8 @@
 
 namespace desktop {
 
-ServerLink::ServerLink(const char* protocol, const ServerAddress& server, const Patience& patience)
-    : patience_(patience), connection_(protocol, server, patience) {
+ServerLink::ServerLink(const ServerAddress& server, const Patience& patience)
+    : patience_(patience), connection_("imap", server, patience) {
   curl_easy_setopt(connection_.Handle(), CURLOPT_CONNECT_ONLY, 1L);
   connection_.Perform();
 }

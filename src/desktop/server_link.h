@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lines and bytes over a connection to a mail server.
+// Lines and bytes over a connection to an IMAP server.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@ namespace desktop {
 class ServerLink {
  public:
   /// Connects. Raises what ServerConnection raises. `patience` must outlive the link.
-  ServerLink(const char* protocol, const ServerAddress& server, const Patience& patience);
+  ServerLink(const ServerAddress& server, const Patience& patience);
 
   /// Starts the time of one more command, which may read no more than `limit` bytes.
   void BeginCommand(std::size_t limit);

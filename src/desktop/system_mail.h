@@ -33,8 +33,6 @@ class SystemMail : public MailTransport {
   void Hurry() override { patience_.Hurry(); }
 
  private:
-  int ExitStatus(int process) const;
-
   std::string folder_;
   std::string sendmail_;
   Maildir inbox_;

@@ -24,7 +24,7 @@ namespace layouts = ui::layouts;
 constexpr double kLegible = 4.5;
 constexpr int kScale = 2;
 // As much of a text's ground may be worse than legible: no letter is lost in it.
-constexpr double kSpeck = 0.05;
+constexpr double kSpeck = 0.02;
 
 QString Named(std::string_view name) {
   return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));

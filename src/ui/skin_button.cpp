@@ -18,8 +18,6 @@ SkinButton::SkinButton(const QString& name, QWidget* window) : QAbstractButton(w
   setObjectName(name);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
-  // A disabled button does nothing: its presses aren't the window's either, which would move.
-  setAttribute(Qt::WA_NoMousePropagation);
 }
 
 void SkinButton::PlaceAt(const QRect& place) {

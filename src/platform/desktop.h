@@ -6,11 +6,15 @@
 #include "platform/clock.h"
 #include "platform/events.h"
 #include "platform/files.h"
+#include "platform/help.h"
 #include "platform/mail_client.h"
 #include "platform/message_boxes.h"
+#include "platform/screen.h"
 #include "platform/settings_store.h"
 #include "platform/shell_hooks.h"
 #include "platform/sounds.h"
+#include "platform/tray.h"
+#include "platform/windows.h"
 
 namespace platform {
 
@@ -23,6 +27,10 @@ struct Desktop {
   Clock* clock = nullptr;
   Events* events = nullptr;
   Files* files = nullptr;
+  Help* help = nullptr;
+  Screen* screen = nullptr;
+  Tray* tray = nullptr;
+  Windows* windows = nullptr;
   ShellHooks hooks;
 };
 

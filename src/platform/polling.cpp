@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/polling.h"
 
+#include "platform/desktop.h"
+
 namespace platform {
 
-void SetCheckTimer(bool enabled) { Process().CheckTimer.Enabled = enabled; }
+void SetCheckTimer(bool enabled) {
+  if (enabled == Process().CheckTimer.Enabled) return;
+  Process().CheckTimer.Enabled = enabled;
+  CallHook(TheDesktop().hooks.checkTimerChanged);
+}
 
 }  // namespace platform

@@ -36,13 +36,16 @@ struct ProcessState {
   bool BoardFromGameList = true;  ///< the board was opened from the game list window
   bool GameListOpen = false;
   bool BoardOpen = false;
-  bool NewMoveArrived = false;         ///< at least one move waits for notification
-  bool ComputerGame = false;           ///< the open game is played against the computer
-  bool SetupGame = false;              ///< the game about to open begins in board setup
-  bool BoardSetupMode = false;         ///< the board window is in setup mode now
-  bool RefreshButtonsPending = false;  ///< the skin has loaded new button pictures
-  std::int32_t CurrentGameID = -1;     ///< the game open on the board; -1 none
-  std::string PendingGames;            ///< GAME_IDs to notify of, each followed by ";"
+  bool TrayMenuOpen = false;            ///< the tray's menu is on the screen
+  bool NewMoveArrived = false;          ///< at least one move waits for notification
+  bool ComputerGame = false;            ///< the open game is played against the computer
+  bool SetupGame = false;               ///< the game about to open begins in board setup
+  bool BoardSetupMode = false;          ///< the board window is in setup mode now
+  bool RefreshButtonsPending = false;   ///< the skin has loaded new button pictures
+  std::int32_t CurrentGameID = -1;      ///< the game open on the board; -1 none
+  std::int16_t GameListSortColumn = 1;  ///< 1 status, 2 opponent, 3 title, 4 date
+  std::string GameListSortOrder;        ///< empty for ascending, "DESC" for descending
+  std::string PendingGames;             ///< GAME_IDs to notify of, each followed by ";"
   NewGameFields NewGame;
   PollingTimer CheckTimer;
 

@@ -14,6 +14,7 @@ struct ShellHooks {
   std::function<void()> notifyNewMoves;     ///< deliver what PendingGames holds
   std::function<void()> boardClosed;        ///< bring back the window that the board replaced
   std::function<void()> closeHelp;
+  std::function<void()> checkTimerChanged;  ///< the polling timer was started, stopped or retimed
   std::function<std::string()>
       pickMoveFile;  ///< path of the file the user picked; empty: cancelled
   std::function<void()> removeTrayIcon;

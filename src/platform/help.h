@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The seam to the viewer of the program's help file.
+#pragma once
+
+namespace platform {
+
+/// The places of the help file that the windows ask for.
+enum HelpContext {
+  HelpContents = 1,
+  HelpOfGameList = 3,
+  HelpOfBoard = 5,
+  HelpOfTray = 14,
+  HelpOfImport = 16,
+  HelpOfSounds = 17,
+};
+
+class Help {
+ public:
+  virtual ~Help() = default;
+
+  virtual void ShowHelp(int context) = 0;
+  virtual void ShowHelpIndex() = 0;
+  virtual void CloseHelp() = 0;
+};
+
+}  // namespace platform

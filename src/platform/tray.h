@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The seam to the desktop's tray. What the user does to the icon comes back as a call of the
+// shell's operations.
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+enum class TrayOperation { Add = 0, Modify = 1, Delete = 2 };
+
+class Tray {
+ public:
+  virtual ~Tray() = default;
+
+  /// `picture` counts from 1 through the icon sets, three pictures each: nothing new, new move, not
+  /// connected. The tip has at most 63 characters.
+  virtual void Notify(TrayOperation operation, int picture, const std::string& tip) = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The seam to the program's windows, for the logic that opens, fills and closes them. A window is
+// made on first use and gone when it is closed; opening one that is open does nothing more than
+// show it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace platform {
+
+/// A window can't be made for lack of the desktop's platform. Any other exception that a window's
+/// opening raises is an error of the program or its files.
+struct WindowError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// What the dialog about a new move shows.
+struct NewMove {
+  std::string OpName;       ///< the opponent
+  std::string GameName;     ///< the game's title
+  std::string MoveComment;  ///< the comment of its last move, or nothing
+  bool isLast = true;       ///< no other game is pending: "Next" is disabled
+};
+
+enum class NotifyChoice { Play = 1, GameList = 2, Later = 3, Next = 4 };
+
+class Windows {
+ public:
+  virtual ~Windows() = default;
+
+  /// Loads the picture that the buttons of all windows share. False where that failed; it was
+  /// reported.
+  virtual bool ApplySkinToSystemTray() = 0;
+
+  /// Loads the chosen chess set and board. False where that failed; it was reported.
+  virtual bool LoadChessGraphics() = 0;
+
+  /// Shown without waiting, and painted before this returns. It closes itself some seconds after
+  /// the start is complete, and then hands over.
+  virtual void ShowSplash() = 0;
+  virtual void CloseSplash() = 0;  ///< at once and without the hand-over
+
+  /// Shown without waiting. May raise.
+  virtual void ShowGameList() = 0;
+  virtual void CloseGameList() = 0;
+  virtual void HideGameList() = 0;
+
+  /// Reads the list of games anew, by the stored sort, where it is open.
+  virtual void FillGameList(std::optional<std::int32_t> selectGame) = 0;
+  virtual std::optional<std::int32_t> SelectedGame() = 0;
+
+  /// The game list's icon and title, in a program that doesn't live in the tray.
+  virtual void SetGameListFace(int trayPicture, const std::string& caption) = 0;
+
+  /// Makes the board for CurrentGameID and shows it, in front of all others with `toFront`. May
+  /// raise.
+  virtual void OpenBoard(bool toFront) = 0;
+
+  /// The new game dialog, modal; what the user typed is in Process().NewGame then. False where he
+  /// cancelled. It stays up as a backdrop until the board has come, or HideNewGame.
+  virtual bool AskNewGame() = 0;
+  virtual void HideNewGame() = 0;
+
+  /// The dialog about a new move, modal and in front.
+  virtual NotifyChoice AskAboutNewMove(const NewMove& move) = 0;
+
+  /// Closes every open window, in the order of their slots, and forgets them.
+  virtual void CloseAll() = 0;
+};
+
+}  // namespace platform

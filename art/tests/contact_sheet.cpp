@@ -4,7 +4,7 @@
 //   contact_sheet PROGRAM_FOLDER PICTURE
 //
 // PROGRAM_FOLDER is a laid out program folder, whose pictures the windows load. Games and settings
-// are imaginary. QT_SCALE_FACTOR makes a sheet for a finer screen.
+// are imaginary. QT_SCALE_FACTOR=2 makes the sheet for a finer screen.
 #include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
@@ -18,19 +18,26 @@
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "store/saving.h"
+#include "ui/account_dialog.h"
 #include "ui/board_window.h"
 #include "ui/chess_graphics.h"
 #include "ui/exchange_pawn.h"
+#include "ui/games_window.h"
 #include "ui/layouts/outlines.h"
+#include "ui/layouts/strips.h"
+#include "ui/look.h"
 #include "ui/msg_form.h"
 #include "ui/skin.h"
 #include "ui/status_window.h"
+#include "ui/strip_button.h"
+#include "ui/window_skin.h"
 
 namespace {
 
 using namespace Qt::StringLiterals;
 
 constexpr int kGap = 16;
+constexpr int kWidth = 1600;
 
 struct Look {
   const char* skin;  // empty: the plain look
@@ -64,7 +71,7 @@ QImage Grabbed(QWidget& window) {
   window.show();
   QApplication::processEvents();
   const QPixmap grabbed = window.grab();
-  if (platform::Settings().SimpleUI) return grabbed.toImage();
+  if (!ui::WindowSkin::Of(window)) return grabbed.toImage();
   QImage shaped(grabbed.size(), QImage::Format_ARGB32_Premultiplied);
   shaped.setDevicePixelRatio(grabbed.devicePixelRatio());
   shaped.fill(Qt::transparent);
@@ -81,59 +88,166 @@ QImage Grabbed(QWidget& window) {
   return shaped;
 }
 
+using Window = std::unique_ptr<QWidget>;
+using ui::ChessGraphics;
+
+Window NewBoard(const ChessGraphics& graphics) {
+  return std::make_unique<ui::BoardWindow>(graphics);
+}
+
+Window NewQuestion(const ChessGraphics&) {
+  return std::make_unique<ui::MsgForm>(platform::Message{
+      1, "Delete game.", "Are you sure you wish to delete the game titled Spring tournament?",
+      "Yes", "No", false});
+}
+
+Window NewReport(const ChessGraphics&) {
+  return std::make_unique<ui::MsgForm>(platform::Message{
+      5, "Backup failed.", "The copy of your games could not be written.", "OK", "", false});
+}
+
+Window NewPromotion(const ChessGraphics& graphics) {
+  return std::make_unique<ui::ExchangePawn>(graphics, rules::White);
+}
+
+Window NewGameList(const ChessGraphics&) {
+  auto window = std::make_unique<ui::GamesWindow>();
+  window->Fill();
+  return window;
+}
+
+Window NewStatus(const ChessGraphics&) {
+  auto window = std::make_unique<ui::StatusWindow>();
+  window->Display(u"Retrieving games..."_s);
+  return window;
+}
+
+Window NewAccount(const ChessGraphics&) {
+  ui::AccountHelp help;
+  help.hasUsableAddress = [](const ui::MailAccount&) { return true; };
+  help.guess = [](const ui::MailAccount& account) {
+    return ui::ProviderGuess{account, true, "Your provider wants a password of its own for this."};
+  };
+  help.hasKeptPassword = [](const ui::MailAccount&) { return false; };
+  help.test = [](const ui::AccountAnswer&, const ui::AccountHelp::Told& told) { told(""); };
+  ui::MailAccount account;
+  account.MailKind = "Imap";
+  account.MyName = "Eva Lindqvist";
+  account.MyAddress = "eva@example.org";
+  account.UserName = "eva@example.org";
+  return std::make_unique<ui::AccountDialog>(account, help);
+}
+
+constexpr const char* states[] = {"Up", "Hover", "Down", "Disabled", "Focused"};
+
+void Place(QAbstractButton& button, int state, const QRect& place) {
+  if (auto* skinned = qobject_cast<ui::SkinButton*>(&button)) {
+    skinned->PlaceAt(place);
+  } else {
+    button.setGeometry(place);
+  }
+  button.setText(QLatin1StringView(states[state]));
+  button.setAttribute(Qt::WA_UnderMouse, state == 1);
+  button.setDown(state == 2);
+  button.setEnabled(state != 3);
+  if (state == 4) button.setFocus();
+}
+
+struct Tools {
+  const char* file;
+  const ui::layouts::Strip& shape;
+};
+constexpr Tools tools[] = {{"BoardButtons.bmp", ui::layouts::toolbarButtons},
+                           {"BoardSetupButtons.bmp", ui::layouts::toolbarButtons},
+                           {"InterfaceButtons.bmp", ui::layouts::interfaceButtons}};
+
+void AddTools(QWidget& window, QPoint corner, const Tools& strip) {
+  const QString path = u"%1UI Graphics/%2/%3"_s.arg(
+      QString::fromStdString(platform::Process().ProgramFolder),
+      QString::fromStdString(platform::Settings().Skin), QLatin1StringView(strip.file));
+  const QSize cell(strip.shape.cell.width, strip.shape.cell.height);
+  for (int row = 0; row < strip.shape.rows; ++row) {
+    for (int state = 0; state < 4; ++state) {
+      auto* button = new ui::StripButton(u"Tool"_s, strip.shape, row, &window);
+      button->SetStrip(QImage(path));
+      const QPoint place(state * (cell.width() + 8), row * (cell.height() + 8));
+      Place(*button, state, {corner + place, cell});
+    }
+  }
+}
+
+// The system's button, and in a skin those of the strips below it.
+Window NewStates(const ChessGraphics&) {
+  auto window = std::make_unique<QWidget>();
+  for (int state = 0; state < int(std::size(states)); ++state) {
+    Place(*ui::NewButton(*window, {"OkButton", "OKButtonS"}, {}), state,
+          {kGap + state * 104, kGap, 96, 28});
+  }
+  window->setFixedSize(QSize(552, 60));
+  if (ui::IsSimpleUI()) return window;
+  QPoint corner(kGap, 60);
+  for (const Tools& strip : tools) {
+    AddTools(*window, corner, strip);
+    corner.rx() += 4 * (strip.shape.cell.width + 8) + kGap;
+  }
+  window->setFixedSize(corner.x(), 60 + 7 * 56 + 8);
+  return window;
+}
+
+// Every window, one a line.
+using NewWindow = Window (*)(const ChessGraphics&);
+constexpr NewWindow windows[] = {
+    NewBoard,      // after eight moves
+    NewGameList,   // with one game
+    NewAccount,    // for a mailbox
+    NewQuestion,   // two buttons
+    NewReport,     // one button
+    NewPromotion,  // of White
+    NewStatus,     // while games are fetched
+    NewStates,     // no window, but how buttons look
+};
+
 std::vector<QImage> PicturesOf(const Look& look) {
   platform::SettingVariables& settings = platform::Settings();
   settings.SimpleUI = *look.skin == '\0';
   if (!settings.SimpleUI) settings.Skin = look.skin;
-  ui::ChessGraphics graphics;
+  ChessGraphics graphics;
   if (!ui::LoadChessGraphics("Classic Wood", look.board, graphics)) return {};
   if (!ui::ApplySkinToSystemTray()) return {};
-  const platform::Message question{1,
-                                   "Delete game.",
-                                   "Are you sure you wish to delete the game titled Spring "
-                                   "tournament?",
-                                   "Yes",
-                                   "No",
-                                   false};
-  const auto board = std::make_unique<ui::BoardWindow>(graphics);
-  ui::MsgForm dialog(question);
-  ui::ExchangePawn exchange(graphics, rules::White);
-  ui::StatusWindow status;
-  status.Display(u"Retrieving games..."_s);
   std::vector<QImage> pictures;
-  for (QWidget* window :
-       std::initializer_list<QWidget*>{board.get(), &dialog, &exchange, &status}) {
-    pictures.push_back(Grabbed(*window));
-  }
+  for (const NewWindow& newWindow : windows) pictures.push_back(Grabbed(*newWindow(graphics)));
   return pictures;
 }
 
-// One look below the other, its windows side by side.
-QImage Assembled(const std::vector<std::vector<QImage>>& rows) {
-  QSizeF size(0, kGap);
-  for (const auto& row : rows) {
-    qreal width = kGap, height = 0;
-    for (const QImage& picture : row) {
-      width += picture.deviceIndependentSize().width() + kGap;
-      height = std::max(height, picture.deviceIndependentSize().height());
+// One look below the other, its windows side by side in as many lines as they take.
+QImage Assembled(const std::vector<std::vector<QImage>>& looksOfWindows) {
+  struct Placed {
+    const QImage* picture;
+    QPointF corner;
+  };
+  std::vector<Placed> placed;
+  QPointF corner(kGap, kGap);
+  qreal height = 0;
+  const auto newLine = [&] {
+    corner = {kGap, corner.y() + height + kGap};
+    height = 0;
+  };
+  for (const auto& pictures : looksOfWindows) {
+    for (const QImage& picture : pictures) {
+      const QSizeF size = picture.deviceIndependentSize();
+      if (corner.x() > kGap && corner.x() + size.width() + kGap > kWidth) newLine();
+      placed.push_back({&picture, corner});
+      corner.rx() += size.width() + kGap;
+      height = std::max(height, size.height());
     }
-    size = {std::max(size.width(), width), size.height() + height + kGap};
+    newLine();
   }
-  const qreal ratio = rows.front().front().devicePixelRatio();
-  QImage sheet((size * ratio).toSize(), QImage::Format_RGB32);
+  const qreal ratio = placed.front().picture->devicePixelRatio();
+  QImage sheet((QSizeF(kWidth, corner.y()) * ratio).toSize(), QImage::Format_RGB32);
   sheet.setDevicePixelRatio(ratio);
   sheet.fill(QColor(0x76, 0x80, 0x8c));
   QPainter painter(&sheet);
-  QPointF corner(kGap, kGap);
-  for (const auto& row : rows) {
-    qreal height = 0;
-    for (const QImage& picture : row) {
-      painter.drawImage(corner, picture);
-      corner.rx() += picture.deviceIndependentSize().width() + kGap;
-      height = std::max(height, picture.deviceIndependentSize().height());
-    }
-    corner = {kGap, corner.y() + height + kGap};
-  }
+  for (const auto& [picture, place] : placed) painter.drawImage(place, *picture);
   return sheet;
 }
 
@@ -150,11 +264,11 @@ int main(int argc, char* argv[]) {
   platform::Process().Offline = false;
   platform::Process().CurrentGameID = 1;
   StoreGames();
-  std::vector<std::vector<QImage>> rows;
-  for (const Look& look : looks) rows.push_back(PicturesOf(look));
+  std::vector<std::vector<QImage>> pictures;
+  for (const Look& look : looks) pictures.push_back(PicturesOf(look));
   const bool complete =
-      std::none_of(rows.begin(), rows.end(), [](auto& row) { return row.empty(); });
-  if (complete && Assembled(rows).save(QString::fromLocal8Bit(argv[2]))) return 0;
+      std::none_of(pictures.begin(), pictures.end(), [](auto& of) { return of.empty(); });
+  if (complete && Assembled(pictures).save(QString::fromLocal8Bit(argv[2]))) return 0;
   std::fputs("contact_sheet: a picture is missing or can't be written\n", stderr);
   return 1;
 }

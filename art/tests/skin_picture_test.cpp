@@ -150,7 +150,7 @@ TEST_P(Skin, ButtonsAreLightAndTheirStatesDiffer) {
       {"SystemButtons.bmp", layouts::systemButtons, {8, 6, 80, 16}},
       {"BoardButtons.bmp", layouts::toolbarButtons, layouts::toolCaption},
       {"BoardSetupButtons.bmp", layouts::toolbarButtons, layouts::toolCaption},
-      {"InterfaceButtons.bmp", {layouts::toolbarButtons.cell, 3, 4}, layouts::toolCaption},
+      {"InterfaceButtons.bmp", layouts::interfaceButtons, layouts::toolCaption},
   };
   for (const auto& [file, strip, caption] : strips) {
     SCOPED_TRACE(file);

@@ -17,6 +17,7 @@ using ui::layouts::Surface;
 
 constexpr double kPanelMargin = 6;
 constexpr double kRailMargin = 3;
+constexpr double kLetterMargin = 6;
 
 QRectF RectOf(const ui::layouts::Rect& rect) {
   return {double(rect.x), double(rect.y), double(rect.width), double(rect.height)};
@@ -39,7 +40,8 @@ void DrawControl(SkinSurface& surface, const Control& control) {
                          static_cast<float>(ui::layouts::boardBand));
       break;
     case Surface::Ornament:
-      surface.InlayText(u"Tarvolenix"_s, rect.adjusted(0, 6, 0, -6));
+      surface.InlayText(QString::fromUtf8(control.text.data(), qsizetype(control.text.size())),
+                        rect.adjusted(0, kLetterMargin, 0, -kLetterMargin));
       break;
     case Surface::Picture:
       if (control.name.starts_with("PieceButton")) surface.InlaySquare(rect);

@@ -24,9 +24,6 @@ namespace {
 
 using ui::layouts::Strip;
 
-// The game list's strip: up, down and disabled of each button in a row.
-constexpr Strip kInterfaceButtons{ui::layouts::toolbarButtons.cell, 3, 4};
-
 // Texts that are headings, and those that lead somewhere; all others are plain.
 constexpr std::string_view kTitles[] = {
     "AboutBox.lblTitle",  "Board.PlayersTag",  "ExchangePawn.Label1",  "MsgForm.FormCaption",
@@ -78,7 +75,7 @@ class SkinJobs {
         {u"view"_s, u"coords"_s, u"undo"_s, u"send"_s, u"resend"_s, u"surrender"_s, u"close"_s});
     AddStrip("BoardSetupButtons.bmp", ui::layouts::toolbarButtons,
              {u"view"_s, u"coords"_s, u""_s, u"reset"_s, u"clear"_s, u"play"_s, u"close"_s});
-    AddStrip("InterfaceButtons.bmp", kInterfaceButtons,
+    AddStrip("InterfaceButtons.bmp", ui::layouts::interfaceButtons,
              {u"play"_s, u"new-game"_s, u"new-setup"_s, u"new-computer"_s});
   }
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
 
+#include <iostream>
 #include <string>
 
+#include "app/display.h"
+#include "app/end_requests.h"
 #include "app/program.h"
 #include "desktop/folders.h"
 #include "desktop/passwords.h"
@@ -21,14 +24,18 @@ std::string CommandLine(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   desktop::ForbidCoreDumps();
+  if (!app::DisplayIsThere()) {
+    std::cerr << "Tarvolenix shows windows and needs a graphical desktop: there is no display that "
+                 "it can reach.\n";
+    return 1;
+  }
   const std::string commandLine = CommandLine(argc, argv);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 
   app::Program program(desktop::ProgramFolder(), commandLine);
-  QObject::connect(&program.Windows(), &ui::GameWindows::Finished, &application,
-                   &QApplication::quit, Qt::QueuedConnection);
+  const app::EndRequests requests(&QCoreApplication::quit);
   if (!program.Start()) return 1;
   const int result = QApplication::exec();
   program.Stop();

@@ -19,10 +19,11 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
-#include "shell/settings.h"
-#include "store/saving.h"
+#include "shell/shell_hooks.h"
+#include "shell/shut_down.h"
+#include "shell/start_up.h"
+#include "shell/tray_status.h"
 #include "ui/program_pictures.h"
-#include "ui/skin.h"
 
 namespace app {
 
@@ -44,39 +45,30 @@ void SetUpFolders() {
 
 }  // namespace
 
-Program::Program(const std::string& programFolder, const std::string& commandLine) {
+Program::Program(const std::string& programFolder, const std::string& commandLine)
+    : screen_([this] { return instance_->IsAnotherRunning(); }) {
   // Windows come and go before the last one: the program ends when it is told to.
   QApplication::setQuitOnLastWindowClosed(false);
   platform::SetupGlobalVariables(programFolder, commandLine);
   SetUpFolders();
   desktop_ = std::make_unique<desktop::RealDesktop>(
       programFolder, [this](const auto& suggestion) { return AskAtLogon(suggestion); });
-  platform::TheDesktop().messageBoxes = &boxes_;
-  platform::TheDesktop().hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
-  windows_ = std::make_unique<ui::GameWindows>();
-  QObject::connect(windows_.get(), &ui::GameWindows::AccountWanted, windows_.get(),
-                   [this] { ChangeAccount(); });
+  instance_ = std::make_unique<desktop::SingleInstance>(programFolder);
+  platform::Desktop& desktop = platform::TheDesktop();
+  desktop.messageBoxes = &boxes_;
+  desktop.help = &help_;
+  desktop.screen = &screen_;
+  tray_ = std::make_unique<ui::SystemTray>([this] { ChangeAccount(); });
+  shell::FillHooks();
+  desktop.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
   QApplication::setWindowIcon(QIcon(ui::ProgramPicturePath(QStringLiteral("tarvolenix.png"))));
 }
 
 Program::~Program() { HurryTests(); }
 
-bool Program::Start() {
-  shell::UpgradeSettings();
-  if (!shell::LoadSettings()) {
-    platform::ShowMessage(platform::ErrorIcon, "Initialisation error",
-                          "An unknown error caused Tarvolenix to fail to load.||If this persists, "
-                          "try reinstalling.",
-                          "Ok", {}, false, platform::FailureSound);
-    Process().ShuttingDown = true;
-    return false;
-  }
-  if (!ui::ApplySkinToSystemTray()) return false;
-  mail::LogonAndCollect(false, false, true);
-  windows_->Begin();
-  Process().StartupComplete = true;
-  return true;
-}
+bool Program::Start() { return shell::StartUp(); }
+
+void Program::Stop() { shell::ExitProgram(); }
 
 std::optional<std::string> Program::KeptPassword(const desktop::MailAccount& account) {
   if (!desktop::NeedsPassword(account)) return std::nullopt;
@@ -101,7 +93,7 @@ std::optional<desktop::AccountAnswer> Program::AskAtLogon(const desktop::MailAcc
   auto answer = AskAccount(suggestion);
   if (!answer) {
     // The logon fails and leaves its guard standing, as after a crash; but nothing crashed.
-    QTimer::singleShot(0, windows_.get(), [] { platform::SetLogonStatus(false); });
+    QTimer::singleShot(0, tray_.get(), [] { platform::SetLogonStatus(false); });
   } else if (!answer->password) {
     answer->password = KeptPassword(answer->account);
   }
@@ -142,14 +134,8 @@ void Program::ChangeAccount() {
   platform::SetLogonStatus(false);
   mail::MailLogoff(false);
   Process().Offline = true;
-  windows_->ShowGameList(windows_->GameList()->SelectedGame());
-}
-
-void Program::Stop() {
-  if (Process().ShuttingDown) return;
-  store::BackupDatabase();
-  mail::MailLogoff(true);
-  if (Process().StartupComplete) shell::SaveSettings();
+  Windows().FillGameList(Windows().SelectedGame());
+  shell::UpdateTrayStatus(platform::TrayOperation::Modify);
 }
 
 }  // namespace app

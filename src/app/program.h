@@ -11,9 +11,12 @@
 #include "desktop/account_check.h"
 #include "desktop/mail_account.h"
 #include "desktop/real_desktop.h"
+#include "desktop/single_instance.h"
 #include "ui/account_dialog.h"
-#include "ui/game_windows.h"
+#include "ui/help_window.h"
 #include "ui/qt_message_boxes.h"
+#include "ui/qt_screen.h"
+#include "ui/system_tray.h"
 
 namespace app {
 
@@ -25,14 +28,14 @@ class Program {
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  /// Reads the settings, collects what has arrived, and opens the first window. False where the
-  /// program must not go on; the user was told then.
+  /// The whole start. False where the program must not go on; the user was told then.
   bool Start();
 
-  /// Logs off and saves the settings. Does nothing behind a failed start.
+  /// The orderly stop, where the user hasn't chosen it already. Does nothing behind a failed start.
   void Stop();
 
-  ui::GameWindows& Windows() { return *windows_; }
+  ui::SystemTray& Tray() { return *tray_; }
+  ui::ProgramWindows& Windows() { return tray_->Windows(); }
 
  private:
   std::optional<desktop::AccountAnswer> AskAccount(const desktop::MailAccount& suggestion);
@@ -45,8 +48,11 @@ class Program {
   void TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told);
 
   ui::QtMessageBoxes boxes_;
+  ui::HelpViewer help_;
   std::unique_ptr<desktop::RealDesktop> desktop_;
-  std::unique_ptr<ui::GameWindows> windows_;
+  ui::QtScreen screen_;
+  std::unique_ptr<desktop::SingleInstance> instance_;
+  std::unique_ptr<ui::SystemTray> tray_;
   struct AccountTest {
     std::shared_ptr<desktop::AccountCheck> check;
     std::future<void> end;

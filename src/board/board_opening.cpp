@@ -187,13 +187,18 @@ void Board::Form_Unload() {
     platform::CallHook(hooks.boardClosed);
   } else if (Process().PendingGames.empty()) {
     platform::CallHook(hooks.buildTrayGameMenu);
+    platform::CallHook(hooks.closeGameList);
   }
+  platform::CallHook(hooks.closeNewGame);
   Process().NewGame = {};
   platform::SetCheckTimer(true);
   Process().CheckTimerHeld = false;
   platform::CallHook(hooks.updateTrayStatus);
-  if (!Process().PendingGames.empty()) platform::CallHook(hooks.notifyNewMoves);
+  // Ahead of the notification, which may open the next board.
   Process().BoardOpen = false;
+  if (Process().PendingGames.empty()) return;
+  view_.Hide();
+  platform::CallHook(hooks.notifyNewMoves);
 }
 
 }  // namespace board

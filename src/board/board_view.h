@@ -27,6 +27,9 @@ class BoardView {
 
   virtual void SetTimerInterval(int milliseconds) = 0;
 
+  /// Takes the window off the screen while its closing work goes on.
+  virtual void Hide() = 0;
+
   /// Closes the window, which runs Form_Unload.
   virtual void Close() = 0;
 };

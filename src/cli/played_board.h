@@ -34,6 +34,7 @@ class PlayedBoard : private board::BoardView {
   void Refresh() override {}
   rules::PieceCode ExchangePawn(rules::Side side) override;
   void SetTimerInterval(int) override {}
+  void Hide() override {}
   void Close() override {}
 
   bool Refuse(const std::string& why);

@@ -175,8 +175,7 @@ std::shared_ptr<MailService::Listing> MailService::List() {
 }
 
 void MailService::Prefetch(std::function<void()> ready) {
-  const bool underWay = prefetched_ && !prefetched_->done &&
-                        prefetched_->unreadOnly == unreadOnly_ && prefetched_->changes == changes_;
+  const bool underWay = IsCurrent(prefetched_) && !prefetched_->done;
   if (!underWay) prefetched_ = List();
   // Behind the look in the queue, so it is done by then. `ready` lives and dies with the window.
   thread_.Post(
@@ -187,15 +186,19 @@ void MailService::Prefetch(std::function<void()> ready) {
       });
 }
 
+bool MailService::Prefetched() { return IsCurrent(prefetched_) && prefetched_->done; }
+
+/// A set that was looked up ahead of a mark or a deletion would bring them back.
+bool MailService::IsCurrent(const std::shared_ptr<Listing>& listing) const {
+  return listing && listing->unreadOnly == unreadOnly_ && listing->changes == changes_;
+}
+
 void MailService::Fetch() {
   const Errand errand(busy_);
   set_.clear();
   index_ = 0;
-  // A set that was looked up ahead of a mark or a deletion would bring them back.
   auto listing = std::exchange(prefetched_, nullptr);
-  if (!listing || listing->unreadOnly != unreadOnly_ || listing->changes != changes_) {
-    listing = List();
-  }
+  if (!IsCurrent(listing)) listing = List();
   events_.RunUntil([&listing] { return listing->done.load(); });
   if (auto failure = std::exchange(listing->failure, nullptr)) {
     if (session_ != 0) EndSession();
@@ -258,6 +261,12 @@ void MailService::Flush() {
   RaisingMailErrors([this] { thread_.Flush(); });
 }
 
+void MailService::FlushLater() {
+  if (!transport_) return;
+  thread_.Post([transport = transport_] { transport->Flush(); });
+  thread_.ForgetFailure();
+}
+
 void MailService::Send() {
   const Errand errand(busy_);
   RequireSession();
@@ -266,6 +275,25 @@ void MailService::Send() {
   mail.from = {account_.MyName, account_.MyAddress};
   RaisingMailErrors(
       [this, &mail] { thread_.Run([transport = transport_, mail] { transport->Send(mail); }); });
+}
+
+void MailService::Show(bool) {
+  RequireSession();
+  const auto picked = askRecipients_.show ? askRecipients_.show(addressCaption_) : std::nullopt;
+  if (!picked) throw MailError("nobody was picked");
+  outgoing_.to.clear();
+  for (const auto& [name, address] : *picked) outgoing_.to.push_back({name, address});
+  recipient_ = 0;
+}
+
+void MailService::ResolveName() {
+  RequireSession();
+  const Mailbox& typed = Recipient();
+  const auto found = askRecipients_.resolve
+                         ? askRecipients_.resolve({typed.name, typed.address}, addressResolveUI_)
+                         : std::nullopt;
+  if (!found) throw MailError("nobody is known as \"" + typed.name + "\"");
+  Recipient() = {found->name, found->address};
 }
 
 }  // namespace desktop

@@ -8,11 +8,13 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/mail_account.h"
 #include "desktop/mail_thread.h"
 #include "desktop/mail_transport.h"
+#include "platform/address_book.h"
 #include "platform/events.h"
 #include "platform/mail_client.h"
 
@@ -24,6 +26,14 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   using AskAccount = std::function<std::optional<AccountAnswer>(const MailAccount& suggestion)>;
   using MakeTransport = std::function<std::unique_ptr<MailTransport>(const MailAccount& account,
                                                                      const std::string& password)>;
+
+  /// What the user answers to the address book; nothing where he cancels, or nobody is found.
+  struct AskRecipients {
+    using Recipients = std::vector<platform::Recipient>;
+    std::function<std::optional<Recipients>(const std::string& caption)> show;
+    std::function<std::optional<platform::Recipient>(const platform::Recipient& typed, bool mayAsk)>
+        resolve;
+  };
 
   /// The user is asked where there is no account yet, or no password for it. Without `ask` the
   /// suggestion is taken unasked, and not stored, so that a program that can ask still does. `make`
@@ -45,6 +55,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void SessionID(long) override {}
   void FetchUnreadOnly(bool unreadOnly) override { unreadOnly_ = unreadOnly; }
   void Prefetch(std::function<void()> ready) override;
+  bool Prefetched() override;
   /// A failure ends the session: the next logon begins anew.
   void Fetch() override;
   int MsgCount() override { return static_cast<int>(set_.size()); }
@@ -65,7 +76,15 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void Delete() override;
   void DeleteRecipient() override;
   void Flush() override;
+  void FlushLater() override;
   void Send() override;
+  void AddressCaption(const std::string& caption) override { addressCaption_ = caption; }
+  void Show(bool details) override;
+  void AddressResolveUI(bool mayAsk) override { addressResolveUI_ = mayAsk; }
+  void ResolveName() override;
+
+  /// Without it nobody is found.
+  void SetAskRecipients(AskRecipients ask) { askRecipients_ = std::move(ask); }
 
  private:
   class Errand;
@@ -74,6 +93,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   AccountAnswer Account();
   AccountAnswer StoredAccount() const;
   std::shared_ptr<Listing> List();
+  bool IsCurrent(const std::shared_ptr<Listing>& listing) const;
   void EndSession();
   void RequireSession() const;
   FetchedMail& Current();
@@ -100,6 +120,9 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
 
   OutgoingMail outgoing_;
   int recipient_ = 0;
+  AskRecipients askRecipients_;
+  std::string addressCaption_;
+  bool addressResolveUI_ = false;
 
   MailThread thread_;  // the last member: it stops before anything that its work uses goes
 };

@@ -43,6 +43,13 @@ void MailThread::Flush() {
   });
 }
 
+void MailThread::ForgetFailure() {
+  Post([this] {
+    const std::lock_guard lock(mutex_);
+    failure_ = nullptr;
+  });
+}
+
 void MailThread::Add(Item item) {
   {
     const std::lock_guard lock(mutex_);

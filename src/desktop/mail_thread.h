@@ -35,6 +35,9 @@ class MailThread {
   /// Waits for all that was posted. Raises the first failure since the last Flush.
   void Flush();
 
+  /// Returns at once. The failures of what was posted before are not kept for Flush.
+  void ForgetFailure();
+
  private:
   struct Outcome;
   struct Item {

@@ -153,6 +153,26 @@ std::string PosixFiles::Read(const std::string& path) {
   return OpenFile(path, O_RDONLY, "read").ReadAll();
 }
 
+std::string PosixFiles::Stamp(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR) return {};
+    Fail("look for", path);
+  }
+  // A replaced file has another number, a rewritten one another time; what the clock is too coarse
+  // for, the size mostly tells.
+  std::string stamp;
+  for (const auto part :
+       {static_cast<long long>(status.st_ino), static_cast<long long>(status.st_size),
+        static_cast<long long>(status.st_mtim.tv_sec),
+        static_cast<long long>(status.st_mtim.tv_nsec),
+        static_cast<long long>(status.st_ctim.tv_sec),
+        static_cast<long long>(status.st_ctim.tv_nsec)}) {
+    stamp += std::to_string(part) + " ";
+  }
+  return stamp;
+}
+
 void PosixFiles::Write(const std::string& path, std::string_view content) {
   OpenFile file(path, O_WRONLY | O_CREAT | O_TRUNC, "write");
   file.WriteAll(content);

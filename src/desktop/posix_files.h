@@ -21,6 +21,7 @@ class PosixFiles : public platform::Files {
   /// Regular files only: a device or a pipe is refused, not waited for.
   std::string Read(const std::string& path) override;
 
+  std::string Stamp(const std::string& path) override;
   void Write(const std::string& path, std::string_view content) override;
   void Rename(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;

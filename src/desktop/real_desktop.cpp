@@ -9,11 +9,13 @@
 
 namespace desktop {
 
-RealDesktop::RealDesktop(const std::string& programFolder, MailService::AskAccount ask)
+RealDesktop::RealDesktop(const std::string& programFolder, MailService::AskAccount ask,
+                         MailService::AskRecipients askRecipients)
     : settings_(SettingsFileFor(programFolder)),
       passwords_(PasswordsBeside(SettingsFileFor(programFolder))),
       sounds_(std::make_unique<QtSounds>()),
       mail_(events_, *passwords_, std::move(ask)) {
+  mail_.SetAskRecipients(std::move(askRecipients));
   platform::Desktop& desktop = platform::TheDesktop();
   desktop.MSess = &mail_;
   desktop.MMess = &mail_;

@@ -20,8 +20,10 @@ namespace desktop {
 /// be there already.
 class RealDesktop {
  public:
-  /// `ask` is the dialog for the mail account; without it the login name is taken.
-  explicit RealDesktop(const std::string& programFolder, MailService::AskAccount ask = {});
+  /// `ask` is the dialog for the mail account; without it the login name is taken. `askRecipients`
+  /// is the address book's; without it nobody is found.
+  explicit RealDesktop(const std::string& programFolder, MailService::AskAccount ask = {},
+                       MailService::AskRecipients askRecipients = {});
   ~RealDesktop();
   RealDesktop(const RealDesktop&) = delete;
   RealDesktop& operator=(const RealDesktop&) = delete;

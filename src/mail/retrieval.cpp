@@ -63,10 +63,20 @@ void WalkInbox(std::vector<MoveArrival>& arrivals) {
   }
 }
 
-/// Lets the mails saved before a failure go; the failure itself is what the user hears of.
-void FlushQuietly() {
-  try {
+/// Carries the marks and deletions out. Of a tick, which nobody waits for, they are left to the
+/// mail service: a mail that stays for a failure is only taken again.
+void Flush(bool isTick) {
+  if (isTick) {
+    Messages().FlushLater();
+  } else {
     Messages().Flush();
+  }
+}
+
+/// Lets the mails saved before a failure go; the failure itself is what the user hears of.
+void FlushQuietly(bool isTick) {
+  try {
+    Flush(isTick);
   } catch (const std::exception&) {
   }
 }
@@ -79,16 +89,16 @@ void ReportNetworkError(const std::string& what) {
 }
 
 /// False where a failure was reported.
-bool TakeMoveMails(std::vector<MoveArrival>& arrivals) {
+bool TakeMoveMails(std::vector<MoveArrival>& arrivals, bool isTick) {
   try {
     WalkInbox(arrivals);
-    Messages().Flush();
+    Flush(isTick);
     return true;
   } catch (const StoreFailure&) {
-    FlushQuietly();
+    FlushQuietly(isTick);
     ReportNetworkError("An error occured trying to save the game information to the database.");
   } catch (const std::exception&) {
-    FlushQuietly();
+    FlushQuietly(isTick);
     ReportNetworkError(
         "An error occured trying to retrieve some or all of the game information from your Inbox.");
   }
@@ -109,7 +119,8 @@ std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
   }
   process.PendingGames.clear();
   process.NewMoveArrived = false;
-  if (!TakeMoveMails(arrivals)) return arrivals;
+  const bool isTick = !showStatus && !fetchAll;
+  if (!TakeMoveMails(arrivals, isTick)) return arrivals;
   store::BackupDatabase();
   platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
   return arrivals;

@@ -3,6 +3,7 @@
 // recorders; nobody else writes here. The record owns nothing.
 #pragma once
 
+#include "platform/address_book.h"
 #include "platform/clock.h"
 #include "platform/events.h"
 #include "platform/files.h"
@@ -21,6 +22,7 @@ namespace platform {
 struct Desktop {
   MAPISession* MSess = nullptr;
   MAPIMessages* MMess = nullptr;
+  AddressBook* addressBook = nullptr;
   SettingsStore* settings = nullptr;
   MessageBoxes* messageBoxes = nullptr;
   Sounds* sounds = nullptr;

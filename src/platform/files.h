@@ -28,6 +28,10 @@ class Files {
   virtual bool Exists(const std::string& path) = 0;
   virtual std::string Read(const std::string& path) = 0;
 
+  /// A text that differs from all earlier ones once the file was written or replaced, whoever did
+  /// it; empty where there is no file. Cheap: the content isn't read.
+  virtual std::string Stamp(const std::string& path) = 0;
+
   /// Creates the file or replaces what it held, and returns when it is on the disk. A failure may
   /// leave part of it, so the names written to are always temporary ones.
   virtual void Write(const std::string& path, std::string_view content) = 0;

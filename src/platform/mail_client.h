@@ -44,6 +44,9 @@ class MAPIMessages {
   /// The next Fetch takes that set without waiting. A failure is kept and raised by that Fetch.
   virtual void Prefetch(std::function<void()> ready) = 0;
 
+  /// True where the next Fetch takes a set, or a failure, that is in memory by now.
+  virtual bool Prefetched() = 0;
+
   /// Fills the set, in the order of arrival; waits for the mail service where nothing was
   /// prefetched.
   virtual void Fetch() = 0;
@@ -79,8 +82,25 @@ class MAPIMessages {
   /// Carries out the marks and deletions that are still queued.
   virtual void Flush() = 0;
 
+  /// The same without waiting. What fails then is given up and nobody hears of it.
+  virtual void FlushLater() = 0;
+
   /// Sends the outgoing buffer without showing anything.
   virtual void Send() = 0;
+
+  /// Title of the address book.
+  virtual void AddressCaption(const std::string& caption) = 0;
+
+  /// Shows the address book; the people picked are the outgoing buffer's recipients then. Raises
+  /// where the user cancels, and leaves the buffer as it was.
+  virtual void Show(bool details) = 0;
+
+  /// Whether ResolveName may ask which of several is meant.
+  virtual void AddressResolveUI(bool mayAsk) = 0;
+
+  /// Finds the person whom RecipDisplayName of the current recipient means: name and address are
+  /// his then. Raises where there is no such person, or several of them and none was chosen.
+  virtual void ResolveName() = 0;
 };
 
 }  // namespace platform

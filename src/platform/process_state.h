@@ -24,6 +24,7 @@ struct NewGameFields {
 struct ProcessState {
   bool ShuttingDown = false;     ///< a failed start or a fatal skin failure is in progress
   bool StartupComplete = false;  ///< settings are saved at shutdown only when this is set
+  bool Stopping = false;         ///< the hidden window is closing, or has closed
   bool CheckTimerHeld = false;   ///< a modal dialog or a long task is running: no polling
   bool Offline = true;           ///< not logged on to the mail service
   bool StandAlone = false;       ///< moves travel as files, without a mail service
@@ -41,13 +42,19 @@ struct ProcessState {
   bool ComputerGame = false;            ///< the open game is played against the computer
   bool SetupGame = false;               ///< the game about to open begins in board setup
   bool BoardSetupMode = false;          ///< the board window is in setup mode now
+  bool TrayMissing = false;             ///< the program would live in the tray, but there is none
   bool RefreshButtonsPending = false;   ///< the skin has loaded new button pictures
   std::int32_t CurrentGameID = -1;      ///< the game open on the board; -1 none
   std::int16_t GameListSortColumn = 1;  ///< 1 status, 2 opponent, 3 title, 4 date
   std::string GameListSortOrder;        ///< empty for ascending, "DESC" for descending
   std::string PendingGames;             ///< GAME_IDs to notify of, each followed by ";"
   NewGameFields NewGame;
+  bool SelectSoundMode = false;  ///< the file picker chooses a sound; else a file to import
+  std::string ImportFilePath;    ///< the folder of the picked file; ends in "/"
+  std::string ImportFileName;    ///< empty where the user picked none
   PollingTimer CheckTimer;
+  long SessionLookedAt = 0;         ///< the mail session whose Inbox a tick looks at; 0 none
+  std::string ListedGameFileStamp;  ///< of the game file that a tick filled the game list from
 
   std::string ProgramFolder;  ///< ends in "/"
   std::string DataPath;       ///< folder of the game file and the sounds; ends in "/"

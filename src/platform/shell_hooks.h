@@ -13,11 +13,15 @@ struct ShellHooks {
   std::function<void()> updateTrayStatus;   ///< the tray's icon and tip may have changed
   std::function<void()> notifyNewMoves;     ///< deliver what PendingGames holds
   std::function<void()> boardClosed;        ///< bring back the window that the board replaced
+  std::function<void()> closeGameList;      ///< of a program that lives in the tray
+  std::function<void()> closeNewGame;  ///< the new game dialog, whose texts are no longer needed
   std::function<void()> closeHelp;
   std::function<void()> checkTimerChanged;  ///< the polling timer was started, stopped or retimed
   std::function<std::string()>
       pickMoveFile;  ///< path of the file the user picked; empty: cancelled
   std::function<void()> removeTrayIcon;
+  std::function<void()> handedOver;       ///< the start is over: the windows may greet a new user
+  std::function<void()> stopped;          ///< all is saved and closed: the event loop may end
   std::function<void()> endProcess;       ///< at once, without the work of an orderly stop
   std::function<void(bool)> busyPointer;  ///< true before work that takes a moment, false behind it
 };

@@ -60,6 +60,14 @@ bool SelectMoves(MoveRecords& moves, std::int32_t gameID) {
   }
 }
 
+std::string GameFileStamp() {
+  try {
+    return platform::TheDesktop().files->Stamp(GameFilePath());
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
 std::int32_t NextGameID() {
   GameRecords games;
   if (!SelectGames(games, "", "Game_ID;A") || games.empty()) return 1;

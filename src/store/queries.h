@@ -23,6 +23,10 @@ bool SelectGames(GameRecords& games, std::string_view selection, std::string_vie
 /// on any failure; damage behind the game's line disturbs nothing.
 bool SelectMoves(MoveRecords& moves, std::int32_t gameID);
 
+/// A text that differs from all earlier ones once the game file has changed, by this program or
+/// another; empty where there is none, or it can't be reached.
+std::string GameFileStamp();
+
 /// The greatest GAME_ID plus 1; 1 without games and where the file can't be read.
 std::int32_t NextGameID();
 

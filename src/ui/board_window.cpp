@@ -125,15 +125,15 @@ void BoardWindow::AddSkinnedControls() {
   label->setObjectName(u"PlayerComment_L"_s);
   label->setBuddy(playerComment_);
 
-  struct MenuEntry {
+  struct MenuButton {
     const char* name;
     const char* caption;
     void (BoardWindow::*show)(QPoint place);
   };
-  static constexpr MenuEntry menus[] = {
+  static constexpr MenuButton menus[] = {
       {"Menu1Button", "Actions", &BoardWindow::ShowActionsMenu},
       {"Menu2Button", "Move history", &BoardWindow::ShowHistoryMenu}};
-  for (const MenuEntry& entry : menus) {
+  for (const MenuButton& entry : menus) {
     auto* button = new SystemButton(QLatin1StringView(entry.name), this);
     button->setText(QLatin1StringView(entry.caption));
     // As a menu does, on the press; the menu takes the release.
@@ -295,7 +295,6 @@ void BoardWindow::closeEvent(QCloseEvent* event) {
   }
   if (board_.ClosingDown) return;
   checkTimer_.stop();
-  if (skinChanged_) platform::Process().RefreshButtonsPending = true;
   board_.Form_Unload();
 }
 

@@ -31,6 +31,9 @@ class BoardWindow final : public QWidget, private board::BoardView {
   /// False where the window's skin failed: there is no game in it then.
   bool IsOpen() const { return open_; }
 
+  /// Whether the window has taken new button pictures, which other windows lack then.
+  bool SkinChanged() const { return skinChanged_; }
+
   const board::Board& Logic() const { return board_; }
   const BoardPicture& Picture() const { return *picture_; }
 
@@ -47,6 +50,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void Refresh() override;
   rules::PieceCode ExchangePawn(rules::Side side) override;
   void SetTimerInterval(int milliseconds) override;
+  void Hide() override { hide(); }
   void Close() override;
 
   void SetSimpleUI();

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/messages.h"
@@ -50,8 +51,9 @@ QImage ReadSheet(const std::string& path) {
     reader.setScaledSize(size.boundedTo(largest));
   }
   QImage sheet = reader.read();
+  if (sheet.isNull()) throw PictureError(path);
   if (sheet.width() < ChessGraphics::columns || sheet.height() < ChessGraphics::rows) {
-    throw PictureError(path);
+    throw std::length_error("a picture without room for the cells of a sheet");
   }
   return sheet;
 }

@@ -63,7 +63,12 @@ void TellFailedOpening(const std::exception& error) {
 GameWindows::GameWindows() {
   platform::ShellHooks& hooks = platform::TheDesktop().hooks;
   hooks.busyPointer = ShowBusyPointer;
-  hooks.boardClosed = [this] { ShowGameList(Process().CurrentGameID); };
+  hooks.boardClosed = [this] {
+    FillGameList(Process().CurrentGameID);
+    // The board has taken the flag, and the list hasn't seen the new skin.
+    if (board_ && board_->SkinChanged()) Process().RefreshButtonsPending = true;
+    RevealGameList();
+  };
   hooks.notifyNewMoves = [this] {
     if (!Process().GameListOpen) ShowGameList();
     Process().PendingGames.clear();
@@ -81,6 +86,11 @@ GameWindows::~GameWindows() {
 }
 
 void GameWindows::ShowGameList(std::optional<std::int32_t> selectGame) {
+  FillGameList(selectGame);
+  RevealGameList();
+}
+
+void GameWindows::FillGameList(std::optional<std::int32_t> selectGame) {
   if (!list_) {
     list_ = std::make_unique<GamesWindow>();
     connect(list_.get(), &GamesWindow::OpenWanted, this, &GameWindows::OpenGame);
@@ -91,6 +101,9 @@ void GameWindows::ShowGameList(std::optional<std::int32_t> selectGame) {
     Process().NewMoveArrived = false;
   }
   list_->Fill(selectGame);
+}
+
+void GameWindows::RevealGameList() {
   if (board_ && board_->isVisible()) {
     Replace(*board_, *list_);
   } else {

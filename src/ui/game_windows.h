@@ -47,6 +47,8 @@ class GameWindows : public QObject {
   void Finished();
 
  private:
+  void FillGameList(std::optional<std::int32_t> selectGame);
+  void RevealGameList();
   bool ShowBoard();
 
   ChessGraphics graphics_;

@@ -26,4 +26,13 @@ QPixmap MessagePicture(int icon, int size) {
   return QApplication::style()->standardIcon(standard).pixmap(size);
 }
 
+QIcon TrayPicture(int picture) {
+  static constexpr const char* kinds[] = {"normal", "new-move", "no-network"};
+  const int index = picture - 1;
+  const QIcon icon(
+      ProgramPicturePath(u"tray/set-%1-%2.ico"_s.arg(index / 3 + 1)
+                             .arg(QLatin1StringView(kinds[index < 0 ? 0 : index % 3]))));
+  return icon.availableSizes().isEmpty() ? QIcon(ProgramPicturePath(u"tarvolenix.png"_s)) : icon;
+}
+
 }  // namespace ui

@@ -2,6 +2,7 @@
 // The pictures that belong to the program itself and to no skin or chess set.
 #pragma once
 
+#include <QIcon>
 #include <QPixmap>
 #include <QString>
 
@@ -12,5 +13,9 @@ QString ProgramPicturePath(const QString& name);
 
 /// The picture of message icon 1 to 5, `size` pixels high; the desktop's own where it is missing.
 QPixmap MessagePicture(int icon, int size);
+
+/// A picture of the tray's icon sets, counted from 1: three a set, for nothing new, a new move and
+/// no connection. An unknown number gives the program's own picture.
+QIcon TrayPicture(int picture);
 
 }  // namespace ui

@@ -5,19 +5,23 @@
 
 namespace ui {
 
+void BecomeRowTable(QTableView& table, int rowPadding) {
+  table.verticalHeader()->hide();
+  table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + rowPadding);
+  table.horizontalHeader()->setHighlightSections(false);
+  table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  table.horizontalHeader()->setSectionsClickable(false);
+  table.setSelectionMode(QAbstractItemView::SingleSelection);
+  table.setSelectionBehavior(QAbstractItemView::SelectRows);
+  table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table.setTabKeyNavigation(false);
+  table.setShowGrid(false);
+}
+
 RowTable::RowTable(const QStringList& headings, int rowPadding, QWidget* parent)
     : QTableWidget(0, static_cast<int>(headings.size()), parent) {
   setHorizontalHeaderLabels(headings);
-  verticalHeader()->hide();
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  horizontalHeader()->setSectionsClickable(false);
-  setSelectionMode(QAbstractItemView::SingleSelection);
-  setSelectionBehavior(QAbstractItemView::SelectRows);
-  setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setTabKeyNavigation(false);
-  setShowGrid(false);
+  BecomeRowTable(*this, rowPadding);
 }
 
 QModelIndex RowTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {

@@ -7,11 +7,14 @@
 
 namespace ui {
 
+/// `rowPadding` is what a row is higher than its text.
+/// Makes any table such a list, but for those two keys.
+void BecomeRowTable(QTableView& table, int rowPadding);
+
 class RowTable : public QTableWidget {
   Q_OBJECT
 
  public:
-  /// `rowPadding` is what a row is higher than its text.
   RowTable(const QStringList& headings, int rowPadding, QWidget* parent = nullptr);
 
  protected:

@@ -21,6 +21,7 @@
 #include "ui/picture_file.h"
 #include "ui/skin_table.h"
 #include "ui/system_button.h"
+#include "ui/window_region.h"
 #include "ui/window_skin.h"
 
 namespace ui {
@@ -32,6 +33,26 @@ namespace {
 std::string SkinPath(std::string_view file) {
   return Process().ProgramFolder + "UI Graphics/" + platform::Settings().Skin + "/" +
          std::string(file);
+}
+
+QImage ReadBackground(const SkinRow& row) {
+  QImage background = ReadPicture(SkinPath(row.background));
+  // The shape is the window's: a picture may be finer or somewhat coarser than it, but is none of
+  // the window where more than half of the pixels across are missing.
+  const QPointF needed = OutlinePolygon(row.window).boundingRect().bottomRight() / 2;
+  if (background.width() < needed.x() || background.height() < needed.y()) {
+    throw PictureError(SkinPath(row.background));
+  }
+  return background;
+}
+
+/// Each cell needs a pixel at least.
+QImage ReadStrip(std::string_view file, const layouts::Strip& shape) {
+  QImage strip = ReadPicture(SkinPath(file));
+  if (strip.width() < shape.columns || strip.height() < shape.rows) {
+    throw PictureError(SkinPath(file));
+  }
+  return strip;
 }
 
 /// The colours of a chart, one entry for each control of the list.
@@ -58,10 +79,11 @@ GridColours ReadGrid(const QImage& chart, int row) {
 
 SkinPictures ReadSkin(const SkinRow& row) {
   SkinPictures pictures;
-  if (!row.background.empty()) pictures.background = ReadPicture(SkinPath(row.background));
+  if (!row.background.empty()) pictures.background = ReadBackground(row);
   platform::FieldWalk targets(row.stripTargets, ';'), files(row.strips, ';');
   for (int i = platform::CountFields(row.strips, ';'); i > 0; --i) {
-    pictures.strips[std::string(targets.Next())] = ReadPicture(SkinPath(files.Next()));
+    const std::string target(targets.Next());
+    pictures.strips[target] = ReadStrip(files.Next(), ShapeOfStrip(target));
   }
   pictures.textColours = ReadChart(row.textChart, row.textControls, FirstColumn);
   pictures.fieldColours = ReadChart(row.fieldChart, row.fieldControls, ReadField);
@@ -86,6 +108,7 @@ void QuitForLackOf(std::string_view background) {
   const platform::ShellHooks& hooks = platform::TheDesktop().hooks;
   platform::CallHook(hooks.removeTrayIcon);
   mail::MailLogoff(false);
+  // They leave their usual closing work out now: nothing is saved.
   QApplication::closeAllWindows();
   platform::CallHook(hooks.endProcess);
   quitting = false;
@@ -101,6 +124,13 @@ std::optional<SkinPictures> Load(const SkinRow& row) {
     QuitForLackOf(row.background);
     return std::nullopt;
   }
+}
+
+void Give(SkinPictures pictures, WindowSkin* skin) {
+  if (const auto strip = pictures.strips.find("ButtonImages"); strip != pictures.strips.end()) {
+    ButtonImages() = strip->second;
+  }
+  if (skin) skin->Wear(std::move(pictures));
 }
 
 /// The windows that wear a skin, from the oldest on.
@@ -126,7 +156,7 @@ bool ApplySkin(QWidget& window) {
     platform::ShowMessage(platform::ErrorIcon, "Invalid window skin",
                           "No skin file specified for the current window, " + name + ".", "OK");
   } else if (auto pictures = Load(*row)) {
-    if (skin) skin->Wear(std::move(*pictures));
+    Give(std::move(*pictures), skin);
     return true;
   }
   if (skin) skin->Fail();
@@ -136,7 +166,7 @@ bool ApplySkin(QWidget& window) {
 bool ApplySkinToSystemTray() {
   auto pictures = Load(*FindSkinRow("SystemTray"));
   if (!pictures) return false;
-  ButtonImages() = pictures->strips.at("ButtonImages");
+  Give(std::move(*pictures), nullptr);
   return true;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Putting the chosen skin on the program's windows. A skin that lacks a file of a window, or has
-// one that can't be read, is the end of the program: it is told in the desktop's plain box, and the
-// settings stay as they were at the start.
+// one that can't be read or is too small for its purpose, is the end of the program: it is told in
+// the desktop's plain box, and the settings stay as they were at the start.
 #pragma once
 
 #include <QWidget>
@@ -10,8 +10,9 @@
 
 namespace ui {
 
-/// Loads what the window's row of the skin table names and gives it to the window. True for the
-/// splash window, which has no skin. False where the skin failed.
+/// Loads what the window's row of the skin table names and gives it to the window, the hidden
+/// window's strip to the buttons of all. True for the splash window, which has no skin. False where
+/// the skin failed.
 bool ApplySkin(QWidget& window);
 
 /// The same for the hidden window, whose strip the buttons of all others show; the program needs it

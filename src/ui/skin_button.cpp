@@ -5,13 +5,14 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <utility>
+
 #include "ui/layouts/strips.h"
 
 namespace ui {
 
 namespace {
 constexpr int ringRoom = 4;
-constexpr int ringWidth = 2;
 }  // namespace
 
 SkinButton::SkinButton(const QString& name, QWidget* window) : QAbstractButton(window) {
@@ -41,11 +42,8 @@ void SkinButton::paintEvent(QPaintEvent*) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   PaintButton(painter, Inner());
   if (!hasFocus()) return;
-  constexpr qreal inset = ringWidth / 2.0;
-  painter.setPen(QPen(window()->palette().color(QPalette::WindowText), ringWidth));
-  painter.setBrush(Qt::NoBrush);
-  constexpr qreal radius = layouts::buttonRadius + ringRoom - inset;
-  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
+  DrawFocusRing(painter, Inner(), layouts::buttonRadius,
+                window()->palette().color(QPalette::WindowText));
 }
 
 bool SkinButton::hitButton(const QPoint& point) const { return Inner().contains(point); }
@@ -55,6 +53,17 @@ void SkinButton::keyPressEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat()) click();
   } else {
     QAbstractButton::keyPressEvent(event);
+  }
+}
+
+void DrawFocusRing(QPainter& painter, const QRect& control, qreal radius, const QColor& colour) {
+  constexpr qreal width = ringRoom / 2.0, inner = width / 2, outer = inner + width;
+  const QColor contrast = qGray(colour.rgb()) < 128 ? Qt::white : Qt::black;
+  painter.setBrush(Qt::NoBrush);
+  for (const auto& [line, room] : {std::pair{contrast, inner}, std::pair{colour, outer}}) {
+    painter.setPen(QPen(line, width));
+    painter.drawRoundedRect(QRectF(control).adjusted(-room, -room, room, room), radius + room,
+                            radius + room);
   }
 }
 

@@ -36,6 +36,10 @@ class SkinButton : public QAbstractButton {
   QRect Inner() const;
 };
 
+/// Round a control of a window, in the room of four pixels: a line in the colour and one in its
+/// contrast, so that the ring is seen on every surface.
+void DrawFocusRing(QPainter& painter, const QRect& control, qreal radius, const QColor& colour);
+
 /// Draws the part of a picture over a rectangle, cut round at the corners.
 void DrawRounded(QPainter& painter, const QRect& place, const QImage& picture);
 

@@ -2,6 +2,7 @@
 #include "ui/skin_table.h"
 
 #include <algorithm>
+#include <cassert>
 #include <iterator>
 
 namespace ui {
@@ -91,12 +92,27 @@ constexpr SkinRow rows[] = {
      .stripTargets = "ButtonImages"},
 };
 
+constexpr struct {
+  std::string_view target;
+  layouts::Strip shape;
+} strips[] = {{"ToolbarPics", layouts::toolbarButtons},
+              {"SetupToolbarPics", layouts::toolbarButtons},
+              {"InterfaceButtons", layouts::interfaceButtons},
+              {"ButtonImages", layouts::systemButtons}};
+
 }  // namespace
 
 const SkinRow* FindSkinRow(std::string_view window) {
   const auto* row = std::find_if(std::begin(rows), std::end(rows),
                                  [&](const SkinRow& r) { return r.window == window; });
   return row == std::end(rows) ? nullptr : row;
+}
+
+const layouts::Strip& ShapeOfStrip(std::string_view target) {
+  const auto* strip = std::find_if(std::begin(strips), std::end(strips),
+                                   [&](const auto& s) { return s.target == target; });
+  assert(strip != std::end(strips));
+  return strip->shape;
 }
 
 }  // namespace ui

@@ -7,6 +7,8 @@
 
 #include <string_view>
 
+#include "ui/layouts/strips.h"
+
 namespace ui {
 
 /// Lists are separated by ";". A chart's rows are the controls of its list, in that order; a strip
@@ -28,5 +30,8 @@ struct SkinRow {
 
 /// Null where the window has no row.
 const SkinRow* FindSkinRow(std::string_view window);
+
+/// The cells of the strip for a target, which must be one of the table.
+const layouts::Strip& ShapeOfStrip(std::string_view target);
 
 }  // namespace ui

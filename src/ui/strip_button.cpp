@@ -16,10 +16,16 @@ void StripButton::SetStrip(const QImage& strip) {
   update();
 }
 
+/// A strip without a column for the hover shows the button up.
+int StripButton::ColumnOf(State state) const {
+  const int column = static_cast<int>(state);  // in the order of ToolbarColumn
+  const bool hasHover = shape_.columns > layouts::InterfaceDisabled + 1;
+  return hasHover || state == State::Up ? column : column - 1;
+}
+
 void StripButton::PaintButton(QPainter& painter, const QRect& button) {
   const State state = CurrentState();
-  const int column = static_cast<int>(state);  // in the order of ToolbarColumn
-  DrawRounded(painter, button, StripCell(strip_, shape_, column, row_));
+  DrawRounded(painter, button, StripCell(strip_, shape_, ColumnOf(state), row_));
   const layouts::Rect& caption = layouts::toolCaption;
   QRect place =
       QRect(caption.x, caption.y, caption.width, caption.height).translated(button.topLeft());

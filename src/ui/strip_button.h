@@ -21,6 +21,8 @@ class StripButton : public SkinButton {
   void PaintButton(QPainter& painter, const QRect& button) override;
 
  private:
+  int ColumnOf(State state) const;
+
   layouts::Strip shape_;
   int row_;
   QImage strip_;

@@ -2,15 +2,16 @@
 #include "ui/window_skin.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/text_fields.h"
-#include "ui/composited_screen.h"
 #include "ui/layouts/strips.h"
 #include "ui/plain_text_view.h"
 #include "ui/skin_button.h"
@@ -23,8 +24,10 @@ using layouts::Surface;
 
 namespace {
 
-/// The places are pixels, and so is the text that must fit into them.
-constexpr int textPixels = 13;
+/// The places are pixels, and so is the text that must fit into them: as large as the desktop's
+/// own, but never below nine points or beyond what there is room for.
+constexpr int smallestText = 12;
+constexpr int largestText = 13;
 constexpr int panelMargin = 4;
 
 QRect InQt(const layouts::Rect& rect) { return {rect.x, rect.y, rect.width, rect.height}; }
@@ -45,9 +48,9 @@ void ForEachControl(const QWidget& window, std::string_view controls,
 
 }  // namespace
 
-WindowSkin::WindowSkin(QWidget& window, const layouts::Layout& layout)
+WindowSkin::WindowSkin(QWidget& window, const layouts::Layout& layout, bool composited)
     : QObject(&window), window_(window), layout_(layout), outline_(OutlinePolygon(layout.window)) {
-  ShapeWindow();
+  ShapeWindow(composited);
   PlaceControls();
   window.installEventFilter(this);
   // The ring round the focus is the window's own picture.
@@ -58,10 +61,10 @@ WindowSkin* WindowSkin::Of(const QWidget& window) {
   return window.findChild<WindowSkin*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-void WindowSkin::ShapeWindow() {
+void WindowSkin::ShapeWindow(bool composited) {
   window_.setWindowFlag(Qt::FramelessWindowHint);
   window_.setFixedSize(layout_.size.width, layout_.size.height);
-  if (ScreenIsComposited()) {
+  if (composited) {
     window_.setAttribute(Qt::WA_TranslucentBackground);
   } else {
     window_.setMask(MakeWindowRegion(layout_.window, 1, 1, 0, 0));
@@ -70,7 +73,7 @@ void WindowSkin::ShapeWindow() {
 
 void WindowSkin::PlaceControls() {
   QFont font = window_.font();
-  font.setPixelSize(textPixels);
+  font.setPixelSize(std::clamp(QFontInfo(font).pixelSize(), smallestText, largestText));
   window_.setFont(font);
   for (const layouts::Control& control : layout_.controls) {
     QWidget* widget = FindControl(window_, control.name);
@@ -193,11 +196,7 @@ void WindowSkin::PaintFocus(QPainter& painter) const {
       continue;
     }
     if (FindControl(window_, control.name) != focused) continue;
-    constexpr qreal room = 3;
-    painter.setPen(QPen(window_.palette().color(QPalette::WindowText), 2));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(InQt(control.rect)).adjusted(-room, -room, room, room), room,
-                            room);
+    DrawFocusRing(painter, InQt(control.rect), 0, window_.palette().color(QPalette::WindowText));
   }
 }
 

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "ui/composited_screen.h"
 #include "ui/layouts/layout.h"
 #include "ui/skin_colours.h"
 
@@ -34,8 +35,11 @@ class WindowSkin : public QObject {
   Q_OBJECT
 
  public:
-  /// Shapes the window and places its controls, which must be there. Belongs to the window.
-  WindowSkin(QWidget& window, const layouts::Layout& layout);
+  /// Shapes the window and places its controls, which must be there. Belongs to the window. What
+  /// lies behind a composited window shows through its smooth edge; else its edge is made of whole
+  /// pixels.
+  WindowSkin(QWidget& window, const layouts::Layout& layout,
+             bool composited = ScreenIsComposited());
 
   /// Null for a window in the plain look.
   static WindowSkin* Of(const QWidget& window);
@@ -56,7 +60,7 @@ class WindowSkin : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void ShapeWindow();
+  void ShapeWindow(bool composited);
   void PlaceControls();
   void Colour();
   void Paint();

@@ -94,13 +94,14 @@ struct RecordingView : BoardView {
     return rules::OfSide(promotion, side);
   }
   void SetTimerInterval(int milliseconds) override { interval = milliseconds; }
+  void Hide() override { ++hidden; }
   void Close() override { ++closed; }
 
   const Board* board = nullptr;
   std::array<int, 64> cells{};
   std::string offers;  ///< at the last refresh
   rules::PieceCode promotion = rules::WhiteQueen;
-  int constructed = 0, asked = 0, interval = 250, closed = 0;
+  int constructed = 0, asked = 0, interval = 250, closed = 0, hidden = 0;
 };
 
 struct BoardTest : ::testing::Test {

@@ -161,7 +161,11 @@ class Reader {
 
   void Put(const std::string& name, const std::string& bytes) { WriteFile(folder_ / name, bytes); }
 
-  void Retrieve() { mail::RetrieveMoveMails(false, false); }
+  /// As a tick does, which leaves marks and deletions for later; the folders show them now.
+  void Retrieve() {
+    mail::RetrieveMoveMails(false, false);
+    service_.Flush();
+  }
 
   /// The files of the Maildir with their content.
   std::map<std::string, std::string> Files() const {

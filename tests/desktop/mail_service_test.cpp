@@ -129,11 +129,14 @@ TEST_F(MailServiceTest, APrefetchNeitherBlocksNorMakesTheFetchWait) {
   script_.Shut();
   Prefetch();  // returns though the transport is stuck
   EXPECT_EQ(ready_, 0);
+  EXPECT_FALSE(service_.Prefetched());
   script_.Open();
   WaitUntilReady(1);
+  EXPECT_TRUE(service_.Prefetched());
   script_.Shut();
   service_.Fetch();  // would hang if it asked the transport
   EXPECT_EQ(service_.MsgCount(), 2);
+  EXPECT_FALSE(service_.Prefetched());
   script_.Open();
   service_.Fetch();
   EXPECT_EQ(script_.Calls(), "unread unread ") << "the set is taken once";
@@ -177,6 +180,7 @@ TEST_F(MailServiceTest, APrefetchOfOtherMailsOrOfAnOlderInboxIsNotTaken) {
   Prefetch();
   service_.MsgIndex(0);
   service_.Delete();
+  EXPECT_FALSE(service_.Prefetched());
   service_.Fetch();
   EXPECT_EQ(script_.Calls(), "unread unread remove1 unread ");
 
@@ -196,6 +200,21 @@ TEST_F(MailServiceTest, MarksAndDeletionsAreQueuedAndFlushRaisesTheirFailure) {
   EXPECT_THROW(service_.Flush(), MailError);
   EXPECT_NO_THROW(service_.Flush());
   EXPECT_EQ(script_.Calls(), "all mark1 remove1 ");
+}
+
+TEST_F(MailServiceTest, AFlushForLaterDoesntWaitAndItsFailuresAreGivenUp) {
+  SignOn();
+  service_.Fetch();
+  script_.Shut();
+  service_.MsgIndex(0);
+  service_.MsgNoteText();
+  service_.FlushLater();  // returns though the transport is stuck
+  script_.Fail("mark1");
+  script_.Open();
+  EXPECT_NO_THROW(service_.Flush());
+  script_.Fail("remove1");
+  service_.Delete();
+  EXPECT_THROW(service_.Flush(), MailError) << "what comes behind it is raised as ever";
 }
 
 TEST_F(MailServiceTest, WhateverFailsASessionBeginsAndEndsAsAsked) {
@@ -304,6 +323,50 @@ TEST_F(MailServiceTest, AsksForAPasswordThatIsMissingAndKeepsItApart) {
   for (const auto& [name, value] : desktop_.settings.groups["Mail"]) {
     EXPECT_EQ(value.find("s3cret"), std::string::npos) << name;
   }
+}
+
+TEST_F(MailServiceTest, TheAddressBookFillsTheOutgoingBuffer) {
+  std::vector<platform::Recipient> picked = {{"Eva", "e@x.org"}, {"Max", "m@x.org"}};
+  std::string asked;
+  const auto recipients = [this] {
+    std::string text;
+    for (int i = 0; i < service_.RecipCount(); ++i) {
+      service_.RecipIndex(i);
+      text += service_.RecipDisplayName() + " " + service_.RecipAddress() + ";";
+    }
+    service_.RecipIndex(0);
+    return text;
+  };
+  service_.SetAskRecipients(
+      {[&](const std::string& caption) -> std::optional<std::vector<platform::Recipient>> {
+         asked = caption;
+         if (picked.empty()) return std::nullopt;
+         return picked;
+       },
+       [&](const platform::Recipient& typed, bool mayAsk) -> std::optional<platform::Recipient> {
+         asked = typed.name + (mayAsk ? "?" : "");
+         if (typed.name == "Nobody") return std::nullopt;
+         return platform::Recipient{typed.name + " Muster", "found@x.org"};
+       }});
+  service_.RecipDisplayName("Ev");
+  EXPECT_THROW(service_.Show(false), MailError) << "not signed on";
+  EXPECT_THROW(service_.ResolveName(), MailError) << "not signed on";
+  SignOn();
+  service_.AddressResolveUI(true);
+  service_.ResolveName();
+  EXPECT_EQ(asked, "Ev?");
+  EXPECT_EQ(recipients(), "Ev Muster found@x.org;");
+  service_.RecipDisplayName("Nobody");
+  EXPECT_THROW(service_.ResolveName(), MailError);
+  EXPECT_EQ(recipients(), "Nobody found@x.org;");
+
+  service_.AddressCaption("Who?");
+  service_.Show(false);
+  EXPECT_EQ(asked, "Who?");
+  EXPECT_EQ(recipients(), "Eva e@x.org;Max m@x.org;");
+  picked.clear();
+  EXPECT_THROW(service_.Show(false), MailError);
+  EXPECT_EQ(recipients(), "Eva e@x.org;Max m@x.org;");
 }
 
 }  // namespace

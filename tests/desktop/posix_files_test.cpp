@@ -52,6 +52,20 @@ TEST_F(PosixFilesTest, ARenameKeepsThePlacesPermissionsAndALinkToIt) {
   }
 }
 
+TEST_F(PosixFilesTest, AStampTellsAReplacedAndARewrittenFile) {
+  EXPECT_EQ(files_.Stamp(folder_ / "a"), "");
+  files_.Write(folder_ / "a", "one");
+  const std::string one = files_.Stamp(folder_ / "a");
+  EXPECT_EQ(files_.Read(folder_ / "a"), "one");
+  EXPECT_EQ(files_.Stamp(folder_ / "a"), one);
+  files_.Write(folder_ / "b", "two");
+  files_.Rename(folder_ / "b", folder_ / "a");
+  const std::string two = files_.Stamp(folder_ / "a");
+  EXPECT_NE(two, one);
+  files_.Write(folder_ / "a", "three");
+  EXPECT_NE(files_.Stamp(folder_ / "a"), two);
+}
+
 TEST_F(PosixFilesTest, EveryFailureRaises) {
   ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0600), 0);
   WriteFile(folder_ / "file", "x");

@@ -10,6 +10,8 @@
 #include <fstream>
 
 #include "rules/position.h"
+#include "ui/board_window.h"
+#include "ui/game_interface.h"
 
 namespace {
 
@@ -125,7 +127,7 @@ void TypeComment(ui::BoardWindow& board) {
     QTest::sendKeyEvent(QTest::Click, box, Qt::Key_unknown, QString(c), {});
 }
 
-/// One turn on the board that the start has opened, up to the move on its way.
+/// One turn on the board, up to the move on its way.
 void Play(const Turn& turn, ui::BoardWindow& board) {
   if (turn.extra == Extra::RefusedMove) TryRefusedMove(board);
   if (turn.extra == Extra::Undo) MoveAndUndo(board);
@@ -154,7 +156,8 @@ void WholeGameTest::MakePlayer(const std::string& player, const std::string& mai
   fs::create_directory_symlink(TARVOLENIX_GRAPHICS, root_ / player / "Graphics");
   fs::create_directory_symlink(TARVOLENIX_SKINS, root_ / player / "UI Graphics");
   std::ofstream(root_ / player / "Tarvolenix.conf")
-      << "DisplaySplash=True\nSimpleUI=True\nVerbose=True\nCheckInterval=20000\n[Mail]\nMyName="
+      << "DisplaySplash=False\nSimpleUI=True\nSystrayStartup=False\nRunBefore=True\nVerbose=True\n"
+         "CheckInterval=20000\n[Mail]\nMyName="
       << player << '\n'
       << mail;
 }
@@ -187,6 +190,12 @@ void Click(ui::BoardWindow& board, int button) {
   QApplication::processEvents();
 }
 
+/// What waits for a move comes first in the list, and is selected.
+ui::BoardWindow* OpenSelected(app::Program& program) {
+  program.Windows().GameList()->PlayCurrentGame();
+  return program.Windows().OpenedBoard();
+}
+
 void WholeGameTest::PlayGame(const std::string& commandLine, const Deliver& deliver) {
   std::string player = "bob";
   std::string other = "anna";
@@ -194,13 +203,13 @@ void WholeGameTest::PlayGame(const std::string& commandLine, const Deliver& deli
   for (const Turn& turn : turns) {
     SCOPED_TRACE(player + " plays " + turn.text);
     const auto program = Start(player, commandLine);
-    ui::BoardWindow* board = program->Windows().OpenBoard();
+    ui::BoardWindow* board = OpenSelected(*program);
     ASSERT_NE(board, nullptr) << "no game waits";
     Play(turn, *board);
     if (HasFatalFailure()) return;
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(program->Windows().OpenBoard(), nullptr);
-    EXPECT_NE(program->Windows().GameList(), nullptr);
+    EXPECT_EQ(program->Windows().OpenedBoard(), nullptr);
+    EXPECT_TRUE(program->Windows().GameList()->isVisible());
     program->Stop();
     deliver(player, other);
     std::swap(player, other);
@@ -210,7 +219,7 @@ void WholeGameTest::PlayGame(const std::string& commandLine, const Deliver& deli
 void WholeGameTest::LookAtGame(const std::string& player, const std::string& commandLine,
                                const std::string& caption) {
   const auto program = Start(player, commandLine);
-  ui::BoardWindow* board = program->Windows().OpenBoard();
+  ui::BoardWindow* board = OpenSelected(*program);
   ASSERT_NE(board, nullptr);
   EXPECT_EQ(board->windowTitle().toStdString(), caption);
   Click(*board, board::CloseButton);

@@ -13,9 +13,13 @@
 
 #include "app/program.h"
 #include "store/queries.h"
+#include "ui/board_window.h"
 
 /// With the mouse; the button has to be there and enabled.
 void Click(ui::BoardWindow& board, int button);
+
+/// Opens the game that the list has selected.
+ui::BoardWindow* OpenSelected(app::Program& program);
 
 class WholeGameTest : public testing::Test {
  protected:

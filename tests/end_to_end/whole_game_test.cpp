@@ -47,16 +47,15 @@ TEST_F(LocalGameTest, AResentMoveArrivesOnce) {
   FoundGame(bob, "--send");
   {
     const auto program = Start("anna", "");
-    EXPECT_EQ(program->Windows().OpenBoard(), nullptr) << "it isn't her turn";
-    program->Windows().OpenGame(1);
-    Click(*program->Windows().OpenBoard(), board::ResendButton);
+    Click(*OpenSelected(*program), board::ResendButton);
     program->Stop();
   }
   EXPECT_EQ(std::distance(fs::directory_iterator(root_ / "post/bob@example.org/new"), {}), 2);
   {
     const auto program = Start("bob", "");
-    ASSERT_NE(program->Windows().OpenBoard(), nullptr);
-    EXPECT_EQ(program->Windows().OpenBoard()->Logic().Moves.Count(), 1);
+    const ui::BoardWindow* board = OpenSelected(*program);
+    ASSERT_NE(board, nullptr);
+    EXPECT_EQ(board->Logic().Moves.Count(), 1);
     program->Stop();
   }
   EXPECT_TRUE(fs::is_empty(root_ / "post/bob@example.org/new"));

@@ -12,6 +12,8 @@ namespace fakes {
 
 bool RecordingMessageBoxes::Ask(const platform::Message& message) {
   messages.push_back(message);
+  if (log) log->push_back("message " + message.title);
+  if (whileUp) std::exchange(whileUp, nullptr)();
   if (message.cancelCaption.empty()) return true;
   if (answers.empty()) {
     ADD_FAILURE() << "unexpected question: " << message.title << ": " << message.text;
@@ -39,8 +41,17 @@ FakeDesktop::FakeDesktop(const std::string& commandLine) {
   desktop.clock = &clock;
   desktop.events = &events;
   desktop.files = &files;
+  desktop.windows = &windows;
+  desktop.tray = &tray;
+  desktop.help = &help;
+  desktop.screen = &screen;
+  mail.log = &log;
+  boxes.log = &log;
   const auto record = [this](const char* name) {
-    return [this, name] { hooksCalled.emplace_back(name); };
+    return [this, name] {
+      hooksCalled.emplace_back(name);
+      log.emplace_back(name);
+    };
   };
   desktop.hooks.buildTrayGameMenu = record("buildTrayGameMenu");
   desktop.hooks.updateTrayStatus = record("updateTrayStatus");

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "fakes/memory_files.h"
 #include "fakes/memory_mail.h"
 #include "fakes/memory_settings.h"
+#include "fakes/recording_windows.h"
 #include "platform/desktop.h"
 
 namespace fakes {
@@ -24,13 +26,16 @@ class RecordingMessageBoxes : public platform::MessageBoxes {
   void ShowStatus(const std::string& text) override { statusTexts.push_back(text); }
   void HideStatus() override { statusTexts.emplace_back(); }
   void PlainBox(const std::string& title, const std::string& text) override {
+    if (log) log->push_back("plain box " + title);
     plainBoxes.emplace_back(title, text);
   }
 
   std::vector<platform::Message> messages;
   std::vector<std::string> statusTexts;  ///< an empty text is the popup taken down
   std::vector<std::pair<std::string, std::string>> plainBoxes;
-  std::deque<bool> answers;  ///< for the next questions, in order
+  std::deque<bool> answers;       ///< for the next questions, in order
+  std::function<void()> whileUp;  ///< while the next message is up
+  EventLog* log = nullptr;        ///< where titles are told, too
 };
 
 class RecordingSounds : public platform::Sounds {
@@ -63,6 +68,8 @@ class FakeDesktop {
   FakeDesktop(const FakeDesktop&) = delete;
   FakeDesktop& operator=(const FakeDesktop&) = delete;
 
+  EventLog log;  ///< messages, windows, tray and mail session, in their order
+
   RecordingMessageBoxes boxes;
   RecordingSounds sounds;
   StandingClock clock;
@@ -70,6 +77,10 @@ class FakeDesktop {
   MemoryFiles files;
   MemorySettings settings;
   MemoryMail mail;
+  RecordingWindows windows{log};
+  RecordingTray tray{log};
+  RecordingHelp help{log};
+  ScriptedScreen screen{log};
 
   std::vector<std::string> hooksCalled;
 

@@ -12,12 +12,20 @@ void MemoryMail::Called(const std::string& member) {
   if (failing.contains(member)) throw MailError(member + " fails");
 }
 
+void MemoryMail::AnswerLook() {
+  const auto answer = std::move(ready_.front());
+  ready_.pop_front();
+  answer();
+}
+
 void MemoryMail::Session::SignOn() {
+  if (mail_.log) mail_.log->emplace_back("sign on");
   mail_.Called("SignOn");
   id_ = 1;
 }
 
 void MemoryMail::Session::SignOff() {
+  if (mail_.log) mail_.log->emplace_back("sign off");
   mail_.Called("SignOff");
   id_ = 0;
 }
@@ -32,7 +40,17 @@ void MemoryMail::Messages::FetchUnreadOnly(bool unreadOnly) {
   unreadOnly_ = unreadOnly;
 }
 
+void MemoryMail::Messages::Prefetch(std::function<void()> ready) {
+  mail_.Called("Prefetch");
+  mail_.ready_.push_back([this, ready = std::move(ready)] {
+    mail_.prefetched = !mail_.answersStale;
+    ready();
+  });
+  if (!mail_.answersLater) mail_.AnswerLook();
+}
+
 void MemoryMail::Messages::Fetch() {
+  mail_.prefetched = false;
   mail_.Called("Fetch");
   set_.clear();
   for (std::size_t i = 0; i < mail_.inbox.size(); ++i) {
@@ -106,6 +124,26 @@ void MemoryMail::Messages::Send() {
     mail_.sent.push_back(
         {outgoing_.subject, outgoing_.text, recipient.recipientName, recipient.recipientAddress});
   }
+}
+
+void MemoryMail::Messages::Show(bool details) {
+  mail_.Called(details ? "Show details" : "Show");
+  recipients_.clear();
+  for (const auto& [name, address] : mail_.picked) recipients_.push_back({{}, {}, name, address});
+  recipient_ = 0;
+}
+
+void MemoryMail::Messages::ResolveName() {
+  mail_.Called("ResolveName");
+  SentMail& typed = CurrentRecipient();
+  std::vector<platform::Recipient> meant;
+  for (const platform::Recipient& person : mail_.people) {
+    if (person.name.starts_with(typed.recipientName)) meant.push_back(person);
+  }
+  if (meant.empty()) throw MailError("nobody is meant");
+  if (meant.size() > 1 && !addressResolveUI_) throw MailError("several are meant");
+  typed.recipientName = meant[0].name;
+  typed.recipientAddress = meant[0].address;
 }
 
 }  // namespace fakes

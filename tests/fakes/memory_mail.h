@@ -3,10 +3,13 @@
 // to raise by its name.
 #pragma once
 
+#include <deque>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "platform/address_book.h"
 #include "platform/mail_client.h"
 
 namespace fakes {
@@ -32,8 +35,18 @@ class MemoryMail {
 
   std::vector<InboxMail> inbox;
   std::vector<SentMail> sent;
-  std::set<std::string> failing;   ///< names of the members that raise
-  std::vector<std::string> calls;  ///< "SignOn", "Fetch", "Delete", "Send", ... in order
+  std::vector<platform::Recipient> people;  ///< whom the address book knows
+  std::vector<platform::Recipient> picked;  ///< in the address book, where it is shown
+  std::set<std::string> failing;            ///< names of the members that raise
+  bool answersLater = false;                ///< a look is ready when the test calls AnswerLook
+  bool answersStale = false;  ///< the set of a look is of no use any more when it comes
+  bool prefetched = false;    ///< the set of a look is in memory
+  std::vector<std::string>* log = nullptr;  ///< where logons and logoffs are told, too
+  std::vector<std::string> calls;           ///< "SignOn", "Fetch", "Delete", "Send", ... in order
+
+  /// The mail service answers the oldest look that is under way.
+  void AnswerLook();
+  std::size_t LooksUnderWay() const { return ready_.size(); }
 
   class Session : public platform::MAPISession {
    public:
@@ -53,7 +66,8 @@ class MemoryMail {
     long SessionID() override;
     void SessionID(long id) override { sessionID_ = id; }
     void FetchUnreadOnly(bool unreadOnly) override;
-    void Prefetch(std::function<void()> ready) override { ready(); }
+    void Prefetch(std::function<void()> ready) override;
+    bool Prefetched() override { return mail_.prefetched; }
     void Fetch() override;
     int MsgCount() override { return static_cast<int>(set_.size()); }
     void MsgIndex(int index) override { index_ = index; }
@@ -73,7 +87,14 @@ class MemoryMail {
     void Delete() override;
     void DeleteRecipient() override;
     void Flush() override { mail_.Called("Flush"); }
+    void FlushLater() override { mail_.calls.emplace_back("FlushLater"); }
     void Send() override;
+    void AddressCaption(const std::string& caption) override {
+      mail_.Called("AddressCaption " + caption);
+    }
+    void Show(bool details) override;
+    void AddressResolveUI(bool mayAsk) override { addressResolveUI_ = mayAsk; }
+    void ResolveName() override;
 
    private:
     InboxMail& Current();
@@ -87,12 +108,15 @@ class MemoryMail {
     SentMail outgoing_;
     std::vector<SentMail> recipients_;
     std::size_t recipient_ = 0;
+    bool addressResolveUI_ = false;
   };
 
   Session session;
   Messages messages;
 
  private:
+  std::deque<std::function<void()>> ready_;
+
   /// Records the call and raises where the test wants it.
   void Called(const std::string& member);
 };

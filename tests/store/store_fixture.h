@@ -78,6 +78,7 @@ class AccidentFiles : public platform::Files {
     Run([&] { content = files_.Read(path); });
     return content;
   }
+  std::string Stamp(const std::string& path) override { return files_.Stamp(path); }
   void Write(const std::string& path, std::string_view content) override {
     Run([&] { files_.Write(path, content); },
         [&] { files_.Write(path, content.substr(0, content.size() / 2)); });

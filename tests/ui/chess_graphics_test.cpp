@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QBuffer>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <optional>
 
 #include "ui_fixture.h"
 
@@ -22,8 +25,33 @@ class ChessGraphicsTest : public testing::Test {
     ASSERT_TRUE(image.save(QString::fromStdString(PathOf(name)), format));
   }
 
+  QByteArray BytesOf(const std::string& name) const {
+    QFile file(QString::fromStdString(PathOf(name)));
+    EXPECT_TRUE(file.open(QFile::ReadOnly));
+    return file.readAll();
+  }
+
+  /// What the user was told: the file that is named, or "a general error", or nothing.
+  std::string Told() {
+    if (desktop_.boxes.messages.empty()) return {};
+    const platform::Message message = desktop_.boxes.messages.back();
+    desktop_.boxes.messages.clear();
+    EXPECT_EQ(message.icon, 2);
+    EXPECT_EQ(message.title, "Graphics error.");
+    EXPECT_EQ(message.okCaption, "OK");
+    EXPECT_EQ(desktop_.sounds.played.back(), "/program/Data/Cs005.tvs");
+    const std::string general =
+        "Tarvolenix ecountered a general error loading the graphics" + advice;
+    if (message.text == general) return "a general error";
+    const std::string before = "Tarvolenix ecountered an error loading the graphics file ";
+    EXPECT_TRUE(message.text.starts_with(before) && message.text.ends_with(advice)) << message.text;
+    return message.text.substr(before.size(), message.text.size() - before.size() - advice.size());
+  }
+
   bool Load() { return LoadChessGraphics("Märchen Set", "Plain", graphics_); }
 
+  const std::string advice =
+      ".\n\nPlease select a valid chess set before attempting to open the chess board.";
   fakes::FakeDesktop desktop_;
   QTemporaryDir folder_;
   ChessGraphics graphics_;
@@ -42,44 +70,67 @@ TEST_F(ChessGraphicsTest, ASetLoadsIntoTheNumbersOfItsPiecesAndCells) {
 }
 
 TEST_F(ChessGraphicsTest, ABrokenPictureIsNamedAndTheOldSetStays) {
-  const std::pair<const char*, QByteArray> rows[] = {
-      {"WhiteRook.ico", ""},
-      {"BlackPawn.ico", "not a picture"},
-      {"Plain.jpg", "\x89PNG\r\n\x1a\n and nothing more"}};
+  const QByteArray icon = BytesOf("WhiteKing.ico"), png = BytesOf("Plain.jpg");
+  QByteArray twoSizes = icon;  // of which the second one lies where the file has ended
+  twoSizes[4] = 2;
+  twoSizes[18] = static_cast<char>(twoSizes[18] + 16);
+  QByteArray entry = icon.mid(6, 16);
+  entry.replace(12, 4, QByteArray::fromHex("ffff0000"));
+  twoSizes.insert(22, entry);
+  const auto sheetAs = [](const char* format) {
+    QByteArray bytes;
+    QBuffer target(&bytes);
+    EXPECT_TRUE(ColouredGraphics().ChessSet.save(&target, format));
+    return bytes;
+  };
+  const QByteArray jpeg = sheetAs("JPG");
+  QByteArray bitmap = sheetAs("BMP");
+  bitmap.replace(2, 4, QByteArray(4, '\0'));  // doesn't tell the file's size
+  const std::tuple<const char*, const char*, std::optional<QByteArray>> rows[] = {
+      {"a piece's picture is deleted", "BlackPawn.ico", {}},
+      {"the board's picture is deleted", "Plain.jpg", {}},
+      {"an empty file", "WhiteRook.ico", ""},
+      {"no picture", "BlackPawn.ico", "not a picture"},
+      {"an icon cut off", "WhiteKing.ico", icon.first(icon.size() - 1)},
+      {"an icon's directory cut off", "WhiteKing.ico", icon.first(20)},
+      {"an icon that lacks one of its sizes", "WhiteKing.ico", twoSizes},
+      {"a JPEG cut off", "Plain.jpg", jpeg.first(jpeg.size() - 2)},
+      {"a bitmap cut off", "Plain.jpg", bitmap.first(bitmap.size() - 1)},
+      {"another format cut off", "Plain.jpg", png.first(png.size() / 2)}};
   ASSERT_TRUE(Load());
-  for (const auto& [name, content] : rows) {
+  for (const auto& [name, fileName, content] : rows) {
     SCOPED_TRACE(name);
     SaveChessSet(QString::fromStdString(PathOf("")));
-    QFile file(QString::fromStdString(PathOf(name)));
-    ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(content) == content.size());
-    file.close();
+    QFile file(QString::fromStdString(PathOf(fileName)));
+    if (content) {
+      ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(*content) == content->size());
+      file.close();
+    } else {
+      ASSERT_TRUE(file.remove());
+    }
     EXPECT_FALSE(Load());
-    const platform::Message& message = desktop_.boxes.messages.back();
-    EXPECT_EQ(message.icon, 2);
-    EXPECT_EQ(message.title, "Graphics error.");
-    EXPECT_EQ(message.text, "Tarvolenix ecountered an error loading the graphics file " +
-                                PathOf(name) +
-                                ".\n\nPlease select a valid chess set before attempting to open "
-                                "the chess board.");
-    EXPECT_EQ(desktop_.sounds.played.back(), "/program/Data/Cs005.tvs");
+    EXPECT_EQ(Told(), PathOf(fileName));
     EXPECT_EQ(graphics_.Cell(31).pixelColor(5, 5), ColourOfCell(31));
   }
 }
 
 TEST_F(ChessGraphicsTest, ASheetOfAnySizeGivesCellsOrIsRefused) {
-  const std::tuple<const char*, int, int, bool> rows[] = {
-      {"one pixel a cell", 8, 4, true},
-      {"too narrow for eight columns", 7, 4, false},
-      {"too low for four rows", 8, 3, false},
-      {"cells that aren't square, with a rest", 87, 205, true},
-      {"larger than any board needs", 9000, 40, true},
-      {"absurdly large", 20000, 40, false}};
-  for (const auto& [name, width, height, loads] : rows) {
+  const std::string path = PathOf("Plain.jpg"), general = "a general error";
+  const std::tuple<const char*, int, int, std::string> rows[] = {
+      {"one pixel a cell", 8, 4, ""},
+      {"too narrow for eight columns", 7, 4, general},
+      {"too low for four rows", 8, 3, general},
+      {"cells that aren't square, with a rest", 87, 205, ""},
+      {"larger than any board needs", 9000, 40, ""},
+      {"absurdly large", 20000, 40, path}};
+  for (const auto& [name, width, height, told] : rows) {
     SCOPED_TRACE(name);
     QImage sheet(width, height, QImage::Format_RGB32);
     sheet.fill(Qt::green);
     Save(sheet, "Plain.jpg", "PNG");
+    const bool loads = told.empty();
     EXPECT_EQ(Load(), loads);
+    EXPECT_EQ(Told(), told);
     for (int cell = 0; loads && cell < 32; ++cell) {
       EXPECT_EQ(graphics_.Cell(cell).pixelColor(0, 0), QColor(Qt::green)) << cell;
     }

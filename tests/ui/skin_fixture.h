@@ -2,6 +2,7 @@
 // Skins made of plain colours, in a program folder of the test's own, and a program that can't end.
 #pragma once
 
+#include <QBuffer>
 #include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -13,6 +14,7 @@
 #include "ui/layouts/strips.h"
 #include "ui/skin.h"
 #include "ui/skin_table.h"
+#include "ui/window_region.h"
 #include "ui/window_skin.h"
 #include "ui_fixture.h"
 
@@ -69,6 +71,13 @@ class SkinTest : public testing::Test {
     EXPECT_TRUE(QDir().mkpath(PathOf("")) && picture.save(PathOf(file), format)) << file;
   }
 
+  static QByteArray BytesOf(const QImage& picture, const char* format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    EXPECT_TRUE(picture.save(&buffer, format));
+    return bytes;
+  }
+
   void Write(std::string_view file, const QByteArray& content) const {
     QFile target(PathOf(file));
     EXPECT_TRUE(target.open(QFile::WriteOnly) && target.write(content) == content.size());
@@ -103,7 +112,10 @@ class SkinTest : public testing::Test {
   void Draw(int skin, std::string_view window) const {
     const SkinRow& row = *FindSkinRow(window);
     if (!row.background.empty()) {
-      QImage background(32, 32, QImage::Format_RGB32);
+      // As coarse as one may be.
+      const QRectF shape = OutlinePolygon(window).boundingRect();
+      QImage background(static_cast<int>(shape.right() / 2) + 1,
+                        static_cast<int>(shape.bottom() / 2) + 1, QImage::Format_RGB32);
       background.fill(BackgroundColour(skin));
       Save(background, row.background, "PNG");  // known by its content
     }
@@ -114,10 +126,9 @@ class SkinTest : public testing::Test {
     chart(row.fieldChart, row.fieldControls, 2);
     chart(row.gridChart, row.gridControls, 6);
     chart(row.tabChart, row.tabPages, 1);
-    platform::FieldWalk strips(row.strips, ';');
+    platform::FieldWalk strips(row.strips, ';'), targets(row.stripTargets, ';');
     for (int i = platform::CountFields(row.strips, ';'); i > 0; --i) {
-      DrawStrip(skin, strips.Next(),
-                window == "SystemTray" ? layouts::systemButtons : layouts::toolbarButtons);
+      DrawStrip(skin, strips.Next(), ShapeOfStrip(targets.Next()));
     }
   }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The skin engine: files, charts, shapes and what happens where a skin fails.
-#include <QBuffer>
+#include <functional>
+#include <utility>
 
 #include "skin_fixture.h"
 #include "ui/button_parts.h"
 #include "ui/colour_chart.h"
 #include "ui/layouts/outlines.h"
+#include "ui/system_button.h"
 #include "ui/window_region.h"
 
 namespace ui {
@@ -116,71 +118,181 @@ TEST(ButtonPartsTest, APressedCaptionMovesAndItsShadowWithIt) {
 
 using SkinFilesTest = SkinTest;
 
+/// Applies the skin to a window that is nothing but its name.
+bool Apply(std::string_view name) {
+  QWidget window;
+  window.setObjectName(QString::fromUtf8(name.data(), qsizetype(name.size())));
+  return ApplySkin(window);
+}
+
+TEST_F(SkinFilesTest, ASkinIsTheseFiles) {
+  const std::pair<const char*, std::vector<std::string>> rows[] = {
+      {"AboutBox", {"About.jpg", "AboutText.bmp"}},
+      {"Board",
+       {"Board.jpg", "BoardText.bmp", "BoardField.bmp", "BoardGrid.bmp", "BoardButtons.bmp",
+        "BoardSetupButtons.bmp"}},
+      {"ChooseOpponent",
+       {"ChooseOpponent.jpg", "ChooseOpponentText.bmp", "ChooseOpponentField.bmp"}},
+      {"Credits", {"Credits.jpg"}},
+      {"ExchangePawn", {"ExchangePawn.jpg", "ExchangePawnText.bmp"}},
+      {"GameInterface", {"Interface.jpg", "InterfaceGrid.bmp", "InterfaceButtons.bmp"}},
+      {"MsgForm", {"MsgForm.jpg", "MsgFormText.bmp"}},
+      {"NewGameInfo", {"NewGameInfo.jpg", "NewGameInfoText.bmp", "NewGameInfoField.bmp"}},
+      {"NotifyForm", {"NotifyForm.jpg", "NotifyFormText.bmp"}},
+      {"OptionsPage",
+       {"OptionsPage.jpg", "OptionsPageText.bmp", "OptionsPageField.bmp", "OptionsPageGrid.bmp",
+        "OptionsPageTabs.bmp"}},
+      {"SelectPrinter", {"SelectPrinter.jpg", "SelectPrinterText.bmp"}},
+      {"SelectSound", {"SelectSound.jpg", "SelectSoundField.bmp"}},
+      {"SetupWarningForm", {"SetupWarningForm.jpg", "SetupWarningFormText.bmp"}},
+      {"StatusWindow", {"StatusWindow.jpg", "StatusWindowText.bmp"}},
+      {"SystemTray", {"SystemButtons.bmp"}},
+  };
+  std::size_t files = 0;
+  for (const auto& [window, names] : rows) {
+    EXPECT_EQ(FilesOf(window), names);
+    files += names.size();
+  }
+  EXPECT_EQ(files, 38U);
+  EXPECT_EQ(FindSkinRow("Board")->stripTargets, "ToolbarPics;SetupToolbarPics");
+  EXPECT_EQ(FindSkinRow("OptionsPage")->textControls,
+            "Label1;opDisplaySplash_L;opVerbose_L;opShowToolTips_L;opDefaultView_L;Label2;"
+            "vsCSearchDepth_L;opNotifySound_L;opNotificationSound;opNotifyDialog_L;Label4;Label8;"
+            "Label9;HLabelLow;HLabelDontCare;HLabelHigh;Label13;Label11;SkinsList_L;SkinPreview_L;"
+            "opSimpleUI_L;opSystrayStartup_L");
+}
+
 TEST_F(SkinFilesTest, AWindowNeedsEachFileOfItsRowAndNoOther) {
   std::vector<std::string_view> windows = {"SystemTray"};
   for (const layouts::Layout& window : layouts::allWindows) windows.push_back(window.window);
   for (const std::string_view name : windows) {
     QDir(PathOf("")).removeRecursively();
     Draw(0, name);
-    QWidget window;
-    window.setObjectName(QString::fromStdString(std::string(name)));
-    const auto apply = [&] {
-      return name == "SystemTray" ? ApplySkinToSystemTray() : ApplySkin(window);
-    };
     Process().RefreshButtonsPending = false;
-    EXPECT_TRUE(apply()) << name;
+    EXPECT_TRUE(Apply(name)) << name;
     EXPECT_EQ(Process().RefreshButtonsPending, !FindSkinRow(name)->strips.empty()) << name;
     for (const std::string& file : FilesOf(name)) {
       SCOPED_TRACE(file);
       const QString path = PathOf(file), aside = path + u".aside"_s;
       ASSERT_TRUE(QFile::rename(path, aside));
-      EXPECT_FALSE(apply());
+      EXPECT_FALSE(Apply(name));
       EXPECT_EQ(FileTold(), PathOf(FindSkinRow(name)->background).toStdString())
           << "the background is named, whatever failed";
       QFile::rename(aside, path);
     }
-    EXPECT_TRUE(apply()) << name;
+    EXPECT_TRUE(Apply(name)) << name;
   }
 }
 
-TEST_F(SkinFilesTest, AFileThatIsNoWholePictureIsAFailureAndEndsTheProgramOnce) {
-  QFile whole(PathOf("MsgFormText.bmp"));
-  ASSERT_TRUE(whole.open(QFile::ReadOnly));
-  const QByteArray chart = whole.readAll();
+/// A picture of the size in pixels that no compression makes small.
+QImage Speckled(int width, int height) {
+  QImage picture(width, height, QImage::Format_RGB32);
+  for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; ++y) picture.setPixelColor(x, y, QColor(x % 256, y, x * y % 256));
+  }
+  return picture;
+}
+
+/// A bitmap whose header leaves the file's size out.
+QByteArray Untold(QByteArray bitmap) { return bitmap.replace(2, 4, QByteArray(4, '\0')); }
+
+/// With a segment behind the start that holds the end of another picture.
+QByteArray WithPreview(QByteArray jpeg) {
+  return jpeg.insert(2, QByteArray::fromHex("ffe10006ffd8ffd9"));
+}
+
+TEST_F(SkinFilesTest, AFileThatIsNoPictureOfItsKindIsAFailureAndEndsTheProgram) {
+  const QByteArray chart = BytesOf(Speckled(120, 60), "BMP");
   QByteArray huge = chart;  // 20,000 pixels each way, and no more bytes than before
   for (const int place : {18, 22}) huge.replace(place, 4, QByteArray::fromHex("204e0000"));
-  QByteArray jpeg;
-  QBuffer buffer(&jpeg);
-  QImage stripes(256, 256, QImage::Format_RGB32);
-  for (int x = 0; x < 256; ++x) {
-    for (int y = 0; y < 256; ++y) stripes.setPixelColor(x, y, QColor(x, y, x * y % 256));
-  }
-  stripes.save(&buffer, "JPG");
-  const std::tuple<const char*, const char*, QByteArray> rows[] = {
-      {"empty", "MsgFormText.bmp", {}},
-      {"no picture", "MsgForm.jpg", "hello"},
-      {"a chart cut off", "MsgFormText.bmp", chart.first(chart.size() / 2)},
-      {"a background cut off", "MsgForm.jpg", jpeg.first(jpeg.size() / 2)},
-      {"absurdly large", "MsgFormText.bmp", huge},
+  const QByteArray jpeg = BytesOf(Speckled(256, 256), "JPG");
+  const auto bitmap = [](int width, int height) { return BytesOf(Speckled(width, height), "BMP"); };
+  const struct {
+    const char* name;
+    const char* window;
+    const char* file;
+    QByteArray content;
+  } rows[] = {
+      {"empty", "MsgForm", "MsgFormText.bmp", {}},
+      {"no picture", "MsgForm", "MsgForm.jpg", "hello"},
+      {"a chart cut off", "MsgForm", "MsgFormText.bmp", chart.first(chart.size() - 1)},
+      {"and untold", "MsgForm", "MsgFormText.bmp", Untold(chart).first(chart.size() - 1)},
+      {"a background cut off", "MsgForm", "MsgForm.jpg", jpeg.first(jpeg.size() / 2)},
+      {"but for its preview", "MsgForm", "MsgForm.jpg", WithPreview(jpeg).first(jpeg.size() / 2)},
+      {"absurdly large", "MsgForm", "MsgFormText.bmp", huge},
+      {"a row for one of two texts", "MsgForm", "MsgFormText.bmp", bitmap(108, 22)},
+      {"narrower than half the window", "MsgForm", "MsgForm.jpg", bitmap(227, 232)},
+      {"lower than half the window", "MsgForm", "MsgForm.jpg", bitmap(462, 112)},
+      {"three of four columns", "Board", "BoardSetupButtons.bmp", bitmap(3, 100)},
+      {"six of seven rows", "Board", "BoardButtons.bmp", bitmap(100, 6)},
+      {"two of three columns", "GameInterface", "InterfaceButtons.bmp", bitmap(2, 100)},
+      {"one of two cells", "SystemTray", "SystemButtons.bmp", bitmap(1, 100)},
   };
-  QWidget window;
-  window.setObjectName(u"MsgForm"_s);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    Draw(0, row.window);
+    Write(row.file, row.content);
+    Process().ShuttingDown = false;
+    desktop_.hooksCalled.clear();
+    desktop_.mail.calls.clear();
+    EXPECT_FALSE(Apply(row.window));
+    EXPECT_EQ(FileTold(), PathOf(FindSkinRow(row.window)->background).toStdString());
+    EXPECT_TRUE(Process().ShuttingDown);
+    EXPECT_EQ(desktop_.hooksCalled, (std::vector<std::string>{"removeTrayIcon", "endProcess"}));
+    EXPECT_EQ(desktop_.mail.calls, std::vector<std::string>{"SignOff"});
+    EXPECT_EQ(desktop_.boxes.statusTexts, std::vector<std::string>{}) << "the logoff is silent";
+    Draw(0, row.window);
+  }
+}
+
+TEST_F(SkinFilesTest, WhatOtherProgramsWriteIsReadToo) {
+  const QByteArray jpeg = BytesOf(Speckled(256, 128), "JPG");
+  const std::tuple<const char*, const char*, QByteArray> rows[] = {
+      {"bytes behind a picture's end", "MsgForm.jpg", jpeg + "and more"},
+      {"a preview in the picture", "MsgForm.jpg", WithPreview(jpeg)},
+      {"a bitmap that doesn't tell its size", "MsgFormText.bmp",
+       Untold(BytesOf(Speckled(108, 23), "BMP"))},
+  };
   for (const auto& [name, file, content] : rows) {
     SCOPED_TRACE(name);
     Draw(0, "MsgForm");
     Write(file, content);
-    Process().ShuttingDown = false;
-    desktop_.hooksCalled.clear();
-    desktop_.mail.calls.clear();
-    EXPECT_FALSE(ApplySkin(window));
-    EXPECT_EQ(FileTold(), PathOf("MsgForm.jpg").toStdString());
-    EXPECT_TRUE(Process().ShuttingDown);
-    EXPECT_EQ(desktop_.hooksCalled, (std::vector<std::string>{"removeTrayIcon", "endProcess"}));
-    EXPECT_EQ(desktop_.boxes.statusTexts, std::vector<std::string>{}) << "the logoff is silent";
+    EXPECT_TRUE(Apply("MsgForm"));
   }
-  Draw(0, "MsgForm");
-  DrawChart(0, "MsgFormText.bmp", 1, 1);
-  EXPECT_FALSE(ApplySkin(window)) << "a chart with a row for one of the two texts";
+}
+
+/// The user, whose reading takes so long that another window comes up.
+class SlowReader : public platform::MessageBoxes {
+ public:
+  explicit SlowReader(std::function<void()> meanwhile) : meanwhile_(std::move(meanwhile)) {}
+  bool Ask(const platform::Message&) override { return true; }
+  void ShowStatus(const std::string&) override {}
+  void HideStatus() override {}
+  void PlainBox(const std::string&, const std::string& text) override {
+    told.push_back(text);
+    if (told.size() == 1) meanwhile_();
+  }
+
+  std::vector<std::string> told;
+
+ private:
+  std::function<void()> meanwhile_;
+};
+
+TEST_F(SkinFilesTest, TheProgramEndsOnceWhateverFailsMeanwhile) {
+  SlowReader reader([] { EXPECT_FALSE(Apply("MsgForm")); });
+  platform::TheDesktop().messageBoxes = &reader;
+  platform::Settings().Skin = "none such";
+  EXPECT_FALSE(Apply("StatusWindow"));
+  ASSERT_EQ(reader.told.size(), 1U);
+  EXPECT_TRUE(reader.told[0].ends_with("/none such/StatusWindow.jpg"));
+  EXPECT_EQ(desktop_.hooksCalled, (std::vector<std::string>{"removeTrayIcon", "endProcess"}));
+}
+
+TEST_F(SkinFilesTest, TheHiddenWindowsStripGoesToTheButtonsOfAll) {
+  platform::Settings().Skin = NameOf(1);
+  EXPECT_TRUE(Apply("SystemTray"));
+  EXPECT_EQ(ButtonImages().pixelColor(0, 0), StripColour(1, 0, 0));
 }
 
 TEST_F(SkinFilesTest, AWindowOutsideTheTable) {

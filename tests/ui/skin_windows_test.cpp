@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The windows in the skinned look, and what they do in both.
 #include <QAccessible>
+#include <QFontInfo>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTableWidget>
 
+#include <cstdlib>
 #include <memory>
 #include <set>
+#include <utility>
 
 #include "skin_fixture.h"
 #include "ui/board_window.h"
@@ -165,10 +168,10 @@ TEST_F(SkinnedWindowsTest, AnotherSkinIsPutOnAllOpenWindows) {
 
 TEST_F(SkinnedWindowsTest, AChangeStopsAtTheWindowThatLacksAFileAndClosesIt) {
   StatusWindow first;
-  const auto second = NewMsgForm();
-  ui::ExchangePawn third(graphics_, rules::White);  // refuses to close
-  for (QWidget* window : {static_cast<QWidget*>(&first), static_cast<QWidget*>(second.get()),
-                          static_cast<QWidget*>(&third)}) {
+  ui::ExchangePawn second(graphics_, rules::White);  // refuses to close
+  const auto third = NewMsgForm();
+  for (QWidget* window : {static_cast<QWidget*>(&first), static_cast<QWidget*>(&second),
+                          static_cast<QWidget*>(third.get())}) {
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
   }
@@ -177,8 +180,96 @@ TEST_F(SkinnedWindowsTest, AChangeStopsAtTheWindowThatLacksAFileAndClosesIt) {
   EXPECT_FALSE(ChangeSkin(NameOf(1)));
   EXPECT_EQ(FileTold(), PathOf("ExchangePawn.jpg").toStdString());
   EXPECT_EQ(SeenAt(first, {160, 62}), BackgroundColour(1));
-  EXPECT_EQ(SeenAt(third, {130, 130}), BackgroundColour(0)) << "all of a skin or nothing";
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !third.isVisible(); }));
+  EXPECT_EQ(SeenAt(second, {130, 130}), BackgroundColour(0)) << "all of a skin or nothing";
+  EXPECT_EQ(SeenAt(*third, {231, 215}), BackgroundColour(0)) << "nobody comes after it";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !second.isVisible(); }));
+}
+
+TEST_F(SkinnedWindowsTest, TheListHearsOfNewButtonsWhenItComesBackForTheBoard) {
+  const struct {
+    const char* name;
+    bool simple, fromList, shuttingDown, told;
+  } rows[] = {{"back to the list", false, true, false, true},
+              {"back to the tray", false, false, false, false},
+              {"the program ends", false, true, true, false},
+              {"no new buttons", true, true, false, false}};
+  SaveChessSet(folder_.path() + u"/Graphics/Classic Wood"_s);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    platform::Settings().SimpleUI = row.simple;
+    GameWindows windows;
+    windows.OpenGame(1);
+    ASSERT_NE(windows.OpenBoard(), nullptr);
+    Process().RefreshButtonsPending = !row.simple;
+    windows.OpenBoard()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(windows.OpenBoard()));
+    EXPECT_FALSE(Process().RefreshButtonsPending) << "the board has its own";
+    Process().BoardFromGameList = row.fromList;
+    Process().ShuttingDown = row.shuttingDown;
+    windows.OpenBoard()->close();
+    EXPECT_EQ(Process().RefreshButtonsPending, row.told);
+    EXPECT_EQ(windows.GameList() != nullptr, row.fromList && !row.shuttingDown);
+    Process().RefreshButtonsPending = Process().ShuttingDown = false;
+  }
+}
+
+TEST_F(SkinnedWindowsTest, AnEdgeIsSmoothOnACompositedScreenAndCutElsewhere) {
+  for (const bool composited : {false, true}) {
+    SCOPED_TRACE(composited);
+    QWidget window;
+    window.setObjectName(u"MsgForm"_s);
+    const WindowSkin skin(window, layouts::msgForm, composited);
+    ASSERT_TRUE(ApplySkin(window));
+    EXPECT_EQ(window.testAttribute(Qt::WA_TranslucentBackground), composited);
+    EXPECT_EQ(window.mask(), composited ? QRegion() : MakeWindowRegion("MsgForm", 1, 1, 0, 0));
+    const QImage picture = window.grab().toImage();
+    std::set<int> alphas;
+    for (int x = 0; x < 40; ++x) alphas.insert(picture.pixelColor(x, x).alpha());
+    EXPECT_EQ(alphas.contains(0), composited) << "outside";
+    EXPECT_TRUE(alphas.contains(255)) << "inside";
+    EXPECT_EQ(alphas.size() > 2, composited) << "between the two";
+  }
+}
+
+TEST_F(SkinnedWindowsTest, TheFocusIsSeenOnEverySurfaceAndWithoutATextChart) {
+  static constexpr layouts::Control controls[] = {
+      {"GameList", layouts::Surface::Grid, {60, 60, 100, 40}},
+      {"Button", layouts::Surface::Button, {200, 60, 96, 28}}};
+  static constexpr layouts::Layout layout{"GameInterface", {719, 341}, controls};
+  QWidget window;
+  window.setObjectName(u"GameInterface"_s);
+  auto* list = new QTableWidget(&window);
+  list->setObjectName(u"GameList"_s);
+  auto* button = new SystemButton(u"Button"_s, &window);
+  const WindowSkin skin(window, layout);
+  ASSERT_TRUE(ApplySkin(window));
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  for (const QColor text : {QColor(Qt::black), QColor(Qt::white), QColor(Qt::gray)}) {
+    QPalette palette = window.palette();
+    palette.setColor(QPalette::WindowText, text);
+    window.setPalette(palette);
+    for (const auto& [control, middle] :
+         {std::pair<QWidget*, int>{list, 110}, std::pair<QWidget*, int>{button, 248}}) {
+      control->setFocus();
+      const auto greyAt = [&](int y) { return qGray(SeenAt(window, {middle, y}).rgb()); };
+      EXPECT_EQ(greyAt(60 - 3), qGray(text.rgb()));
+      EXPECT_GE(std::abs(greyAt(60 - 1) - greyAt(60 - 3)), 100) << "two lines";
+    }
+  }
+}
+
+TEST_F(SkinnedWindowsTest, TextHasTheDesktopsSizeAsFarAsThereIsRoom) {
+  for (const auto& [desktops, shown] : {std::pair{8, 12}, std::pair{12, 12}, std::pair{30, 13}}) {
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPixelSize(desktops);
+    QApplication::setFont(font);
+    const auto form = NewMsgForm();
+    EXPECT_EQ(QFontInfo(Find<QWidget>(*form, "Message").font()).pixelSize(), shown);
+    QApplication::setFont(before);
+  }
 }
 
 TEST_F(SkinnedWindowsTest, AWindowWithoutItsSkinIsNeverSeenAndNoGameOpensInIt) {

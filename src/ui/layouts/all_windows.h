@@ -2,28 +2,35 @@
 // Every shaped window. Those without controls here are plain surfaces so far.
 #pragma once
 
+#include "ui/layouts/about_box.h"
 #include "ui/layouts/board.h"
+#include "ui/layouts/choose_opponent.h"
+#include "ui/layouts/credits.h"
 #include "ui/layouts/exchange_pawn.h"
+#include "ui/layouts/game_interface.h"
 #include "ui/layouts/msg_form.h"
+#include "ui/layouts/new_game_info.h"
+#include "ui/layouts/notify_form.h"
+#include "ui/layouts/select_sound.h"
 #include "ui/layouts/status_window.h"
 
 namespace ui::layouts {
 
 inline constexpr Layout allWindows[] = {
     statusWindow,
-    {"NotifyForm", {460, 185}},
-    {"SelectSound", {309, 233}},
-    {"ChooseOpponent", {329, 141}},
+    notifyForm,
+    selectSound,
+    chooseOpponent,
     exchangePawn,
-    {"Credits", {499, 284}},
-    {"NewGameInfo", {351, 232}},
+    credits,
+    newGameInfo,
     {"OptionsPage", {528, 359}},
     board,
     {"SetupWarningForm", {454, 259}},
     {"SelectPrinter", {351, 191}},
-    {"AboutBox", {461, 298}},
+    aboutBox,
     msgForm,
-    {"GameInterface", {719, 341}},
+    gameInterface,
 };
 
 }  // namespace ui::layouts

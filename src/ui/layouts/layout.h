@@ -39,13 +39,14 @@ enum class Surface {
   Tool,      ///< a button of the window's own strip stands here, drawn by the program
   Picture,   ///< a picture of the program's stands here, with nothing behind it but the surface
   Occasion,  ///< shown now and then only: the background must look complete without it
-  Ornament,  ///< no control at all: room for something of the skin's own
+  Ornament,  ///< no control at all: letters that the background draws
 };
 
 struct Control {
   std::string_view name;
   Surface surface;
   Rect rect;
+  std::string_view text = {};  ///< of an ornament
 };
 
 /// One window. It has the outline of its name.

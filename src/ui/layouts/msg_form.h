@@ -10,7 +10,7 @@ namespace ui::layouts {
 inline constexpr Control msgFormControls[] = {
     {"MessageIcon", Surface::Picture, {27, 36, 48, 48}},
     {"FormCaption", Surface::Label, {91, 34, 344, 20}},
-    {"Message", Surface::Panel, {91, 62, 344, 108}},
+    {"Message", Surface::Panel, {91, 62, 344, 102}},
     {"CancelButton", Surface::Button, {127, 182, 96, 28}},
     {"OkButton", Surface::Button, {239, 182, 96, 28}},
 };

@@ -45,4 +45,10 @@ enum BoardButtonRow {
   CloseRow,  ///< Close and Cancel
 };
 
+/// "InterfaceButtons.bmp": the same cells for the game list's four buttons, without a state of its
+/// own for hover. The rows don't follow the buttons: the third button is the last row.
+inline constexpr Strip interfaceButtons{toolbarButtons.cell, 3, 4};
+enum InterfaceColumn { InterfaceUp, InterfaceDown, InterfaceDisabled };
+enum InterfaceButtonRow { PlayGameRow, NewGameRow, NewSetupRow, NewComputerRow };
+
 }  // namespace ui::layouts

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/single_instance.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "desktop/folders.h"
+
+namespace desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Only the user's own: the session's folder, or his data folder where there is none.
+std::string LockFolder() {
+  const char* session = std::getenv("XDG_RUNTIME_DIR");
+  std::error_code error;
+  if (session && *session == '/' && fs::is_directory(session, error)) {
+    return std::string(session) + "/";
+  }
+  const std::string folder = DataHome() + "tarvolenix/";
+  fs::create_directories(folder, error);
+  return folder;
+}
+
+/// The same for every path that leads to the folder.
+QString LockName(const std::string& programFolder) {
+  const QString folder = QDir(QString::fromStdString(programFolder)).canonicalPath();
+  const QByteArray digest =
+      QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha256).toHex();
+  return u"tarvolenix-"_s + QString::fromLatin1(digest.left(16)) + u".lock"_s;
+}
+
+}  // namespace
+
+SingleInstance::SingleInstance(const std::string& programFolder)
+    : lock_(std::make_unique<QLockFile>(QString::fromStdString(LockFolder()) +
+                                        LockName(programFolder))) {
+  // However long the program runs, its lock is good; a dead process's is not.
+  lock_->setStaleLockTime(0);
+}
+
+bool SingleInstance::IsAnotherRunning() {
+  return !lock_->isLocked() && !lock_->tryLock() && lock_->error() == QLockFile::LockFailedError;
+}
+
+}  // namespace desktop

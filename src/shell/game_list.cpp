@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/game_list.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "mail/mail_session.h"
+#include "platform/busy_pointer.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/registry.h"
+#include "platform/setting_variables.h"
+#include "platform/text_fields.h"
+#include "shell/shut_down.h"
+#include "shell/tray_status.h"
+#include "store/queries.h"
+#include "store/query_words.h"
+#include "store/saving.h"
+
+namespace shell {
+
+using platform::Process;
+
+namespace {
+
+constexpr const char* sortKeys[] = {"", "Game_status;", "Game_opponents_name;", "Game_name;",
+                                    "Game_date;"};
+
+std::optional<std::int32_t> FirstPending() {
+  return platform::ToInteger32(platform::GetField(Process().PendingGames, 1, ';'));
+}
+
+bool IsNumber(std::string_view text) {
+  return !text.empty() &&
+         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace
+
+int StatusIconOf(std::int16_t status) {
+  switch (status) {
+    case store::MoveWaiting:
+      return firstStatusIcon;
+    case store::WaitingForOpponent:
+    case store::DrawOfferSent:
+      return 4;
+    case store::GameWon:
+      return 5;
+    case store::GameLost:
+      return 6;
+    case store::GameDrawn:
+      return 7;
+    default:
+      return 0;
+  }
+}
+
+std::optional<platform::Date> DayOfGame(const std::string& storedDate) {
+  constexpr std::size_t dayLength = 2, yearLength = 4;
+  if (storedDate.size() < dayLength + dayLength + yearLength) return std::nullopt;
+  const std::string day = storedDate.substr(0, dayLength);
+  const bool hasSlashes = storedDate.find('/') != std::string::npos;
+  const std::string month = hasSlashes ? std::string(platform::GetField(storedDate, 2, '/'))
+                                       : storedDate.substr(dayLength, dayLength);
+  const std::string year = storedDate.substr(storedDate.size() - yearLength);
+  for (const std::string& part : {day, month, year}) {
+    if (!IsNumber(part)) return std::nullopt;
+  }
+  return platform::ToDate(day + "/" + month + "/" + year);
+}
+
+bool IsDescending(const std::string& order) { return store::UpperCase(order) == "DESC"; }
+
+GameList ReadGameList(std::int16_t& column, std::string& order,
+                      std::optional<std::int32_t> selectGame) {
+  column = std::clamp<std::int16_t>(column, StatusColumn, DateColumn);
+  GameList list;
+  list.isDamaged = !store::SelectGames(
+      list.games, {}, sortKeys[column] + std::string(IsDescending(order) ? "D" : "A"));
+  if (!selectGame) selectGame = FirstPending();
+  const auto selected =
+      std::find_if(list.games.begin(), list.games.end(),
+                   [&](const store::GameRecord& game) { return game.GAME_ID == selectGame; });
+  if (selected != list.games.end()) {
+    list.selected = static_cast<std::size_t>(selected - list.games.begin());
+  }
+  Process().GameListSortColumn = column;
+  Process().GameListSortOrder = order;
+  return list;
+}
+
+bool MayStartMailGame() { return !Process().Offline || Process().StandAlone; }
+
+bool DeleteGame(std::int32_t gameID, const std::string& title) {
+  if (!platform::ShowMessage(platform::InformationIcon, "Delete game.",
+                             "Are you sure you wish to delete the game titled " + title + "?",
+                             "Yes", "No", false, platform::AttentionSound)) {
+    return false;
+  }
+  if (store::RemoveGame(gameID)) return true;
+  platform::ShowMessage(
+      platform::DatabaseIcon, "Delete game.",
+      "A database error prevented Tarvolenix from deleteing the currently selected game.  Please "
+      "try again.||If this problem persists your database may be corrupt and reinstalling "
+      "Tarvolenix should fix it.",
+      "OK", {}, false, platform::FailureSound);
+  return false;
+}
+
+void RetrieveFromGameList(bool import) {
+  const platform::PollingHold hold;
+  if (import) {
+    mail::LogonAndCollect(true, true, true);
+  } else {
+    const platform::BusyPointer busy;
+    // Without a tray this is the only way out of the guard that a failed logon leaves.
+    if (!platform::Settings().SystrayStartup) platform::SetLogonStatus(false);
+    platform::ShowStatus(true, "Logging on...");
+    mail::LogonAndCollect(false, true, true);
+  }
+  UpdateTrayStatus(platform::TrayOperation::Modify);
+}
+
+void GameListOpened() {
+  Process().NewMoveArrived = false;
+  UpdateTrayStatus(platform::TrayOperation::Modify);
+  Process().GameListOpen = true;
+}
+
+void GameListClosed() {
+  platform::TheDesktop().help->CloseHelp();
+  if (Process().ShuttingDown) return;
+  Process().GameListOpen = false;
+  Process().NewMoveArrived = false;
+  const bool livesInTray = platform::Settings().SystrayStartup;
+  if (livesInTray) UpdateTrayStatus(platform::TrayOperation::Modify);
+  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  if (!livesInTray) ExitProgram();
+}
+
+}  // namespace shell

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Telling the user of moves that have come in, and leading him to them.
+#pragma once
+
+#include "platform/windows.h"
+
+namespace shell {
+
+/// Plays the sound, and asks about the games in PendingGames one after the other. Does nothing
+/// while the game list is open, which shows them. What the user hasn't answered stays pending.
+void NotifyNewMoves();
+
+/// Asks about the first game in PendingGames. A game that is gone is told and counts as Later.
+platform::NotifyChoice ShowNotification();
+
+}  // namespace shell

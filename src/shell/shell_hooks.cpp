@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/shell_hooks.h"
+
+#include "platform/desktop.h"
+#include "shell/notification.h"
+#include "shell/tray_status.h"
+
+namespace shell {
+
+void FillHooks() {
+  platform::ShellHooks& hooks = platform::TheDesktop().hooks;
+  hooks.updateTrayStatus = [] { UpdateTrayStatus(platform::TrayOperation::Modify); };
+  hooks.notifyNewMoves = NotifyNewMoves;
+  hooks.removeTrayIcon = RemoveTrayIcon;
+  hooks.closeHelp = [] { platform::TheDesktop().help->CloseHelp(); };
+}
+
+}  // namespace shell

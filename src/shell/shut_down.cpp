@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/shut_down.h"
+
+#include <utility>
+
+#include "mail/mail_session.h"
+#include "platform/desktop.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "shell/settings.h"
+#include "shell/tray_status.h"
+#include "store/saving.h"
+
+namespace shell {
+
+using platform::Process;
+
+namespace {
+
+platform::Windows& Windows() { return *platform::TheDesktop().windows; }
+
+void Stop() {
+  platform::TheDesktop().help->CloseHelp();
+  if (Process().ShuttingDown) return;
+  platform::SetCheckTimer(false);
+  RemoveTrayIcon();
+  mail::MailLogoff(true);
+  ShutdownProgram(Process().StartupComplete);
+}
+
+}  // namespace
+
+void ExitProgram() {
+  store::BackupDatabase();
+  CloseSystemTray();
+}
+
+void ExitFromGameList() {
+  store::BackupDatabase();
+  Windows().CloseGameList();
+  CloseSystemTray();
+}
+
+void CloseSystemTray() {
+  // A game list that the program lives in closes the hidden window when it is closed itself.
+  if (std::exchange(Process().Stopping, true)) return;
+  Stop();
+  platform::CallHook(platform::TheDesktop().hooks.stopped);
+}
+
+void ShutdownProgram(bool save) {
+  if (save) SaveSettings();
+  Windows().CloseAll();
+}
+
+void AbortStart() {
+  if (Process().Stopping) return;  // it was stopped in order meanwhile
+  Process().ShuttingDown = true;
+  Windows().CloseSplash();
+  CloseSystemTray();
+}
+
+}  // namespace shell

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/tray_status.h"
+
+#include "platform/desktop.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "store/queries.h"
+
+namespace shell {
+
+using platform::Process;
+using platform::TrayOperation;
+
+namespace {
+
+constexpr int picturesOfSet = 3;
+constexpr std::size_t longestTip = 63;
+
+int PictureOf(int kind) { return (platform::Settings().SysTrayIcons - 1) * picturesOfSet + kind; }
+
+std::string CaptionOf(const std::string& tip) {
+  const std::string mark = " - ";
+  const auto found = tip.find(mark);
+  return "Tarvolenix : " + (found == std::string::npos ? tip : tip.substr(found + mark.size()));
+}
+
+bool IsDisconnected() { return Process().Offline && !Process().StandAlone; }
+
+}  // namespace
+
+void SetTrayIcon(TrayOperation operation, int kind, const std::string& tip) {
+  // What closes behind the icon has news for it too.
+  if (Process().Stopping && operation != TrayOperation::Delete) return;
+  platform::Desktop& desktop = platform::TheDesktop();
+  if (platform::Settings().SystrayStartup) {
+    desktop.tray->Notify(operation, PictureOf(kind), tip.substr(0, longestTip));
+  } else if (operation != TrayOperation::Delete) {
+    desktop.windows->SetGameListFace(PictureOf(kind), CaptionOf(tip));
+  }
+}
+
+bool AnyNewArrivals() {
+  store::GameRecords games;
+  return store::SelectGames(games, "Game_status;1") && !games.empty();
+}
+
+void UpdateTrayStatus(TrayOperation operation) {
+  if (IsDisconnected()) {
+    SetTrayIcon(operation, NotConnected, "Tarvolenix - Not connected");
+  } else if (AnyNewArrivals()) {
+    SetTrayIcon(operation, NewMove, "Tarvolenix - New move arrived");
+  } else {
+    SetTrayIcon(operation, NothingNew, "Tarvolenix - Nothing new");
+  }
+}
+
+void RemoveTrayIcon() { SetTrayIcon(TrayOperation::Delete, NothingNew, {}); }
+
+TrayMenuState TrayMenu() {
+  const bool listOpen = Process().GameListOpen;
+  return {!listOpen, !listOpen && !IsDisconnected(), !listOpen,
+          Process().Offline ? "Logon / Retrieve games" : "Retrieve games"};
+}
+
+}  // namespace shell

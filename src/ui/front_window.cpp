@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/front_window.h"
+
+#include <QApplication>
+#include <QWidget>
+
+namespace ui {
+
+void BringToFront(QWidget& window) {
+  if (window.isMinimized()) window.showNormal();
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+void BringActiveWindowToFront() {
+  QWidget* window = QApplication::activeModalWidget();
+  if (!window) window = QApplication::activeWindow();
+  if (!window) {
+    for (QWidget* candidate : QApplication::topLevelWidgets()) {
+      const bool isWindow = candidate->windowType() != Qt::Popup && candidate->isVisible();
+      if (isWindow) window = candidate;
+    }
+  }
+  if (window) BringToFront(*window);
+}
+
+}  // namespace ui

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Bringing a window before the user who looks for it.
+#pragma once
+
+class QWidget;
+
+namespace ui {
+
+void BringToFront(QWidget& window);
+
+/// The dialog that waits for an answer, else the window that was used last.
+void BringActiveWindowToFront();
+
+}  // namespace ui

@@ -1,0 +1,357 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/game_interface.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+#include "platform/desktop.h"
+#include "platform/process_state.h"
+#include "platform/registry.h"
+#include "platform/setting_variables.h"
+#include "shell/game_list.h"
+#include "shell/playing.h"
+#include "shell/tray_status.h"
+#include "ui/disabled_window.h"
+#include "ui/game_list_grid.h"
+#include "ui/game_list_model.h"
+#include "ui/layouts/game_interface.h"
+#include "ui/look.h"
+#include "ui/program_pictures.h"
+#include "ui/shown_text.h"
+#include "ui/strip_button.h"
+#include "ui/system_button.h"
+#include "ui/window_region.h"
+#include "ui/window_skin.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using platform::Process;
+
+namespace {
+
+// Until what they lead to is there.
+constexpr bool computerGameIsThere = false;
+constexpr bool setupGameIsThere = false;
+
+struct ToolbarEntry {
+  int button;
+  const char* plainCaption;
+  const char* caption;
+  layouts::InterfaceButtonRow row;
+  const char* toolTip;
+};
+constexpr ToolbarEntry toolbarEntries[] = {
+    {PlayGameButton, "&Play game", "Play", layouts::PlayGameRow,
+     "PLAY - Play the currently selected game"},
+    {NewGameButton, "&New game", "New game", layouts::NewGameRow,
+     "NEW EMAIL GAME - Start a new email game"},
+    {ComputerGameButton, "&vs. Computer", "Computer", layouts::NewComputerRow,
+     "NEW COMPUTER GAME - Start a new game against the computer"},
+    {SetupGameButton, "&Setup new game", "Setup", layouts::NewSetupRow,
+     "NEW SETUP GAME - Configure the board layout before starting a new game"},
+};
+
+struct MenuLabel {
+  ButtonTwins names;
+  const char* caption;
+  const char* plainCaption;  ///< with a key that no button of the toolbar has
+  const char* toolTip;
+  InterfaceMenu menu;
+};
+constexpr MenuLabel menuLabels[] = {
+    {{"FileMenuButton", "FileMenu_L"}, "File", "&File", "File menu", FileMenu},
+    {{"SortMenuButton", "SortMenu_L"}, "Sort", "S&ort", "Sort menu", SortMenu},
+    {{"GameMenuButton", "GameMenu_L"}, "Game", "&Game", "Game menu", GameMenu},
+    {{"HelpMenuButton", "HelpMenu_L"}, "Help", "&Help", "Help menu", HelpMenu},
+};
+
+constexpr int leastWidth = 9000 / twipsPerPixel;
+constexpr int leastHeight = 4050 / twipsPerPixel;
+constexpr int margin = 8;
+constexpr int buttonWidth = 96;
+constexpr int buttonHeight = 28;
+
+void ShowHelp() { platform::TheDesktop().help->ShowHelp(platform::HelpOfGameList); }
+
+QString EmptyNotice() {
+  const QString address =
+      Shown(platform::ReturnValue(platform::ReadRegistry(platform::mailSection, "MyAddress"),
+                                  "not set yet (the first mail asks for it)"));
+  return u"There are no games yet.\n\n"
+         u"To begin one, choose New game: your opponent gets your first move by mail.\n"
+         u"If somebody has invited you, wait for the mail with the first move, and choose Retrieve "
+         u"games from the File menu.\n\n"
+         u"Your own address, for those who want to play with you: %1"_s.arg(address);
+}
+
+QString DamageNotice() {
+  return u"The file with your games can't be read, so none can be shown.\n\n"
+         u"It may be damaged or not accessible: %1\n\n"
+         u"The file \"tvgdb.bak\" beside it holds the games as they were before the latest "
+         u"change."_s.arg(Shown(Process().DataPath + Process().DatabaseFile));
+}
+
+void SetTip(const QWidget& window, const char* name, const char* tip) {
+  auto* control = window.findChild<QWidget*>(QLatin1StringView(name));
+  if (control)
+    control->setToolTip(platform::Settings().ShowToolTips ? QLatin1StringView(tip)
+                                                          : QLatin1StringView());
+}
+
+}  // namespace
+
+GameInterface::GameInterface(GameListMenus menus)
+    : menus_(std::move(menus)), grid_(new GameListGrid(this)) {
+  setObjectName(u"GameInterface"_s);
+  setAttribute(Qt::WA_DeleteOnClose);
+  setWindowTitle(u"Tarvolenix - Game list"_s);
+  AddToolbar();
+  AddMenuButtons();
+  if (!IsSimpleUI()) AddWindowButtons();
+  hasSkin_ = TakeLook(*this, layouts::gameInterface, [this] { SetSimpleUI(); });
+  if (!hasSkin_) return;
+  RefreshInterfaceButtons();
+  if (const auto* skin = WindowSkin::Of(*this)) {
+    connect(skin, &WindowSkin::Worn, this, &GameInterface::RefreshInterfaceButtons);
+  }
+  connect(grid_, &GameListGrid::SortWanted, this, [this](int column, bool descending) {
+    FillGameList(static_cast<std::int16_t>(column), descending ? "DESC" : "");
+  });
+  connect(grid_, &GameListGrid::PlayWanted, this, &GameInterface::PlayCurrentGame);
+  connect(grid_, &GameListGrid::DeleteWanted, this, &GameInterface::DeleteGame);
+  connect(grid_, &GameListGrid::MenuWanted, this,
+          [this](QPoint place) { menus_.popUp(GameListPopup, place); });
+}
+
+void GameInterface::AddToolbar() {
+  for (const ToolbarEntry& entry : toolbarEntries) {
+    QAbstractButton* button = nullptr;
+    if (IsSimpleUI()) {
+      button = new QPushButton(QLatin1StringView(entry.plainCaption), this);
+      button->setObjectName(u"Toolbar1S_%1"_s.arg(entry.button));
+      button->setMinimumSize(buttonWidth, buttonHeight);
+    } else {
+      button = new StripButton(u"Toolbar1_%1"_s.arg(entry.button), layouts::interfaceButtons,
+                               entry.row, this);
+      button->setText(QLatin1StringView(entry.caption));
+      button->setAccessibleName(QString(QLatin1StringView(entry.plainCaption)).remove(u'&'));
+    }
+    button->setFocusPolicy(Qt::TabFocus);
+    connect(button, &QAbstractButton::released, grid_, qOverload<>(&QWidget::setFocus));
+    connect(button, &QAbstractButton::clicked, this,
+            [this, number = entry.button] { ClickToolbar(number); });
+    toolbar_[static_cast<std::size_t>(entry.button)] = button;
+  }
+}
+
+void GameInterface::AddMenuButtons() {
+  for (const MenuLabel& label : menuLabels) {
+    QAbstractButton* button = nullptr;
+    if (IsSimpleUI()) {
+      auto* plain = new QToolButton(this);
+      plain->setAutoRaise(true);
+      plain->setFocusPolicy(Qt::TabFocus);
+      button = plain;
+    } else {
+      button = new SystemButton({}, this);
+    }
+    button->setObjectName(
+        QLatin1StringView(IsSimpleUI() ? label.names.plain : label.names.skinned));
+    button->setText(QLatin1StringView(IsSimpleUI() ? label.plainCaption : label.caption));
+    // As a menu does, on the press; the menu takes the release.
+    connect(button, &QAbstractButton::pressed, this, [this, button, menu = label.menu] {
+      PopUp(menu, *button);
+      button->setDown(false);
+    });
+  }
+}
+
+/// What a window without a frame has of its own.
+void GameInterface::AddWindowButtons() {
+  auto* logo = new QLabel(this);
+  logo->setObjectName(u"TVLogo"_s);
+  logo->setPixmap(QIcon(ProgramPicturePath(u"tarvolenix.png"_s))
+                      .pixmap(layouts::RectOf(layouts::gameInterface, "TVLogo").width));
+  const auto add = [this](const QString& name, const QString& caption, const QString& meaning,
+                          auto click) {
+    auto* button = new SystemButton(name, this);
+    button->setText(caption);
+    button->setAccessibleName(meaning);
+    connect(button, &SystemButton::clicked, this, click);
+  };
+  add(u"HelpButton"_s, u"?"_s, u"Help"_s, ShowHelp);
+  add(u"MinimiseButton"_s, u"\u2013"_s, u"Minimise the game interface"_s,
+      [this] { showMinimized(); });
+  add(u"HideButton"_s, u"\u00d7"_s, u"Finished with game interface"_s, [this] { close(); });
+}
+
+void GameInterface::SetSimpleUI() {
+  auto* menus = new QHBoxLayout;
+  menus->setSpacing(0);
+  for (const MenuLabel& label : menuLabels) {
+    menus->addWidget(findChild<QToolButton*>(QLatin1StringView(label.names.plain)));
+  }
+  menus->addStretch();
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(margin);
+  for (QAbstractButton* button : toolbar_) {
+    if (button) buttons->addWidget(button);
+  }
+  buttons->addStretch();
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(margin, margin / 2, margin, margin);
+  layout->setSpacing(margin);
+  layout->addLayout(menus);
+  layout->addLayout(buttons);
+  layout->addWidget(grid_, 1);
+  setMinimumSize(leastWidth, leastHeight);
+  resize(leastWidth, leastHeight);
+}
+
+void GameInterface::FillGameList(std::int16_t column, std::string order,
+                                 std::optional<std::int32_t> selectGame) {
+  shell::GameList list = shell::ReadGameList(column, order, selectGame);
+  const bool anyGame = !list.games.empty(), mayStart = shell::MayStartMailGame();
+  const bool descending = shell::IsDescending(order);
+  const QString notice = list.isDamaged ? DamageNotice() : EmptyNotice();
+  grid_->Fill(std::move(list), column, descending, notice);
+  if (anyGame) menus_.checkSort(column, descending);
+  menus_.enableGameEntries(anyGame);
+  menus_.enableNewGames(mayStart);
+  SetToolbarButton(PlayGameButton, anyGame);
+  SetToolbarButton(NewGameButton, mayStart);
+  SetToolbarButton(ComputerGameButton, computerGameIsThere);
+  SetToolbarButton(SetupGameButton, mayStart && setupGameIsThere);
+}
+
+void GameInterface::Refill(std::optional<std::int32_t> selectGame) {
+  FillGameList(Process().GameListSortColumn, Process().GameListSortOrder, selectGame);
+}
+
+std::optional<std::int32_t> GameInterface::SelectedGame() const {
+  const store::GameRecord* game = grid_->SelectedGame();
+  if (!game) return std::nullopt;
+  return game->GAME_ID;
+}
+
+void GameInterface::PlayCurrentGame() {
+  if (const auto game = SelectedGame()) shell::PlayGame(*game);
+}
+
+void GameInterface::DeleteGame() {
+  const store::GameRecord* game = grid_->SelectedGame();
+  if (!game || !shell::DeleteGame(game->GAME_ID, game->GAME_NAME)) return;
+  Refill();
+  shell::UpdateTrayStatus(platform::TrayOperation::Modify);
+}
+
+void GameInterface::GetGames(bool import) {
+  const auto selected = SelectedGame();
+  const DisabledWindow disabled(*this);
+  shell::RetrieveFromGameList(import);
+  Refill(selected);
+}
+
+void GameInterface::ClickToolbar(int button) {
+  if (button == PlayGameButton) return PlayCurrentGame();
+  Process().ComputerGame = button == ComputerGameButton;
+  Process().SetupGame = button != NewGameButton;
+  shell::StartNewGame(true);
+}
+
+void GameInterface::SetToolbarButton(int button, bool enabled) {
+  toolbar_[static_cast<std::size_t>(button)]->setEnabled(enabled);
+}
+
+void GameInterface::PopUp(InterfaceMenu menu, const QWidget& below) {
+  const auto* skinned = qobject_cast<const SystemButton*>(&below);
+  const QRect place = skinned ? skinned->Place() : below.geometry();
+  menus_.popUp(menu, mapToGlobal(place.bottomLeft() + QPoint(0, 1)));
+}
+
+void GameInterface::SetFace(const QIcon& icon, const QString& caption) {
+  setWindowIcon(icon);
+  setWindowTitle(caption);
+}
+
+void GameInterface::RefreshInterfaceButtons() {
+  const WindowSkin* skin = WindowSkin::Of(*this);
+  if (!skin) return;
+  const QImage strip = skin->Strip("InterfaceButtons");
+  for (QAbstractButton* button : toolbar_) {
+    if (button) static_cast<StripButton*>(button)->SetStrip(strip);
+  }
+}
+
+void GameInterface::SetToolTips() {
+  for (const MenuLabel& label : menuLabels) {
+    for (const char* name : {label.names.skinned, label.names.plain}) {
+      SetTip(*this, name, label.toolTip);
+    }
+  }
+  for (const ToolbarEntry& entry : toolbarEntries) {
+    for (const char* name : {"Toolbar1_%1", "Toolbar1S_%1"}) {
+      SetTip(*this, QString(QLatin1StringView(name)).arg(entry.button).toLatin1().constData(),
+             entry.toolTip);
+    }
+  }
+  SetTip(*this, "MinimiseButton", "Minimise the game interface");
+  SetTip(*this, "HideButton", "Finished with game interface");
+  SetTip(*this, "GameList", "All the chess games held in the database");
+}
+
+void GameInterface::showEvent(QShowEvent* event) {
+  if (hasSkin_ && !opened_) {
+    opened_ = true;
+    Refill();
+    shell::GameListOpened();
+    SetToolTips();
+    grid_->setFocus();
+  }
+  QWidget::showEvent(event);
+}
+
+void GameInterface::changeEvent(QEvent* event) {
+  // Another window may have changed the skin.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() &&
+      std::exchange(Process().RefreshButtonsPending, false)) {
+    RefreshInterfaceButtons();
+    skinChanged_ = true;
+  }
+  QWidget::changeEvent(event);
+}
+
+void GameInterface::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Escape:
+      showMinimized();
+      return;
+    case Qt::Key_F1:
+      ShowHelp();
+      return;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+void GameInterface::closeEvent(QCloseEvent* event) {
+  // While it waits for the mail only the program's own end closes it.
+  if (!isEnabled() && !Process().Stopping && !Process().ShuttingDown) {
+    event->ignore();
+    return;
+  }
+  if (!std::exchange(opened_, false)) return;
+  if (skinChanged_) Process().RefreshButtonsPending = true;
+  shell::GameListClosed();
+}
+
+}  // namespace ui

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The game list window: the program's overview of all games, with its toolbar and the buttons that
+// pop up its menus. It fills itself when it is shown for the first time, and deletes itself when it
+// is closed.
+#pragma once
+
+#include <QIcon>
+#include <QWidget>
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "ui/interface_menus.h"
+
+class QAbstractButton;
+
+namespace ui {
+
+class GameListGrid;
+
+/// What the window asks of its menus, which belong to the hidden window. Nothing of it may be null.
+struct GameListMenus {
+  std::function<void(InterfaceMenu menu, QPoint globalPlace)> popUp;
+  std::function<void(bool anyGame)> enableGameEntries;
+  std::function<void(bool enabled)> enableNewGames;
+  std::function<void(int column, bool descending)> checkSort;
+};
+
+/// The buttons of the toolbar by their numbers.
+enum GameListButton { PlayGameButton = 1, NewGameButton, ComputerGameButton, SetupGameButton };
+
+class GameInterface : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit GameInterface(GameListMenus menus);
+
+  /// False where the window's skin failed: nothing happens when it closes then.
+  bool IsOpen() const { return hasSkin_; }
+
+  /// Fills the list by that sort, or by the stored one.
+  void FillGameList(std::int16_t column, std::string order,
+                    std::optional<std::int32_t> selectGame = {});
+  void Refill(std::optional<std::int32_t> selectGame = {});
+
+  std::optional<std::int32_t> SelectedGame() const;
+
+  void PlayCurrentGame();
+  void DeleteGame();
+  void GetGames(bool import);
+
+  /// The state of the program, where no tray shows it.
+  void SetFace(const QIcon& icon, const QString& caption);
+
+  void RefreshInterfaceButtons();
+  void SetToolTips();
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void SetSimpleUI();
+  void AddMenuButtons();
+  void AddToolbar();
+  void AddWindowButtons();
+  void ClickToolbar(int button);
+  void SetToolbarButton(int button, bool enabled);
+  void PopUp(InterfaceMenu menu, const QWidget& below);
+
+  GameListMenus menus_;
+  GameListGrid* grid_;
+  std::array<QAbstractButton*, SetupGameButton + 1> toolbar_{};  // by number
+  bool hasSkin_ = false;
+  bool opened_ = false;
+  bool skinChanged_ = false;  // while the window was open
+};
+
+}  // namespace ui

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/game_list_grid.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <utility>
+
+#include "ui/game_list_heading.h"
+#include "ui/game_list_model.h"
+#include "ui/row_table.h"
+#include "ui/window_region.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The date takes the rest.
+constexpr std::pair<shell::GameListColumn, int> columnTwips[] = {
+    {shell::StatusColumn, 450}, {shell::OpponentColumn, 2455}, {shell::TitleColumn, 3390}};
+constexpr int scrollBarTwips = 230;
+constexpr int rowsWithScrollBar = 9;  ///< with the heading
+
+constexpr int rowPadding = 8;
+constexpr int statusPicture = 22;
+constexpr int noticeMargin = 12;
+
+constexpr int InPixels(int twips) { return (twips + twipsPerPixel / 2) / twipsPerPixel; }
+
+}  // namespace
+
+GameListGrid::GameListGrid(QWidget* parent)
+    : QTableView(parent),
+      model_(new GameListModel(this)),
+      heading_(new GameListHeading(this)),
+      notice_(new QLabel(viewport())) {
+  setObjectName(u"GameList"_s);
+  setAccessibleName(u"Games"_s);
+  setHorizontalHeader(heading_);
+  setModel(model_);
+  for (const int hidden : {shell::GameIDColumn, shell::OpponentsIDColumn}) {
+    setColumnHidden(hidden, true);
+  }
+  BecomeRowTable(*this, rowPadding);
+  setIconSize({statusPicture, statusPicture});
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setWordWrap(false);
+
+  notice_->setObjectName(u"Notice"_s);
+  notice_->setTextFormat(Qt::PlainText);
+  notice_->setWordWrap(true);
+  notice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  notice_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  notice_->setMargin(noticeMargin);
+  connect(heading_, &GameListHeading::SortWanted, this, &GameListGrid::SortWanted);
+  connect(this, &QTableView::doubleClicked, this, &GameListGrid::PlayWanted);
+}
+
+void GameListGrid::Fill(shell::GameList list, std::int16_t sortColumn, bool descending,
+                        const QString& notice) {
+  setUpdatesEnabled(false);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);  // of the look
+  const bool empty = list.games.empty();
+  heading_->ShowSortMark(
+      empty ? -1 : sortColumn, descending,
+      model_->Picture(descending ? shell::DescendingIcon : shell::AscendingIcon));
+  model_->Show(std::move(list.games));
+  notice_->setText(notice);
+  notice_->setVisible(empty);
+  FitColumns();
+  if (!empty) {
+    const QModelIndex selected =
+        model_->index(static_cast<int>(list.selected), shell::OpponentColumn);
+    setCurrentIndex(selected);
+    scrollTo(selected, PositionAtTop);
+  }
+  setUpdatesEnabled(true);
+}
+
+const store::GameRecord* GameListGrid::SelectedGame() const {
+  return model_->GameAt(currentIndex().row());
+}
+
+void GameListGrid::FitColumns() {
+  int rest = width() - 2 * frameWidth();
+  if (model_->rowCount() + 1 >= rowsWithScrollBar) rest -= InPixels(scrollBarTwips);
+  rest = std::min(rest, viewport()->width());
+  for (const auto& [column, twips] : columnTwips) {
+    setColumnWidth(column, InPixels(twips));
+    rest -= InPixels(twips);
+  }
+  setColumnWidth(shell::DateColumn, std::max(0, rest));
+}
+
+void GameListGrid::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  notice_->setGeometry(viewport()->rect());
+  FitColumns();
+}
+
+QModelIndex GameListGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  // Alone they would go along the columns.
+  if (action == MoveHome || action == MoveEnd) modifiers |= Qt::ControlModifier;
+  return QTableView::moveCursor(action, modifiers);
+}
+
+void GameListGrid::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+      Q_EMIT DeleteWanted();
+      return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      Q_EMIT PlayWanted();
+      return;
+    default:
+      QTableView::keyPressEvent(event);
+  }
+}
+
+void GameListGrid::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QPoint place = byKey ? visualRect(currentIndex()).bottomLeft()
+                             : viewport()->mapFromGlobal(event->globalPos());
+  if (indexAt(place).isValid()) Q_EMIT MenuWanted(viewport()->mapToGlobal(place));
+}
+
+}  // namespace ui

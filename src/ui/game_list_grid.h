@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The grid of the game list: a fixed heading with the mark of the sort, a picture of how each game
+// stands, and in place of the games, where there are none, a notice.
+#pragma once
+
+#include <QTableView>
+
+#include <cstdint>
+#include <optional>
+
+#include "shell/game_list.h"
+
+class QLabel;
+
+namespace ui {
+
+class GameListHeading;
+class GameListModel;
+
+class GameListGrid : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit GameListGrid(QWidget* parent = nullptr);
+
+  /// Shows the list in one update, its selected row on top. `notice` stands below the heading of an
+  /// empty one.
+  void Fill(shell::GameList list, std::int16_t sortColumn, bool descending, const QString& notice);
+
+  /// Null where no row is selected. Stands until the next fill.
+  const store::GameRecord* SelectedGame() const;
+
+ Q_SIGNALS:
+  void SortWanted(int column, bool descending);
+  void PlayWanted();
+  void DeleteWanted();
+  void MenuWanted(QPoint globalPlace);
+
+ protected:
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void FitColumns();
+
+  GameListModel* model_;
+  GameListHeading* heading_;
+  QLabel* notice_;
+};
+
+}  // namespace ui

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/game_list_model.h"
+
+#include <QDate>
+#include <QLocale>
+
+#include <utility>
+
+#include "ui/program_pictures.h"
+#include "ui/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char* pictureFiles[] = {"1-ascending.ico", "2-descending.ico", "3-new-move.ico",
+                                        "4-waiting.ico",   "5-won.ico",        "6-lost.ico",
+                                        "7-drawn.ico"};
+
+/// Without the tint that a selected row would give it.
+QIcon ReadPictureIcon(const char* file) {
+  const QIcon stored(ProgramPicturePath(u"status/"_s + QLatin1StringView(file)));
+  QIcon icon;
+  for (const QSize& size : stored.availableSizes()) {
+    const QPixmap picture = stored.pixmap(size, 1.0);
+    for (const auto mode : {QIcon::Normal, QIcon::Selected}) icon.addPixmap(picture, mode);
+  }
+  return icon;
+}
+
+/// What the picture says, to those who don't see it.
+QString StandingOf(std::int16_t status) {
+  switch (status) {
+    case store::MoveWaiting:
+      return u"Your move"_s;
+    case store::WaitingForOpponent:
+      return u"Waiting for opponent"_s;
+    case store::GameWon:
+      return u"Won"_s;
+    case store::GameLost:
+      return u"Lost"_s;
+    case store::DrawOfferSent:
+      return u"Draw offered, waiting"_s;
+    case store::GameDrawn:
+      return u"Draw"_s;
+    default:
+      return {};
+  }
+}
+
+QString TextOf(const store::GameRecord& game, int column) {
+  switch (column) {
+    case shell::GameIDColumn:
+      return QString::number(game.GAME_ID);
+    case shell::OpponentColumn:
+      return Shown(game.GAME_OPPONENTS_NAME);
+    case shell::TitleColumn:
+      return Shown(game.GAME_NAME);
+    case shell::DateColumn:
+      return ShownDate(game.GAME_DATE);
+    case shell::OpponentsIDColumn:
+      return game.GAME_OPPONENTS_ID == 0 ? QString() : QString::number(game.GAME_OPPONENTS_ID);
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+QString ShownDate(const std::string& storedDate) {
+  const auto day = shell::DayOfGame(storedDate);
+  if (!day) return Shown(storedDate);
+  return QLocale().toString(QDate(day->year, day->month, day->day), QLocale::LongFormat);
+}
+
+GameListModel::GameListModel(QObject* parent) : QAbstractTableModel(parent) {
+  for (std::size_t i = 0; i < std::size(pictureFiles); ++i) {
+    pictures_[i + 1] = ReadPictureIcon(pictureFiles[i]);
+  }
+}
+
+void GameListModel::Show(store::GameRecords games) {
+  beginResetModel();
+  games_ = std::move(games);
+  endResetModel();
+}
+
+const store::GameRecord* GameListModel::GameAt(int row) const {
+  return row >= 0 && row < rowCount() ? &games_[static_cast<std::size_t>(row)] : nullptr;
+}
+
+int GameListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(games_.size());
+}
+
+int GameListModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : shell::gameListColumns;
+}
+
+QVariant GameListModel::data(const QModelIndex& index, int role) const {
+  const store::GameRecord* game = GameAt(index.row());
+  if (!game) return {};
+  const int column = index.column();
+  switch (role) {
+    case Qt::DisplayRole:
+      return TextOf(*game, column);
+    case Qt::DecorationRole:
+      if (column == shell::StatusColumn) return Picture(shell::StatusIconOf(game->GAME_STATUS));
+      return {};
+    case Qt::AccessibleTextRole:
+      if (column == shell::StatusColumn) return StandingOf(game->GAME_STATUS);
+      return TextOf(*game, column);
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue<Qt::Alignment>(
+          (column == shell::DateColumn ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    default:
+      return {};
+  }
+}
+
+QVariant GameListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  static constexpr const char* headings[shell::gameListColumns] = {
+      "Game_ID", "", "Opponent", "Game title", "Date started", "Game_opponents_ID"};
+  if (orientation != Qt::Horizontal || section < 0 || section >= shell::gameListColumns) return {};
+  if (role == Qt::DisplayRole) return QString(QLatin1StringView(headings[section]));
+  return {};
+}
+
+}  // namespace ui

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The games as the grid of the game list asks for them. Texts are made only for the rows that are
+// seen, so that a list of any length opens at once.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QIcon>
+
+#include <array>
+#include <string>
+
+#include "shell/game_list.h"
+#include "store/game_record.h"
+
+namespace ui {
+
+class GameListModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  explicit GameListModel(QObject* parent);
+
+  void Show(store::GameRecords games);
+  const store::GameRecord* GameAt(int row) const;
+
+  /// The list's pictures count from 1; without a file it is a null icon.
+  const QIcon& Picture(int number) const { return pictures_[static_cast<std::size_t>(number)]; }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  store::GameRecords games_;
+  std::array<QIcon, shell::statusIconCount + 1> pictures_;  // the first one is empty
+};
+
+/// A date in the desktop's long form; one that can't be read shows as it is stored.
+QString ShownDate(const std::string& storedDate);
+
+}  // namespace ui

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's help file, cut into the pages that the help window shows.
+//
+// The file is one HTML text that any browser shows too. A page begins at a heading of the form
+// `<h1><a name="board">The board</a></h1>` or the same with h2, and goes on to the next one; an h2
+// page belongs to the h1 page before it. The place that the windows know as context N is
+// `<a name="context-N"></a>`, anywhere on a page. Links lead to names: `<a href="#board">`. The
+// page named "index" is nothing but links, whose texts are the words of the index. What stands
+// before the first page is for browsers.
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace ui {
+
+struct HelpPage {
+  QString name;
+  QString title;
+  int level = 1;  ///< 1 a chapter, 2 a page of it
+  QString html;
+};
+
+struct IndexWord {
+  QString word;
+  QString name;  ///< where it leads to
+};
+
+struct HelpBook {
+  std::vector<HelpPage> pages;   ///< in the order of the file, without the index
+  std::vector<IndexWord> index;  ///< in the order of the alphabet
+
+  /// The page on which a name stands, from 0.
+  std::optional<std::size_t> PageOf(const QString& name) const;
+};
+
+HelpBook ReadHelpBook(const QString& html);
+
+inline QString NameOfContext(int context) { return QStringLiteral("context-%1").arg(context); }
+
+}  // namespace ui

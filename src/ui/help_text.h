@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The text side of the help window: one page of the help at a time, with the pages that were read
+// before. Links lead to other pages; an address outside the help only shows.
+#pragma once
+
+#include <QTextBrowser>
+
+#include "ui/help_book.h"
+
+namespace ui {
+
+class HelpText : public QTextBrowser {
+  Q_OBJECT
+
+ public:
+  explicit HelpText(const HelpBook& book, QWidget* parent = nullptr);
+
+  void Open(const QString& name);
+
+  /// From 0.
+  std::size_t CurrentPage() const;
+
+ protected:
+  QVariant loadResource(int type, const QUrl& url) override;
+  void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
+
+ private:
+  const HelpBook& book_;
+};
+
+}  // namespace ui

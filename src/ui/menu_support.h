@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the menu entries do: one routine for each menu takes the index of the entry that was chosen
+// and calls the operation of the window that it belongs to.
+#pragma once
+
+#include <functional>
+
+#include "ui/interface_menus.h"
+
+namespace ui {
+
+class ProgramWindows;
+
+class MenuSupport {
+ public:
+  /// `changeAccount` leads to the dialog of the mail account.
+  MenuSupport(ProgramWindows& windows, InterfaceMenus& menus, std::function<void()> changeAccount);
+
+  void Choose(InterfaceMenu menu, int index);
+
+ private:
+  void FileClick(int index);
+  void SortClick(int index);
+  void GameClick(int index);
+  void HelpClick(int index);
+  void GameListPopupClick(int index);
+
+  ProgramWindows& windows_;
+  InterfaceMenus& menus_;
+  std::function<void()> changeAccount_;
+};
+
+}  // namespace ui

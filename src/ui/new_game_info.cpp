@@ -1,0 +1,330 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/new_game_info.h"
+
+#include <QCheckBox>
+#include <QFocusEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include <algorithm>
+#include <exception>
+
+#include "mail/move_mail.h"
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "ui/choose_opponent.h"
+#include "ui/layouts/new_game_info.h"
+#include "ui/look.h"
+#include "ui/shown_text.h"
+#include "ui/system_button.h"
+#include "ui/typed_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using platform::Process;
+
+namespace {
+
+constexpr int longestName = 50;
+constexpr int longestAddress = 255;
+constexpr int lookupDelay = 1500;  // milliseconds
+constexpr int rememberGap = 2;
+
+platform::MAPIMessages& MMess() { return *platform::TheDesktop().MMess; }
+
+/// Asking for help, another window in front or a menu isn't leaving a field.
+bool LeavesField(const QEvent& event) {
+  if (event.type() != QEvent::FocusOut) return false;
+  const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+  return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
+         reason != Qt::MenuBarFocusReason;
+}
+
+}  // namespace
+
+NewGameInfo::NewGameInfo(QWidget* owner)
+    : QDialog(owner),
+      Game_name_(NewField(u"Game_name"_s, u"Game name"_s, longestName)),
+      Game_opponents_name_(NewField(u"Game_opponents_name"_s, u"Opponents name"_s, longestName)),
+      Resolve_(NewButton(*this, {"Resolve", "Resolve"}, u"..."_s)),
+      Game_opponents_email_(
+          NewField(u"Game_opponents_email"_s, u"Opponents email"_s, longestAddress)),
+      remember_(new QCheckBox(u"&Remember this address"_s, this)),
+      ok_(NewButton(*this, {"OkButton", "OKButtonS"}, u"OK"_s)),
+      cancel_(NewButton(*this, {"CancelButton", "CancelButtonS"}, u"Cancel"_s)),
+      Timer1_(new QTimer(this)) {
+  setObjectName(u"NewGameInfo"_s);
+  setWindowTitle(u"New game..."_s);
+  auto* heading = new QLabel(u"Please enter your opponents details."_s, this);
+  heading->setObjectName(u"Label3"_s);
+  Resolve_->setAccessibleName(u"Address book"_s);
+  remember_->setObjectName(u"RememberAddress"_s);
+  remember_->hide();
+  Timer1_->setObjectName(u"Timer1"_s);
+  Timer1_->setInterval(lookupDelay);
+  Timer1_->setSingleShot(true);
+  SetToolTips();
+  SetUpOpponent();
+  Connect();
+  hasLook_ = TakeLook(*this, layouts::newGameInfo, [this] { SetSimpleUI(); });
+  if (!IsSimpleUI()) {
+    const layouts::Rect& email = layouts::RectOf(layouts::newGameInfo, "Game_opponents_email");
+    remember_->setGeometry(email.x, email.Bottom() + rememberGap, email.width,
+                           remember_->sizeHint().height());
+  }
+  Game_name_->setFocus();
+}
+
+QLineEdit* NewGameInfo::NewField(const QString& name, const QString& label, int longest) {
+  auto* field = new QLineEdit(this);
+  field->setObjectName(name);
+  field->setAccessibleName(label);
+  field->setMaxLength(longest);
+  KeepFitForFields(field);
+  field->installEventFilter(this);
+  auto* caption = new QLabel(label, this);
+  caption->setObjectName(name + u"_L"_s);
+  caption->setBuddy(field);
+  return field;
+}
+
+void NewGameInfo::SetToolTips() {
+  if (!platform::Settings().ShowToolTips) return;
+  Game_name_->setToolTip(u"A title to identify the game"_s);
+  Game_opponents_name_->setToolTip(u"Enter your opponents name"_s);
+  Resolve_->setToolTip(u"Click to select an opponent from your address book"_s);
+  Game_opponents_email_->setToolTip(u"Your chosen opponents email address"_s);
+}
+
+void NewGameInfo::SetUpOpponent() {
+  if (Process().ComputerGame) {
+    Game_opponents_name_->setEnabled(false);
+    Game_opponents_name_->setReadOnly(true);
+    Game_opponents_name_->setText(u"The Computer"_s);
+    Game_opponents_email_->setReadOnly(true);
+    Game_opponents_email_->setText(u"n/a"_s);
+    Resolve_->setEnabled(false);
+    SetOkEnabled(!IsSimpleUI());
+    return;
+  }
+  Game_opponents_email_->setReadOnly(!Process().Offline);
+  Resolve_->setEnabled(!Process().Offline);
+  if (!Process().Offline) {
+    Game_opponents_name_->setPlaceholderText(u"name or address"_s);
+    Game_opponents_email_->setPlaceholderText(u"from your address book"_s);
+  }
+  ButtonSet();
+}
+
+void NewGameInfo::Connect() {
+  connect(Game_name_, &QLineEdit::textChanged, this, &NewGameInfo::ButtonSet);
+  connect(Timer1_, &QTimer::timeout, this, &NewGameInfo::Tick);
+  connect(Resolve_, &QAbstractButton::clicked, this, &NewGameInfo::ChooseName);
+  connect(ok_, &QAbstractButton::clicked, this, &QDialog::accept);
+  connect(cancel_, &QAbstractButton::clicked, this, &QDialog::reject);
+  if (Process().ComputerGame) return;
+  connect(Game_opponents_name_, &QLineEdit::textChanged, this, &NewGameInfo::ChangeName);
+  connect(Game_opponents_email_, &QLineEdit::textChanged, this, [this] {
+    remember_->hide();
+    ButtonSet();
+  });
+}
+
+void NewGameInfo::SetSimpleUI() {
+  auto* layout = new QGridLayout(this);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setHorizontalSpacing(16);
+  layout->setVerticalSpacing(8);
+  layout->addWidget(findChild<QLabel*>(u"Label3"_s), 0, 0, 1, 3);
+  layout->setRowMinimumHeight(1, 8);
+  int row = 2;
+  for (QLineEdit* field : {Game_name_, Game_opponents_name_, Game_opponents_email_}) {
+    field->setMinimumSize(220, 28);
+    layout->addWidget(findChild<QLabel*>(field->objectName() + u"_L"_s), row, 0);
+    layout->addWidget(field, row++, 1, 1, field == Game_opponents_name_ ? 1 : 2);
+  }
+  Resolve_->setFixedSize(36, 28);
+  layout->addWidget(Resolve_, 3, 2);
+  QSizePolicy keepsPlace = remember_->sizePolicy();
+  keepsPlace.setRetainSizeWhenHidden(true);
+  remember_->setSizePolicy(keepsPlace);
+  layout->addWidget(remember_, row++, 1, 1, 2);
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  buttons->addStretch();
+  for (QAbstractButton* button : {cancel_, ok_}) {
+    button->setMinimumSize(96, 28);
+    buttons->addWidget(button);
+  }
+  layout->addLayout(buttons, row, 0, 1, 3);
+  layout->setColumnStretch(1, 1);
+  static_cast<QPushButton*>(ok_)->setDefault(true);
+}
+
+bool NewGameInfo::Ask() {
+  FormCanceled_ = !hasLook_ || exec() != Accepted;
+  if (FormCanceled_) return false;
+  Process().NewGame = {Game_name_->text().toStdString(), Game_opponents_name_->text().toStdString(),
+                       Game_opponents_email_->text().toStdString()};
+  show();
+  repaint();
+  return true;
+}
+
+void NewGameInfo::accept() {
+  // Enter leaves no field.
+  if (!ok_->isEnabled() || !ValidateTitle()) return;
+  Remember();
+  QDialog::accept();
+}
+
+void NewGameInfo::done(int result) {
+  pendingResolve_ = false;
+  Timer1_->stop();
+  platform::CallHook(platform::TheDesktop().hooks.closeHelp);
+  QDialog::done(result);
+}
+
+bool NewGameInfo::eventFilter(QObject* watched, QEvent* event) {
+  if (isVisible() && LeavesField(*event)) {
+    if (watched == Game_opponents_name_) LeaveName();
+    if (watched == Game_name_) {
+      ButtonSet();
+      // The control that takes the focus gets it first; a message would cut that off.
+      QMetaObject::invokeMethod(
+          this,
+          [this] {
+            if (isVisible() && !cancel_->hasFocus()) ValidateTitle();
+          },
+          Qt::QueuedConnection);
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void NewGameInfo::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (event->key() == Qt::Key_F1) {
+    if (auto* help = platform::TheDesktop().help) help->ShowHelp(platform::HelpContents);
+  } else if (isReturn && !IsSimpleUI()) {
+    ok_->click();
+  } else {
+    QDialog::keyPressEvent(event);
+  }
+}
+
+void NewGameInfo::ButtonSet() {
+  SetOkEnabled(!Game_name_->text().isEmpty() && !Game_opponents_email_->text().isEmpty());
+}
+
+void NewGameInfo::SetOkEnabled(bool enabled) {
+  if (IsSimpleUI()) {
+    ok_->setEnabled(enabled);
+  } else {
+    SetButtonEnabled(*this, ok_->objectName(), enabled);
+  }
+}
+
+/// False where the title had to be changed: the user was told, and is back in the field.
+bool NewGameInfo::ValidateTitle() {
+  const std::string typed = Game_name_->text().toStdString();
+  const std::string clean = mail::StripReservedText(typed);
+  if (clean == typed) return true;
+  Game_name_->setText(Shown(clean));
+  mail::ReportReservedText(mail::ReservedTextIn::GameName);
+  Game_name_->setFocus();
+  return false;
+}
+
+/// An address never outlives the name that it came with.
+void NewGameInfo::ChangeName() {
+  Game_opponents_email_->clear();
+  ButtonSet();
+}
+
+void NewGameInfo::LeaveName() {
+  if (Game_opponents_name_->text().isEmpty() || Process().Offline || Process().ComputerGame) return;
+  pendingResolve_ = true;
+  Timer1_->start();
+}
+
+void NewGameInfo::Tick() {
+  if (!pendingResolve_) return;
+  ResolveName();
+  ButtonSet();
+}
+
+void NewGameInfo::ResolveName() {
+  pendingResolve_ = false;
+  try {
+    MMess().MsgIndex(-1);
+    MMess().RecipDisplayName(Game_opponents_name_->text().toStdString());
+    MMess().AddressResolveUI(true);
+    MMess().ResolveName();
+    // In this order: the first clears the second.
+    Game_opponents_name_->setText(Shown(MMess().RecipDisplayName()));
+    Game_opponents_email_->setText(Shown(MMess().RecipAddress()));
+    OfferToRemember();
+  } catch (const std::exception&) {
+    // Nobody was found: the name stays, and there is no address.
+  }
+}
+
+void NewGameInfo::ChooseName() {
+  pendingResolve_ = false;
+  try {
+    MMess().MsgIndex(-1);
+    MMess().AddressCaption("Choose an opponent");
+    while (MMess().RecipCount() > 0) {
+      MMess().RecipIndex(0);
+      MMess().DeleteRecipient();
+    }
+    MMess().Show(false);
+    if (MMess().RecipCount() > 1) {
+      QStringList opponents;
+      for (int i = 0; i < MMess().RecipCount(); ++i) {
+        MMess().RecipIndex(i);
+        opponents += Shown(MMess().RecipDisplayName());
+      }
+      MMess().RecipIndex(ChooseOpponent(opponents, this).Choose());
+    }
+    Game_opponents_name_->setText(Shown(MMess().RecipDisplayName()));
+    Game_opponents_email_->setText(Shown(MMess().RecipAddress()));
+  } catch (const std::exception&) {
+    // The user has cancelled.
+  }
+  ButtonSet();
+}
+
+/// What was typed as an address needn't be typed again.
+void NewGameInfo::OfferToRemember() {
+  auto* book = platform::TheDesktop().addressBook;
+  if (!book) return;
+  const auto people = book->People();
+  const std::string address = Game_opponents_email_->text().toStdString();
+  const bool isKnown = std::any_of(people.begin(), people.end(), [&](const auto& entry) {
+    const auto& own = entry.person.addresses;
+    return std::find(own.begin(), own.end(), address) != own.end();
+  });
+  remember_->setChecked(false);
+  remember_->setVisible(!isKnown);
+}
+
+void NewGameInfo::Remember() {
+  if (remember_->isHidden() || !remember_->isChecked()) return;
+  try {
+    platform::TheDesktop().addressBook->Add({Game_opponents_name_->text().toStdString(),
+                                             {Game_opponents_email_->text().toStdString()}});
+  } catch (const std::exception& error) {
+    platform::ShowMessage(platform::ErrorIcon, "Address book",
+                          std::string("The address can't be stored.||") + error.what(), "OK");
+  }
+}
+
+}  // namespace ui

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The dialog of a new game: its title, and who the opponent is. The address comes from the address
+// book, by the name or by a pick; without a mail service it is typed.
+#pragma once
+
+#include <QDialog>
+
+class QAbstractButton;
+class QCheckBox;
+class QLineEdit;
+class QTimer;
+
+namespace ui {
+
+class NewGameInfo : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// For one new game: ComputerGame and Offline count as they are now.
+  explicit NewGameInfo(QWidget* owner = nullptr);
+
+  /// Runs the dialog. Behind OK the texts are in Process().NewGame and the dialog stays up and
+  /// painted, as a backdrop for what takes its place, until it is hidden. False where the user
+  /// cancelled or the window has no skin.
+  bool Ask();
+
+  bool FormCanceled() const { return FormCanceled_; }
+
+  void accept() override;
+  void done(int result) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QLineEdit* NewField(const QString& name, const QString& label, int longest);
+  void SetToolTips();
+  void Connect();
+  void SetUpOpponent();
+  void SetSimpleUI();
+
+  void ButtonSet();
+  void SetOkEnabled(bool enabled);
+  bool ValidateTitle();
+  void ChangeName();
+  void LeaveName();
+  void Tick();
+  void ChooseName();
+  void ResolveName();
+  void OfferToRemember();
+  void Remember();
+
+  QLineEdit* Game_name_;
+  QLineEdit* Game_opponents_name_;
+  QAbstractButton* Resolve_;
+  QLineEdit* Game_opponents_email_;
+  QCheckBox* remember_;
+  QAbstractButton* ok_;
+  QAbstractButton* cancel_;
+  QTimer* Timer1_;
+  bool FormCanceled_ = false;
+  bool pendingResolve_ = false;
+  bool hasLook_ = false;
+};
+
+}  // namespace ui

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/notify_form.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+
+#include <algorithm>
+
+#include "mail/character_count.h"
+#include "platform/messages.h"
+#include "platform/setting_variables.h"
+#include "ui/front_window.h"
+#include "ui/help_key.h"
+#include "ui/layouts/notify_form.h"
+#include "ui/look.h"
+#include "ui/plain_text_view.h"
+#include "ui/pointers.h"
+#include "ui/program_pictures.h"
+#include "ui/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using platform::NotifyChoice;
+
+namespace {
+
+constexpr int tickMilliseconds = 30000;
+constexpr int pictureSize = 48;
+constexpr int plainTextWidth = 400;
+constexpr int highestPlainComment = 160;
+constexpr std::size_t longestBoldComment = 100;
+
+struct ButtonRow {
+  ButtonTwins names;
+  const char* caption;
+  const char* plainCaption;
+  const char* tip;
+  NotifyChoice choice;
+};
+
+/// From left to right: what goes on is on the right.
+constexpr ButtonRow buttonRows[] = {
+    {{"LaterButton", "LaterButtonS"},
+     "Later",
+     "&Later",
+     "Ignore the new move for now",
+     NotifyChoice::Later},
+    {{"GameListButton", "GameListButtonS"},
+     "Game list",
+     "&Game list",
+     "Open the game interface",
+     NotifyChoice::GameList},
+    {{"NextButton", "NextButtonS"},
+     "Next",
+     "&Next",
+     "Skip this move and look at the next",
+     NotifyChoice::Next},
+    {{"PlayButton", "PlayButtonS"}, "Play", "&Play", "Play the new move", NotifyChoice::Play},
+};
+
+QLabel* NewLine(const QString& name, QWidget* window) {
+  auto* line = new QLabel(window);
+  line->setObjectName(name);
+  line->setTextFormat(Qt::PlainText);
+  return line;
+}
+
+/// What doesn't fit shows when it is pointed at.
+void ShowLine(QLabel& line, const QString& text, int width) {
+  const QString fitting = line.fontMetrics().elidedText(text, Qt::ElideRight, width);
+  line.setText(fitting);
+  if (fitting != text) line.setToolTip(text.toHtmlEscaped());
+}
+
+/// A long comment is written a step smaller. Pixels on a skin, whose places are pixels.
+QFont CommentFont(QFont font, bool isLong) {
+  font.setBold(!isLong);
+  if (IsSimpleUI()) {
+    font.setPointSize(isLong ? 9 : 10);
+  } else {
+    font.setPixelSize(isLong ? 12 : 13);
+  }
+  return font;
+}
+
+}  // namespace
+
+NotifyForm::NotifyForm(const platform::NewMove& move, QWidget* parent)
+    : QDialog(parent),
+      picture_(new QLabel(this)),
+      heading_(NewLine(u"Label3"_s, this)),
+      opponent_(NewLine(u"OpName"_s, this)),
+      game_(NewLine(u"GameName"_s, this)),
+      comment_(new PlainTextView(this)) {
+  setObjectName(u"NotifyForm"_s);
+  setWindowTitle(u"Tarvolenix"_s);
+  picture_->setObjectName(u"MessageIcon"_s);
+  picture_->setPixmap(MessagePicture(platform::MailIcon, pictureSize));
+  heading_->setText(u"A new move has arrived"_s);
+  comment_->setObjectName(u"MoveComment"_s);
+  comment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  AddButtons(move.isLast);
+  TakeLook(*this, layouts::notifyForm, [this] { SetSimpleUI(); });
+  ShowMove(move);
+  play_->setFocus();
+  GiveHelpKey(*this, platform::HelpOfTray);
+  StartTicker();
+}
+
+void NotifyForm::AddButtons(bool isLast) {
+  for (const ButtonRow& row : buttonRows) {
+    play_ = NewButton(*this, row.names, QLatin1StringView(row.caption),
+                      QLatin1StringView(row.plainCaption));
+    if (platform::Settings().ShowToolTips) play_->setToolTip(QLatin1StringView(row.tip));
+    play_->setEnabled(row.choice != NotifyChoice::Next || !isLast);
+    connect(play_, &QAbstractButton::clicked, this, [this, choice = row.choice] {
+      UserChoice = choice;
+      accept();
+    });
+  }
+}
+
+void NotifyForm::SetSimpleUI() {
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  buttons->addStretch();
+  for (const ButtonRow& row : buttonRows) {
+    auto* button = findChild<QPushButton*>(QLatin1StringView(row.names.plain));
+    button->setMinimumSize(96, 28);
+    buttons->addWidget(button);
+  }
+  static_cast<QPushButton*>(play_)->setDefault(true);
+
+  auto* layout = new QGridLayout(this);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setHorizontalSpacing(16);
+  layout->setVerticalSpacing(4);
+  layout->addWidget(picture_, 0, 0, 3, 1, Qt::AlignTop);
+  layout->addWidget(heading_, 0, 1);
+  layout->addWidget(opponent_, 1, 1);
+  layout->addWidget(game_, 2, 1);
+  layout->setRowMinimumHeight(3, 8);
+  layout->addWidget(comment_, 4, 1);
+  layout->setRowStretch(4, 1);
+  layout->setRowMinimumHeight(5, 16);
+  layout->addLayout(buttons, 6, 0, 1, 2);
+}
+
+void NotifyForm::ShowMove(const platform::NewMove& move) {
+  QFont bold = heading_->font();
+  bold.setBold(true);
+  heading_->setFont(bold);
+  const int width = IsSimpleUI() ? plainTextWidth : opponent_->width();
+  ShowLine(*opponent_, Shown(move.OpName), width);
+  ShowLine(*game_, Shown(move.GameName), width);
+
+  comment_->setFont(
+      CommentFont(comment_->font(), mail::CharacterCount(move.MoveComment) > longestBoldComment));
+  comment_->SetText(Shown(move.MoveComment));
+  if (IsSimpleUI()) {
+    const int height = std::min(comment_->heightForWidth(plainTextWidth), highestPlainComment);
+    comment_->setMinimumSize(plainTextWidth, height);
+  } else {
+    comment_->setVisible(!move.MoveComment.empty());
+  }
+}
+
+void NotifyForm::StartTicker() {
+  auto* ticker = new QTimer(this);
+  ticker->setObjectName(u"TimeoutTicker"_s);
+  connect(ticker, &QTimer::timeout, this, &NotifyForm::Tick);
+  if (platform::Settings().NotificationTimeout > 0) ticker->start(tickMilliseconds);
+}
+
+void NotifyForm::Tick() {
+  if (++ticks_ == platform::Settings().NotificationTimeout) reject();
+}
+
+void NotifyForm::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isReturn && !IsSimpleUI()) {
+    play_->click();
+  } else {
+    QDialog::keyPressEvent(event);
+  }
+}
+
+NotifyChoice AskAboutNewMove(const platform::NewMove& move) {
+  const OtherPointer arrow(Qt::ArrowCursor);
+  NotifyForm form(move);
+  BringToFront(form);
+  form.exec();
+  return form.UserChoice;
+}
+
+}  // namespace ui

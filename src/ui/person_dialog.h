@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One person of the address book: his name, and his addresses, one to a line.
+#pragma once
+
+#include <QDialog>
+
+#include <functional>
+#include <string>
+
+#include "platform/address_book.h"
+
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace ui {
+
+class OutcomeLine;
+
+class PersonDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  using IsUsable = std::function<bool(const std::string& address)>;
+
+  PersonDialog(const QString& title, const platform::Person& person, IsUsable isUsable,
+               QWidget* parent = nullptr);
+
+  platform::Person Answer() const;
+
+ private:
+  void Refresh();
+
+  IsUsable isUsable_;
+  QLineEdit* name_;
+  QPlainTextEdit* addresses_;
+  OutcomeLine* outcome_;
+  QPushButton* ok_;
+};
+
+}  // namespace ui

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/program_windows.h"
+
+#include <QApplication>
+#include <QException>
+#include <QScreen>
+
+#include <algorithm>
+#include <new>
+
+#include "platform/desktop.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "shell/playing.h"
+#include "shell/start_up.h"
+#include "ui/about_box.h"
+#include "ui/front_window.h"
+#include "ui/interface_menus.h"
+#include "ui/notify_form.h"
+#include "ui/pointers.h"
+#include "ui/program_pictures.h"
+#include "ui/shown_text.h"
+#include "ui/skin.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using platform::Process;
+
+namespace {
+
+/// In this order the windows close and are forgotten.
+constexpr const char* slots_[] = {"AboutBox",     "Board",         "ChooseOpponent", "Credits",
+                                  "ExchangePawn", "GameInterface", "MsgForm",        "NewGameInfo",
+                                  "OptionsPage",  "SelectSound",   "SplashScreen",   "StatusWindow",
+                                  "SystemTray",   "NotifyForm"};
+
+/// Shows one of the program's windows where the other one stands, as far as the screen has room
+/// for it there.
+void Replace(QWidget& old, QWidget& next) {
+  const QRect place = old.frameGeometry();
+  const QRect screen = old.screen()->availableGeometry();
+  // Next may have had no frame yet; the old one's is the same.
+  QRect frame({}, next.size() + place.size() - old.size());
+  frame.moveCenter(place.center());
+  old.hide();
+  next.move(std::max(screen.left(), std::min(frame.left(), screen.right() + 1 - frame.width())),
+            std::max(screen.top(), std::min(frame.top(), screen.bottom() + 1 - frame.height())));
+  next.show();
+}
+
+/// Makes a window. What the toolkit raises is the platform's failure.
+template <typename Window, typename... Arguments>
+Window* Made(Arguments&&... arguments) {
+  try {
+    return new Window(std::forward<Arguments>(arguments)...);
+  } catch (const QException& error) {
+    throw platform::WindowError(error.what());
+  }
+}
+
+GameListMenus MenusOf(InterfaceMenus& menus) {
+  GameListMenus list;
+  list.popUp = [&menus](InterfaceMenu menu, QPoint place) { menus.Menu(menu).popup(place); };
+  list.enableGameEntries = [&menus](bool anyGame) { menus.EnableGameEntries(anyGame); };
+  list.enableNewGames = [&menus](bool enabled) { menus.EnableNewGames(enabled); };
+  list.checkSort = [&menus](int column, bool descending) { menus.CheckSort(column, descending); };
+  return list;
+}
+
+}  // namespace
+
+ProgramWindows::ProgramWindows(InterfaceMenus& menus) : menus_(menus) {}
+
+ProgramWindows::~ProgramWindows() {
+  delete board_;
+  delete list_;
+  delete splash_;
+  Process().GameListOpen = false;
+}
+
+bool ProgramWindows::ApplySkinToSystemTray() { return ui::ApplySkinToSystemTray(); }
+
+bool ProgramWindows::LoadChessGraphics() {
+  const platform::SettingVariables& settings = platform::Settings();
+  return ui::LoadChessGraphics(settings.ChessSet, settings.ChessBoard, graphics_);
+}
+
+void ProgramWindows::ShowSplash() {
+  splash_ = Made<SplashScreen>([] { shell::HandOver(); });
+  splash_->Display();
+}
+
+void ProgramWindows::CloseSplash() {
+  if (splash_) splash_->CloseAtOnce();
+}
+
+void ProgramWindows::ShowGameList() {
+  if (!list_) {
+    list_ = Made<GameInterface>(MenusOf(menus_));
+    if (!list_->IsOpen()) {
+      delete list_;
+      return;
+    }
+  }
+  if (board_ && board_->isVisible()) {
+    Replace(*board_, *list_);
+  } else {
+    BringToFront(*list_);
+  }
+  list_->repaint();
+}
+
+void ProgramWindows::CloseGameList() {
+  if (list_) list_->close();
+}
+
+void ProgramWindows::HideGameList() {
+  if (list_) list_->hide();
+}
+
+void ProgramWindows::BringBackGameList() {
+  FillGameList(Process().CurrentGameID);
+  // The board has taken the flag, and the list hasn't seen the new skin.
+  if (board_ && board_->SkinChanged()) Process().RefreshButtonsPending = true;
+  shell::ShowGameList();
+}
+
+void ProgramWindows::FillGameList(std::optional<std::int32_t> selectGame) {
+  if (list_) list_->Refill(selectGame);
+}
+
+std::optional<std::int32_t> ProgramWindows::SelectedGame() {
+  return list_ ? list_->SelectedGame() : std::nullopt;
+}
+
+void ProgramWindows::SetGameListFace(int trayPicture, const std::string& caption) {
+  if (list_) list_->SetFace(TrayPicture(trayPicture), Shown(caption));
+}
+
+void ProgramWindows::OpenBoard(bool toFront) {
+  QPointer<BoardWindow> board = Made<BoardWindow>(graphics_);
+  if (!board->IsOpen()) {
+    delete board;
+    return;
+  }
+  board_ = board;
+  if (list_ && list_->isVisible()) {
+    Replace(*list_, *board_);
+  } else {
+    board_->show();
+  }
+  if (toFront) BringToFront(*board_);
+}
+
+bool ProgramWindows::AskNewGame() {
+  newGame_ = std::unique_ptr<NewGameInfo>(Made<NewGameInfo>());
+  if (newGame_->Ask()) return true;
+  newGame_.reset();
+  return false;
+}
+
+void ProgramWindows::HideNewGame() {
+  if (newGame_) newGame_->hide();
+}
+
+platform::NotifyChoice ProgramWindows::AskAboutNewMove(const platform::NewMove& move) {
+  const OtherPointer arrow(Qt::ArrowCursor);
+  return ui::AskAboutNewMove(move);
+}
+
+void ProgramWindows::CloseAll() {
+  for (const char* slot : slots_) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == QLatin1StringView(slot) && window->isVisible()) window->close();
+    }
+  }
+  newGame_.reset();
+}
+
+void ProgramWindows::ShowAbout() {
+  const bool enabled = Process().CheckTimer.Enabled;
+  platform::SetCheckTimer(false);
+  Process().CheckTimerHeld = true;
+  AboutBox().exec();
+  platform::SetCheckTimer(enabled);
+  Process().CheckTimerHeld = false;
+}
+
+
+}  // namespace ui

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's windows: each is made on first use, and forgotten when it is closed. They come and
+// go by the shell's operations; there is at most one of each.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+
+#include "platform/windows.h"
+#include "ui/board_window.h"
+#include "ui/chess_graphics.h"
+#include "ui/game_interface.h"
+#include "ui/new_game_info.h"
+#include "ui/splash_screen.h"
+
+namespace ui {
+
+class InterfaceMenus;
+
+class ProgramWindows : public QObject, public platform::Windows {
+  Q_OBJECT
+
+ public:
+  /// The menus must outlive the windows, which pop them up.
+  explicit ProgramWindows(InterfaceMenus& menus);
+  ~ProgramWindows() override;
+
+  bool ApplySkinToSystemTray() override;
+  bool LoadChessGraphics() override;
+  void ShowSplash() override;
+  void CloseSplash() override;
+  void ShowGameList() override;
+  void CloseGameList() override;
+  void HideGameList() override;
+  void FillGameList(std::optional<std::int32_t> selectGame) override;
+  std::optional<std::int32_t> SelectedGame() override;
+  void SetGameListFace(int trayPicture, const std::string& caption) override;
+  void OpenBoard(bool toFront) override;
+  bool AskNewGame() override;
+  void HideNewGame() override;
+  platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
+  void CloseAll() override;
+
+  /// When the board closes that took the place of the list.
+  void BringBackGameList();
+  void CloseNewGame() { newGame_.reset(); }
+
+  /// The dialog with the program's version, modal.
+  void ShowAbout();
+
+  BoardWindow* OpenedBoard() const { return board_; }
+  GameInterface* GameList() const { return list_; }
+
+ private:
+  InterfaceMenus& menus_;
+  ChessGraphics graphics_;
+  QPointer<SplashScreen> splash_;
+  QPointer<GameInterface> list_;
+  QPointer<BoardWindow> board_;
+  std::unique_ptr<NewGameInfo> newGame_;
+};
+
+}  // namespace ui

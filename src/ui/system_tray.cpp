@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/system_tray.h"
+
+#include <QApplication>
+
+#include <utility>
+
+#include "platform/desktop.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "shell/playing.h"
+#include "shell/polling_loop.h"
+#include "shell/shut_down.h"
+#include "shell/start_up.h"
+#include "shell/tray_status.h"
+#include "store/queries.h"
+#include "ui/front_window.h"
+#include "ui/pointers.h"
+#include "ui/select_sound.h"
+#include "ui/welcome.h"
+
+namespace ui {
+
+using platform::Process;
+
+namespace {
+
+TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount) {
+  return {.open = [&windows] { shell::ShowGameList(); },
+          .newGame =
+              [] {
+                Process().ComputerGame = false;
+                Process().SetupGame = false;
+                shell::StartNewGame(false);
+              },
+          .playGame = [](std::int32_t gameID) { shell::OpenGameFromTray(gameID); },
+          .retrieve = [] { shell::RetrieveByHand(); },
+          .changeAccount = changeAccount,
+          .about = [&windows] { windows.ShowAbout(); },
+          .exit = [] { shell::ExitProgram(); }};
+}
+
+}  // namespace
+
+SystemTray::SystemTray(const std::function<void()>& changeAccount,
+                       TrayIcon::IsTrayThere isTrayThere)
+    : menus_([this](InterfaceMenu menu, int index) { support_.Choose(menu, index); }),
+      windows_(menus_),
+      support_(windows_, menus_, changeAccount),
+      menu_(ActionsOf(windows_, changeAccount)),
+      icon_(menu_, std::move(isTrayThere)) {
+  setObjectName(QStringLiteral("SystemTray"));
+  platform::Desktop& desktop = platform::TheDesktop();
+  desktop.windows = &windows_;
+  desktop.tray = &icon_;
+  desktop.hooks.busyPointer = ShowBusyPointer;
+  desktop.hooks.pickMoveFile = PickMoveFile;
+  desktop.hooks.checkTimerChanged = [this] { FollowCheckTimer(); };
+  desktop.hooks.buildTrayGameMenu = [this] {
+    if (platform::Settings().SystrayStartup) menu_.BuildGames();
+  };
+  desktop.hooks.boardClosed = [this] { windows_.BringBackGameList(); };
+  desktop.hooks.closeGameList = [this] {
+    if (platform::Settings().SystrayStartup) windows_.CloseGameList();
+  };
+  desktop.hooks.closeNewGame = [this] { windows_.CloseNewGame(); };
+  desktop.hooks.handedOver = [this, changeAccount] { Greet(changeAccount); };
+  desktop.hooks.stopped = &QCoreApplication::quit;
+  connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
+  connect(&icon_, &TrayIcon::Opened, this, &SystemTray::OpenByDoubleClick);
+  connect(&icon_, &TrayIcon::Missing, this, &shell::LiveWithoutTray);
+  connect(&icon_, &TrayIcon::Come, this, &shell::TrayHasCome);
+}
+
+SystemTray::~SystemTray() {
+  platform::Desktop& desktop = platform::TheDesktop();
+  desktop.windows = nullptr;
+  desktop.tray = nullptr;
+  desktop.hooks = {};
+}
+
+void SystemTray::SettleMenus() {
+  menus_.ShowHelpEntry(platform::Settings().SimpleUI);
+  menus_.ShowHideEntry(platform::Settings().SystrayStartup);
+}
+
+/// Shows a user without any game how to come by one.
+void SystemTray::Greet(const std::function<void()>& changeAccount) {
+  SettleMenus();
+  store::GameRecords games;
+  if (!store::SelectGames(games, {}) || !games.empty() || welcome_) return;
+  const auto startMailGame = [this] {
+    if (Process().Offline && !Process().StandAlone) shell::RetrieveByHand();
+    if (Process().Offline && !Process().StandAlone) return;
+    support_.Choose(GameMenu, entries::New);
+  };
+  welcome_ = new Welcome({.againstTheComputer = {},
+                          .onThisMachine = startMailGame,
+                          .byMail =
+                              [changeAccount, startMailGame] {
+                                changeAccount();
+                                startMailGame();
+                              }});
+  welcome_->setAttribute(Qt::WA_DeleteOnClose);
+  BringToFront(*welcome_);
+}
+
+void SystemTray::OpenByDoubleClick() {
+  if (Process().CheckTimerHeld) {
+    BringActiveWindowToFront();
+    QApplication::beep();
+    return;
+  }
+  menu_.Refresh();
+  if (menu_.OffersOpen()) {
+    shell::ShowGameList();
+  } else {
+    BringActiveWindowToFront();
+  }
+}
+
+void SystemTray::FollowCheckTimer() {
+  const platform::PollingTimer& timer = Process().CheckTimer;
+  if (timer.Enabled && timer.Interval > 0) {
+    checkTimer_.start(timer.Interval);
+  } else {
+    checkTimer_.stop();
+  }
+}
+
+}  // namespace ui

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The hidden window, the first and the last object of the program: it owns the menus, the tray icon
+// and the polling timer, and with them all that goes on while no window is open.
+#pragma once
+
+#include <QTimer>
+
+#include <functional>
+
+#include "ui/interface_menus.h"
+#include "ui/menu_support.h"
+#include "ui/program_windows.h"
+#include "ui/tray_icon.h"
+#include "ui/tray_menu.h"
+
+namespace ui {
+
+class SystemTray : public QObject {
+ public:
+  /// Installs itself for its lifetime: the windows, the tray, and the hooks that belong to them.
+  explicit SystemTray(const std::function<void()>& changeAccount,
+                      TrayIcon::IsTrayThere isTrayThere = &QSystemTrayIcon::isSystemTrayAvailable);
+  ~SystemTray() override;
+
+  ProgramWindows& Windows() { return windows_; }
+  TrayIcon& Icon() { return icon_; }
+  TrayMenu& Menu() { return menu_; }
+  InterfaceMenus& ListMenus() { return menus_; }
+
+  /// Once the settings are known: what the menus of the game list offer in this run.
+  void SettleMenus();
+
+ private:
+  void OpenByDoubleClick();
+  void Greet(const std::function<void()>& changeAccount);
+  void FollowCheckTimer();
+
+  InterfaceMenus menus_;
+  ProgramWindows windows_;
+  MenuSupport support_;
+  TrayMenu menu_;
+  TrayIcon icon_;
+  QTimer checkTimer_;
+  QPointer<QWidget> welcome_;
+};
+
+}  // namespace ui

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/tray_icon.h"
+
+#include <QMenu>
+
+#include <utility>
+
+#include "ui/program_pictures.h"
+#include "ui/shown_text.h"
+
+namespace ui {
+
+using platform::TrayOperation;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::milliseconds lookEvery = 250ms;
+constexpr std::chrono::milliseconds lateLookEvery = 3s;
+
+}  // namespace
+
+TrayIcon::TrayIcon(QMenu& menu, IsTrayThere isTrayThere) : isTrayThere_(std::move(isTrayThere)) {
+  icon_.setContextMenu(&menu);
+  connect(&looks_, &QTimer::timeout, this, &TrayIcon::Look);
+  connect(&icon_, &QSystemTrayIcon::activated, this, [this](auto reason) {
+    // Some desktops send no double click.
+    if (reason == QSystemTrayIcon::DoubleClick || reason == QSystemTrayIcon::Trigger) {
+      Q_EMIT Opened();
+    }
+  });
+}
+
+void TrayIcon::Notify(TrayOperation operation, int picture, const std::string& tip) {
+  if (operation == TrayOperation::Delete) {
+    looks_.stop();
+    icon_.hide();
+    return;
+  }
+  icon_.setIcon(TrayPicture(picture));
+  icon_.setToolTip(Shown(tip));
+  if (operation != TrayOperation::Add || icon_.isVisible()) return;
+  waited_ = 0ms;
+  if (isTrayThere_()) {
+    Show();
+  } else {
+    looks_.start(lookEvery);
+  }
+}
+
+void TrayIcon::Show() {
+  looks_.stop();
+  icon_.show();
+}
+
+void TrayIcon::Look() {
+  if (isTrayThere_()) {
+    Show();
+    if (std::exchange(missed_, false)) Q_EMIT Come();
+    return;
+  }
+  waited_ += looks_.intervalAsDuration();
+  if (missed_ || waited_ < patience) return;
+  missed_ = true;
+  looks_.setInterval(lateLookEvery);
+  Q_EMIT Missing();
+}
+
+}  // namespace ui

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's icon in the desktop's tray. A tray may come up after the program: it is waited for,
+// and where none has come in time, or on a desktop without one, the listener is told, so that the
+// program is never invisible. One that comes later still gets the icon.
+#pragma once
+
+#include <QObject>
+#include <QSystemTrayIcon>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+
+#include "platform/tray.h"
+
+class QMenu;
+
+namespace ui {
+
+class TrayIcon : public QObject, public platform::Tray {
+  Q_OBJECT
+
+ public:
+  using IsTrayThere = std::function<bool()>;
+
+  static constexpr std::chrono::seconds patience{10};
+
+  explicit TrayIcon(QMenu& menu, IsTrayThere isTrayThere = &QSystemTrayIcon::isSystemTrayAvailable);
+
+  void Notify(platform::TrayOperation operation, int picture, const std::string& tip) override;
+
+  bool IsShown() const { return icon_.isVisible(); }
+  QString Tip() const { return icon_.toolTip(); }
+
+ public Q_SLOTS:
+  /// One look for the tray, while there is none.
+  void Look();
+
+ Q_SIGNALS:
+  void Opened();   ///< a double click, or what the desktop has in its place
+  void Missing();  ///< there is no tray, after all
+  void Come();     ///< there is one, after Missing
+
+ private:
+  void Show();
+
+  IsTrayThere isTrayThere_;
+  QSystemTrayIcon icon_;
+  QTimer looks_;
+  std::chrono::milliseconds waited_{0};
+  bool missed_ = false;
+};
+
+}  // namespace ui

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/tray_menu.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include "platform/desktop.h"
+#include "platform/process_state.h"
+#include "shell/tray_games.h"
+#include "shell/tray_status.h"
+#include "ui/front_window.h"
+#include "ui/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using platform::Process;
+
+namespace {
+
+// Until the window behind it is there.
+constexpr bool optionsAreThere = false;
+
+QAction* AddEntry(QMenu& menu, const char* name, const QString& caption,
+                  const std::function<void()>& action) {
+  QAction* entry = menu.addAction(caption, action);
+  entry->setObjectName(QLatin1StringView(name));
+  return entry;
+}
+
+/// Names are not the menu's own text: an "&" in them marks no key.
+QString WithoutKey(const std::string& caption) { return Shown(caption).replace(u"&"_s, u"&&"_s); }
+
+}  // namespace
+
+TrayMenu::TrayMenu(const TrayMenuActions& actions)
+    : playGame_(actions.playGame),
+      open_(AddEntry(*this, "mnuPopupOpen", u"&Open"_s, actions.open)),
+      newGame_(AddEntry(*this, "mnuPopupNewGame", u"&New game..."_s, actions.newGame)),
+      games_(addMenu(u"&Games"_s)) {
+  setObjectName(u"mnuPopup"_s);
+  games_->setObjectName(u"mnuPopupGameList"_s);
+  addSeparator();
+  retrieve_ = AddEntry(*this, "mnuPopupRetrieve", u"&Retrieve games"_s, actions.retrieve);
+  AddEntry(*this, "mnuPopupAccount", u"Mail account..."_s, actions.changeAccount);
+  AddEntry(*this, "mnuPopupOptions", u"O&ptions..."_s, {})->setEnabled(optionsAreThere);
+  AddHelp(actions.about);
+  addSeparator();
+  AddEntry(*this, "mnuPopupExit", u"E&xit"_s, actions.exit);
+  setDefaultAction(open_);
+  connect(this, &QMenu::aboutToShow, this, &TrayMenu::Opening);
+  connect(this, &QMenu::aboutToHide, this, [] { Process().TrayMenuOpen = false; });
+}
+
+void TrayMenu::AddHelp(const std::function<void()>& about) {
+  const auto showContext = [](int context) {
+    return [context] { platform::TheDesktop().help->ShowHelp(context); };
+  };
+  QMenu& help = *addMenu(u"Help"_s);
+  help.setObjectName(u"mnuPopupHelpMenu"_s);
+  AddEntry(help, "mnuPopupHelp", u"&Help"_s, showContext(platform::HelpOfTray));
+  AddEntry(help, "mnuPopupContents", u"Help &Contents..."_s, showContext(platform::HelpContents));
+  AddEntry(help, "mnuPopupTopics", u"Help &Topics"_s,
+           [] { platform::TheDesktop().help->ShowHelpIndex(); });
+  help.addSeparator();
+  AddEntry(help, "mnuPopupAbout", u"&About..."_s, about);
+}
+
+void TrayMenu::Opening() {
+  if (Process().CheckTimerHeld) {
+    // The desktop has opened it already: it goes away at once.
+    BringActiveWindowToFront();
+    QApplication::beep();
+    QTimer::singleShot(0, this, &QWidget::hide);
+    return;
+  }
+  Process().TrayMenuOpen = true;
+  Refresh();
+}
+
+void TrayMenu::Refresh() {
+  const shell::TrayMenuState state = shell::TrayMenu();
+  open_->setEnabled(state.open);
+  newGame_->setEnabled(state.newGame);
+  games_->menuAction()->setVisible(state.games);
+  retrieve_->setText(Shown(state.retrieveCaption));
+}
+
+void TrayMenu::BuildGames() {
+  games_->clear();
+  for (const shell::TrayGameEntry& entry : shell::TrayGameEntries()) {
+    if (entry.kind == shell::TrayGameEntry::Separator) {
+      games_->addSeparator();
+      continue;
+    }
+    QAction* action = games_->addAction(WithoutKey(entry.caption));
+    action->setObjectName(u"mnuPopupGameListItem"_s);
+    action->setEnabled(entry.kind == shell::TrayGameEntry::Game);
+    connect(action, &QAction::triggered, this, [this, id = entry.gameID] { playGame_(id); });
+  }
+}
+
+}  // namespace ui

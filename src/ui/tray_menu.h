@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The menu of the tray icon, with the games that wait for somebody's move. What its entries offer
+// is worked out whenever it opens; polling skips its ticks while it is open.
+#pragma once
+
+#include <QMenu>
+
+#include <cstdint>
+#include <functional>
+
+namespace ui {
+
+struct TrayMenuActions {
+  std::function<void()> open;
+  std::function<void()> newGame;
+  std::function<void(std::int32_t gameID)> playGame;
+  std::function<void()> retrieve;
+  std::function<void()> changeAccount;
+  std::function<void()> about;
+  std::function<void()> exit;
+};
+
+/// `mnuPopup`.
+class TrayMenu : public QMenu {
+ public:
+  explicit TrayMenu(const TrayMenuActions& actions);
+
+  /// `mnuPopupGameList`: what the store holds just now.
+  void BuildGames();
+
+  bool OffersOpen() const { return open_->isEnabled(); }
+
+  /// The entries as the state of the program has them.
+  void Refresh();
+
+ private:
+  void AddHelp(const std::function<void()>& about);
+  void Opening();
+
+  std::function<void(std::int32_t gameID)> playGame_;
+  QAction* open_;
+  QAction* newGame_;
+  QMenu* games_;
+  QAction* retrieve_;
+};
+
+}  // namespace ui

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/welcome.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <utility>
+
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "ui/help_key.h"
+#include "ui/shown_text.h"
+#include "ui/way_button.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize bannerSize(560, 168);
+
+/// The middle of the start picture, without the line round it.
+class Banner : public QWidget {
+ public:
+  Banner() : picture_(Shown(platform::Process().ProgramFolder) + u"UI Graphics/Splash16.bmp"_s) {
+    setFixedHeight(bannerSize.height());
+    setMinimumWidth(bannerSize.width());
+    setAccessibleName(u"Tarvolenix. Chess by e-mail"_s);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const int margin = picture_.width() / 36;
+    const int from = picture_.width() - 2 * margin;
+    painter.drawPixmap(rect(), picture_,
+                       {margin, picture_.height() / 11, from, from * height() / width()});
+  }
+
+ private:
+  QPixmap picture_;
+};
+
+QIcon PieceIcon(const char* piece) {
+  return QIcon(Shown(platform::Process().ProgramFolder) + u"Graphics/"_s +
+               Shown(platform::Settings().ChessSet) + u'/' + QLatin1StringView(piece) + u".ico"_s);
+}
+
+QLabel* NewGreeting() {
+  auto* greeting = new QLabel(
+      u"Welcome! There is no game here yet. How would you like to play your first one?"_s);
+  greeting->setWordWrap(true);
+  QFont font = greeting->font();
+  font.setPointSizeF(font.pointSizeF() * 1.15);
+  greeting->setFont(font);
+  return greeting;
+}
+
+QCheckBox* NewVerboseBox() {
+  auto* box = new QCheckBox(u"E&xplain to me why a move is refused"_s);
+  box->setObjectName(u"Verbose"_s);
+  box->setMinimumHeight(28);
+  box->setChecked(platform::Settings().Verbose);
+  box->setToolTip(u"Else a refused move only makes a sound. The options can change it later."_s);
+  QObject::connect(box, &QCheckBox::toggled,
+                   [](bool checked) { platform::Settings().Verbose = checked; });
+  return box;
+}
+
+}  // namespace
+
+Welcome::Welcome(WaysToAGame ways, QWidget* parent) : QDialog(parent), ways_(std::move(ways)) {
+  setObjectName(u"Welcome"_s);
+  setWindowTitle(u"Welcome to Tarvolenix"_s);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  layout->addWidget(new Banner);
+  layout->addWidget(NewPage());
+  GiveHelpKey(*this, platform::HelpContents);
+}
+
+QWidget* Welcome::NewPage() {
+  auto* page = new QWidget;
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(16, 16, 16, 16);
+  column->setSpacing(8);
+  column->addWidget(NewGreeting());
+  column->addSpacing(4);
+  column->addWidget(NewWay("AgainstTheComputer", "Against the &computer",
+                           ways_.againstTheComputer
+                               ? "It is always there, and plays as you tell it to."
+                               : "The computer opponent comes with a later version.",
+                           PieceIcon("BlackKnight"), ways_.againstTheComputer));
+  column->addWidget(NewWay("OnThisMachine", "With someone on this &machine",
+                           "Or on your network: a shared folder is your post office. No server, "
+                           "and no password.",
+                           PieceIcon("WhiteKing"), ways_.onThisMachine));
+  column->addWidget(NewWay("ByMail", "With anybody, by &e-mail",
+                           "With your own mail address. The moves travel as ordinary mails.",
+                           PieceIcon("WhitePawn"), ways_.byMail));
+  auto* later = new QPushButton(u"&Later"_s);
+  later->setObjectName(u"Later"_s);
+  later->setMinimumSize(96, 28);
+  later->setAutoDefault(false);
+  connect(later, &QPushButton::clicked, this, &QDialog::reject);
+  auto* bottom = new QHBoxLayout;
+  bottom->addWidget(NewVerboseBox());
+  bottom->addStretch();
+  bottom->addWidget(later);
+  column->addSpacing(8);
+  column->addLayout(bottom);
+  return page;
+}
+
+QWidget* Welcome::NewWay(const char* name, const char* title, const char* text,
+                         const QIcon& picture, std::function<void()> way) {
+  auto* button = new WayButton(picture, QLatin1StringView(title), QLatin1StringView(text));
+  button->setObjectName(QLatin1StringView(name));
+  button->setEnabled(way != nullptr);
+  connect(button, &QAbstractButton::clicked, this, [this, way = std::move(way)] {
+    accept();
+    QTimer::singleShot(0, QApplication::instance(), way);
+  });
+  return button;
+}
+
+}  // namespace ui

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fakes/recording_windows.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "platform/process_state.h"
+
+namespace fakes {
+
+using platform::Process;
+
+namespace {
+
+std::string Of(std::optional<std::int32_t> game) {
+  return game ? std::string(" ").append(std::to_string(*game)) : std::string{};
+}
+
+}  // namespace
+
+bool RecordingWindows::Did(const std::string& entry) {
+  log_.push_back(entry);
+  if (lacking.contains(entry)) throw platform::WindowError("no platform");
+  if (failing.contains(entry)) throw std::runtime_error(entry + " fails");
+  return !refusing.contains(entry);
+}
+
+void RecordingWindows::ShowGameList() {
+  if (Did("game list")) Process().GameListOpen = true;
+}
+
+void RecordingWindows::CloseGameList() {
+  Did("close game list");
+  Process().GameListOpen = false;
+  if (gameListClosed) gameListClosed();
+}
+
+void RecordingWindows::FillGameList(std::optional<std::int32_t> selectGame) {
+  Did("fill" + Of(selectGame));
+}
+
+void RecordingWindows::SetGameListFace(int trayPicture, const std::string& caption) {
+  Did("face " + std::to_string(trayPicture) + " " + caption);
+}
+
+void RecordingWindows::OpenBoard(bool toFront) {
+  if (Did("board" + Of(Process().CurrentGameID) + (toFront ? " in front" : ""))) {
+    Process().BoardOpen = true;
+  }
+}
+
+platform::NotifyChoice RecordingWindows::AskAboutNewMove(const platform::NewMove& move) {
+  Did("notify " + move.OpName + "/" + move.GameName + "/" + move.MoveComment +
+      (move.isLast ? "/last" : ""));
+  if (duringQuestion) duringQuestion();
+  if (choices.empty()) {
+    ADD_FAILURE() << "unexpected question about " << move.GameName;
+    return platform::NotifyChoice::Later;
+  }
+  const platform::NotifyChoice choice = choices.front();
+  choices.pop_front();
+  return choice;
+}
+
+void RecordingTray::Notify(platform::TrayOperation operation, int picture, const std::string& tip) {
+  constexpr const char* names[] = {"tray add ", "tray modify ", "tray delete"};
+  log_.push_back(names[static_cast<int>(operation)] + (operation == platform::TrayOperation::Delete
+                                                           ? std::string{}
+                                                           : std::to_string(picture) + " " + tip));
+}
+
+}  // namespace fakes

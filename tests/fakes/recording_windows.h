@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The program's windows, tray, help and screen as entries of one log, so that a test can tell in
+// which order they came and went.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/help.h"
+#include "platform/screen.h"
+#include "platform/tray.h"
+#include "platform/windows.h"
+
+namespace fakes {
+
+using EventLog = std::vector<std::string>;
+
+class RecordingWindows : public platform::Windows {
+ public:
+  explicit RecordingWindows(EventLog& log) : log_(log) {}
+
+  bool ApplySkinToSystemTray() override { return Did("skin"); }
+  bool LoadChessGraphics() override { return Did("graphics"); }
+  void ShowSplash() override { Did("splash"); }
+  void CloseSplash() override { Did("close splash"); }
+  void ShowGameList() override;
+  void CloseGameList() override;
+  void HideGameList() override { Did("hide game list"); }
+  void FillGameList(std::optional<std::int32_t> selectGame) override;
+  std::optional<std::int32_t> SelectedGame() override { return selected; }
+  void SetGameListFace(int trayPicture, const std::string& caption) override;
+  void OpenBoard(bool toFront) override;
+  bool AskNewGame() override { return Did("ask new game"); }
+  void HideNewGame() override { Did("hide new game"); }
+  platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
+  void CloseAll() override { Did("close all"); }
+
+  std::set<std::string> refusing;  ///< entries of the log that answer false, or do nothing
+  std::set<std::string> lacking;   ///< entries that raise WindowError
+  std::set<std::string> failing;   ///< entries that raise another error
+  std::deque<platform::NotifyChoice> choices;  ///< for the next new moves, in order
+  std::optional<std::int32_t> selected;        ///< row of the game list
+  std::function<void()> duringQuestion;        ///< while the user is asked about a new move
+  std::function<void()> gameListClosed;        ///< the close handler
+
+ private:
+  bool Did(const std::string& entry);
+
+  EventLog& log_;
+};
+
+class RecordingTray : public platform::Tray {
+ public:
+  explicit RecordingTray(EventLog& log) : log_(log) {}
+  void Notify(platform::TrayOperation operation, int picture, const std::string& tip) override;
+
+ private:
+  EventLog& log_;
+};
+
+class RecordingHelp : public platform::Help {
+ public:
+  explicit RecordingHelp(EventLog& log) : log_(log) {}
+  void ShowHelp(int context) override { log_.push_back("help " + std::to_string(context)); }
+  void ShowHelpIndex() override { log_.emplace_back("help index"); }
+  void CloseHelp() override { log_.emplace_back("close help"); }
+
+ private:
+  EventLog& log_;
+};
+
+/// An ordinary screen until the test says otherwise.
+class ScriptedScreen : public platform::Screen {
+ public:
+  explicit ScriptedScreen(EventLog& log) : log_(log) {}
+  platform::DisplaySettings Settings() override { return settings; }
+  bool IsAnotherInstanceRunning() override {
+    log_.emplace_back("other instance?");
+    return anotherInstance;
+  }
+
+  platform::DisplaySettings settings{"96", "96", "1920,1200", 32};
+  bool anotherInstance = false;
+
+ private:
+  EventLog& log_;
+};
+
+}  // namespace fakes

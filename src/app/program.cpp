@@ -19,10 +19,12 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
+#include "shell/past_opponents.h"
 #include "shell/shell_hooks.h"
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
 #include "shell/tray_status.h"
+#include "ui/address_book_dialog.h"
 #include "ui/program_pictures.h"
 
 namespace app {
@@ -46,17 +48,23 @@ void SetUpFolders() {
 }  // namespace
 
 Program::Program(const std::string& programFolder, const std::string& commandLine)
-    : screen_([this] { return instance_->IsAnotherRunning(); }) {
+    : contacts_(shell::PastOpponents), screen_([this] { return instance_->IsAnotherRunning(); }) {
   // Windows come and go before the last one: the program ends when it is told to.
   QApplication::setQuitOnLastWindowClosed(false);
   platform::SetupGlobalVariables(programFolder, commandLine);
   SetUpFolders();
   desktop_ = std::make_unique<desktop::RealDesktop>(
-      programFolder, [this](const auto& suggestion) { return AskAtLogon(suggestion); });
+      programFolder, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
+      desktop::MailService::AskRecipients{
+          [this](const auto& caption) { return ui::PickRecipients(contacts_, caption); },
+          [this](const auto& typed, bool mayAsk) {
+            return ui::ResolveRecipient(contacts_, typed, mayAsk);
+          }});
   instance_ = std::make_unique<desktop::SingleInstance>(programFolder);
   platform::Desktop& desktop = platform::TheDesktop();
   desktop.messageBoxes = &boxes_;
   desktop.help = &help_;
+  desktop.addressBook = &contacts_;
   desktop.screen = &screen_;
   tray_ = std::make_unique<ui::SystemTray>([this] { ChangeAccount(); });
   shell::FillHooks();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "desktop/account_check.h"
+#include "desktop/contacts_book.h"
 #include "desktop/mail_account.h"
 #include "desktop/real_desktop.h"
 #include "desktop/single_instance.h"
@@ -48,6 +49,7 @@ class Program {
   void TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told);
 
   ui::QtMessageBoxes boxes_;
+  desktop::ContactsBook contacts_;
   ui::HelpViewer help_;
   std::unique_ptr<desktop::RealDesktop> desktop_;
   ui::QtScreen screen_;

@@ -54,6 +54,7 @@ struct ProcessState {
   std::string ImportFileName;    ///< empty where the user picked none
   PollingTimer CheckTimer;
   long SessionLookedAt = 0;         ///< the mail session whose Inbox a tick looks at; 0 none
+  std::string BackedUpGameFile;     ///< the stamp of the game file that the backup equals
   std::string ListedGameFileStamp;  ///< of the game file that a tick filled the game list from
 
   std::string ProgramFolder;  ///< ends in "/"

@@ -4,6 +4,7 @@
 #include "platform/desktop.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
+#include "shell/game_list.h"
 #include "store/queries.h"
 
 namespace shell {
@@ -58,7 +59,7 @@ void RemoveTrayIcon() { SetTrayIcon(TrayOperation::Delete, NothingNew, {}); }
 
 TrayMenuState TrayMenu() {
   const bool listOpen = Process().GameListOpen;
-  return {!listOpen, !listOpen && !IsDisconnected(), !listOpen,
+  return {!listOpen, !listOpen && MayStartMailGame(), !listOpen,
           Process().Offline ? "Logon / Retrieve games" : "Retrieve games"};
 }
 

@@ -135,10 +135,15 @@ bool RemoveGame(std::int32_t gameID) {
 bool BackupDatabase() {
   try {
     const DatabaseLock lock;
+    // Most ticks of the polling loop find the file that the last one has backed up.
+    std::string& backedUp = platform::Process().BackedUpGameFile;
+    const std::string stamp = GameFileStamp();
+    if (stamp == backedUp && Files().Exists(BackupPath())) return true;
     // A backup of a damaged file would cost the last good one.
     GameRecords games;
     if (!SelectGames(games, {})) return false;
     if (const auto content = ReadGameFile()) ReplaceFile(BackupPath(), *content);
+    backedUp = stamp;
     return true;
   } catch (const std::exception&) {
     return false;

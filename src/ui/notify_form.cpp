@@ -194,6 +194,7 @@ void NotifyForm::keyPressEvent(QKeyEvent* event) {
 NotifyChoice AskAboutNewMove(const platform::NewMove& move) {
   const OtherPointer arrow(Qt::ArrowCursor);
   NotifyForm form(move);
+  form.setModal(true);  // before it shows: then it is too late
   BringToFront(form);
   form.exec();
   return form.UserChoice;

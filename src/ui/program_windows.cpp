@@ -50,6 +50,13 @@ void Replace(QWidget& old, QWidget& next) {
   next.show();
 }
 
+void ShowInTheMiddle(QWidget& window) {
+  QRect frame({}, window.size());
+  frame.moveCenter(window.screen()->availableGeometry().center());
+  window.move(frame.topLeft());
+  window.show();
+}
+
 /// Makes a window. What the toolkit raises is the platform's failure.
 template <typename Window, typename... Arguments>
 Window* Made(Arguments&&... arguments) {
@@ -97,7 +104,8 @@ void ProgramWindows::CloseSplash() {
 }
 
 void ProgramWindows::ShowGameList() {
-  if (!list_) {
+  const bool isNew = !list_;
+  if (isNew) {
     list_ = Made<GameInterface>(MenusOf(menus_));
     if (!list_->IsOpen()) {
       delete list_;
@@ -107,6 +115,7 @@ void ProgramWindows::ShowGameList() {
   if (board_ && board_->isVisible()) {
     Replace(*board_, *list_);
   } else {
+    if (isNew) ShowInTheMiddle(*list_);
     BringToFront(*list_);
   }
   list_->repaint();
@@ -149,7 +158,7 @@ void ProgramWindows::OpenBoard(bool toFront) {
   if (list_ && list_->isVisible()) {
     Replace(*list_, *board_);
   } else {
-    board_->show();
+    ShowInTheMiddle(*board_);
   }
   if (toFront) BringToFront(*board_);
 }

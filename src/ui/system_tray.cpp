@@ -68,8 +68,14 @@ SystemTray::SystemTray(const std::function<void()>& changeAccount,
   desktop.hooks.stopped = &QCoreApplication::quit;
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
   connect(&icon_, &TrayIcon::Opened, this, &SystemTray::OpenByDoubleClick);
-  connect(&icon_, &TrayIcon::Missing, this, &shell::LiveWithoutTray);
-  connect(&icon_, &TrayIcon::Come, this, &shell::TrayHasCome);
+  connect(&icon_, &TrayIcon::Missing, this, [this] {
+    shell::LiveWithoutTray();
+    SettleMenus();
+  });
+  connect(&icon_, &TrayIcon::Come, this, [this] {
+    shell::TrayHasCome();
+    SettleMenus();
+  });
 }
 
 SystemTray::~SystemTray() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/game_list.h"
 
+#include "platform/messages.h"
 #include "platform/registry.h"
 #include "shell_fixture.h"
 
@@ -91,7 +92,7 @@ TEST_F(GameListTest, GamesWithADateThatCannotBeReadAreThereAllTheSame) {
 
 TEST_F(GameListTest, DrawOffersLookLikeWaitingAndUnknownStandsHaveNoPicture) {
   std::string pictures;
-  for (const std::int16_t status : {0, 1, 2, 3, 4, 5, 6, 7}) {
+  for (std::int16_t status = 0; status <= 7; ++status) {
     pictures += std::to_string(StatusIconOf(status));
   }
   EXPECT_EQ(pictures, "03456470");

@@ -24,7 +24,7 @@ Action Key(Qt::Key key) {
 }
 
 QAbstractButton* FindButton(QWidget& dialog, QString name) {
-  if (platform::Settings().SimpleUI) name += u'S';
+  if (platform::Settings().SimpleUI) name = name.replace(u"Ok"_s, u"OK"_s) + u'S';
   return dialog.findChild<QAbstractButton*>(name);
 }
 
@@ -122,6 +122,7 @@ TEST_F(NotifyFormTest, WhatItShows) {
 TEST_F(NotifyFormTest, HelpComesWithF1AndGoesWithTheDialog) {
   platform::TheDesktop().hooks.closeHelp = [this] { desktop_.help.CloseHelp(); };
   OnNextDialog([](QWidget& dialog) {
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
     Key(Qt::Key_F1)(dialog);
     Key(Qt::Key_Escape)(dialog);
   });

@@ -18,16 +18,23 @@
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "store/saving.h"
+#include "ui/about_box.h"
 #include "ui/account_dialog.h"
 #include "ui/board_window.h"
 #include "ui/chess_graphics.h"
+#include "ui/choose_opponent.h"
+#include "ui/credits.h"
 #include "ui/exchange_pawn.h"
-#include "ui/games_window.h"
+#include "ui/game_interface.h"
 #include "ui/layouts/outlines.h"
 #include "ui/layouts/strips.h"
 #include "ui/look.h"
 #include "ui/msg_form.h"
+#include "ui/new_game_info.h"
+#include "ui/notify_form.h"
+#include "ui/select_sound.h"
 #include "ui/skin.h"
+#include "ui/splash_screen.h"
 #include "ui/status_window.h"
 #include "ui/strip_button.h"
 #include "ui/window_skin.h"
@@ -64,6 +71,15 @@ void StoreGames() {
   }
   moves.back().MoveComment = "The quiet line it is. I hope that your garden is past the frost.";
   store::SaveGame(game, moves);
+
+  for (const std::int16_t status : {store::WaitingForOpponent, store::GameWon, store::GameLost,
+                                    store::DrawOfferSent, store::GameDrawn}) {
+    ++game.GAME_ID;
+    game.GAME_NAME = "Friendly " + std::to_string(game.GAME_ID);
+    game.GAME_OPPONENTS_NAME = "Bob Achterberg";
+    game.GAME_STATUS = status;
+    store::SaveGame(game, moves);
+  }
 }
 
 // A window as it stands on a desktop: only what its outline leaves of it.
@@ -111,8 +127,31 @@ Window NewPromotion(const ChessGraphics& graphics) {
 }
 
 Window NewGameList(const ChessGraphics&) {
-  auto window = std::make_unique<ui::GamesWindow>();
-  window->Fill();
+  return std::make_unique<ui::GameInterface>(ui::GameListMenus{
+      [](ui::InterfaceMenu, QPoint) {}, [](bool) {}, [](bool) {}, [](int, bool) {}});
+}
+
+Window NewGame(const ChessGraphics&) { return std::make_unique<ui::NewGameInfo>(); }
+
+Window NewNotification(const ChessGraphics&) {
+  return std::make_unique<ui::NotifyForm>(
+      platform::NewMove{"Eva Lindqvist", "Spring tournament",
+                        "The quiet line it is. I hope that your garden is past the frost.", false});
+}
+
+Window NewChoice(const ChessGraphics&) {
+  return std::make_unique<ui::ChooseOpponent>(QStringList{u"Eva Lindqvist"_s, u"Bob Achterberg"_s});
+}
+
+Window NewPicker(const ChessGraphics&) { return std::make_unique<ui::SelectSound>(); }
+
+Window NewAbout(const ChessGraphics&) { return std::make_unique<ui::AboutBox>(); }
+
+Window NewCredits(const ChessGraphics&) { return std::make_unique<ui::Credits>(); }
+
+Window NewSplash(const ChessGraphics&) {
+  auto window = std::make_unique<ui::SplashScreen>([] {});
+  window->setAttribute(Qt::WA_DeleteOnClose, false);
   return window;
 }
 
@@ -197,14 +236,21 @@ Window NewStates(const ChessGraphics&) {
 // Every window, one a line.
 using NewWindow = Window (*)(const ChessGraphics&);
 constexpr NewWindow windows[] = {
-    NewBoard,      // after eight moves
-    NewGameList,   // with one game
-    NewAccount,    // for a mailbox
-    NewQuestion,   // two buttons
-    NewReport,     // one button
-    NewPromotion,  // of White
-    NewStatus,     // while games are fetched
-    NewStates,     // no window, but how buttons look
+    NewBoard,         // after eight moves
+    NewGameList,      // with some games
+    NewGame,          // before anything is typed
+    NewNotification,  // with a comment
+    NewChoice,        // between two
+    NewPicker,        // of sounds
+    NewAbout,         // the program
+    NewCredits,       // as they begin
+    NewAccount,       // for a mailbox
+    NewQuestion,      // two buttons
+    NewReport,        // one button
+    NewPromotion,     // of White
+    NewStatus,        // while games are fetched
+    NewSplash,        // the start picture
+    NewStates,        // no window, but how buttons look
 };
 
 std::vector<QImage> PicturesOf(const Look& look) {

@@ -76,7 +76,7 @@ Credits::Credits(QWidget* parent)
   // A skin has no colour for this text, so it brings its own.
   if (!IsSimpleUI()) text_->WriteOnPicture(ivory);
   TakeLook(*this, layouts::credits, [this] { SetSimpleUI(); });
-  text_->setFocus();
+  ok_->setFocus();
   GiveHelpKey(*this, platform::HelpContents);
 }
 

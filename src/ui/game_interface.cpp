@@ -9,6 +9,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/desktop.h"
@@ -214,7 +215,7 @@ void GameInterface::SetSimpleUI() {
   layout->addLayout(buttons);
   layout->addWidget(grid_, 1);
   setMinimumSize(leastWidth, leastHeight);
-  resize(leastWidth, leastHeight);
+  resize(std::max(leastWidth, grid_->sizeHint().width() + 2 * margin), leastHeight);
 }
 
 void GameInterface::FillGameList(std::int16_t column, std::string order,

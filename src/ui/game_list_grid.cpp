@@ -29,6 +29,8 @@ constexpr int rowsWithScrollBar = 9;  ///< with the heading
 constexpr int rowPadding = 8;
 constexpr int statusPicture = 22;
 constexpr int noticeMargin = 12;
+constexpr int dateMargin = 6;
+constexpr const char* longDate = "30/09/2026";  ///< a Wednesday
 
 constexpr int InPixels(int twips) { return (twips + twipsPerPixel / 2) / twipsPerPixel; }
 
@@ -84,6 +86,13 @@ void GameListGrid::Fill(shell::GameList list, std::int16_t sortColumn, bool desc
 
 const store::GameRecord* GameListGrid::SelectedGame() const {
   return model_->GameAt(currentIndex().row());
+}
+
+QSize GameListGrid::sizeHint() const {
+  int width = 2 * frameWidth() + verticalScrollBar()->sizeHint().width() +
+              fontMetrics().horizontalAdvance(ShownDate(longDate)) + 2 * dateMargin;
+  for (const auto& [column, twips] : columnTwips) width += InPixels(twips);
+  return {width, QTableView::sizeHint().height()};
 }
 
 void GameListGrid::FitColumns() {

@@ -30,6 +30,9 @@ class GameListGrid : public QTableView {
   /// Null where no row is selected. Stands until the next fill.
   const store::GameRecord* SelectedGame() const;
 
+  /// Wide enough for a long date.
+  QSize sizeHint() const override;
+
  Q_SIGNALS:
   void SortWanted(int column, bool descending);
   void PlayWanted();

@@ -43,8 +43,9 @@ std::optional<std::size_t> HelpBook::PageOf(const QString& name) const {
 }
 
 HelpBook ReadHelpBook(const QString& html) {
-  static const QRegularExpression heading(u"<h([12])><a name=\"([^\"]+)\">(.*?)</a></h\\1>"_s,
-                                          QRegularExpression::DotMatchesEverythingOption);
+  static const QRegularExpression heading(
+      u"<h([12])>(?:<a name=\"[^\"]+\"></a>)?<a name=\"([^\"]+)\">(.*?)</a></h\\1>"_s,
+      QRegularExpression::DotMatchesEverythingOption);
   HelpBook book;
   QRegularExpressionMatch match = heading.match(html);
   while (match.hasMatch()) {

@@ -4,9 +4,9 @@
 // The file is one HTML text that any browser shows too. A page begins at a heading of the form
 // `<h1><a name="board">The board</a></h1>` or the same with h2, and goes on to the next one; an h2
 // page belongs to the h1 page before it. The place that the windows know as context N is
-// `<a name="context-N"></a>`, anywhere on a page. Links lead to names: `<a href="#board">`. The
-// page named "index" is nothing but links, whose texts are the words of the index. What stands
-// before the first page is for browsers.
+// `<a name="context-N"></a>`, first in such a heading or anywhere on a page. Links lead to names:
+// `<a href="#board">`. The page named "index" is nothing but links, whose texts are the words of
+// the index. What stands before the first page is for browsers.
 #pragma once
 
 #include <QString>

@@ -39,7 +39,7 @@ HelpText::HelpText(const HelpBook& book, QWidget* parent) : QTextBrowser(parent)
 
 void HelpText::Open(const QString& name) { setSource(QUrl(u'#' + name)); }
 
-std::size_t HelpText::CurrentPage() const { return book_.PageOf(source().path()).value_or(0); }
+std::size_t HelpText::PageAt(const QUrl& url) const { return book_.PageOf(url.path()).value_or(0); }
 
 QVariant HelpText::loadResource(int, const QUrl& url) {
   const auto page = book_.PageOf(url.path());

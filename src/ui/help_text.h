@@ -17,8 +17,8 @@ class HelpText : public QTextBrowser {
 
   void Open(const QString& name);
 
-  /// From 0.
-  std::size_t CurrentPage() const;
+  /// The page that an address of the text shows, from 0.
+  std::size_t PageAt(const QUrl& url) const;
 
  protected:
   QVariant loadResource(int type, const QUrl& url) override;

@@ -155,8 +155,8 @@ void HelpWindow::Connect() {
 }
 
 /// The contents show where the reader is, however he came there.
-void HelpWindow::FollowPage() {
-  const QString& name = book_.pages[text_->CurrentPage()].name;
+void HelpWindow::FollowPage(const QUrl& url) {
+  const QString& name = book_.pages[text_->PageAt(url)].name;
   for (QTreeWidgetItemIterator it(contents_); *it; ++it) {
     if ((*it)->data(0, nameRole).toString() != name) continue;
     const QSignalBlocker quiet(contents_);
@@ -177,7 +177,9 @@ void HelpWindow::FilterIndex(const QString& text) {
 void HelpWindow::ChangeTextSize(int step) {
   QFont font = text_->font();
   font.setPointSizeF(std::clamp(font.pointSizeF() + step, smallestText, largestText));
-  text_->setFont(font);
+  for (QWidget* part : std::initializer_list<QWidget*>{text_, contents_, filter_, index_}) {
+    part->setFont(font);
+  }
 }
 
 void HelpWindow::Open(const QString& name) {

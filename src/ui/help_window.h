@@ -13,7 +13,6 @@ class QHBoxLayout;
 class QLineEdit;
 class QListWidget;
 class QTabWidget;
-class QToolButton;
 class QTreeWidget;
 
 namespace ui {
@@ -38,7 +37,7 @@ class HelpWindow : public QWidget {
   QWidget* NewIndex();
   QHBoxLayout* NewTools();
   void Connect();
-  void FollowPage();
+  void FollowPage(const QUrl& url);
   void FilterIndex(const QString& text);
   void ChangeTextSize(int step);
 

@@ -12,7 +12,6 @@
 #include <algorithm>
 
 #include "mail/character_count.h"
-#include "platform/messages.h"
 #include "platform/setting_variables.h"
 #include "ui/front_window.h"
 #include "ui/help_key.h"
@@ -32,6 +31,7 @@ namespace {
 
 constexpr int tickMilliseconds = 30000;
 constexpr int pictureSize = 48;
+constexpr int newMoveKind = 2;  // of the three pictures that a set of the tray has
 constexpr int plainTextWidth = 400;
 constexpr int highestPlainComment = 160;
 constexpr std::size_t longestBoldComment = 100;
@@ -101,7 +101,8 @@ NotifyForm::NotifyForm(const platform::NewMove& move, QWidget* parent)
   setObjectName(u"NotifyForm"_s);
   setWindowTitle(u"Tarvolenix"_s);
   picture_->setObjectName(u"MessageIcon"_s);
-  picture_->setPixmap(MessagePicture(platform::MailIcon, pictureSize));
+  const int set = platform::Settings().SysTrayIcons - 1;
+  picture_->setPixmap(TrayPicture(set * 3 + newMoveKind).pixmap(pictureSize));
   heading_->setText(u"A new move has arrived"_s);
   comment_->setObjectName(u"MoveComment"_s);
   comment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

@@ -223,7 +223,7 @@ void SelectSound::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (folders_->hasFocus() && folders_->IsElsewhere()) {
+      if (focusWidget() == folders_ && folders_->IsElsewhere()) {
         folders_->EnterCurrent();
       } else {
         ok_->click();

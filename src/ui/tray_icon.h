@@ -32,6 +32,9 @@ class TrayIcon : public QObject, public platform::Tray {
   bool IsShown() const { return icon_.isVisible(); }
   QString Tip() const { return icon_.toolTip(); }
 
+  /// On the screen; empty where the desktop doesn't tell.
+  QRect Geometry() const { return icon_.geometry(); }
+
  public Q_SLOTS:
   /// One look for the tray, while there is none.
   void Look();

@@ -72,8 +72,8 @@ void WayButton::paintEvent(QPaintEvent*) {
 
   icon().paint(&painter, {margin, (height() - pictureSize) / 2, pictureSize, pictureSize},
                Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
-  painter.setPen(
-      colours.color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+  const QColor ink = colours.color(QPalette::Active, QPalette::WindowText);
+  painter.setPen(Mixed(ground, ink, isEnabled() ? 1 : 0.6));  // pale, but still to be read
   const QFont titleFont = TitleFont();
   const int titleHeight = QFontMetrics(titleFont).lineSpacing();
   QRect place(margin + pictureSize + gap, margin, TextWidth(width()), titleHeight);

@@ -15,6 +15,7 @@
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "ui/help_key.h"
+#include "ui/program_pictures.h"
 #include "ui/shown_text.h"
 #include "ui/way_button.h"
 
@@ -55,8 +56,7 @@ QIcon PieceIcon(const char* piece) {
 }
 
 QLabel* NewGreeting() {
-  auto* greeting = new QLabel(
-      u"Welcome! There is no game here yet. How would you like to play your first one?"_s);
+  auto* greeting = new QLabel(u"Welcome! How would you like to play your first game?"_s);
   greeting->setWordWrap(true);
   QFont font = greeting->font();
   font.setPointSizeF(font.pointSizeF() * 1.15);
@@ -107,7 +107,7 @@ QWidget* Welcome::NewPage() {
                            PieceIcon("WhiteKing"), ways_.onThisMachine));
   column->addWidget(NewWay("ByMail", "With anybody, by &e-mail",
                            "With your own mail address. The moves travel as ordinary mails.",
-                           PieceIcon("WhitePawn"), ways_.byMail));
+                           QIcon(ProgramPicturePath(u"tarvolenix.png"_s)), ways_.byMail));
   auto* later = new QPushButton(u"&Later"_s);
   later->setObjectName(u"Later"_s);
   later->setMinimumSize(96, 28);

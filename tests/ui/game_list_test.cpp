@@ -168,6 +168,7 @@ TEST_F(GameInterfaceTest, KeysAndMouseOnAGamePlayDeleteAndPopUp) {
     desktop_.log.clear();
     return asked;
   };
+  QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, RowPlace(1));
   QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, RowPlace(1));
   EXPECT_TRUE(played());
   QTest::keyClick(&Grid(), Qt::Key_Return);

@@ -56,7 +56,7 @@ TEST(HelpFileTest, EveryLinkLeadsToAPage) {
 TEST(HelpFileTest, PagesAndIndexAreReadAsTheyStand) {
   const HelpBook book = ReadHelpBook(
       u"<p>for browsers</p><h1><a name=\"one\">One &amp; <b>only</b></a></h1><p>text</p>\n"
-      "<h2><a name=\"two\">Two</a></h2><a name=\"context-4\"></a>"
+      "<h2><a name=\"context-4\"></a><a name=\"two\">Two</a></h2>"
       "<h1><a name=\"index\">Index</a></h1><a href=\"#two\">zebra</a><a href=\"#one\">Ape</a>"_s);
   ASSERT_EQ(book.pages.size(), 2u);
   EXPECT_EQ(book.pages[0].title, u"One & only"_s);

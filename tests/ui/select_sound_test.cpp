@@ -53,6 +53,7 @@ TEST_F(SelectSoundTest, OpensAtTheChosenSoundInAnyCaseOfTheLetters) {
   EXPECT_EQ(List(u"FileList"_s).currentItem()->text(), u"KNOCK.WAV"_s);
   EXPECT_TRUE(Shows(u"DirList"_s).endsWith(QDir(sounds_.path()).dirName() + u" in ner"_s));
   Pick(u"DirList"_s, u"in ner"_s);
+  List(u"DirList"_s).setFocus();
   QTest::keyClick(&List(u"DirList"_s), Qt::Key_Return);
   EXPECT_EQ(Shows(u"FileList"_s), u"deep.Wav"_s);
   Pick(u"FileList"_s, u"deep.Wav"_s);

@@ -12,15 +12,16 @@
 #include <set>
 #include <utility>
 
+#include "shell/playing.h"
 #include "skin_fixture.h"
 #include "ui/board_window.h"
 #include "ui/exchange_pawn.h"
-#include "ui/game_windows.h"
 #include "ui/move_list_table.h"
 #include "ui/msg_form.h"
 #include "ui/plain_text_view.h"
 #include "ui/status_window.h"
 #include "ui/strip_button.h"
+#include "ui/system_tray.h"
 #include "ui/system_button.h"
 #include "ui/window_region.h"
 
@@ -197,16 +198,17 @@ TEST_F(SkinnedWindowsTest, TheListHearsOfNewButtonsWhenItComesBackForTheBoard) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     platform::Settings().SimpleUI = row.simple;
-    GameWindows windows;
-    windows.OpenGame(1);
-    ASSERT_NE(windows.OpenBoard(), nullptr);
+    SystemTray tray([] {}, [] { return true; });
+    ProgramWindows& windows = tray.Windows();
+    shell::PlayGame(1);
+    ASSERT_NE(windows.OpenedBoard(), nullptr);
     Process().RefreshButtonsPending = !row.simple;
-    windows.OpenBoard()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(windows.OpenBoard()));
+    windows.OpenedBoard()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(windows.OpenedBoard()));
     EXPECT_FALSE(Process().RefreshButtonsPending) << "the board has its own";
     Process().BoardFromGameList = row.fromList;
     Process().ShuttingDown = row.shuttingDown;
-    windows.OpenBoard()->close();
+    windows.OpenedBoard()->close();
     EXPECT_EQ(Process().RefreshButtonsPending, row.told);
     EXPECT_EQ(windows.GameList() != nullptr, row.fromList && !row.shuttingDown);
     Process().RefreshButtonsPending = Process().ShuttingDown = false;
@@ -276,10 +278,10 @@ TEST_F(SkinnedWindowsTest, AWindowWithoutItsSkinIsNeverSeenAndNoGameOpensInIt) {
   QFile::remove(PathOf("BoardGrid.bmp"));
   QFile::remove(PathOf("MsgForm.jpg"));
   SaveChessSet(folder_.path() + u"/Graphics/Classic Wood"_s);
-  GameWindows windows;
-  windows.OpenGame(1);
+  SystemTray tray([] {}, [] { return true; });
+  shell::PlayGame(1);
   EXPECT_EQ(FileTold(), PathOf("Board.jpg").toStdString());
-  EXPECT_EQ(windows.OpenBoard(), nullptr);
+  EXPECT_EQ(tray.Windows().OpenedBoard(), nullptr);
   EXPECT_FALSE(Process().CheckTimerHeld || Process().BoardOpen);
   NewMsgForm()->exec();  // comes back by itself
   EXPECT_EQ(FileTold(), PathOf("MsgForm.jpg").toStdString());

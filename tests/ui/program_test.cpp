@@ -77,7 +77,7 @@ TEST_F(ProgramTest, TheMailAccountCanBeSeenAndChanged) {
   });
   ChangeAccount(*program);
   EXPECT_EQ(platform::ReadRegistry(platform::mailSection, "MyAddress"), "dora");
-  EXPECT_TRUE(list.findChild<QLabel*>(u"Notice"_s)->text().contains(u"\n\ndora\n\n"_s));
+  EXPECT_TRUE(list.findChild<QLabel*>(u"Notice"_s)->text().contains(u"with you: dora"_s));
   EXPECT_FALSE(QFile::exists(QString::fromStdString(post) + u"dora@localhost"_s));
   program->Windows().GameList()->GetGames(false);
   EXPECT_FALSE(platform::Process().Offline);

@@ -42,7 +42,7 @@ namespace {
 constexpr bool computerGameIsThere = false;
 constexpr bool setupGameIsThere = false;
 
-struct ToolbarEntry {
+struct ToolbarEntry {  // NOLINT(clang-analyzer-optin.performance.Padding)
   int button;
   const char* plainCaption;
   const char* caption;
@@ -102,9 +102,8 @@ QString DamageNotice() {
 
 void SetTip(const QWidget& window, const char* name, const char* tip) {
   auto* control = window.findChild<QWidget*>(QLatin1StringView(name));
-  if (control)
-    control->setToolTip(platform::Settings().ShowToolTips ? QLatin1StringView(tip)
-                                                          : QLatin1StringView());
+  if (!control) return;
+  control->setToolTip(platform::Settings().ShowToolTips ? QLatin1StringView(tip) : QString());
 }
 
 }  // namespace

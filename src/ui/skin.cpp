@@ -17,6 +17,7 @@
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
+#include "shell/shut_down.h"
 #include "ui/colour_chart.h"
 #include "ui/picture_file.h"
 #include "ui/skin_table.h"
@@ -109,7 +110,7 @@ void QuitForLackOf(std::string_view background) {
   platform::CallHook(hooks.removeTrayIcon);
   mail::MailLogoff(false);
   // They leave their usual closing work out now: nothing is saved.
-  QApplication::closeAllWindows();
+  shell::ShutdownProgram(false);
   platform::CallHook(hooks.endProcess);
   quitting = false;
 }

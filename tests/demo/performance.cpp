@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QWidget>
-#include <QWindow>
 
 #include <cstdio>
 #include <utility>
@@ -37,7 +36,6 @@ void Performance::Tick() {
     spot_.reset();
     ++next_;
   } else if (step.act && sinceAct_.hasExpired(patienceMilliseconds) && StandsStill(step)) {
-    for (const QWidget* w : QApplication::topLevelWidgets()) if (w->isVisible()) { auto g=w->geometry(); auto h=w->windowHandle()->geometry(); std::printf("DBG %s spot %d,%d geo %d,%d handle %d,%d\n", w->objectName().toStdString().c_str(), spot_->x(), spot_->y(), g.x(), g.y(), h.x(), h.y()); }
     Act(step, "(again) ");
   }
 }

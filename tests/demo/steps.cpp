@@ -7,7 +7,11 @@
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QWindow>
+#include <QtGui/qguiapplication_platform.h>
+#include <xcb/xcb.h>
 
+#include <cstdlib>
+#include <memory>
 #include <utility>
 
 #include "ui/board_window.h"
@@ -33,9 +37,26 @@ QWidget* Found(const char* window, const char* control) {
   return found && found->isVisible() ? found : nullptr;
 }
 
+/// Asks the server where the window is. The toolkit asks only when it is told of a change, and at
+/// that moment the window manager may not have finished framing the window yet.
+std::optional<QPoint> OnScreen(const QWidget& widget, QPoint point) {
+  const QWidget* window = widget.window();
+  const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+  const auto id = static_cast<xcb_window_t>(window->internalWinId());
+  if (!x11 || id == 0) return std::nullopt;
+  xcb_connection_t* server = x11->connection();
+  const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
+  const std::unique_ptr<xcb_translate_coordinates_reply_t, decltype(&std::free)> origin(
+      xcb_translate_coordinates_reply(server, xcb_translate_coordinates(server, id, root, 0, 0),
+                                      nullptr),
+      &std::free);
+  if (!origin) return std::nullopt;
+  return QPoint(origin->dst_x, origin->dst_y) + widget.mapTo(window, point);
+}
+
 std::optional<QPoint> Middle(const QWidget* widget) {
   if (!widget || !widget->isEnabled()) return std::nullopt;
-  return widget->mapToGlobal(widget->rect().center());
+  return OnScreen(*widget, widget->rect().center());
 }
 
 QString TextOf(const QWidget* field) {
@@ -74,7 +95,7 @@ Spot Steps::Entry(const char* menu, const char* entry) const {
       const bool isMeant =
           name == QLatin1StringView(entry) || action->text() == QLatin1StringView(entry);
       if (!isMeant || !action->isEnabled()) continue;
-      found = shown->mapToGlobal(shown->actionGeometry(action).center());
+      found = OnScreen(*shown, shown->actionGeometry(action).center());
     }
     return found;
   };
@@ -85,7 +106,7 @@ Spot Steps::Square(int number) const {
     const ui::BoardWindow* board = program_.Windows().OpenedBoard();
     if (!board || !Window("Board")) return std::nullopt;
     const ui::BoardPicture& picture = board->Picture();
-    return picture.mapToGlobal(picture.RectOf(rules::FromNumber(number)).center().toPoint());
+    return OnScreen(picture, picture.RectOf(rules::FromNumber(number)).center().toPoint());
   };
 }
 

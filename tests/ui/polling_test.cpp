@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The polling tick over the real mail service and the real event loop: whatever the server does,
+// the windows live.
+#include "platform/polling.h"
+
+#include <QPushButton>
+
+#include <atomic>
+#include <chrono>
+#include <future>
+
+#include "desktop/mail_service.h"
+#include "desktop/qt_events.h"
+#include "fakes/memory_passwords.h"
+#include "shell/polling_loop.h"
+#include "store/queries.h"
+#include "ui/system_tray.h"
+#include "ui_fixture.h"
+
+namespace ui {
+namespace {
+
+using namespace Qt::StringLiterals;
+using platform::Process;
+
+constexpr const char* moveText =
+    "<<TARVOLENIX:0|5|100320261200|New one|10/03/2026|Dora||False||1|4244|d4|:TARVOLENIX>>";
+
+/// A server with one move mail that keeps everybody waiting until it may answer, or for very long.
+class StallingTransport : public desktop::MailTransport {
+ public:
+  StallingTransport(std::shared_future<void> gate, std::atomic<bool>& hasAnswered)
+      : gate_(std::move(gate)), hasAnswered_(hasAnswered) {}
+
+  void Open() override {}
+  std::vector<desktop::FetchedMail> List(bool) override {
+    gate_.wait_for(std::chrono::seconds(10));
+    hasAnswered_ = true;
+    return {{"1", "Tarvolenix : d4", "Dora", "dora@example.org", moveText, false}};
+  }
+  void MarkRead(const std::string&) override {}
+  void Remove(const std::string&) override {}
+  void Send(const desktop::OutgoingMail&) override {}
+  void Close() override {}
+
+ private:
+  std::shared_future<void> gate_;
+  std::atomic<bool>& hasAnswered_;
+};
+
+TEST(PollingTest, AClickIsHandledBeforeTheServerAnswersTheTick) {
+  const fakes::FakeDesktop desktop;
+  desktop::QtEvents events;
+  fakes::MemoryPasswords passwords;
+  std::promise<void> answer;
+  std::atomic<bool> hasAnswered = false;
+  desktop::MailService service(events, passwords, {},
+                               [gate = answer.get_future().share()](const auto&, const auto&) {
+                                 return std::make_unique<StallingTransport>(gate);
+                               });
+  platform::TheDesktop().events = &events;
+  platform::TheDesktop().MSess = &service;
+  platform::TheDesktop().MMess = &service;
+  service.SignOn();
+  Process().Offline = false;
+  platform::Settings().NotificationMethod = 0;
+  SystemTray tray([] {}, [] { return true; });
+  Process().CheckTimer.Interval = 1;
+  platform::SetCheckTimer(true);
+
+  int clicks = 0;
+  QPushButton button;
+  QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
+  // The timer of the hidden window makes the ticks, several of them while nothing comes.
+  QTest::qWait(20);
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+  QTest::qWait(20);
+  EXPECT_FALSE(hasAnswered);
+  answer.set_value();
+  const auto games = [] {
+    store::GameRecords records;
+    store::SelectGames(records, {});
+    return records.size();
+  };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return games() == 1; }));
+  EXPECT_EQ(tray.Icon().Tip(), u"Tarvolenix - New move arrived"_s);
+  platform::SetCheckTimer(false);
+}
+
+}  // namespace
+}  // namespace ui

@@ -54,10 +54,11 @@ TEST(PollingTest, AClickIsHandledBeforeTheServerAnswersTheTick) {
   fakes::MemoryPasswords passwords;
   std::promise<void> answer;
   std::atomic<bool> hasAnswered = false;
-  desktop::MailService service(events, passwords, {},
-                               [gate = answer.get_future().share()](const auto&, const auto&) {
-                                 return std::make_unique<StallingTransport>(gate);
-                               });
+  desktop::MailService service(
+      events, passwords, {},
+      [gate = answer.get_future().share(), &hasAnswered](const auto&, const auto&) {
+        return std::make_unique<StallingTransport>(gate, hasAnswered);
+      });
   platform::TheDesktop().events = &events;
   platform::TheDesktop().MSess = &service;
   platform::TheDesktop().MMess = &service;

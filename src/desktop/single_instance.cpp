@@ -25,7 +25,7 @@ std::string LockFolder() {
   if (session && *session == '/' && fs::is_directory(session, error)) {
     return std::string(session) + "/";
   }
-  const std::string folder = DataHome() + "tarvolenix/";
+  std::string folder = DataHome() + "tarvolenix/";
   fs::create_directories(folder, error);
   return folder;
 }

@@ -74,6 +74,7 @@ AddressBookDialog::AddressBookDialog(platform::AddressBook& book, const QString&
       book_(book),
       search_(new QLineEdit),
       list_(new RowTable({u"Name"_s, u"Address"_s}, rowPadding)),
+      notice_(new QLabel),
       outcome_(new OutcomeLine) {
   setObjectName(u"AddressBookDialog"_s);
   setWindowTitle(caption);
@@ -81,6 +82,10 @@ AddressBookDialog::AddressBookDialog(platform::AddressBook& book, const QString&
   list_->setAccessibleName(u"People"_s);
   list_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   if (pick == Pick::Many) list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  notice_->setObjectName(u"Notice"_s);
+  notice_->setAlignment(Qt::AlignCenter);
+  notice_->setWordWrap(true);
+  (new QVBoxLayout(list_->viewport()))->addWidget(notice_);
   outcome_->setObjectName(u"Outcome"_s);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
@@ -191,11 +196,13 @@ const platform::BookEntry* AddressBookDialog::SelectedPerson() const {
 
 void AddressBookDialog::Reload() {
   lines_.clear();
+  isReadable_ = true;
   try {
     for (const platform::BookEntry& entry : book_.People()) {
       for (const std::string& address : entry.person.addresses) lines_.push_back({entry, address});
     }
   } catch (const std::exception& error) {
+    isReadable_ = false;
     outcome_->ShowFailure(u"Your address book can't be read: "_s + Shown(error.what()));
   }
   list_->clearSelection();
@@ -206,6 +213,13 @@ void AddressBookDialog::Reload() {
     list_->setItem(row, 1, new QTableWidgetItem(Shown(line.address)));
   }
   ShowMatching();
+}
+
+/// In the place of the people, for as long as there are none.
+void AddressBookDialog::ShowNotice(bool anyShown) {
+  notice_->setText(lines_.empty() ? u"Nobody is in your address book yet: Add... or Import..."_s
+                                  : u"Nobody in your address book matches this."_s);
+  notice_->setVisible(!anyShown && isReadable_);
 }
 
 /// Out of sight, a line isn't picked.
@@ -222,6 +236,7 @@ void AddressBookDialog::ShowMatching() {
   list_->clearSelection();
   if (first >= 0) list_->setCurrentCell(first, 0, QItemSelectionModel::NoUpdate);
   if (first >= 0 && !part.isEmpty()) list_->selectRow(first);
+  ShowNotice(shown > 0);
   Refresh();
 }
 

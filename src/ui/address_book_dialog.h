@@ -12,6 +12,7 @@
 
 #include "platform/address_book.h"
 
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -56,6 +57,7 @@ class AddressBookDialog : public QDialog {
   void Reload();
   void SelectPerson(const platform::Person& person);
   void ShowMatching();
+  void ShowNotice(bool anyShown);
   void Refresh();
 
   void Add();
@@ -66,8 +68,10 @@ class AddressBookDialog : public QDialog {
 
   platform::AddressBook& book_;
   std::vector<Line> lines_;  // one for each row of the list
+  bool isReadable_ = true;
   QLineEdit* search_;
   RowTable* list_;
+  QLabel* notice_;
   OutcomeLine* outcome_;
   QPushButton* edit_ = nullptr;
   QPushButton* delete_ = nullptr;

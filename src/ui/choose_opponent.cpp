@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/choose_opponent.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -45,10 +44,7 @@ ChooseOpponent::ChooseOpponent(const QStringList& opponents, QWidget* parent)
   }
   ok_ = NewButton(*this, {"OkButton", "OKButtonS"}, u"OK"_s);
   connect(ok_, &QAbstractButton::clicked, this, &QDialog::accept);
-  OppList_->view();  // made here, to be coloured too
   TakeLook(*this, layouts::chooseOpponent, [this] { SetSimpleUI(); });
-  // The list that opens is a window of its own, which takes no colours from this one.
-  if (!IsSimpleUI()) OppList_->view()->setPalette(OppList_->palette());
   OppList_->setFocus();
 }
 

@@ -2,13 +2,17 @@
 #include "ui/game_list_grid.h"
 
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScrollBar>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
 
+#include "platform/setting_variables.h"
 #include "ui/game_list_heading.h"
 #include "ui/game_list_model.h"
 #include "ui/row_table.h"
@@ -116,6 +120,20 @@ QModelIndex GameListGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers 
   // Alone they would go along the columns.
   if (action == MoveHome || action == MoveEnd) modifiers |= Qt::ControlModifier;
   return QTableView::moveCursor(action, modifiers);
+}
+
+/// A text that is cut shows as a whole when it is pointed at; elsewhere the grid's own tip.
+bool GameListGrid::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && platform::Settings().ShowToolTips) {
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QModelIndex index = indexAt(help.pos());
+    if (index.isValid() && sizeHintForIndex(index).width() > columnWidth(index.column())) {
+      QToolTip::showText(help.globalPos(), Qt::convertFromPlainText(index.data().toString()),
+                         viewport(), visualRect(index));
+      return true;
+    }
+  }
+  return QTableView::viewportEvent(event);
 }
 
 void GameListGrid::keyPressEvent(QKeyEvent* event) {

@@ -4,11 +4,10 @@
 #include <QString>
 
 #include <string_view>
-#include <utility>
 
 namespace ui {
 
-IndexedMenu::IndexedMenu(const char* name, std::span<const MenuEntry> entries, Choose choose,
+IndexedMenu::IndexedMenu(const char* name, std::span<const MenuEntry> entries, const Choose& choose,
                          QWidget* parent)
     : QMenu(parent) {
   setObjectName(QLatin1StringView(name));

@@ -20,7 +20,7 @@ class IndexedMenu : public QMenu {
  public:
   using Choose = std::function<void(int index)>;
 
-  IndexedMenu(const char* name, std::span<const MenuEntry> entries, Choose choose,
+  IndexedMenu(const char* name, std::span<const MenuEntry> entries, const Choose& choose,
               QWidget* parent = nullptr);
 
   /// An entry or a separator of the table.

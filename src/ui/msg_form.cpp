@@ -26,6 +26,7 @@ namespace {
 
 constexpr int tickMilliseconds = 30000;
 constexpr int pictureSize = 48;
+constexpr int highestCaption = 36;  // in a skin
 constexpr int narrowestText = 280;
 constexpr int widestText = 440;
 constexpr int buttonWidth = 96;
@@ -117,6 +118,11 @@ void MsgForm::ArrangeSkinned() {
   for (PlainTextView* view : {caption_, text_}) {
     view->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   }
+  // A caption of two lines grows upwards, where there is room for it.
+  const layouts::Rect& caption = layouts::RectOf(layouts::msgForm, "FormCaption");
+  const int height =
+      std::clamp(caption_->heightForWidth(caption.width), caption.height, highestCaption);
+  caption_->setGeometry(caption.x, caption.Bottom() - height, caption.width, height);
   if (cancel_) return;
   const layouts::Rect& cancel = layouts::RectOf(layouts::msgForm, "CancelButton");
   const layouts::Rect& ok = layouts::RectOf(layouts::msgForm, "OkButton");

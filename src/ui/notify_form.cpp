@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QTimer>
 
 #include <algorithm>
@@ -75,7 +76,7 @@ QLabel* NewLine(const QString& name, QWidget* window) {
 void ShowLine(QLabel& line, const QString& text, int width) {
   const QString fitting = line.fontMetrics().elidedText(text, Qt::ElideRight, width);
   line.setText(fitting);
-  if (fitting != text) line.setToolTip(text.toHtmlEscaped());
+  if (fitting != text) line.setToolTip(Qt::convertFromPlainText(text));
 }
 
 /// A long comment is written a step smaller. Pixels on a skin, whose places are pixels.

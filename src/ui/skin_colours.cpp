@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/skin_colours.h"
 
+#include <QAbstractItemView>
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QComboBox>
 #include <QFrame>
 #include <QHeaderView>
 #include <QPointer>
@@ -84,10 +86,18 @@ void ColourText(QWidget& control, const QColor& foreColor) {
 }
 
 void ColourField(QWidget& control, const FieldColours& colours) {
+  auto* combo = qobject_cast<QComboBox*>(&control);
+  QWidget* list = combo ? combo->view() : nullptr;  // is made here, to be coloured too
   UsePaletteOnly(control);
-  control.setPalette(
-      PaletteOf(colours.BackColor, colours.ForeColor, colours.ForeColor, colours.BackColor));
+  QPalette palette =
+      PaletteOf(colours.BackColor, colours.ForeColor, colours.ForeColor, colours.BackColor);
+  if (combo) palette.setColor(QPalette::Button, colours.BackColor);
+  control.setPalette(palette);
   ColourScrollBars(control, colours.ForeColor);
+  if (!list) return;
+  // It opens in a window of its own, which takes no colours from this one.
+  list->window()->setPalette(palette);
+  ColourScrollBars(*list, colours.ForeColor);
 }
 
 void ColourGrid(QWidget& control, const GridColours& colours) {

@@ -76,9 +76,9 @@ void SystemButton::PaintButton(QPainter& painter, const QRect& button) {
   QImage face =
       Stretched(StripCell(ButtonImages(), layouts::systemButtons, cell, 0), button.size());
   if (state == State::Hover) WashOver(face, QColor(255, 255, 255, 90));
-  if (state == State::Disabled) painter.setOpacity(0.7);
+  // Paler and flat, and still a light ground for a grey caption.
+  if (state == State::Disabled) WashOver(face, QColor(255, 255, 255, 140));
   DrawRounded(painter, button, face);
-  painter.setOpacity(1);
   PaintCaption(painter, button);
 }
 

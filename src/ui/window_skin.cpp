@@ -36,6 +36,16 @@ QWidget* FindControl(const QWidget& window, std::string_view name) {
   return window.findChild<QWidget*>(QString::fromUtf8(name.data(), qsizetype(name.size())));
 }
 
+/// For a window without a chart of text colours: light on a dark picture, dark on a light one, with
+/// a touch of the picture's own colour.
+QColor LegibleOn(const QImage& picture) {
+  const QColor ground =
+      picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+  constexpr float light = 0.9F, dark = 0.1F;
+  return QColor::fromHslF(std::max(0.0F, ground.hslHueF()), ground.hslSaturationF(),
+                          ground.lightnessF() < 0.5F ? light : dark);
+}
+
 /// Gives each control of a list its own colours; the window may lack some.
 template <typename Colours>
 void ForEachControl(const QWidget& window, std::string_view controls,
@@ -102,9 +112,9 @@ void WindowSkin::Wear(SkinPictures pictures) {
 void WindowSkin::Colour() {
   const SkinRow* row = FindSkinRow(layout_.window);
   QPalette palette = window_.palette();
-  if (!pictures_.textColours.empty()) {
-    palette.setColor(QPalette::WindowText, pictures_.textColours.front());
-  }
+  palette.setColor(QPalette::WindowText, pictures_.textColours.empty()
+                                             ? LegibleOn(pictures_.background)
+                                             : pictures_.textColours.front());
   if (!pictures_.gridColours.empty()) {
     palette.setColor(QPalette::Highlight, pictures_.gridColours.front().BackColorSel);
     palette.setColor(QPalette::HighlightedText, pictures_.gridColours.front().ForeColorSel);

@@ -83,6 +83,7 @@ std::vector<Step> AnnaReplies(const Steps& steps, const char* picture, const cha
 
 std::vector<Step> AnnaEnds(const Steps& steps) {
   std::vector<Step> scene{
+      steps.TakeHands(),
       steps.Click("clicks the icon in the tray to see her games", steps.TrayIcon(),
                   steps.IsUp("GameInterface")),
       steps.Picture("18-game-list-of-anna", "GameInterface"),
@@ -133,18 +134,18 @@ std::vector<Step> BobPlaysFromTheList(const Steps& steps) {
 
 std::vector<Step> BobPlaysAtOnce(const Steps& steps) {
   std::vector<Step> scene =
-      AnswerNotification(steps, "14-notification-of-bob", "presses Play", "PlayButton", "Board");
+      AnswerNotification(steps, "13-notification-of-bob", "presses Play", "PlayButton", "Board");
   scene += steps.ClickSquares("moves Ng8-f6", 78, 66);
   scene += Send(steps, "sends the move");
   return scene;
 }
 
 std::vector<Step> BobIsMated(const Steps& steps) {
-  std::vector<Step> scene = AnswerNotification(steps, "19-notification-of-the-mate", "presses Play",
+  std::vector<Step> scene = AnswerNotification(steps, "16-notification-of-the-mate", "presses Play",
                                                "PlayButton", "Board");
   scene += {
       steps.WaitFor("is checkmate", steps.BoardSays("CHECKMATE! - Anna won.")),
-      steps.Picture("20-mate", "Board"),
+      steps.Picture("17-mate", "Board"),
       steps.Click("closes his board", steps.Control("Board", "Toolbar1_7"), steps.IsGone("Board")),
   };
   scene += Exit(steps);
@@ -164,9 +165,9 @@ std::vector<Step> AnnasPart(const Steps& steps) {
   sendAndRest("sends the move");
   part += AnnaReplies(steps, "12-notification-with-comment", "moves Qd1-h5", 41, 85);
   sendAndRest("sends the move");
-  part += AnnaReplies(steps, "16-notification-of-anna", "takes on f7 with the queen", 85, 67);
-  part.push_back(steps.Picture("17-mating-move", "Board"));
-  part += Send(steps, "sends the move, which mates");
+  part += AnnaReplies(steps, "14-notification-of-anna", "takes on f7 with the queen", 85, 67);
+  part.push_back(steps.Picture("15-mating-move", "Board"));
+  sendAndRest("sends the move, which mates");
   part += AnnaEnds(steps);
   return part;
 }
@@ -186,15 +187,15 @@ std::vector<Step> PlainPart(const Steps& steps) {
   std::vector<Step> part{
       steps.Click("has chosen the plain look, and clicks the icon in the tray", steps.TrayIcon(),
                   steps.IsUp("GameInterface")),
-      steps.Picture("21-plain-game-list", "GameInterface"),
+      steps.Picture("19-plain-game-list", "GameInterface"),
       steps.Click("presses Play", steps.Control("GameInterface", "Toolbar1S_1"),
                   steps.IsUp("Board")),
-      steps.Picture("22-plain-board", "Board"),
+      steps.Picture("20-plain-board", "Board"),
       steps.Click("closes the board", steps.Control("Board", "Toolbar1S_7"),
                   steps.IsUp("GameInterface")),
       steps.Click("opens the File menu", steps.Control("GameInterface", "FileMenu_L"),
                   steps.IsUp("mnuIntFileMenu")),
-      steps.Picture("23-plain-file-menu", "mnuIntFileMenu"),
+      steps.Picture("21-plain-file-menu", "mnuIntFileMenu"),
       steps.Click("chooses Exit Tarvolenix", steps.Entry("mnuIntFileMenu", "Exit Tarvolenix")),
   };
   return part;

@@ -2,6 +2,7 @@
 #include "demo/steps.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -21,6 +22,10 @@ namespace demo {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString lastTurnFile = u"hands.last"_s;
+
+QByteArray Me() { return QByteArray::number(QCoreApplication::applicationPid()); }
 
 QWidget* Window(const char* name) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -77,9 +82,11 @@ Steps::Steps(app::Program& program, Hands& hands, const QString& folder)
     : program_(program),
       hands_(hands),
       folder_(folder + u'/'),
-      lock_(std::make_shared<QLockFile>(folder_ + u"hands.lock"_s)) {
+      lock_(std::make_unique<QLockFile>(folder_ + u"hands.lock"_s)) {
   lock_->setStaleLockTime(0);
 }
+
+Steps::~Steps() { EndTurn(); }
 
 Spot Steps::Control(const char* window, const char* control) const {
   return [=] { return Middle(Found(window, control)); };
@@ -193,11 +200,27 @@ Step Steps::Picture(const char* file, const char* window) const {
 }
 
 Step Steps::TakeHands() const {
-  return {{}, {}, {}, [this] { return lock_->tryLock(0); }};
+  return {{}, {}, {}, [this] { return TakeTurn(); }};
 }
 
 Step Steps::LetHandsGo() const {
-  return {{}, {}, [this](QPoint) { lock_->unlock(); }, {}};
+  return {{}, {}, [this](QPoint) { EndTurn(); }, {}};
+}
+
+bool Steps::TakeTurn() const {
+  if (!lock_->tryLock(0)) return false;
+  QFile lastTurn(folder_ + lastTurnFile);
+  if (!lastTurn.open(QFile::ReadOnly) || lastTurn.readAll() != Me()) return true;
+  lock_->unlock();
+  return false;
+}
+
+void Steps::EndTurn() const {
+  if (!lock_->isLocked()) return;
+  QFile lastTurn(folder_ + lastTurnFile);
+  if (lastTurn.open(QFile::WriteOnly)) lastTurn.write(Me());
+  lastTurn.close();
+  lock_->unlock();
 }
 
 void Steps::SavePicture(const QString& file) const {

@@ -20,6 +20,9 @@ class Steps {
  public:
   /// Pictures go to `folder`, where also the lock of the one mouse and keyboard lies.
   Steps(app::Program& program, Hands& hands, const QString& folder);
+  ~Steps();
+  Steps(const Steps&) = delete;
+  Steps& operator=(const Steps&) = delete;
 
   Spot Control(const char* window, const char* control) const;
 
@@ -46,17 +49,21 @@ class Steps {
   /// The whole screen, once the window stands there.
   Step Picture(const char* file, const char* window) const;
 
-  /// Two players have one mouse and one keyboard between them.
+  /// Two players have one mouse and one keyboard between them. Who has used them waits until the
+  /// other one has, too, or has gone.
   Step TakeHands() const;
   Step LetHandsGo() const;
 
   void SavePicture(const QString& file) const;
 
  private:
+  bool TakeTurn() const;
+  void EndTurn() const;
+
   app::Program& program_;
   Hands& hands_;
   QString folder_;
-  std::shared_ptr<QLockFile> lock_;
+  std::unique_ptr<QLockFile> lock_;
 };
 
 }  // namespace demo

@@ -14,7 +14,10 @@ using platform::Process;
 namespace {
 
 std::string Of(std::optional<std::int32_t> game) {
-  return game ? std::string(" ").append(std::to_string(*game)) : std::string{};
+  if (!game) return {};
+  std::string text = std::to_string(*game);
+  text.insert(text.begin(), ' ');
+  return text;
 }
 
 }  // namespace

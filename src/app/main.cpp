@@ -35,8 +35,12 @@ int main(int argc, char** argv) {
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 
   app::Program program(desktop::ProgramFolder(), commandLine);
-  const app::EndRequests requests(&QCoreApplication::quit);
-  if (!program.Start()) return 1;
+  const app::EndRequests requests([&program] { program.End(); });
+  QObject::connect(
+      &application, &QGuiApplication::commitDataRequest, &application,
+      [&program] { program.End(); }, Qt::DirectConnection);
+  // One who ends the program while it starts has had his way.
+  if (!program.Start()) return platform::Process().ShuttingDown ? 1 : 0;
   const int result = QApplication::exec();
   program.Stop();
   return result;

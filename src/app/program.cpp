@@ -60,6 +60,7 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
           [this](const auto& typed, bool mayAsk) {
             return ui::ResolveRecipient(contacts_, typed, mayAsk);
           }});
+  desktop_->Events().OnWait([this](bool waiting) { waiting_.Wait(waiting); });
   instance_ = std::make_unique<desktop::SingleInstance>(programFolder);
   platform::Desktop& desktop = platform::TheDesktop();
   desktop.messageBoxes = &boxes_;
@@ -75,6 +76,15 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
 Program::~Program() { HurryTests(); }
 
 bool Program::Start() { return shell::StartUp(); }
+
+void Program::End() {
+  if (desktop_->Events().IsWaiting()) {
+    desktop_->Mail().Hurry();
+    QTimer::singleShot(100, tray_.get(), [this] { End(); });
+    return;
+  }
+  shell::ExitProgram();
+}
 
 void Program::Stop() { shell::ExitProgram(); }
 

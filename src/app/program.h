@@ -18,6 +18,7 @@
 #include "ui/qt_message_boxes.h"
 #include "ui/qt_screen.h"
 #include "ui/system_tray.h"
+#include "ui/waiting_windows.h"
 
 namespace app {
 
@@ -32,7 +33,10 @@ class Program {
   /// The whole start. False where the program must not go on; the user was told then.
   bool Start();
 
-  /// The orderly stop, where the user hasn't chosen it already. Does nothing behind a failed start.
+  /// The orderly stop from outside, at any time. What waits for the mail service ends first.
+  void End();
+
+  /// The orderly stop where nothing else has stopped the program.
   void Stop();
 
   ui::SystemTray& Tray() { return *tray_; }
@@ -55,6 +59,7 @@ class Program {
   ui::QtScreen screen_;
   std::unique_ptr<desktop::SingleInstance> instance_;
   std::unique_ptr<ui::SystemTray> tray_;
+  ui::WaitingWindows waiting_;
   struct AccountTest {
     std::shared_ptr<desktop::AccountCheck> check;
     std::future<void> end;

@@ -19,7 +19,7 @@ class CollectedMessages : public platform::MessageBoxes {
   }
   void ShowStatus(const std::string&) override {}
   void HideStatus() override {}
-  void PlainBox(const std::string& title, const std::string& text) override {
+  void PlainBox(platform::PlainIcon, const std::string& title, const std::string& text) override {
     messages_.push_back({2, title, text, "OK", {}, 0});
   }
 

@@ -41,6 +41,11 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   MailService(platform::Events& events, Passwords& passwords, AskAccount ask = {},
               MakeTransport make = MakeMailTransport);
 
+  /// The user is waiting to leave: what is under way is given up in a few seconds. A logon is not.
+  void Hurry() {
+    if (transport_) transport_->Hurry();
+  }
+
   // SignOn, Fetch and Send let events run while they wait. An event that calls one of the three
   // again is refused with a MailError.
 

@@ -28,8 +28,11 @@ class WorkEvent : public QEvent {
 
 void QtEvents::RunUntil(const std::function<bool()>& done) {
   // Not exec(), which returns at once when the application has been told to quit.
+  if (done()) return;
   QEventLoop loop;
+  if (waits_++ == 0 && tell_) tell_(true);
   while (!done()) loop.processEvents(QEventLoop::WaitForMoreEvents);
+  if (--waits_ == 0 && tell_) tell_(false);
 }
 
 void QtEvents::Wake() {

@@ -29,6 +29,8 @@ class RealDesktop {
   RealDesktop& operator=(const RealDesktop&) = delete;
 
   Passwords& KeptPasswords() { return *passwords_; }
+  QtEvents& Events() { return events_; }
+  MailService& Mail() { return mail_; }
 
  private:
   PosixFiles files_;

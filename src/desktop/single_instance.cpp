@@ -48,7 +48,14 @@ SingleInstance::SingleInstance(const std::string& programFolder)
 }
 
 bool SingleInstance::IsAnotherRunning() {
-  return !lock_->isLocked() && !lock_->tryLock() && lock_->error() == QLockFile::LockFailedError;
+  if (lock_->isLocked() || lock_->tryLock()) return false;
+  if (lock_->error() != QLockFile::LockFailedError) return false;
+  // A file that names nobody, as after a power cut, belongs to nobody.
+  qint64 process = 0;
+  QString host;
+  QString program;
+  if (lock_->getLockInfo(&process, &host, &program)) return true;
+  return !(lock_->removeStaleLockFile() && lock_->tryLock());
 }
 
 }  // namespace desktop

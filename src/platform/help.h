@@ -10,8 +10,11 @@ enum HelpContext {
   HelpOfGameList = 3,
   HelpOfBoard = 5,
   HelpOfTray = 14,
+  HelpOfNewGame = 15,
   HelpOfImport = 16,
   HelpOfSounds = 17,
+  HelpOfAddressBook = 18,
+  HelpOfAccount = 19,
 };
 
 class Help {

@@ -16,6 +16,8 @@ struct Message {
   int timeoutTicks = 0;       ///< 30-second ticks until it answers Cancel for itself; 0 never
 };
 
+enum class PlainIcon { Warning, Stop };
+
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
@@ -26,7 +28,7 @@ class MessageBoxes {
   virtual void ShowStatus(const std::string& text) = 0;
   virtual void HideStatus() = 0;
 
-  virtual void PlainBox(const std::string& title, const std::string& text) = 0;
+  virtual void PlainBox(PlainIcon icon, const std::string& title, const std::string& text) = 0;
 };
 
 }  // namespace platform

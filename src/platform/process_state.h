@@ -37,7 +37,7 @@ struct ProcessState {
   bool BoardFromGameList = true;  ///< the board was opened from the game list window
   bool GameListOpen = false;
   bool BoardOpen = false;
-  bool TrayMenuOpen = false;            ///< the tray's menu is on the screen
+  bool TrayMenuOpen = false;            ///< a menu of the hidden window is on the screen
   bool NewMoveArrived = false;          ///< at least one move waits for notification
   bool ComputerGame = false;            ///< the open game is played against the computer
   bool SetupGame = false;               ///< the game about to open begins in board setup

@@ -44,7 +44,7 @@ void OpenBoard(std::int32_t gameID, bool fromGameList, bool toFront) {
 }
 
 void OpenGame(std::int32_t gameID, bool fromGameList) {
-  if (!Windows().LoadChessGraphics()) return;
+  if (Process().BoardOpen || !Windows().LoadChessGraphics()) return;
   try {
     OpenBoard(gameID, fromGameList, false);
   } catch (const std::exception& error) {
@@ -78,13 +78,14 @@ void OpenGameFromTray(std::int32_t gameID) { OpenGame(gameID, false); }
 void PlayGame(std::int32_t gameID) { OpenGame(gameID, true); }
 
 bool OpenNewMove(std::int32_t gameID) {
-  if (!Windows().LoadChessGraphics()) return false;
+  if (Process().BoardOpen || !Windows().LoadChessGraphics()) return false;
   // The list isn't open, unless it has come for lack of a tray while the user was asked.
   OpenBoard(gameID, Process().GameListOpen, true);
   return true;
 }
 
 void StartNewGame(bool fromGameList) {
+  if (Process().BoardOpen) return;
   Process().BoardFromGameList = fromGameList;
   if (!Windows().LoadChessGraphics()) return;
   try {

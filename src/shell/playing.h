@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ways to the board and to the game list. The board holds polling from before it is made until
-// it closes. Only one game is open at a time: nothing here may be called while one is.
+// it closes. Only one game is open at a time: what would open a second one does nothing.
 #pragma once
 
 #include <cstdint>

@@ -2,6 +2,8 @@
 #include "shell/settings.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -22,6 +24,9 @@ using platform::ReadRegistry;
 using platform::ReturnValue;
 using platform::SettingVariables;
 using platform::WriteRegistry;
+
+constexpr int longestInterval = 30000;
+constexpr int noLimit = std::numeric_limits<std::int16_t>::max();
 
 struct Default {
   const char* name;
@@ -54,10 +59,11 @@ std::string ReadText(const Default& setting, const std::string& section = produc
 
 bool ReadFlag(const Default& setting) { return ReadText(setting) == "True"; }
 
-bool ReadNumber(const Default& setting, int& variable) {
+/// What is no number of the setting's range counts as missing.
+int ReadNumber(const Default& setting, int least, int most) {
   const auto number = platform::ToInteger32(ReadText(setting));
-  if (number) variable = *number;
-  return number.has_value();
+  if (number && *number >= least && *number <= most) return *number;
+  return *platform::ToInteger32(setting.value);
 }
 
 void WriteText(const Default& setting, const std::string& value) {
@@ -115,18 +121,17 @@ void CopySettings(const std::string& from) {
 
 bool LoadSettings() {
   SettingVariables& variables = platform::Settings();
-  int& interval = platform::Process().CheckTimer.Interval;
-  if (!ReadNumber(CheckInterval, interval) || interval < 0) return false;
+  platform::Process().CheckTimer.Interval = ReadNumber(CheckInterval, 0, longestInterval);
   variables.DisplaySplash = ReadFlag(DisplaySplash);
-  if (!ReadNumber(NotificationMethod, variables.NotificationMethod)) return false;
+  variables.NotificationMethod = ReadNumber(NotificationMethod, 0, 3);
   variables.NotificationSoundPath = ReadText(NotificationSoundPath);
   variables.NotificationSoundWav = ReadText(NotificationSoundWav);
-  if (!ReadNumber(NotificationTimeout, variables.NotificationTimeout)) return false;
+  variables.NotificationTimeout = ReadNumber(NotificationTimeout, 0, noLimit);
   variables.Verbose = ReadFlag(Verbose);
   variables.ChessSet = ReadText(ChessSet);
   variables.ChessBoard = ReadText(ChessBoard);
-  if (!ReadNumber(SearchDepth, variables.SearchDepth)) return false;
-  if (!ReadNumber(SysTrayIcons, variables.SysTrayIcons)) return false;
+  variables.SearchDepth = ReadNumber(SearchDepth, 0, 4);
+  variables.SysTrayIcons = ReadNumber(SysTrayIcons, 1, noLimit);
   variables.ShowToolTips = ReadFlag(ShowToolTips);
   if (!LoadHeuristics()) return false;
   variables.Skin = ReadText(Skin);

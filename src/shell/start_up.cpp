@@ -48,7 +48,7 @@ void Mark(const char* setting, bool value) {
 }
 
 void ForceSimpleUI(const std::string& title, const std::string& text) {
-  platform::TheDesktop().messageBoxes->PlainBox(title, text);
+  platform::TheDesktop().messageBoxes->PlainBox(platform::PlainIcon::Warning, title, text);
   Process().ForcedSimpleUI = true;
   platform::Settings().SimpleUI = true;
 }

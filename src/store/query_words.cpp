@@ -29,7 +29,8 @@ std::string UpperCase(std::string_view text) {
 }
 
 void ReportUnknownKey(const std::string& message, const std::string& key) {
-  platform::TheDesktop().messageBoxes->PlainBox("Tarvolenix", message + key);
+  platform::TheDesktop().messageBoxes->PlainBox(platform::PlainIcon::Stop, "Tarvolenix",
+                                                message + key);
 }
 
 }  // namespace store

@@ -19,6 +19,7 @@
 #include <utility>
 
 #include "ui/form_rows.h"
+#include "ui/help_key.h"
 #include "ui/outcome_line.h"
 #include "ui/pointers.h"
 #include "ui/scrolling_page.h"
@@ -103,6 +104,7 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       test_(NewButton(u"TestButton"_s, u"&Test"_s)),
       ok_(NewButton(u"OkButton"_s, u"OK"_s)) {
   setObjectName(u"AccountDialog"_s);
+  GiveHelpKey(*this, platform::HelpOfAccount);
   setWindowTitle(u"Tarvolenix - Your mail"_s);
   outcome_->setObjectName(u"Outcome"_s);
   auto* layout = new QVBoxLayout(this);

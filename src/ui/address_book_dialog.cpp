@@ -15,6 +15,7 @@
 #include <exception>
 
 #include "platform/messages.h"
+#include "ui/help_key.h"
 #include "ui/outcome_line.h"
 #include "ui/person_dialog.h"
 #include "ui/pointers.h"
@@ -77,6 +78,7 @@ AddressBookDialog::AddressBookDialog(platform::AddressBook& book, const QString&
       notice_(new QLabel),
       outcome_(new OutcomeLine) {
   setObjectName(u"AddressBookDialog"_s);
+  GiveHelpKey(*this, platform::HelpOfAddressBook);
   setWindowTitle(caption);
   list_->setObjectName(u"PeopleList"_s);
   list_->setAccessibleName(u"People"_s);

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "platform/busy_pointer.h"
+#include "platform/desktop.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "ui/board_menus.h"
@@ -271,6 +272,8 @@ void BoardWindow::mousePressEvent(QMouseEvent* event) {
 void BoardWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) {
     showMinimized();
+  } else if (event->key() == Qt::Key_F1) {
+    platform::TheDesktop().help->ShowHelp(platform::HelpOfBoard);
   } else {
     QWidget::keyPressEvent(event);
   }
@@ -289,7 +292,7 @@ void BoardWindow::changeEvent(QEvent* event) {
 void BoardWindow::closeEvent(QCloseEvent* event) {
   if (!open_) return;
   // While a move is on its way only the logic closes the window.
-  if (!isEnabled()) {
+  if (!isEnabled() && !platform::Process().Stopping) {
     event->ignore();
     return;
   }

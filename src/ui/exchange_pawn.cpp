@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QToolButton>
 
+#include "platform/process_state.h"
+#include "ui/help_key.h"
 #include "ui/layouts/exchange_pawn.h"
 #include "ui/look.h"
 #include "ui/picture_button.h"
@@ -53,6 +55,7 @@ QAbstractButton* NewPieceButton(int number, const QImage& piece, QWidget* window
 ExchangePawn::ExchangePawn(const ChessGraphics& graphics, rules::Side side, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), side_(side) {
   setObjectName(u"ExchangePawn"_s);
+  GiveHelpKey(*this, platform::HelpOfBoard);
   setWindowTitle(u"Pawn exchange..."_s);
   for (int i = 0; i < buttonCount; ++i) {
     QAbstractButton* button = NewPieceButton(i, graphics.Icon(rules::OfSide(i + 1, side)), this);
@@ -80,6 +83,7 @@ void ExchangePawn::SetSimpleUI() {
 
 rules::PieceCode ExchangePawn::Choose() {
   exec();
+  if (ChosenPiece_ == rules::NoPiece) return rules::OfSide(rules::WhiteQueen, side_);
   return ChosenPiece_;
 }
 
@@ -88,7 +92,10 @@ void ExchangePawn::Take(int button) {
   accept();
 }
 
-void ExchangePawn::closeEvent(QCloseEvent* event) { event->ignore(); }
+void ExchangePawn::closeEvent(QCloseEvent* event) {
+  // Only the program's own end leaves without a choice.
+  if (!platform::Process().Stopping) event->ignore();
+}
 
 void ExchangePawn::keyPressEvent(QKeyEvent* event) {
   auto* focused = qobject_cast<QAbstractButton*>(focusWidget());

@@ -4,6 +4,8 @@
 #include <QActionGroup>
 #include <QKeySequence>
 
+#include "platform/process_state.h"
+
 namespace ui {
 
 namespace {
@@ -76,6 +78,11 @@ InterfaceMenus::InterfaceMenus(const std::function<void(InterfaceMenu menu, int 
           {"mnuIntGameListPopupMenu", popupEntries,
            [choose](int index) { choose(GameListPopup, index); }},
       } {
+  for (const IndexedMenu& menu : menus_) {
+    // A tick mustn't refill the list below an open menu.
+    QObject::connect(&menu, &QMenu::aboutToShow, [] { platform::Process().TrayMenuOpen = true; });
+    QObject::connect(&menu, &QMenu::aboutToHide, [] { platform::Process().TrayMenuOpen = false; });
+  }
   MakeExclusive(menus_[SortMenu], entries::ByStatus, entries::ByDate);
   MakeExclusive(menus_[SortMenu], entries::Ascending, entries::Descending);
   CheckSort(1, false);

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "ui/form_rows.h"
+#include "ui/help_key.h"
 #include "ui/outcome_line.h"
 #include "ui/shown_text.h"
 #include "ui/typed_text.h"
@@ -65,9 +66,11 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
       outcome_(new OutcomeLine),
       ok_(NewButton(u"OkButton"_s, u"OK"_s)) {
   setObjectName(u"PersonDialog"_s);
+  GiveHelpKey(*this, platform::HelpOfAddressBook);
   setWindowTitle(title);
   name_->setObjectName(u"PersonName"_s);
-  name_->setMaxLength(longestName);
+  // A longer one that came from elsewhere stays as it is.
+  name_->setMaxLength(std::max(longestName, static_cast<int>(name_->text().size())));
   KeepFitForFields(name_);
   auto* form = new FormRows;
   form->AddRow(u"&Name:"_s, {name_});

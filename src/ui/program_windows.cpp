@@ -84,6 +84,7 @@ ProgramWindows::~ProgramWindows() {
   delete board_;
   delete list_;
   delete splash_;
+  delete newGame_;
   Process().GameListOpen = false;
 }
 
@@ -164,10 +165,16 @@ void ProgramWindows::OpenBoard(bool toFront) {
 }
 
 bool ProgramWindows::AskNewGame() {
-  newGame_ = std::unique_ptr<NewGameInfo>(Made<NewGameInfo>());
+  const bool fromList = Process().BoardFromGameList && list_ && list_->isVisible();
+  newGame_ = Made<NewGameInfo>(fromList ? list_.data() : nullptr);
   if (newGame_->Ask()) return true;
-  newGame_.reset();
+  CloseNewGame();
   return false;
+}
+
+void ProgramWindows::CloseNewGame() {
+  if (newGame_) newGame_->deleteLater();
+  newGame_.clear();
 }
 
 void ProgramWindows::HideNewGame() {
@@ -185,7 +192,13 @@ void ProgramWindows::CloseAll() {
       if (window->objectName() == QLatin1StringView(slot) && window->isVisible()) window->close();
     }
   }
-  newGame_.reset();
+  // Those of this desktop, from the dialog in front on.
+  while (QWidget* dialog = QApplication::activeModalWidget()) {
+    if (!dialog->close() || QApplication::activeModalWidget() == dialog) break;
+  }
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) window->close();
+  }
 }
 
 void ProgramWindows::ShowAbout() {
@@ -196,6 +209,5 @@ void ProgramWindows::ShowAbout() {
   platform::SetCheckTimer(enabled);
   Process().CheckTimerHeld = false;
 }
-
 
 }  // namespace ui

@@ -7,7 +7,6 @@
 #include <QPointer>
 
 #include <functional>
-#include <memory>
 
 #include "platform/windows.h"
 #include "ui/board_window.h"
@@ -46,7 +45,7 @@ class ProgramWindows : public QObject, public platform::Windows {
 
   /// When the board closes that took the place of the list.
   void BringBackGameList();
-  void CloseNewGame() { newGame_.reset(); }
+  void CloseNewGame();
 
   /// The dialog with the program's version, modal.
   void ShowAbout();
@@ -60,7 +59,7 @@ class ProgramWindows : public QObject, public platform::Windows {
   QPointer<SplashScreen> splash_;
   QPointer<GameInterface> list_;
   QPointer<BoardWindow> board_;
-  std::unique_ptr<NewGameInfo> newGame_;
+  QPointer<NewGameInfo> newGame_;
 };
 
 }  // namespace ui

@@ -26,9 +26,12 @@ void QtMessageBoxes::ShowStatus(const std::string& text) {
 
 void QtMessageBoxes::HideStatus() { delete status_; }
 
-void QtMessageBoxes::PlainBox(const std::string& title, const std::string& text) {
+void QtMessageBoxes::PlainBox(platform::PlainIcon icon, const std::string& title,
+                              const std::string& text) {
   const OtherPointer arrow(Qt::ArrowCursor);
-  QMessageBox box(QMessageBox::Critical, Shown(title), {}, QMessageBox::Ok);
+  const bool warns = icon == platform::PlainIcon::Warning;
+  QMessageBox box(warns ? QMessageBox::Warning : QMessageBox::Critical, Shown(title), {},
+                  QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
   box.setText(Shown(text));
   box.exec();

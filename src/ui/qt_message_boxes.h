@@ -18,7 +18,8 @@ class QtMessageBoxes : public platform::MessageBoxes {
   bool Ask(const platform::Message& message) override;
   void ShowStatus(const std::string& text) override;
   void HideStatus() final;
-  void PlainBox(const std::string& title, const std::string& text) override;
+  void PlainBox(platform::PlainIcon icon, const std::string& title,
+                const std::string& text) override;
 
  private:
   QPointer<StatusWindow> status_;  // goes with the window that it stands over, too

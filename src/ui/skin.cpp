@@ -101,7 +101,7 @@ void QuitForLackOf(std::string_view background) {
   {
     const platform::PollingHold hold;
     platform::TheDesktop().messageBoxes->PlainBox(
-        "Invalid skin file",
+        platform::PlainIcon::Stop, "Invalid skin file",
         "Tarvolenix could not locate the following skin file and will now quit;\n\n" +
             SkinPath(background));
   }

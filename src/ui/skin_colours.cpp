@@ -8,9 +8,8 @@
 #include <QFrame>
 #include <QHeaderView>
 #include <QPointer>
+#include <QProxyStyle>
 #include <QScrollBar>
-#include <QStyle>
-#include <QStyleFactory>
 #include <QTableView>
 
 namespace ui {
@@ -20,18 +19,26 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The style that takes every colour from the palette.
-QStyle* PaletteStyle() {
-  static QPointer<QStyle> style;
-  if (!style) {
-    style = QStyleFactory::create(u"Fusion"_s);
-    style->setParent(qApp);
+class PaletteStyle : public QProxyStyle {
+ public:
+  PaletteStyle() : QProxyStyle(u"Fusion"_s) { setParent(qApp); }
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* answer) const override {
+    // A menu would open, in the colours that the desktop's menus have.
+    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, answer);
   }
+};
+
+QStyle* ThePaletteStyle() {
+  static QPointer<QStyle> style;
+  if (!style) style = new PaletteStyle;
   return style;
 }
 
 void UsePaletteOnly(QWidget& control) {
-  control.setStyle(PaletteStyle());
-  for (QWidget* part : control.findChildren<QWidget*>()) part->setStyle(PaletteStyle());
+  control.setStyle(ThePaletteStyle());
+  for (QWidget* part : control.findChildren<QWidget*>()) part->setStyle(ThePaletteStyle());
   // The background draws the recess in which the control lies.
   if (auto* frame = qobject_cast<QFrame*>(&control)) frame->setFrameShape(QFrame::NoFrame);
 }
@@ -42,18 +49,18 @@ QColor Between(const QColor& one, const QColor& other) {
 }
 
 /// No wider than it must be, and without anything of the desktop's own look.
-void ColourScrollBars(QWidget& control, const QColor& foreColor) {
+void ColourScrollBars(QWidget& control, const QColor& backColor, const QColor& foreColor) {
   auto* area = qobject_cast<QAbstractScrollArea*>(&control);
   if (!area) return;
   const QString handle =
       u"rgba(%1, %2, %3, 60%)"_s.arg(foreColor.red()).arg(foreColor.green()).arg(foreColor.blue());
   const QString sheet =
-      u"QScrollBar:vertical { width: 10px; background: transparent; } "
+      u"QScrollBar:vertical { width: 10px; background: %2; } "
       u"QScrollBar::handle { background: %1; border-radius: 3px; "
       u"min-height: 24px; margin: 2px; } "
       u"QScrollBar::add-line, QScrollBar::sub-line { height: 0; } "
       u"QScrollBar::add-page, QScrollBar::sub-page { background: none; }"_s;
-  area->verticalScrollBar()->setStyleSheet(sheet.arg(handle));
+  area->verticalScrollBar()->setStyleSheet(sheet.arg(handle, backColor.name(QColor::HexArgb)));
 }
 
 QPalette PaletteOf(const QColor& back, const QColor& fore, const QColor& backSelected,
@@ -82,7 +89,7 @@ void ColourText(QWidget& control, const QColor& foreColor) {
   palette.setColor(QPalette::Base, Qt::transparent);
   control.setPalette(palette);
   control.setAutoFillBackground(false);
-  ColourScrollBars(control, foreColor);
+  ColourScrollBars(control, Qt::transparent, foreColor);
 }
 
 void ColourField(QWidget& control, const FieldColours& colours) {
@@ -91,20 +98,18 @@ void ColourField(QWidget& control, const FieldColours& colours) {
   UsePaletteOnly(control);
   QPalette palette =
       PaletteOf(colours.BackColor, colours.ForeColor, colours.ForeColor, colours.BackColor);
-  if (combo) palette.setColor(QPalette::Button, colours.BackColor);
+  // The style shades it round a lighter colour: the field's own in the end.
+  if (combo) palette.setColor(QPalette::Button, colours.BackColor.darker(112));
   control.setPalette(palette);
-  ColourScrollBars(control, colours.ForeColor);
-  if (!list) return;
-  // It opens in a window of its own, which takes no colours from this one.
-  list->window()->setPalette(palette);
-  ColourScrollBars(*list, colours.ForeColor);
+  ColourScrollBars(control, colours.BackColor, colours.ForeColor);
+  if (list) ColourScrollBars(*list, colours.BackColor, colours.ForeColor);
 }
 
 void ColourGrid(QWidget& control, const GridColours& colours) {
   UsePaletteOnly(control);
   control.setPalette(
       PaletteOf(colours.BackColor, colours.ForeColor, colours.BackColorSel, colours.ForeColorSel));
-  ColourScrollBars(control, colours.ForeColor);
+  ColourScrollBars(control, colours.BackColor, colours.ForeColor);
   const auto* table = qobject_cast<QTableView*>(&control);
   if (!table) return;
   // A style would shade the heading.

@@ -36,7 +36,7 @@ QPixmap StartPicture() {
 }  // namespace
 
 SplashScreen::SplashScreen(std::function<void()> handOver)
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
       handOver_(std::move(handOver)),
       picture_(StartPicture()) {
   setObjectName(u"SplashScreen"_s);
@@ -60,6 +60,8 @@ void SplashScreen::CloseAtOnce() {
 }
 
 void SplashScreen::Tick() {
+  // What the start has to ask must be seen.
+  if (QApplication::activeModalWidget()) lower();
   if (ticks_ < shortestStay) {
     ++ticks_;
   } else if (Process().StartupComplete) {
@@ -74,8 +76,8 @@ void SplashScreen::paintEvent(QPaintEvent*) {
 }
 
 void SplashScreen::closeEvent(QCloseEvent* event) {
-  // The user's own close would hand over what hasn't started yet.
-  if (event->spontaneous() && !Process().StartupComplete) {
+  // The user's own close would hand over too early.
+  if (event->spontaneous() && (ticks_ < shortestStay || !Process().StartupComplete)) {
     event->ignore();
     return;
   }

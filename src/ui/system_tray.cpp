@@ -8,6 +8,7 @@
 #include "platform/desktop.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
+#include "shell/game_list.h"
 #include "shell/playing.h"
 #include "shell/polling_loop.h"
 #include "shell/shut_down.h"
@@ -25,14 +26,21 @@ using platform::Process;
 
 namespace {
 
+/// False, too, where they can't be read.
+bool HasNoGames() {
+  store::GameRecords games;
+  return store::SelectGames(games, {}) && games.empty();
+}
+
+void StartMailGame(bool fromGameList) {
+  Process().ComputerGame = false;
+  Process().SetupGame = false;
+  shell::StartNewGame(fromGameList);
+}
+
 TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount) {
   return {.open = [&windows] { shell::ShowGameList(); },
-          .newGame =
-              [] {
-                Process().ComputerGame = false;
-                Process().SetupGame = false;
-                shell::StartNewGame(false);
-              },
+          .newGame = [] { StartMailGame(false); },
           .playGame = [](std::int32_t gameID) { shell::OpenGameFromTray(gameID); },
           .retrieve = [] { shell::RetrieveByHand(); },
           .changeAccount = changeAccount,
@@ -65,7 +73,8 @@ SystemTray::SystemTray(const std::function<void()>& changeAccount,
   };
   desktop.hooks.closeNewGame = [this] { windows_.CloseNewGame(); };
   desktop.hooks.handedOver = [this, changeAccount] { Greet(changeAccount); };
-  desktop.hooks.stopped = &QCoreApplication::quit;
+  // Not quit(), which any window may refuse.
+  desktop.hooks.stopped = [] { QCoreApplication::exit(0); };
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
   connect(&icon_, &TrayIcon::Opened, this, &SystemTray::OpenByDoubleClick);
   connect(&icon_, &TrayIcon::Missing, this, [this] {
@@ -93,17 +102,21 @@ void SystemTray::SettleMenus() {
 /// Shows a user without any game how to come by one.
 void SystemTray::Greet(const std::function<void()>& changeAccount) {
   SettleMenus();
-  store::GameRecords games;
-  if (!store::SelectGames(games, {}) || !games.empty() || welcome_) return;
-  const auto startMailGame = [this] {
-    if (Process().Offline && !Process().StandAlone) shell::RetrieveByHand();
-    if (Process().Offline && !Process().StandAlone) return;
-    support_.Choose(GameMenu, entries::New);
+  if (!HasNoGames() || welcome_) return;
+  const auto startMailGame = [] {
+    if (!shell::MayStartMailGame()) shell::RetrieveByHand();
+    // What has come in may have been opened.
+    if (!shell::MayStartMailGame() || Process().CheckTimerHeld || !HasNoGames()) return;
+    StartMailGame(Process().GameListOpen);
   };
   welcome_ = new Welcome({.againstTheComputer = {},
-                          .onThisMachine = startMailGame,
+                          .onThisMachine =
+                              [startMailGame] {
+                                if (!Process().CheckTimerHeld) startMailGame();
+                              },
                           .byMail =
                               [changeAccount, startMailGame] {
+                                if (Process().CheckTimerHeld) return;
                                 changeAccount();
                                 startMailGame();
                               }});

@@ -48,14 +48,16 @@ void TrayIcon::Notify(TrayOperation operation, int picture, const std::string& t
   }
 }
 
+/// A tray may also go away again, and would take the program's only sign with it.
 void TrayIcon::Show() {
-  looks_.stop();
   icon_.show();
+  looks_.start(lateLookEvery);
 }
 
 void TrayIcon::Look() {
   if (isTrayThere_()) {
-    Show();
+    waited_ = 0ms;
+    if (!icon_.isVisible()) Show();
     if (std::exchange(missed_, false)) Q_EMIT Come();
     return;
   }

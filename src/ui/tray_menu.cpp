@@ -21,9 +21,18 @@ namespace {
 // Until the window behind it is there.
 constexpr bool optionsAreThere = false;
 
+bool IsHeld() {
+  if (!Process().CheckTimerHeld) return false;
+  BringActiveWindowToFront();
+  QApplication::beep();
+  return true;
+}
+
 QAction* AddEntry(QMenu& menu, const char* name, const QString& caption,
                   const std::function<void()>& action) {
-  QAction* entry = menu.addAction(caption, action);
+  QAction* entry = menu.addAction(caption, [action] {
+    if (action && !IsHeld()) action();
+  });
   entry->setObjectName(QLatin1StringView(name));
   return entry;
 }
@@ -42,14 +51,13 @@ TrayMenu::TrayMenu(const TrayMenuActions& actions)
   games_->setObjectName(u"mnuPopupGameList"_s);
   addSeparator();
   retrieve_ = AddEntry(*this, "mnuPopupRetrieve", u"&Retrieve games"_s, actions.retrieve);
-  AddEntry(*this, "mnuPopupAccount", u"Mail account..."_s, actions.changeAccount);
+  account_ = AddEntry(*this, "mnuPopupAccount", u"Mail account..."_s, actions.changeAccount);
   AddEntry(*this, "mnuPopupOptions", u"O&ptions..."_s, {})->setEnabled(optionsAreThere);
   AddHelp(actions.about);
   addSeparator();
-  AddEntry(*this, "mnuPopupExit", u"E&xit"_s, actions.exit);
+  exit_ = AddEntry(*this, "mnuPopupExit", u"E&xit"_s, actions.exit);
   setDefaultAction(open_);
-  connect(this, &QMenu::aboutToShow, this, &TrayMenu::Opening);
-  connect(this, &QMenu::aboutToHide, this, [] { Process().TrayMenuOpen = false; });
+  connect(this, &QMenu::aboutToShow, this, &TrayMenu::Refresh);
 }
 
 void TrayMenu::AddHelp(const std::function<void()>& about) {
@@ -66,24 +74,30 @@ void TrayMenu::AddHelp(const std::function<void()>& about) {
   AddEntry(help, "mnuPopupAbout", u"&About..."_s, about);
 }
 
-void TrayMenu::Opening() {
-  if (Process().CheckTimerHeld) {
-    // The desktop has opened it already: it goes away at once.
-    BringActiveWindowToFront();
-    QApplication::beep();
+void TrayMenu::showEvent(QShowEvent* event) {
+  QMenu::showEvent(event);
+  // The desktop has opened it already: it goes away at once.
+  if (IsHeld()) {
     QTimer::singleShot(0, this, &QWidget::hide);
-    return;
+  } else {
+    Process().TrayMenuOpen = true;
   }
-  Process().TrayMenuOpen = true;
-  Refresh();
+}
+
+void TrayMenu::hideEvent(QHideEvent* event) {
+  Process().TrayMenuOpen = false;
+  QMenu::hideEvent(event);
 }
 
 void TrayMenu::Refresh() {
   const shell::TrayMenuState state = shell::TrayMenu();
-  open_->setEnabled(state.open);
-  newGame_->setEnabled(state.newGame);
+  const bool free = !Process().CheckTimerHeld;
+  open_->setEnabled(free && state.open);
+  newGame_->setEnabled(free && state.newGame);
   games_->menuAction()->setVisible(state.games);
+  games_->setEnabled(free);
   retrieve_->setText(Shown(state.retrieveCaption));
+  for (QAction* entry : {retrieve_, account_, exit_}) entry->setEnabled(free);
 }
 
 void TrayMenu::BuildGames() {
@@ -96,7 +110,9 @@ void TrayMenu::BuildGames() {
     QAction* action = games_->addAction(WithoutKey(entry.caption));
     action->setObjectName(u"mnuPopupGameListItem"_s);
     action->setEnabled(entry.kind == shell::TrayGameEntry::Game);
-    connect(action, &QAction::triggered, this, [this, id = entry.gameID] { playGame_(id); });
+    connect(action, &QAction::triggered, this, [this, id = entry.gameID] {
+      if (!IsHeld()) playGame_(id);
+    });
   }
 }
 

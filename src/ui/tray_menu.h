@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The menu of the tray icon, with the games that wait for somebody's move. What its entries offer
-// is worked out whenever it opens; polling skips its ticks while it is open.
+// is worked out whenever it opens; polling skips its ticks while it is on the screen. Some desktops
+// draw the menu themselves, so every entry asks once more whether it may act.
 #pragma once
 
 #include <QMenu>
@@ -30,18 +31,22 @@ class TrayMenu : public QMenu {
 
   bool OffersOpen() const { return open_->isEnabled(); }
 
-  /// The entries as the state of the program has them.
+  /// The entries as the state of the program has them; all are off while a dialog or a board holds
+  /// polling.
   void Refresh();
 
  private:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void AddHelp(const std::function<void()>& about);
-  void Opening();
 
   std::function<void(std::int32_t gameID)> playGame_;
   QAction* open_;
   QAction* newGame_;
   QMenu* games_;
   QAction* retrieve_;
+  QAction* account_;
+  QAction* exit_;
 };
 
 }  // namespace ui

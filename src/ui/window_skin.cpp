@@ -5,6 +5,7 @@
 #include <QFontInfo>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -43,7 +44,7 @@ QColor LegibleOn(const QImage& picture) {
       picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
   constexpr float light = 0.9F, dark = 0.1F;
   return QColor::fromHslF(std::max(0.0F, ground.hslHueF()), ground.hslSaturationF(),
-                          ground.lightnessF() < 0.5F ? light : dark);
+                          qGray(ground.rgb()) < 128 ? light : dark);
 }
 
 /// Gives each control of a list its own colours; the window may lack some.
@@ -148,6 +149,7 @@ bool WindowSkin::eventFilter(QObject*, QEvent* event) {
       return true;
     case QEvent::Show:
       if (failed_) Fail();
+      if (!window_.testAttribute(Qt::WA_Moved)) MoveToMiddle();
       return false;
     case QEvent::MouseButtonPress: {
       const auto& mouse = static_cast<const QMouseEvent&>(*event);
@@ -168,6 +170,18 @@ bool WindowSkin::eventFilter(QObject*, QEvent* event) {
     default:
       return false;
   }
+}
+
+/// Of the window that it belongs to, else of the screen. The toolkit would leave room for a frame.
+void WindowSkin::MoveToMiddle() {
+  const QWidget* owner = window_.parentWidget();
+  const QRect screen = window_.screen()->availableGeometry();
+  QRect place({}, window_.size());
+  place.moveCenter(owner ? owner->window()->frameGeometry().center() : screen.center());
+  window_.move(
+      std::clamp(place.x(), screen.x(), std::max(screen.x(), screen.right() + 1 - place.width())),
+      std::clamp(place.y(), screen.y(),
+                 std::max(screen.y(), screen.bottom() + 1 - place.height())));
 }
 
 void WindowSkin::BeginMove(QPoint pointer) {

@@ -65,6 +65,7 @@ class WindowSkin : public QObject {
   void Colour();
   void Paint();
   void PaintFocus(QPainter& painter) const;
+  void MoveToMiddle();
   void BeginMove(QPoint pointer);
 
   QWidget& window_;

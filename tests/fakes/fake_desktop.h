@@ -25,7 +25,7 @@ class RecordingMessageBoxes : public platform::MessageBoxes {
   bool Ask(const platform::Message& message) override;
   void ShowStatus(const std::string& text) override { statusTexts.push_back(text); }
   void HideStatus() override { statusTexts.emplace_back(); }
-  void PlainBox(const std::string& title, const std::string& text) override {
+  void PlainBox(platform::PlainIcon, const std::string& title, const std::string& text) override {
     if (log) log->push_back("plain box " + title);
     plainBoxes.emplace_back(title, text);
   }

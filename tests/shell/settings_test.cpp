@@ -105,16 +105,22 @@ std::string FieldsOfHeuristics(int count, const std::string& last = "3") {
   return text + last;
 }
 
-TEST_F(SettingsTest, LoadRefusesNumbersThatCannotBeRead) {
-  const std::pair<const char*, std::string> rows[] = {
-      {"CheckInterval", "often"},
-      {"CheckInterval", "-1"},
-      {"NotificationMethod", "99999999999"},
-      {"Heuristics", FieldsOfHeuristics(53)},
-      {"Heuristics", FieldsOfHeuristics(54, "32768")}};
-  for (const auto& [name, text] : rows) {
-    Stored() = {{name, text}};
-    EXPECT_FALSE(shell::LoadSettings()) << name << " " << text;
+TEST_F(SettingsTest, LoadTakesTheDefaultForNonsenseButRefusesABadTableOfMotivations) {
+  for (const std::string& text : {FieldsOfHeuristics(53), FieldsOfHeuristics(54, "32768")}) {
+    Stored() = {{"Heuristics", text}};
+    EXPECT_FALSE(shell::LoadSettings()) << text;
+  }
+  for (const char* nonsense : {"often", "-1", "99999999999", "40000"}) {
+    for (const char* name : {"CheckInterval", "NotificationMethod", "NotificationTimeout",
+                             "SearchDepth", "SysTrayIcons"}) {
+      Stored() = {{name, nonsense}};
+      EXPECT_TRUE(shell::LoadSettings()) << name << " " << nonsense;
+    }
+    EXPECT_EQ(Process().CheckTimer.Interval, 20000);
+    EXPECT_EQ(Settings().NotificationMethod, 2);
+    EXPECT_EQ(Settings().NotificationTimeout, 1);
+    EXPECT_EQ(Settings().SearchDepth, 1);
+    EXPECT_EQ(Settings().SysTrayIcons, 1);
   }
   Stored() = {{"CheckInterval", "0"},
               {"SearchDepth", " 2.0 "},

@@ -98,6 +98,7 @@ TEST_F(AddressBookTest, LooksForAPartOfANameOrAnAddressAndPicksLines) {
     EXPECT_EQ(Shown(), shown) << part;
     EXPECT_EQ(Said(dialog_->Picked()), picked) << part;
     EXPECT_EQ(Can("OkButton"), *picked != 0) << part;
+    EXPECT_EQ(Find<QLabel>("Notice").isVisible(), *shown == 0) << part;
   }
   List().selectAll();
   EXPECT_EQ(dialog_->Picked().size(), 3u);
@@ -144,6 +145,16 @@ TEST_F(AddressBookTest, APersonNeedsAnAddressThatCanBeUsed) {
     person.close();
   });
   Press("AddButton");
+}
+
+TEST_F(AddressBookTest, ABookWithNobodyInItSaysHowPeopleGetThere) {
+  for (const platform::BookEntry& entry : book_.People()) book_.Remove(entry.person);
+  Open();
+  EXPECT_TRUE(Find<QLabel>("Notice").isVisible());
+  EXPECT_TRUE(Find<QLabel>("Notice").text().startsWith(u"Nobody is in your address book yet"_s));
+  book_.Add({"Eva", {"e@x.org"}});
+  Open();
+  EXPECT_FALSE(Find<QLabel>("Notice").isVisible());
 }
 
 TEST_F(AddressBookTest, TellsWhatAnImportBroughtAndWhatFailed) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QAbstractButton>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLocale>
 #include <QPointer>
+#include <QToolTip>
 
 #include "skin_fixture.h"
 #include "ui/game_interface.h"
@@ -189,6 +191,23 @@ TEST_F(GameInterfaceTest, KeysAndMouseOnAGamePlayDeleteAndPopUp) {
   EXPECT_EQ(Grid().model()->rowCount(), 3);
   QTest::keyClick(&Grid(), Qt::Key_Backspace);
   EXPECT_EQ(Opponents(), u"Zoé <i>Bob</i>"_s);
+}
+
+TEST_F(GameInterfaceTest, ACutTextShowsWholeWhereItIsPointedAt) {
+  Store(1, store::MoveWaiting, "Maximilian <i>von</i> und zu Hohenstein-Wallersberg");
+  Store(2, store::WaitingForOpponent, "Eva");
+  Open();
+  const auto tipOf = [this](int row) {
+    QToolTip::hideText();
+    QHelpEvent event(QEvent::ToolTip, RowPlace(row), Grid().viewport()->mapToGlobal(RowPlace(row)));
+    QApplication::sendEvent(Grid().viewport(), &event);
+    return QToolTip::text();
+  };
+  EXPECT_TRUE(tipOf(0).contains(u"&lt;i&gt;von&lt;/i&gt;"_s));
+  EXPECT_EQ(tipOf(1), Grid().toolTip());
+  platform::Settings().ShowToolTips = false;
+  window_->SetToolTips();
+  EXPECT_FALSE(tipOf(0).contains(u"von"_s));
 }
 
 TEST_F(GameInterfaceTest, MenuButtonsPopUpTheirMenusOnThePressInBothLooks) {

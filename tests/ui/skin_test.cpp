@@ -268,7 +268,7 @@ class SlowReader : public platform::MessageBoxes {
   bool Ask(const platform::Message&) override { return true; }
   void ShowStatus(const std::string&) override {}
   void HideStatus() override {}
-  void PlainBox(const std::string&, const std::string& text) override {
+  void PlainBox(platform::PlainIcon, const std::string&, const std::string& text) override {
     told.push_back(text);
     if (told.size() == 1) meanwhile_();
   }

@@ -2,6 +2,7 @@
 #include "ui/system_tray.h"
 
 #include <QApplication>
+#include <QThread>
 
 #include <utility>
 
@@ -74,7 +75,9 @@ SystemTray::SystemTray(const std::function<void()>& changeAccount,
   desktop.hooks.closeNewGame = [this] { windows_.CloseNewGame(); };
   desktop.hooks.handedOver = [this, changeAccount] { Greet(changeAccount); };
   // Not quit(), which any window may refuse.
-  desktop.hooks.stopped = [] { QCoreApplication::exit(0); };
+  desktop.hooks.stopped = [] {
+    if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit(0);
+  };
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
   connect(&icon_, &TrayIcon::Opened, this, &SystemTray::OpenByDoubleClick);
   connect(&icon_, &TrayIcon::Missing, this, [this] {

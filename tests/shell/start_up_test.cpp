@@ -76,7 +76,7 @@ TEST_F(StartUpTest, AnAbortSavesNothingAndLeavesTrayAndMailAlone) {
        "You already have Tarvolenix running.\n\nYou cannot have more than one copy of Tarvolenix "
        "running at any one time.",
        "skin, other instance?, message Initialisation error"},
-      {"setting that is no number", [this] { Setting("SearchDepth") = "deep"; }, unknownError,
+      {"motivations that are too few", [this] { Setting("Heuristics") = "1;2"; }, unknownError,
        "message Initialisation error"},
       {"splash window", [this] { desktop.windows.failing = {"splash"}; }, unknownError,
        "skin, other instance?, splash, message Initialisation error"},
@@ -85,7 +85,7 @@ TEST_F(StartUpTest, AnAbortSavesNothingAndLeavesTrayAndMailAlone) {
     SCOPED_TRACE(row.name);
     Process() = {};
     Setting("DisplaySplash") = "True";
-    Setting("SearchDepth") = "1";
+    Setting("Heuristics") = "";
     desktop.screen.anotherInstance = false;
     desktop.windows.refusing = desktop.windows.failing = {};
     desktop.boxes.messages.clear();

@@ -24,8 +24,9 @@ class ProgramTest : public testing::Test {
   }
   void Configure(const QByteArray& settings) {
     QFile file(folder_.path() + u"/Tarvolenix.conf"_s);
-    EXPECT_TRUE(file.open(QFile::WriteOnly) &&
-                file.write("DisplaySplash=False\nRunBefore=True\nSystrayStartup=False\n" + settings));
+    EXPECT_TRUE(
+        file.open(QFile::WriteOnly) &&
+        file.write("DisplaySplash=False\nRunBefore=True\nSystrayStartup=False\n" + settings));
   }
   std::unique_ptr<app::Program> Start() {
     auto program = std::make_unique<app::Program>(folder_.path().toStdString() + "/", "-nosound");

@@ -214,7 +214,7 @@ TEST_F(SkinnedWindowsTest, TheListHearsOfNewButtonsWhenItComesBackForTheBoard) {
     windows.OpenedBoard()->close();
     EXPECT_EQ(Process().RefreshButtonsPending, row.told);
     EXPECT_EQ(windows.GameList() != nullptr, row.fromList && !row.shuttingDown);
-    Process().RefreshButtonsPending = Process().ShuttingDown = false;
+    Process().RefreshButtonsPending = Process().ShuttingDown = Process().BoardOpen = false;
   }
 }
 

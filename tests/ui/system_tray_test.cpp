@@ -7,6 +7,7 @@
 
 #include "platform/polling.h"
 #include "shell/shell_hooks.h"
+#include "shell/shut_down.h"
 #include "ui/help_window.h"
 #include "ui_fixture.h"
 
@@ -145,6 +146,22 @@ TEST_F(SystemTrayTest, AGameOfTheMenuOpensAndTheTrayHasTheProgramAgainBehindIt) 
   EXPECT_EQ(Shape(Games()), u"[No games available]"_s) << "no stale entries";
 }
 
+TEST_F(SystemTrayTest, AMenuThatTheDesktopDrawsOpensNoSecondGame) {
+  Store(1, store::MoveWaiting, "Anna");
+  Store(2, store::MoveWaiting, "Bob");
+  platform::TheDesktop().hooks.buildTrayGameMenu();
+  Games().actions().at(2)->trigger();
+  Q_EMIT tray_.Menu().aboutToShow();
+  EXPECT_FALSE(Process().TrayMenuOpen) << "its host may never say that it has closed";
+  for (QAction* entry : tray_.Menu().findChildren<QAction*>()) {
+    entry->setEnabled(true);
+    entry->trigger();
+  }
+  EXPECT_EQ(Process().CurrentGameID, 1);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_EQ(accountChanges_, 0);
+}
+
 TEST_F(SystemTrayTest, TheBoardTakesThePlaceOfTheListAndGivesItBack) {
   Store(1, store::MoveWaiting, "Anna");
   Store(2, store::WaitingForOpponent, "Bob");
@@ -232,6 +249,8 @@ TEST_F(SystemTrayTest, TheLastStopClosesEveryWindow) {
   platform::TheDesktop().hooks.stopped = [&] { ++stops; };
   Process().StartupComplete = true;
   Open("mnuPopupExit");
+  EXPECT_EQ(stops, 0) << "not over an open board";
+  shell::ExitProgram();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(board.isNull() && list.isNull());
   EXPECT_EQ(stops, 1);

@@ -121,5 +121,21 @@ TEST_F(ProgramTest, AMailboxCanBeTriedOutAndStored) {
   program->Stop();
 }
 
+TEST_F(ProgramTest, AnEndFromOutsideWhileTheStartAsksIsAnOrderlyStop) {
+  Configure({});
+  app::Program program(folder_.path().toStdString() + "/", "-nosound");
+  OnNextDialog([&](QWidget& dialog) {
+    EXPECT_EQ(dialog.objectName(), u"AccountDialog"_s);
+    program.End();
+  });
+  EXPECT_FALSE(program.Start());
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_FALSE(platform::Process().ShuttingDown);
+  EXPECT_EQ(program.Windows().GameList(), nullptr);
+  // The toolkit remembers that it was told to end until a loop begins.
+  QTimer::singleShot(0, QApplication::instance(), &QCoreApplication::quit);
+  QApplication::exec();
+}
+
 }  // namespace
 }  // namespace ui

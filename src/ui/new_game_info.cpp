@@ -38,6 +38,19 @@ constexpr int rememberGap = 2;
 
 platform::MAPIMessages& MMess() { return *platform::TheDesktop().MMess; }
 
+void ClearRecipients() {
+  while (MMess().RecipCount() > 0) {
+    MMess().RecipIndex(0);
+    MMess().DeleteRecipient();
+  }
+}
+
+bool IsReturn(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 /// Asking for help, another window in front or a menu isn't leaving a field.
 bool LeavesField(const QEvent& event) {
   if (event.type() != QEvent::FocusOut) return false;
@@ -71,6 +84,7 @@ NewGameInfo::NewGameInfo(QWidget* owner)
   Timer1_->setSingleShot(true);
   SetToolTips();
   SetUpOpponent();
+  Resolve_->installEventFilter(this);
   Connect();
   hasLook_ = TakeLook(*this, layouts::newGameInfo, [this] { SetSimpleUI(); });
   if (!IsSimpleUI()) {
@@ -192,6 +206,11 @@ void NewGameInfo::done(int result) {
 }
 
 bool NewGameInfo::eventFilter(QObject* watched, QEvent* event) {
+  // Enter is OK wherever the focus is, but on Cancel.
+  if (watched == Resolve_ && IsReturn(*event) && ok_->isEnabled()) {
+    ok_->click();
+    return true;
+  }
   if (isVisible() && LeavesField(*event)) {
     if (watched == Game_opponents_name_) LeaveName();
     if (watched == Game_name_) {
@@ -211,7 +230,7 @@ bool NewGameInfo::eventFilter(QObject* watched, QEvent* event) {
 void NewGameInfo::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (event->key() == Qt::Key_F1) {
-    if (auto* help = platform::TheDesktop().help) help->ShowHelp(platform::HelpContents);
+    if (auto* help = platform::TheDesktop().help) help->ShowHelp(platform::HelpOfNewGame);
   } else if (isReturn && !IsSimpleUI()) {
     ok_->click();
   } else {
@@ -264,6 +283,8 @@ void NewGameInfo::ResolveName() {
   pendingResolve_ = false;
   try {
     MMess().MsgIndex(-1);
+    // An address found before says who is meant only as long as the name stands.
+    if (Game_opponents_email_->text().isEmpty()) ClearRecipients();
     MMess().RecipDisplayName(Game_opponents_name_->text().toStdString());
     MMess().AddressResolveUI(true);
     MMess().ResolveName();
@@ -281,10 +302,7 @@ void NewGameInfo::ChooseName() {
   try {
     MMess().MsgIndex(-1);
     MMess().AddressCaption("Choose an opponent");
-    while (MMess().RecipCount() > 0) {
-      MMess().RecipIndex(0);
-      MMess().DeleteRecipient();
-    }
+    ClearRecipients();
     MMess().Show(false);
     if (MMess().RecipCount() > 1) {
       QStringList opponents;

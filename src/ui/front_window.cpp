@@ -2,9 +2,17 @@
 #include "ui/front_window.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QWidget>
 
 namespace ui {
+
+void ShowInTheMiddle(QWidget& window) {
+  QRect frame({}, window.size());
+  frame.moveCenter(window.screen()->availableGeometry().center());
+  window.move(frame.topLeft());
+  window.show();
+}
 
 void BringToFront(QWidget& window) {
   if (window.isMinimized()) window.showNormal();

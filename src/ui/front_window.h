@@ -6,6 +6,9 @@ class QWidget;
 
 namespace ui {
 
+/// The first showing of a window that stands for itself.
+void ShowInTheMiddle(QWidget& window);
+
 void BringToFront(QWidget& window);
 
 /// The dialog that waits for an answer, else the window that was used last.

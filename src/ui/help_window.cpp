@@ -224,6 +224,7 @@ HelpWindow* HelpViewer::Prepare() {
   }
   // A dialog lets nobody use any window but its own.
   if (dialog != window_->parentWidget()) window_->setParent(dialog, Qt::Window);
+  if (!window_->isVisible()) ShowInTheMiddle(*window_);
   BringToFront(*window_);
   return window_;
 }

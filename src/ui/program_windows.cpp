@@ -50,13 +50,6 @@ void Replace(QWidget& old, QWidget& next) {
   next.show();
 }
 
-void ShowInTheMiddle(QWidget& window) {
-  QRect frame({}, window.size());
-  frame.moveCenter(window.screen()->availableGeometry().center());
-  window.move(frame.topLeft());
-  window.show();
-}
-
 /// Makes a window. What the toolkit raises is the platform's failure.
 template <typename Window, typename... Arguments>
 Window* Made(Arguments&&... arguments) {

@@ -132,11 +132,13 @@ void SelectSound::Start() {
                     : firstFolder;
   folders_->SetPath(Shown(folder));
   ShowDriveOf(folders_->Path());
-  files_->setFocus();
+  folders_->setFocus();
   if (!choosesSound_ || Settings().NotificationSoundPath.empty()) return;
   const auto chosen = files_->findItems(Shown(Settings().NotificationSoundWav),
                                         Qt::MatchExactly | Qt::MatchCaseSensitive);
-  if (!chosen.isEmpty()) files_->setCurrentItem(chosen.front());
+  if (chosen.isEmpty()) return;
+  files_->setCurrentItem(chosen.front());
+  files_->setFocus();
 }
 
 void SelectSound::FillDrives() {

@@ -124,6 +124,7 @@ void SystemTray::Greet(const std::function<void()>& changeAccount) {
                                 startMailGame();
                               }});
   welcome_->setAttribute(Qt::WA_DeleteOnClose);
+  ShowInTheMiddle(*welcome_);
   BringToFront(*welcome_);
 }
 

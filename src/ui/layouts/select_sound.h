@@ -7,7 +7,7 @@
 namespace ui::layouts {
 
 inline constexpr Control selectSoundControls[] = {
-    {"Caption", Surface::Ornament, {22, 22, 265, 24}, "Select a file..."},
+    {"Caption", Surface::Ornament, {22, 22, 265, 24}, "Select a sound file..."},
     {"DirList", Surface::Field, {22, 52, 128, 84}},
     {"DriveList", Surface::Field, {22, 144, 128, 28}},
     {"FileList", Surface::Field, {159, 52, 128, 120}},

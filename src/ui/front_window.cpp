@@ -2,12 +2,14 @@
 #include "ui/front_window.h"
 
 #include <QApplication>
+#include <QLayout>
 #include <QScreen>
 #include <QWidget>
 
 namespace ui {
 
 void ShowInTheMiddle(QWidget& window) {
+  if (QLayout* layout = window.layout()) layout->activate();
   QRect frame({}, window.size());
   frame.moveCenter(window.screen()->availableGeometry().center());
   window.move(frame.topLeft());

@@ -43,5 +43,5 @@ int main(int argc, char** argv) {
   if (!program.Start()) return platform::Process().ShuttingDown ? 1 : 0;
   const int result = QApplication::exec();
   program.Stop();
-  return result;
+  return platform::Process().ShuttingDown ? 1 : result;
 }

@@ -20,6 +20,7 @@
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
 #include "shell/past_opponents.h"
+#include "shell/settings.h"
 #include "shell/shell_hooks.h"
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
@@ -80,6 +81,9 @@ bool Program::Start() { return shell::StartUp(); }
 void Program::End() {
   if (desktop_->Events().IsWaiting()) {
     desktop_->Mail().Hurry();
+    if (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();
+    // Whoever is impatient may end the process before the wait is over.
+    if (Process().StartupComplete) shell::SaveSettings();
     QTimer::singleShot(100, tray_.get(), [this] { End(); });
     return;
   }
@@ -110,8 +114,8 @@ std::optional<desktop::AccountAnswer> Program::AskAccount(const desktop::MailAcc
 std::optional<desktop::AccountAnswer> Program::AskAtLogon(const desktop::MailAccount& suggestion) {
   auto answer = AskAccount(suggestion);
   if (!answer) {
-    // The logon fails and leaves its guard standing, as after a crash; but nothing crashed.
-    QTimer::singleShot(0, tray_.get(), [] { platform::SetLogonStatus(false); });
+    // The logon fails and would leave its guard standing, as after a crash; but nothing crashed.
+    platform::SetLogonStatus(false);
   } else if (!answer->password) {
     answer->password = KeptPassword(answer->account);
   }

@@ -91,6 +91,7 @@ std::vector<MoveArrival> LogonAndCollect(bool importFile, bool showStatus, bool 
   const platform::PollingHold hold;
   MailLogon(showStatus);
   const platform::ProcessState& process = platform::Process();
+  if (process.Stopping) return {};
   if (importFile) return ImportMoveFiles(showStatus, true);
   if (!process.Offline) return RetrieveMoveMails(showStatus, fetchAll);
   if (process.StandAlone) return ImportMoveFiles(showStatus, false);

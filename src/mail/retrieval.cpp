@@ -55,7 +55,8 @@ bool TakeCurrentMail(MoveArrival& arrival) {
 
 void WalkInbox(std::vector<MoveArrival>& arrivals) {
   int index = 1;
-  while (Messages().MsgCount() > 0 && index <= Messages().MsgCount()) {
+  // The user may have ended the program over the report of a mail.
+  while (!platform::Process().Stopping && index <= Messages().MsgCount()) {
     Messages().MsgIndex(index - 1);
     const bool isMoveMail = Messages().MsgSubject().starts_with(subjectPrefix);
     // A deleted message leaves its index to the next one.
@@ -82,6 +83,7 @@ void FlushQuietly(bool isTick) {
 }
 
 void ReportNetworkError(const std::string& what) {
+  if (platform::Process().Stopping) return;
   platform::ShowMessage(
       platform::MailIcon, "Network error",
       what + "||Please select Retrieve games... from the File menu and try again.", "OK", {}, false,

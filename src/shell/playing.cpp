@@ -66,6 +66,8 @@ void AskAndOpenBoard() {
   Process().CurrentGameID = -1;
   const NewGameBackdrop backdrop;
   if (!Windows().AskNewGame()) return;
+  // The list may have come meanwhile, for lack of a tray.
+  if (Process().GameListOpen) Process().BoardFromGameList = true;
   const platform::BusyPointer busy;
   Windows().OpenBoard(false);
   ReplaceGameList();

@@ -83,11 +83,12 @@ void ReportFailedStart() {
 /// False where the program must not start.
 bool PrepareLook() {
   CheckDisplaySettings();
+  if (Process().Stopping) return false;
   UpgradeSettings();
   if (!LoadSettings()) throw std::runtime_error("a setting can't be read");
   if (!Windows().ApplySkinToSystemTray()) return false;
   CheckColourDepth();
-  return true;
+  return !Process().Stopping;
 }
 
 /// The menus that depend on what is found here work out their entries when they open.
@@ -183,7 +184,7 @@ void CheckColourDepth() {
         "Display control panel and set your colours to High Colour for better results.",
         "Ok");
   }
-  Mark("BppChecked", low);
+  if (!Process().Stopping) Mark("BppChecked", low);
 }
 
 void CheckFirstRun() {
@@ -196,6 +197,7 @@ void CheckFirstRun() {
       "https://tarvolenix.example, and download the latest version.  This warning will not appear "
       "again.",
       "OK", {}, false, platform::AttentionSound);
+  if (Process().Stopping) return;  // he may not have read it
   if (platform::IsEmptyValue(platform::ReadRegistry(productSection, "DisplaySplash"))) {
     platform::CreateRegistryKey(productSection);
   }

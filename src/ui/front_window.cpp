@@ -16,6 +16,12 @@ void ShowInTheMiddle(QWidget& window) {
   window.show();
 }
 
+bool IsOfProgram(const QWidget& window) {
+  const Qt::WindowType type = window.windowType();
+  return (type == Qt::Window || type == Qt::Dialog || type == Qt::SplashScreen) &&
+         !window.inherits("QSystemTrayIconSys");
+}
+
 void BringToFront(QWidget& window) {
   if (window.isMinimized()) window.showNormal();
   window.show();
@@ -28,8 +34,7 @@ void BringActiveWindowToFront() {
   if (!window) window = QApplication::activeWindow();
   if (!window) {
     for (QWidget* candidate : QApplication::topLevelWidgets()) {
-      const bool isWindow = candidate->windowType() != Qt::Popup && candidate->isVisible();
-      if (isWindow) window = candidate;
+      if (candidate->isVisible() && IsOfProgram(*candidate)) window = candidate;
     }
   }
   if (window) BringToFront(*window);

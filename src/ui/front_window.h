@@ -9,6 +9,9 @@ namespace ui {
 /// The first showing of a window that stands for itself.
 void ShowInTheMiddle(QWidget& window);
 
+/// False for menus, tips, and what the toolkit shows in the tray.
+bool IsOfProgram(const QWidget& window);
+
 void BringToFront(QWidget& window);
 
 /// The dialog that waits for an answer, else the window that was used last.

@@ -257,7 +257,9 @@ void GameInterface::DeleteGame() {
 void GameInterface::GetGames(bool import) {
   const auto selected = SelectedGame();
   const DisabledWindow disabled(*this);
+  const QPointer<GameInterface> self = this;
   shell::RetrieveFromGameList(import);
+  if (!self || Process().Stopping) return;
   Refill(selected);
 }
 

@@ -158,6 +158,7 @@ void ProgramWindows::OpenBoard(bool toFront) {
 }
 
 bool ProgramWindows::AskNewGame() {
+  CloseNewGame();
   const bool fromList = Process().BoardFromGameList && list_ && list_->isVisible();
   newGame_ = Made<NewGameInfo>(fromList ? list_.data() : nullptr);
   if (newGame_->Ask()) return true;
@@ -190,7 +191,7 @@ void ProgramWindows::CloseAll() {
     if (!dialog->close() || QApplication::activeModalWidget() == dialog) break;
   }
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible()) window->close();
+    if (window->isVisible() && IsOfProgram(*window)) window->close();
   }
 }
 

@@ -40,7 +40,7 @@ void StartMailGame(bool fromGameList) {
 }
 
 TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount) {
-  return {.open = [&windows] { shell::ShowGameList(); },
+  return {.open = [] { shell::ShowGameList(); },
           .newGame = [] { StartMailGame(false); },
           .playGame = [](std::int32_t gameID) { shell::OpenGameFromTray(gameID); },
           .retrieve = [] { shell::RetrieveByHand(); },
@@ -80,10 +80,7 @@ SystemTray::SystemTray(const std::function<void()>& changeAccount,
   };
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
   connect(&icon_, &TrayIcon::Opened, this, &SystemTray::OpenByDoubleClick);
-  connect(&icon_, &TrayIcon::Missing, this, [this] {
-    shell::LiveWithoutTray();
-    SettleMenus();
-  });
+  connect(&icon_, &TrayIcon::Missing, this, &SystemTray::LeaveTray);
   connect(&icon_, &TrayIcon::Come, this, [this] {
     shell::TrayHasCome();
     SettleMenus();
@@ -126,6 +123,17 @@ void SystemTray::Greet(const std::function<void()>& changeAccount) {
   welcome_->setAttribute(Qt::WA_DeleteOnClose);
   ShowInTheMiddle(*welcome_);
   BringToFront(*welcome_);
+}
+
+/// What is up already is to be seen, and finished first.
+void SystemTray::LeaveTray() {
+  if (!icon_.IsMissing()) return;
+  if (Process().CheckTimerHeld) {
+    QTimer::singleShot(500, this, &SystemTray::LeaveTray);
+    return;
+  }
+  shell::LiveWithoutTray();
+  SettleMenus();
 }
 
 void SystemTray::OpenByDoubleClick() {

@@ -32,6 +32,7 @@ class SystemTray : public QObject {
 
  private:
   void OpenByDoubleClick();
+  void LeaveTray();
   void Greet(const std::function<void()>& changeAccount);
   void FollowCheckTimer();
 

@@ -48,7 +48,7 @@ void TrayIcon::Notify(TrayOperation operation, int picture, const std::string& t
   }
 }
 
-/// A tray may also go away again, and would take the program's only sign with it.
+/// A tray that goes away again would take the program's only sign with it.
 void TrayIcon::Show() {
   icon_.show();
   looks_.start(lateLookEvery);

@@ -29,6 +29,7 @@ class TrayIcon : public QObject, public platform::Tray {
 
   void Notify(platform::TrayOperation operation, int picture, const std::string& tip) override;
 
+  bool IsMissing() const { return missed_; }
   bool IsShown() const { return icon_.isVisible(); }
   QString Tip() const { return icon_.toolTip(); }
 

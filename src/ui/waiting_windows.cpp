@@ -3,6 +3,8 @@
 
 #include <QApplication>
 
+#include "ui/front_window.h"
+
 namespace ui {
 
 using namespace Qt::StringLiterals;
@@ -12,7 +14,7 @@ namespace {
 /// The popup tells of the wait, the splash picture stands over the start, and the help may be read.
 bool StaysAsItIs(const QWidget& window) {
   static const QStringList names{u"StatusWindow"_s, u"SplashScreen"_s, u"HelpWindow"_s};
-  return window.windowType() == Qt::Popup || names.contains(window.objectName());
+  return !IsOfProgram(window) || names.contains(window.objectName());
 }
 
 }  // namespace

@@ -131,6 +131,7 @@ TEST_F(ProgramTest, AnEndFromOutsideWhileTheStartAsksIsAnOrderlyStop) {
   EXPECT_FALSE(program.Start());
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   EXPECT_FALSE(platform::Process().ShuttingDown);
+  EXPECT_FALSE(platform::GetLogonStatus()) << "nothing crashed";
   EXPECT_EQ(program.Windows().GameList(), nullptr);
   // The toolkit remembers that it was told to end until a loop begins.
   QTimer::singleShot(0, QApplication::instance(), &QCoreApplication::quit);

@@ -237,6 +237,9 @@ TEST_F(SystemTrayTest, ATrayIsWaitedForAndStillTakenWhenItComesLate) {
   EXPECT_EQ(come, 1);
   EXPECT_TRUE(platform::Settings().SystrayStartup);
   EXPECT_EQ(tray_.Icon().Tip(), u"Tarvolenix - Nothing new"_s);
+  trayIsThere_ = false;
+  for (int i = 0; i < 5; ++i) tray_.Icon().Look();
+  EXPECT_EQ(missing, 2) << "it may go away again";
 }
 
 TEST_F(SystemTrayTest, TheLastStopClosesEveryWindow) {

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/single_instance.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <optional>
+
+#include "temporary_folder.h"
+
+namespace {
+
+using desktop::SingleInstance;
+
+class SingleInstanceTest : public testing::Test {
+ protected:
+  SingleInstanceTest() { ::setenv("XDG_RUNTIME_DIR", (session_ / "").c_str(), 1); }
+  ~SingleInstanceTest() override { ::unsetenv("XDG_RUNTIME_DIR"); }
+
+  std::string LockFile() {
+    for (const auto& entry : std::filesystem::directory_iterator(session_ / "")) {
+      if (entry.path().extension() == ".lock") return entry.path().string();
+    }
+    return {};
+  }
+
+  TemporaryFolder session_;
+  TemporaryFolder program_;
+};
+
+TEST_F(SingleInstanceTest, OneRunsAtATimeFromEachFolder) {
+  std::optional<SingleInstance> first(program_ / "");
+  EXPECT_FALSE(first->IsAnotherRunning());
+  EXPECT_FALSE(first->IsAnotherRunning()) << "it isn't its own rival";
+  SingleInstance second(program_ / "");
+  EXPECT_TRUE(second.IsAnotherRunning());
+  SingleInstance elsewhere(session_ / "");
+  EXPECT_FALSE(elsewhere.IsAnotherRunning());
+  first.reset();
+  EXPECT_FALSE(second.IsAnotherRunning());
+}
+
+TEST_F(SingleInstanceTest, WhatACrashOrAPowerCutLeavesIsNobodys) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    SingleInstance crashing(program_ / "");
+    ::_exit(crashing.IsAnotherRunning() ? 1 : 0);  // without the destructor
+  }
+  int status = -1;
+  ::waitpid(child, &status, 0);
+  ASSERT_EQ(status, 0);
+  ASSERT_NE(LockFile(), "");
+  const std::string file = LockFile();
+  {
+    SingleInstance next(program_ / "");
+    EXPECT_FALSE(next.IsAnotherRunning());
+  }
+  WriteFile(file, "");
+  SingleInstance next(program_ / "");
+  EXPECT_FALSE(next.IsAnotherRunning()) << "a file that names nobody";
+}
+
+}  // namespace

@@ -261,7 +261,9 @@ TEST_F(SkinnedWindowsTest, TheFocusIsSeenOnEverySurfaceAndWithoutATextChart) {
     for (const auto& [control, middle] :
          {std::pair<QWidget*, int>{list, 110}, std::pair<QWidget*, int>{button, 248}}) {
       control->setFocus();
-      const auto greyAt = [&](int y) { return qGray(SeenAt(window, {middle, y}).rgb()); };
+      const auto greyAt = [&window, x = middle](int y) {
+        return qGray(SeenAt(window, {x, y}).rgb());
+      };
       EXPECT_EQ(greyAt(60 - 3), qGray(text.rgb()));
       EXPECT_GE(std::abs(greyAt(60 - 1) - greyAt(60 - 3)), 100) << "two lines";
     }

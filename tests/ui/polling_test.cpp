@@ -15,6 +15,7 @@
 #include "shell/polling_loop.h"
 #include "store/queries.h"
 #include "ui/system_tray.h"
+#include "ui/waiting_windows.h"
 #include "ui_fixture.h"
 
 namespace ui {
@@ -87,6 +88,32 @@ TEST(PollingTest, AClickIsHandledBeforeTheServerAnswersTheTick) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return games() == 1; }));
   EXPECT_EQ(tray.Icon().Tip(), u"Tarvolenix - New move arrived"_s);
   platform::SetCheckTimer(false);
+}
+
+TEST(WaitingTest, AWaitTurnsTheWindowsOffAndSaysSoWhenItIsLong) {
+  const fakes::FakeDesktop desktop;
+  desktop::QtEvents events;
+  WaitingWindows waiting;
+  events.OnWait([&](bool waits) { waiting.Wait(waits); });
+  QWidget window;
+  QWidget unshown;
+  window.show();
+  EXPECT_FALSE(events.IsWaiting());
+  events.RunUntil([] { return true; });
+  bool done = false;
+  QTimer::singleShot(0, &window, [&] {
+    EXPECT_TRUE(events.IsWaiting());
+    EXPECT_FALSE(window.isEnabled());
+    EXPECT_TRUE(unshown.isEnabled());
+    EXPECT_TRUE(desktop.boxes.statusTexts.empty()) << "not for a moment";
+  });
+  QTimer ticks;
+  QObject::connect(&ticks, &QTimer::timeout, [&] { done = !desktop.boxes.statusTexts.empty(); });
+  ticks.start(20);
+  events.RunUntil([&] { return done; });
+  EXPECT_TRUE(window.isEnabled());
+  EXPECT_EQ(desktop.boxes.statusTexts,
+            (std::vector<std::string>{"Waiting for the mail service...", ""}));
 }
 
 }  // namespace

@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/dialog_button.h"
 #include "ui/form_rows.h"
 #include "ui/help_key.h"
 #include "ui/outcome_line.h"
@@ -71,14 +72,6 @@ QLineEdit* NewField(const QString& name, const std::string& text, int longest) {
   return field;
 }
 
-QPushButton* NewButton(const QString& name, const QString& caption) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setMinimumSize(96, 28);
-  button->setAutoDefault(false);
-  return button;
-}
-
 std::string Trimmed(const QLineEdit& field) { return field.text().trimmed().toStdString(); }
 
 bool HasDomain(const QString& address) { return address.trimmed().section(u'@', 1).contains(u'.'); }
@@ -101,8 +94,8 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       providerNote_(NewText(u"ProviderNote"_s)),
       fold_(new QToolButton),
       outcome_(new OutcomeLine),
-      test_(NewButton(u"TestButton"_s, u"&Test"_s)),
-      ok_(NewButton(u"OkButton"_s, u"OK"_s)) {
+      test_(NewDialogButton(u"TestButton"_s, u"&Test"_s)),
+      ok_(NewDialogButton(u"OkButton"_s, u"OK"_s)) {
   setObjectName(u"AccountDialog"_s);
   GiveHelpKey(*this, platform::HelpOfAccount);
   setWindowTitle(u"Tarvolenix - Your mail"_s);
@@ -171,7 +164,7 @@ void AccountDialog::AddRows() {
   form_->AddRow(u"Your &name:"_s, {name_});
   form_->AddRow(u"Your &address:"_s, {address_});
 
-  auto* browse = NewButton(u"BrowseButton"_s, u"&Browse..."_s);
+  auto* browse = NewDialogButton(u"BrowseButton"_s, u"&Browse..."_s);
   connect(browse, &QPushButton::clicked, this, &AccountDialog::Browse);
   postFolderRow_ = form_->AddRow(u"Post &folder:"_s, {postFolder_, browse});
 
@@ -203,7 +196,7 @@ QLayout* AccountDialog::NewButtons() {
   connect(test_, &QPushButton::clicked, this, &AccountDialog::Test);
   ok_->setDefault(true);
   connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
-  auto* cancel = NewButton(u"CancelButton"_s, u"Cancel"_s);
+  auto* cancel = NewDialogButton(u"CancelButton"_s, u"Cancel"_s);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);

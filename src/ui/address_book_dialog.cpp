@@ -15,6 +15,7 @@
 #include <exception>
 
 #include "platform/messages.h"
+#include "ui/dialog_button.h"
 #include "ui/help_key.h"
 #include "ui/outcome_line.h"
 #include "ui/person_dialog.h"
@@ -34,10 +35,7 @@ namespace {
 constexpr int rowPadding = 8;
 
 QPushButton* NewButton(const QString& name, const QString& caption, QLayout* row) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setMinimumSize(80, 28);
-  button->setAutoDefault(false);
+  auto* button = NewDialogButton(name, caption, 80);
   row->addWidget(button);
   return button;
 }

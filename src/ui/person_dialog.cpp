@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/dialog_button.h"
 #include "ui/form_rows.h"
 #include "ui/help_key.h"
 #include "ui/outcome_line.h"
@@ -47,14 +48,6 @@ QPlainTextEdit* NewAddressLines(const platform::Person& person) {
   return lines;
 }
 
-QPushButton* NewButton(const QString& name, const QString& caption) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setMinimumSize(96, 28);
-  button->setAutoDefault(false);
-  return button;
-}
-
 }  // namespace
 
 PersonDialog::PersonDialog(const QString& title, const platform::Person& person, IsUsable isUsable,
@@ -64,7 +57,7 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
       name_(new QLineEdit(Shown(person.name))),
       addresses_(NewAddressLines(person)),
       outcome_(new OutcomeLine),
-      ok_(NewButton(u"OkButton"_s, u"OK"_s)) {
+      ok_(NewDialogButton(u"OkButton"_s, u"OK"_s)) {
   setObjectName(u"PersonDialog"_s);
   GiveHelpKey(*this, platform::HelpOfAddressBook);
   setWindowTitle(title);
@@ -75,7 +68,7 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
   auto* form = new FormRows;
   form->AddRow(u"&Name:"_s, {name_});
   form->AddRow(u"A&ddresses,\none a line:"_s, {addresses_});
-  auto* cancel = NewButton(u"CancelButton"_s, u"Cancel"_s);
+  auto* cancel = NewDialogButton(u"CancelButton"_s, u"Cancel"_s);
   ok_->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);

@@ -32,9 +32,10 @@ struct BoardControls {
   bool firstAndLast = false;    ///< "First move" and "Last move"
   bool viewIsMine = true;       ///< the board is seen from the user's own side
   bool closeReadsClose = true;  ///< else the last button reads Cancel
+  bool playSetup = false;       ///< the position that is set up can be played
 };
 
-/// Buttons of the action bar.
+/// Buttons of the action bar. Three have another meaning while a position is set up.
 enum ToolbarButton {
   ViewButton = 1,
   CoordinatesButton,
@@ -42,7 +43,10 @@ enum ToolbarButton {
   SendButton,
   ResendButton,
   SurrenderButton,
-  CloseButton
+  CloseButton,
+  ResetSetupButton = SendButton,
+  ClearSetupButton = ResendButton,
+  PlaySetupButton = SurrenderButton
 };
 
 /// Where a square stands: columns from the left and rows from the bottom, both from 0.
@@ -99,10 +103,47 @@ class Board {
   void SendNewMove();
   void ResendLastMove();
 
-  // Ends of games.
+  // Entries that are not moves, and the ends of games.
+  void OfferDraw();
+  void SurrenderGame();
+  void DecideDraw(bool accept);
+  void ConfirmDraw();
   bool WonGame() const;
+  void DisplayMateMessage();
+  void DisplayDrawMessage();
   int SquareCell(rules::Square square) const;
   void CheckTimer();
+
+  // Setting up a position.
+  void BeginBoardSetup();
+
+  /// A press on a picture of the palette; true where a drag of the piece begins.
+  bool PiecePallete_MouseDown(rules::PieceCode code);
+
+  /// Whether another piece of the code may go on the board: a side has one king.
+  bool IsOnPalette(rules::PieceCode code) const;
+
+  /// A drop that means something: ApplySetupDrop with its sound.
+  void DropInSetup(int target, int source, bool fromPalette);
+
+  /// Carries out one drag. `target` is a square number, or 0 for off the board; `source` is the
+  /// code of a piece of the palette, or a square number.
+  void ApplySetupDrop(int target, int source, bool fromPalette);
+
+  /// Takes all pieces of one code off the board that may go.
+  void RemovePieces(rules::PieceCode code);
+
+  void ResetSetup();
+  void ClearSetup();
+  void PlaySetup();
+  bool SetupValid();
+  void UpdatePiecePalette();
+
+  /// Whether the position can't be won any more; with `warn` the user is told why.
+  bool DrawForcedWarning(bool warn);
+
+  /// Tells Black once that the game didn't start from the usual position.
+  void WarnAboutSetup();
 
   /// Shows a king in danger that is flashed away just now.
   void ShowKing();
@@ -136,7 +177,11 @@ class Board {
   bool Surrendered = false;
   bool GameDrawn = false;
   bool DrawOffered = false;
-  bool DrawButtonsUp = false;
+  bool DrawButtonsUp = false;       ///< Accept and Decline are in place
+  bool DrawMessagePending = false;  ///< the opponent's offer is to be announced
+  bool DrawMessageShown = false;
+  bool SetupWarned = false;
+  bool SetupPlayable = false;  ///< what is set up has both kings and a third piece
   bool CoordsVisible = false;
   bool HilightVisible = false;
   bool ListUpdating = false;
@@ -153,6 +198,13 @@ class Board {
  private:
   void CopyBoard();
   void SetButtonEnable() { view_.Refresh(); }
+  void AddEntry(const char* moveText, bool& flag, bool value);
+  void StopFlashing();
+  void ShowNotices();
+  void LoadSetup(bool clear);
+  void ReportInvalidSetup(const std::string& text);
+  std::string SetupRefusal(rules::Side side);
+  void PutInCheck(rules::Side side);
   bool IsCut() const;
   void PlayMove(int toSquare, int fromSquare, bool capture);
   std::vector<rules::Square> PathOf(const store::MoveRecord& entry, rules::LastMove move) const;

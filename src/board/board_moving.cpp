@@ -2,13 +2,16 @@
 // From the press on a piece to the pending move: legality, self-check, promotion, en passant,
 // castling, and what the move means for the opponent.
 #include "board/board.h"
+#include "board/dialog_lock.h"
 #include "platform/messages.h"
+#include "platform/process_state.h"
 #include "rules/attack.h"
 #include "rules/game_end.h"
 #include "rules/piece_moves.h"
 
 namespace board {
 
+using platform::Process;
 using rules::NoPiece;
 using rules::Square;
 using rules::ThePosition;
@@ -18,21 +21,10 @@ namespace {
 constexpr int selfCheckTicks = 10;
 constexpr int stalemateTicks = 15;
 
-/// Marks that a message of the window is up, for the length of the message.
-class DialogLock {
- public:
-  explicit DialogLock(bool& locked) : locked_(locked) { locked_ = true; }
-  ~DialogLock() { locked_ = false; }
-  DialogLock(const DialogLock&) = delete;
-  DialogLock& operator=(const DialogLock&) = delete;
-
- private:
-  bool& locked_;
-};
-
 }  // namespace
 
 bool Board::CBoard_MouseDown(int square) {
+  if (Process().BoardSetupMode) return rules::SideOf(rules::FromNumber(square)) != rules::NoSide;
   // A click on a board with marks on it only cleans the board and gives no message.
   const bool cleaning = HilightVisible || CoordsVisible;
   if (CoordsVisible) ToggleCoords();
@@ -158,19 +150,6 @@ void Board::DisplaySelfCheckMessage(rules::PieceCode piece) {
   platform::VerboseMessage(std::string("You cannot move the ") + words[rules::KindOf(piece)] +
                                " there because it will leave you in check.",
                            "Illegal move", platform::FailureSound);
-}
-
-void Board::DeterminIfDrawForced() {
-  static constexpr const char* reasons[] = {nullptr, "with only a king each.",
-                                            "with only a knight or a bishop.",
-                                            "with only two bishops on the same colour."};
-  const rules::ForcedDraw type = rules::ForcedDrawType();
-  GameDrawn = type != rules::ForcedDraw::None;
-  if (!GameDrawn) return;
-  platform::ShowMessage(platform::InformationIcon, "Forced draw",
-                        std::string("This move will force a draw because you cannot checkmate ") +
-                            reasons[static_cast<int>(type)],
-                        "OK", {}, false, platform::FailureSound);
 }
 
 void Board::UndoLastMove() {

@@ -24,7 +24,11 @@ void Board::Form_Load() {
     return;
   }
   view_.ConstructBoard();
-  BeginGame();
+  if (Process().CurrentGameID == -1 && Process().SetupGame) {
+    BeginBoardSetup();
+  } else {
+    BeginGame();
+  }
   Process().BoardOpen = true;
 }
 
@@ -37,6 +41,10 @@ void Board::SetupOptions() {
   GameDrawn = false;
   DrawOffered = false;
   DrawButtonsUp = false;
+  DrawMessagePending = false;
+  DrawMessageShown = false;
+  SetupWarned = false;
+  SetupPlayable = false;
   CoordsVisible = false;
   HilightVisible = false;
   MovePointers.clear();
@@ -84,6 +92,7 @@ void Board::BeginGame() {
   SetBoardState();
   DisplayBoardState(true);
   SetFormCaptions();
+  ConfirmDraw();
   SetButtonEnable();
   HilightMove(Moves.Count());
   ListUpdating = false;

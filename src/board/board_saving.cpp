@@ -17,6 +17,12 @@ using platform::Process;
 using platform::ZeroFilled;
 
 void Board::ToolbarClick(int button) {
+  if (Process().BoardSetupMode && button >= ResetSetupButton && button <= PlaySetupButton) {
+    if (button == ResetSetupButton) ResetSetup();
+    if (button == ClearSetupButton) ClearSetup();
+    if (button == PlaySetupButton) PlaySetup();
+    return;
+  }
   switch (button) {
     case ViewButton:
       ChangeView();
@@ -37,6 +43,9 @@ void Board::ToolbarClick(int button) {
       break;
     case ResendButton:
       if (!Process().ComputerGame) ResendLastMove();
+      break;
+    case SurrenderButton:
+      SurrenderGame();
       break;
     case CloseButton:
       view_.Close();

@@ -4,6 +4,8 @@
 // position behind the logic moves during a test while the picture must not.
 #pragma once
 
+#include <string>
+
 #include "rules/position.h"
 
 namespace board {
@@ -24,6 +26,13 @@ class BoardView {
   /// The promotion dialog, modal: a rook, knight, bishop or queen of `side`. A choice is its only
   /// exit.
   virtual rules::PieceCode ExchangePawn(rules::Side side) = 0;
+
+  /// Shows what is odd about a position that was set up; "\n" ends a line. True where the user
+  /// wants to play from it nevertheless.
+  virtual bool AcceptSetupWarnings(const std::string& warnings) = 0;
+
+  /// Whether the user sees the window yet. Notices wait for that.
+  virtual bool Visible() const = 0;
 
   virtual void SetTimerInterval(int milliseconds) = 0;
 

@@ -33,6 +33,8 @@ class PlayedBoard : private board::BoardView {
   void PaintSquare(rules::Square, int) override {}
   void Refresh() override {}
   rules::PieceCode ExchangePawn(rules::Side side) override;
+  bool AcceptSetupWarnings(const std::string&) override { return true; }
+  bool Visible() const override { return false; }
   void SetTimerInterval(int) override {}
   void Hide() override {}
   void Close() override {}

@@ -39,12 +39,50 @@ constexpr MenuEntry actionEntries[] = {
     {Close, "Close"},
 };
 
-int ButtonOf(int action) {
-  static const std::map<int, int> buttons{
-      {View, board::ViewButton},     {Coordinates, board::CoordinatesButton},
-      {Undo, board::UndoButton},     {Send, board::SendButton},
-      {Resend, board::ResendButton}, {Close, board::CloseButton}};
-  return buttons.at(action);
+enum SetupAction {
+  ResetBoard = 3,
+  ClearBoard = 4,
+  PlaySetup = 6,
+  SetupOptions = 8,
+  CloseSetup = 9
+};
+
+constexpr MenuEntry setupEntries[] = {
+    {View, "View from opponent"},
+    {Coordinates, "Show coordinates"},
+    {2, "-"},
+    {ResetBoard, "Reset board"},
+    {ClearBoard, "Clear board"},
+    {5, "-"},
+    {PlaySetup, "Play current setup"},
+    {7, "-"},
+    {SetupOptions, "Options..."},
+    {CloseSetup, "Close"},
+};
+
+constexpr MenuEntry palleteEntries[] = {{0, "Remove every piece"}};
+
+using ButtonsOfEntries = std::map<int, int>;
+
+const ButtonsOfEntries actionButtons{
+    {View, board::ViewButton},     {Coordinates, board::CoordinatesButton},
+    {Undo, board::UndoButton},     {Send, board::SendButton},
+    {Resend, board::ResendButton}, {Surrender, board::SurrenderButton},
+    {Close, board::CloseButton}};
+
+const ButtonsOfEntries setupButtons{{View, board::ViewButton},
+                                    {Coordinates, board::CoordinatesButton},
+                                    {ResetBoard, board::ResetSetupButton},
+                                    {ClearBoard, board::ClearSetupButton},
+                                    {PlaySetup, board::PlaySetupButton},
+                                    {CloseSetup, board::CloseButton}};
+
+/// What both of the board's first menus begin with.
+void ShowView(IndexedMenu& menu, const board::Board& board) {
+  const board::BoardControls controls = board.Controls();
+  if (!controls.viewIsMine) menu.Entry(View).setText(u"View from me"_s);
+  if (board.CoordsVisible) menu.Entry(Coordinates).setText(u"Hide coordinates"_s);
+  menu.SetEnabled({View, Coordinates}, controls.viewAndCoordinates);
 }
 
 enum History { Hilight = 0, FirstMove = 2, LastMove = 3 };
@@ -54,21 +92,39 @@ constexpr MenuEntry historyEntries[] = {
 
 }  // namespace
 
-std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Board& board,
-                                            std::function<void(int)> click) {
+std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Board& board, BoardActions actions) {
   const board::BoardControls controls = board.Controls();
-  auto menu = std::make_unique<IndexedMenu>(
-      "mnuActionsMenu", actionEntries,
-      [click = std::move(click)](int action) { click(ButtonOf(action)); });
-  if (!controls.viewIsMine) menu->Entry(View).setText(u"View from me"_s);
-  if (board.CoordsVisible) menu->Entry(Coordinates).setText(u"Hide coordinates"_s);
-  menu->SetEnabled({View, Coordinates}, controls.viewAndCoordinates);
+  auto menu = std::make_unique<IndexedMenu>("mnuActionsMenu", actionEntries,
+                                            [actions = std::move(actions)](int action) {
+                                              if (action == OfferDraw) {
+                                                actions.offerDraw();
+                                              } else {
+                                                actions.click(actionButtons.at(action));
+                                              }
+                                            });
+  ShowView(*menu, board);
   menu->SetEnabled({Undo}, controls.undo);
   menu->SetEnabled({Send}, controls.send);
   menu->SetEnabled({Resend}, controls.resend);
+  menu->SetEnabled({Surrender, OfferDraw}, controls.surrender);
   // Until what they lead to is there.
-  menu->SetEnabled({Surrender, OfferDraw, Options, PrintBoard}, false);
+  menu->SetEnabled({Options, PrintBoard}, false);
   return menu;
+}
+
+std::unique_ptr<IndexedMenu> NewSetupMenu(const board::Board& board, BoardActions actions) {
+  auto menu = std::make_unique<IndexedMenu>(
+      "mnuSetupMenu", setupEntries,
+      [actions = std::move(actions)](int action) { actions.click(setupButtons.at(action)); });
+  ShowView(*menu, board);
+  menu->SetEnabled({PlaySetup}, board.Controls().playSetup);
+  menu->SetEnabled({SetupOptions}, false);
+  return menu;
+}
+
+std::unique_ptr<IndexedMenu> NewPiecePalleteMenu(const std::function<void()>& remove) {
+  return std::make_unique<IndexedMenu>("mnuPiecePalleteMenu", palleteEntries,
+                                       [remove](int) { remove(); });
 }
 
 std::unique_ptr<IndexedMenu> NewHistoryMenu(const board::Board& board,

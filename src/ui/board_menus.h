@@ -10,9 +10,20 @@
 
 namespace ui {
 
-/// `mnuActionsMenu`. The entries call `click` with a button of the action bar.
-std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Board& board,
-                                            std::function<void(int)> click);
+/// What the entries of the board's first menus call.
+struct BoardActions {
+  std::function<void(int button)> click;  ///< with a button of the action bar
+  std::function<void()> offerDraw;
+};
+
+/// `mnuActionsMenu`, the board during play.
+std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Board& board, BoardActions actions);
+
+/// `mnuSetupMenu`, the board while a position is set up.
+std::unique_ptr<IndexedMenu> NewSetupMenu(const board::Board& board, BoardActions actions);
+
+/// `mnuPiecePalleteMenu`, whose one entry calls `remove`.
+std::unique_ptr<IndexedMenu> NewPiecePalleteMenu(const std::function<void()>& remove);
 
 struct HistoryActions {
   std::function<void()> toggleHilight;

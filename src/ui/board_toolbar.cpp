@@ -20,18 +20,27 @@ namespace {
 /// In the order in which they stand.
 struct ToolbarEntry {
   int button;
-  bool inSimpleUI;
   const char* toolTip;
+  const char* setupToolTip;  ///< while a position is set up, where it differs
 };
 constexpr ToolbarEntry entries[] = {
-    {board::ViewButton, true, "VIEW - Toggle between board views"},
-    {board::CoordinatesButton, true, "COORDINATES - Display the board coordinates"},
-    {board::UndoButton, true, "UNDO - Reverse your last move"},
-    {board::SendButton, true, "SEND - Send the move to your opponent"},
-    {board::ResendButton, true, "RESEND - Send your last move to your opponent again"},
-    {board::SurrenderButton, false, "SURRENDER - Surrender the game"},
-    {board::CloseButton, true, "CLOSE - Close the form"},
+    {board::ViewButton, "VIEW - Toggle between board views", nullptr},
+    {board::CoordinatesButton, "COORDINATES - Display the board coordinates", nullptr},
+    {board::UndoButton, "UNDO - Reverse your last move", nullptr},
+    {board::SendButton, "SEND - Send the move to your opponent",
+     "RESET - Configure the board for a standard chess opening"},
+    {board::ResendButton, "RESEND - Send your last move to your opponent again",
+     "CLEAR - Remove all the pieces from the board"},
+    {board::SurrenderButton, "SURRENDER - Surrender the game",
+     "PLAY - Play the current board setup"},
+    {board::CloseButton, "CLOSE - Close the form", nullptr},
 };
+
+/// Whether the window has the button at all: the plain one surrenders from its menu only.
+bool IsThere(int button, bool setup) {
+  if (button == board::UndoButton) return !setup;
+  return button != board::SurrenderButton || setup || !IsSimpleUI();
+}
 
 std::size_t Slot(int button) { return static_cast<std::size_t>(button); }
 
@@ -48,12 +57,12 @@ struct ButtonState {  // NOLINT(clang-analyzer-optin.performance.Padding)
 BoardToolbar::BoardToolbar(QWidget& window, const std::function<void(int button)>& click)
     : QObject(&window), window_(window) {
   for (const ToolbarEntry& entry : entries) {
-    if (IsSimpleUI() && !entry.inSimpleUI) continue;
     QAbstractButton* button = NewToolbarButton(window, entry.button);
     buttons_[Slot(entry.button)] = button;
     connect(button, &QAbstractButton::clicked, this,
             [click, number = entry.button] { click(number); });
   }
+  TakeMode(false);
 }
 
 QAbstractButton* BoardToolbar::NewToolbarButton(QWidget& window, int button) {
@@ -67,19 +76,33 @@ QAbstractButton* BoardToolbar::NewToolbarButton(QWidget& window, int button) {
   return plain;
 }
 
-void BoardToolbar::LayOut(QGridLayout& layout) const {
-  int place = 0;
-  for (QAbstractButton* button : buttons_) {
-    if (!button) continue;
-    layout.addWidget(button, place / 2, place % 2);
-    ++place;
-  }
+void BoardToolbar::LayOut(QGridLayout& layout) {
+  layout_ = &layout;
+  TakeMode(setup_);
 }
 
-void BoardToolbar::Show(const board::Board& board) {
+void BoardToolbar::TakeMode(bool setup) {
+  setup_ = setup;
+  int place = 0;
+  for (const ToolbarEntry& entry : entries) {
+    QAbstractButton* button = buttons_[Slot(entry.button)];
+    button->setVisible(IsThere(entry.button, setup));
+    if (!layout_) continue;
+    layout_->removeWidget(button);
+    if (!IsThere(entry.button, setup)) continue;
+    layout_->addWidget(button, place / 2, place % 2);
+    ++place;
+  }
+  RefreshBoardButtons();
+}
+
+namespace {
+
+std::array<ButtonState, board::CloseButton> StatesInPlay(const board::Board& board) {
   const board::BoardControls controls = board.Controls();
   const bool coordinates = board.CoordsVisible, mine = controls.viewIsMine;
-  const ButtonState states[] = {
+  const char* close = controls.closeReadsClose ? "Close" : "Cancel";
+  return {{
       {board::ViewButton, mine ? "&View opponent" : "&View", "View",
        mine ? "View from opponent" : "View from me", controls.viewAndCoordinates},
       {board::CoordinatesButton, coordinates ? "C&oords off" : "C&oords on", "Coords",
@@ -87,15 +110,33 @@ void BoardToolbar::Show(const board::Board& board) {
       {board::UndoButton, "&Undo", "Undo", "Undo current move", controls.undo},
       {board::SendButton, "&Send", "Send", "Send new move", controls.send},
       {board::ResendButton, "&Resend", "Resend", "Re-send last move", controls.resend},
-      // The logic of the board can't surrender yet.
-      {board::SurrenderButton, "", "Surrender", "Surrender", false},
-      controls.closeReadsClose
-          ? ButtonState{board::CloseButton, "&Close", "Close", "Close", true}
-          : ButtonState{board::CloseButton, "&Cancel", "Cancel", "Cancel", true},
-  };
-  for (const ButtonState& state : states) {
+      {board::SurrenderButton, "", "Surrender", "Surrender game", controls.surrender},
+      {board::CloseButton, controls.closeReadsClose ? "&Close" : "&Cancel", close, close, true},
+  }};
+}
+
+std::array<ButtonState, board::CloseButton> StatesInSetup(const board::Board& board) {
+  const board::BoardControls controls = board.Controls();
+  return {{
+      {board::ViewButton, "&View", "View",
+       controls.viewIsMine ? "View from opponent" : "View from me", true},
+      {board::CoordinatesButton, "C&oordinates", "Coords",
+       board.CoordsVisible ? "Hide coordinates" : "Show coordinates", true},
+      {board::UndoButton, "", "", "", false},
+      {board::ResetSetupButton, "&Reset", "Reset", "Reset board", true},
+      {board::ClearSetupButton, "C&lear", "Clear", "Clear board", true},
+      {board::PlaySetupButton, "&Play", "Play", "Play current setup", controls.playSetup},
+      {board::CloseButton, "&Close", "Close", "Close", true},
+  }};
+}
+
+}  // namespace
+
+void BoardToolbar::Show(const board::Board& board) {
+  const bool setup = platform::Process().BoardSetupMode;
+  if (setup != setup_) TakeMode(setup);
+  for (const ButtonState& state : setup ? StatesInSetup(board) : StatesInPlay(board)) {
     QAbstractButton* button = buttons_[Slot(state.button)];
-    if (!button) continue;
     button->setText(QLatin1StringView(IsSimpleUI() ? state.plainCaption : state.caption));
     if (!IsSimpleUI()) button->setAccessibleName(QLatin1StringView(state.meaning));
     button->setEnabled(state.enabled);
@@ -105,8 +146,7 @@ void BoardToolbar::Show(const board::Board& board) {
 void BoardToolbar::RefreshBoardButtons() {
   const WindowSkin* skin = WindowSkin::Of(window_);
   if (!skin) return;
-  const QImage strip =
-      skin->Strip(platform::Process().BoardSetupMode ? "SetupToolbarPics" : "ToolbarPics");
+  const QImage strip = skin->Strip(setup_ ? "SetupToolbarPics" : "ToolbarPics");
   for (QAbstractButton* button : buttons_) {
     if (button) static_cast<StripButton*>(button)->SetStrip(strip);
   }
@@ -114,9 +154,8 @@ void BoardToolbar::RefreshBoardButtons() {
 
 void BoardToolbar::SetToolTips() {
   for (const ToolbarEntry& entry : entries) {
-    if (auto* button = buttons_[Slot(entry.button)]) {
-      button->setToolTip(QLatin1StringView(entry.toolTip));
-    }
+    buttons_[Slot(entry.button)]->setToolTip(
+        QLatin1StringView(setup_ && entry.setupToolTip ? entry.setupToolTip : entry.toolTip));
   }
 }
 

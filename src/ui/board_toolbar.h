@@ -24,7 +24,8 @@ class BoardToolbar : public QObject {
   /// window, as they do.
   BoardToolbar(QWidget& window, const std::function<void(int button)>& click);
 
-  void LayOut(QGridLayout& layout) const;
+  /// In the plain look: where the buttons stand from now on. The layout must live as long.
+  void LayOut(QGridLayout& layout);
 
   /// Captions, and what is enabled.
   void Show(const board::Board& board);
@@ -36,8 +37,11 @@ class BoardToolbar : public QObject {
 
  private:
   QAbstractButton* NewToolbarButton(QWidget& window, int button);
+  void TakeMode(bool setup);
 
   QWidget& window_;
+  QGridLayout* layout_ = nullptr;
+  bool setup_ = false;  // what the buttons stand for now
   std::array<QAbstractButton*, board::CloseButton + 1> buttons_{};  // by number; some are null
 };
 

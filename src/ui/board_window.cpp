@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -74,14 +75,15 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
   SetBold(playersTag_, true);
   opponentComment_->setObjectName(u"OpponentComment"_s);
   opponentComment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  AddDrawButtons();
   toolbar_ = new BoardToolbar(*this, [this](int button) { ClickToolbar(button); });
   if (!IsSimpleUI()) AddSkinnedControls();
   hand_ = new PieceHand(board_, *picture_, this);
   open_ = TakeLook(*this, layouts::board, [this] { SetSimpleUI(); });
   if (!open_) return;
   Connect();
-  SetToolTips();
   board_.Form_Load();
+  SetToolTips();
   Refresh();
   toolbar_->RefreshBoardButtons();
   picture_->setFocus();
@@ -97,6 +99,7 @@ void BoardWindow::SetSimpleUI() {
   auto* side = new QVBoxLayout;
   side->setSpacing(8);
   side->addWidget(playersTag_);
+  side->addWidget(drawAnswers_);
   side->addWidget(moveList_, 1);
   side->addWidget(opponentComment_);
   side->addWidget(playerComment_);
@@ -118,10 +121,15 @@ void BoardWindow::SetSimpleUI() {
 /// What a window without a frame and a menu has of its own.
 void BoardWindow::AddSkinnedControls() {
   playersTag_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  auto* logo = new QLabel(this);
-  logo->setObjectName(u"TVLogo"_s);
-  logo->setPixmap(QIcon(ProgramPicturePath(u"tarvolenix.png"_s))
-                      .pixmap(layouts::RectOf(layouts::board, "TVLogo").width));
+  const auto newLogo = [this](QLatin1StringView name, const QString& picture) {
+    auto* logo = new QLabel(this);
+    logo->setObjectName(name);
+    logo->setPixmap(
+        QIcon(ProgramPicturePath(picture)).pixmap(layouts::RectOf(layouts::board, "TVLogo").width));
+    return logo;
+  };
+  logo_ = newLogo("TVLogo"_L1, u"tarvolenix.png"_s);
+  drawLogo_ = newLogo("DrawLogo"_L1, u"draw.png"_s);
   auto* label = new QLabel(u"Your comment"_s, this);
   label->setObjectName(u"PlayerComment_L"_s);
   label->setBuddy(playerComment_);
@@ -149,6 +157,45 @@ void BoardWindow::AddSkinnedControls() {
   connect(minimise, &SystemButton::clicked, this, &QWidget::showMinimized);
 }
 
+/// The answers to an offer of a draw, in place while there is one to answer.
+void BoardWindow::AddDrawButtons() {
+  struct Answer {
+    const char* name;
+    const char* plainName;
+    const char* caption;
+    const char* plainCaption;
+    const char* toolTip;
+  };
+  static constexpr Answer answers[] = {
+      {"AcceptDraw", "AcceptDrawS", "Accept", "&Accept", "Accept the offered draw"},
+      {"DeclineDraw", "DeclineDrawS", "Decline", "&Decline", "Decline the offered draw"}};
+  QHBoxLayout* row = nullptr;
+  if (IsSimpleUI()) {
+    drawAnswers_ = new QWidget(this);
+    row = new QHBoxLayout(drawAnswers_);
+    row->setContentsMargins(0, 0, 0, 0);
+  }
+  for (std::size_t i = 0; i < drawButtons_.size(); ++i) {
+    const Answer& answer = answers[i];
+    QAbstractButton* button = nullptr;
+    if (row) {
+      auto* plain = new QPushButton(QLatin1StringView(answer.plainCaption), drawAnswers_);
+      plain->setObjectName(QLatin1StringView(answer.plainName));
+      plain->setAutoDefault(true);
+      row->addWidget(plain);
+      button = plain;
+    } else {
+      button = new SystemButton(QLatin1StringView(answer.name), this);
+      button->setText(QLatin1StringView(answer.caption));
+    }
+    if (platform::Settings().ShowToolTips) button->setToolTip(QLatin1StringView(answer.toolTip));
+    connect(button, &QAbstractButton::clicked, this, [this, accept = i == 0] {
+      if (!LeaveComment()) board_.DecideDraw(accept);
+    });
+    drawButtons_[i] = button;
+  }
+}
+
 void BoardWindow::Connect() {
   connect(&checkTimer_, &QTimer::timeout, this, [this] { board_.CheckTimer(); });
   connect(moveList_, &MoveListTable::RowChosen, this,
@@ -171,9 +218,10 @@ void BoardWindow::Connect() {
 void BoardWindow::SetToolTips() {
   if (!platform::Settings().ShowToolTips) return;
   toolbar_->SetToolTips();
+  const bool setup = platform::Process().BoardSetupMode;
   const std::pair<const char*, QString> tips[] = {
       {"Menu1Button", u"Actions menu"_s},
-      {"Menu2Button", u"Move history menu"_s},
+      {"Menu2Button", setup ? u"Piece pallete menu"_s : u"Move history menu"_s},
       {"PlayersTag", u"Your opponent"_s},
       {"OpponentComment", u"Player comments"_s},
       {"PlayerComment", u"Type a comment here"_s},
@@ -209,11 +257,21 @@ void BoardWindow::Refresh() {
   picture_->ShowCoordinates(board_.CoordsVisible);
   toolbar_->Show(board_);
   SetButtonEnabled(*this, u"Menu2Button"_s, board_.Moves.Count() > 0);
-  playerComment_->setEnabled(board_.Controls().playerComment);
+  const board::BoardControls controls = board_.Controls();
+  playerComment_->setEnabled(controls.playerComment);
+  for (QAbstractButton* button : drawButtons_) button->setVisible(controls.answerDraw);
+  if (drawAnswers_) drawAnswers_->setVisible(controls.answerDraw);
+  if (logo_) logo_->setVisible(!board_.DrawButtonsUp);
+  if (drawLogo_) drawLogo_->setVisible(board_.DrawButtonsUp);
 }
 
 rules::PieceCode BoardWindow::ExchangePawn(rules::Side side) {
   return ui::ExchangePawn(graphics_, side, this).Choose();
+}
+
+bool BoardWindow::AcceptSetupWarnings(const std::string& warnings) {
+  (void)warnings;
+  return true;
 }
 
 void BoardWindow::SetTimerInterval(int milliseconds) { checkTimer_.setInterval(milliseconds); }
@@ -224,8 +282,10 @@ void BoardWindow::Close() {
 }
 
 void BoardWindow::ClickToolbar(int button) {
-  const bool sends = button == board::SendButton || button == board::ResendButton;
+  const bool sends = !platform::Process().BoardSetupMode &&
+                     (button == board::SendButton || button == board::ResendButton);
   if (!sends) {
+    if (button == board::SurrenderButton && LeaveComment()) return;
     board_.ToolbarClick(button);
     return;
   }
@@ -245,11 +305,16 @@ bool BoardWindow::LeaveComment() {
 }
 
 void BoardWindow::ShowActionsMenu(QPoint place) {
-  NewActionsMenu(board_, [this](int button) { ClickToolbar(button); })->exec(place);
+  const BoardActions actions{[this](int button) { ClickToolbar(button); },
+                             [this] {
+                               if (!LeaveComment()) board_.OfferDraw();
+                             }};
+  const bool setup = platform::Process().BoardSetupMode;
+  (setup ? NewSetupMenu(board_, actions) : NewActionsMenu(board_, actions))->exec(place);
 }
 
 void BoardWindow::ShowHistoryMenu(QPoint place) {
-  if (board_.Moves.Count() == 0) return;
+  if (board_.Moves.Count() == 0 || platform::Process().BoardSetupMode) return;
   const auto toggleHilight = [this] {
     if (board_.HilightVisible) {
       board_.RemoveHilight();

@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <array>
+
 #include "board/board.h"
 #include "ui/board_picture.h"
 #include "ui/chess_graphics.h"
@@ -49,12 +51,15 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void PaintSquare(rules::Square square, int cell) override;
   void Refresh() override;
   rules::PieceCode ExchangePawn(rules::Side side) override;
+  bool AcceptSetupWarnings(const std::string& warnings) override;
+  bool Visible() const override { return isVisible(); }
   void SetTimerInterval(int milliseconds) override;
   void Hide() override { hide(); }
   void Close() override;
 
   void SetSimpleUI();
   void AddSkinnedControls();
+  void AddDrawButtons();
   void Connect();
   void SetToolTips();
   void ClickToolbar(int button);
@@ -73,6 +78,10 @@ class BoardWindow final : public QWidget, private board::BoardView {
   PlainTextView* opponentComment_;
   CommentBox* playerComment_;
   BoardToolbar* toolbar_ = nullptr;
+  QWidget* logo_ = nullptr;                        // of the skinned look, as the next
+  QWidget* drawLogo_ = nullptr;                    // in its place while the opponent offers a draw
+  QWidget* drawAnswers_ = nullptr;                 // of the plain look
+  std::array<QAbstractButton*, 2> drawButtons_{};  // Accept and Decline
   bool open_ = false;
   bool skinChanged_ = false;  // while the window was open
 };

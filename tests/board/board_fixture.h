@@ -93,13 +93,21 @@ struct RecordingView : BoardView {
     ++asked;
     return rules::OfSide(promotion, side);
   }
+  bool AcceptSetupWarnings(const std::string& text) override {
+    warnings = text;
+    return acceptsWarnings;
+  }
+  bool Visible() const override { return visible; }
   void SetTimerInterval(int milliseconds) override { interval = milliseconds; }
   void Hide() override { ++hidden; }
   void Close() override { ++closed; }
 
   const Board* board = nullptr;
   std::array<int, 64> cells{};
-  std::string offers;  ///< at the last refresh
+  std::string offers;    ///< at the last refresh
+  std::string warnings;  ///< of the last setup
+  bool acceptsWarnings = true;
+  bool visible = true;
   rules::PieceCode promotion = rules::WhiteQueen;
   int constructed = 0, asked = 0, interval = 250, closed = 0, hidden = 0;
 };
@@ -144,6 +152,15 @@ struct BoardTest : ::testing::Test {
     board.emplace(*view);
     view->board = &*board;
     board->Form_Load();
+  }
+
+  /// Begins a new game from a position that was set up.
+  void OpenSetup(const std::string& words) {
+    Process().SetupGame = true;
+    Open(-1);
+    rules::Place(words);
+    ThePosition().SideToMove = rules::White;
+    board->BeginGame();
   }
 
   void OpenGame(const std::string& told) {

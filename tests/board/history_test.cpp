@@ -35,9 +35,7 @@ TEST_F(BoardTest, AReplayReachesWhatWasPlayed) {
   std::string seen;
   for (int n = 0; n < 60; ++n) {
     SCOPED_TRACE("game " + std::to_string(n));
-    rules::Place(starts[n % 5]);
-    Process().SetupGame = true;
-    Open(-1);
+    OpenSetup(starts[n % 5]);
     std::vector<rules::Position> reached;
     store::MoveRecords entries;
     while (reached.size() < 150 && !board->GameIsOver()) {

@@ -48,9 +48,7 @@ TEST_F(BoardTest, ANewGameHasNoRecord) {
   EXPECT_EQ(BoardText(), BoardText("start e2e4")) << "the row was selected already";
   EXPECT_EQ(view->offers, "undo send comment Cancel");
 
-  rules::Place("Ke1 Pe2 ke8");
-  Process().SetupGame = true;
-  Open(-1);
+  OpenSetup("Ke1 Pe2 ke8");
   EXPECT_EQ(board->StartBoard, BoardText("Ke1 Pe2 ke8"));
   EXPECT_EQ(Flags(), "101101");
   EXPECT_EQ(view->offers, "move surrender comment Cancel");

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace board {
+
+/// Marks that a message of the window is up, for the length of the message. The timer, which runs
+/// on beneath it, keeps still meanwhile.
+class DialogLock {
+ public:
+  explicit DialogLock(bool& locked) : locked_(locked) { locked_ = true; }
+  ~DialogLock() { locked_ = false; }
+  DialogLock(const DialogLock&) = delete;
+  DialogLock& operator=(const DialogLock&) = delete;
+
+ private:
+  bool& locked_;
+};
+
+}  // namespace board

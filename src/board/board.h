@@ -189,6 +189,7 @@ class Board {
   bool ClosingDown = false;
   bool MateMessageShown = false;
   bool LockedForDialog = false;
+  bool NoticeUp = false;  ///< a notice of the timer is on the screen; the kings flash on
   bool FlashPhase = true;
   bool KingMarked = false;
   int SelfCheckFlashes = 0;
@@ -200,6 +201,7 @@ class Board {
   void SetButtonEnable() { view_.Refresh(); }
   void AddEntry(const char* moveText, bool& flag, bool value);
   void StopFlashing();
+  bool MayNotify() const;
   void ShowNotices();
   void LoadSetup(bool clear);
   void ReportInvalidSetup(const std::string& text);

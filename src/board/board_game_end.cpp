@@ -84,9 +84,7 @@ void Board::DisplayMateMessage() {
   const bool mate = ThePosition().CheckmateFlag;
   if (!mate && !Surrendered) return;
   const bool won = WonGame();
-  // The fallen king is there to be looked at while the message is up.
-  ShowKing();
-  const DialogLock lock(LockedForDialog);
+  const DialogLock notice(NoticeUp);
   platform::ShowMessage(platform::InformationIcon, mate ? "CHECKMATE!" : "SURRENDER!",
                         MateText(won, mate, OpponentName(), Moves.Last().MoveComment), "OK", {},
                         false, won ? platform::WonSound : platform::LostSound);
@@ -152,7 +150,7 @@ void Board::DisplayDrawMessage() {
   } else {
     text += "draw" + DrawReason(Moves, mine);
   }
-  const DialogLock lock(LockedForDialog);
+  const DialogLock notice(NoticeUp);
   platform::ShowMessage(platform::InformationIcon, "DRAW!", text, "OK", {}, false,
                         platform::AttentionSound);
 }

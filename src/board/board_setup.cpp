@@ -190,7 +190,7 @@ void Board::WarnAboutSetup() {
       StartBoard == rules::normalStart) {
     return;
   }
-  const DialogLock lock(LockedForDialog);
+  const DialogLock notice(NoticeUp);
   platform::ShowMessage(platform::InformationIcon, "Setup game",
                         "This game was started with a custom board setup.", "OK", {}, false,
                         platform::AttentionSound);

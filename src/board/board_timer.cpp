@@ -57,10 +57,8 @@ void Board::CheckTimer() {
     view_.Close();
     return;
   }
-  if (view_.Visible() && !SetupWarned) {
-    SetupWarned = true;
-    WarnAboutSetup();
-  }
+  const bool setupIsNews = MayNotify() && !std::exchange(SetupWarned, true);
+  if (setupIsNews) WarnAboutSetup();
   const rules::PieceCode king = KingInDanger();
   if (king != rules::NoPiece) {
     // The danger may have passed to this king while the other one was out of sight.
@@ -73,15 +71,18 @@ void Board::CheckTimer() {
   const rules::Side mine = ThePosition().SideToMove;
   if (SelfCheckFlashes > 0) FlickerKing(SelfCheckFlashes, mine);
   if (StalemateFlashes > 0) FlickerKing(StalemateFlashes, rules::OtherSide(mine));
-  if (view_.Visible()) ShowNotices();
+  if (MayNotify()) ShowNotices();
 }
+
+/// One notice at a time, and none before the window is there to look at.
+bool Board::MayNotify() const { return view_.Visible() && !NoticeUp; }
 
 /// How the game ended and what the opponent offers, each once.
 void Board::ShowNotices() {
   if (!std::exchange(MateMessageShown, true)) DisplayMateMessage();
   if (!std::exchange(DrawMessageShown, true)) DisplayDrawMessage();
   if (!std::exchange(DrawMessagePending, false)) return;
-  const DialogLock lock(LockedForDialog);
+  const DialogLock notice(NoticeUp);
   platform::ShowMessage(platform::InformationIcon, "Offer of a draw",
                         "Your opponent has offered a draw.  Please either accept or decline with "
                         "the buttons to the top right.",

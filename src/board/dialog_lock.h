@@ -3,8 +3,8 @@
 
 namespace board {
 
-/// Marks that a message of the window is up, for the length of the message. The timer, which runs
-/// on beneath it, keeps still meanwhile.
+/// Marks that a message of the window is up, for the length of the message: the timer runs on
+/// beneath it.
 class DialogLock {
  public:
   explicit DialogLock(bool& locked) : locked_(locked) { locked_ = true; }

@@ -36,7 +36,10 @@ class NoView : public board::BoardView {
   void PaintSquare(rules::Square, int) override {}
   void Refresh() override {}
   rules::PieceCode ExchangePawn(rules::Side) override { return rules::NoPiece; }
+  bool AcceptSetupWarnings(const std::string&) override { return true; }
+  bool Visible() const override { return false; }
   void SetTimerInterval(int) override {}
+  void Hide() override {}
   void Close() override {}
 };
 

@@ -71,17 +71,17 @@ void Board::CheckTimer() {
   const rules::Side mine = ThePosition().SideToMove;
   if (SelfCheckFlashes > 0) FlickerKing(SelfCheckFlashes, mine);
   if (StalemateFlashes > 0) FlickerKing(StalemateFlashes, rules::OtherSide(mine));
-  if (MayNotify()) ShowNotices();
+  ShowNotices();
 }
 
 /// One notice at a time, and none before the window is there to look at.
-bool Board::MayNotify() const { return view_.Visible() && !NoticeUp; }
+bool Board::MayNotify() const { return view_.Visible() && !NoticeUp && !ClosingDown; }
 
 /// How the game ended and what the opponent offers, each once.
 void Board::ShowNotices() {
-  if (!std::exchange(MateMessageShown, true)) DisplayMateMessage();
-  if (!std::exchange(DrawMessageShown, true)) DisplayDrawMessage();
-  if (!std::exchange(DrawMessagePending, false)) return;
+  if (MayNotify() && !std::exchange(MateMessageShown, true)) DisplayMateMessage();
+  if (MayNotify() && !std::exchange(DrawMessageShown, true)) DisplayDrawMessage();
+  if (!MayNotify() || !std::exchange(DrawMessagePending, false)) return;
   const DialogLock notice(NoticeUp);
   platform::ShowMessage(platform::InformationIcon, "Offer of a draw",
                         "Your opponent has offered a draw.  Please either accept or decline with "

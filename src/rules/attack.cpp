@@ -7,10 +7,7 @@
 #include "rules/piece_moves.h"
 
 namespace rules {
-namespace {
-
-/// The pieces of `attacker` that a capture on `target` would be accepted for: ValidMove's tests
-/// turned round, from the target outward.
+// ValidMove's tests turned round, from the target outward.
 Bitboard AttackersOf(Square target, Side attacker) {
   const BoardSquares& board = ThePosition().BoardState;
   const int index = IndexOf(target);
@@ -26,6 +23,8 @@ Bitboard AttackersOf(Square target, Side attacker) {
   }
   return attackers;
 }
+
+namespace {
 
 /// Plays a move on the bare board and tells whether it leaves `side` out of check.
 bool EscapesCheck(Side side, Square from, Square to, std::optional<Square> alsoTaken = {}) {

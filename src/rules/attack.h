@@ -11,6 +11,10 @@
 
 namespace rules {
 
+/// The pieces of `attacker` that a capture on `target` would be accepted for. Nothing is asked of
+/// what stands on the target: its own side's pieces defend it.
+Bitboard AttackersOf(Square target, Side attacker);
+
 enum class Standing { Check = 1, Checkmate = 2, Neither = 3 };
 
 /// True if the king of `side` is attacked; false also when that side has no king.

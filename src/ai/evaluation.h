@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a move is worth to the side that makes it: the motivations of the Heuristics table that
+// apply to it, added up. A pass scores the live position, before the move or with the move played;
+// the difference of the two is the move's static score. Nothing is known here of material or of a
+// position's worth by itself.
+//
+// A score is computed as a whole number and saturates at the ends of 16 bits.
+#pragma once
+
+#include <cstdint>
+
+#include "ai/candidates.h"
+#include "ai/heuristics.h"
+#include "rules/position.h"
+
+namespace ai {
+
+/// The first index of each five entries for Rook, Knight, Bishop, Queen and Pawn.
+enum HeuristicGroup {
+  Vulnerable = 1,
+  Protect = 6,
+  Take = 11,
+  TakeUndefended = 22,
+  AllowUndefended = 27,
+  PinByBishop = 32,
+  PinByRook = 37,
+  PinByQueen = 42
+};
+
+/// The entry for the kind of `piece`, of either colour; 0 for an empty square and for a king.
+int PieceMotivation(rules::PieceCode piece, HeuristicGroup group);
+
+/// The pieces of `side` that attack or defend the square, whatever stands there.
+int CountAttackers(rules::Side side, rules::Square square);
+
+/// What the piece of `side` on the square earns for pinning enemy pieces to their king.
+int PinBonus(rules::Side side, rules::Square square);
+
+int PinMotivation(rules::PieceCode pinner, rules::PieceCode pinned);
+
+/// The three motivations to keep castling open, for a move of this piece.
+int CastlingRightsBonus(rules::Side side, rules::PieceCode piece, int fromX);
+
+/// The score of one pass. Leaves the position as it was.
+std::int16_t EvaluateMove(rules::Square from, rules::Square to, int sideInCheck, bool doMove,
+                          rules::LastMove lastMove);
+
+/// Scores the moves of one position: EvaluateMove of each with the move played, less EvaluateMove
+/// before it. What the moves have in common is worked out once.
+void ScoreCandidates(CandidateList& list, rules::Side side, int sideInCheck,
+                     rules::LastMove lastMove);
+
+/// A score in 16 bits; what lies beyond them becomes the nearest that doesn't.
+std::int16_t Saturate(int score);
+
+}  // namespace ai

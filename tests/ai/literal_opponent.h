@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The computer opponent as one would write it down: squares walked, ValidMove asked, nothing shared
+// and nothing remembered. It is slow, and the measure for the program's own.
+#pragma once
+
+#include <cstdint>
+
+#include "ai/candidates.h"
+#include "rules/position.h"
+
+namespace ai::literal {
+
+int CountAttackers(rules::Side side, int x, int y, int sideInCheck);
+int PinBonus(rules::Side side, int x, int y);
+std::int16_t EvaluateMove(int fromX, int fromY, int toX, int toY, int sideInCheck, bool doMove,
+                          rules::LastMove lastMove);
+
+}  // namespace ai::literal

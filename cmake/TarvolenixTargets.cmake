@@ -28,6 +28,8 @@ if(TARVOLENIX_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
     -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+  # So that the longest tests take a sample there.
+  add_compile_definitions(TARVOLENIX_SANITIZED)
 endif()
 
 # Qt's older conveniences that hide mistakes stay off.

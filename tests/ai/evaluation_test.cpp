@@ -3,115 +3,17 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "ai/literal_opponent.h"
-#include "rules/attack.h"
-#include "rules/rules_fixture.h"
-#include "rules/test_moves.h"
+#include "ai/random_positions.h"
 
 namespace ai {
 namespace {
-
-using rules::Side;
-using rules::Square;
-using rules::ThePosition;
 
 #ifdef TARVOLENIX_SANITIZED
 constexpr int positions = 2000;
 #else
 constexpr int positions = 100000;
 #endif
-
-class RandomPositions {
- public:
-  /// Puts up the next position: from play, from a heap of pieces, or from something in between.
-  /// The side to move, what it has to know of check and of the move before.
-  struct Turn {
-    Side side;
-    int sideInCheck;
-    rules::LastMove lastMove;
-  };
-  Turn Next() {
-    ++count_;
-    MixTable();
-    return count_ % 3 == 0 ? FromHeap() : FromPlay();
-  }
-
- private:
-  int Draw(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
-
-  void MixTable() {
-    const int reach = count_ % 5 == 0 ? 32767 : 200;
-    for (auto& value : Heuristics) {
-      value = static_cast<std::int16_t>(Draw(2 * reach + 1) - reach);
-    }
-  }
-
-  /// Any pieces anywhere: kings missing or in plenty, pawns on the last rows, flags at will.
-  Turn FromHeap() {
-    ThePosition() = {};
-    const int pieces = 1 + Draw(count_ % 7 == 0 ? 64 : 24);
-    for (int n = 0; n < pieces; ++n) {
-      ThePosition().BoardState.Put(rules::SquareAt(Draw(64)), 1 + Draw(12));
-    }
-    if (Draw(4) != 0) KeepOneKingEach();
-    if (Draw(2) != 0) {
-      rules::RebuildCastleState();
-    } else {
-      for (bool& flag : ThePosition().CastleState) flag = Draw(2) != 0;
-    }
-    return {Draw(2), Draw(3) - 1, AnyLastMove()};
-  }
-
-  void KeepOneKingEach() {
-    for (const rules::PieceCode king : {rules::WhiteKing, rules::BlackKing}) {
-      for (rules::Bitboard kings = ThePosition().BoardState.Of(king); kings != 0;) {
-        ThePosition().BoardState.Put(rules::SquareAt(rules::TakeLowest(kings)), rules::NoPiece);
-      }
-    }
-    ThePosition().BoardState.Put(rules::SquareAt(Draw(32)), rules::WhiteKing);
-    ThePosition().BoardState.Put(rules::SquareAt(32 + Draw(32)), rules::BlackKing);
-  }
-
-  rules::LastMove AnyLastMove() {
-    if (Draw(2) == 0) return {};
-    const int x = 1 + Draw(8);
-    return Draw(2) == 0 ? rules::LastMove{{x, 2}, {x, 4}} : rules::LastMove{{x, 7}, {x, 5}};
-  }
-
-  /// One more move of a game that begins anew now and then.
-  Turn FromPlay() {
-    if (Draw(60) == 0 || turn_.side == rules::NoSide) {
-      static constexpr const char* starts[] = {
-          "start", "start", "Ke1 Ra1 Rh1 Pb2 Pg2 Pd5 ke8 ra8 rh8 pb7 pc7 pg7",
-          "Ke1 Pa7 Pb7 Qg2 ke8 pa2 qb2 pg7", "Kg1 Rd1 Bb3 Qh5 Ne5 Pf2 Pg2 kg8 rf8 bb7 qd8 nf6 pg7"};
-      rules::Place(starts[Draw(5)]);
-      turn_ = {rules::White, rules::NobodyInCheck, {}};
-    } else {
-      ThePosition() = game_;
-    }
-    CandidateList list;
-    GenerateAllMoves(turn_.side, list, turn_.lastMove, turn_.sideInCheck);
-    if (list.empty()) {
-      turn_.side = rules::NoSide;
-      return FromPlay();
-    }
-    const CandidateMove& move = list[static_cast<std::size_t>(Draw(static_cast<int>(list.size())))];
-    rules::MakeTestMove(turn_.side, move.from, move.to, ThePosition().BoardState.At(move.from),
-                        turn_.lastMove, turn_.sideInCheck);
-    rules::ClearTestMoves();
-    turn_.side = rules::OtherSide(turn_.side);
-    turn_.lastMove = {move.from, move.to};
-    game_ = ThePosition();
-    return turn_;
-  }
-
-  std::mt19937 random_{20260309};
-  int count_ = 0;
-  rules::Position game_;
-  Turn turn_{rules::NoSide, rules::NobodyInCheck, {}};
-};
 
 TEST(EvaluationTest, AgreesWithTheLiteralOpponentScoreForScore) {
   RandomPositions source;

@@ -3,8 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "ai/heuristics.h"
+#include "ai/search.h"
 #include "rules/attack.h"
 #include "rules/piece_moves.h"
 #include "rules/test_moves.h"
@@ -165,6 +168,81 @@ std::int16_t EvaluateMove(int fromX, int fromY, int toX, int toY, int sideInChec
     score += Heuristics[ofMoving[piece > 6 ? piece - 6 : piece]];
   }
   return In16Bits(score + RightsBonus(mover, piece, fromX));
+}
+
+namespace {
+
+void Sort(CandidateList& list) {
+  const int count = static_cast<int>(list.size());
+  for (int i = 1; i <= count; ++i) {
+    for (int j = count - 1; j >= i; --j) {
+      if (list[j].Score > list[j - 1].Score) std::swap(list[j], list[j - 1]);
+    }
+  }
+}
+
+void Reduce(CandidateList& list, std::uint64_t seed, std::uint64_t path) {
+  const int count = static_cast<int>(list.size());
+  if (count < 5) return;
+  CandidateList kept;
+  std::vector<bool> marked(list.size(), false);
+  for (int n = 0; n < 4; ++n) {
+    int best = -1;
+    for (int i = 0; i < count; ++i) {
+      if (!marked[i] && (best < 0 || list[i].Score > list[best].Score)) best = i;
+    }
+    kept.push_back(list[best]);
+    marked[best] = true;
+  }
+  const int target = count / 3;
+  if (target > 4) {
+    for (int number = 0; static_cast<int>(kept.size()) < target; ++number) {
+      const int drawn =
+          static_cast<int>(std::floor(count * DrawAtNode(seed, path, number) + 1)) - 1;
+      if (marked[drawn]) continue;
+      kept.push_back(list[drawn]);
+      marked[drawn] = true;
+    }
+  }
+  list = kept;
+}
+
+}  // namespace
+
+int SearchBestMove(int maxDepth, int ply, rules::Side computerSide, rules::Side side,
+                   rules::LastMove lastMove, int sideInCheck, std::uint64_t seed,
+                   std::uint64_t path, CandidateList& list, std::int64_t& considered) {
+  list.clear();
+  for (int y = 1; y <= 8; ++y) {
+    for (int x = 1; x <= 8; ++x) {
+      if (Side(x, y) == side) GenerateMoves(side, At(x, y), {x, y}, list, lastMove, sideInCheck);
+    }
+  }
+  for (CandidateMove& move : list) {
+    if (ply == maxDepth) ++considered;
+    const auto pass = [&](bool doMove) {
+      return EvaluateMove(move.from.x, move.from.y, move.to.x, move.to.y, sideInCheck, doMove,
+                          lastMove);
+    };
+    move.Score = In16Bits(pass(true) - pass(false));
+  }
+  if (ply > 0) Reduce(list, seed, path);
+  Sort(list);
+  if (ply != maxDepth) {
+    for (CandidateMove& move : list) {
+      int checked = sideInCheck;
+      rules::MakeTestMove(side, move.from, move.to, At(move.from.x, move.from.y), lastMove,
+                          checked);
+      CandidateList below;
+      const int value =
+          SearchBestMove(maxDepth, ply + 1, computerSide, 1 - side, {move.from, move.to}, checked,
+                         seed, ExtendPath(path, move), below, considered);
+      rules::UndoTestMove(checked);
+      move.Score = In16Bits(side == computerSide ? move.Score - value : move.Score + value);
+    }
+    Sort(list);
+  }
+  return list.empty() ? 0 : list.front().Score;
 }
 
 }  // namespace ai::literal

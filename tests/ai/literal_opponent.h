@@ -15,4 +15,9 @@ int PinBonus(rules::Side side, int x, int y);
 std::int16_t EvaluateMove(int fromX, int fromY, int toX, int toY, int sideInCheck, bool doMove,
                           rules::LastMove lastMove);
 
+/// The value of a node. `list` is the root's in its final order; `considered` counts up.
+int SearchBestMove(int maxDepth, int ply, rules::Side computerSide, rules::Side side,
+                   rules::LastMove lastMove, int sideInCheck, std::uint64_t seed,
+                   std::uint64_t path, CandidateList& list, std::int64_t& considered);
+
 }  // namespace ai::literal

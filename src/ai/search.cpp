@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ai/search.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <thread>
+#include <vector>
+
+#include "ai/evaluation.h"
+#include "rules/test_moves.h"
+
+namespace ai {
+
+using rules::ThePosition;
+
+namespace {
+
+constexpr std::size_t smallestReduced = 5;
+constexpr std::size_t keptBest = 4;
+
+/// Spreads the bits of a number over all others.
+std::uint64_t Mix(std::uint64_t bits) {
+  bits += 0x9e3779b97f4a7c15U;
+  bits = (bits ^ (bits >> 30)) * 0xbf58476d1ce4e5b9U;
+  bits = (bits ^ (bits >> 27)) * 0x94d049bb133111ebU;
+  return bits ^ (bits >> 31);
+}
+
+/// A place among the nodes of the tree.
+struct Node {
+  int ply = 0;
+  rules::Side side = rules::White;
+  rules::LastMove lastMove;
+  int sideInCheck = rules::NobodyInCheck;
+  std::uint64_t path = 0;
+  int span = 0;  ///< its share of the progress
+};
+
+class TreeWalk {
+ public:
+  TreeWalk(const SearchOrder& order, SearchWatch& watch) : order_(order), watch_(watch) {}
+
+  CandidateList ScoredMoves(const Node& node) {
+    CandidateList list;
+    GenerateAllMoves(node.side, list, node.lastMove, node.sideInCheck);
+    ScoreCandidates(list, node.side, node.sideInCheck, node.lastMove);
+    if (node.ply == order_.maxDepth) {
+      const auto count = static_cast<std::int64_t>(list.size());
+      watch_.MovesConsidered.fetch_add(count, std::memory_order_relaxed);
+      if (count > 0) watch_.progress.fetch_add(node.span, std::memory_order_relaxed);
+    }
+    return list;
+  }
+
+  /// Adds what follows a move to its score.
+  void Follow(const Node& node, CandidateMove& move, std::size_t count) {
+    Node next;
+    next.ply = node.ply + 1;
+    next.side = rules::OtherSide(node.side);
+    next.lastMove = {move.from, move.to};
+    next.sideInCheck = node.sideInCheck;
+    next.path = ExtendPath(node.path, move);
+    // A half goes to the even neighbour, as the usual rounding mode has it.
+    next.span = static_cast<int>(std::nearbyint(node.span / static_cast<double>(count)));
+    rules::MakeTestMove(node.side, move.from, move.to, ThePosition().BoardState.At(move.from),
+                        node.lastMove, next.sideInCheck);
+    const int value = ValueOf(next);
+    rules::UndoTestMove(next.sideInCheck);
+    move.Score = Saturate(node.side == order_.side ? move.Score - value : move.Score + value);
+  }
+
+  bool IsCancelled() const { return watch_.SearchCancelled.load(std::memory_order_relaxed); }
+
+ private:
+  int ValueOf(const Node& node) {
+    if (IsCancelled()) return 0;
+    CandidateList list = ScoredMoves(node);
+    if (list.empty()) return 0;
+    ReduceMoves(list, order_.seed, node.path);
+    SortMoves(list);
+    if (node.ply < order_.maxDepth) {
+      for (CandidateMove& move : list) {
+        if (IsCancelled()) return 0;
+        Follow(node, move, list.size());
+      }
+      SortMoves(list);
+    }
+    return list.front().Score;
+  }
+
+  const SearchOrder& order_;
+  SearchWatch& watch_;
+};
+
+/// Follows the root moves, each on whichever thread is free.
+void FollowRoot(const SearchOrder& order, SearchWatch& watch, const Node& root,
+                CandidateList& list) {
+  const rules::Position position = ThePosition();
+  std::atomic<std::size_t> next = 0;
+  const auto follow = [&] {
+    ThePosition() = position;
+    TreeWalk walk(order, watch);
+    for (std::size_t i = next++; i < list.size() && !walk.IsCancelled(); i = next++) {
+      walk.Follow(root, list[i], list.size());
+    }
+  };
+  std::vector<std::jthread> helpers;
+  for (int n = 1; n < order.threads; ++n) helpers.emplace_back(follow);
+  follow();
+}
+
+}  // namespace
+
+std::uint64_t ExtendPath(std::uint64_t path, const CandidateMove& move) {
+  const int squares = NumberOf(move.from) * 100 + NumberOf(move.to);
+  return Mix(path ^ static_cast<std::uint64_t>(squares));
+}
+
+double DrawAtNode(std::uint64_t seed, std::uint64_t path, int number) {
+  const std::uint64_t bits = Mix(Mix(seed ^ path) + static_cast<std::uint64_t>(number));
+  return static_cast<double>(bits >> 11) * 0x1p-53;
+}
+
+void SortMoves(CandidateList& list) {
+  for (std::size_t i = 1; i < list.size(); ++i) {
+    const CandidateMove move = list[i];
+    std::size_t place = i;
+    for (; place > 0 && list[place - 1].Score < move.Score; --place) list[place] = list[place - 1];
+    list[place] = move;
+  }
+}
+
+void ReduceMoves(CandidateList& list, std::uint64_t seed, std::uint64_t path) {
+  const std::size_t count = list.size();
+  if (count < smallestReduced) return;
+  const std::size_t target = std::max(keptBest, count / 3);
+  std::vector<bool> taken(count);
+  CandidateList kept;
+  kept.reserve(target);
+  while (kept.size() < keptBest) {
+    std::size_t best = count;
+    for (std::size_t i = 0; i < count; ++i) {
+      if (!taken[i] && (best == count || list[i].Score > list[best].Score)) best = i;
+    }
+    taken[best] = true;
+    kept.push_back(list[best]);
+  }
+  for (int number = 0; kept.size() < target; ++number) {
+    const double place = static_cast<double>(count) * DrawAtNode(seed, path, number);
+    const auto drawn = static_cast<std::size_t>(place);
+    if (taken[drawn]) continue;
+    taken[drawn] = true;
+    kept.push_back(list[drawn]);
+  }
+  list = std::move(kept);
+}
+
+int CountBestTies(const CandidateList& list) {
+  const auto differs = std::find_if(list.begin(), list.end(), [&](const CandidateMove& move) {
+    return move.Score != list.front().Score;
+  });
+  return static_cast<int>(differs - list.begin());
+}
+
+SearchResult SearchBestMove(const SearchOrder& order, SearchWatch& watch) {
+  Node root;
+  root.side = order.side;
+  root.lastMove = order.lastMove;
+  root.sideInCheck = order.sideInCheck;
+  root.span = fullSpan;
+  SearchResult result;
+  result.root = TreeWalk(order, watch).ScoredMoves(root);
+  SortMoves(result.root);
+  if (order.maxDepth > 0) {
+    FollowRoot(order, watch, root, result.root);
+    SortMoves(result.root);
+  }
+  if (result.root.empty()) return result;
+  result.value = result.root.front().Score;
+  const int ties = CountBestTies(result.root);
+  const double draw = ties < 2 ? 0 : DrawAtNode(order.seed, root.path, 0);
+  result.best = result.root[static_cast<std::size_t>(ties * draw)];
+  return result;
+}
+
+}  // namespace ai

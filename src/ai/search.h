@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The computer's choice of a move: a tree of fixed depth on test moves, each candidate scored by
+// the motivations, the lists below the root thinned at random, one of the best root moves taken at
+// random. It is no minimax search: every node takes the best of its own list, whoever moves there.
+//
+// The random draws are a pure function of the seed, the moves that led to the node and the number
+// of the draw in it, so a search gives the same with any number of threads.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "ai/candidates.h"
+#include "rules/position.h"
+
+namespace ai {
+
+/// What the whole of a search's progress counts to.
+inline constexpr int fullSpan = 30000;
+
+/// How deep a search looks at the least and at the most, by the setting.
+inline constexpr int deepestSearch = 4;
+
+struct SearchOrder {
+  int maxDepth = 0;  ///< plies that are expanded; their children are scored
+  rules::Side side = rules::Black;
+  rules::LastMove lastMove;
+  int sideInCheck = rules::NobodyInCheck;
+  std::uint64_t seed = 0;
+  int threads = 1;
+};
+
+/// What a search in progress tells, and hears, from another thread.
+struct SearchWatch {
+  std::atomic<bool> SearchCancelled = false;
+  std::atomic<std::int64_t> MovesConsidered = 0;  ///< candidates scored on the last ply
+  std::atomic<double> progress = 0;               ///< up to about fullSpan, for rounding
+};
+
+struct SearchResult {
+  std::int16_t value = 0;
+  CandidateMove best;  ///< from {0, 0} to {0, 0} where the side has no legal move
+  CandidateList root;  ///< in its final order
+};
+
+/// Searches this thread's position, and leaves it as it was. The result of a search that was
+/// cancelled means nothing.
+SearchResult SearchBestMove(const SearchOrder& order, SearchWatch& watch);
+
+/// Highest score first; equal ones keep their order.
+void SortMoves(CandidateList& list);
+
+/// The moves that led to a node, as the draws need them. 0 is the root.
+std::uint64_t ExtendPath(std::uint64_t path, const CandidateMove& move);
+
+/// Draw `number`, from 0, of a node: a number from 0 up to but not including 1.
+double DrawAtNode(std::uint64_t seed, std::uint64_t path, int number);
+
+/// Thins a list below the root: the four best, in their order, and others at random up to a third.
+void ReduceMoves(CandidateList& list, std::uint64_t seed, std::uint64_t path);
+
+/// The number of entries at the start of a sorted list that score as the first one does.
+int CountBestTies(const CandidateList& list);
+
+}  // namespace ai

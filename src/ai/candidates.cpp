@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ai/candidates.h"
 
+#include <cstdlib>
+
+#include "rules/attack.h"
 #include "rules/piece_moves.h"
 #include "rules/test_moves.h"
 
@@ -11,8 +14,18 @@ using rules::Side;
 using rules::Square;
 using rules::Step;
 
+/// The pieces of a side whose moves need no test: without check, and off the lines that keep check
+/// away, a piece may go where it can. Kings are never among them.
+rules::Bitboard FreePieces(Side side) {
+  const rules::BoardSquares& board = rules::ThePosition().BoardState;
+  if (rules::IsInCheck(side)) return 0;
+  return board.OfSide(side) & ~board.Of(rules::OfSide(rules::WhiteKing, side)) &
+         ~rules::PinnedPieces(side);
+}
+
 /// One piece whose moves are being gathered.
 struct Gatherer {
+  bool free;  ///< its moves need no test, but for en passant
   Side side;
   rules::PieceCode piece;
   Square from;
@@ -20,7 +33,13 @@ struct Gatherer {
   rules::LastMove lastMove;
   int sideInCheck;
 
-  void Add(Square to) { AddIfLegal(side, piece, from, to, list, lastMove, sideInCheck); }
+  void Add(Square to) {
+    if (free) {
+      list.push_back({from, to});
+    } else {
+      AddIfLegal(side, piece, from, to, list, lastMove, sideInCheck);
+    }
+  }
 
   void AddIfTarget(Square to) {
     if (rules::IsTargetSquare(side, to)) Add(to);
@@ -56,8 +75,13 @@ struct Gatherer {
   void AddPawnCaptures() {
     const Square targets[] = {{from.x - 1, from.y + rules::PawnDirection(side)},
                               {from.x + 1, from.y + rules::PawnDirection(side)}};
+    const bool doubleStep = std::abs(lastMove.from.y - lastMove.to.y) == 2;
     for (const Square to : targets) {
-      if (rules::EnPassantSquare(from, to, lastMove, side)) AddIfTarget(to);
+      if (!doubleStep) break;
+      // Two pawns leave the row, so this may open a line that no single piece keeps shut.
+      if (rules::EnPassantSquare(from, to, lastMove, side) && rules::IsTargetSquare(side, to)) {
+        AddIfLegal(side, piece, from, to, list, lastMove, sideInCheck);
+      }
     }
     for (const Square to : targets) {
       if (rules::IsTargetSquare(side, to) && rules::SideOf(to) == rules::OtherSide(side) &&
@@ -90,10 +114,10 @@ void AddIfLegal(Side side, rules::PieceCode piece, Square from, Square to, Candi
   }
 }
 
-void GenerateMoves(Side side, rules::PieceCode piece, Square from, CandidateList& list,
-                   rules::LastMove lastMove, int sideInCheck) {
-  Gatherer gatherer{side, piece, from, list, lastMove, sideInCheck};
-  switch (rules::KindOf(piece)) {
+namespace {
+
+void Gather(Gatherer gatherer) {
+  switch (rules::KindOf(gatherer.piece)) {
     case rules::WhiteRook:
       gatherer.AddRays(rules::straightSteps);
       break;
@@ -119,12 +143,22 @@ void GenerateMoves(Side side, rules::PieceCode piece, Square from, CandidateList
   }
 }
 
+}  // namespace
+
+void GenerateMoves(Side side, rules::PieceCode piece, Square from, CandidateList& list,
+                   rules::LastMove lastMove, int sideInCheck) {
+  const bool free = (FreePieces(side) & rules::BitOf(from)) != 0;
+  Gather({free, side, piece, from, list, lastMove, sideInCheck});
+}
+
 void GenerateAllMoves(Side side, CandidateList& list, rules::LastMove lastMove, int sideInCheck) {
-  rules::Bitboard own = rules::ThePosition().BoardState.OfSide(side);
+  const rules::BoardSquares& board = rules::ThePosition().BoardState;
+  const rules::Bitboard freePieces = FreePieces(side);
+  rules::Bitboard own = board.OfSide(side);
   while (own != 0) {
     const Square from = rules::SquareAt(rules::TakeLowest(own));
-    GenerateMoves(side, rules::ThePosition().BoardState.At(from), from, list, lastMove,
-                  sideInCheck);
+    const bool free = (freePieces & rules::BitOf(from)) != 0;
+    Gather({free, side, board.At(from), from, list, lastMove, sideInCheck});
   }
 }
 

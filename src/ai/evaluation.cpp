@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -83,62 +82,82 @@ int NearingBonus(int index, const std::array<std::array<int, 9>, 9>& distance, S
   return NearingBonus(index, length(from), length(to));
 }
 
-/// How far the pieces of a side are attacked, each by its kind.
-int VulnerableSum(Side side) {
+/// Adds up a group's motivation over a set of pieces.
+int MotivationOver(Bitboard pieces, HeuristicGroup group) {
   const BoardSquares& board = ThePosition().BoardState;
-  const Side enemy = rules::OtherSide(side);
   int sum = 0;
-  for (PieceCode kind = rules::WhiteRook; kind <= rules::WhitePawn; ++kind) {
-    const int motivation = PieceMotivation(kind, Vulnerable);
-    if (motivation == 0) continue;
-    for (Bitboard pieces = board.Of(rules::OfSide(kind, side)); pieces != 0;) {
-      sum += motivation * CountAttackers(enemy, rules::SquareAt(rules::TakeLowest(pieces)));
-    }
-  }
+  while (pieces != 0) sum += PieceMotivation(board[rules::TakeLowest(pieces)], group);
   return sum;
 }
 
-/// The squares that a piece standing on `square` could capture on. A piece that moves along lines
-/// reaches its own square too, for nothing lies in its way there.
-Bitboard CaptureReach(Side side, PieceCode piece, Square square) {
-  const int from = rules::IndexOf(square);
+/// The first and last rays of a kind among the eight, as [first, last).
+struct RaySpan {
+  std::size_t first;
+  std::size_t last;
+};
+constexpr RaySpan straightRays{0, 4};
+constexpr RaySpan diagonalRays{4, 8};
+
+/// The pieces of `targets` that a piece on `from` meets first along its rays.
+Bitboard MetOnRays(int from, RaySpan rays, Bitboard targets) {
+  const Bitboard occupied = ThePosition().BoardState.Occupied();
+  Bitboard met = 0;
+  for (std::size_t ray = rays.first; ray < rays.last; ++ray) {
+    const Bitboard onRay = rules::rayReach[ray][from];
+    if ((onRay & targets) == 0) continue;
+    met |= targets & Bitboard{1} << rules::NearestOnRay(onRay & occupied, ray);
+  }
+  return met;
+}
+
+/// How far the pieces of a side are attacked, each by its kind: the attackers are asked whom they
+/// attack, for they are fewer.
+int VulnerableSum(Side side) {
   const BoardSquares& board = ThePosition().BoardState;
-  Bitboard aligned = 0;
+  const Bitboard own = board.OfSide(side) & ~board.Of(rules::OfSide(rules::WhiteKing, side));
+  const Side enemy = rules::OtherSide(side);
+  int sum = 0;
+  const auto add = [&](Bitboard attackers, const auto& attackedFrom) {
+    while (attackers != 0) {
+      sum += MotivationOver(attackedFrom(rules::TakeLowest(attackers)), Vulnerable);
+    }
+  };
+  const auto of = [&](PieceCode kind) { return board.Of(rules::OfSide(kind, enemy)); };
+  const Bitboard queens = of(rules::WhiteQueen);
+  add(of(rules::WhitePawn), [&](int from) { return rules::pawnReach[enemy][from] & own; });
+  add(of(rules::WhiteKnight), [&](int from) { return rules::knightReach[from] & own; });
+  add(of(rules::WhiteKing), [&](int from) { return rules::kingReach[from] & own; });
+  add(of(rules::WhiteRook) | queens, [&](int from) { return MetOnRays(from, straightRays, own); });
+  add(of(rules::WhiteBishop) | queens,
+      [&](int from) { return MetOnRays(from, diagonalRays, own); });
+  return sum;
+}
+
+/// The own pieces that `piece`, standing on `square`, could capture if they were the enemy's. A
+/// piece that moves along lines reaches its own square too, for nothing lies in its way there.
+Bitboard ProtectedFrom(Side side, PieceCode piece, Square square) {
+  const int from = rules::IndexOf(square);
+  const Bitboard own = ThePosition().BoardState.OfSide(side);
+  const Bitboard itself = rules::BitOf(square) & own;
   switch (rules::KindOf(piece)) {
     case rules::WhiteKnight:
-      return rules::knightReach[from];
+      return rules::knightReach[from] & own;
     case rules::WhiteKing:
-      return rules::kingReach[from] | rules::BitOf(square);
+      return (rules::kingReach[from] & own) | itself;
     case rules::WhitePawn:
-      return rules::pawnReach[side][from];
+      return rules::pawnReach[side][from] & own;
     case rules::WhiteRook:
-      aligned = rules::straightReach[from];
-      break;
+      return MetOnRays(from, straightRays, own) | itself;
     case rules::WhiteBishop:
-      aligned = rules::diagonalReach[from];
-      break;
+      return MetOnRays(from, diagonalRays, own) | itself;
     default:
-      aligned = rules::straightReach[from] | rules::diagonalReach[from];
-      break;
+      return MetOnRays(from, {straightRays.first, diagonalRays.last}, own) | itself;
   }
-  Bitboard reach = rules::BitOf(square);
-  for (aligned &= board.OfSide(side); aligned != 0;) {
-    const int to = rules::TakeLowest(aligned);
-    if ((rules::squaresBetween[from][to] & board.Occupied()) == 0) reach |= Bitboard{1} << to;
-  }
-  return reach;
 }
 
 /// What the own pieces are worth that `piece`, standing on `square`, protects.
 int ProtectSum(Side side, PieceCode piece, Square square) {
-  const BoardSquares& board = ThePosition().BoardState;
-  const Bitboard reach = CaptureReach(side, piece, square);
-  int sum = 0;
-  for (PieceCode kind = rules::WhiteRook; kind <= rules::WhitePawn; ++kind) {
-    sum +=
-        PieceMotivation(kind, Protect) * std::popcount(reach & board.Of(rules::OfSide(kind, side)));
-  }
-  return sum;
+  return MotivationOver(ProtectedFrom(side, piece, square), Protect);
 }
 
 /// What the place where the moving piece stands in a pass is worth.
@@ -275,12 +294,16 @@ int PieceMotivation(PieceCode piece, HeuristicGroup group) {
 }
 
 int CountAttackers(Side side, Square square) {
-  return std::popcount(rules::AttackersOf(square, side));
+  return rules::CountSquares(rules::AttackersOf(square, side));
 }
 
 int PinBonus(Side side, Square square) {
   const PieceCode piece = ThePosition().BoardState.At(square);
   const PieceCode kind = rules::KindOf(piece);
+  const int from = rules::IndexOf(square);
+  const Bitboard kings =
+      ThePosition().BoardState.Of(rules::OfSide(rules::WhiteKing, rules::OtherSide(side)));
+  if (((rules::straightReach[from] | rules::diagonalReach[from]) & kings) == 0) return 0;
   int bonus = 0;
   if (kind == rules::WhiteRook || kind == rules::WhiteQueen) {
     for (const rules::Step step : rules::straightSteps) {

@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::size_t smallestReduced = 5;
 constexpr std::size_t keptBest = 4;
+constexpr std::size_t usualMoves = 64;
 
 /// Spreads the bits of a number over all others.
 std::uint64_t Mix(std::uint64_t bits) {
@@ -37,12 +38,20 @@ struct Node {
   int span = 0;  ///< its share of the progress
 };
 
+int BestScore(const CandidateList& list) {
+  const auto best = std::max_element(
+      list.begin(), list.end(),
+      [](const CandidateMove& a, const CandidateMove& b) { return a.Score < b.Score; });
+  return best->Score;
+}
+
 class TreeWalk {
  public:
   TreeWalk(const SearchOrder& order, SearchWatch& watch) : order_(order), watch_(watch) {}
 
   CandidateList ScoredMoves(const Node& node) {
     CandidateList list;
+    list.reserve(usualMoves);
     GenerateAllMoves(node.side, list, node.lastMove, node.sideInCheck);
     ScoreCandidates(list, node.side, node.sideInCheck, node.lastMove);
     if (node.ply == order_.maxDepth) {
@@ -77,16 +86,16 @@ class TreeWalk {
     if (IsCancelled()) return 0;
     CandidateList list = ScoredMoves(node);
     if (list.empty()) return 0;
-    ReduceMoves(list, order_.seed, node.path);
-    SortMoves(list);
     if (node.ply < order_.maxDepth) {
+      ReduceMoves(list, order_.seed, node.path);
+      SortMoves(list);
       for (CandidateMove& move : list) {
         if (IsCancelled()) return 0;
         Follow(node, move, list.size());
       }
-      SortMoves(list);
     }
-    return list.front().Score;
+    // The best of a list is never thinned out, so on the last ply nothing else need be done.
+    return BestScore(list);
   }
 
   const SearchOrder& order_;
@@ -135,9 +144,11 @@ void ReduceMoves(CandidateList& list, std::uint64_t seed, std::uint64_t path) {
   const std::size_t count = list.size();
   if (count < smallestReduced) return;
   const std::size_t target = std::max(keptBest, count / 3);
-  std::vector<bool> taken(count);
-  CandidateList kept;
-  kept.reserve(target);
+  // Kept between calls for their memory alone.
+  thread_local std::vector<bool> taken;
+  thread_local CandidateList kept;
+  taken.assign(count, false);
+  kept.clear();
   while (kept.size() < keptBest) {
     std::size_t best = count;
     for (std::size_t i = 0; i < count; ++i) {
@@ -153,7 +164,7 @@ void ReduceMoves(CandidateList& list, std::uint64_t seed, std::uint64_t path) {
     taken[drawn] = true;
     kept.push_back(list[drawn]);
   }
-  list = std::move(kept);
+  list.swap(kept);
 }
 
 int CountBestTies(const CandidateList& list) {

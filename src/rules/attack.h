@@ -15,6 +15,10 @@ namespace rules {
 /// what stands on the target: its own side's pieces defend it.
 Bitboard AttackersOf(Square target, Side attacker);
 
+/// The pieces of `side` that can't leave their lines without laying their king open to an attack
+/// along a line. None where the side has no king; the first one counts where it has several.
+Bitboard PinnedPieces(Side side);
+
 enum class Standing { Check = 1, Checkmate = 2, Neither = 3 };
 
 /// True if the king of `side` is attacked; false also when that side has no king.

@@ -25,6 +25,13 @@ inline int TakeLowest(Bitboard& set) {
   return index;
 }
 
+/// How many squares a set has. Quick where they are few, as among attackers of one square.
+constexpr int CountSquares(Bitboard set) {
+  int count = 0;
+  for (; set != 0; set &= set - 1) ++count;
+  return count;
+}
+
 struct Step {
   int dx;
   int dy;
@@ -85,10 +92,30 @@ constexpr std::array<SquareTable, 64> SquaresBetween() {
   return table;
 }
 
+constexpr std::array<SquareTable, 8> RaysByStep() {
+  std::array<SquareTable, 8> rays{};
+  for (std::size_t i = 0; i < 4; ++i) {
+    rays[i] = RaysFrom(std::array<Step, 1>{straightSteps[i]});
+    rays[i + 4] = RaysFrom(std::array<Step, 1>{diagonalSteps[i]});
+  }
+  return rays;
+}
+
 inline constexpr std::array<Step, 8> kingSteps{
     {{-1, -1}, {-1, 0}, {-1, 1}, {0, -1}, {0, 1}, {1, -1}, {1, 0}, {1, 1}}};
 
 }  // namespace tables
+
+/// The squares of one ray on an empty board, by the place of its step among the eight and by index:
+/// the straight steps first, then the diagonal ones.
+inline constexpr std::array<tables::SquareTable, 8> rayReach = tables::RaysByStep();
+
+/// The nearest square of a set that isn't empty, seen along ray `ray` from its origin.
+inline int NearestOnRay(Bitboard set, std::size_t ray) {
+  // Along these steps the index grows.
+  constexpr std::array<bool, 8> upward{false, true, false, true, false, true, false, true};
+  return upward[ray] ? std::countr_zero(set) : 63 - std::countl_zero(set);
+}
 
 /// Squares reached on an empty board, by index.
 inline constexpr tables::SquareTable straightReach = tables::RaysFrom(straightSteps);

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "ai/search.h"
 #include "board/board_view.h"
 #include "board/move_list.h"
 #include "rules/notation.h"
@@ -114,6 +115,9 @@ class Board {
   int SquareCell(rules::Square square) const;
   void CheckTimer();
 
+  /// One turn of the computer, as Black, from the search to the stored move. Events run meanwhile.
+  void MakeComputerMove();
+
   // Setting up a position.
   void BeginBoardSetup();
 
@@ -196,11 +200,20 @@ class Board {
   int StalemateFlashes = 0;
   rules::GameStateSnapshot Undo;
 
+  bool ComputerThinking = false;
+  ai::SearchWatch Search;  ///< the search of the computer's turn, under way or the last one
+  std::int16_t LastMoveScore = 0;
+
  private:
+  BoardControls LockedControls() const;
   void CopyBoard();
   void SetButtonEnable() { view_.Refresh(); }
   void AddEntry(const char* moveText, bool& flag, bool value);
   void StopFlashing();
+  void TakeComputersSide(bool computers);
+  ai::CandidateMove SearchForMove();
+  void PlayComputersMove(const ai::CandidateMove& move);
+  void ClassifyComputersMove(rules::LastMove move);
   bool MayNotify() const;
   void ShowNotices();
   void LoadSetup(bool clear);

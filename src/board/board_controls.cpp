@@ -16,7 +16,16 @@ bool Board::IsCut() const {
   return Process().Offline && !Process().StandAlone && !Process().ComputerGame;
 }
 
+/// What is left while the computer thinks: nothing, and Close as it was.
+BoardControls Board::LockedControls() const {
+  BoardControls controls;
+  controls.viewIsMine = ViewSide == rules::White;
+  controls.closeReadsClose = false;
+  return controls;
+}
+
 BoardControls Board::Controls() const {
+  if (ComputerThinking) return LockedControls();
   const bool cut = IsCut();
   const bool atEnd = Moves.AtEnd();
   const bool mine = LastMoveIsMine();

@@ -194,7 +194,13 @@ void Board::DisplayPlayerComment() {
   OpponentComment.clear();
   const int row = Moves.Selected();
   const std::string& comment = Moves.Row(row).MoveComment;
-  if (!comment.empty() && !platform::Process().ComputerGame) {
+  if (platform::Process().ComputerGame) {
+    const std::int64_t considered = Search.MovesConsidered;
+    if (considered > 0) {
+      OpponentComment = "Moves considered : " + std::to_string(considered) +
+                        "\nLast move score : " + std::to_string(LastMoveScore);
+    }
+  } else if (!comment.empty()) {
     const bool mine = (row % 2 == 1) == PlaysWhite;
     OpponentComment = (mine ? "You" : OpponentName()) + " said: " + comment;
   }

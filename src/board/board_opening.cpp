@@ -52,6 +52,8 @@ void Board::SetupOptions() {
   FlashPhase = true;
   KingMarked = false;
   Undo = {};
+  Search.SearchCancelled = false;
+  Search.MovesConsidered = 0;
   ThePosition().CheckmateFlag = false;
   ThePosition().SideInCheck = rules::NobodyInCheck;
 }

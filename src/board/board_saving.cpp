@@ -34,15 +34,20 @@ void Board::ToolbarClick(int button) {
       UndoLastMove();
       break;
     case SendButton:
-      // A move against the computer goes no further than the store.
-      if (Process().ComputerGame) {
-        SaveMove();
-      } else {
+      if (!Process().ComputerGame) {
         SendNewMove();
+      } else if (SaveMove()) {
+        // The move is stored: there is nothing to undo, and a turn that is cancelled can be resent.
+        AwaitingOpponent = true;
+        MakeComputerMove();
       }
       break;
     case ResendButton:
-      if (!Process().ComputerGame) ResendLastMove();
+      if (Process().ComputerGame) {
+        MakeComputerMove();
+      } else {
+        ResendLastMove();
+      }
       break;
     case SurrenderButton:
       SurrenderGame();

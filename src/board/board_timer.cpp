@@ -53,6 +53,7 @@ rules::PieceCode Board::KingInDanger() const {
 
 void Board::CheckTimer() {
   if (LockedForDialog) return;
+  if (ComputerThinking) return;
   if (UnloadPending) {
     view_.Close();
     return;

@@ -27,12 +27,16 @@ class WorkEvent : public QEvent {
 }  // namespace
 
 void QtEvents::RunUntil(const std::function<bool()>& done) {
-  // Not exec(), which returns at once when the application has been told to quit.
   if (done()) return;
-  QEventLoop loop;
   if (waits_++ == 0 && tell_) tell_(true);
-  while (!done()) loop.processEvents(QEventLoop::WaitForMoreEvents);
+  LetUserActUntil(done);
   if (--waits_ == 0 && tell_) tell_(false);
+}
+
+void QtEvents::LetUserActUntil(const std::function<bool()>& done) {
+  // Not exec(), which returns at once when the application has been told to quit.
+  QEventLoop loop;
+  while (!done()) loop.processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void QtEvents::Wake() {

@@ -15,11 +15,13 @@ namespace desktop {
 /// outer one ends after the inner ones. A wait outlives the application's own end.
 class QtEvents : public QObject, public platform::Events {
  public:
-  /// Is told true when a wait begins that isn't over at once, and false when the outermost is over.
+  /// Is told true when a wait of the user begins that isn't over at once, and false when the
+  /// outermost is over.
   void OnWait(std::function<void(bool waiting)> tell) { tell_ = std::move(tell); }
   bool IsWaiting() const { return waits_ > 0; }
 
   void RunUntil(const std::function<bool()>& done) override;
+  void LetUserActUntil(const std::function<bool()>& done) override;
   void Wake() override;
   void Post(std::function<void()> work) override;
 

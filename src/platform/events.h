@@ -15,7 +15,11 @@ class Events {
   /// waiting thread.
   virtual void RunUntil(const std::function<bool()>& done) = 0;
 
-  /// Callable from any thread: makes a running RunUntil ask again.
+  /// The same for work that the user needn't wait for: the windows stay as they are, and he may do
+  /// what they let him.
+  virtual void LetUserActUntil(const std::function<bool()>& done) = 0;
+
+  /// Callable from any thread: makes a running wait ask again.
   virtual void Wake() = 0;
 
   /// Callable from any thread: runs `work` on the window's thread, from its event loop.

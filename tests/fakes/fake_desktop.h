@@ -56,6 +56,7 @@ class StandingClock : public platform::Clock {
 class ImmediateEvents : public platform::Events {
  public:
   void RunUntil(const std::function<bool()>& done) override;
+  void LetUserActUntil(const std::function<bool()>& done) override { RunUntil(done); }
   void Wake() override {}
   void Post(std::function<void()> work) override { work(); }
 };

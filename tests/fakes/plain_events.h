@@ -15,6 +15,7 @@ namespace fakes {
 class PlainEvents : public platform::Events {
  public:
   void RunUntil(const std::function<bool()>& done) override;
+  void LetUserActUntil(const std::function<bool()>& done) override { RunUntil(done); }
   void Wake() override;
   void Post(std::function<void()> work) override;
 

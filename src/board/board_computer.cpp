@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The computer's turn: the window is locked, the search runs beside it on a copy of the position,
+// and what it has chosen is played and stored like any other move.
+#include <random>
+#include <thread>
+
+#include "board/board.h"
+#include "platform/desktop.h"
+#include "platform/setting_variables.h"
+#include "rules/attack.h"
+#include "rules/game_end.h"
+#include "rules/piece_moves.h"
+#include "store/saving.h"
+
+namespace board {
+
+using rules::Castling;
+using rules::Square;
+using rules::ThePosition;
+
+/// The computer plays Black on the user's board: for the length of its turn the user is Black.
+void Board::TakeComputersSide(bool computers) {
+  ThePosition().SideToMove = computers ? rules::Black : rules::White;
+  PlaysWhite = !computers;
+}
+
+/// Runs the search on other threads, and events on this one.
+ai::CandidateMove Board::SearchForMove() {
+  ai::SearchOrder order;
+  order.maxDepth = platform::Settings().SearchDepth;
+  order.side = rules::Black;
+  order.lastMove = Moves.MoveOf(Moves.Count());
+  order.sideInCheck = ThePosition().SideInCheck;
+  order.seed = std::random_device{}();
+  order.threads = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+  ai::SearchResult result;
+  std::atomic<bool> done = false;
+  platform::Events& events = *platform::TheDesktop().events;
+  const std::jthread search([&, position = ThePosition()] {
+    ThePosition() = position;
+    result = ai::SearchBestMove(order, Search);
+    done = true;
+    events.Wake();
+  });
+  events.LetUserActUntil([&] { return done.load(); });
+  LastMoveScore = result.value;
+  return result.best;
+}
+
+void Board::ClassifyComputersMove(rules::LastMove move) {
+  rules::Position& position = ThePosition();
+  switch (rules::GameState(rules::White, true, position.SideInCheck, move)) {
+    case rules::Standing::Neither:
+      if (rules::NoLegalMoves(rules::White, move, position.SideInCheck)) GameDrawn = true;
+      position.SideInCheck = rules::NobodyInCheck;
+      return;
+    case rules::Standing::Checkmate:
+      position.CheckmateFlag = true;
+      break;
+    case rules::Standing::Check:
+      break;
+  }
+  position.SideInCheck = rules::White;
+}
+
+/// A pawn that reaches the user's side stays a pawn.
+void Board::PlayComputersMove(const ai::CandidateMove& move) {
+  rules::BoardSquares& squares = ThePosition().BoardState;
+  const Square from = move.from, to = move.to;
+  const rules::PieceCode piece = squares.At(from);
+  const bool capture = squares.At(to) != rules::NoPiece;
+  const rules::LastMove last = Moves.MoveOf(Moves.Count());
+  // Both look at the board before the move.
+  const Castling castling =
+      capture ? Castling::None : rules::DetectCastling(rules::Black, from, to);
+  const auto enPassant =
+      capture ? std::nullopt : rules::EnPassantSquare(from, to, last, rules::Black);
+  CopyBoard();
+  Undo = rules::SaveGameState(Surrendered);
+  squares.Put(from, rules::NoPiece);
+  squares.Put(to, piece);
+  rules::LogCastleState(piece, from.x);
+  if (enPassant) squares.Put(*enPassant, rules::NoPiece);
+  if (castling != Castling::None) {
+    const rules::RookMove rook = rules::CastlingRook(rules::Black, castling);
+    squares.Put(rook.from, rules::NoPiece);
+    squares.Put(rook.to, rules::BlackRook);
+    rules::LogCastleState(rules::BlackRook, rook.from.x);
+  }
+  ClassifyComputersMove({from, to});
+  UpdateMoveList({piece, from, to, capture, castling != Castling::None}, PlayerComment);
+}
+
+void Board::MakeComputerMove() {
+  rules::Position& position = ThePosition();
+  Search.SearchCancelled = false;
+  ShowKing();
+  if (position.CheckmateFlag || Surrendered) {
+    TakeComputersSide(false);
+    position.MoveAllowed = false;
+    AwaitingOpponent = true;
+    SetButtonEnable();
+    HilightMove(Moves.Count());
+    return;
+  }
+  const bool moveAllowed = position.MoveAllowed;
+  const bool awaitingOpponent = AwaitingOpponent;
+  ComputerThinking = true;
+  TakeComputersSide(true);
+  PlayerComment.clear();
+  Search.MovesConsidered = 0;
+  Search.progress = 0;
+  SetButtonEnable();
+  const ai::CandidateMove move = SearchForMove();
+  ComputerThinking = false;
+  DisplayPlayerComment();
+  const bool cancelled = Search.SearchCancelled.exchange(false);
+  if (!cancelled) {
+    Moves.Select(Moves.Count());
+    if (NumberOf(move.from) == 0) {
+      SurrenderGame();
+    } else {
+      PlayComputersMove(move);
+    }
+    DisplayPlayerComment();
+    DisplayBoardState(false);
+    MateMessageShown = false;
+    SaveMove();
+  }
+  TakeComputersSide(false);
+  position.MoveAllowed = !cancelled || moveAllowed;
+  AwaitingOpponent = cancelled && awaitingOpponent;
+  SetButtonEnable();
+  if (cancelled) return;
+  HilightMove(Moves.Count());
+  store::BackupDatabase();
+}
+
+}  // namespace board

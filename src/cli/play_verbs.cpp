@@ -96,9 +96,11 @@ bool New(const Call& call) {
   PrepareSending(send, call.messages);
   process.NewGame = {call.arguments.Value("--name"), call.arguments.Value("--opponent"),
                      call.arguments.Value("--email")};
-  if (process.SetupGame) rules::ThePosition().BoardState = rules::ReadBoardText(board);
   PlayedBoard played(call.messages);
   OpenGame(-1, played, call.messages);
+  if (process.SetupGame && !played.BeginFrom(board)) {
+    throw Refusal("The text of --board was refused: " + call.messages.TakeSentence({}));
+  }
   played.logic.PlayerComment = call.arguments.Value("--comment");
   const std::string move = call.arguments.Value("--move");
   if (!played.Play(move)) {
@@ -127,7 +129,7 @@ bool Move(const Call& call) {
   OpenGame(game.GAME_ID, played, call.messages);
   played.logic.PlayerComment = call.arguments.Value("--comment");
   const std::string& move = call.arguments.Others()[1];
-  const bool accepted = played.Play(move);
+  const bool accepted = played.PlayEntry(move);
   const Stored stored = accepted ? Store(played, send) : Stored::Nowhere;
   const bool ok = stored == (send ? Stored::SavedAndSent : Stored::Saved);
   const bool silent = call.messages.Empty();

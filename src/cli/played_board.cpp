@@ -16,6 +16,23 @@ bool HasFormOfMove(std::string_view move) {
   return move.size() == 4 || (move[4] == '=' && rules::PieceOfLetter(move[5]) != rules::NoPiece);
 }
 
+using board::Board;
+using board::BoardControls;
+
+/// An entry that is no move, and what of the window leads to it.
+struct SpecialEntry {
+  std::string_view word;
+  bool BoardControls::*offered;
+  void (*enter)(Board& board);
+};
+
+constexpr SpecialEntry specialEntries[] = {
+    {"offer", &BoardControls::surrender, [](Board& board) { board.OfferDraw(); }},
+    {"surrender", &BoardControls::surrender, [](Board& board) { board.SurrenderGame(); }},
+    {"accept", &BoardControls::answerDraw, [](Board& board) { board.DecideDraw(true); }},
+    {"decline", &BoardControls::answerDraw, [](Board& board) { board.DecideDraw(false); }},
+};
+
 int SquareNumber(std::string_view digits) { return (digits[0] - '0') * 10 + (digits[1] - '0'); }
 
 }  // namespace
@@ -32,6 +49,17 @@ void PlayedBoard::StartFrom(const std::string& boardText) {
   logic.PlaysWhite = true;
   logic.StartBoard = board::LoadBoard(-1, position.SideInCheck, logic.FlashPhase, false, false);
   position.MoveAllowed = true;
+}
+
+bool PlayedBoard::BeginFrom(const std::string& boardText) {
+  rules::ThePosition().BoardState = rules::ReadBoardText(boardText);
+  // The White king is lifted and put back: the window's test of a single step, which looks at the
+  // whole position.
+  const int king = NumberOf(rules::FindPiece(rules::WhiteKing));
+  logic.ApplySetupDrop(king, king, false);
+  if (!messages_.Empty() || !logic.SetupValid()) return false;
+  logic.BeginGame();
+  return true;
 }
 
 std::size_t PlayedBoard::PlayBothSides(const std::vector<std::string>& moves) {
@@ -67,6 +95,24 @@ bool PlayedBoard::Play(std::string_view move) {
   return Refuse(promoted_ ? "A pawn that reaches the last row is exchanged: add =R, =N, =B or =Q "
                             "to the move."
                           : "That move is no promotion.");
+}
+
+bool PlayedBoard::PlayEntry(std::string_view entry) {
+  for (const SpecialEntry& special : specialEntries) {
+    if (entry != special.word) continue;
+    if (!(logic.Controls().*special.offered)) return Refuse(WhyNotOffered());
+    special.enter(logic);
+    return true;
+  }
+  return Play(entry);
+}
+
+std::string PlayedBoard::WhyNotOffered() const {
+  if (logic.GameIsOver()) return "The game is over.";
+  if (logic.LastMoveIsMine()) return "It is your opponent's turn.";
+  if (logic.DrawOffered) return "Your opponent offers a draw: accept or decline it first.";
+  return logic.Moves.Count() == 0 ? "The game has no move yet."
+                                  : "There is no offer of a draw to answer.";
 }
 
 bool PlayedBoard::Refuse(const std::string& why) {

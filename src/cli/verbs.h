@@ -34,6 +34,8 @@ const std::vector<VerbRow>& Verbs();
 bool Replay(const Call& call);
 bool Legal(const Call& call);
 bool Perft(const Call& call);
+bool Evaluate(const Call& call);
+bool Search(const Call& call);
 
 // The game file.
 bool Games(const Call& call);

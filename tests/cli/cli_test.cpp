@@ -9,8 +9,10 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -38,6 +40,28 @@ std::string ShellQuoted(const std::string& text) {
   std::string quoted = "'";
   for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
   return quoted + "'";
+}
+
+/// The board text of a position such as "Ke1 Pa7 kg8": White's letters are capitals.
+std::string BoardWith(const std::string& pieces) {
+  std::vector<std::string> rows(8, std::string(16, '0'));
+  std::istringstream words(pieces);
+  for (std::string piece; words >> piece;) {
+    const auto code = static_cast<int>(std::string(".RNBQKPrnbqkp").find(piece[0]));
+    std::string& row = rows.at(static_cast<std::size_t>(piece[2] - '1'));
+    const auto column = static_cast<std::size_t>(piece[1] - 'a') * 2;
+    row[column] = static_cast<char>('0' + code / 10);
+    row[column + 1] = static_cast<char>('0' + code % 10);
+  }
+  std::string text = rows[0];
+  for (std::size_t y = 1; y < rows.size(); ++y) text += ';' + rows[y];
+  return text;
+}
+
+/// What the text has between two others.
+std::string Between(const std::string& text, const std::string& from, const std::string& to) {
+  const std::size_t begin = text.find(from);
+  return begin == std::string::npos ? text : text.substr(begin, text.find(to, begin) - begin);
 }
 
 class CliTest : public testing::Test {
@@ -187,6 +211,25 @@ TEST_F(CliTest, LegalAndPerftStartFromThePositionsOfStandardInput) {
   EXPECT_NE(refused.err.find("5255"), std::string::npos);
 }
 
+TEST_F(CliTest, TheComputerOpponentTellsItsScoresAndRepeatsASearchWithItsSeed) {
+  std::string table = "10";  // only check counts
+  for (int i = 1; i < 54; ++i) table += ";0";
+  EXPECT_NE(As("anna", {"evaluate", "--heuristics", table}, "moves=5254 6766\n")
+                .out.find("{\"move\":\"4185\",\"before\":0,\"after\":10,\"score\":10}"),
+            std::string::npos);
+  const auto search = [&](const char* seed) {
+    const Answer answer = As("anna", {"search", "--depth", "2", "--seed", seed}, "moves=5254\n");
+    return answer.out.substr(0, answer.out.find("\"seconds\""));
+  };
+  EXPECT_EQ(search("4"), search("4"));
+  EXPECT_TRUE(search("4").starts_with("{\"value\":")) << search("4");
+  EXPECT_EQ(As("anna", {"search", "--depth", "1"}, "moves=6263 5755 7274 4884\n")
+                .out.find("{\"value\":0,\"best\":null,\"considered\":0,\"root\":[]"),
+            0U);
+  EXPECT_EQ(As("anna", {"search", "--depth", "5"}).exitCode, 2);
+  EXPECT_EQ(As("anna", {"evaluate", "--heuristics", "1;2"}, "moves=\n").exitCode, 1);
+}
+
 TEST_F(CliTest, AGameTravelsBetweenTwoPlayersByMail) {
   EXPECT_EQ(AnnaStartsGame().out, "{\"game\":1,\"text\":\"e4\",\"status\":2}\n");
   EXPECT_EQ(
@@ -211,6 +254,163 @@ TEST_F(CliTest, AGameTravelsBetweenTwoPlayersByMail) {
   EXPECT_NE(As("anna", {"show", "1", "--text"}).out.find(" 4  . . . . P . . ."), std::string::npos);
   EXPECT_EQ(As("bob", {"send", "1"}).out, "{\"game\":1,\"ok\":true,\"to\":\"anna@example.org\"}\n");
   EXPECT_NE(As("anna", {"retrieve"}).out.find("\"changed\":false"), std::string::npos);
+}
+
+struct Turn {
+  const char* entry;
+  const char* text;
+  int status;  ///< in the store of the player who made the entry
+};
+
+struct Course {
+  const char* name;
+  const char* pieces;  ///< none for the normal start
+  std::vector<Turn> turns;
+  std::string end;  ///< as both players are shown it
+  bool byFile = false;
+};
+
+void PrintTo(const Course& course, std::ostream* out) { *out << course.name; }
+
+const std::string goesOn =
+    R"("check":-1,"mate":false,"drawn":false,"surrendered":false,"drawOffered":false)";
+const std::string drawn =
+    R"("check":-1,"mate":false,"drawn":true,"surrendered":false,"drawOffered":false)";
+const std::string drawAccepted =
+    R"("check":-1,"mate":false,"drawn":true,"surrendered":false,"drawOffered":true)";
+const std::string surrendered =
+    R"("check":-1,"mate":false,"drawn":false,"surrendered":true,"drawOffered":false)";
+const std::string whiteIsMated =
+    R"("check":0,"mate":true,"drawn":false,"surrendered":false,"drawOffered":false)";
+const std::string blackIsMated =
+    R"("check":1,"mate":true,"drawn":false,"surrendered":false,"drawOffered":false)";
+
+const Course courses[] = {
+    {"BlackMates",
+     "",
+     {{"6263", "f3", 2}, {"5755", "e5", 2}, {"7274", "g4", 2}, {"4884", "Qh4++", 3}},
+     whiteIsMated},
+    {"WhiteMates", "Kg1 Ra1 kg8 pf7 pg7 ph7", {{"1118", "Ra8++", 3}}, blackIsMated},
+    {"Stalemate", "Kf7 Qg1 kh8", {{"7176", "Qg6 1/2-1/2", 6}}, drawn},
+    {"KingsAlone", "Ke1 pe2 ke8", {{"5152", "Kxe2 1/2-1/2", 6}}, drawn},
+    {"OneMinorPiece", "Ke1 Pa7 kg8", {{"1718=N", "a8=N 1/2-1/2", 6}}, drawn},
+    {"BishopsOfOneColour", "Ke1 Bc1 ke8 bf8 pg5", {{"3175", "Bxg5 1/2-1/2", 6}}, drawn},
+    {"AcceptedOfferByMoveFiles",
+     "",
+     {{"5254", "e4", 2}, {"offer", "Draw offer", 5}, {"accept", "1/2-1/2", 6}},
+     drawAccepted,
+     true},
+    {"DeclinedOffer",
+     "",
+     {{"5254", "e4", 2}, {"offer", "Draw offer", 5}, {"decline", "Decline", 5}},
+     goesOn},
+    {"BlackSurrenders", "", {{"5254", "e4", 2}, {"surrender", "1-0", 4}}, surrendered},
+    {"WhiteSurrenders",
+     "",
+     {{"5254", "e4", 2}, {"5755", "e5", 2}, {"surrender", "0-1", 4}},
+     surrendered},
+};
+
+class CourseTest : public CliTest, public testing::WithParamInterface<Course> {};
+
+TEST_P(CourseTest, EndsAlikeForBothPlayers) {
+  const Course& course = GetParam();
+  const std::string board = *course.pieces == 0 ? "" : BoardWith(course.pieces);
+  std::string mover = "bob";
+  std::string other = "anna";
+  for (const Turn& turn : course.turns) {
+    std::swap(mover, other);
+    std::vector<std::string> arguments = {"move", "1", turn.entry};
+    if (&turn == &course.turns.front()) {
+      arguments = {"new",     "--name",          "T",      "--opponent", "Bob",
+                   "--email", "bob@example.org", "--move", turn.entry};
+      if (!board.empty()) arguments.insert(arguments.end(), {"--board", board});
+    }
+    arguments.insert(arguments.end(), {"--comment", std::string("said with ") + turn.entry});
+    if (!course.byFile) arguments.push_back("--send");
+    const Answer answer = As(mover, arguments);
+    ASSERT_EQ(answer.exitCode, 0) << answer.err;
+    ASSERT_NE(answer.out.find(std::string("\"text\":\"") + turn.text +
+                              "\",\"status\":" + std::to_string(turn.status)),
+              std::string::npos)
+        << answer.out;
+    if (course.byFile) {
+      EXPECT_EQ(As(mover, {"export", "1"}).out, "{\"file\":\"Cmove1.txt\"}\n");
+      const std::string file = (root_ / mover / "Data/Cmove1.txt").string();
+      EXPECT_EQ(As(other, {"import", file}).exitCode, 0);
+      fs::remove(file);
+    } else {
+      EXPECT_EQ(As(other, {"retrieve"}).exitCode, 0);
+    }
+  }
+  const std::string moves = As(mover, {"moves", "1"}).out;
+  EXPECT_NE(moves.find(std::string("said with ") + course.turns.back().entry), std::string::npos);
+  EXPECT_EQ(As(other, {"moves", "1"}).out, moves);
+  std::set<std::string> positions;
+  for (const std::string& player : {mover, other}) {
+    SCOPED_TRACE(player);
+    // Who receives the end has still to look at it.
+    const std::string status = std::to_string(player == mover ? course.turns.back().status : 1);
+    const std::string shown = As(player, {"show", "1"}).out;
+    EXPECT_TRUE(shown.ends_with("\"status\":" + status + "," + course.end +
+                                ",\"moves\":" + std::to_string(course.turns.size()) + "}\n"))
+        << shown;
+    positions.insert(Between(shown, "\"board\"", "\"mine\""));
+    const std::string listed = As(player, {"games"}).out;
+    EXPECT_NE(listed.find("\"GAME_STATUS\":" + status + ","), std::string::npos) << listed;
+    EXPECT_NE(listed.find("\"GAME_START_BOARD\":\"" + board), std::string::npos) << listed;
+  }
+  EXPECT_EQ(positions.size(), 1u);
+  if (course.end == goesOn) return;
+  const Answer late = As(other, {"move", "1", "surrender"});
+  EXPECT_EQ(late.exitCode, 1);
+  EXPECT_NE(late.out.find("The game is over."), std::string::npos) << late.out;
+}
+
+INSTANTIATE_TEST_SUITE_P(Games, CourseTest, testing::ValuesIn(courses),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(CliTest, OffersAnswersAndMovesWaitForTheirTime) {
+  struct Row {
+    const char* player;
+    const char* entry;
+    const char* refusal;  ///< none where the entry is made and arrives
+  };
+  const char* notYourTurn = "It is your opponent's turn.";
+  const char* answerFirst = "Your opponent offers a draw: accept or decline it first.";
+  const Row rows[] = {
+      {"anna", "offer", notYourTurn},
+      {"bob", "accept", "There is no offer of a draw to answer."},
+      {"bob", "decline", "There is no offer of a draw to answer."},
+      {"bob", "resign", "A move is written as four digits"},
+      {"bob", "offer", nullptr},
+      {"bob", "offer", notYourTurn},
+      {"bob", "accept", notYourTurn},
+      {"anna", "4244", "You are not allowed to make a move right now."},
+      {"anna", "offer", answerFirst},
+      {"anna", "surrender", answerFirst},
+      {"anna", "decline", nullptr},
+      {"bob", "accept", "There is no offer of a draw to answer."},
+      {"bob", "5755", nullptr},
+  };
+  AnnaStartsGame();
+  As("bob", {"retrieve"});
+  for (const Row& row : rows) {
+    SCOPED_TRACE(std::string(row.player) + " " + row.entry);
+    const std::string player = row.player;
+    const fs::path file = root_ / player / "Data/Tvgdb.dat";
+    const std::string before = Slurp(file);
+    const Answer answer = As(player, {"move", "1", row.entry, "--send"});
+    EXPECT_EQ(answer.exitCode, row.refusal == nullptr ? 0 : 1);
+    if (row.refusal == nullptr) {
+      As(player == "anna" ? "bob" : "anna", {"retrieve"});
+      continue;
+    }
+    EXPECT_TRUE(
+        answer.out.starts_with(R"({"game":1,"ok":false,"messages":[[")" + std::string(row.refusal)))
+        << answer.out;
+    EXPECT_EQ(Slurp(file), before);
+  }
 }
 
 TEST_F(CliTest, AGameTravelsAsAMoveFile) {
@@ -257,9 +457,6 @@ TEST_F(CliTest, GamesAreSelectedSortedAndRemoved) {
 TEST_F(CliTest, ARefusalSaysWhyAndSavesNothing) {
   AnnaStartsGame();
   const std::string before = Slurp(root_ / "anna/Data/Tvgdb.dat");
-  const std::string kings =
-      "0000000005000000;0000000000000000;0000000000000000;0000000000000000;"
-      "0000000000000000;0000000000000000;0000000000000000;00000000";
   const auto newGame = [](const std::string& board) {
     return std::vector<std::string>{"new",   "--name",  "T",   "--opponent", "Bob", "--email",
                                     "b@c.d", "--board", board, "--move",     "5152"};
@@ -273,8 +470,13 @@ TEST_F(CliTest, ARefusalSaysWhyAndSavesNothing) {
       {"not her turn", {"move", "1", "4244"}, "You are not allowed to make a move right now."},
       {"no such game", {"move", "7", "5254"}, "There is no game 7."},
       {"unknown key", {"games", "--select", "Foo;2"}, "No CASE for FOO"},
-      {"board without a Black king", newGame(kings + "00000000"), "no position with a king"},
-      {"board of a wrong form", newGame(kings + "11"), "no position with a king"},
+      {"board without a Black king", newGame(BoardWith("Ke1 Pa2")), "no position with a king"},
+      {"board of a wrong form", newGame(BoardWith("Ke1 Pa2 ke8").substr(0, 133)),
+       "no position with a king"},
+      {"kings alone", newGame(BoardWith("Ke1 ke8")), "you cannot checkmate with only a king each."},
+      {"kings side by side", newGame(BoardWith("Ke1 kf1 Pa2")), "both kings being in check"},
+      {"Black is mated before the first move", newGame(BoardWith("Kg6 Ra8 kg8")), "in checkmate"},
+      {"White has no move", newGame(BoardWith("Ka1 qb3 ke8")), "in a stalemate"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
@@ -284,7 +486,10 @@ TEST_F(CliTest, ARefusalSaysWhyAndSavesNothing) {
         << answer.out << answer.err;
     EXPECT_EQ(Slurp(root_ / "anna/Data/Tvgdb.dat"), before);
   }
-  EXPECT_EQ(As("anna", newGame(kings + "11000000")).exitCode, 0);
+  // Only odd: nine pawns, and two bishops on squares of one colour.
+  const Answer odd = As("anna", newGame(BoardWith("Ke1 Pa2 Pb2 Pc2 Pd2 Pf2 Pg2 Ph2 Pa3 Pb3 ke8 "
+                                                  "ba7 bb8")));
+  EXPECT_EQ(odd.exitCode, 0) << odd.err;
 }
 
 TEST_F(CliTest, WhatCantBeSentIsNotSaved) {

@@ -33,6 +33,7 @@
 #include "ui/new_game_info.h"
 #include "ui/notify_form.h"
 #include "ui/select_sound.h"
+#include "ui/setup_warning.h"
 #include "ui/skin.h"
 #include "ui/splash_screen.h"
 #include "ui/status_window.h"
@@ -120,6 +121,11 @@ Window NewQuestion(const ChessGraphics&) {
 Window NewReport(const ChessGraphics&) {
   return std::make_unique<ui::MsgForm>(platform::Message{
       5, "Backup failed.", "The copy of your games could not be written.", "OK", "", false});
+}
+
+Window NewWarnings(const ChessGraphics&) {
+  return std::make_unique<ui::SetupWarningForm>(
+      u"White warnings\n      To many pawns\n      No bishops on a black board square"_s);
 }
 
 Window NewPromotion(const ChessGraphics& graphics) {
@@ -247,6 +253,7 @@ constexpr NewWindow windows[] = {
     NewAccount,       // for a mailbox
     NewQuestion,      // two buttons
     NewReport,        // one button
+    NewWarnings,      // about a position
     NewPromotion,     // of White
     NewStatus,        // while games are fetched
     NewSplash,        // the start picture

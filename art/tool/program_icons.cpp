@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kSmallSides[] = {16, 22, 24, 32, 48, 64};
 constexpr int kMessageSide = 96;
+constexpr int kDrawSignSide = 256;
 // The program icon's painted picture, and where the knight rises out of the envelope in it.
 constexpr int kPaintedSide = 1024;
 constexpr QRect kKnightPlace(40, -97, 1000, 1000);
@@ -51,10 +52,15 @@ bool RenderIcon(const Workshop& shop, const QString& name) {
   return SaveIcon(pictures, u"%1/%2.ico"_s.arg(shop.output, name), shop.error);
 }
 
-bool RenderMessageIcon(const Workshop& shop, const QString& name) {
-  const auto drawing = shop.Drawing(name);
-  return drawing && SavePicture(PaintIcon(*drawing, kMessageSide, shop.set.shadow),
+bool RenderPicture(const Workshop& shop, const QString& drawingName, int side,
+                   const QString& name) {
+  const auto drawing = shop.Drawing(drawingName);
+  return drawing && SavePicture(PaintIcon(*drawing, side, shop.set.shadow),
                                 u"%1/%2.png"_s.arg(shop.output, name), shop.error);
+}
+
+bool RenderMessageIcon(const Workshop& shop, const QString& name) {
+  return RenderPicture(shop, name, kMessageSide, name);
 }
 
 /// Renders every drawing in `folder` by its name below the source.
@@ -101,7 +107,9 @@ bool RenderProgramIcons(const SetParameters& set, const QString& source, const Q
   const Workshop shop{set, source, output, error};
   return RenderFolder(shop, u"icons/tray"_s, RenderIcon) &&
          RenderFolder(shop, u"icons/status"_s, RenderIcon) &&
-         RenderFolder(shop, u"messages"_s, RenderMessageIcon) && RenderProgramIcon(shop);
+         RenderFolder(shop, u"messages"_s, RenderMessageIcon) &&
+         RenderPicture(shop, u"program/draw"_s, kDrawSignSide, u"draw"_s) &&
+         RenderProgramIcon(shop);
 }
 
 }  // namespace art

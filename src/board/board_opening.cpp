@@ -175,10 +175,10 @@ bool Board::StoreStatus() const {
 }
 
 void Board::SetGameStatus() {
-  if (LastMoveIsMine() || GameStatus == store::GameWon || GameStatus == store::GameLost ||
-      !GameIsOver()) {
-    return;
-  }
+  if (LastMoveIsMine() || GameStatus == store::GameWon || GameStatus == store::GameLost) return;
+  // An older row doesn't know how the game ended.
+  MoveList_RowColChange(Moves.Count());
+  if (!GameIsOver()) return;
   GameStatus = GameDrawn ? store::GameDrawn : WonGame() ? store::GameWon : store::GameLost;
   if (StoreStatus()) return;
   platform::ShowMessage(

@@ -123,6 +123,10 @@ void Board::DropInSetup(int target, int source, bool fromPalette) {
 
 void Board::ApplySetupDrop(int target, int source, bool fromPalette) {
   rules::Position& position = ThePosition();
+  // A key may have cleared or reset the board under the drag.
+  const bool stillThere =
+      fromPalette ? IsOnPalette(source) : rules::SideOf(rules::FromNumber(source)) != rules::NoSide;
+  if (!stillThere) return;
   const rules::GameStateSnapshot kept = rules::SaveGameState(Surrendered);
   rules::PieceCode piece = source;
   if (!fromPalette) {

@@ -36,7 +36,8 @@ std::string WarningsOf(const rules::BoardSquares& squares, rules::Side side) {
   for (const auto& warning : warnings) {
     if (!warning.holds) continue;
     if (text.empty()) text = side == rules::White ? "White warnings" : "Black warnings";
-    text += std::string("\n      ") + warning.text;
+    text += "\n      ";
+    text += warning.text;
   }
   return text;
 }

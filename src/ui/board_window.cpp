@@ -23,14 +23,19 @@
 #include "ui/comment_box.h"
 #include "ui/disabled_window.h"
 #include "ui/exchange_pawn.h"
+#include "ui/floating_piece.h"
 #include "ui/layouts/board.h"
 #include "ui/look.h"
 #include "ui/move_list_table.h"
 #include "ui/piece_hand.h"
+#include "ui/piece_palette.h"
 #include "ui/plain_text_view.h"
 #include "ui/program_pictures.h"
+#include "ui/setup_hand.h"
+#include "ui/setup_warning.h"
 #include "ui/shown_text.h"
 #include "ui/system_button.h"
+#include "ui/trash.h"
 #include "ui/window_skin.h"
 
 namespace ui {
@@ -65,10 +70,13 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
       board_(*this),
       picture_(new BoardPicture(graphics,
                                 IsSimpleUI() ? BoardPicture::plainEdge : layouts::boardBand, this)),
+      palette_(new PiecePalette(graphics, this)),
+      floating_(new FloatingPiece(this)),
       playersTag_(new PlainTextView(this)),
       moveList_(new MoveListTable(this)),
       opponentComment_(new PlainTextView(this)),
-      playerComment_(new CommentBox(this)) {
+      playerComment_(new CommentBox(this)),
+      trash_(new Trash(this)) {
   setObjectName(u"Board"_s);
   setAttribute(Qt::WA_DeleteOnClose);
   playersTag_->setObjectName(u"PlayersTag"_s);
@@ -78,7 +86,9 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
   AddDrawButtons();
   toolbar_ = new BoardToolbar(*this, [this](int button) { ClickToolbar(button); });
   if (!IsSimpleUI()) AddSkinnedControls();
-  hand_ = new PieceHand(board_, *picture_, this);
+  hand_ = new PieceHand(board_, *picture_, *floating_, this);
+  setupHand_ = new SetupHand(board_, *picture_, *palette_, *trash_, *floating_, this);
+  palette_->hide();
   open_ = TakeLook(*this, layouts::board, [this] { SetSimpleUI(); });
   if (!open_) return;
   Connect();
@@ -101,8 +111,10 @@ void BoardWindow::SetSimpleUI() {
   side->addWidget(playersTag_);
   side->addWidget(drawAnswers_);
   side->addWidget(moveList_, 1);
+  side->addWidget(palette_, 1);
   side->addWidget(opponentComment_);
   side->addWidget(playerComment_);
+  side->addWidget(trash_);
   side->addSpacing(8);
   side->addLayout(buttons);
 
@@ -205,6 +217,8 @@ void BoardWindow::Connect() {
   picture_->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(picture_, &QWidget::customContextMenuRequested, this,
           [this](QPoint point) { ShowActionsMenu(picture_->mapToGlobal(point)); });
+  connect(palette_, &QWidget::customContextMenuRequested, this, &BoardWindow::ShowPiecePalleteMenu);
+  connect(floating_, &FloatingPiece::Settled, picture_, &BoardPicture::Uncover);
   connect(playerComment_, &QPlainTextEdit::textChanged, this,
           [this] { board_.PlayerComment = playerComment_->toPlainText().toStdString(); });
   // The control that takes the focus gets it first; a message would cut that off.
@@ -212,6 +226,7 @@ void BoardWindow::Connect() {
           Qt::QueuedConnection);
   if (const auto* skin = WindowSkin::Of(*this)) {
     connect(skin, &WindowSkin::Worn, toolbar_, &BoardToolbar::RefreshBoardButtons);
+    connect(skin, &WindowSkin::Worn, this, &BoardWindow::Refresh);
   }
 }
 
@@ -234,6 +249,28 @@ void BoardWindow::SetToolTips() {
   }
 }
 
+/// The list of moves and the comment; else what stands in their places while a position is set up.
+void BoardWindow::ShowGameBits(bool show) {
+  const bool comment = show && !platform::Process().ComputerGame;
+  const bool changes = palette_->isHidden() != show;
+  const std::pair<const char*, bool> bits[] = {
+      {"MoveList", show},      {"Menu2Button", show},        {"PlayerComment", comment},
+      {"PiecePallete", !show}, {"PlayerComment_L", comment}, {"Trash", !show},
+  };
+  for (const auto& [name, visible] : bits) {
+    if (auto* bit = findChild<QWidget*>(QLatin1StringView(name))) bit->setVisible(visible);
+  }
+  if (!show) {
+    palette_->setPalette(moveList_->palette());
+    trash_->setPalette(moveList_->palette());
+    palette_->UpdatePiecePalette(board_);
+  }
+  if (!changes) return;
+  if (!show) palette_->SetPiecePallete(board_);
+  SetToolTips();
+  picture_->setFocus();
+}
+
 void BoardWindow::ConstructBoard() {
   for (int i = 0; i < 64; ++i) {
     const rules::Square square = rules::SquareAt(i);
@@ -247,6 +284,9 @@ void BoardWindow::PaintSquare(rules::Square square, int cell) {
 
 void BoardWindow::Refresh() {
   if (!rules::ThePosition().MoveAllowed || board_.DrawOffered) hand_->LetGo();
+  setupHand_->LetGo();
+  toolbar_->Show(board_);
+  ShowGameBits(!platform::Process().BoardSetupMode);
   setWindowTitle(Shown(board_.Caption));
   playersTag_->SetText(Shown(board_.PlayersTag));
   const QString comment = Shown(board_.OpponentComment);
@@ -255,7 +295,6 @@ void BoardWindow::Refresh() {
   moveList_->ShowMoves(board_.Moves, board_.TopRow());
   picture_->ShowDots(board_.MovePointers);
   picture_->ShowCoordinates(board_.CoordsVisible);
-  toolbar_->Show(board_);
   SetButtonEnabled(*this, u"Menu2Button"_s, board_.Moves.Count() > 0);
   const board::BoardControls controls = board_.Controls();
   playerComment_->setEnabled(controls.playerComment);
@@ -270,8 +309,9 @@ rules::PieceCode BoardWindow::ExchangePawn(rules::Side side) {
 }
 
 bool BoardWindow::AcceptSetupWarnings(const std::string& warnings) {
-  (void)warnings;
-  return true;
+  SetupWarningForm form(Shown(warnings), this);
+  form.exec();
+  return !form.FormCanceled;
 }
 
 void BoardWindow::SetTimerInterval(int milliseconds) { checkTimer_.setInterval(milliseconds); }
@@ -324,6 +364,14 @@ void BoardWindow::ShowHistoryMenu(QPoint place) {
   };
   const auto select = [this](int row) { board_.MoveList_RowColChange(row); };
   NewHistoryMenu(board_, {toggleHilight, select})->exec(place);
+}
+
+void BoardWindow::ShowPiecePalleteMenu(QPoint point) {
+  const rules::PieceCode piece = palette_->PieceUnder(point);
+  if (piece == rules::NoPiece || rules::KindOf(piece) == rules::WhiteKing) return;
+  NewPiecePalleteMenu([this, piece] {
+    board_.RemovePieces(piece);
+  })->exec(palette_->mapToGlobal(point));
 }
 
 void BoardWindow::mousePressEvent(QMouseEvent* event) {

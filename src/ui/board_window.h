@@ -19,9 +19,13 @@ namespace ui {
 
 class BoardToolbar;
 class CommentBox;
+class FloatingPiece;
 class MoveListTable;
 class PieceHand;
+class PiecePalette;
 class PlainTextView;
+class SetupHand;
+class Trash;
 
 class BoardWindow final : public QWidget, private board::BoardView {
   Q_OBJECT
@@ -62,21 +66,27 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void AddDrawButtons();
   void Connect();
   void SetToolTips();
+  void ShowGameBits(bool show);
   void ClickToolbar(int button);
   bool LeaveComment();
   void ShowActionsMenu(QPoint place);
   void ShowHistoryMenu(QPoint place);
+  void ShowPiecePalleteMenu(QPoint point);
 
   const ChessGraphics& graphics_;
   board::Board board_;
   QTimer checkTimer_;
 
   BoardPicture* picture_;
+  PiecePalette* palette_;
+  FloatingPiece* floating_;
   PieceHand* hand_ = nullptr;
+  SetupHand* setupHand_ = nullptr;
   PlainTextView* playersTag_;
   MoveListTable* moveList_;
   PlainTextView* opponentComment_;
   CommentBox* playerComment_;
+  Trash* trash_;
   BoardToolbar* toolbar_ = nullptr;
   QWidget* logo_ = nullptr;                        // of the skinned look, as the next
   QWidget* drawLogo_ = nullptr;                    // in its place while the opponent offers a draw

@@ -40,7 +40,6 @@ namespace {
 
 // Until what they lead to is there.
 constexpr bool computerGameIsThere = false;
-constexpr bool setupGameIsThere = false;
 
 struct ToolbarEntry {  // NOLINT(clang-analyzer-optin.performance.Padding)
   int button;
@@ -230,7 +229,7 @@ void GameInterface::FillGameList(std::int16_t column, std::string order,
   SetToolbarButton(PlayGameButton, anyGame);
   SetToolbarButton(NewGameButton, mayStart);
   SetToolbarButton(ComputerGameButton, computerGameIsThere);
-  SetToolbarButton(SetupGameButton, mayStart && setupGameIsThere);
+  SetToolbarButton(SetupGameButton, mayStart);
 }
 
 void GameInterface::Refill(std::optional<std::int32_t> selectGame) {

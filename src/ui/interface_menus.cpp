@@ -55,7 +55,6 @@ constexpr MenuEntry popupEntries[] = {
 
 // Until the windows behind them are there.
 constexpr bool printingIsThere = false;
-constexpr bool boardSetupIsThere = false;
 constexpr bool optionsAreThere = false;
 
 /// One of the entries is checked, as a radio button is.
@@ -101,8 +100,7 @@ void InterfaceMenus::EnableGameEntries(bool anyGame) {
 }
 
 void InterfaceMenus::EnableNewGames(bool enabled) {
-  menus_[GameMenu].SetEnabled({entries::New}, enabled);
-  menus_[GameMenu].SetEnabled({entries::NewSetup}, enabled && boardSetupIsThere);
+  menus_[GameMenu].SetEnabled({entries::New, entries::NewSetup}, enabled);
 }
 
 void InterfaceMenus::CheckSort(int column, bool descending) {

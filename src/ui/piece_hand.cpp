@@ -6,24 +6,21 @@
 
 #include <utility>
 
+#include "platform/process_state.h"
+#include "ui/hand_parts.h"
+
 namespace ui {
 
 using rules::Square;
 
-namespace {
-constexpr int emptyCell = 16;  // of a light square; the shade comes on top
-}
-
-PieceHand::PieceHand(board::Board& board, BoardPicture& picture, QObject* parent)
-    : QObject(parent),
-      board_(board),
-      picture_(picture),
-      floating_(new FloatingPiece(picture.window())) {
+PieceHand::PieceHand(board::Board& board, BoardPicture& picture, FloatingPiece& floating,
+                     QObject* parent)
+    : QObject(parent), board_(board), picture_(picture), floating_(floating) {
   picture_.installEventFilter(this);
-  connect(floating_, &FloatingPiece::Settled, &picture_, &BoardPicture::Uncover);
 }
 
 bool PieceHand::eventFilter(QObject*, QEvent* event) {
+  if (platform::Process().BoardSetupMode) return false;
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -63,7 +60,7 @@ bool PieceHand::Press(const QMouseEvent& event) {
 bool PieceHand::Move(const QMouseEvent& event) {
   if (!dragging_) return false;
   if (picture_.SquareUnder(event.position()) != held_) leftItsSquare_ = true;
-  floating_->move(picture_.mapTo(picture_.window(), event.pos()) - grab_);
+  floating_.move(picture_.mapTo(picture_.window(), event.pos()) - grab_);
   return true;
 }
 
@@ -82,14 +79,8 @@ bool PieceHand::Release(const QMouseEvent& event) {
 }
 
 bool PieceHand::Key(const QKeyEvent& event) {
-  struct Step {
-    int key, right, up;
-  };
-  static constexpr Step steps[] = {
-      {Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, 1}, {Qt::Key_Down, 0, -1}};
-  for (const Step& step : steps) {
-    if (event.key() != step.key) continue;
-    picture_.MoveCursor(picture_.Neighbour(picture_.Cursor(), step.right, step.up), true);
+  if (const auto step = ArrowStepOf(event.key())) {
+    picture_.MoveCursor(picture_.Neighbour(picture_.Cursor(), step->right, step->up), true);
     return true;
   }
   switch (event.key()) {
@@ -148,14 +139,14 @@ void PieceHand::LetGo() {
 void PieceHand::Drop(std::optional<Square> target) {
   const Square source = *std::exchange(held_, std::nullopt);
   picture_.ShowSelection(std::nullopt);
-  if (!floating_->isVisible()) Float(source, {});
-  floating_->SettleAt(CornerOf(source));
+  if (!floating_.isVisible()) Float(source, {});
+  floating_.SettleAt(CornerOf(source));
   const int cellBefore = target ? picture_.CellOn(*target) : 0;
   const int entriesBefore = board_.Moves.Count();
   board_.CBoard_DragDrop(target ? NumberOf(*target) : 0, NumberOf(source));
-  if (board_.Moves.Count() == entriesBefore || !floating_->IsSettling()) return;
+  if (board_.Moves.Count() == entriesBefore || !floating_.IsSettling()) return;
   picture_.Cover(*target, cellBefore);
-  floating_->SettleAt(CornerOf(*target));
+  floating_.SettleAt(CornerOf(*target));
 }
 
 QPoint PieceHand::CornerOf(Square square) const {
@@ -166,12 +157,12 @@ QPoint PieceHand::CornerOf(Square square) const {
 void PieceHand::Float(Square square, QPoint grab) {
   grab_ = grab;
   const rules::PieceCode piece = rules::ThePosition().BoardState.At(square);
-  floating_->PickUp(picture_.FloatingPicture(piece), CornerOf(square));
-  picture_.Cover(square, emptyCell + rules::SquareShade(square));
+  floating_.PickUp(picture_.FloatingPicture(piece), CornerOf(square));
+  picture_.Cover(square, EmptyCell(square));
 }
 
 void PieceHand::PutAway() {
-  floating_->PutAway();
+  floating_.PutAway();
   picture_.Uncover();
   picture_.ShowSelection(held_);
 }

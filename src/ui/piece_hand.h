@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The user's hand on the board: dragging a piece, clicking it and then its target, or moving a
 // cursor with the arrow keys and picking up and dropping with Enter or Space. All of them end in
-// the same two operations of the logic, a pick-up and a drop on square numbers.
+// the same two operations of the logic, a pick-up and a drop on square numbers. While a position is
+// set up it keeps still; SetupHand is at work then.
 #pragma once
 
 #include <QObject>
@@ -22,8 +23,8 @@ class PieceHand : public QObject {
   Q_OBJECT
 
  public:
-  /// Listens to the picture. Both must outlive the hand.
-  PieceHand(board::Board& board, BoardPicture& picture, QObject* parent);
+  /// Listens to the picture. All three must outlive the hand.
+  PieceHand(board::Board& board, BoardPicture& picture, FloatingPiece& floating, QObject* parent);
 
   /// Puts a held piece back on its square.
   void SetDown();
@@ -49,7 +50,7 @@ class PieceHand : public QObject {
 
   board::Board& board_;
   BoardPicture& picture_;
-  FloatingPiece* floating_;
+  FloatingPiece& floating_;
   std::optional<rules::Square> held_;  // the square of the piece in the hand
   bool dragging_ = false;              // it hangs on the pointer; else it is only selected
   bool wasSelected_ = false;           // before this drag began

@@ -87,7 +87,7 @@ inline std::string Offers(const Board& board) {
 
 struct RecordingView : BoardView {
   void ConstructBoard() override { ++constructed; }
-  void PaintSquare(Square square, int cell) override { cells[IndexOf(square)] = cell; }
+  void PaintSquare(Square square, int cell) override { cells.at(IndexOf(square)) = cell; }
   void Refresh() override { offers = Offers(*board); }
   rules::PieceCode ExchangePawn(rules::Side side) override {
     ++asked;
@@ -201,6 +201,20 @@ struct BoardTest : ::testing::Test {
       told += message.title + ": " + message.text;
     }
     return told;
+  }
+
+  /// The numbers of the sounds since the last call, and then what Told tells.
+  std::string Noticed() {
+    std::string noticed;
+    for (const std::string& path : std::exchange(desktop.sounds.played, {})) {
+      noticed += path[path.size() - 5];
+    }
+    const std::string told = Told();
+    return told.empty() ? noticed : noticed + " " + told;
+  }
+
+  void Tick(int times = 3) {
+    for (int n = 0; n < times; ++n) board->CheckTimer();
   }
 
   std::string GameFile() { return desktop.files.content["/program/Data/Tvgdb.dat"]; }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window's timer: kings that flash.
 #include "board/board_fixture.h"
-#include "platform/desktop.h"
 
 namespace board {
 namespace {
@@ -10,6 +9,7 @@ const Case flashCases[] = {
     {"White in check", "Ke1 re8 kh8", "e1 13 8"},
     {"Black in check", "Ke1 Rh2 ka8|h2h8 Rh8+", "a8 21 0"},
     {"who surrendered, whoever is in check", "Ke1 Rh8 ka8|e1e1 0-1", "e1 15 8"},
+    {"a mated king has fallen", "Ke1 Ra1 kg8 pf7 pg7 ph7|a1a8 Ra8++", "g8 23 0"},
 };
 
 TEST_F(BoardTest, AKingInDangerFlashesUntilTheDangerEnds) {
@@ -31,26 +31,45 @@ TEST_F(BoardTest, AKingInDangerFlashesUntilTheDangerEnds) {
   }
 }
 
-/// Lets the timer tick while a message is up, as a modal dialog does.
-struct TickingBoxes : fakes::RecordingMessageBoxes {
-  bool Ask(const platform::Message&) override {
-    board->UnloadPending = true;
-    board->CheckTimer();
-    board->UnloadPending = false;
-    ++asked;
-    return true;
-  }
-  Board* board = nullptr;
-  int asked = 0;
+struct FlickerCase {
+  const char* name;
+  const char* game;
+  const char* move;
+  const char* king;
+  int ticks;
 };
+
+const FlickerCase flickerCases[] = {
+    {"a refused self-check", "Ke1 Re2 re8 kh8", "e2d2", "e1", 10},
+    {"a stalemate", "Kf6 Qa2 kh8", "a2f7", "h8", 15},
+};
+
+TEST_F(BoardTest, AKingFlickersAndComesToRest) {
+  for (const FlickerCase& row : flickerCases) {
+    SCOPED_TRACE(row.name);
+    OpenGame(row.game);
+    Play(row.move);
+    const Square king = rules::Sq(row.king);
+    for (int left = row.ticks; left > 0; --left) {
+      board->CheckTimer();
+      EXPECT_EQ(CellOf(row.king),
+                left % 2 == 0 ? rules::SquareShade(king) : board->SquareCell(king));
+      EXPECT_EQ(view->interval, left == 1 ? 250 : 100);
+    }
+    Tick();
+    ExpectWindowIsUpToDate();
+  }
+}
 
 TEST_F(BoardTest, ATickDuringTheWindowsOwnMessageDoesNothing) {
   OpenGame("Ke1 Re2 re8 kh8");
-  TickingBoxes boxes;
-  boxes.board = &*board;
-  platform::TheDesktop().messageBoxes = &boxes;
+  desktop.boxes.whileUp = [this] {
+    board->UnloadPending = true;
+    board->CheckTimer();
+    board->UnloadPending = false;
+  };
   Play("e2d2");
-  EXPECT_EQ(boxes.asked, 1);
+  EXPECT_FALSE(desktop.boxes.whileUp);
   EXPECT_EQ(view->closed, 0);
 }
 

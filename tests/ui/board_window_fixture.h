@@ -80,7 +80,7 @@ class BoardWindowTest : public testing::Test {
       if (word == "release" || word == "click") {
         QTest::mouseRelease(Picture(), Qt::LeftButton, {}, place);
       }
-      if (word == "rightpress") QTest::mousePress(Picture(), Qt::RightButton, {}, place);
+      if (word == "rightclick") QTest::mouseClick(Picture(), Qt::RightButton, {}, place);
     }
   }
 

@@ -148,6 +148,7 @@ TEST_F(GameInterfaceTest, ToolbarButtonsFollowTheConnectionAndBegin) {
     Process().StandAlone = standAlone;
     window_->Refill();
     EXPECT_EQ(Button(u"Toolbar1_2"_s).isEnabled(), standAlone);
+    EXPECT_EQ(Button(u"Toolbar1_4"_s).isEnabled(), standAlone);
     EXPECT_EQ(newGames_, standAlone);
   }
   desktop_.windows.refusing = {"graphics", "ask new game"};
@@ -158,6 +159,9 @@ TEST_F(GameInterfaceTest, ToolbarButtonsFollowTheConnectionAndBegin) {
   EXPECT_TRUE(Process().BoardFromGameList);
   EXPECT_FALSE(Process().SetupGame || Process().ComputerGame);
   EXPECT_EQ(desktop_.log, std::vector<std::string>{"graphics"});
+  QTest::mouseClick(&Button(u"Toolbar1_4"_s), Qt::LeftButton);
+  EXPECT_TRUE(Process().SetupGame && !Process().ComputerGame);
+  EXPECT_EQ(desktop_.log.size(), 2U);
   EXPECT_TRUE(Grid().hasFocus() || !window_->isActiveWindow());
 }
 

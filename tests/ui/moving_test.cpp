@@ -68,7 +68,7 @@ TEST_F(MovingTest, APieceThatIsPutDownAgainIsNoMove) {
       {"clicked, then beside the board", "click 52 click 0"},
       {"Escape in the middle of a drag", "press 52 move 54 escape 1 release 54"},
       {"Escape behind a click", "click 52 escape 1"},
-      {"the right button", "click 52 rightpress 54"},
+      {"the right button", "click 52 rightclick 54"},
   };
   for (const GestureCase& row : rows) {
     SCOPED_TRACE(row.name);

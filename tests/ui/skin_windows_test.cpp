@@ -22,6 +22,7 @@
 #include "ui/move_list_table.h"
 #include "ui/msg_form.h"
 #include "ui/plain_text_view.h"
+#include "ui/setup_warning.h"
 #include "ui/status_window.h"
 #include "ui/strip_button.h"
 #include "ui/system_button.h"
@@ -45,7 +46,8 @@ class SkinnedWindowsTest : public SkinTest {
     return std::make_unique<MsgForm>(platform::Message{1, "Title", text, "Yes", cancel, 0});
   }
 
-  /// The four windows by their layouts, made anew and shown.
+  /// Windows by their layouts, made anew and shown. There are more warnings than the skinned dialog
+  /// has room for.
   std::vector<std::pair<const layouts::Layout*, Window>> AllWindows() {
     std::vector<std::pair<const layouts::Layout*, Window>> windows;
     windows.emplace_back(&layouts::statusWindow, std::make_unique<StatusWindow>());
@@ -53,6 +55,9 @@ class SkinnedWindowsTest : public SkinTest {
     windows.emplace_back(&layouts::msgForm, NewMsgForm());
     windows.emplace_back(&layouts::exchangePawn,
                          std::make_unique<ui::ExchangePawn>(graphics_, rules::White));
+    windows.emplace_back(
+        &layouts::setupWarning,
+        std::make_unique<SetupWarningForm>(u"Black warnings\n      Some\n"_s.repeated(9)));
     for (const auto& [layout, window] : windows) {
       window->show();
       EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
@@ -125,7 +130,7 @@ TEST_F(SkinnedWindowsTest, EveryControlHasItsRectangleAndTheColoursOfItsRow) {
     const auto* button = qobject_cast<SkinButton*>(&widget);
     EXPECT_EQ(button ? button->Place() : widget.geometry(),
               QRect(control.rect.x, control.rect.y, control.rect.width, control.rect.height));
-    EXPECT_TRUE(widget.isVisible());
+    EXPECT_EQ(widget.isVisible(), control.name != "DrawLogo");
   }
   const auto colour = [&](const char* name, QPalette::ColorRole role) {
     return Find<QWidget>(board, name).palette().color(role);
@@ -439,14 +444,16 @@ TEST_F(SkinnedWindowsTest, TheKeyboardReachesEveryControlAndEachHasAName) {
   const std::set<QString> reached[] = {
       {},
       {u"CBoard"_s, u"MoveList"_s, u"PlayerComment"_s, u"Menu1Button"_s, u"Menu2Button"_s,
-       u"MinimiseButton"_s, u"Toolbar1_1"_s, u"Toolbar1_2"_s, u"Toolbar1_7"_s},
+       u"MinimiseButton"_s, u"Toolbar1_1"_s, u"Toolbar1_2"_s, u"Toolbar1_6"_s, u"Toolbar1_7"_s},
       {u"OkButton"_s, u"CancelButton"_s},
-      {u"PieceButton0"_s, u"PieceButton1"_s, u"PieceButton2"_s, u"PieceButton3"_s}};
+      {u"PieceButton0"_s, u"PieceButton1"_s, u"PieceButton2"_s, u"PieceButton3"_s},
+      {u"OkButton"_s, u"CancelButton"_s, u"WarningMessage"_s}};
   const std::set<QString> reachedSimply[] = {{},
                                              {u"CBoard"_s, u"MoveList"_s, u"PlayerComment"_s,
                                               u"Toolbar1S_1"_s, u"Toolbar1S_2"_s, u"Toolbar1S_7"_s},
                                              {u"OKButtonS"_s, u"CancelButtonS"_s},
-                                             reached[3]};
+                                             reached[3],
+                                             {u"OKButtonS"_s, u"CancelButtonS"_s}};
   for (const bool simple : {false, true}) {
     platform::Settings().SimpleUI = simple;
     auto windows = AllWindows();

@@ -76,6 +76,9 @@ TEST_F(SystemTrayTest, ItsMenusReadAsTold) {
   for (int menu = 0; menu < interfaceMenuCount; ++menu) {
     EXPECT_EQ(Shape(tray_.ListMenus().Menu(static_cast<InterfaceMenu>(menu))), shapes[menu]);
   }
+  tray_.ListMenus().EnableNewGames(true);
+  EXPECT_TRUE(
+      Shape(tray_.ListMenus().Menu(GameMenu)).startsWith(u"New game...|New setup game..."_s));
   platform::Settings().SimpleUI = false;
   platform::Settings().SystrayStartup = false;
   tray_.SettleMenus();

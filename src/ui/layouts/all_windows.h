@@ -12,6 +12,7 @@
 #include "ui/layouts/new_game_info.h"
 #include "ui/layouts/notify_form.h"
 #include "ui/layouts/select_sound.h"
+#include "ui/layouts/setup_warning.h"
 #include "ui/layouts/status_window.h"
 
 namespace ui::layouts {
@@ -26,7 +27,7 @@ inline constexpr Layout allWindows[] = {
     newGameInfo,
     {"OptionsPage", {528, 359}},
     board,
-    {"SetupWarningForm", {454, 259}},
+    setupWarning,
     {"SelectPrinter", {351, 191}},
     aboutBox,
     msgForm,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The skinned Board window: the action bar at the left, the board, the list of moves at the right,
-// and what the players said below.
+// and what the players said below. While a position is set up, the palette and the bin for pieces
+// stand in place of the list and the comment.
 #pragma once
 
 #include "ui/layouts/layout.h"
@@ -40,11 +41,13 @@ inline constexpr Control boardControls[] = {
     {"CancelSearch", Surface::Occasion, {633, 117, 76, 28}},
     {"Menu2Button", Surface::Button, {549, 149, 160, 28}},
     {"MoveList", Surface::Grid, {549, 185, 160, 268}},
+    {"PiecePallete", Surface::Occasion, {549, 185, 160, 268}},
 
     // Below the board.
     {"OpponentComment", Surface::Panel, {28, 469, 326, 68}},
     {"PlayerComment_L", Surface::Label, {374, 465, 335, 16}},
     {"PlayerComment", Surface::Field, {374, 485, 335, 56}},
+    {"Trash", Surface::Occasion, {374, 485, 335, 56}},
 };
 
 inline constexpr Layout board{"Board", {733, 566}, boardControls};

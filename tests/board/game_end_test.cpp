@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How games end, as both players see it: the one who makes the last entry and the one who gets it.
+#include "board/board_fixture.h"
+
+namespace board {
+namespace {
+
+struct EndCase {
+  const char* name;
+  const char* game;      ///< as the mover opens it; he is asked to answer where an offer is last
+  const char* act;       ///< a move, or the words of an entry; "#" and a parting comment
+  const char* entry;     ///< what becomes of it in the list
+  std::string noticed;   ///< by the mover at once,
+  std::string later;     ///< when he opens the game again,
+  std::string received;  ///< and by the opponent
+  int sent;              ///< the status in the mover's store,
+  int closed;            ///< and in the opponent's
+};
+
+const std::string mated =
+    "1 CHECKMATE!: Congratulations!\n\nYou have won by getting your opponent "
+    "in checkmate.";
+const std::string lost = "7 CHECKMATE!: You lost!\n\nEva ";
+const std::string surrendered =
+    "1 SURRENDER!: Congratulations!\n\nYou have won because your "
+    "opponent surrendered";
+const std::string gaveUp = "7 SURRENDER!: You lost!\n\n";
+const std::string offer =
+    "6 Offer of a draw: Your opponent has offered a draw.  Please either "
+    "accept or decline with the buttons to the top right.";
+const std::string draw = "6 DRAW!: The game ended in a ";
+const std::string force =
+    "345 Forced draw: This move will force a draw because you cannot "
+    "checkmate with only ";
+const std::string mine = draw + "draw because you forced a draw.";
+const std::string hers = draw + "draw because your opponent forced a draw.";
+
+const EndCase endCases[] = {
+    {"White mates", "Ke1 Ra1 kg8 pf7 pg7 ph7||", "a1a8", "1118 Ra8++", "34" + mated, mated,
+     lost + "has won the game by getting you in checkmate.", 3, 4},
+    {"Black mates and comments", "Kg1 Pf2 Pg2 Ph2 ra8 ke8|g1h1 Kh1|guest", "a8a1#Bye", "1811 Ra1++",
+     "34" + mated, mated, lost + "got you in checkmate and had a parting comment: Bye", 3, 4},
+    {"White surrenders", "|e2e4 e4, e7e5 e5|", "surrender", "5151 0-1", "",
+     gaveUp + "Eva won the game because you surrendered.", surrendered + ".", 4, 3},
+    {"Black surrenders and comments", "|e2e4 e4|guest", "surrender#Bye", "5858 1-0", "",
+     gaveUp + "You surrendered to Eva and the last thing said was: Bye",
+     surrendered + " and had a parting comment: Bye", 4, 3},
+    {"White offers", "|e2e4 e4, e7e5 e5|", "offer", "5151 Draw offer", "", "", offer, 5, 1},
+    {"Black offers and comments", "|e2e4 e4|guest", "offer#Well?", "5858 Draw offer", "", "", offer,
+     5, 1},
+    {"Black accepts", "|e1e1 Draw offer|guest", "accept", "5858 1/2-1/2", "",
+     draw + "draw because you accepted your opponents offer of a draw.",
+     draw + "draw because your opponent accepted your offer of a draw.", 6, 6},
+    {"White declines", "|e2e4 e4, e8e8 Draw offer|", "decline#No", "5151 Decline", "", "", "", 5,
+     1},
+    {"stalemate", "Kf6 Qa2 kh8||", "a2f7", "1267 Qf7 1/2-1/2",
+     "34 Stalemate!: This move will force a draw.",
+     draw + "forced draw because you put your opponent in stalemate.",
+     draw + "forced draw because your opponent put you in stalemate.", 6, 6},
+    {"kings alone", "Ke1 kd5 pe2||", "e1e2", "5152 Kxe2 1/2-1/2", force + "a king each.", mine,
+     hers, 6, 6},
+    {"one knight", "Kd4 ke7 Pe6 nb8|d4e4 Ke4|guest", "e7e6", "5756 Kxe6 1/2-1/2",
+     force + "a knight or a bishop.", mine, hers, 6, 6},
+    {"bishops of one colour", "Ke1 kd5 pe2 Bc1 bf8||", "e1e2", "5152 Kxe2 1/2-1/2",
+     force + "two bishops on the same colour.", mine, hers, 6, 6},
+};
+
+struct GameEndTest : BoardTest {
+  void Act(const EndCase& row) {
+    const std::string word(GetField(row.act, 1, '#'));
+    board->PlayerComment = std::string(GetField(row.act, 2, '#'));
+    if (word == "surrender") {
+      board->ToolbarClick(SurrenderButton);
+    } else if (word == "offer") {
+      board->OfferDraw();
+    } else if (word == "accept" || word == "decline") {
+      board->DecideDraw(word == "accept");
+    } else {
+      Play(word);
+    }
+  }
+
+  /// The same game as the other player gets it, with the last entry on top.
+  static std::string AtTheOpponents(const EndCase& row) {
+    std::string entries(GetField(row.game, 2, '|'));
+    if (!entries.empty()) entries += ", ";
+    const std::string comment(GetField(row.act, 2, '#'));
+    const bool byWhite = std::string_view(row.game).ends_with('|');
+    return std::string(GetField(row.game, 1, '|')) + "|" + entries + row.entry + "#" + comment +
+           "|" + (byWhite ? "guest" : "");
+  }
+
+  /// What the user notices once the window can be seen, and nothing before.
+  std::string NoticedOnOpening() {
+    Open();
+    view->visible = false;
+    Tick();
+    EXPECT_EQ(Noticed(), "");
+    board->SetupWarned = true;
+    view->visible = true;
+    Tick();
+    return Noticed();
+  }
+};
+
+TEST_F(GameEndTest, EachEndIsSeenFromBothSides) {
+  for (const EndCase& row : endCases) {
+    SCOPED_TRACE(row.name);
+    StoreGame(row.game);
+    const bool answers = std::string_view(row.game).find("Draw offer") != std::string_view::npos;
+    EXPECT_EQ(NoticedOnOpening(), answers ? offer : "");
+    const rules::Untouched before;
+    const BoardControls offered = board->Controls();
+    Act(row);
+    board->ToolbarClick(UndoButton);
+    EXPECT_EQ(rules::Untouched(), before);
+    EXPECT_FALSE(board->GameIsOver());
+    EXPECT_TRUE(ThePosition().MoveAllowed);
+    EXPECT_EQ(board->DrawOffered, answers);
+    EXPECT_EQ(board->Controls().answerDraw, offered.answerDraw);
+    EXPECT_EQ(board->Controls().surrender, offered.surrender);
+    Tick(board->StalemateFlashes + 1);
+    ExpectWindowIsUpToDate();
+
+    Noticed();
+    Act(row);
+    Tick();
+    EXPECT_EQ(Noticed(), row.noticed) << "once";
+    EXPECT_EQ(board->Moves.Last().MoveCoordinates + " " + board->Moves.Last().MoveText, row.entry);
+    EXPECT_EQ(board->Moves.Last().MoveComment, GetField(row.act, 2, '#'));
+    EXPECT_EQ(Offers(*board), "undo send comment Cancel");
+    EXPECT_TRUE(board->SaveMove());
+    EXPECT_EQ(StoredStatus(), row.sent);
+    EXPECT_EQ(NoticedOnOpening(), row.later);
+    board->Form_Unload();
+    EXPECT_EQ(StoredStatus(), row.sent);
+
+    StoreGame(AtTheOpponents(row));
+    for (const bool browsing : {false, true}) {
+      EXPECT_EQ(NoticedOnOpening(), row.received);
+      EXPECT_EQ(StoredStatus(), store::MoveWaiting) << "until the window is closed";
+      if (browsing && board->Moves.Count() > 1) board->MoveList_RowColChange(1);
+      board->Form_Unload();
+      EXPECT_EQ(StoredStatus(), row.closed);
+      StoreGame(AtTheOpponents(row));
+    }
+  }
+}
+
+TEST_F(GameEndTest, NoticesWaitForOneAnotherWhileTheKingFlashesOn) {
+  OpenGame("Ke1 Pe2 ke8|e1e1 0-1|guest");
+  int shown = 0;
+  const std::function<void()> whileUp = [&] {
+    ++shown;
+    const int cell = CellOf("e1");
+    const auto told = desktop.boxes.messages.size();
+    board->CheckTimer();
+    EXPECT_NE(CellOf("e1"), cell);
+    EXPECT_EQ(desktop.boxes.messages.size(), told);
+    desktop.boxes.whileUp = whileUp;
+  };
+  desktop.boxes.whileUp = whileUp;
+  Tick();
+  EXPECT_EQ(shown, 2);
+  EXPECT_EQ(Noticed(), "61 Setup game: This game was started with a custom board setup." +
+                           surrendered.substr(2) + ".");
+}
+
+TEST_F(GameEndTest, NothingIsNoticedBesideAnotherMessageOrAfterTheClosing) {
+  OpenGame("|e2e4, e8e8 1-0|");
+  const int king = CellOf("e8");
+  board->LockedForDialog = true;
+  Tick(1);
+  EXPECT_EQ(CellOf("e8"), king);
+  board->LockedForDialog = false;
+  board->Form_Unload();
+  Tick(1);
+  EXPECT_NE(CellOf("e8"), king);
+  EXPECT_EQ(Noticed(), "");
+  Open();
+  EXPECT_TRUE(board->FlashPhase);
+  ExpectWindowIsUpToDate();
+}
+
+/// What no board of this program would hold, and entries of all kinds on top.
+TEST_F(GameEndTest, GamesFullOfNonsenseOpenGoOnAndClose) {
+  const char* const starts[] = {
+      "Pe4 pe5 Ra1",
+      "Ke1 Pe2 pe7",
+      "Ke1 Kd1 ke8 kd8 ra5 Ra4",
+      "Ke1 ke2 Pa8 Pb1 pc1 pd8",
+      "Ka8 Qb6 kh1 qg3",
+      "0099xx;5;;;;;;;;12121212121212121212121212;1",
+  };
+  const char* const entries[] = {"0000 Draw offer",
+                                 "0000 0-1",
+                                 "0000 Surrender#Bye",
+                                 "9999 1/2-1/2",
+                                 "e2e4 e4++",
+                                 "e4e5 exd 1/2-1/2, 5858 Draw offer",
+                                 "e8e8 Decline, ???? Decline, 1e 1-0",
+                                 "a8a8 a8=K, h1h1 ++",
+                                 "0000 1-0, 12 0-1, 9e9e Draw offer, -1-1 1/2-1/2, ++",
+                                 ""};
+  for (const char* start : starts) {
+    for (const char* list : entries) {
+      for (const char* circumstances : {"", "guest"}) {
+        SCOPED_TRACE(std::string(start) + "|" + list + "|" + circumstances);
+        const bool raw = std::string_view(start).find(';') != std::string_view::npos;
+        StoreGame(std::string(raw ? "" : start) + "|" + list + "|" + circumstances);
+        store::GameRecords games;
+        ASSERT_TRUE(store::SelectGames(games, ""));
+        if (raw) games[0].GAME_START_BOARD = start;
+        ASSERT_TRUE(store::SaveGame(games[0], {}));
+        Open();
+        ExpectWindowIsUpToDate();
+        board->SelfCheckFlashes = board->StalemateFlashes = 4;
+        Tick(6);
+        const std::string position = BoardText();
+        const BoardControls controls = board->Controls();
+        if (controls.answerDraw) board->DecideDraw(false);
+        if (controls.surrender) board->SurrenderGame();
+        if (controls.answerDraw || controls.surrender) {
+          const rules::PieceCode king = rules::OfSide(rules::WhiteKing, ThePosition().SideToMove);
+          EXPECT_EQ(board->Moves.Last().MoveCoordinates == "0000",
+                    ThePosition().BoardState.Of(king) == 0);
+          Tick();
+          EXPECT_TRUE(board->SaveMove());
+          Open();
+          ExpectWindowIsUpToDate();
+        }
+        EXPECT_EQ(BoardText(), position);
+        Tick();
+        board->Form_Unload();
+        EXPECT_NE(StoredStatus(), -1);
+        Told();
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace board

@@ -24,13 +24,13 @@ constexpr int stalemateTicks = 15;
 }  // namespace
 
 bool Board::CBoard_MouseDown(int square) {
-  if (Process().BoardSetupMode) return rules::SideOf(rules::FromNumber(square)) != rules::NoSide;
   // A click on a board with marks on it only cleans the board and gives no message.
   const bool cleaning = HilightVisible || CoordsVisible;
   if (CoordsVisible) ToggleCoords();
   if (HilightVisible) RemoveHilight();
 
   const rules::Side owner = rules::SideOf(rules::FromNumber(square));
+  if (Process().BoardSetupMode) return owner != rules::NoSide;
   const bool mayMove = ThePosition().MoveAllowed && !DrawOffered;
   if (mayMove && owner == ThePosition().SideToMove) {
     platform::PlayNumberedSound(platform::LiftSound);

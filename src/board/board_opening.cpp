@@ -191,6 +191,7 @@ void Board::SetGameStatus() {
 void Board::Form_Unload() {
   const platform::ShellHooks& hooks = platform::TheDesktop().hooks;
   ClosingDown = true;
+  Process().BoardSetupMode = false;
   platform::CallHook(hooks.closeHelp);
   if (Process().ShuttingDown) return;
   SetGameStatus();

@@ -75,10 +75,7 @@ void Board::FillNewGame(store::GameRecord& record) const {
   record.GAME_DATE = day + "/" + month + "/" + year;
   record.GAME_HOST = true;
   record.GAME_VS_COMPUTER = Process().ComputerGame;
-  if (Process().ComputerGame) {
-    record.GAME_OPPONENTS_ID = record.GAME_ID;
-    Process().CurrentGameID = record.GAME_ID;
-  }
+  if (Process().ComputerGame) record.GAME_OPPONENTS_ID = record.GAME_ID;
   record.GAME_START_BOARD = StartBoard;
 }
 
@@ -113,7 +110,10 @@ bool Board::StorePendingMove() {
     SavedGameID = record.GAME_ID;
     store::MoveRecord move = Moves.Last();
     move.MoveComment = PlayerComment;
-    return store::SaveGame(record, {move});
+    if (!store::SaveGame(record, {move})) return false;
+    // Only now: a new game that couldn't be stored is still a new game when that is tried again.
+    if (Process().ComputerGame) Process().CurrentGameID = record.GAME_ID;
+    return true;
   } catch (const std::exception&) {
     return false;
   }

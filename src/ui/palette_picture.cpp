@@ -16,9 +16,9 @@ namespace {
 constexpr int ringRoom = 4;
 
 QString NameOf(rules::PieceCode piece) {
-  static constexpr const char* kinds[] = {"rook", "knight", "bishop", "queen", "king", "pawn"};
+  static constexpr const char* kinds[] = {"", "rook", "knight", "bishop", "queen", "king", "pawn"};
   return (rules::SideOfPiece(piece) == rules::White ? u"White "_s : u"Black "_s) +
-         QLatin1StringView(kinds[rules::KindOf(piece) - 1]);
+         QLatin1StringView(kinds[rules::KindOf(piece)]);
 }
 
 }  // namespace

@@ -68,7 +68,7 @@ void Trash::paintEvent(QPaintEvent*) {
 
   const int bin = std::min(largestBin, height() - 2 * margin);
   painter.save();
-  painter.translate(margin, (height() - bin) / 2);
+  painter.translate(margin, (height() - bin) / 2.0);
   painter.scale(bin / unitsHigh, bin / unitsHigh);
   DrawBin(painter, palette().color(open_ ? QPalette::Highlight : QPalette::Text), open_);
   painter.restore();

@@ -65,6 +65,19 @@ TEST_F(ComputerTest, AnswersEachMoveAndBothAreStored) {
   EXPECT_TRUE(ThePosition().MoveAllowed);
 }
 
+TEST_F(ComputerTest, AFirstMoveThatCouldNotBeStoredCanBeSentAgain) {
+  Process().ComputerGame = true;
+  Open(-1);
+  Play("e2e4");
+  desktop.files.FailOperation(1);
+  board->ToolbarClick(SendButton);
+  EXPECT_TRUE(Told().starts_with("Database error."));
+  EXPECT_EQ(board->Moves.Count(), 1);
+  board->ToolbarClick(SendButton);
+  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(StoredTexts(), "e4 " + board->Moves.Last().MoveText + " ");
+}
+
 TEST_F(ComputerTest, ACancelledTurnLeavesEverythingAndCanBeTakenAgain) {
   OpenGame("||computer");
   Play("e2e4");

@@ -31,7 +31,7 @@ inline constexpr Control boardControls[] = {
 
     // Right column, as high as well.
     {"TVLogo", Surface::Picture, {549, 21, 40, 40}},
-    {"DrawLogo", Surface::Picture, {549, 21, 40, 40}},
+    {"DrawLogo", Surface::Occasion, {549, 21, 40, 40}},
     {"Wordmark", Surface::Ornament, {597, 21, 72, 40}, "Tarvolenix"},
     {"MinimiseButton", Surface::Button, {681, 21, 28, 28}},
     {"PlayersTag", Surface::Label, {549, 63, 160, 51}},

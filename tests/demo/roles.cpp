@@ -140,11 +140,21 @@ std::vector<Step> BobPlaysAtOnce(const Steps& steps) {
   return scene;
 }
 
+/// What the board tells at the end of a game.
+std::vector<Step> ReadTheEnd(const Steps& steps, const char* picture, const char* button) {
+  return {
+      steps.Picture(picture, "MsgForm"),
+      steps.Click("has read how the game ended", steps.Control("MsgForm", button),
+                  steps.IsGone("MsgForm")),
+  };
+}
+
 std::vector<Step> BobIsMated(const Steps& steps) {
   std::vector<Step> scene = AnswerNotification(steps, "16-notification-of-the-mate", "presses Play",
                                                "PlayButton", "Board");
+  scene.push_back(steps.WaitFor("is checkmate", steps.BoardSays("CHECKMATE! - Anna won.")));
+  scene += ReadTheEnd(steps, "16-lost", "OkButton");
   scene += {
-      steps.WaitFor("is checkmate", steps.BoardSays("CHECKMATE! - Anna won.")),
       steps.Picture("17-mate", "Board"),
       steps.Click("closes his board", steps.Control("Board", "Toolbar1_7"), steps.IsGone("Board")),
   };
@@ -166,6 +176,7 @@ std::vector<Step> AnnasPart(const Steps& steps) {
   part += AnnaReplies(steps, "12-notification-with-comment", "moves Qd1-h5", 41, 85);
   sendAndRest("sends the move");
   part += AnnaReplies(steps, "14-notification-of-anna", "takes on f7 with the queen", 85, 67);
+  part += ReadTheEnd(steps, "15-won", "OkButton");
   part.push_back(steps.Picture("15-mating-move", "Board"));
   sendAndRest("sends the move, which mates");
   part += AnnaEnds(steps);
@@ -190,6 +201,9 @@ std::vector<Step> PlainPart(const Steps& steps) {
       steps.Picture("19-plain-game-list", "GameInterface"),
       steps.Click("presses Play", steps.Control("GameInterface", "Toolbar1S_1"),
                   steps.IsUp("Board")),
+  };
+  part += ReadTheEnd(steps, "19-plain-message", "OKButtonS");
+  part += {
       steps.Picture("20-plain-board", "Board"),
       steps.Click("closes the board", steps.Control("Board", "Toolbar1S_7"),
                   steps.IsUp("GameInterface")),

@@ -97,13 +97,7 @@ void AboutBox::SetSimpleUI() {
   program->addLayout(version);
   program->addWidget(control("CopywriteLabel"));
   program->addWidget(control("Rights_L"));
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch();
-  for (QAbstractButton* button : {credits_, ok_}) {
-    button->setMinimumSize(96, 28);
-    buttons->addWidget(button);
-  }
+  QHBoxLayout* buttons = NewButtonRow({credits_, ok_});
   static_cast<QPushButton*>(ok_)->setDefault(true);
 
   auto* layout = new QGridLayout(this);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/look.h"
 
+#include <QHBoxLayout>
 #include <QPushButton>
 
 #include "ui/skin.h"
@@ -20,6 +21,17 @@ QAbstractButton* NewButton(QWidget& window, const ButtonTwins& twins, const QStr
   button->setObjectName(QLatin1StringView(twins.plain));
   button->setAutoDefault(true);  // so that Enter presses it too
   return button;
+}
+
+QHBoxLayout* NewButtonRow(std::initializer_list<QAbstractButton*> buttons) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addStretch();
+  for (QAbstractButton* button : buttons) {
+    button->setMinimumSize(96, 28);
+    row->addWidget(button);
+  }
+  return row;
 }
 
 bool TakeLook(QWidget& window, const layouts::Layout& layout,

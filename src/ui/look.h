@@ -17,9 +17,12 @@
 #include <QWidget>
 
 #include <functional>
+#include <initializer_list>
 
 #include "platform/setting_variables.h"
 #include "ui/layouts/layout.h"
+
+class QHBoxLayout;
 
 namespace ui {
 
@@ -35,6 +38,9 @@ struct ButtonTwins {
 /// marks its key.
 QAbstractButton* NewButton(QWidget& window, const ButtonTwins& twins, const QString& caption,
                            const QString& plainCaption = {});
+
+/// The buttons at the lower right of a plain dialog.
+QHBoxLayout* NewButtonRow(std::initializer_list<QAbstractButton*> buttons);
 
 /// False where the window's skin failed: it closes then, and needn't be made any further.
 bool TakeLook(QWidget& window, const layouts::Layout& layout,

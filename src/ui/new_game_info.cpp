@@ -169,13 +169,7 @@ void NewGameInfo::SetSimpleUI() {
   keepsPlace.setRetainSizeWhenHidden(true);
   remember_->setSizePolicy(keepsPlace);
   layout->addWidget(remember_, row++, 1, 1, 2);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch();
-  for (QAbstractButton* button : {cancel_, ok_}) {
-    button->setMinimumSize(96, 28);
-    buttons->addWidget(button);
-  }
+  QHBoxLayout* buttons = NewButtonRow({cancel_, ok_});
   layout->addLayout(buttons, row, 0, 1, 3);
   layout->setColumnStretch(1, 1);
   static_cast<QPushButton*>(ok_)->setDefault(true);

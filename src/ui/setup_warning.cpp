@@ -101,13 +101,7 @@ void SetupWarningForm::AddButtons() {
 }
 
 void SetupWarningForm::SetSimpleUI() {
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch();
-  for (QAbstractButton* button : {cancel_, ok_}) {
-    button->setMinimumSize(96, 28);
-    buttons->addWidget(button);
-  }
+  QHBoxLayout* buttons = NewButtonRow({cancel_, ok_});
   static_cast<QPushButton*>(ok_)->setDefault(true);
 
   auto* layout = new QGridLayout(this);

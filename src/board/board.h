@@ -208,6 +208,7 @@ class Board {
   BoardControls LockedControls() const;
   void CopyBoard();
   void SetButtonEnable() { view_.Refresh(); }
+  void SetCaptions();
   void AddEntry(const char* moveText, bool& flag, bool value);
   void StopFlashing();
   void TakeComputersSide(bool computers);
@@ -233,6 +234,7 @@ class Board {
   void PaintNormally(rules::Square square);
   rules::PieceCode KingInDanger() const;
   bool StoreStatus() const;
+  store::MoveRecords EntriesToStore() const;
   bool StorePendingMove();
   std::int16_t StatusOfPendingMove() const;
   void FillNewGame(store::GameRecord& record) const;

@@ -99,6 +99,7 @@ void Board::MakeComputerMove() {
     TakeComputersSide(false);
     position.MoveAllowed = false;
     AwaitingOpponent = true;
+    SetCaptions();
     SetButtonEnable();
     HilightMove(Moves.Count());
     return;
@@ -106,6 +107,7 @@ void Board::MakeComputerMove() {
   const bool moveAllowed = position.MoveAllowed;
   const bool awaitingOpponent = AwaitingOpponent;
   ComputerThinking = true;
+  SetCaptions();
   TakeComputersSide(true);
   PlayerComment.clear();
   Search.MovesConsidered = 0;
@@ -130,6 +132,7 @@ void Board::MakeComputerMove() {
   TakeComputersSide(false);
   position.MoveAllowed = !cancelled || moveAllowed;
   AwaitingOpponent = cancelled && awaitingOpponent;
+  SetCaptions();
   SetButtonEnable();
   if (cancelled) return;
   HilightMove(Moves.Count());

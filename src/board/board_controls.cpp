@@ -16,11 +16,10 @@ bool Board::IsCut() const {
   return Process().Offline && !Process().StandAlone && !Process().ComputerGame;
 }
 
-/// What is left while the computer thinks: nothing, and Close as it was.
+/// What is left while the computer thinks: the user waits, and may only close the window.
 BoardControls Board::LockedControls() const {
   BoardControls controls;
   controls.viewIsMine = ViewSide == rules::White;
-  controls.closeReadsClose = false;
   return controls;
 }
 

@@ -125,6 +125,12 @@ void Board::DisplayBoardState(bool all) {
 }
 
 void Board::SetFormCaptions() {
+  SetCaptions();
+  AwaitingOpponent = !ThePosition().MoveAllowed;
+  DisplayPlayerComment();
+}
+
+void Board::SetCaptions() {
   const bool over = GameIsOver();
   if (!over) {
     Caption = ThePosition().MoveAllowed ? "Tarvolenix - Awaiting your move"
@@ -138,8 +144,6 @@ void Board::SetFormCaptions() {
               " won.";
   }
   PlayersTag = (over ? "You were playing " : "You are playing ") + OpponentName();
-  AwaitingOpponent = !ThePosition().MoveAllowed;
-  DisplayPlayerComment();
 }
 
 bool Board::GameIsOver() const { return ThePosition().CheckmateFlag || Surrendered || GameDrawn; }

@@ -91,6 +91,20 @@ std::int16_t Board::StatusOfPendingMove() const {
   return Process().ComputerGame ? store::MoveWaiting : store::WaitingForOpponent;
 }
 
+/// The pending entry; the whole game where one before it couldn't be stored, as the computer's
+/// move, after which the game goes on.
+store::MoveRecords Board::EntriesToStore() const {
+  store::MoveRecords stored, entries;
+  const bool oneIsMissing = Process().ComputerGame && Process().CurrentGameID >= 1 &&
+                            store::SelectMoves(stored, Process().CurrentGameID) &&
+                            static_cast<int>(stored.size()) + 1 < Moves.Count();
+  for (int row = oneIsMissing ? 1 : Moves.Count(); row <= Moves.Count(); ++row) {
+    entries.push_back(Moves.Row(row));
+  }
+  entries.back().MoveComment = PlayerComment;
+  return entries;
+}
+
 bool Board::StorePendingMove() {
   try {
     const store::DatabaseLock lock;
@@ -108,9 +122,7 @@ bool Board::StorePendingMove() {
     GameStatus = StatusOfPendingMove();
     record.GAME_STATUS = GameStatus;
     SavedGameID = record.GAME_ID;
-    store::MoveRecord move = Moves.Last();
-    move.MoveComment = PlayerComment;
-    if (!store::SaveGame(record, {move})) return false;
+    if (!store::SaveGame(record, EntriesToStore())) return false;
     // Only now: a new game that couldn't be stored is still a new game when that is tried again.
     if (Process().ComputerGame) Process().CurrentGameID = record.GAME_ID;
     return true;

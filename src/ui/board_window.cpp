@@ -31,6 +31,7 @@
 #include "ui/piece_palette.h"
 #include "ui/plain_text_view.h"
 #include "ui/program_pictures.h"
+#include "ui/search_display.h"
 #include "ui/setup_hand.h"
 #include "ui/setup_warning.h"
 #include "ui/shown_text.h"
@@ -76,6 +77,8 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
       moveList_(new MoveListTable(this)),
       opponentComment_(new PlainTextView(this)),
       playerComment_(new CommentBox(this)),
+      playerCommentLabel_(new QLabel(this)),
+      searchDisplay_(new SearchDisplay(*this, *playerCommentLabel_, board_.Search)),
       trash_(new Trash(this)) {
   setObjectName(u"Board"_s);
   setAttribute(Qt::WA_DeleteOnClose);
@@ -83,6 +86,8 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
   SetBold(playersTag_, true);
   opponentComment_->setObjectName(u"OpponentComment"_s);
   opponentComment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  playerCommentLabel_->setObjectName(u"PlayerComment_L"_s);
+  playerCommentLabel_->setBuddy(playerComment_);
   AddDrawButtons();
   toolbar_ = new BoardToolbar(*this, [this](int button) { ClickToolbar(button); });
   if (!IsSimpleUI()) AddSkinnedControls();
@@ -114,6 +119,7 @@ void BoardWindow::SetSimpleUI() {
   side->addWidget(palette_, 1);
   side->addWidget(opponentComment_);
   side->addWidget(playerComment_);
+  searchDisplay_->LayOut(*side);
   side->addWidget(trash_);
   side->addSpacing(8);
   side->addLayout(buttons);
@@ -142,9 +148,6 @@ void BoardWindow::AddSkinnedControls() {
   };
   logo_ = newLogo("TVLogo"_L1, u"tarvolenix.png"_s);
   drawLogo_ = newLogo("DrawLogo"_L1, u"draw.png"_s);
-  auto* label = new QLabel(u"Your comment"_s, this);
-  label->setObjectName(u"PlayerComment_L"_s);
-  label->setBuddy(playerComment_);
 
   struct MenuButton {
     const char* name;
@@ -249,13 +252,21 @@ void BoardWindow::SetToolTips() {
   }
 }
 
-/// The list of moves and the comment; else what stands in their places while a position is set up.
+/// The list of moves, and the comment or the computer's progress; else what stands in their places
+/// while a position is set up.
 void BoardWindow::ShowGameBits(bool show) {
-  const bool comment = show && !platform::Process().ComputerGame;
+  const bool computerGame = platform::Process().ComputerGame;
+  const bool comment = show && !computerGame;
+  const bool label = IsSimpleUI() ? board_.ComputerThinking : comment || board_.ComputerThinking;
   const bool changes = palette_->isHidden() != show;
   const std::pair<const char*, bool> bits[] = {
-      {"MoveList", show},      {"Menu2Button", show},        {"PlayerComment", comment},
-      {"PiecePallete", !show}, {"PlayerComment_L", comment}, {"Trash", !show},
+      {"MoveList", show},
+      {"Menu2Button", show},
+      {"PlayerComment", comment},
+      {"PiecePallete", !show},
+      {"PlayerComment_L", label},
+      {"Trash", !show},
+      {"SearchPlace", show && computerGame},
   };
   for (const auto& [name, visible] : bits) {
     if (auto* bit = findChild<QWidget*>(QLatin1StringView(name))) bit->setVisible(visible);
@@ -295,7 +306,11 @@ void BoardWindow::Refresh() {
   moveList_->ShowMoves(board_.Moves, board_.TopRow());
   picture_->ShowDots(board_.MovePointers);
   picture_->ShowCoordinates(board_.CoordsVisible);
-  SetButtonEnabled(*this, u"Menu2Button"_s, board_.Moves.Count() > 0);
+  const bool thinking = board_.ComputerThinking;
+  searchDisplay_->Show(thinking);
+  moveList_->setEnabled(!thinking);
+  SetButtonEnabled(*this, u"Menu1Button"_s, !thinking);
+  SetButtonEnabled(*this, u"Menu2Button"_s, !thinking && board_.Moves.Count() > 0);
   const board::BoardControls controls = board_.Controls();
   playerComment_->setEnabled(controls.playerComment);
   for (QAbstractButton* button : drawButtons_) button->setVisible(controls.answerDraw);
@@ -329,11 +344,22 @@ void BoardWindow::ClickToolbar(int button) {
     board_.ToolbarClick(button);
     return;
   }
+  if (platform::Process().ComputerGame) return TakeTurns(button);
   // A shortcut sends without taking the focus from the comment.
   if (LeaveComment()) return;
   const DisabledWindow disabled(*this);
   const platform::BusyPointer busy;
   board_.ToolbarClick(button);
+}
+
+/// The window lives on while the computer thinks. It closes when the turn, which is still at work
+/// in it, is over: soon, as the search is cancelled then.
+void BoardWindow::TakeTurns(int button) {
+  picture_->setFocus();
+  takingTurns_ = true;
+  board_.ToolbarClick(button);
+  takingTurns_ = false;
+  if (closesAfterTurns_) close();
 }
 
 /// True where the comment was cleaned and the user told, and should look at it again.
@@ -345,6 +371,7 @@ bool BoardWindow::LeaveComment() {
 }
 
 void BoardWindow::ShowActionsMenu(QPoint place) {
+  if (board_.ComputerThinking) return;
   const BoardActions actions{[this](int button) { ClickToolbar(button); },
                              [this] {
                                if (!LeaveComment()) board_.OfferDraw();
@@ -383,6 +410,10 @@ void BoardWindow::mousePressEvent(QMouseEvent* event) {
 }
 
 void BoardWindow::keyPressEvent(QKeyEvent* event) {
+  if (board_.ComputerThinking) {
+    if (event->key() == Qt::Key_Escape) searchDisplay_->Cancel();
+    return;
+  }
   if (event->key() == Qt::Key_Escape) {
     showMinimized();
   } else if (event->key() == Qt::Key_F1) {
@@ -404,6 +435,12 @@ void BoardWindow::changeEvent(QEvent* event) {
 
 void BoardWindow::closeEvent(QCloseEvent* event) {
   if (!open_) return;
+  if (takingTurns_) {
+    searchDisplay_->Cancel();
+    closesAfterTurns_ = true;
+    event->ignore();
+    return;
+  }
   // While a move is on its way only the logic closes the window.
   if (!isEnabled() && !platform::Process().Stopping) {
     event->ignore();

@@ -14,6 +14,7 @@
 #include "ui/chess_graphics.h"
 
 class QAbstractButton;
+class QLabel;
 
 namespace ui {
 
@@ -24,6 +25,7 @@ class MoveListTable;
 class PieceHand;
 class PiecePalette;
 class PlainTextView;
+class SearchDisplay;
 class SetupHand;
 class Trash;
 
@@ -68,6 +70,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void SetToolTips();
   void ShowGameBits(bool show);
   void ClickToolbar(int button);
+  void TakeTurns(int button);
   bool LeaveComment();
   void ShowActionsMenu(QPoint place);
   void ShowHistoryMenu(QPoint place);
@@ -86,6 +89,8 @@ class BoardWindow final : public QWidget, private board::BoardView {
   MoveListTable* moveList_;
   PlainTextView* opponentComment_;
   CommentBox* playerComment_;
+  QLabel* playerCommentLabel_;
+  SearchDisplay* searchDisplay_;
   Trash* trash_;
   BoardToolbar* toolbar_ = nullptr;
   QWidget* logo_ = nullptr;                        // of the skinned look, as the next
@@ -93,6 +98,8 @@ class BoardWindow final : public QWidget, private board::BoardView {
   QWidget* drawAnswers_ = nullptr;                 // of the plain look
   std::array<QAbstractButton*, 2> drawButtons_{};  // Accept and Decline
   bool open_ = false;
+  bool takingTurns_ = false;  // the user's move and the computer's are under way
+  bool closesAfterTurns_ = false;
   bool skinChanged_ = false;  // while the window was open
 };
 

@@ -38,9 +38,6 @@ using platform::Process;
 
 namespace {
 
-// Until what they lead to is there.
-constexpr bool computerGameIsThere = false;
-
 struct ToolbarEntry {  // NOLINT(clang-analyzer-optin.performance.Padding)
   int button;
   const char* plainCaption;
@@ -228,7 +225,6 @@ void GameInterface::FillGameList(std::int16_t column, std::string order,
   menus_.enableNewGames(mayStart);
   SetToolbarButton(PlayGameButton, anyGame);
   SetToolbarButton(NewGameButton, mayStart);
-  SetToolbarButton(ComputerGameButton, computerGameIsThere);
   SetToolbarButton(SetupGameButton, mayStart);
 }
 

@@ -33,15 +33,16 @@ bool HasNoGames() {
   return store::SelectGames(games, {}) && games.empty();
 }
 
-void StartMailGame(bool fromGameList) {
-  Process().ComputerGame = false;
+/// From the usual position.
+void StartGame(bool againstTheComputer, bool fromGameList) {
+  Process().ComputerGame = againstTheComputer;
   Process().SetupGame = false;
   shell::StartNewGame(fromGameList);
 }
 
 TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount) {
   return {.open = [] { shell::ShowGameList(); },
-          .newGame = [] { StartMailGame(false); },
+          .newGame = [] { StartGame(false, false); },
           .playGame = [](std::int32_t gameID) { shell::OpenGameFromTray(gameID); },
           .retrieve = [] { shell::RetrieveByHand(); },
           .changeAccount = changeAccount,
@@ -107,9 +108,13 @@ void SystemTray::Greet(const std::function<void()>& changeAccount) {
     if (!shell::MayStartMailGame()) shell::RetrieveByHand();
     // What has come in may have been opened.
     if (!shell::MayStartMailGame() || Process().CheckTimerHeld || !HasNoGames()) return;
-    StartMailGame(Process().GameListOpen);
+    StartGame(false, Process().GameListOpen);
   };
-  welcome_ = new Welcome({.againstTheComputer = {},
+  welcome_ = new Welcome({.againstTheComputer =
+                              [] {
+                                if (!Process().CheckTimerHeld)
+                                  StartGame(true, Process().GameListOpen);
+                              },
                           .onThisMachine =
                               [startMailGame] {
                                 if (!Process().CheckTimerHeld) startMailGame();

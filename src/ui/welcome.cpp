@@ -97,9 +97,7 @@ QWidget* Welcome::NewPage() {
   column->addWidget(NewGreeting());
   column->addSpacing(4);
   column->addWidget(NewWay("AgainstTheComputer", "Against the &computer",
-                           ways_.againstTheComputer
-                               ? "It is always there, and plays as you tell it to."
-                               : "The computer opponent comes with a later version.",
+                           "It is always there, and plays as you tell it to.",
                            PieceIcon("BlackKnight"), ways_.againstTheComputer));
   column->addWidget(NewWay("OnThisMachine", "With someone on this &machine",
                            "Or on your network: a shared folder is your post office. No server, "
@@ -126,7 +124,6 @@ QWidget* Welcome::NewWay(const char* name, const char* title, const char* text,
                          const QIcon& picture, std::function<void()> way) {
   auto* button = new WayButton(picture, QLatin1StringView(title), QLatin1StringView(text));
   button->setObjectName(QLatin1StringView(name));
-  button->setEnabled(way != nullptr);
   connect(button, &QAbstractButton::clicked, this, [this, way = std::move(way)] {
     accept();
     QTimer::singleShot(0, QApplication::instance(), way);

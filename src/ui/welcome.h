@@ -9,7 +9,6 @@
 
 namespace ui {
 
-/// A way that is empty isn't open yet; its button says so.
 struct WaysToAGame {
   std::function<void()> againstTheComputer;
   std::function<void()> onThisMachine;  ///< by the local post office

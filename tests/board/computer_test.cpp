@@ -44,7 +44,8 @@ TEST_F(ComputerTest, AnswersEachMoveAndBothAreStored) {
     Play(move);
     events.act = [&] {
       EXPECT_TRUE(board->ComputerThinking);
-      EXPECT_EQ(Offers(*board), "Cancel");
+      EXPECT_EQ(Offers(*board), "Close");
+      EXPECT_EQ(board->Caption, "Tarvolenix - Awaiting The Computer's move");
       board->CheckTimer();
       EXPECT_FALSE(board->CBoard_MouseDown(22));
     };
@@ -76,6 +77,23 @@ TEST_F(ComputerTest, AFirstMoveThatCouldNotBeStoredCanBeSentAgain) {
   board->ToolbarClick(SendButton);
   EXPECT_EQ(Told(), "");
   EXPECT_EQ(StoredTexts(), "e4 " + board->Moves.Last().MoveText + " ");
+}
+
+TEST_F(ComputerTest, AMoveOfTheComputerThatCouldNotBeStoredIsStoredWithTheNextOne) {
+  OpenGame("||computer");
+  Play("e2e4");
+  // The user's move still reaches the disk.
+  events.act = [&] { desktop.files.FailOperation(1); };
+  board->ToolbarClick(SendButton);
+  EXPECT_TRUE(Told().starts_with("Database error."));
+  EXPECT_EQ(StoredTexts(), "e4 ");
+  events.act = {};
+  Play("d2d4");
+  board->ToolbarClick(SendButton);
+  EXPECT_EQ(Told(), "");
+  std::string expected;
+  for (int row = 1; row <= 4; ++row) expected += board->Moves.Row(row).MoveText + " ";
+  EXPECT_EQ(StoredTexts(), expected);
 }
 
 TEST_F(ComputerTest, ACancelledTurnLeavesEverythingAndCanBeTakenAgain) {
@@ -119,6 +137,7 @@ TEST_F(ComputerTest, MateEndsTheGameWhoeverGivesIt) {
     EXPECT_EQ(StoredStatus(), row.status);
     const std::string file = GameFile();
     if (!board->GameIsOver()) continue;
+    EXPECT_TRUE(board->Caption.starts_with("Tarvolenix - CHECKMATE!")) << board->Caption;
     board->ToolbarClick(ResendButton);
     EXPECT_EQ(GameFile(), file) << "nothing follows the end";
   }

@@ -255,8 +255,6 @@ TEST_F(WelcomeTest, EachWayIsOneClick) {
     QCoreApplication::processEvents();
     EXPECT_EQ(taken, name);
   }
-  const Welcome early({nullptr, [] {}, [] {}});
-  EXPECT_FALSE(early.findChild<QAbstractButton*>(u"AgainstTheComputer"_s)->isEnabled());
 }
 
 TEST_F(WelcomeTest, AsksWhetherRefusedMovesShallBeExplained) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The skinned Board window: the action bar at the left, the board, the list of moves at the right,
 // and what the players said below. While a position is set up, the palette and the bin for pieces
-// stand in place of the list and the comment.
+// stand in place of the list and the comment; the computer's progress stands in the comment's too.
 #pragma once
 
 #include "ui/layouts/layout.h"
@@ -37,8 +37,6 @@ inline constexpr Control boardControls[] = {
     {"PlayersTag", Surface::Label, {549, 63, 160, 51}},
     {"AcceptDraw", Surface::Occasion, {549, 117, 76, 28}},
     {"DeclineDraw", Surface::Occasion, {633, 117, 76, 28}},
-    {"SearchProgress", Surface::Occasion, {549, 121, 76, 20}},
-    {"CancelSearch", Surface::Occasion, {633, 117, 76, 28}},
     {"Menu2Button", Surface::Button, {549, 149, 160, 28}},
     {"MoveList", Surface::Grid, {549, 185, 160, 268}},
     {"PiecePallete", Surface::Occasion, {549, 185, 160, 268}},
@@ -47,6 +45,8 @@ inline constexpr Control boardControls[] = {
     {"OpponentComment", Surface::Panel, {28, 469, 326, 68}},
     {"PlayerComment_L", Surface::Label, {374, 465, 335, 16}},
     {"PlayerComment", Surface::Field, {374, 485, 335, 56}},
+    {"SearchProgress", Surface::Occasion, {386, 503, 211, 20}},
+    {"CancelSearch", Surface::Occasion, {613, 499, 84, 28}},
     {"Trash", Surface::Occasion, {374, 485, 335, 56}},
 };
 

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/search_display.h"
+
+#include <QAbstractButton>
+#include <QGridLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+#include "platform/setting_variables.h"
+#include "ui/look.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int pictureInterval = 40;  // milliseconds
+constexpr int barHeight = 20;
+
+QProgressBar* NewProgressBar(QWidget& window) {
+  auto* bar = new QProgressBar(&window);
+  bar->setObjectName(u"SearchProgress"_s);
+  bar->setAccessibleName(u"Search progress"_s);
+  bar->setRange(0, ai::fullSpan);
+  bar->setTextVisible(false);
+  return bar;
+}
+
+}  // namespace
+
+SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, ai::SearchWatch& search)
+    : QObject(&window),
+      window_(window),
+      label_(label),
+      search_(search),
+      progress_(NewProgressBar(window)),
+      cancel_(NewButton(window, {"CancelSearch", "CancelSearchS"}, u"Cancel"_s, u"Ca&ncel"_s)) {
+  if (platform::Settings().ShowToolTips) {
+    progress_->setToolTip(u"Search progress"_s);
+    cancel_->setToolTip(u"Stop the computer from taking its next move"_s);
+  }
+  clock_.setInterval(pictureInterval);
+  connect(&clock_, &QTimer::timeout, this, &SearchDisplay::Advance);
+  connect(cancel_, &QAbstractButton::clicked, this, &SearchDisplay::Cancel);
+  Show(false);
+}
+
+void SearchDisplay::LayOut(QVBoxLayout& column) {
+  auto* place = new QWidget(&window_);
+  place->setObjectName(u"SearchPlace"_s);
+  auto* grid = new QGridLayout(place);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(8);
+  grid->addWidget(&label_, 0, 0, 1, 2);
+  grid->addWidget(progress_, 1, 0, Qt::AlignVCenter);
+  grid->addWidget(cancel_, 1, 1);
+  progress_->setFixedHeight(barHeight);
+  // Nothing else moves when the computer begins to think.
+  for (QWidget* part : {static_cast<QWidget*>(&label_), static_cast<QWidget*>(progress_),
+                        static_cast<QWidget*>(cancel_)}) {
+    QSizePolicy policy = part->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    part->setSizePolicy(policy);
+  }
+  column.addWidget(place);
+}
+
+void SearchDisplay::Show(bool thinking) {
+  label_.setText(thinking ? u"Thinking..."_s : u"Your comment"_s);
+  progress_->setVisible(thinking);
+  cancel_->setVisible(thinking);
+  if (!thinking) return clock_.stop();
+  Advance();
+  if (!clock_.isActive()) clock_.start();
+}
+
+void SearchDisplay::Advance() {
+  // The shares of the moves are rounded and may make up more than the whole.
+  progress_->setValue(std::min(static_cast<int>(search_.progress), ai::fullSpan));
+}
+
+}  // namespace ui

@@ -50,8 +50,11 @@ constexpr int longestBoldComment = 100;
 constexpr int mostCommentLines = 10;  ///< beyond that it scrolls
 
 /// Why everything is grey; nothing where the user can move.
-QString OfflineNotice() {
+QString Notice(const board::Board& board) {
   const platform::ProcessState& process = platform::Process();
+  if (process.ComputerGame && board.Controls().resend && !board.GameIsOver()) {
+    return u"It is the computer's turn: choose Resend to let it move."_s;
+  }
   if (!process.Offline || process.StandAlone || process.ComputerGame) return {};
   return u"You are working offline: moves can't be made or sent until your mail service is "
          u"reached."_s;
@@ -302,7 +305,7 @@ void BoardWindow::Refresh() {
   playersTag_->SetText(Shown(board_.PlayersTag));
   const QString comment = Shown(board_.OpponentComment);
   SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);
-  opponentComment_->SetText(comment.isEmpty() ? OfflineNotice() : comment);
+  opponentComment_->SetText(comment.isEmpty() ? Notice(board_) : comment);
   moveList_->ShowMoves(board_.Moves, board_.TopRow());
   picture_->ShowDots(board_.MovePointers);
   picture_->ShowCoordinates(board_.CoordsVisible);
@@ -359,6 +362,7 @@ void BoardWindow::TakeTurns(int button) {
   takingTurns_ = true;
   board_.ToolbarClick(button);
   takingTurns_ = false;
+  picture_->setFocus();  // which the button that stops the computer may have had
   if (closesAfterTurns_) close();
 }
 

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
@@ -11,6 +12,7 @@
 
 #include "platform/setting_variables.h"
 #include "ui/look.h"
+#include "ui/skin.h"
 
 namespace ui {
 
@@ -21,8 +23,29 @@ namespace {
 constexpr int pictureInterval = 40;  // milliseconds
 constexpr int barHeight = 20;
 
+/// In the colours of a skin.
+class SkinnedProgressBar : public QProgressBar {
+ public:
+  using QProgressBar::QProgressBar;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    constexpr qreal edge = 0.5, gap = 3, roundness = 5;
+    const QRectF frame = QRectF(rect()).adjusted(edge, edge, -edge, -edge);
+    QRectF done = frame.adjusted(gap, gap, -gap, -gap);
+    done.setWidth(done.width() * value() / maximum());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRoundedRect(frame, roundness, roundness);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().highlight());
+    painter.drawRoundedRect(done, roundness - gap, roundness - gap);
+  }
+};
+
 QProgressBar* NewProgressBar(QWidget& window) {
-  auto* bar = new QProgressBar(&window);
+  auto* bar = IsSimpleUI() ? new QProgressBar(&window) : new SkinnedProgressBar(&window);
   bar->setObjectName(u"SearchProgress"_s);
   bar->setAccessibleName(u"Search progress"_s);
   bar->setRange(0, ai::fullSpan);

@@ -154,17 +154,15 @@ bool WindowSkin::eventFilter(QObject*, QEvent* event) {
     case QEvent::MouseButtonPress: {
       const auto& mouse = static_cast<const QMouseEvent&>(*event);
       if (layout_.draggable && mouse.button() == Qt::LeftButton) {
-        BeginMove(mouse.globalPosition().toPoint());
+        pressedAt_ = mouse.globalPosition().toPoint();
       }
       return false;
     }
     case QEvent::MouseMove:
-      if (grab_) {
-        const auto& mouse = static_cast<const QMouseEvent&>(*event);
-        window_.move(mouse.globalPosition().toPoint() - *grab_);
-      }
+      MoveWith(static_cast<const QMouseEvent&>(*event).globalPosition().toPoint());
       return false;
     case QEvent::MouseButtonRelease:
+      pressedAt_.reset();
       grab_.reset();
       return false;
     default:
@@ -184,9 +182,15 @@ void WindowSkin::MoveToMiddle() {
                  std::max(screen.y(), screen.bottom() + 1 - place.height())));
 }
 
-void WindowSkin::BeginMove(QPoint pointer) {
-  if (window_.windowHandle()->startSystemMove()) return;
-  grab_ = pointer - window_.pos();
+/// A desktop that is told of a move when the button is up again would let the window stick to the
+/// pointer, so a mere tap doesn't begin one.
+void WindowSkin::MoveWith(QPoint pointer) {
+  if (pressedAt_ &&
+      (pointer - *pressedAt_).manhattanLength() >= QApplication::startDragDistance()) {
+    const QPoint begin = *std::exchange(pressedAt_, std::nullopt);
+    if (!window_.windowHandle()->startSystemMove()) grab_ = begin - window_.pos();
+  }
+  if (grab_) window_.move(pointer - *grab_);
 }
 
 void WindowSkin::Paint() {

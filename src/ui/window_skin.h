@@ -66,13 +66,14 @@ class WindowSkin : public QObject {
   void Paint();
   void PaintFocus(QPainter& painter) const;
   void MoveToMiddle();
-  void BeginMove(QPoint pointer);
+  void MoveWith(QPoint pointer);
 
   QWidget& window_;
   const layouts::Layout& layout_;
   QPolygonF outline_;
   SkinPictures pictures_;
-  QPixmap scaled_;              // the background for the screen's pixels
+  QPixmap scaled_;  // the background for the screen's pixels
+  std::optional<QPoint> pressedAt_;
   std::optional<QPoint> grab_;  // from the window's corner, where the desktop can't move it itself
   bool failed_ = false;
 };

@@ -150,6 +150,7 @@ TEST_F(GameInterfaceTest, ToolbarButtonsFollowTheConnectionAndBegin) {
     EXPECT_EQ(Button(u"Toolbar1_2"_s).isEnabled(), standAlone);
     EXPECT_EQ(Button(u"Toolbar1_4"_s).isEnabled(), standAlone);
     EXPECT_EQ(newGames_, standAlone);
+    EXPECT_TRUE(Button(u"Toolbar1_3"_s).isEnabled()) << "the computer needs no mail";
   }
   desktop_.windows.refusing = {"graphics", "ask new game"};
   Process().SetupGame = Process().ComputerGame = true;
@@ -161,7 +162,9 @@ TEST_F(GameInterfaceTest, ToolbarButtonsFollowTheConnectionAndBegin) {
   EXPECT_EQ(desktop_.log, std::vector<std::string>{"graphics"});
   QTest::mouseClick(&Button(u"Toolbar1_4"_s), Qt::LeftButton);
   EXPECT_TRUE(Process().SetupGame && !Process().ComputerGame);
-  EXPECT_EQ(desktop_.log.size(), 2U);
+  QTest::mouseClick(&Button(u"Toolbar1_3"_s), Qt::LeftButton);
+  EXPECT_TRUE(Process().SetupGame && Process().ComputerGame);
+  EXPECT_EQ(desktop_.log.size(), 3U);
   EXPECT_TRUE(Grid().hasFocus() || !window_->isActiveWindow());
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ai/candidates.h"
 
-#include <cstdlib>
+#include <bit>
 
 #include "rules/attack.h"
 #include "rules/piece_moves.h"
@@ -10,155 +10,169 @@
 namespace ai {
 namespace {
 
+using rules::Bitboard;
+using rules::BoardSquares;
+using rules::PieceCode;
 using rules::Side;
 using rules::Square;
-using rules::Step;
+using rules::ThePosition;
 
-/// The pieces of a side whose moves need no test: without check, and off the lines that keep check
-/// away, a piece may go where it can. Kings are never among them.
-rules::Bitboard FreePieces(Side side) {
-  const rules::BoardSquares& board = rules::ThePosition().BoardState;
-  if (rules::IsInCheck(side)) return 0;
-  return board.OfSide(side) & ~board.Of(rules::OfSide(rules::WhiteKing, side)) &
-         ~rules::PinnedPieces(side);
+/// The squares on which a piece that isn't pinned leaves its king out of check when it gets there:
+/// all of them, or those that end the check that there is.
+Bitboard Answers(Side side) {
+  const Bitboard king = ThePosition().BoardState.Of(rules::OfSide(rules::WhiteKing, side));
+  if (king == 0) return ~Bitboard{0};
+  const int at = std::countr_zero(king);
+  const Bitboard attackers = rules::AttackersOf(rules::SquareAt(at), rules::OtherSide(side));
+  if (attackers == 0) return ~Bitboard{0};
+  if (!std::has_single_bit(attackers)) return 0;
+  return attackers | rules::squaresBetween[std::countr_zero(attackers)][at];
 }
 
-/// One piece whose moves are being gathered.
-struct Gatherer {
-  bool free;  ///< its moves need no test, but for en passant
-  Side side;
-  rules::PieceCode piece;
-  Square from;
-  CandidateList& list;
-  rules::LastMove lastMove;
-  int sideInCheck;
+/// Gathers the moves of a side's pieces in one position.
+class Gatherer {
+ public:
+  Gatherer(Side side, CandidateList& list, rules::LastMove lastMove, int sideInCheck)
+      : side_(side), list_(list), lastMove_(lastMove), sideInCheck_(sideInCheck) {}
 
-  void Add(Square to) {
-    if (free) {
-      list.push_back({from, to});
-    } else {
-      AddIfLegal(side, piece, from, to, list, lastMove, sideInCheck);
+  void Gather(PieceCode piece, Square from) {
+    piece_ = piece;
+    from_ = from;
+    switch (rules::KindOf(piece)) {
+      case rules::WhiteRook:
+        return AddRays(0, rules::firstDiagonalRay);
+      case rules::WhiteBishop:
+        return AddRays(rules::firstDiagonalRay, rayCount);
+      case rules::WhiteQueen:
+        return AddRays(0, rayCount);
+      case rules::WhiteKnight:
+        return AddLeaps(rules::knightSteps, rules::knightReach);
+      case rules::WhitePawn:
+        return AddPawnMoves();
+      case rules::WhiteKing:
+        AddLeaps(rules::kingSteps, rules::kingReach);
+        return AddCastling();
+      default:
+        return;
     }
   }
 
-  void AddIfTarget(Square to) {
-    if (rules::IsTargetSquare(side, to)) Add(to);
+ private:
+  const BoardSquares& Board() const { return ThePosition().BoardState; }
+
+  bool IsLegal(Square to) const {
+    return rules::TestMoveIsLegal(side_, piece_, from_, to, lastMove_, sideInCheck_);
   }
 
-  template <std::size_t N>
-  void AddRays(const std::array<Step, N>& steps) {
-    for (const Step step : steps) {
-      for (Square to{from.x + step.dx, from.y + step.dy}; rules::IsTargetSquare(side, to);
-           to = {to.x + step.dx, to.y + step.dy}) {
-        Add(to);
-        if (rules::SideOf(to) == rules::OtherSide(side)) break;
-      }
+  void Add(int to) { list_.push_back({from_, rules::SquareAt(to)}); }
+
+  /// The squares of a set that the piece may go to without leaving its king in check.
+  Bitboard Legal(Bitboard targets) const {
+    if ((unpinned_ & rules::BitOf(from_)) != 0) return targets & answers_;
+    Bitboard legal = 0;
+    while (targets != 0) {
+      const int to = rules::TakeLowest(targets);
+      if (IsLegal(rules::SquareAt(to))) legal |= Bitboard{1} << to;
+    }
+    return legal;
+  }
+
+  void AddRays(std::size_t first, std::size_t last) {
+    for (std::size_t ray = first; ray < last; ++ray) {
+      AddAlong(ray, rules::ReachOnRay(ray, rules::IndexOf(from_), Board().Occupied()) & targets_);
     }
   }
 
-  void AddKnightMoves() {
-    for (const Step step : rules::knightSteps) AddIfTarget({from.x + step.dx, from.y + step.dy});
+  /// Adds the legal ones of some squares of a ray, the nearest first.
+  void AddAlong(std::size_t ray, Bitboard targets) {
+    Bitboard legal = Legal(targets);
+    while (legal != 0) {
+      const int to = rules::NearestOnRay(legal, ray);
+      legal ^= Bitboard{1} << to;
+      Add(to);
+    }
   }
 
-  void AddPawnSteps() {
-    const int forward = rules::PawnDirection(side);
-    const auto isFree = [this](Square to) {
-      return rules::IsTargetSquare(side, to) && rules::SideOf(to) == rules::NoSide;
+  void AddLeaps(const std::array<rules::Step, 8>& steps, const rules::tables::SquareTable& reach) {
+    const int from = rules::IndexOf(from_);
+    const Bitboard legal = Legal(reach[from] & targets_);
+    if (legal == 0) return;
+    for (const rules::Step step : steps) {
+      // A step over the edge would come round to a square that no step reaches.
+      const int to = (from + step.dx + 8 * step.dy) & 63;
+      if ((legal >> to & 1) != 0) Add(to);
+    }
+  }
+
+  void AddPawnMoves() {
+    const Bitboard empty = Board().Of(rules::NoPiece);
+    const auto forward = [this](Bitboard set) {
+      return side_ == rules::White ? set << 8 : set >> 8;
     };
-    const Square one{from.x, from.y + forward};
-    if (!isFree(one)) return;
-    Add(one);
-    const Square two{from.x, from.y + 2 * forward};
-    if (from.y == rules::HomeRow(side) + forward && isFree(two)) Add(two);
+    Bitboard steps = forward(rules::BitOf(from_)) & empty;
+    const bool atHome = from_.y == rules::HomeRow(side_) + rules::PawnDirection(side_);
+    if (atHome) steps |= forward(steps) & empty;
+    AddAlong(side_ == rules::White ? rules::upRay : rules::downRay, steps);
+    AddEnPassant();
+    Bitboard captures = Legal(rules::pawnReach[side_][rules::IndexOf(from_)] & targets_ & ~empty);
+    while (captures != 0) Add(rules::TakeLowest(captures));
   }
 
-  void AddPawnCaptures() {
-    const Square targets[] = {{from.x - 1, from.y + rules::PawnDirection(side)},
-                              {from.x + 1, from.y + rules::PawnDirection(side)}};
-    const bool doubleStep = std::abs(lastMove.from.y - lastMove.to.y) == 2;
-    for (const Square to : targets) {
-      if (!doubleStep) break;
-      // Two pawns leave the row, so this may open a line that no single piece keeps shut.
-      if (rules::EnPassantSquare(from, to, lastMove, side) && rules::IsTargetSquare(side, to)) {
-        AddIfLegal(side, piece, from, to, list, lastMove, sideInCheck);
-      }
-    }
-    for (const Square to : targets) {
-      if (rules::IsTargetSquare(side, to) && rules::SideOf(to) == rules::OtherSide(side) &&
-          rules::ValidMove(side, piece, from, to, true, sideInCheck, {}, false)) {
-        Add(to);
-      }
+  // Two pawns leave the row, so this may open a line that no single piece keeps shut.
+  void AddEnPassant() {
+    if (from_.y != lastMove_.to.y) return;
+    const Square to{lastMove_.to.x, from_.y + rules::PawnDirection(side_)};
+    if (rules::TakesEnPassant(from_, to, lastMove_, side_) && rules::IsTargetSquare(side_, to) &&
+        IsLegal(to)) {
+      list_.push_back({from_, to});
     }
   }
 
-  void AddKingMoves() {
-    for (int x = from.x - 1; x <= from.x + 1; ++x) {
-      for (int y = from.y - 1; y <= from.y + 1; ++y) AddIfTarget({x, y});
-    }
+  void AddCastling() {
     for (const int dx : {-2, 2}) {
-      const Square to{from.x + dx, from.y};
-      if (rules::IsTargetSquare(side, to) &&
-          !rules::KingMoveRefused(side, from, to, false, sideInCheck, false)) {
-        Add(to);
+      const Square to{from_.x + dx, from_.y};
+      if (rules::IsTargetSquare(side_, to) &&
+          !rules::KingMoveRefused(side_, from_, to, false, sideInCheck_, false) && IsLegal(to)) {
+        list_.push_back({from_, to});
       }
     }
   }
+
+  static constexpr std::size_t rayCount = rules::rayReach.size();
+
+  const Side side_;
+  CandidateList& list_;
+  const rules::LastMove lastMove_;
+  const int sideInCheck_;
+  const Bitboard kings_ = Board().Of(rules::WhiteKing) | Board().Of(rules::BlackKing);
+  const Bitboard targets_ = ~(Board().OfSide(side_) | kings_);
+  const Bitboard unpinned_ = Board().OfSide(side_) & ~kings_ & ~rules::PinnedPieces(side_);
+  const Bitboard answers_ = Answers(side_);
+  PieceCode piece_ = rules::NoPiece;
+  Square from_;
 };
 
 }  // namespace
 
-void AddIfLegal(Side side, rules::PieceCode piece, Square from, Square to, CandidateList& list,
+void AddIfLegal(Side side, PieceCode piece, Square from, Square to, CandidateList& list,
                 rules::LastMove lastMove, int sideInCheck) {
   if (rules::TestMoveIsLegal(side, piece, from, to, lastMove, sideInCheck)) {
     list.push_back({from, to});
   }
 }
 
-namespace {
-
-void Gather(Gatherer gatherer) {
-  switch (rules::KindOf(gatherer.piece)) {
-    case rules::WhiteRook:
-      gatherer.AddRays(rules::straightSteps);
-      break;
-    case rules::WhiteBishop:
-      gatherer.AddRays(rules::diagonalSteps);
-      break;
-    case rules::WhiteQueen:
-      gatherer.AddRays(rules::straightSteps);
-      gatherer.AddRays(rules::diagonalSteps);
-      break;
-    case rules::WhiteKnight:
-      gatherer.AddKnightMoves();
-      break;
-    case rules::WhitePawn:
-      gatherer.AddPawnSteps();
-      gatherer.AddPawnCaptures();
-      break;
-    case rules::WhiteKing:
-      gatherer.AddKingMoves();
-      break;
-    default:
-      break;
-  }
-}
-
-}  // namespace
-
-void GenerateMoves(Side side, rules::PieceCode piece, Square from, CandidateList& list,
+void GenerateMoves(Side side, PieceCode piece, Square from, CandidateList& list,
                    rules::LastMove lastMove, int sideInCheck) {
-  const bool free = (FreePieces(side) & rules::BitOf(from)) != 0;
-  Gather({free, side, piece, from, list, lastMove, sideInCheck});
+  Gatherer(side, list, lastMove, sideInCheck).Gather(piece, from);
 }
 
 void GenerateAllMoves(Side side, CandidateList& list, rules::LastMove lastMove, int sideInCheck) {
-  const rules::BoardSquares& board = rules::ThePosition().BoardState;
-  const rules::Bitboard freePieces = FreePieces(side);
-  rules::Bitboard own = board.OfSide(side);
+  Gatherer gatherer(side, list, lastMove, sideInCheck);
+  const BoardSquares& board = ThePosition().BoardState;
+  Bitboard own = board.OfSide(side);
   while (own != 0) {
     const Square from = rules::SquareAt(rules::TakeLowest(own));
-    const bool free = (freePieces & rules::BitOf(from)) != 0;
-    Gather({free, side, board.At(from), from, list, lastMove, sideInCheck});
+    gatherer.Gather(board.At(from), from);
   }
 }
 

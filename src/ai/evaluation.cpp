@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 
@@ -45,165 +45,120 @@ constexpr std::array<int, 7> placeInGroup{-1, 0, 1, 2, 3, -1, 4};
 /// The place of a kind among those that move.
 constexpr std::array<int, 7> placeInMoves{-1, 0, 1, 2, 3, 5, 4};
 
-/// Distances of two squares by the difference of their columns and rows.
-struct Distances {
-  std::array<std::array<int, 9>, 9> cut{};      // rounded down
-  std::array<std::array<int, 9>, 9> nearest{};  // no distance lies halfway
+/// Lengths by the difference of columns and of rows.
+using Lengths = std::array<std::array<int, 9>, 9>;
+
+constexpr int RootCut(int square) {
+  int root = 0;
+  while ((root + 1) * (root + 1) <= square) ++root;
+  return root;
+}
+
+constexpr int RootRounded(int square) { return (RootCut(4 * square) + 1) / 2; }
+
+constexpr Lengths LengthsBy(int (*root)(int)) {
+  Lengths lengths{};
+  for (int dx = 0; dx <= 8; ++dx) {
+    for (int dy = 0; dy <= 8; ++dy) lengths[dx][dy] = root(dx * dx + dy * dy);
+  }
+  return lengths;
+}
+
+constexpr Lengths lengthsCut = LengthsBy(RootCut);
+constexpr Lengths lengthsRounded = LengthsBy(RootRounded);
+
+/// A square that moves are rewarded for coming closer to.
+class Goal {
+ public:
+  Goal(Square square, const Lengths& lengths, int reward)
+      : square_(square), lengths_(lengths), rewards_{-FloorOfHalf(reward), 0, reward} {}
+
+  int RewardOf(Square from, Square to) const {
+    const int before = LengthFrom(from), after = LengthFrom(to);
+    return rewards_[1 + (after < before) - (after > before)];
+  }
+
+ private:
+  static int FloorOfHalf(int value) { return value >> 1; }
+
+  int LengthFrom(Square square) const {
+    return lengths_[std::abs(square.x - square_.x)][std::abs(square.y - square_.y)];
+  }
+
+  Square square_;
+  const Lengths& lengths_;
+  std::array<int, 3> rewards_;  // for leaving it, for neither, for nearing it
 };
 
-const Distances& TheDistances() {
-  static const Distances distances = [] {
-    Distances all;
-    for (int dx = 0; dx <= 8; ++dx) {
-      for (int dy = 0; dy <= 8; ++dy) {
-        const double length = std::sqrt(dx * dx + dy * dy);
-        all.cut[dx][dy] = static_cast<int>(length);
-        all.nearest[dx][dy] = static_cast<int>(std::lround(length));
-      }
-    }
-    return all;
-  }();
-  return distances;
+/// What each piece is worth in a group, by code.
+using Worths = std::array<int, 13>;
+
+Worths WorthsIn(HeuristicGroup group) {
+  Worths worths{};
+  for (std::size_t piece = 0; piece < worths.size(); ++piece) {
+    worths[piece] = PieceMotivation(static_cast<PieceCode>(piece), group);
+  }
+  return worths;
 }
 
-int FloorOfHalf(int value) { return value >= 0 ? value / 2 : -((1 - value) / 2); }
-
-/// What a move earns that changes its distance to a goal from `before` to `after`.
-int NearingBonus(int index, int before, int after) {
-  if (after < before) return Motivation(index);
-  return after > before ? -FloorOfHalf(Motivation(index)) : 0;
-}
-
-int NearingBonus(int index, const std::array<std::array<int, 9>, 9>& distance, Square goal,
-                 Square from, Square to) {
-  const auto length = [&](Square square) {
-    return distance[std::abs(square.x - goal.x)][std::abs(square.y - goal.y)];
-  };
-  return NearingBonus(index, length(from), length(to));
-}
-
-/// Adds up a group's motivation over a set of pieces.
-int MotivationOver(Bitboard pieces, HeuristicGroup group) {
+int SumOver(Bitboard pieces, const Worths& worths) {
   const BoardSquares& board = ThePosition().BoardState;
   int sum = 0;
-  while (pieces != 0) sum += PieceMotivation(board[rules::TakeLowest(pieces)], group);
+  while (pieces != 0) sum += worths[board[rules::TakeLowest(pieces)]];
   return sum;
 }
 
-/// The first and last rays of a kind among the eight, as [first, last).
-struct RaySpan {
-  std::size_t first;
-  std::size_t last;
-};
-constexpr RaySpan straightRays{0, 4};
-constexpr RaySpan diagonalRays{4, 8};
+/// The squares that each piece reaches on an empty board, by code and index.
+constexpr std::array<rules::tables::SquareTable, 13> emptyReach = [] {
+  std::array<rules::tables::SquareTable, 13> reach{};
+  for (const Side side : {rules::White, rules::Black}) {
+    const auto of = [&](PieceCode kind) -> auto& { return reach[rules::OfSide(kind, side)]; };
+    of(rules::WhiteRook) = rules::straightReach;
+    of(rules::WhiteKnight) = rules::knightReach;
+    of(rules::WhiteBishop) = rules::diagonalReach;
+    for (int i = 0; i < 64; ++i) {
+      of(rules::WhiteQueen)[i] = rules::straightReach[i] | rules::diagonalReach[i];
+    }
+    of(rules::WhiteKing) = rules::kingReach;
+    of(rules::WhitePawn) = rules::pawnReach[side];
+  }
+  return reach;
+}();
 
-/// The pieces of `targets` that a piece on `from` meets first along its rays.
-Bitboard MetOnRays(int from, RaySpan rays, Bitboard targets) {
+/// What a piece on `from` attacks, or defends. The lines are looked along for every kind: kings and
+/// pawns take the first step of them, and to ask which kind it is costs more than to do without.
+Bitboard ReachOf(PieceCode piece, int from) {
   const Bitboard occupied = ThePosition().BoardState.Occupied();
-  Bitboard met = 0;
-  for (std::size_t ray = rays.first; ray < rays.last; ++ray) {
-    const Bitboard onRay = rules::rayReach[ray][from];
-    if ((onRay & targets) == 0) continue;
-    met |= targets & Bitboard{1} << rules::NearestOnRay(onRay & occupied, ray);
-  }
-  return met;
+  return emptyReach[piece][from] &
+         (rules::ReachStraight(from, occupied) | rules::ReachDiagonally(from, occupied) |
+          rules::knightReach[from]);
 }
 
-/// How far the pieces of a side are attacked, each by its kind: the attackers are asked whom they
-/// attack, for they are fewer.
-int VulnerableSum(Side side) {
-  const BoardSquares& board = ThePosition().BoardState;
-  const Bitboard own = board.OfSide(side) & ~board.Of(rules::OfSide(rules::WhiteKing, side));
-  const Side enemy = rules::OtherSide(side);
+/// What the place where the moving piece stands in a pass is worth, under attack by `theirs`.
+int StandSum(Side side, Square square, Bitboard theirs) {
+  const bool defended = rules::AttackersOf(square, side) != 0;
   int sum = 0;
-  const auto add = [&](Bitboard attackers, const auto& attackedFrom) {
-    while (attackers != 0) {
-      sum += MotivationOver(attackedFrom(rules::TakeLowest(attackers)), Vulnerable);
-    }
-  };
-  const auto of = [&](PieceCode kind) { return board.Of(rules::OfSide(kind, enemy)); };
-  const Bitboard queens = of(rules::WhiteQueen);
-  add(of(rules::WhitePawn), [&](int from) { return rules::pawnReach[enemy][from] & own; });
-  add(of(rules::WhiteKnight), [&](int from) { return rules::knightReach[from] & own; });
-  add(of(rules::WhiteKing), [&](int from) { return rules::kingReach[from] & own; });
-  add(of(rules::WhiteRook) | queens, [&](int from) { return MetOnRays(from, straightRays, own); });
-  add(of(rules::WhiteBishop) | queens,
-      [&](int from) { return MetOnRays(from, diagonalRays, own); });
-  return sum;
-}
-
-/// The own pieces that `piece`, standing on `square`, could capture if they were the enemy's. A
-/// piece that moves along lines reaches its own square too, for nothing lies in its way there.
-Bitboard ProtectedFrom(Side side, PieceCode piece, Square square) {
-  const int from = rules::IndexOf(square);
-  const Bitboard own = ThePosition().BoardState.OfSide(side);
-  const Bitboard itself = rules::BitOf(square) & own;
-  switch (rules::KindOf(piece)) {
-    case rules::WhiteKnight:
-      return rules::knightReach[from] & own;
-    case rules::WhiteKing:
-      return (rules::kingReach[from] & own) | itself;
-    case rules::WhitePawn:
-      return rules::pawnReach[side][from] & own;
-    case rules::WhiteRook:
-      return MetOnRays(from, straightRays, own) | itself;
-    case rules::WhiteBishop:
-      return MetOnRays(from, diagonalRays, own) | itself;
-    default:
-      return MetOnRays(from, {straightRays.first, diagonalRays.last}, own) | itself;
-  }
-}
-
-/// What the own pieces are worth that `piece`, standing on `square`, protects.
-int ProtectSum(Side side, PieceCode piece, Square square) {
-  return MotivationOver(ProtectedFrom(side, piece, square), Protect);
-}
-
-/// What the place where the moving piece stands in a pass is worth.
-int StandSum(Side side, Square square) {
-  const int mine = CountAttackers(side, square);
-  const int theirs = CountAttackers(rules::OtherSide(side), square);
-  int sum = 0;
-  if (theirs > 0 && mine == 0) {
+  if (theirs != 0 && !defended) {
     sum += PieceMotivation(ThePosition().BoardState.At(square), AllowUndefended);
   }
-  if (mine > 0 || theirs == 0) sum += PinBonus(side, square);
+  if (theirs == 0 || defended) sum += PinBonus(side, square);
   return sum;
 }
 
-int PinsOnRay(Side side, PieceCode pinner, Square square, rules::Step step) {
+int PinsOnRay(Side side, PieceCode pinner, int from, std::size_t ray) {
   const BoardSquares& board = ThePosition().BoardState;
   const PieceCode enemyKing = rules::OfSide(rules::WhiteKing, rules::OtherSide(side));
   PieceCode first = rules::NoPiece;
-  for (Square to{square.x + step.dx, square.y + step.dy}; rules::IsOnBoard(to);
-       to = {to.x + step.dx, to.y + step.dy}) {
-    const PieceCode piece = board.At(to);
-    if (piece == rules::NoPiece) continue;
+  Bitboard met = rules::rayReach[ray][from] & board.Occupied();
+  while (met != 0) {
+    const int at = rules::NearestOnRay(met, ray);
+    met ^= Bitboard{1} << at;
+    const PieceCode piece = board[at];
     if (rules::SideOfPiece(piece) == side) return 0;
     if (piece == enemyKing && first != rules::NoPiece) return PinMotivation(pinner, first);
     if (piece != enemyKing && first == rules::NoPiece) first = piece;
   }
   return 0;
-}
-
-/// What counts only for a move that is played, on the board before it.
-int MoveSum(Side side, Square from, Square to) {
-  const BoardSquares& board = ThePosition().BoardState;
-  const Side enemy = rules::OtherSide(side);
-  const Distances& distances = TheDistances();
-  const Square king = rules::FindPiece(rules::OfSide(rules::WhiteKing, enemy));
-  const Square queen = rules::FindPiece(rules::OfSide(rules::WhiteQueen, enemy));
-  int sum = NearingBonus(CloserToKing, distances.cut, king, from, to);
-  if (rules::IsOnBoard(queen)) sum += NearingBonus(CloserToQueen, distances.cut, queen, from, to);
-  sum += NearingBonus(CloserToCentre, distances.nearest, {4, 4}, from, to);
-  const PieceCode taken = board.At(to);
-  sum += PieceMotivation(taken, Take);
-  if (rules::SideOfPiece(taken) == enemy && CountAttackers(enemy, to) == 0) {
-    sum += PieceMotivation(taken, TakeUndefended);
-  }
-  const int place = placeInMoves[static_cast<std::size_t>(rules::KindOf(board.At(from)))];
-  return sum + Motivation(MoveAPiece + place);
 }
 
 /// Takes a test move back at the latest when the scope ends.
@@ -223,49 +178,28 @@ class TestMove {
   int sideInCheck_;
 };
 
-/// The part of the pass with the move played that is scored while it stands on the board; nothing
-/// for checkmate.
-std::optional<int> PlayedSum(Side side, Square from, Square to, int sideInCheck,
-                             rules::LastMove lastMove) {
-  const PieceCode piece = ThePosition().BoardState.At(from);
-  const TestMove played(side, from, to, lastMove, sideInCheck);
-  int sum = 0;
-  const Standing standing =
-      rules::GameState(rules::OtherSide(side), true, played.SideInCheck(), {from, to});
-  if (standing == Standing::Checkmate) return std::nullopt;
-  if (standing == Standing::Check) sum += Motivation(GoForCheck);
-  sum += VulnerableSum(side) + ProtectSum(side, piece, to) + StandSum(side, to);
-  // The king has moved by now, but another king may stand where he came from.
-  if (rules::DetectCastling(side, from, to) != rules::Castling::None) {
-    sum += Motivation(PerformCastling);
-  }
-  return sum;
-}
-
-int PlayedPass(Side side, Square from, Square to, int sideInCheck, rules::LastMove lastMove) {
-  const auto played = PlayedSum(side, from, to, sideInCheck, lastMove);
-  if (!played) return checkmateScore;
-  return *played + MoveSum(side, from, to) +
-         CastlingRightsBonus(side, ThePosition().BoardState.At(from), from.x);
-}
-
-/// The pass before the move, for all moves of a position: what depends on the position, on the
-/// from-square and on the move is worked out when it changes.
-class PassBefore {
+/// Both passes of the moves of one position. What the moves have in common is worked out once, and
+/// what those of one piece have in common when the piece changes.
+class Passes {
  public:
-  PassBefore(Side side, int sideInCheck)
+  Passes(Side side, int sideInCheck, rules::LastMove lastMove)
       : side_(side),
-        standing_(rules::GameState(rules::OtherSide(side), true, sideInCheck)),
-        vulnerable_(standing_ == Standing::Checkmate ? 0 : VulnerableSum(side)) {}
-
-  int Of(Square from, Square to) {
-    if (standing_ == Standing::Checkmate) return checkmateScore;
-    const PieceCode piece = ThePosition().BoardState.At(from);
-    if (from != from_) {
-      from_ = from;
-      ofFrom_ = StandSum(side_, from) + CastlingRightsBonus(side_, piece, from.x);
+        sideInCheck_(sideInCheck),
+        lastMove_(lastMove),
+        standing_(rules::GameState(enemy_, true, sideInCheck)) {
+    Bitboard attackers = ThePosition().BoardState.OfSide(enemy_);
+    while (attackers != 0) {
+      const int from = rules::TakeLowest(attackers);
+      harm_[from] = HarmFrom(from);
+      vulnerable_ += harm_[from];
     }
-    int sum = vulnerable_ + ofFrom_ + ProtectSum(side_, piece, to);
+  }
+
+  /// The pass without the move.
+  int Before(Square from, Square to) {
+    if (standing_ == Standing::Checkmate) return checkmateScore;
+    TurnTo(from);
+    int sum = vulnerable_ + stand_ + rights_ + ProtectSum(to);
     if (standing_ == Standing::Check) sum += Motivation(GoForCheck);
     if (rules::DetectCastling(side_, from, to) != rules::Castling::None) {
       sum += Motivation(PerformCastling);
@@ -273,12 +207,109 @@ class PassBefore {
     return sum;
   }
 
+  /// The pass with the move played.
+  int Played(Square from, Square to) {
+    TurnTo(from);
+    const auto standing = WhilePlayed(from, to);
+    return standing ? *standing + MoveSum(from, to) + rights_ : checkmateScore;
+  }
+
  private:
-  Side side_;
-  Standing standing_;
-  int vulnerable_;
+  Square FindEnemy(PieceCode kind) const { return rules::FindPiece(rules::OfSide(kind, enemy_)); }
+
+  void TurnTo(Square from) {
+    if (from == from_) return;
+    from_ = from;
+    piece_ = ThePosition().BoardState.At(from);
+    attackers_ = rules::AttackersOf(from, enemy_);
+    stand_ = StandSum(side_, from, attackers_);
+    rights_ = CastlingRightsBonus(side_, piece_, from.x);
+  }
+
+  /// How much the own pieces suffer from the attacker on a square.
+  int HarmFrom(int attacker) const {
+    const BoardSquares& board = ThePosition().BoardState;
+    return SumOver(ReachOf(board[attacker], attacker) & board.OfSide(side_), vulnerableWorths_);
+  }
+
+  /// What the own pieces are worth that the moving one protects from a square. All but a knight and
+  /// a pawn reach their own square too, for nothing lies in their way there.
+  int ProtectSum(Square square) const {
+    const PieceCode kind = rules::KindOf(piece_);
+    Bitboard reach = ReachOf(piece_, rules::IndexOf(square));
+    if (kind != rules::WhiteKnight && kind != rules::WhitePawn) reach |= rules::BitOf(square);
+    return SumOver(reach & ThePosition().BoardState.OfSide(side_), protectWorths_);
+  }
+
+  /// What is scored while the move stands on the board; nothing for checkmate.
+  std::optional<int> WhilePlayed(Square from, Square to) const {
+    const BoardSquares& board = ThePosition().BoardState;
+    const Bitboard ownBefore = board.OfSide(side_);
+    const Bitboard enemyBefore = board.OfSide(enemy_);
+    const TestMove played(side_, from, to, lastMove_, sideInCheck_);
+    int sum = 0;
+    // The test move has seen already whether it gives check at all.
+    if (played.SideInCheck() == enemy_) {
+      const auto standing = rules::GameState(enemy_, true, played.SideInCheck(), {from, to});
+      if (standing == Standing::Checkmate) return std::nullopt;
+      sum += Motivation(GoForCheck);
+    }
+    const Bitboard taken = enemyBefore & ~board.OfSide(enemy_);
+    const Bitboard changed = taken | (ownBefore ^ board.OfSide(side_));
+    const Bitboard theirs = rules::AttackersOf(to, enemy_);
+    Bitboard reaching = attackers_ | theirs;
+    Bitboard others = changed & ~(rules::BitOf(from) | rules::BitOf(to));
+    while (others != 0) {
+      reaching |= rules::AttackersOf(rules::SquareAt(rules::TakeLowest(others)), enemy_);
+    }
+    return sum + VulnerableSum(taken, reaching & ~taken) + ProtectSum(to) +
+           StandSum(side_, to, theirs);
+  }
+
+  /// How far the own pieces are attacked now that the enemy's on `taken` are gone. No attackers do
+  /// anything else than before but those `reaching` a square that the move has changed. It makes
+  /// no difference whether they are sought before the move or after it: as far as the first such
+  /// square their lines are the same.
+  int VulnerableSum(Bitboard taken, Bitboard reaching) const {
+    int sum = vulnerable_;
+    while (taken != 0) sum -= harm_[rules::TakeLowest(taken)];
+    while (reaching != 0) {
+      const int attacker = rules::TakeLowest(reaching);
+      sum += HarmFrom(attacker) - harm_[attacker];
+    }
+    return sum;
+  }
+
+  /// What counts only for a move that is played, on the board before it.
+  int MoveSum(Square from, Square to) const {
+    const PieceCode taken = ThePosition().BoardState.At(to);
+    int sum = king_.RewardOf(from, to) + queen_.RewardOf(from, to) + centre_.RewardOf(from, to);
+    sum += PieceMotivation(taken, Take);
+    if (rules::SideOfPiece(taken) == enemy_ && CountAttackers(enemy_, to) == 0) {
+      sum += PieceMotivation(taken, TakeUndefended);
+    }
+    return sum + Motivation(MoveAPiece + placeInMoves[rules::KindOf(piece_)]);
+  }
+
+  const Side side_;
+  const Side enemy_ = rules::OtherSide(side_);
+  const int sideInCheck_;
+  const rules::LastMove lastMove_;
+  const Standing standing_;
+  const Goal king_{FindEnemy(rules::WhiteKing), lengthsCut, Motivation(CloserToKing)};
+  const Goal queen_{FindEnemy(rules::WhiteQueen), lengthsCut,
+                    rules::IsOnBoard(FindEnemy(rules::WhiteQueen)) ? Motivation(CloserToQueen) : 0};
+  const Goal centre_{{4, 4}, lengthsRounded, Motivation(CloserToCentre)};
+  const Worths vulnerableWorths_ = WorthsIn(Vulnerable);
+  const Worths protectWorths_ = WorthsIn(Protect);
+  std::array<int, 64> harm_;  // by the square of the attacker; elsewhere without a meaning
+  int vulnerable_ = 0;
+  // The piece whose moves are being scored.
   Square from_;
-  int ofFrom_ = 0;
+  PieceCode piece_ = rules::NoPiece;
+  Bitboard attackers_ = 0;
+  int stand_ = 0;
+  int rights_ = 0;
 };
 
 }  // namespace
@@ -298,22 +329,15 @@ int CountAttackers(Side side, Square square) {
 }
 
 int PinBonus(Side side, Square square) {
-  const PieceCode piece = ThePosition().BoardState.At(square);
-  const PieceCode kind = rules::KindOf(piece);
+  const BoardSquares& board = ThePosition().BoardState;
+  const PieceCode pinner = board.At(square);
   const int from = rules::IndexOf(square);
-  const Bitboard kings =
-      ThePosition().BoardState.Of(rules::OfSide(rules::WhiteKing, rules::OtherSide(side)));
-  if (((rules::straightReach[from] | rules::diagonalReach[from]) & kings) == 0) return 0;
+  const Bitboard kings = board.Of(rules::OfSide(rules::WhiteKing, rules::OtherSide(side)));
+  const Bitboard aimedAt = emptyReach[pinner][from] & kings;
+  if (aimedAt == 0) return 0;
   int bonus = 0;
-  if (kind == rules::WhiteRook || kind == rules::WhiteQueen) {
-    for (const rules::Step step : rules::straightSteps) {
-      bonus += PinsOnRay(side, piece, square, step);
-    }
-  }
-  if (kind == rules::WhiteBishop || kind == rules::WhiteQueen) {
-    for (const rules::Step step : rules::diagonalSteps) {
-      bonus += PinsOnRay(side, piece, square, step);
-    }
+  for (std::size_t ray = 0; ray < rules::rayReach.size(); ++ray) {
+    if ((rules::rayReach[ray][from] & aimedAt) != 0) bonus += PinsOnRay(side, pinner, from, ray);
   }
   return bonus;
 }
@@ -346,15 +370,15 @@ int CastlingRightsBonus(Side side, PieceCode piece, int fromX) {
 std::int16_t EvaluateMove(Square from, Square to, int sideInCheck, bool doMove,
                           rules::LastMove lastMove) {
   const Side side = rules::SideOf(from);
-  return Saturate(doMove ? PlayedPass(side, from, to, sideInCheck, lastMove)
-                         : PassBefore(side, sideInCheck).Of(from, to));
+  Passes passes(side, sideInCheck, lastMove);
+  return Saturate(doMove ? passes.Played(from, to) : passes.Before(from, to));
 }
 
 void ScoreCandidates(CandidateList& list, Side side, int sideInCheck, rules::LastMove lastMove) {
-  PassBefore before(side, sideInCheck);
+  Passes passes(side, sideInCheck, lastMove);
   for (CandidateMove& move : list) {
-    move.Score = Saturate(Saturate(PlayedPass(side, move.from, move.to, sideInCheck, lastMove)) -
-                          Saturate(before.Of(move.from, move.to)));
+    move.Score = Saturate(Saturate(passes.Played(move.from, move.to)) -
+                          Saturate(passes.Before(move.from, move.to)));
   }
 }
 

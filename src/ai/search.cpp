@@ -2,7 +2,6 @@
 #include "ai/search.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <thread>
 #include <vector>
@@ -35,7 +34,7 @@ struct Node {
   rules::LastMove lastMove;
   int sideInCheck = rules::NobodyInCheck;
   std::uint64_t path = 0;
-  int span = 0;  ///< its share of the progress
+  double span = 0;  ///< its share of the progress
 };
 
 int BestScore(const CandidateList& list) {
@@ -70,8 +69,7 @@ class TreeWalk {
     next.lastMove = {move.from, move.to};
     next.sideInCheck = node.sideInCheck;
     next.path = ExtendPath(node.path, move);
-    // A half goes to the even neighbour, as the usual rounding mode has it.
-    next.span = static_cast<int>(std::nearbyint(node.span / static_cast<double>(count)));
+    next.span = node.span / static_cast<double>(count);
     rules::MakeTestMove(node.side, move.from, move.to, ThePosition().BoardState.At(move.from),
                         node.lastMove, next.sideInCheck);
     const int value = ValueOf(next);

@@ -34,7 +34,7 @@ struct SearchOrder {
 struct SearchWatch {
   std::atomic<bool> SearchCancelled = false;
   std::atomic<std::int64_t> MovesConsidered = 0;  ///< candidates scored on the last ply
-  std::atomic<double> progress = 0;               ///< up to about fullSpan, for rounding
+  std::atomic<double> progress = 0;               ///< up to fullSpan, nearly
 };
 
 struct SearchResult {

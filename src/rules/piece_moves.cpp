@@ -183,15 +183,18 @@ bool PawnMoveRefused(Side side, Square from, Square to, bool capture, bool verbo
   return false;
 }
 
-std::optional<Square> EnPassantSquare(Square from, Square to, LastMove lastMove, Side side) {
-  if (!lastMove) return std::nullopt;
+bool TakesEnPassant(Square from, Square to, LastMove lastMove, Side side) {
+  // Most moves end in another column than the last one.
+  if (to.x != lastMove.to.x || !lastMove) return false;
   const BoardSquares& board = ThePosition().BoardState;
-  if (!IsPawn(board.At(from))) return std::nullopt;
-  if (std::abs(from.y - to.y) != 1 || std::abs(from.x - to.x) != 1) return std::nullopt;
-  if (!IsOnBoard(lastMove.to) || !IsPawn(board.At(lastMove.to))) return std::nullopt;
-  if (std::abs(lastMove.from.y - lastMove.to.y) != 2) return std::nullopt;
-  if (lastMove.from.x != lastMove.to.x || to.x != lastMove.to.x) return std::nullopt;
-  if (lastMove.to.y - to.y != -PawnDirection(side)) return std::nullopt;
+  return IsPawn(board.At(from)) && std::abs(from.y - to.y) == 1 && std::abs(from.x - to.x) == 1 &&
+         IsOnBoard(lastMove.to) && IsPawn(board.At(lastMove.to)) &&
+         std::abs(lastMove.from.y - lastMove.to.y) == 2 && lastMove.from.x == lastMove.to.x &&
+         lastMove.to.y - to.y == -PawnDirection(side);
+}
+
+std::optional<Square> EnPassantSquare(Square from, Square to, LastMove lastMove, Side side) {
+  if (!TakesEnPassant(from, to, lastMove, side)) return std::nullopt;
   return lastMove.to;
 }
 

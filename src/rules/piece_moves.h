@@ -46,6 +46,9 @@ struct RookMove {
 /// Where the rook of a castling move goes.
 RookMove CastlingRook(Side side, Castling castling);
 
+/// True if this move takes en passant the pawn that made the last move.
+bool TakesEnPassant(Square from, Square to, LastMove lastMove, Side side);
+
 /// The square of the pawn that this move takes en passant; nothing where it is no such capture.
 std::optional<Square> EnPassantSquare(Square from, Square to, LastMove lastMove, Side side);
 

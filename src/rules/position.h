@@ -86,7 +86,8 @@ struct LastMove {
   explicit operator bool() const { return from.x != 0 || from.y != 0 || to.x != 0 || to.y != 0; }
 };
 
-/// The 64 piece codes, row by row from (1, 1), with the sets of squares of each code kept in step.
+/// The 64 piece codes, row by row from (1, 1), with the sets of squares of each code and of each
+/// side kept in step.
 class BoardSquares {
  public:
   constexpr PieceCode At(int x, int y) const { return (*this)[IndexOf(x, y)]; }
@@ -99,24 +100,24 @@ class BoardSquares {
     const int index = IndexOf(square);
     const Bitboard bit = Bitboard{1} << index;
     const PieceCode old = codes_[index];
-    pieces_[old] &= ~bit;
-    pieces_[piece] |= bit;
+    pieces_[old] ^= bit;
+    pieces_[piece] ^= bit;
+    sides_[SideOfPiece(old)] ^= bit;
+    sides_[SideOfPiece(piece)] ^= bit;
     codes_[index] = static_cast<std::uint8_t>(piece);
   }
 
   constexpr Bitboard Of(PieceCode piece) const { return pieces_[piece]; }
   constexpr Bitboard Occupied() const { return ~pieces_[NoPiece]; }
-  constexpr Bitboard OfSide(Side side) const {
-    Bitboard set = 0;
-    for (PieceCode kind = WhiteRook; kind <= WhitePawn; ++kind) set |= pieces_[kind + 6 * side];
-    return set;
-  }
+  constexpr Bitboard OfSide(Side side) const { return sides_[side]; }
 
   constexpr bool operator==(const BoardSquares& other) const { return codes_ == other.codes_; }
 
  private:
+  // A new board is all empty squares.
   std::array<std::uint8_t, 64> codes_{};
-  std::array<Bitboard, 13> pieces_{~Bitboard{0}};  // a new board is all empty squares
+  std::array<Bitboard, 13> pieces_{~Bitboard{0}};
+  std::array<Bitboard, 3> sides_{0, 0, ~Bitboard{0}};
 };
 
 /// Whether the pieces that castling needs have moved; element side + kind * 2.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "rules/test_moves.h"
 
-#include <optional>
 #include <vector>
 
 #include "rules/attack.h"
@@ -10,31 +9,39 @@
 namespace rules {
 namespace {
 
-struct Frame {
-  CastleFlags castleFlags{};
-  Square from;
-  Square to;
-  PieceCode movedContent = NoPiece;
-  PieceCode targetContent = NoPiece;
-  std::optional<Square> enPassant;
-  PieceCode enPassantContent = NoPiece;
-  Castling castling = Castling::None;
-  RookMove rook;
-  PieceCode rookFromContent = NoPiece;
-  PieceCode rookToContent = NoPiece;
-  int previousSideInCheck = NobodyInCheck;
+/// The squares that a move changes, with what stood there.
+class Changes {
+ public:
+  void Put(Square square, PieceCode piece) {
+    BoardSquares& board = ThePosition().BoardState;
+    changed_[count_++] = {square, board.At(square)};
+    board.Put(square, piece);
+  }
+
+  void TakeBack() {
+    while (count_ > 0) {
+      const Change& change = changed_[--count_];
+      ThePosition().BoardState.Put(change.square, change.content);
+    }
+  }
+
+ private:
+  struct Change {
+    Square square;
+    PieceCode content = NoPiece;
+  };
+
+  std::array<Change, 4> changed_;  // castling changes the most
+  std::size_t count_ = 0;
 };
 
-constexpr std::size_t usualDepth = 1000;
+struct Frame {
+  Changes changes;
+  CastleFlags castleFlags;
+  int sideInCheck;
+};
 
-std::vector<Frame>& TestMoveStack() {
-  thread_local std::vector<Frame> stack = [] {
-    std::vector<Frame> frames;
-    frames.reserve(usualDepth);
-    return frames;
-  }();
-  return stack;
-}
+thread_local std::vector<Frame> testMoves;
 
 void SetMovedFlags(Side side, PieceCode piece, Square from) {
   Position& position = ThePosition();
@@ -46,70 +53,54 @@ void SetMovedFlags(Side side, PieceCode piece, Square from) {
   }
 }
 
-void MoveCastlingRook(Frame& frame, Side side) {
-  BoardSquares& board = ThePosition().BoardState;
-  frame.rook = CastlingRook(side, frame.castling);
-  frame.rookFromContent = board.At(frame.rook.from);
-  frame.rookToContent = board.At(frame.rook.to);
-  board.Put(frame.rook.from, NoPiece);
-  board.Put(frame.rook.to, OfSide(WhiteRook, side));
+/// Carries out a move on the board, with all that goes with it.
+void Play(Side side, Square from, Square to, PieceCode piece, LastMove lastMove, Changes& changes) {
+  // Both look at the board before the move.
+  const Castling castling = DetectCastling(side, from, to);
+  const bool enPassant = TakesEnPassant(from, to, lastMove, side);
+
+  if (enPassant) changes.Put(lastMove.to, NoPiece);
+  if (castling != Castling::None) {
+    const RookMove rook = CastlingRook(side, castling);
+    changes.Put(rook.from, NoPiece);
+    changes.Put(rook.to, OfSide(WhiteRook, side));
+  }
+  changes.Put(from, NoPiece);
+  changes.Put(to, piece);
 }
 
 }  // namespace
 
 void MakeTestMove(Side side, Square from, Square to, PieceCode piece, LastMove lastMove,
                   int& sideInCheck) {
-  Position& position = ThePosition();
-  BoardSquares& board = position.BoardState;
-  Frame& frame = TestMoveStack().emplace_back();
-  frame.castleFlags = position.CastleState;
-  frame.from = from;
-  frame.to = to;
-  frame.movedContent = board.At(from);
-  frame.targetContent = board.At(to);
-  // Both look at the board before the move.
-  frame.castling = DetectCastling(side, from, to);
-  frame.enPassant = EnPassantSquare(from, to, lastMove, side);
-
+  Frame& frame = testMoves.emplace_back();
+  Play(side, from, to, piece, lastMove, frame.changes);
+  frame.castleFlags = ThePosition().CastleState;
+  frame.sideInCheck = sideInCheck;
   SetMovedFlags(side, piece, from);
-  if (frame.enPassant) {
-    frame.enPassantContent = board.At(*frame.enPassant);
-    board.Put(*frame.enPassant, NoPiece);
-  }
-  if (frame.castling != Castling::None) MoveCastlingRook(frame, side);
-  frame.previousSideInCheck = sideInCheck;
-  board.Put(from, NoPiece);
-  board.Put(to, piece);
   const Side opponent = OtherSide(side);
   const bool check = GameState(opponent, false, sideInCheck) != Standing::Neither;
   sideInCheck = check ? opponent : NobodyInCheck;
 }
 
 void UndoTestMove(int& sideInCheck) {
-  Position& position = ThePosition();
-  BoardSquares& board = position.BoardState;
-  assert(!TestMoveStack().empty());
-  const Frame& frame = TestMoveStack().back();
-  position.CastleState = frame.castleFlags;
-  board.Put(frame.from, frame.movedContent);
-  board.Put(frame.to, frame.targetContent);
-  if (frame.enPassant) board.Put(*frame.enPassant, frame.enPassantContent);
-  if (frame.castling != Castling::None) {
-    board.Put(frame.rook.from, frame.rookFromContent);
-    board.Put(frame.rook.to, frame.rookToContent);
-  }
-  sideInCheck = frame.previousSideInCheck;
-  TestMoveStack().pop_back();
+  assert(!testMoves.empty());
+  Frame& frame = testMoves.back();
+  frame.changes.TakeBack();
+  ThePosition().CastleState = frame.castleFlags;
+  sideInCheck = frame.sideInCheck;
+  testMoves.pop_back();
 }
 
 bool TestMoveIsLegal(Side side, PieceCode piece, Square from, Square to, LastMove lastMove,
-                     int sideInCheck) {
-  MakeTestMove(side, from, to, piece, lastMove, sideInCheck);
+                     int /*sideInCheck*/) {
+  Changes changes;
+  Play(side, from, to, piece, lastMove, changes);
   const bool legal = !IsInCheck(side);
-  UndoTestMove(sideInCheck);
+  changes.TakeBack();
   return legal;
 }
 
-void ClearTestMoves() { TestMoveStack().clear(); }
+void ClearTestMoves() { testMoves.clear(); }
 
 }  // namespace rules

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <random>
 
+#include "ai/literal_opponent.h"
 #include "ai/perft.h"
 #include "ai/plain_chess.h"
+#include "ai/random_positions.h"
 #include "rules/attack.h"
 #include "rules/game_end.h"
 #include "rules/rules_fixture.h"
@@ -22,6 +24,14 @@ using rules::Square;
 using rules::ThePosition;
 using rules::Untouched;
 using rules::White;
+
+std::string Names(const CandidateList& list) {
+  std::string names;
+  for (const CandidateMove& move : list) {
+    names += rules::NameOf(move.from) + rules::NameOf(move.to) + ' ';
+  }
+  return names;
+}
 
 struct OrderCase {
   const char* name;
@@ -62,6 +72,37 @@ TEST(CandidatesTest, APiecesMovesComeInTheirOrder) {
     EXPECT_EQ(targets, row.targets);
     EXPECT_EQ(Untouched(), before);
   }
+}
+
+#ifdef TARVOLENIX_SANITIZED
+constexpr int positions = 2000;
+#else
+constexpr int positions = 50000;
+#endif
+
+// On any board, also with several kings of a side or none, and by any piece alone.
+TEST(CandidatesTest, MovesComeAsTheLiteralOpponentListsThem) {
+  RandomPositions source;
+  std::size_t moves = 0, inCheck = 0;
+  for (int n = 0; n < positions; ++n) {
+    const auto turn = source.Next();
+    const rules::Untouched before;
+    CandidateList list, literal, ofEach;
+    GenerateAllMoves(turn.side, list, turn.lastMove, turn.sideInCheck);
+    literal::GenerateAllMoves(turn.side, literal, turn.lastMove, turn.sideInCheck);
+    ASSERT_EQ(Names(list), Names(literal)) << n << " " << before;
+    for (int i = 0; i < 64; ++i) {
+      const rules::PieceCode piece = before.board[i];
+      if (rules::SideOfPiece(piece) != turn.side) continue;
+      GenerateMoves(turn.side, piece, rules::SquareAt(i), ofEach, turn.lastMove, turn.sideInCheck);
+    }
+    ASSERT_EQ(Names(ofEach), Names(literal)) << n << " " << before;
+    ASSERT_EQ(rules::Untouched(), before);
+    moves += list.size();
+    inCheck += rules::IsInCheck(turn.side) && !list.empty();
+  }
+  EXPECT_GT(moves, static_cast<std::size_t>(positions) * 10) << "too few for a comparison";
+  EXPECT_GT(inCheck, static_cast<std::size_t>(positions) / 20);
 }
 
 /// A side's turn, with what the rules have to be told about it.

@@ -80,6 +80,81 @@ std::int16_t In16Bits(double score) {
 
 }  // namespace
 
+void GenerateMoves(rules::Side side, rules::PieceCode piece, int x, int y, CandidateList& list,
+                   rules::LastMove lastMove, int sideInCheck) {
+  const auto add = [&](int toX, int toY) {
+    int inCheck = sideInCheck;
+    rules::MakeTestMove(side, {x, y}, {toX, toY}, piece, lastMove, inCheck);
+    const bool legal = !rules::IsInCheck(side);
+    rules::UndoTestMove(inCheck);
+    if (legal) list.push_back({{x, y}, {toX, toY}});
+  };
+  const auto isTarget = [&](int toX, int toY) { return rules::IsTargetSquare(side, {toX, toY}); };
+  const auto addRay = [&](int dx, int dy) {
+    for (int n = 1; isTarget(x + n * dx, y + n * dy); ++n) {
+      add(x + n * dx, y + n * dy);
+      if (Side(x + n * dx, y + n * dy) == 1 - side) break;
+    }
+  };
+  const int kind = piece > 6 ? piece - 6 : piece;
+  const int forward = side == 0 ? 1 : -1;
+  if (kind == 1 || kind == 4) {
+    addRay(-1, 0), addRay(1, 0), addRay(0, -1), addRay(0, 1);
+  }
+  if (kind == 3 || kind == 4) {
+    addRay(-1, -1), addRay(-1, 1), addRay(1, -1), addRay(1, 1);
+  }
+  if (kind == 2) {
+    static constexpr int leaps[8][2] = {{-1, 2}, {1, 2},   {-1, -2}, {1, -2},
+                                        {-2, 1}, {-2, -1}, {2, 1},   {2, -1}};
+    for (const auto& leap : leaps) {
+      if (isTarget(x + leap[0], y + leap[1])) add(x + leap[0], y + leap[1]);
+    }
+  }
+  if (kind == 6) {
+    if (isTarget(x, y + forward) && At(x, y + forward) == 0) {
+      add(x, y + forward);
+      if (isTarget(x, y + 2 * forward) && y == (side == 0 ? 2 : 7) && At(x, y + 2 * forward) == 0) {
+        add(x, y + 2 * forward);
+      }
+    }
+    for (const int toX : {x - 1, x + 1}) {
+      if (isTarget(toX, y + forward) &&
+          rules::EnPassantSquare({x, y}, {toX, y + forward}, lastMove, side)) {
+        add(toX, y + forward);
+      }
+    }
+    for (const int toX : {x - 1, x + 1}) {
+      if (isTarget(toX, y + forward) && Side(toX, y + forward) == 1 - side &&
+          Reaches(piece, side, x, y, toX, y + forward, sideInCheck)) {
+        add(toX, y + forward);
+      }
+    }
+  }
+  if (kind == 5) {
+    for (int toX = x - 1; toX <= x + 1; ++toX) {
+      for (int toY = y - 1; toY <= y + 1; ++toY) {
+        if (isTarget(toX, toY)) add(toX, toY);
+      }
+    }
+    for (const int toX : {x - 2, x + 2}) {
+      if (isTarget(toX, y) &&
+          !rules::KingMoveRefused(side, {x, y}, {toX, y}, false, sideInCheck, false)) {
+        add(toX, y);
+      }
+    }
+  }
+}
+
+void GenerateAllMoves(rules::Side side, CandidateList& list, rules::LastMove lastMove,
+                      int sideInCheck) {
+  for (int y = 1; y <= 8; ++y) {
+    for (int x = 1; x <= 8; ++x) {
+      if (Side(x, y) == side) GenerateMoves(side, At(x, y), x, y, list, lastMove, sideInCheck);
+    }
+  }
+}
+
 int CountAttackers(rules::Side side, int x, int y, int sideInCheck) {
   int count = 0;
   for (int py = 1; py <= 8; ++py) {
@@ -213,11 +288,7 @@ int SearchBestMove(int maxDepth, int ply, rules::Side computerSide, rules::Side 
                    rules::LastMove lastMove, int sideInCheck, std::uint64_t seed,
                    std::uint64_t path, CandidateList& list, std::int64_t& considered) {
   list.clear();
-  for (int y = 1; y <= 8; ++y) {
-    for (int x = 1; x <= 8; ++x) {
-      if (Side(x, y) == side) GenerateMoves(side, At(x, y), {x, y}, list, lastMove, sideInCheck);
-    }
-  }
+  literal::GenerateAllMoves(side, list, lastMove, sideInCheck);
   for (CandidateMove& move : list) {
     if (ply == maxDepth) ++considered;
     const auto pass = [&](bool doMove) {

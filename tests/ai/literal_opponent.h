@@ -10,6 +10,14 @@
 
 namespace ai::literal {
 
+/// Appends the legal moves of the piece on the square, in the order of the contract.
+void GenerateMoves(rules::Side side, rules::PieceCode piece, int x, int y, CandidateList& list,
+                   rules::LastMove lastMove, int sideInCheck);
+
+/// Appends the legal moves of all pieces of `side`.
+void GenerateAllMoves(rules::Side side, CandidateList& list, rules::LastMove lastMove,
+                      int sideInCheck);
+
 int CountAttackers(rules::Side side, int x, int y, int sideInCheck);
 int PinBonus(rules::Side side, int x, int y);
 std::int16_t EvaluateMove(int fromX, int fromY, int toX, int toY, int sideInCheck, bool doMove,

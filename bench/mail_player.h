@@ -23,7 +23,7 @@ class SilentBoxes : public platform::MessageBoxes {
   bool Ask(const platform::Message&) override { return true; }
   void ShowStatus(const std::string&) override {}
   void HideStatus() override {}
-  void PlainBox(const std::string&, const std::string&) override {}
+  void PlainBox(platform::PlainIcon, const std::string&, const std::string&) override {}
 };
 
 inline std::filesystem::path EmptyProgramFolder() {

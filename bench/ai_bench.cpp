@@ -3,12 +3,17 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
+#include <string_view>
+#include <thread>
 #include <vector>
 
 #include "ai/evaluation.h"
 #include "ai/literal_opponent.h"
 #include "ai/search.h"
+#include "platform/text_fields.h"
+#include "real_games.h"
 #include "rules/board_text.h"
 #include "rules/test_moves.h"
 
@@ -33,35 +38,27 @@ Turn StartOfAGame() {
   return turn;
 }
 
-/// Thirty positions of thirty games that the computer plays against itself, two half-moves deep,
-/// eleven to twenty moves after the start.
+void Play(Turn& turn, rules::LastMove move) {
+  ThePosition() = turn.position;
+  rules::MakeTestMove(turn.side, move.from, move.to, ThePosition().BoardState.At(move.from),
+                      turn.lastMove, turn.sideInCheck);
+  rules::ClearTestMoves();
+  turn.position = ThePosition();
+  turn.side = rules::OtherSide(turn.side);
+  turn.lastMove = move;
+}
+
+/// Thirty positions in which Black is to move: three of each game.
 const std::vector<Turn>& MiddleGames() {
   static const std::vector<Turn> turns = [] {
     ai::LoadDefaultHeuristics();
     std::vector<Turn> found;
-    for (std::uint64_t game = 0; found.size() < 30; ++game) {
+    for (const std::string_view moves : bench::realGames) {
       Turn turn = StartOfAGame();
-      const int length = 21 + static_cast<int>(game % 10) * 2;
-      bool over = false;
-      for (int n = 0; n < length && !over; ++n) {
-        ThePosition() = turn.position;
-        ai::SearchWatch watch;
-        const ai::SearchResult result = ai::SearchBestMove(
-            {n < 6 ? 0 : 1, turn.side, turn.lastMove, turn.sideInCheck, game * 1000 + n}, watch);
-        over = result.root.empty();
-        if (over) break;
-        // The openings differ where the computer would always choose the same.
-        const auto& move =
-            n < 6 ? result.root[(game + n) % std::min<std::size_t>(result.root.size(), 8)]
-                  : result.best;
-        rules::MakeTestMove(turn.side, move.from, move.to, ThePosition().BoardState.At(move.from),
-                            turn.lastMove, turn.sideInCheck);
-        rules::ClearTestMoves();
-        turn.position = ThePosition();
-        turn.side = rules::OtherSide(turn.side);
-        turn.lastMove = {move.from, move.to};
+      for (int n = 1; n <= platform::CountFields(moves, ' '); ++n) {
+        Play(turn, rules::LastMove::FromText(platform::GetField(moves, n, ' ')));
+        if (n == 23 || n == 27 || n == 31) found.push_back(turn);
       }
-      if (!over) found.push_back(turn);
     }
     return found;
   }();
@@ -108,6 +105,16 @@ void Score(benchmark::State& state) {
 }
 BENCHMARK(Score)->Unit(benchmark::kMillisecond);
 
+ai::SearchOrder OrderFor(const Turn& turn, int depth, int threads) {
+  return {depth, turn.side, turn.lastMove, turn.sideInCheck, 1, threads};
+}
+
+void TellMiddleAndLongest(benchmark::State& state, std::vector<double> seconds) {
+  std::sort(seconds.begin(), seconds.end());
+  state.counters["median_s"] = seconds[seconds.size() / 2];
+  state.counters["worst_s"] = seconds.back();
+}
+
 /// Whole searches of all thirty positions; the counters tell the one in the middle and the longest.
 void Search(benchmark::State& state) {
   std::vector<double> seconds;
@@ -116,17 +123,14 @@ void Search(benchmark::State& state) {
       ThePosition() = turn.position;
       ai::SearchWatch watch;
       const auto begin = std::chrono::steady_clock::now();
-      benchmark::DoNotOptimize(
-          ai::SearchBestMove({static_cast<int>(state.range(0)), turn.side, turn.lastMove,
-                              turn.sideInCheck, 1, static_cast<int>(state.range(1))},
-                             watch));
+      benchmark::DoNotOptimize(ai::SearchBestMove(
+          OrderFor(turn, static_cast<int>(state.range(0)), static_cast<int>(state.range(1))),
+          watch));
       const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
       seconds.push_back(took.count());
     }
   }
-  std::sort(seconds.begin(), seconds.end());
-  state.counters["median_s"] = seconds[seconds.size() / 2];
-  state.counters["worst_s"] = seconds.back();
+  TellMiddleAndLongest(state, std::move(seconds));
 }
 BENCHMARK(Search)
     ->Args({3, 2})
@@ -134,5 +138,31 @@ BENCHMARK(Search)
     ->Args({4, 2})
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+
+/// From the moment at which a search with two threads is cancelled, in its midst, to its end.
+void Cancel(benchmark::State& state) {
+  std::vector<double> seconds;
+  for (auto _ : state) {
+    for (const Turn& turn : MiddleGames()) {
+      ai::SearchWatch watch;
+      std::atomic<bool> begun = false;
+      std::jthread search([&] {
+        ThePosition() = turn.position;
+        begun = true;
+        begun.notify_one();
+        ai::SearchBestMove(OrderFor(turn, static_cast<int>(state.range(0)), 2), watch);
+      });
+      begun.wait(false);
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+      const auto begin = std::chrono::steady_clock::now();
+      watch.SearchCancelled = true;
+      search.join();
+      const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+      seconds.push_back(took.count());
+    }
+  }
+  TellMiddleAndLongest(state, std::move(seconds));
+}
+BENCHMARK(Cancel)->DenseRange(0, ai::deepestSearch)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -113,7 +114,11 @@ void FollowRoot(const SearchOrder& order, SearchWatch& watch, const Node& root,
     }
   };
   std::vector<std::jthread> helpers;
-  for (int n = 1; n < order.threads; ++n) helpers.emplace_back(follow);
+  try {
+    for (int n = 1; n < order.threads; ++n) helpers.emplace_back(follow);
+  } catch (const std::system_error&) {
+    // Those that are there do it all.
+  }
   follow();
 }
 

@@ -2,9 +2,11 @@
 // The computer's turn: the window is locked, the search runs beside it on a copy of the position,
 // and what it has chosen is played and stored like any other move.
 #include <random>
+#include <system_error>
 #include <thread>
 
 #include "board/board.h"
+#include "board/dialog_lock.h"
 #include "platform/desktop.h"
 #include "platform/setting_variables.h"
 #include "rules/attack.h"
@@ -36,13 +38,18 @@ ai::CandidateMove Board::SearchForMove() {
   ai::SearchResult result;
   std::atomic<bool> done = false;
   platform::Events& events = *platform::TheDesktop().events;
-  const std::jthread search([&, position = ThePosition()] {
-    ThePosition() = position;
+  try {
+    const std::jthread search([&, position = ThePosition()] {
+      ThePosition() = position;
+      result = ai::SearchBestMove(order, Search);
+      done = true;
+      events.Wake();
+    });
+    events.LetUserActUntil([&] { return done.load(); });
+  } catch (const std::system_error&) {
+    // No thread is to be had, so the window has to wait.
     result = ai::SearchBestMove(order, Search);
-    done = true;
-    events.Wake();
-  });
-  events.LetUserActUntil([&] { return done.load(); });
+  }
   LastMoveScore = result.value;
   return result.best;
 }
@@ -77,6 +84,8 @@ void Board::PlayComputersMove(const ai::CandidateMove& move) {
       capture ? std::nullopt : rules::EnPassantSquare(from, to, last, rules::Black);
   CopyBoard();
   Undo = rules::SaveGameState(Surrendered);
+  // A rook that was taken castles no more.
+  if (capture) rules::LogCastleState(squares.At(to), to.x);
   squares.Put(from, rules::NoPiece);
   squares.Put(to, piece);
   rules::LogCastleState(piece, from.x);
@@ -88,6 +97,8 @@ void Board::PlayComputersMove(const ai::CandidateMove& move) {
     rules::LogCastleState(rules::BlackRook, rook.from.x);
   }
   ClassifyComputersMove({from, to});
+  DrawOffered = false;  // a move passes over the user's offer
+  if (GameDrawn) DrawMessageShown = false;
   UpdateMoveList({piece, from, to, capture, castling != Castling::None}, PlayerComment);
 }
 
@@ -95,7 +106,7 @@ void Board::MakeComputerMove() {
   rules::Position& position = ThePosition();
   Search.SearchCancelled = false;
   ShowKing();
-  if (position.CheckmateFlag || Surrendered) {
+  if (GameIsOver()) {
     TakeComputersSide(false);
     position.MoveAllowed = false;
     AwaitingOpponent = true;
@@ -127,6 +138,8 @@ void Board::MakeComputerMove() {
     DisplayPlayerComment();
     DisplayBoardState(false);
     MateMessageShown = false;
+    // The timer tells how the game ended when it is the user's board again.
+    const DialogLock lock(LockedForDialog);
     SaveMove();
   }
   TakeComputersSide(false);

@@ -81,13 +81,13 @@ void Board::FillNewGame(store::GameRecord& record) const {
 
 std::int16_t Board::StatusOfPendingMove() const {
   if (DrawOffered && !GameDrawn) return store::DrawOfferSent;
-  if (GameIsOver()) {
+  if (rules::ThePosition().CheckmateFlag || Surrendered) {
     // The computer's last entry was made for Black, whose wins are the user's losses.
     const bool computersMove =
         Process().ComputerGame && rules::ThePosition().SideToMove == rules::Black;
     if (WonGame() != computersMove) return store::GameWon;
-    return GameDrawn ? store::GameDrawn : store::GameLost;
   }
+  if (GameIsOver()) return GameDrawn ? store::GameDrawn : store::GameLost;
   return Process().ComputerGame ? store::MoveWaiting : store::WaitingForOpponent;
 }
 

@@ -50,11 +50,8 @@ constexpr int longestBoldComment = 100;
 constexpr int mostCommentLines = 10;  ///< beyond that it scrolls
 
 /// Why everything is grey; nothing where the user can move.
-QString Notice(const board::Board& board) {
+QString OfflineNotice() {
   const platform::ProcessState& process = platform::Process();
-  if (process.ComputerGame && board.Controls().resend && !board.GameIsOver()) {
-    return u"It is the computer's turn: choose Resend to let it move."_s;
-  }
   if (!process.Offline || process.StandAlone || process.ComputerGame) return {};
   return u"You are working offline: moves can't be made or sent until your mail service is "
          u"reached."_s;
@@ -270,6 +267,7 @@ void BoardWindow::ShowGameBits(bool show) {
       {"PlayerComment_L", label},
       {"Trash", !show},
       {"SearchPlace", show && computerGame},
+      {"TurnHint", show && computerGame && !board_.ComputerThinking},
   };
   for (const auto& [name, visible] : bits) {
     if (auto* bit = findChild<QWidget*>(QLatin1StringView(name))) bit->setVisible(visible);
@@ -305,12 +303,12 @@ void BoardWindow::Refresh() {
   playersTag_->SetText(Shown(board_.PlayersTag));
   const QString comment = Shown(board_.OpponentComment);
   SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);
-  opponentComment_->SetText(comment.isEmpty() ? Notice(board_) : comment);
+  opponentComment_->SetText(comment.isEmpty() ? OfflineNotice() : comment);
   moveList_->ShowMoves(board_.Moves, board_.TopRow());
   picture_->ShowDots(board_.MovePointers);
   picture_->ShowCoordinates(board_.CoordsVisible);
   const bool thinking = board_.ComputerThinking;
-  searchDisplay_->Show(thinking);
+  searchDisplay_->Show(board_);
   moveList_->setEnabled(!thinking);
   SetButtonEnabled(*this, u"Menu1Button"_s, !thinking);
   SetButtonEnabled(*this, u"Menu2Button"_s, !thinking && board_.Moves.Count() > 0);
@@ -363,7 +361,10 @@ void BoardWindow::TakeTurns(int button) {
   board_.ToolbarClick(button);
   takingTurns_ = false;
   picture_->setFocus();  // which the button that stops the computer may have had
-  if (closesAfterTurns_) close();
+  if (!closesAfterTurns_) return;
+  close();
+  // The list that comes back for the board is too late for the end of the program.
+  if (platform::Process().Stopping) platform::TheDesktop().windows->CloseAll();
 }
 
 /// True where the comment was cleaned and the user told, and should look at it again.
@@ -419,7 +420,8 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (event->key() == Qt::Key_Escape) {
-    showMinimized();
+    // One that is still down has stopped the computer.
+    if (!event->isAutoRepeat()) showMinimized();
   } else if (event->key() == Qt::Key_F1) {
     platform::TheDesktop().help->ShowHelp(platform::HelpOfBoard);
   } else {

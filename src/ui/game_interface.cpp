@@ -84,6 +84,7 @@ QString EmptyNotice() {
                                   "not set yet (the first mail asks for it)"));
   return u"There are no games yet.\n\n"
          u"To begin one, choose New game: your opponent gets your first move by mail.\n"
+         u"Or play against the computer, without any mail.\n"
          u"If somebody has invited you, wait for the mail with the first move, and choose Retrieve "
          u"games from the File menu.\n\n"
          u"Your own address, for those who want to play with you: %1"_s.arg(address);

@@ -12,7 +12,7 @@
 
 #include "platform/setting_variables.h"
 #include "ui/look.h"
-#include "ui/skin.h"
+#include "ui/shown_text.h"
 
 namespace ui {
 
@@ -44,6 +44,24 @@ class SkinnedProgressBar : public QProgressBar {
   }
 };
 
+QLabel* NewHint(QWidget& window) {
+  auto* hint = new QLabel(&window);
+  hint->setObjectName(u"TurnHint"_s);
+  hint->setWordWrap(true);
+  return hint;
+}
+
+QString HintFor(const board::Board& board) {
+  const board::BoardControls controls = board.Controls();
+  if (controls.send) {
+    return board.GameIsOver() ? u"Press Send to end the game."_s
+                              : u"Press Send, and the computer answers."_s;
+  }
+  if (board.GameIsOver()) return Shown(board.Caption).remove(u"Tarvolenix - "_s);
+  if (controls.resend) return u"It is the computer's turn: press Resend to let it move."_s;
+  return rules::ThePosition().MoveAllowed ? u"It is your turn."_s : QString();
+}
+
 QProgressBar* NewProgressBar(QWidget& window) {
   auto* bar = IsSimpleUI() ? new QProgressBar(&window) : new SkinnedProgressBar(&window);
   bar->setObjectName(u"SearchProgress"_s);
@@ -60,6 +78,7 @@ SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, ai::SearchWatch& se
       window_(window),
       label_(label),
       search_(search),
+      hint_(NewHint(window)),
       progress_(NewProgressBar(window)),
       cancel_(NewButton(window, {"CancelSearch", "CancelSearchS"}, u"Cancel"_s, u"Ca&ncel"_s)) {
   if (platform::Settings().ShowToolTips) {
@@ -69,7 +88,6 @@ SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, ai::SearchWatch& se
   clock_.setInterval(pictureInterval);
   connect(&clock_, &QTimer::timeout, this, &SearchDisplay::Advance);
   connect(cancel_, &QAbstractButton::clicked, this, &SearchDisplay::Cancel);
-  Show(false);
 }
 
 void SearchDisplay::LayOut(QVBoxLayout& column) {
@@ -81,6 +99,7 @@ void SearchDisplay::LayOut(QVBoxLayout& column) {
   grid->addWidget(&label_, 0, 0, 1, 2);
   grid->addWidget(progress_, 1, 0, Qt::AlignVCenter);
   grid->addWidget(cancel_, 1, 1);
+  grid->addWidget(hint_, 0, 0, 2, 2, Qt::AlignTop);
   progress_->setFixedHeight(barHeight);
   // Nothing else moves when the computer begins to think.
   for (QWidget* part : {static_cast<QWidget*>(&label_), static_cast<QWidget*>(progress_),
@@ -92,8 +111,10 @@ void SearchDisplay::LayOut(QVBoxLayout& column) {
   column.addWidget(place);
 }
 
-void SearchDisplay::Show(bool thinking) {
+void SearchDisplay::Show(const board::Board& board) {
+  const bool thinking = board.ComputerThinking;
   label_.setText(thinking ? u"Thinking..."_s : u"Your comment"_s);
+  hint_->setText(HintFor(board));
   progress_->setVisible(thinking);
   cancel_->setVisible(thinking);
   if (!thinking) return clock_.stop();

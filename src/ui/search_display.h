@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the Board window shows while the computer thinks: how far it has come, and a button that
-// stops it. In a game against the computer this has the place of the user's comment.
+// What the Board window shows of a game against the computer in the place of the user's comment:
+// how far the computer has come with its thoughts, and a button that stops it; else whose turn it
+// is, and what he can do.
 #pragma once
 
 #include <QTimer>
 
-#include "ai/search.h"
+#include "board/board.h"
 
 class QAbstractButton;
 class QLabel;
@@ -26,7 +27,7 @@ class SearchDisplay : public QObject {
   /// Puts them into a column of the plain look, where they are the widget SearchPlace.
   void LayOut(QVBoxLayout& column);
 
-  void Show(bool thinking);
+  void Show(const board::Board& board);
   void Cancel() { search_.SearchCancelled = true; }
 
  private:
@@ -35,6 +36,7 @@ class SearchDisplay : public QObject {
   QWidget& window_;
   QLabel& label_;
   ai::SearchWatch& search_;
+  QLabel* hint_;
   QProgressBar* progress_;
   QAbstractButton* cancel_;
   QTimer clock_;

@@ -2,6 +2,7 @@
 // The window while the computer thinks, and games against it.
 #include <QLabel>
 
+#include <algorithm>
 #include <thread>
 
 #include "ai/heuristics.h"
@@ -106,6 +107,9 @@ TEST_F(ComputerGameTest, NothingButStoppingItIsOfferedWhileItThinks) {
     EXPECT_FALSE(Part(part).isVisible()) << part;
   }
   EXPECT_TRUE(Part("MoveList").isEnabled());
+  QKeyEvent stillDown(QEvent::KeyPress, Qt::Key_Escape, {}, {}, true);
+  QApplication::sendEvent(window_, &stillDown);
+  EXPECT_FALSE(window_->isMinimized()) << "the key that has stopped the computer";
 }
 
 TEST_F(ComputerGameTest, AStopIsHeardBeforeTheNextNodeAndTheTurnCanBeTakenAgain) {
@@ -129,6 +133,7 @@ TEST_F(ComputerGameTest, AStopIsHeardBeforeTheNextNodeAndTheTurnCanBeTakenAgain)
     EXPECT_EQ(ShownTexts(), "e4 ");
     EXPECT_EQ(StoredTexts(), "e4 ");
     EXPECT_TRUE(Button(board::ResendButton)->isEnabled());
+    EXPECT_TRUE(Find<QLabel>("TurnHint")->text().contains(u"Resend"_s));
     platform::Settings().SearchDepth = 1;
     Resend();
     EXPECT_EQ(window_->Logic().Moves.Count(), 2);
@@ -157,6 +162,9 @@ TEST_F(ComputerGameTest, WhoClosesTheWindowMeanwhileFindsHisMoveStored) {
     EXPECT_FALSE(window_->isVisible());
     EXPECT_FALSE(Process().BoardOpen);
     EXPECT_EQ(StoredTexts(), "e4 ");
+    // What comes up for the board's sake goes with the program.
+    EXPECT_EQ(std::count(desktop_.log.begin(), desktop_.log.end(), "close all"),
+              Process().Stopping ? 1 : 0);
   }
 }
 

@@ -45,6 +45,7 @@ inline constexpr Control boardControls[] = {
     {"OpponentComment", Surface::Panel, {28, 469, 326, 68}},
     {"PlayerComment_L", Surface::Label, {374, 465, 335, 16}},
     {"PlayerComment", Surface::Field, {374, 485, 335, 56}},
+    {"TurnHint", Surface::Occasion, {386, 489, 311, 48}},
     {"SearchProgress", Surface::Occasion, {386, 503, 211, 20}},
     {"CancelSearch", Surface::Occasion, {613, 499, 84, 28}},
     {"Trash", Surface::Occasion, {374, 485, 335, 56}},

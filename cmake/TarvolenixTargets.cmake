@@ -6,7 +6,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 option(TARVOLENIX_WERROR "Treat warnings as errors" OFF)
-option(TARVOLENIX_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+set(TARVOLENIX_SANITIZE "" CACHE STRING "Build with these sanitizers, separated by commas")
 option(TARVOLENIX_BENCH "Build the benchmarks" OFF)
 
 # Asserts are for our own mistakes and stay on in release.
@@ -25,9 +25,9 @@ if(TARVOLENIX_WERROR)
   target_compile_options(tarvolenix_flags INTERFACE -Werror)
 endif()
 if(TARVOLENIX_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+  add_compile_options(-fsanitize=${TARVOLENIX_SANITIZE} -fno-sanitize-recover=undefined
     -fno-omit-frame-pointer)
-  add_link_options(-fsanitize=address,undefined)
+  add_link_options(-fsanitize=${TARVOLENIX_SANITIZE})
   # So that the longest tests take a sample there.
   add_compile_definitions(TARVOLENIX_SANITIZED)
 endif()

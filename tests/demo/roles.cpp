@@ -162,6 +162,30 @@ std::vector<Step> BobIsMated(const Steps& steps) {
   return scene;
 }
 
+std::vector<Step> BobPlaysTheComputer(const Steps& steps) {
+  std::vector<Step> scene{
+      steps.Click("presses vs. Computer", steps.Control("GameInterface", "Toolbar1S_3"),
+                  steps.IsUp("NewGameInfo")),
+      steps.Type("gives the game a title", "NewGameInfo", "Game_name", "Consolation"),
+      steps.Click("presses OK, and the board opens", steps.Control("NewGameInfo", "OKButtonS"),
+                  steps.IsUp("MsgForm")),
+      steps.Click("reads that he may set pieces up", steps.Control("MsgForm", "OKButtonS"),
+                  steps.IsGone("MsgForm")),
+      steps.Picture("21-setup", "Board"),
+      steps.Click("presses Play without doing so", steps.Control("Board", "Toolbar1S_6"),
+                  steps.BoardSays("Awaiting your move")),
+  };
+  scene += steps.ClickSquares("moves e2-e4", 52, 54);
+  scene += {
+      steps.Click("presses Send, and the computer answers", steps.Control("Board", "Toolbar1S_4"),
+                  steps.BoardHasMoves(2)),
+      steps.Picture("22-computer-game", "Board"),
+      steps.Click("closes the board", steps.Control("Board", "Toolbar1S_7"),
+                  steps.IsUp("GameInterface")),
+  };
+  return scene;
+}
+
 }  // namespace
 
 std::vector<Step> AnnasPart(const Steps& steps) {
@@ -207,9 +231,12 @@ std::vector<Step> PlainPart(const Steps& steps) {
       steps.Picture("20-plain-board", "Board"),
       steps.Click("closes the board", steps.Control("Board", "Toolbar1S_7"),
                   steps.IsUp("GameInterface")),
+  };
+  part += BobPlaysTheComputer(steps);
+  part += {
       steps.Click("opens the File menu", steps.Control("GameInterface", "FileMenu_L"),
                   steps.IsUp("mnuIntFileMenu")),
-      steps.Picture("21-plain-file-menu", "mnuIntFileMenu"),
+      steps.Picture("23-plain-file-menu", "mnuIntFileMenu"),
       steps.Click("chooses Exit Tarvolenix", steps.Entry("mnuIntFileMenu", "Exit Tarvolenix")),
   };
   return part;

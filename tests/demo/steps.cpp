@@ -145,6 +145,10 @@ std::function<bool()> Steps::BoardSays(const char* part) const {
   };
 }
 
+std::function<bool()> Steps::BoardHasMoves(int count) const {
+  return [=, this] { return MovesOf(program_) == count; };
+}
+
 Step Steps::Click(std::string told, Spot where, std::function<bool()> worked) const {
   return {std::move(told), std::move(where), [this](QPoint at) { hands_.Click(at); },
           std::move(worked)};

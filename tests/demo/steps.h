@@ -35,6 +35,7 @@ class Steps {
   std::function<bool()> IsGone(const char* window) const;
   std::function<bool()> TipSays(const char* part) const;
   std::function<bool()> BoardSays(const char* part) const;
+  std::function<bool()> BoardHasMoves(int count) const;
 
   Step Click(std::string told, Spot where, std::function<bool()> worked = {}) const;
   Step RightClick(std::string told, Spot where, std::function<bool()> worked) const;

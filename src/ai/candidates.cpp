@@ -114,8 +114,18 @@ class Gatherer {
     if (atHome) steps |= forward(steps) & empty;
     AddAlong(side_ == rules::White ? rules::upRay : rules::downRay, steps);
     AddEnPassant();
-    Bitboard captures = Legal(rules::pawnReach[side_][rules::IndexOf(from_)] & targets_ & ~empty);
-    while (captures != 0) Add(rules::TakeLowest(captures));
+    const Bitboard captures = rules::pawnReach[side_][rules::IndexOf(from_)] & targets_ & ~empty;
+    // On a board to which no game leads, one of them may take a pawn in passing as well.
+    const Bitboard passing = captures & PassedSquare();
+    Bitboard legal = Legal(captures & ~passing);
+    if (passing != 0 && IsLegal(rules::SquareAt(std::countr_zero(passing)))) legal |= passing;
+    while (legal != 0) Add(rules::TakeLowest(legal));
+  }
+
+  /// The square behind the one to which the last move went, if there is one.
+  Bitboard PassedSquare() const {
+    const Square passed{lastMove_.to.x, lastMove_.to.y + rules::PawnDirection(side_)};
+    return rules::IsOnBoard(passed) ? rules::BitOf(passed) : 0;
   }
 
   // Two pawns leave the row, so this may open a line that no single piece keeps shut.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <cstdlib>
 #include <limits>
 #include <optional>
@@ -370,13 +371,16 @@ int CastlingRightsBonus(Side side, PieceCode piece, int fromX) {
 std::int16_t EvaluateMove(Square from, Square to, int sideInCheck, bool doMove,
                           rules::LastMove lastMove) {
   const Side side = rules::SideOf(from);
+  assert(side != rules::NoSide);
   Passes passes(side, sideInCheck, lastMove);
   return Saturate(doMove ? passes.Played(from, to) : passes.Before(from, to));
 }
 
-void ScoreCandidates(CandidateList& list, Side side, int sideInCheck, rules::LastMove lastMove) {
+void ScoreCandidates(CandidateList& list, Side side, int sideInCheck, rules::LastMove lastMove,
+                     const std::atomic<bool>* cancelled) {
   Passes passes(side, sideInCheck, lastMove);
   for (CandidateMove& move : list) {
+    if (cancelled && cancelled->load(std::memory_order_relaxed)) return;
     move.Score = Saturate(Saturate(passes.Played(move.from, move.to)) -
                           Saturate(passes.Before(move.from, move.to)));
   }

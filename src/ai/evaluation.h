@@ -7,6 +7,7 @@
 // A score is computed as a whole number and saturates at the ends of 16 bits.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 
 #include "ai/candidates.h"
@@ -46,9 +47,10 @@ std::int16_t EvaluateMove(rules::Square from, rules::Square to, int sideInCheck,
                           rules::LastMove lastMove);
 
 /// Scores the moves of one position: EvaluateMove of each with the move played, less EvaluateMove
-/// before it. What the moves have in common is worked out once.
+/// before it. What the moves have in common is worked out once. Leaves off when `cancelled`, where
+/// given, becomes true.
 void ScoreCandidates(CandidateList& list, rules::Side side, int sideInCheck,
-                     rules::LastMove lastMove);
+                     rules::LastMove lastMove, const std::atomic<bool>* cancelled = nullptr);
 
 /// A score in 16 bits; what lies beyond them becomes the nearest that doesn't.
 std::int16_t Saturate(int score);

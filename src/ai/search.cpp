@@ -53,7 +53,7 @@ class TreeWalk {
     CandidateList list;
     list.reserve(usualMoves);
     GenerateAllMoves(node.side, list, node.lastMove, node.sideInCheck);
-    ScoreCandidates(list, node.side, node.sideInCheck, node.lastMove);
+    ScoreCandidates(list, node.side, node.sideInCheck, node.lastMove, &watch_.SearchCancelled);
     if (node.ply == order_.maxDepth) {
       const auto count = static_cast<std::int64_t>(list.size());
       watch_.MovesConsidered.fetch_add(count, std::memory_order_relaxed);
@@ -87,13 +87,13 @@ class TreeWalk {
     if (list.empty()) return 0;
     if (node.ply < order_.maxDepth) {
       ReduceMoves(list, order_.seed, node.path);
-      SortMoves(list);
       for (CandidateMove& move : list) {
         if (IsCancelled()) return 0;
         Follow(node, move, list.size());
       }
     }
-    // The best of a list is never thinned out, so on the last ply nothing else need be done.
+    // The best of a list is never thinned out, so on the last ply nothing else need be done. Nor
+    // does the order of the moves below the root change anything: draws depend on the path alone.
     return BestScore(list);
   }
 
@@ -184,12 +184,14 @@ SearchResult SearchBestMove(const SearchOrder& order, SearchWatch& watch) {
   root.sideInCheck = order.sideInCheck;
   root.span = fullSpan;
   SearchResult result;
+  if (watch.SearchCancelled) return result;
   result.root = TreeWalk(order, watch).ScoredMoves(root);
   SortMoves(result.root);
   if (order.maxDepth > 0) {
     FollowRoot(order, watch, root, result.root);
     SortMoves(result.root);
   }
+  if (watch.SearchCancelled) return {};
   if (result.root.empty()) return result;
   result.value = result.root.front().Score;
   const int ties = CountBestTies(result.root);

@@ -18,7 +18,7 @@ namespace ai {
 /// What the whole of a search's progress counts to.
 inline constexpr int fullSpan = 30000;
 
-/// How deep a search looks at the least and at the most, by the setting.
+/// The largest depth that the setting offers; the least is 0.
 inline constexpr int deepestSearch = 4;
 
 struct SearchOrder {
@@ -30,7 +30,7 @@ struct SearchOrder {
   int threads = 1;
 };
 
-/// What a search in progress tells, and hears, from another thread.
+/// What a search in progress tells, and hears, from another thread. New for each search, or reset.
 struct SearchWatch {
   std::atomic<bool> SearchCancelled = false;
   std::atomic<std::int64_t> MovesConsidered = 0;  ///< candidates scored on the last ply
@@ -43,8 +43,8 @@ struct SearchResult {
   CandidateList root;  ///< in its final order
 };
 
-/// Searches this thread's position, and leaves it as it was. The result of a search that was
-/// cancelled means nothing.
+/// Searches this thread's position, and leaves it as it was. A search that was cancelled has
+/// nothing as its result.
 SearchResult SearchBestMove(const SearchOrder& order, SearchWatch& watch);
 
 /// Highest score first; equal ones keep their order.

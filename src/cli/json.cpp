@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/json.h"
 
+#include <array>
+#include <charconv>
 #include <cstdio>
 #include <iostream>
 
@@ -89,6 +91,14 @@ std::string JsonValue(std::string_view text) { return Quoted(text); }
 std::string JsonValue(const char* text) { return Quoted(text); }
 std::string JsonValue(bool value) { return value ? "true" : "false"; }
 std::string JsonValue(std::int64_t number) { return std::to_string(number); }
+std::string JsonValue(double number) {
+  constexpr int decimals = 6;
+  std::array<char, 400> text;  // more than the largest number takes
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
+                                 std::chars_format::fixed, decimals);
+  return {text.data(), end.ptr};
+}
+
 std::string JsonValue(int number) { return std::to_string(number); }
 std::string JsonValue(const std::optional<std::int32_t>& number) {
   return number ? std::to_string(*number) : "null";

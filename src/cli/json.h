@@ -20,6 +20,7 @@ std::string JsonValue(const char* text);
 std::string JsonValue(bool value);
 std::string JsonValue(std::int64_t number);
 std::string JsonValue(int number);
+std::string JsonValue(double number);  ///< with six decimals, whatever the locale
 std::string JsonValue(const std::optional<std::int32_t>& number);  ///< null where there is none
 
 /// A value that is JSON already.

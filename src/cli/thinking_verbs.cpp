@@ -83,7 +83,7 @@ void SearchLine(const PositionLine& line, CollectedMessages& messages, int depth
       .Add("best", best)
       .Add("considered", watch.MovesConsidered.load())
       .Add("root", JsonArray(root))
-      .Add("seconds", Json{std::to_string(took.count())})
+      .Add("seconds", took.count())
       .Print();
 }
 

@@ -3,10 +3,17 @@
 // with a table of its own.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
 #include <random>
+#include <string>
 
 #include "ai/candidates.h"
 #include "ai/heuristics.h"
+#include "rules/attack.h"
+#include "rules/piece_moves.h"
 #include "rules/rules_fixture.h"
 #include "rules/test_moves.h"
 
@@ -16,13 +23,14 @@ using rules::ThePosition;
 
 class RandomPositions {
  public:
-  /// Puts up the next position: from play, from a heap of pieces, or from something in between.
   /// The side to move, what it has to know of check and of the move before.
   struct Turn {
     rules::Side side = rules::NoSide;
     int sideInCheck = rules::NobodyInCheck;
     rules::LastMove lastMove;
   };
+
+  /// Puts up the next position: from play, from a heap of pieces, or from something in between.
   Turn Next() {
     ++count_;
     MixTable();
@@ -42,9 +50,11 @@ class RandomPositions {
   /// Any pieces anywhere: kings missing or in plenty, pawns on the last rows, flags at will.
   Turn FromHeap() {
     ThePosition() = {};
-    const int pieces = 1 + Draw(count_ % 7 == 0 ? 64 : 24);
+    const bool queens = count_ % 33 == 0;
+    const int pieces = 1 + (queens ? 8 + Draw(4) : Draw(count_ % 7 == 0 ? 64 : 24));
+    const rules::PieceCode queen = rules::OfSide(rules::WhiteQueen, Draw(2));
     for (int n = 0; n < pieces; ++n) {
-      ThePosition().BoardState.Put(rules::SquareAt(Draw(64)), 1 + Draw(12));
+      ThePosition().BoardState.Put(rules::SquareAt(Draw(64)), queens ? queen : 1 + Draw(12));
     }
     if (Draw(4) != 0) KeepOneKingEach();
     if (Draw(2) != 0) {
@@ -102,6 +112,41 @@ class RandomPositions {
   int count_ = 0;
   rules::Position game_;
   Turn turn_;
+};
+
+/// How many positions there were of the sorts that are easily wrong. A comparison shows by this
+/// that it was worth making.
+struct SortsMet {
+  std::map<std::string, int> counts{{"castling", 0},      {"en passant", 0}, {"pin", 0},
+                                    {"check", 0},         {"last row", 0},   {"king missing", 0},
+                                    {"several kings", 0}, {"many moves", 0}, {"no move", 0}};
+
+  void Note(const RandomPositions::Turn& turn, const CandidateList& list) {
+    constexpr rules::Bitboard lastRows = 0xff000000000000ffU;
+    const rules::BoardSquares& board = ThePosition().BoardState;
+    const auto kings = [&](rules::Side side) {
+      return rules::CountSquares(board.Of(rules::OfSide(rules::WhiteKing, side)));
+    };
+    const auto any = [&](auto isSo) { return std::any_of(list.begin(), list.end(), isSo); };
+    counts["castling"] += any([&](const CandidateMove& move) {
+      return rules::DetectCastling(turn.side, move.from, move.to) != rules::Castling::None;
+    });
+    counts["en passant"] += any([&](const CandidateMove& move) {
+      return rules::TakesEnPassant(move.from, move.to, turn.lastMove, turn.side);
+    });
+    counts["pin"] += rules::PinnedPieces(turn.side) != 0;
+    counts["check"] += rules::IsInCheck(turn.side);
+    counts["last row"] +=
+        ((board.Of(rules::WhitePawn) | board.Of(rules::BlackPawn)) & lastRows) != 0;
+    counts["king missing"] += kings(rules::White) == 0 || kings(rules::Black) == 0;
+    counts["several kings"] += kings(rules::White) > 1 || kings(rules::Black) > 1;
+    counts["many moves"] += list.size() > 121;
+    counts["no move"] += list.empty();
+  }
+
+  void ExpectEnough(int positions) const {
+    for (const auto& [sort, count] : counts) EXPECT_GT(count, positions / 2000) << sort;
+  }
 };
 
 }  // namespace ai

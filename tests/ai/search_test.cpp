@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
+#include <thread>
 
 #include "ai/literal_opponent.h"
 #include "ai/random_positions.h"
@@ -25,13 +27,27 @@ bool SameList(const CandidateList& a, const CandidateList& b) {
                     });
 }
 
+/// Of position `n`, which is up: any depth with any sort of position and any number of threads, but
+/// no deeper than the plain version comes to an end.
+int DepthFor(int n) {
+  CandidateList list;
+  GenerateAllMoves(rules::White, list, {}, rules::NobodyInCheck);
+  GenerateAllMoves(rules::Black, list, {}, rules::NobodyInCheck);
+  constexpr std::size_t manyMoves = 120, fewMoves = 60;
+  const int deepest = list.size() > manyMoves ? 1 : list.size() > fewMoves ? 2 : 3;
+  return std::min(deepest, n % 4);
+}
+
 TEST(SearchTest, AgreesWithTheLiteralOpponentWithAnyNumberOfThreads) {
   RandomPositions source;
   for (int n = 0; n < searches; ++n) {
     const auto turn = source.Next();
-    SearchOrder order{
-        n % 3,    turn.side, turn.lastMove, turn.sideInCheck, static_cast<std::uint64_t>(n) * 77,
-        1 + n % 3};
+    SearchOrder order{DepthFor(n),
+                      turn.side,
+                      turn.lastMove,
+                      turn.sideInCheck,
+                      static_cast<std::uint64_t>(n) * 77,
+                      1 + n / 7 % 3};
     const rules::Untouched before;
     SearchWatch watch;
     const SearchResult result = SearchBestMove(order, watch);
@@ -98,15 +114,35 @@ TEST(SearchTest, WhoCantMoveGetsNoMove) {
   EXPECT_EQ(NumberOf(result.best.from) + NumberOf(result.best.to), 0);
 }
 
-TEST(SearchTest, ACancelledSearchLeavesTheBoardAsItWas) {
+TEST(SearchTest, ACancelledSearchEndsWithTheNodesAtWhichItIs) {
   rules::Place("start e2e4");
   LoadDefaultHeuristics();
   const rules::Untouched before;
-  SearchWatch watch;
-  watch.SearchCancelled = true;
-  SearchBestMove({4, rules::Black, {}, -1, 1, 2}, watch);
-  EXPECT_EQ(watch.MovesConsidered, 0);
-  EXPECT_EQ(rules::Untouched(), before);
+  for (const int threads : {0, 1, 2}) {
+    SearchWatch watch;
+    std::int64_t considered = 0;
+    std::jthread user([&] {
+      while (threads > 0 && watch.MovesConsidered == 0) std::this_thread::yield();
+      watch.SearchCancelled = true;
+      considered = watch.MovesConsidered;
+    });
+    if (threads == 0) user.join();  // he was quicker than the search
+    const SearchResult result = SearchBestMove({4, rules::Black, {}, -1, 1, threads}, watch);
+    if (user.joinable()) user.join();
+    EXPECT_TRUE(result.root.empty());
+    EXPECT_LE(watch.MovesConsidered - considered, threads * 218) << "one node of each thread";
+    EXPECT_EQ(rules::Untouched(), before);
+  }
+}
+
+TEST(SearchTest, ProgressEndsWithTheSearch) {
+  rules::Place("start e2e4");
+  LoadDefaultHeuristics();
+  for (int depth = 0; depth <= 3; ++depth) {
+    SearchWatch watch;
+    SearchBestMove({depth, rules::Black, {}, -1, 1, 2}, watch);
+    EXPECT_NEAR(watch.progress, fullSpan, 0.01) << depth;
+  }
 }
 
 }  // namespace

@@ -103,17 +103,14 @@ TEST(CandidatesTest, MovesComeAsTheLiteralOpponentListsThem) {
   sorts.ExpectEnough(positions);
 }
 
-/// A capture on the square over which a double step went, which is occupied on a board that no game
-/// leads to: two enemies vanish at once.
+/// The knight stands where the pawn has just gone past, as on no board of a game: who takes it
+/// takes both, and nothing keeps the rook from the king any more.
 TEST(CandidatesTest, ACaptureThatAlsoTakesInPassingIsTriedOut) {
-  ThePosition() = {};
-  ThePosition().BoardState = rules::ReadBoardText(
-      "0904000000000000;0003000000000000;0500060700000000;0012060000071200;"
-      "0207011200090900;0910020000000000;0900001109000600;0700001200020000");
-  const rules::LastMove lastMove = rules::LastMove::FromText("2224");
+  rules::Place("Ka5 Pe5 rh5 pd5 nd6 kg8");
+  const rules::LastMove lastMove = rules::LastMove::FromText("4745");
   CandidateList list, literal;
-  GenerateAllMoves(rules::Black, list, lastMove, NobodyInCheck);
-  literal::GenerateAllMoves(rules::Black, literal, lastMove, NobodyInCheck);
+  GenerateAllMoves(rules::White, list, lastMove, NobodyInCheck);
+  literal::GenerateAllMoves(rules::White, literal, lastMove, NobodyInCheck);
   EXPECT_EQ(Names(list), Names(literal));
 }
 

@@ -72,30 +72,14 @@ void Board::ClassifyComputersMove(rules::LastMove move) {
 
 /// A pawn that reaches the user's side stays a pawn.
 void Board::PlayComputersMove(const ai::CandidateMove& move) {
-  rules::BoardSquares& squares = ThePosition().BoardState;
+  const rules::BoardSquares& squares = ThePosition().BoardState;
   const Square from = move.from, to = move.to;
   const rules::PieceCode piece = squares.At(from);
   const bool capture = squares.At(to) != rules::NoPiece;
   const rules::LastMove last = Moves.MoveOf(Moves.Count());
-  // Both look at the board before the move.
-  const Castling castling =
-      capture ? Castling::None : rules::DetectCastling(rules::Black, from, to);
-  const auto enPassant =
-      capture ? std::nullopt : rules::EnPassantSquare(from, to, last, rules::Black);
   CopyBoard();
   Undo = rules::SaveGameState(Surrendered);
-  // A rook that was taken castles no more.
-  if (capture) rules::LogCastleState(squares.At(to), to.x);
-  squares.Put(from, rules::NoPiece);
-  squares.Put(to, piece);
-  rules::LogCastleState(piece, from.x);
-  if (enPassant) squares.Put(*enPassant, rules::NoPiece);
-  if (castling != Castling::None) {
-    const rules::RookMove rook = rules::CastlingRook(rules::Black, castling);
-    squares.Put(rook.from, rules::NoPiece);
-    squares.Put(rook.to, rules::BlackRook);
-    rules::LogCastleState(rules::BlackRook, rook.from.x);
-  }
+  const Castling castling = rules::CarryOut(rules::Black, piece, from, to, last);
   ClassifyComputersMove({from, to});
   DrawOffered = false;  // a move passes over the user's offer
   if (GameDrawn) DrawMessageShown = false;

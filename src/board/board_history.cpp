@@ -75,30 +75,17 @@ void Board::ReplayPieceMove(int row) {
   const LastMove move = Moves.MoveOf(row);
   if (!IsOnBoard(move.from) || !IsOnBoard(move.to)) return;
   rules::Position& position = ThePosition();
-  rules::BoardSquares& squares = position.BoardState;
   const rules::Side side = row % 2 == 1 ? rules::White : rules::Black;
   position.SideToMove = side;
 
-  const rules::Castling castling = rules::DetectCastling(side, move.from, move.to);
-  const auto enPassant = rules::EnPassantSquare(move.from, move.to, Moves.MoveOf(row - 1), side);
-  rules::PieceCode piece = squares.At(move.from);
+  rules::PieceCode piece = position.BoardState.At(move.from);
   const std::string& text = Moves.Row(row).MoveText;
   const auto promotion = text.find('=');
   if (promotion != std::string::npos && promotion + 1 < text.size()) {
     const rules::PieceCode chosen = rules::PieceOfLetter(text[promotion + 1]);
     if (chosen != NoPiece) piece = rules::OfSide(chosen, side);
   }
-  rules::LogCastleState(squares.At(move.to), move.to.x);
-  squares.Put(move.to, piece);
-  squares.Put(move.from, NoPiece);
-  rules::LogCastleState(piece, move.from.x);
-  if (enPassant) squares.Put(*enPassant, NoPiece);
-  if (castling != rules::Castling::None) {
-    const rules::RookMove rook = rules::CastlingRook(side, castling);
-    squares.Put(rook.from, NoPiece);
-    squares.Put(rook.to, rules::OfSide(rules::WhiteRook, side));
-    rules::LogCastleState(rules::OfSide(rules::WhiteRook, side), rook.from.x);
-  }
+  rules::CarryOut(side, piece, move.from, move.to, Moves.MoveOf(row - 1));
 }
 
 void Board::FindCheckAfterReplay() {

@@ -103,13 +103,7 @@ void Board::PlayMove(int toSquare, int fromSquare, bool capture) {
     position.BoardState.Put(to, piece);
   }
   rules::LogCastleState(piece, from.x);
-  if (castling != rules::Castling::None) {
-    const rules::RookMove rook = rules::CastlingRook(side, castling);
-    const rules::PieceCode rookCode = rules::OfSide(rules::WhiteRook, side);
-    position.BoardState.Put(rook.from, NoPiece);
-    position.BoardState.Put(rook.to, rookCode);
-    rules::LogCastleState(rookCode, rook.from.x);
-  }
+  rules::CarryCastlingRook(side, castling);
   ClassifyMove({from, to});
   if (!GameDrawn) DeterminIfDrawForced();
   UpdateMoveList({piece, from, to, capture, castling != rules::Castling::None}, PlayerComment);

@@ -198,4 +198,27 @@ std::optional<Square> EnPassantSquare(Square from, Square to, LastMove lastMove,
   return lastMove.to;
 }
 
+void CarryCastlingRook(Side side, Castling castling) {
+  if (castling == Castling::None) return;
+  const RookMove move = CastlingRook(side, castling);
+  const PieceCode rook = OfSide(WhiteRook, side);
+  ThePosition().BoardState.Put(move.from, NoPiece);
+  ThePosition().BoardState.Put(move.to, rook);
+  LogCastleState(rook, move.from.x);
+}
+
+Castling CarryOut(Side side, PieceCode piece, Square from, Square to, LastMove lastMove) {
+  BoardSquares& board = ThePosition().BoardState;
+  // Both look at the board before the move.
+  const Castling castling = DetectCastling(side, from, to);
+  const auto enPassant = EnPassantSquare(from, to, lastMove, side);
+  LogCastleState(board.At(to), to.x);
+  board.Put(to, piece);
+  board.Put(from, NoPiece);
+  LogCastleState(piece, from.x);
+  if (enPassant) board.Put(*enPassant, NoPiece);
+  CarryCastlingRook(side, castling);
+  return castling;
+}
+
 }  // namespace rules

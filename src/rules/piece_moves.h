@@ -46,6 +46,14 @@ struct RookMove {
 /// Where the rook of a castling move goes.
 RookMove CastlingRook(Side side, Castling castling);
 
+/// Carries the rook of a castling move over and notes that it moved. Nothing for no castling.
+void CarryCastlingRook(Side side, Castling castling);
+
+/// Plays a move of a game on the board: `piece`, which may be what a pawn became, goes to a square
+/// and takes what is there or what it takes in passing, a castling rook goes with its king, and
+/// what can't castle any more is noted. Tells which castling it was.
+Castling CarryOut(Side side, PieceCode piece, Square from, Square to, LastMove lastMove);
+
 /// True if this move takes en passant the pawn that made the last move.
 bool TakesEnPassant(Square from, Square to, LastMove lastMove, Side side);
 

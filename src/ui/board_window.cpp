@@ -78,7 +78,7 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
       opponentComment_(new PlainTextView(this)),
       playerComment_(new CommentBox(this)),
       playerCommentLabel_(new QLabel(this)),
-      searchDisplay_(new SearchDisplay(*this, *playerCommentLabel_, board_.Search)),
+      searchDisplay_(new SearchDisplay(*this, *playerCommentLabel_, board_)),
       trash_(new Trash(this)) {
   setObjectName(u"Board"_s);
   setAttribute(Qt::WA_DeleteOnClose);
@@ -308,7 +308,7 @@ void BoardWindow::Refresh() {
   picture_->ShowDots(board_.MovePointers);
   picture_->ShowCoordinates(board_.CoordsVisible);
   const bool thinking = board_.ComputerThinking;
-  searchDisplay_->Show(board_);
+  searchDisplay_->Refresh();
   moveList_->setEnabled(!thinking);
   SetButtonEnabled(*this, u"Menu1Button"_s, !thinking);
   SetButtonEnabled(*this, u"Menu2Button"_s, !thinking && board_.Moves.Count() > 0);

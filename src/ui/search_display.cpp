@@ -73,11 +73,11 @@ QProgressBar* NewProgressBar(QWidget& window) {
 
 }  // namespace
 
-SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, ai::SearchWatch& search)
+SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, board::Board& board)
     : QObject(&window),
       window_(window),
       label_(label),
-      search_(search),
+      board_(board),
       hint_(NewHint(window)),
       progress_(NewProgressBar(window)),
       cancel_(NewButton(window, {"CancelSearch", "CancelSearchS"}, u"Cancel"_s, u"Ca&ncel"_s)) {
@@ -111,10 +111,10 @@ void SearchDisplay::LayOut(QVBoxLayout& column) {
   column.addWidget(place);
 }
 
-void SearchDisplay::Show(const board::Board& board) {
-  const bool thinking = board.ComputerThinking;
+void SearchDisplay::Refresh() {
+  const bool thinking = board_.ComputerThinking;
   label_.setText(thinking ? u"Thinking..."_s : u"Your comment"_s);
-  hint_->setText(HintFor(board));
+  hint_->setText(HintFor(board_));
   progress_->setVisible(thinking);
   cancel_->setVisible(thinking);
   if (!thinking) return clock_.stop();
@@ -124,7 +124,7 @@ void SearchDisplay::Show(const board::Board& board) {
 
 void SearchDisplay::Advance() {
   // The shares of the moves are rounded and may make up more than the whole.
-  progress_->setValue(std::min(static_cast<int>(search_.progress), ai::fullSpan));
+  progress_->setValue(std::min(static_cast<int>(board_.Search.progress), ai::fullSpan));
 }
 
 }  // namespace ui

@@ -20,22 +20,22 @@ class SearchDisplay : public QObject {
   Q_OBJECT
 
  public:
-  /// Makes the controls in the window. The label is the one over the comment. The search must
+  /// Makes the controls in the window. The label is the one over the comment. The board must
   /// outlive them.
-  SearchDisplay(QWidget& window, QLabel& label, ai::SearchWatch& search);
+  SearchDisplay(QWidget& window, QLabel& label, board::Board& board);
 
   /// Puts them into a column of the plain look, where they are the widget SearchPlace.
   void LayOut(QVBoxLayout& column);
 
-  void Show(const board::Board& board);
-  void Cancel() { search_.SearchCancelled = true; }
+  void Refresh();
+  void Cancel() { board_.Search.SearchCancelled = true; }
 
  private:
   void Advance();
 
   QWidget& window_;
   QLabel& label_;
-  ai::SearchWatch& search_;
+  board::Board& board_;
   QLabel* hint_;
   QProgressBar* progress_;
   QAbstractButton* cancel_;

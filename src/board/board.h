@@ -237,7 +237,7 @@ class Board {
   store::MoveRecords EntriesToStore() const;
   bool StorePendingMove();
   std::int16_t StatusOfPendingMove() const;
-  void FillNewGame(store::GameRecord& record) const;
+  void FillNewGame(store::GameRecord& record, std::int32_t number) const;
   void SendGame(std::int32_t gameID);
 
   BoardView& view_;

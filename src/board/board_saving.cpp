@@ -60,13 +60,13 @@ void Board::ToolbarClick(int button) {
   }
 }
 
-void Board::FillNewGame(store::GameRecord& record) const {
+void Board::FillNewGame(store::GameRecord& record, std::int32_t number) const {
   const platform::LocalTime now = platform::TheDesktop().clock->Now();
   const std::string day = ZeroFilled(now.day, 2);
   const std::string month = ZeroFilled(now.month, 2);
   const std::string year = ZeroFilled(now.year, 4);
   const platform::NewGameFields& fields = Process().NewGame;
-  record.GAME_ID = store::NextGameID();
+  record.GAME_ID = number;
   record.GAME_DATESTAMP = day + month + year + ZeroFilled(now.hour, 2) + ZeroFilled(now.minute, 2);
   record.GAME_NAME = fields.Game_name;
   record.GAME_OPPONENTS_EMAIL = fields.Game_opponents_email;
@@ -115,7 +115,9 @@ bool Board::StorePendingMove() {
     if (games.empty()) {
       // Only a new game has no record yet; another one was deleted behind the board's back.
       if (Process().CurrentGameID >= 1) return false;
-      FillNewGame(record);
+      const auto number = store::NextGameID();
+      if (!number) return false;
+      FillNewGame(record, *number);
     } else {
       record = games.front();
     }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "desktop/mail_text.h"
+#include "platform/mail_address.h"
 
 namespace desktop {
 namespace {
@@ -275,6 +276,11 @@ void MailService::Send() {
   mail.from = {account_.MyName, account_.MyAddress};
   RaisingMailErrors(
       [this, &mail] { thread_.Run([transport = transport_, mail] { transport->Send(mail); }); });
+}
+
+bool MailService::IsOwnAddress(const std::string& address) {
+  return platform::SameAddress(address, account_.MyAddress) ||
+         platform::SameAddress(address, account_.UserName);
 }
 
 void MailService::Show(bool) {

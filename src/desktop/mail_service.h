@@ -63,6 +63,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   bool Prefetched() override;
   /// A failure ends the session: the next logon begins anew.
   void Fetch() override;
+  bool MoreToCome() override { return false; }
   int MsgCount() override { return static_cast<int>(set_.size()); }
   void MsgIndex(int index) override { index_ = index; }
   std::string MsgSubject() override;
@@ -83,6 +84,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void Flush() override;
   void FlushLater() override;
   void Send() override;
+  bool IsOwnAddress(const std::string& address) override;
   void AddressCaption(const std::string& caption) override { addressCaption_ = caption; }
   void Show(bool details) override;
   void AddressResolveUI(bool mayAsk) override { addressResolveUI_ = mayAsk; }

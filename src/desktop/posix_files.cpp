@@ -111,21 +111,15 @@ void SyncFolderOf(const std::string& path) {
 
 class FileLock : public platform::HeldLock {
  public:
-  explicit FileLock(const std::string& path) : file_(path, O_RDWR | O_CREAT, "lock") {
-    const auto givingUp = std::chrono::steady_clock::now() + longestWait;
-    while (!file_.TryLock()) {
-      if (std::chrono::steady_clock::now() > givingUp) {
-        throw platform::FileError("another program keeps " + path + " locked");
-      }
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-  }
+  explicit FileLock(const std::string& path) : file_(path, O_RDWR | O_CREAT, "lock") {}
+
+  bool Try() const { return file_.TryLock(); }
 
  private:
-  static constexpr std::chrono::seconds longestWait{10};
-
   OpenFile file_;
 };
+
+constexpr std::chrono::seconds longestWait{10};
 
 /// Where a link leads; a path that is none, or leads nowhere, stays as it is.
 std::string BehindLinks(const std::string& path) {
@@ -221,7 +215,24 @@ std::vector<std::string> PosixFiles::List(const std::string& folder) {
 }
 
 std::unique_ptr<platform::HeldLock> PosixFiles::Lock(const std::string& path) {
-  return std::make_unique<FileLock>(path);
+  auto lock = std::make_unique<FileLock>(path);
+  const auto givingUp = std::chrono::steady_clock::now() + longestWait;
+  while (!lock->Try()) {
+    if (std::chrono::steady_clock::now() > givingUp) {
+      throw platform::FileError("another program keeps " + path + " locked");
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  return lock;
+}
+
+std::unique_ptr<platform::HeldLock> PosixFiles::TryLock(const std::string& path) {
+  auto lock = std::make_unique<FileLock>(path);
+  return lock->Try() ? std::move(lock) : nullptr;
+}
+
+void PosixFiles::MakeFolder(const std::string& path) {
+  if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST) Fail("make", path);
 }
 
 }  // namespace desktop

@@ -31,6 +31,8 @@ class PosixFiles : public platform::Files {
 
   /// Waits up to ten seconds.
   std::unique_ptr<platform::HeldLock> Lock(const std::string& path) override;
+  std::unique_ptr<platform::HeldLock> TryLock(const std::string& path) override;
+  void MakeFolder(const std::string& path) override;
 };
 
 }  // namespace desktop

@@ -12,4 +12,6 @@ platform::LocalTime SystemClock::Now() {
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min};
 }
 
+std::int64_t SystemClock::Seconds() { return std::time(nullptr); }
+
 }  // namespace desktop

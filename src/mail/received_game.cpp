@@ -51,7 +51,9 @@ std::optional<store::GameRecord> FindGame(const GameFields& fields) {
 
 store::GameRecord FoundGame(const GameFields& fields, const Sender& sender) {
   store::GameRecord game;
-  game.GAME_ID = store::NextGameID();
+  const auto number = store::NextGameID();
+  if (!number) throw StoreFailure("the games can't be read");
+  game.GAME_ID = *number;
   game.GAME_DATESTAMP = fields.dateStamp;
   game.GAME_NAME = fields.name;
   game.GAME_DATE = fields.date;

@@ -2,6 +2,8 @@
 // The seam to the time of day.
 #pragma once
 
+#include <cstdint>
+
 namespace platform {
 
 struct LocalTime {
@@ -16,6 +18,9 @@ class Clock {
  public:
   virtual ~Clock() = default;
   virtual LocalTime Now() = 0;
+
+  /// Of the same moment everywhere: seconds since the beginning of 1970, UTC.
+  virtual std::int64_t Seconds() = 0;
 };
 
 }  // namespace platform

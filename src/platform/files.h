@@ -49,6 +49,13 @@ class Files {
   /// seconds. `path` is a file that exists for the lock alone; it is made where it isn't there. On
   /// a file system that knows no locks it keeps nobody out. It doesn't nest within a process.
   virtual std::unique_ptr<HeldLock> Lock(const std::string& path) = 0;
+
+  /// The same without waiting: nothing where another process holds it.
+  virtual std::unique_ptr<HeldLock> TryLock(const std::string& path) = 0;
+
+  /// Makes a folder that only the user can look into, where it isn't there. The one above it must
+  /// be.
+  virtual void MakeFolder(const std::string& path) = 0;
 };
 
 }  // namespace platform

@@ -4,7 +4,8 @@
 // can be written is a function of the same name with the new value.
 //
 // Contract of every service. Read and unread are the mail store's own marks. Fetching, and reading
-// a subject or a sender, changes nothing; reading MsgNoteText marks that one message as read.
+// a subject or a sender, changes nothing; reading MsgNoteText marks that one message as read, but
+// not before the next Flush, so that a mail that was taken stays unread until its game is safe.
 // Delete is final. Send returns only when the next hop has accepted the mail. Every failure raises
 // MailError. A service may leave mails out of the set whose subject can't begin with the program's
 // prefix. Display names, addresses and subjects come without control characters and without "|".
@@ -51,6 +52,9 @@ class MAPIMessages {
   /// prefetched.
   virtual void Fetch() = 0;
 
+  /// True where that set left mails out that the next Fetch brings.
+  virtual bool MoreToCome() = 0;
+
   virtual int MsgCount() = 0;
 
   /// Picks the current message of the set, from 0; -1 picks the outgoing buffer.
@@ -87,6 +91,9 @@ class MAPIMessages {
 
   /// Sends the outgoing buffer without showing anything.
   virtual void Send() = 0;
+
+  /// Whether mail from this address comes from the user himself.
+  virtual bool IsOwnAddress(const std::string& address) = 0;
 
   /// Title of the address book.
   virtual void AddressCaption(const std::string& caption) = 0;

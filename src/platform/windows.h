@@ -8,6 +8,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -26,6 +27,30 @@ struct NewMove {
 };
 
 enum class NotifyChoice { Play = 1, GameList = 2, Later = 3, Next = 4 };
+
+/// A mail that was set aside instead of being taken, as the user is asked about it.
+struct HeldMailQuestion {
+  /// Where two lists of moves stand side by side.
+  struct MoveRow {
+    int number = 0;
+    std::string stored;    ///< the move as it stands in the user's own copy; blank where none does
+    std::string received;  ///< as the mail has it; blank where it has none
+    bool differs = false;  ///< the same number, another move
+  };
+
+  std::string senderName;
+  std::string senderAddress;
+  std::string gameName;
+  std::string opponent;         ///< of the stored game: his name, blank for a game that is new
+  std::string opponentAddress;  ///< where the stored game's moves go; may be blank
+  std::string why;              ///< one or two sentences: why it wasn't taken
+  std::string whatFor;          ///< one sentence: what would change if it were
+  std::vector<MoveRow> moves;   ///< all of both lists, by number
+  std::string acceptCaption;    ///< such as "He has a new address"
+  std::string refuseCaption;    ///< such as "Not he"
+};
+
+enum class HeldMailChoice { Accept, Refuse, Later };
 
 class Windows {
  public:
@@ -66,6 +91,9 @@ class Windows {
 
   /// The dialog about a new move, modal and in front.
   virtual NotifyChoice AskAboutNewMove(const NewMove& move) = 0;
+
+  /// The dialog about a mail that was set aside, modal and in front. Closing it is Later.
+  virtual HeldMailChoice AskAboutHeldMail(const HeldMailQuestion& question) = 0;
 
   /// Closes every open window, in the order of their slots, and forgets them.
   virtual void CloseAll() = 0;

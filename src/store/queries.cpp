@@ -68,9 +68,10 @@ std::string GameFileStamp() {
   }
 }
 
-std::int32_t NextGameID() {
+std::optional<std::int32_t> NextGameID() {
   GameRecords games;
-  if (!SelectGames(games, "", "Game_ID;A") || games.empty()) return 1;
+  if (!SelectGames(games, "", "Game_ID;A")) return std::nullopt;
+  if (games.empty()) return 1;
   const std::int32_t last = games.back().GAME_ID;
   if (last < std::numeric_limits<std::int32_t>::max()) return last + 1;
   // Behind the greatest number there is none: the first gap, so that no game is overwritten.

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "store/game_record.h"
@@ -27,8 +28,9 @@ bool SelectMoves(MoveRecords& moves, std::int32_t gameID);
 /// another; empty where there is none, or it can't be reached.
 std::string GameFileStamp();
 
-/// The greatest GAME_ID plus 1; 1 without games and where the file can't be read.
-std::int32_t NextGameID();
+/// The greatest GAME_ID plus 1; 1 without games. Nothing where the file can't be read: a number
+/// that wasn't worked out from the games could be one of theirs.
+std::optional<std::int32_t> NextGameID();
 
 /// Whether one record fits a selection. Raises std::invalid_argument where a value isn't of its
 /// key's type.

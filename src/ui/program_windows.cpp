@@ -180,6 +180,10 @@ platform::NotifyChoice ProgramWindows::AskAboutNewMove(const platform::NewMove& 
   return ui::AskAboutNewMove(move);
 }
 
+platform::HeldMailChoice ProgramWindows::AskAboutHeldMail(const platform::HeldMailQuestion&) {
+  return platform::HeldMailChoice::Later;
+}
+
 void ProgramWindows::CloseAll() {
   for (const char* slot : slots_) {
     for (QWidget* window : QApplication::topLevelWidgets()) {

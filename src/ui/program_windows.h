@@ -41,6 +41,7 @@ class ProgramWindows : public QObject, public platform::Windows {
   bool AskNewGame() override;
   void HideNewGame() override;
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
+  platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   void CloseAll() override;
 
   /// When the board closes that took the place of the list.

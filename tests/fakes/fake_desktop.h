@@ -48,8 +48,10 @@ class RecordingSounds : public platform::Sounds {
 class StandingClock : public platform::Clock {
  public:
   platform::LocalTime Now() override { return now; }
+  std::int64_t Seconds() override { return seconds; }
 
   platform::LocalTime now{2026, 3, 9, 8, 5};
+  std::int64_t seconds = 1773043500;  ///< the same moment in UTC
 };
 
 /// Runs posted work on the spot and waits without an event loop.

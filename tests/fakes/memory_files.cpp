@@ -49,16 +49,24 @@ std::vector<std::string> MemoryFiles::List(const std::string& folder) {
   return names;
 }
 
-std::unique_ptr<platform::HeldLock> MemoryFiles::Lock(const std::string& path) {
+std::unique_ptr<platform::HeldLock> MemoryFiles::TryLock(const std::string& path) {
   struct Held : platform::HeldLock {
-    explicit Held(bool& flag) : locked(flag) { locked = true; }
-    ~Held() override { locked = false; }
+    Held(std::set<std::string>& all, const std::string& path)
+        : locked(all), place(all.insert(path).first) {}
+    ~Held() override { locked.erase(place); }
     Held(const Held&) = delete;
     Held& operator=(const Held&) = delete;
-    bool& locked;
+    std::set<std::string>& locked;
+    std::set<std::string>::iterator place;
   };
-  if (locked) throw platform::FileError("locked: " + path);
-  return std::make_unique<Held>(locked);
+  if (locked.contains(path)) return nullptr;
+  return std::make_unique<Held>(locked, path);
+}
+
+std::unique_ptr<platform::HeldLock> MemoryFiles::Lock(const std::string& path) {
+  auto lock = TryLock(path);
+  if (!lock) throw platform::FileError("locked: " + path);
+  return lock;
 }
 
 }  // namespace fakes

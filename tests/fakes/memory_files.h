@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,13 +24,15 @@ class MemoryFiles : public platform::Files {
   void Remove(const std::string& path) override;
   std::vector<std::string> List(const std::string& folder) override;
   std::unique_ptr<platform::HeldLock> Lock(const std::string& path) override;
+  std::unique_ptr<platform::HeldLock> TryLock(const std::string& path) override;
+  void MakeFolder(const std::string&) override {}
 
   /// Lets the operation with this number fail, counting from 1 from now on (Exists isn't counted).
   /// A failing Write leaves the first half of its text, as a full disk does.
   void FailOperation(int number);
 
   std::map<std::string, std::string> content;
-  bool locked = false;
+  std::set<std::string> locked;         ///< paths of the locks that are held, by whomever
   std::vector<std::string> operations;  ///< such as "write /program/Data/tvgdb.new"
 
  private:

@@ -35,6 +35,7 @@ class MemoryMail {
 
   std::vector<InboxMail> inbox;
   std::vector<SentMail> sent;
+  std::string ownAddress = "me@example.org";
   std::vector<platform::Recipient> people;  ///< whom the address book knows
   std::vector<platform::Recipient> picked;  ///< in the address book, where it is shown
   std::set<std::string> failing;            ///< names of the members that raise
@@ -69,6 +70,7 @@ class MemoryMail {
     void Prefetch(std::function<void()> ready) override;
     bool Prefetched() override { return mail_.prefetched; }
     void Fetch() override;
+    bool MoreToCome() override { return false; }
     int MsgCount() override { return static_cast<int>(set_.size()); }
     void MsgIndex(int index) override { index_ = index; }
     std::string MsgSubject() override;
@@ -89,6 +91,7 @@ class MemoryMail {
     void Flush() override { mail_.Called("Flush"); }
     void FlushLater() override { mail_.calls.emplace_back("FlushLater"); }
     void Send() override;
+    bool IsOwnAddress(const std::string& address) override { return address == mail_.ownAddress; }
     void AddressCaption(const std::string& caption) override {
       mail_.Called("AddressCaption " + caption);
     }

@@ -53,6 +53,15 @@ void RecordingWindows::OpenBoard(bool toFront) {
   }
 }
 
+platform::HeldMailChoice RecordingWindows::AskAboutHeldMail(
+    const platform::HeldMailQuestion& question) {
+  heldQuestions.push_back(question);
+  if (heldChoices.empty()) return platform::HeldMailChoice::Later;
+  const platform::HeldMailChoice choice = heldChoices.front();
+  heldChoices.pop_front();
+  return choice;
+}
+
 platform::NotifyChoice RecordingWindows::AskAboutNewMove(const platform::NewMove& move) {
   Did("notify " + move.OpName + "/" + move.GameName + "/" + move.MoveComment +
       (move.isLast ? "/last" : ""));

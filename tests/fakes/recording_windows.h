@@ -36,15 +36,18 @@ class RecordingWindows : public platform::Windows {
   bool AskNewGame() override { return Did("ask new game"); }
   void HideNewGame() override { Did("hide new game"); }
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
+  platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   void CloseAll() override { Did("close all"); }
 
   std::set<std::string> refusing;  ///< entries of the log that answer false, or do nothing
   std::set<std::string> lacking;   ///< entries that raise WindowError
   std::set<std::string> failing;   ///< entries that raise another error
-  std::deque<platform::NotifyChoice> choices;  ///< for the next new moves, in order
-  std::optional<std::int32_t> selected;        ///< row of the game list
-  std::function<void()> duringQuestion;        ///< while the user is asked about a new move
-  std::function<void()> gameListClosed;        ///< the close handler
+  std::deque<platform::NotifyChoice> choices;             ///< for the next new moves, in order
+  std::deque<platform::HeldMailChoice> heldChoices;       ///< likewise for mails set aside
+  std::vector<platform::HeldMailQuestion> heldQuestions;  ///< that were asked
+  std::optional<std::int32_t> selected;                   ///< row of the game list
+  std::function<void()> duringQuestion;  ///< while the user is asked about a new move
+  std::function<void()> gameListClosed;  ///< the close handler
 
  private:
   bool Did(const std::string& entry);

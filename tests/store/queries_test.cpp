@@ -69,6 +69,8 @@ TEST_F(QueriesTest, TheNextGameIDIsBehindTheGreatest) {
   EXPECT_EQ(NextGameID(), 6);
   SetGameFile(file(3, 2147483647, 1));
   EXPECT_EQ(NextGameID(), 2) << "no number is left behind, and none in use may be given";
+  desktop.files.FailOperation(1);
+  EXPECT_EQ(NextGameID(), std::nullopt) << "without a reading there is no number";
 }
 
 // The games found as text: GAME_IDs in order, or that the query failed.

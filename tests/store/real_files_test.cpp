@@ -87,7 +87,7 @@ TEST_F(RealFilesTest, ProcessesThatSaveAtTheSameTimeLoseNothing) {
   const auto foundGames = [] {
     for (int i = 0; i < gamesEach; ++i) {
       const DatabaseLock lock;
-      GameRecord game = Game(NextGameID());
+      GameRecord game = Game(NextGameID().value());
       if (!SaveGame(game, Moves('p', 1, 1))) return 1;
     }
     return 0;

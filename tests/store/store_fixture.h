@@ -93,6 +93,10 @@ class AccidentFiles : public platform::Files {
   std::unique_ptr<platform::HeldLock> Lock(const std::string& path) override {
     return files_.Lock(path);
   }
+  std::unique_ptr<platform::HeldLock> TryLock(const std::string& path) override {
+    return files_.TryLock(path);
+  }
+  void MakeFolder(const std::string& path) override { files_.MakeFolder(path); }
 
   bool happened = false;
 

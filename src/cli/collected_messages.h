@@ -15,7 +15,7 @@ class CollectedMessages : public platform::MessageBoxes {
  public:
   bool Ask(const platform::Message& message) override {
     messages_.push_back(message);
-    return message.cancelCaption.empty();
+    return message.cancelCaption.empty() || message.escapeIsOk;
   }
   void ShowStatus(const std::string&) override {}
   void HideStatus() override {}

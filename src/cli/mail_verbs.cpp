@@ -28,6 +28,17 @@ auto WithoutLogonGuard(const Work& work) {
   return work();
 }
 
+/// Nothing of a mail that the user has refused for good.
+void PrintHeld(const mail::MoveArrival& arrival) {
+  if (arrival.held.empty()) return;
+  JsonObject()
+      .Add("held", arrival.held)
+      .Add("game", arrival.gameID)
+      .Add("from", arrival.from)
+      .Add("why", mail::NameOf(arrival.why))
+      .Print();
+}
+
 }  // namespace
 
 void LogOn() {
@@ -109,6 +120,10 @@ bool Retrieve(const Call& call) {
       WithoutLogonGuard([all] { return mail::LogonAndCollect(false, true, all); });
   bool allOk = !platform::Process().Offline;
   for (const mail::MoveArrival& arrival : arrivals) {
+    if (arrival.why != mail::Objection::None) {
+      PrintHeld(arrival);
+      continue;
+    }
     JsonObject()
         .Add("game", arrival.gameID)
         .Add("changed", arrival.changed)

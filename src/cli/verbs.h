@@ -55,6 +55,11 @@ bool Export(const Call& call);
 bool Send(const Call& call);
 bool Retrieve(const Call& call);
 
+// Mails that were set aside.
+bool MailHeld(const Call& call);
+bool MailAccept(const Call& call);
+bool MailRefuse(const Call& call);
+
 // The mail account.
 bool ShowAccount(const Call& call);
 bool SetAccount(const Call& call);

@@ -244,6 +244,8 @@ Mailbox& MailService::MadeRecipient() {
   return Recipient();
 }
 
+void MailService::LeaveUnread() {}
+
 void MailService::Delete() {
   const std::string id = Current().id;
   RequireSession();

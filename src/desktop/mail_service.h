@@ -79,6 +79,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   std::string RecipDisplayName() override { return Recipient().name; }
   void RecipDisplayName(const std::string& name) override { MadeRecipient().name = name; }
   void RecipType(int) override {}  // there are no others than "to"
+  void LeaveUnread() override;
   void Delete() override;
   void DeleteRecipient() override;
   void Flush() override;

@@ -12,7 +12,7 @@
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
-#include "platform/text_fields.h"
+#include "platform/whole_file.h"
 #include "store/database_lock.h"
 #include "store/saving.h"
 
@@ -25,9 +25,8 @@ constexpr const char* nameSuffix = ".txt";
 /// What the file is called while it is written, out of sight of a program that waits for it.
 constexpr const char* unfinishedName = "Cmove.new";
 
-/// A file has no sender. The address reaches nobody; the opponent's next mail puts it right.
+/// A file has no sender.
 constexpr const char* unknownName = "Unknown";
-constexpr const char* unknownAddress = "unknown@tarvolenix.invalid";
 
 platform::Files& Files() { return *platform::TheDesktop().files; }
 
@@ -38,33 +37,12 @@ std::string FirstFreeName() {
   }
 }
 
-/// Raises std::exception; nothing of the file then remains.
-void WriteWhole(const std::string& path, const std::string& content) {
-  const std::string unfinished = platform::Process().DataPath + unfinishedName;
-  try {
-    Files().Write(unfinished, content);
-    Files().Rename(unfinished, path);
-  } catch (const std::exception&) {
-    try {
-      if (Files().Exists(unfinished)) Files().Remove(unfinished);
-    } catch (const std::exception&) {
-      // The next export replaces it.
-    }
-    throw;
-  }
-}
-
-/// White's name in a game that the text founds.
-std::string WhiteNameIn(const std::string& moveText) {
-  return platform::ReturnValue(std::string(platform::GetField(moveText, 6, '|')), unknownName);
-}
-
 /// What was read from one file; tells how it went by `arrival`.
 void ImportText(const std::string& content, bool userPicks, MoveArrival& arrival) {
   const std::string text = ExtractMoveText(content);
   platform::Process().NewMoveArrived = false;
-  if (!PassesFormCheck(text, userPicks, arrival)) return;
-  SaveReceivedGame(text, {unknownName, unknownAddress, WhiteNameIn(text)}, arrival);
+  if (!ValidateMoveText(text, userPicks, &arrival.stage)) return;
+  TakeClaim(ReadClaim(text), {unknownName, unknownAddress, arrival.from, content, true}, arrival);
 }
 
 void ReportReadError(bool userPicks) {
@@ -88,7 +66,8 @@ bool TakeFiles(const std::vector<std::string>& paths, bool userPicks,
       const std::string content = Files().Read(path);
       opened = true;
       ImportText(content, userPicks, arrival);
-      if (arrival.ok && !userPicks) Files().Remove(path);
+      const bool isKept = arrival.ok || !arrival.held.empty();
+      if (isKept && !userPicks) Files().Remove(path);
     }
     return true;
   } catch (const StoreFailure&) {
@@ -135,8 +114,9 @@ bool ExportMoveFile(std::int32_t gameID, std::string* fileName) {
     const store::DatabaseLock lock;
     const OutgoingGame game = LoadOutgoingGame(gameID);
     const std::string name = FirstFreeName();
-    WriteWhole(platform::Process().DataPath + name,
-               BuildMailBody(game.record, game.moves) + "\r\n");
+    platform::ReplaceFile(platform::Process().DataPath + name,
+                          BuildMailBody(game.record, game.moves) + "\r\n",
+                          platform::Process().DataPath + unfinishedName);
     if (fileName) *fileName = name;
   } catch (const std::exception&) {
     ReportTransmissionError();

@@ -160,32 +160,45 @@ int CheckMoveText(string_view text) {
   return 0;
 }
 
-bool ValidateMoveText(string_view text, bool fromFile) {
-  try {
-    const int stage = CheckMoveText(text);
-    if (stage == 0) {
-      RequireStorableNumbers(text);
-      return true;
-    }
-    const std::string found =
-        fromFile ? "The file you selected failed validation."
-                 : "Tarvolenix found what appeared to be a chess move email, but which failed "
-                   "validation.";
-    platform::ShowMessage(platform::MailIcon, "Message retrival error",
-                          found +
-                              "||If it is a corrupt chess move email, get your opponent to re-send "
-                              "there last move.  Validation progress : " +
-                              std::to_string(stage) + ".",
-                          "OK", {}, false, platform::AttentionSound);
-  } catch (const std::exception&) {
-    platform::ShowMessage(
-        platform::MailIcon, "Move email validation error",
-        fromFile ? "An error occured while trying to validate the contents of the file you "
-                   "selected for import.  Please ensure this file is a valid Tarvolenix chess move."
-                 : "An error occured while trying to validate the contents of what Tarvolenix "
-                   "assumed was a chess move email.",
-        "OK", {}, false, platform::AttentionSound);
+int StageOfForm(string_view text) {
+  const int stage = CheckMoveText(text);
+  if (stage == 0) RequireStorableNumbers(text);
+  return stage;
+}
+
+std::string BadFormTitle(int stage) {
+  return stage == 0 ? "Move email validation error" : "Message retrival error";
+}
+
+std::string BadFormText(int stage, bool fromFile) {
+  if (stage == 0) {
+    return fromFile ? "An error occured while trying to validate the contents of the file you "
+                      "selected for import.  Please ensure this file is a valid Tarvolenix chess "
+                      "move."
+                    : "An error occured while trying to validate the contents of what Tarvolenix "
+                      "assumed was a chess move email.";
   }
+  const std::string found =
+      fromFile ? "The file you selected failed validation."
+               : "Tarvolenix found what appeared to be a chess move email, but which failed "
+                 "validation.";
+  return found +
+         "||If it is a corrupt chess move email, get your opponent to re-send there last move.  "
+         "Validation progress : " +
+         std::to_string(stage) + ".";
+}
+
+bool ValidateMoveText(string_view text, bool fromFile, int* failedStage) {
+  int stage = 0;
+  try {
+    stage = StageOfForm(text);
+    if (stage == 0) return true;
+  } catch (const std::exception&) {
+    // of good form, and yet no text that can be taken: told as stage 0
+  }
+  if (failedStage) *failedStage = stage;
+  platform::ShowMessage(platform::MailIcon, BadFormTitle(stage), BadFormText(stage, fromFile), "OK",
+                        {}, false, platform::AttentionSound);
   return false;
 }
 

@@ -16,8 +16,15 @@ std::string ExtractMoveText(std::string_view body);
 /// 0 for a move text of good form, else the stage of the check that it failed, 1 to 12. Silent.
 int CheckMoveText(std::string_view text);
 
+/// The same. Raises std::exception for a text of good form with a number that no game can hold.
+int StageOfForm(std::string_view text);
+
 /// Whether a move text has good form; reports a failure with the wording for a file that the user
-/// selected, or for a mail.
-bool ValidateMoveText(std::string_view text, bool fromFile);
+/// selected, or for a mail, and tells its stage, 0 for an unexpected one.
+bool ValidateMoveText(std::string_view text, bool fromFile, int* failedStage = nullptr);
+
+/// The words of such a report.
+std::string BadFormTitle(int stage);
+std::string BadFormText(int stage, bool fromFile);
 
 }  // namespace mail

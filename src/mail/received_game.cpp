@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/received_game.h"
 
-#include <memory>
+#include <utility>
 
-#include "mail/move_text_check.h"
-#include "platform/conversions.h"
+#include "mail/judgement.h"
 #include "platform/files.h"
 #include "platform/process_state.h"
-#include "platform/text_fields.h"
 #include "store/database_lock.h"
 #include "store/queries.h"
 #include "store/saving.h"
@@ -15,104 +13,132 @@
 namespace mail {
 namespace {
 
-using platform::FieldWalk;
-
-/// The fields in front of the moves, in their order, as views into the text.
-struct GameFields {
-  std::string_view receiversID, sendersID, dateStamp, name, date, whiteName, blackName,
-      receiverIsHost, startBoard;
-};
-
-GameFields NextGameFields(FieldWalk& fields) {
-  // Members of a braced list are initialised from the first to the last.
-  return {fields.Next(), fields.Next(), fields.Next(), fields.Next(), fields.Next(),
-          fields.Next(), fields.Next(), fields.Next(), fields.Next()};
-}
-
-/// Raises std::exception where the number doesn't fit.
-std::int32_t Number(std::string_view field) { return platform::ToInteger32(field).value(); }
-
-store::GameRecords Select(std::string_view key, std::string_view id, std::string_view dateStamp) {
-  std::string selection(key);
-  selection.append(";").append(id.empty() ? "0" : id);
-  selection.append(";Game_DateStamp;").append(dateStamp);
-  store::GameRecords games;
-  if (!store::SelectGames(games, selection)) throw StoreFailure("the games can't be read");
-  return games;
-}
-
-/// By our own number of the game, which the sender knows since our first mail, else by his.
-std::optional<store::GameRecord> FindGame(const GameFields& fields) {
-  store::GameRecords games = Select("GAME_ID", fields.receiversID, fields.dateStamp);
-  if (games.empty()) games = Select("GAME_OPPONENTS_ID", fields.sendersID, fields.dateStamp);
-  if (games.empty()) return std::nullopt;
-  return games.front();
-}
-
-store::GameRecord FoundGame(const GameFields& fields, const Sender& sender) {
-  store::GameRecord game;
-  const auto number = store::NextGameID();
-  if (!number) throw StoreFailure("the games can't be read");
-  game.GAME_ID = *number;
-  game.GAME_DATESTAMP = fields.dateStamp;
-  game.GAME_NAME = fields.name;
-  game.GAME_DATE = fields.date;
-  game.GAME_WHITE_NAME = sender.whiteName;
-  game.GAME_HOST = fields.receiverIsHost == "True";
-  return game;
-}
-
-store::MoveRecords RemainingMoves(FieldWalk& fields, int count) {
-  store::MoveRecords moves(static_cast<std::size_t>(count));
-  for (store::MoveRecord& move : moves) {
-    move.MoveNumber = Number(fields.Next());
-    move.MoveCoordinates = fields.Next();
-    move.MoveText = fields.Next();
-    move.MoveComment = fields.Next();
-  }
-  return moves;
-}
-
-/// From the look for the game to its saving nobody else may found or change it.
-std::unique_ptr<store::DatabaseLock> LockGames() {
+/// From the look for the game to its saving nobody else may found or change it. What the file
+/// system refuses meanwhile is the store's failure.
+template <typename Work>
+void WithGamesLocked(const Work& work) {
   try {
-    return std::make_unique<store::DatabaseLock>();
+    const store::DatabaseLock lock;
+    work();
   } catch (const platform::FileError& error) {
     throw StoreFailure(error.what());
   }
 }
 
-}  // namespace
-
-bool PassesFormCheck(std::string_view text, bool fromFile, MoveArrival& arrival) {
-  if (ValidateMoveText(text, fromFile)) return true;
-  arrival.stage = CheckMoveText(text);
-  return false;
+/// White's name in a game that this mail founds.
+std::string WhiteName(const Claim& claim, const ReceivedMail& mail) {
+  if (!mail.isFile) return mail.name;
+  return claim.whiteName.empty() ? mail.name : claim.whiteName;
 }
 
-void SaveReceivedGame(std::string_view text, const Sender& sender, MoveArrival& arrival) {
-  const auto lock = LockGames();
-  FieldWalk walk(text, '|');
-  const GameFields fields = NextGameFields(walk);
-  const std::optional<store::GameRecord> known = FindGame(fields);
-  store::GameRecord game = known ? *known : FoundGame(fields, sender);
-  if (known && game.GAME_WHITE_NAME.empty()) game.GAME_WHITE_NAME = fields.whiteName;
-  game.GAME_OPPONENTS_NAME = sender.name;
-  game.GAME_OPPONENTS_EMAIL = sender.address;
-  game.GAME_OPPONENTS_ID = Number(fields.sendersID);
-  game.GAME_BLACK_NAME = fields.blackName;
-  game.GAME_START_BOARD = fields.startBoard;
-  const int moveCount = (platform::CountFields(text, '|') - 9) / 4;
-  const store::MoveRecords moves = RemainingMoves(walk, moveCount);
+store::GameRecord FoundedGame(const Claim& claim, const ReceivedMail& mail) {
+  const auto number = store::NextGameID();
+  if (!number) throw StoreFailure("the games can't be read");
+  store::GameRecord game;
+  game.GAME_ID = *number;
+  game.GAME_DATESTAMP = claim.dateStamp;
+  game.GAME_NAME = claim.name;
+  game.GAME_DATE = claim.date;
+  game.GAME_WHITE_NAME = WhiteName(claim, mail);
+  game.GAME_BLACK_NAME = claim.blackName;
+  game.GAME_HOST = claim.receiverIsHost;
+  game.GAME_START_BOARD = claim.startBoard;
+  return game;
+}
 
-  platform::ProcessState& process = platform::Process();
-  if (!store::SaveGame(game, moves, &process.NewMoveArrived)) {
-    throw StoreFailure("the game can't be saved");
+/// The moves of a claim, but each that is stored already as it is stored, with what was said then.
+store::MoveRecords Merged(const Claim& claim, const store::MoveRecords& stored) {
+  store::MoveRecords moves = claim.moves;
+  const std::size_t same = FirstDifference(moves, stored);
+  for (std::size_t i = 0; i < same; ++i) moves[i] = stored[i];
+  std::int32_t number = 0;
+  for (store::MoveRecord& move : moves) move.MoveNumber = ++number;
+  return moves;
+}
+
+/// Where the moves go on from a history that isn't the stored one, whose turn it is follows from
+/// their number.
+void SetStatusByTurn(store::GameRecord& game, const store::MoveRecords& moves) {
+  const bool whiteToMove = moves.size() % 2 == 0;
+  game.GAME_STATUS = whiteToMove == game.GAME_HOST ? store::MoveWaiting : store::WaitingForOpponent;
+}
+
+/// `known` is the stored game, where there is one.
+void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<StoredGame>& known,
+          bool replaces, MoveArrival& arrival) {
+  store::GameRecord game = known ? known->record : FoundedGame(claim, mail);
+  if (game.GAME_WHITE_NAME.empty()) game.GAME_WHITE_NAME = claim.whiteName;
+  game.GAME_OPPONENTS_NAME = mail.name;
+  game.GAME_OPPONENTS_EMAIL = mail.address;
+  game.GAME_OPPONENTS_ID = claim.sendersID;
+  const store::MoveRecords moves = Merged(claim, known ? known->moves : store::MoveRecords{});
+  bool changed = true;
+  bool saved = false;
+  if (known && replaces) {
+    SetStatusByTurn(game, moves);
+    saved = store::ReplaceGame(game, moves);
+  } else {
+    saved = store::SaveGame(game, moves, &changed);
   }
-  if (process.NewMoveArrived) process.PendingGames += std::to_string(game.GAME_ID) + ";";
+  if (!saved) throw StoreFailure("the game can't be saved");
+  platform::ProcessState& process = platform::Process();
+  process.NewMoveArrived = changed;
+  if (changed) process.PendingGames += std::to_string(game.GAME_ID) + ";";
   arrival.gameID = game.GAME_ID;
-  arrival.changed = process.NewMoveArrived;
+  arrival.changed = changed;
   arrival.ok = true;
+  arrival.why = Objection::None;
+  arrival.held.clear();
+}
+
+void SetAside(const ReceivedMail& mail, Objection why, std::optional<std::int32_t> gameID,
+              bool refused, MoveArrival& arrival) {
+  arrival.why = why;
+  arrival.gameID = gameID;
+  HeldMail held;
+  held.state = refused ? HeldState::Refused : HeldState::New;
+  held.why = why;
+  held.gameID = gameID;
+  held.mail = mail;
+  const auto kept = Hold(std::move(held));
+  if (!kept || kept->state == HeldState::Refused) return;
+  arrival.held = kept->id;
+  if (kept->state == HeldState::New) platform::Process().HeldMailArrived = true;
+}
+
+void TakeForGame(const Claim& claim, const ReceivedMail& mail, const StoredGame& game,
+                 MoveArrival& arrival) {
+  const MailMemory memory = LoadMailMemory();
+  const Objection objection = ObjectionTo(claim, mail, game, memory);
+  if (objection == Objection::None) return Save(claim, mail, game, false, arrival);
+  const bool refused = objection == Objection::Address &&
+                       memory.StandingOf(mail.address, game.record) == AddressStanding::Refused;
+  SetAside(mail, objection, game.record.GAME_ID, refused, arrival);
+}
+
+void TakeNewGame(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival) {
+  MailMemory memory = LoadMailMemory();
+  const auto foundings = memory.foundings;
+  const Objection objection = ObjectionToNewGame(claim, mail, memory);
+  if (objection != Objection::None) return SetAside(mail, objection, {}, false, arrival);
+  if (memory.foundings != foundings) SaveMailMemory(memory);
+  Save(claim, mail, {}, false, arrival);
+}
+
+}  // namespace
+
+void TakeClaim(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival) {
+  WithGamesLocked([&] {
+    if (const auto game = FindGame(claim, mail)) {
+      TakeForGame(claim, mail, *game, arrival);
+    } else {
+      TakeNewGame(claim, mail, arrival);
+    }
+  });
+}
+
+void SaveClaim(const Claim& claim, const ReceivedMail& mail, bool replaces, MoveArrival& arrival) {
+  WithGamesLocked([&] { Save(claim, mail, FindGame(claim, mail), replaces, arrival); });
 }
 
 }  // namespace mail

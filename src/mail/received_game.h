@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Turning a move text that came from outside into a game of the store: the same for a mail and for
-// a move file. The store decides by the move numbers whether it brings something new.
+// Turning a claim that came from outside into a game of the store: the same for a mail and for a
+// move file. The store decides by the move numbers whether it brings something new. What doesn't
+// fit is set aside, and a person decides.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <string_view>
+
+#include "mail/claim.h"
+#include "mail/held_mails.h"
 
 namespace mail {
 
@@ -18,13 +21,8 @@ struct MoveArrival {
   bool ok = false;                     ///< passed the form check and was saved
   bool changed = false;                ///< brought a new game or a new move
   int stage = 0;                       ///< of the form check that failed; 0 where it passed
-};
-
-/// Whom replies go to. A mail has a sender; a file has none.
-struct Sender {
-  std::string name;
-  std::string address;
-  std::string whiteName;  ///< White's name in a game that this text founds
+  Objection why = Objection::None;     ///< why it was set aside instead
+  std::string held;                    ///< identifier of a mail that waits for the user's answer
 };
 
 /// The store can't be read or written.
@@ -32,12 +30,15 @@ struct StoreFailure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Whether the move text has good form; reports where it hasn't, and notes the stage.
-bool PassesFormCheck(std::string_view text, bool fromFile, MoveArrival& arrival);
+/// The address of games whose opponent has none, because they came as files. It reaches nobody.
+inline constexpr const char* unknownAddress = "unknown@tarvolenix.invalid";
 
-/// Finds the game of a text of good form, or founds it, saves it, and puts it on PendingGames where
-/// it brought something new, as NewMoveArrived then says. Raises StoreFailure, or std::exception
-/// where a number of the text is out of range.
-void SaveReceivedGame(std::string_view text, const Sender& sender, MoveArrival& arrival);
+/// Finds the game of a claim, or founds it, saves it, and puts it on PendingGames where it brought
+/// something new, as NewMoveArrived then says; or sets the mail aside. Raises StoreFailure.
+void TakeClaim(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival);
+
+/// Saves what a claim brings, with no more questions: its moves take the place of the stored ones
+/// where it `replaces` them. Raises StoreFailure.
+void SaveClaim(const Claim& claim, const ReceivedMail& mail, bool replaces, MoveArrival& arrival);
 
 }  // namespace mail

@@ -2,8 +2,12 @@
 #include "mail/retrieval.h"
 
 #include <exception>
+#include <optional>
 #include <string>
+#include <utility>
 
+#include "mail/bad_mails.h"
+#include "mail/claim.h"
 #include "mail/move_mail.h"
 #include "mail/move_text_check.h"
 #include "mail/status_popup.h"
@@ -39,28 +43,67 @@ std::string AddressIfKnown() {
   }
 }
 
-/// Saves and deletes the current message. False where its form is bad: it then stays.
-bool TakeCurrentMail(MoveArrival& arrival) {
-  const std::string text = ExtractMoveText(Messages().MsgNoteText());
-  if (!PassesFormCheck(text, false, arrival)) {
-    arrival.from = AddressIfKnown();
-    return false;
-  }
-  const std::string name = Messages().MsgOrigDisplayName();
-  arrival.from = Messages().MsgOrigAddress();
-  SaveReceivedGame(text, {name, arrival.from, name}, arrival);
-  Messages().Delete();
-  return true;
+/// What a retrieval has met so far.
+struct Findings {
+  std::vector<MoveArrival> arrivals;
+  std::vector<BadMail> badMails;
+};
+
+/// A mail whose form is bad. The service may not be able to say who sent it.
+void NoteBadMail(const std::string& text, int stage, Findings& findings) {
+  ReceivedMail mail{{}, AddressIfKnown(), {}, text};
+  findings.arrivals.back().from = mail.address;
+  findings.arrivals.back().stage = stage;
+  findings.badMails.push_back({IdentifierOf(mail), mail.address, stage});
 }
 
-void WalkInbox(std::vector<MoveArrival>& arrivals) {
+/// Nothing where the form of the current message is bad, which is noted then.
+std::optional<Claim> ClaimOf(const std::string& text, Findings& findings) {
+  int stage = 0;
+  try {
+    const std::string moveText = ExtractMoveText(text);
+    stage = StageOfForm(moveText);
+    if (stage == 0) return ReadClaim(moveText);
+  } catch (const std::exception&) {
+    // of good form, but with a number that no game can hold
+  }
+  NoteBadMail(text, stage, findings);
+  return std::nullopt;
+}
+
+/// Takes the current message; a game's own mail is deleted once the game is safe. False where the
+/// message stays: bad ones, and those set aside.
+bool TakeCurrentMail(Findings& findings) {
+  MoveArrival& arrival = findings.arrivals.emplace_back();
+  const std::string text = Messages().MsgNoteText();
+  const auto claim = ClaimOf(text, findings);
+  if (!claim) return false;
+  const ReceivedMail mail{Messages().MsgOrigDisplayName(), Messages().MsgOrigAddress(),
+                          Messages().MsgSubject(), text};
+  arrival.from = mail.address;
+  try {
+    TakeClaim(*claim, mail, arrival);
+  } catch (const StoreFailure&) {
+    Messages().LeaveUnread();
+    throw;
+  }
+  if (arrival.ok) Messages().Delete();
+  return arrival.ok;
+}
+
+/// A mail that the user sent himself and that came back to him is no move for him.
+bool IsMoveMail() {
+  return Messages().MsgSubject().starts_with(subjectPrefix) &&
+         !Messages().IsOwnAddress(AddressIfKnown());
+}
+
+void WalkInbox(Findings& findings) {
   int index = 1;
   // The user may have ended the program over the report of a mail.
   while (!platform::Process().Stopping && index <= Messages().MsgCount()) {
     Messages().MsgIndex(index - 1);
-    const bool isMoveMail = Messages().MsgSubject().starts_with(subjectPrefix);
     // A deleted message leaves its index to the next one.
-    if (!isMoveMail || !TakeCurrentMail(arrivals.emplace_back())) ++index;
+    if (!IsMoveMail() || !TakeCurrentMail(findings)) ++index;
   }
 }
 
@@ -90,19 +133,40 @@ void ReportNetworkError(const std::string& what) {
       platform::FailureSound);
 }
 
+/// The mail that couldn't be saved is met again by each tick, which tries it anew and says so once.
+void ReportSaveFailure(bool isTick) {
+  if (isTick && std::exchange(platform::Process().SaveFailureTold, true)) return;
+  ReportNetworkError("An error occured trying to save the game information to the database.");
+}
+
 /// False where a failure was reported.
-bool TakeMoveMails(std::vector<MoveArrival>& arrivals, bool isTick) {
+bool TakeMoveMails(Findings& findings, bool isTick) {
   try {
-    WalkInbox(arrivals);
+    WalkInbox(findings);
     Flush(isTick);
+    platform::Process().SaveFailureTold = false;
     return true;
   } catch (const StoreFailure&) {
     FlushQuietly(isTick);
-    ReportNetworkError("An error occured trying to save the game information to the database.");
+    ReportSaveFailure(isTick);
   } catch (const std::exception&) {
     FlushQuietly(isTick);
     ReportNetworkError(
         "An error occured trying to retrieve some or all of the game information from your Inbox.");
+  }
+  return false;
+}
+
+/// The mails of the look that was taken, and those of further ones until all have been seen; a tick
+/// leaves these to the next one. False where a failure ended it.
+bool TakeAll(bool fetchAll, bool isTick, const StatusPopup& popup, Findings& findings) {
+  while (TakeMoveMails(findings, isTick)) {
+    if (isTick || platform::Process().Stopping || !Messages().MoreToCome()) return true;
+    popup.Show("Retrieving games... There are more mails.");
+    if (!FetchInbox(fetchAll)) {
+      platform::Process().Offline = true;
+      return false;
+    }
   }
   return false;
 }
@@ -114,18 +178,20 @@ std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
   const StatusPopup popup(showStatus);
   popup.Show("Retrieving games...");
   platform::ProcessState& process = platform::Process();
-  std::vector<MoveArrival> arrivals;
   if (!FetchInbox(fetchAll)) {
     process.Offline = true;
-    return arrivals;
+    return {};
   }
   process.PendingGames.clear();
   process.NewMoveArrived = false;
-  const bool isTick = !showStatus && !fetchAll;
-  if (!TakeMoveMails(arrivals, isTick)) return arrivals;
-  store::BackupDatabase();
-  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
-  return arrivals;
+  Findings findings;
+  const bool ranThrough = TakeAll(fetchAll, !showStatus && !fetchAll, popup, findings);
+  TellOfBadMails(findings.badMails, showStatus);
+  if (ranThrough) {
+    store::BackupDatabase();
+    platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  }
+  return std::move(findings.arrivals);
 }
 
 }  // namespace mail

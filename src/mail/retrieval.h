@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Turning the Inbox into games. A move mail that was saved is deleted; one that fails its check
-// stays, and all other mail is left alone, unread as it was.
+// Turning the Inbox into games. A move mail that was saved is deleted; one that fails its check or
+// was set aside stays, marked as read; all other mail is left alone, unread as it was.
 #pragma once
 
 #include <vector>

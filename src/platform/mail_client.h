@@ -78,6 +78,9 @@ class MAPIMessages {
   virtual void RecipDisplayName(const std::string& name) = 0;
   virtual void RecipType(int type) = 0;  ///< 1 is a "to" recipient
 
+  /// The current message stays as unread as it was, though its text was read.
+  virtual void LeaveUnread() = 0;
+
   /// Deletes the current message from the Inbox and from the set: the following ones move down by
   /// one.
   virtual void Delete() = 0;

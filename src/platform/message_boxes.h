@@ -14,6 +14,7 @@ struct Message {
   std::string okCaption;
   std::string cancelCaption;  ///< empty: one button only
   int timeoutTicks = 0;       ///< 30-second ticks until it answers Cancel for itself; 0 never
+  bool escapeIsOk = false;    ///< the second button is an extra: Escape means the first one
 };
 
 enum class PlainIcon { Warning, Stop };

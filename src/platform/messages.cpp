@@ -2,6 +2,7 @@
 #include "platform/messages.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/conversions.h"
 #include "platform/desktop.h"
@@ -10,16 +11,31 @@
 #include "platform/setting_variables.h"
 
 namespace platform {
+namespace {
+
+bool Ask(Message message, std::optional<int> sound) {
+  const PollingHold hold;
+  std::replace(message.text.begin(), message.text.end(), '|', '\n');
+  if (sound) PlayNumberedSound(*sound);
+  return TheDesktop().messageBoxes->Ask(message);
+}
+
+}  // namespace
 
 bool ShowMessage(int icon, const std::string& title, const std::string& text,
                  const std::string& okCaption, const std::string& cancelCaption, bool useTimeout,
                  std::optional<int> sound) {
-  const PollingHold hold;
-  Message message{icon, title, text, okCaption, cancelCaption, 0};
-  std::replace(message.text.begin(), message.text.end(), '|', '\n');
+  Message message{icon, title, text, okCaption, cancelCaption};
   if (useTimeout) message.timeoutTicks = std::max(0, Settings().NotificationTimeout);
-  if (sound) PlayNumberedSound(*sound);
-  return TheDesktop().messageBoxes->Ask(message);
+  return Ask(std::move(message), sound);
+}
+
+bool AskWithExtra(int icon, const std::string& title, const std::string& text,
+                  const std::string& okCaption, const std::string& extraCaption,
+                  std::optional<int> sound) {
+  Message message{icon, title, text, okCaption, extraCaption};
+  message.escapeIsOk = true;
+  return Ask(std::move(message), sound);
 }
 
 void VerboseMessage(const std::string& text, const std::string& title, int sound) {

@@ -29,6 +29,11 @@ bool ShowMessage(int icon, const std::string& title, const std::string& text,
                  const std::string& okCaption, const std::string& cancelCaption = {},
                  bool useTimeout = false, std::optional<int> sound = {});
 
+/// The same with a second button for something beyond OK, which Escape doesn't choose. True for OK.
+bool AskWithExtra(int icon, const std::string& title, const std::string& text,
+                  const std::string& okCaption, const std::string& extraCaption,
+                  std::optional<int> sound = {});
+
 /// A message that only an interested user wants: shown with the setting `Verbose`, else only heard.
 void VerboseMessage(const std::string& text, const std::string& title, int sound);
 

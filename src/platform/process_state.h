@@ -39,6 +39,8 @@ struct ProcessState {
   bool BoardOpen = false;
   bool TrayMenuOpen = false;            ///< a menu of the hidden window is on the screen
   bool NewMoveArrived = false;          ///< at least one move waits for notification
+  bool HeldMailArrived = false;         ///< a mail was set aside that the user wasn't asked about
+  bool SaveFailureTold = false;         ///< a tick couldn't save, and the user has heard of it
   bool ComputerGame = false;            ///< the open game is played against the computer
   bool SetupGame = false;               ///< the game about to open begins in board setup
   bool BoardSetupMode = false;          ///< the board window is in setup mode now

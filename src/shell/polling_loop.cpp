@@ -13,6 +13,7 @@
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "shell/held_mail_questions.h"
 #include "shell/notification.h"
 #include "shell/tray_status.h"
 #include "store/queries.h"
@@ -51,6 +52,7 @@ void FinishTick() {
   RefillGameList();
   UpdateTrayStatus(TrayOperation::Modify);
   NotifyNewMoves();
+  if (!Process().BoardOpen) AskAboutHeldMails(HeldMails::New);
 }
 
 /// 0 where there is no session.
@@ -116,6 +118,8 @@ void RetrieveByHand() {
   LogonAndRetrieve();
   NotifyNewMoves();
   if (Process().BoardOpen) return;  // the user plays the new move: polling is the board's now
+  AskAboutHeldMails(HeldMails::New);
+  if (Process().BoardOpen) return;
   platform::SetCheckTimer(true);
   Process().CheckTimerHeld = false;
 }

@@ -15,6 +15,7 @@
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
+#include "shell/held_mail_questions.h"
 #include "shell/notification.h"
 #include "shell/playing.h"
 #include "shell/settings.h"
@@ -115,6 +116,10 @@ void BecomeIdle() {
   platform::SetCheckTimer(true);
   Process().CheckTimerHeld = false;
   NotifyNewMoves();
+  if (!Process().BoardOpen) {
+    Process().HeldMailArrived = true;  // perhaps in a run that ended before he was asked
+    AskAboutHeldMails(HeldMails::New);
+  }
   platform::CallHook(platform::TheDesktop().hooks.handedOver);
 }
 

@@ -119,6 +119,16 @@ bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed) {
   });
 }
 
+bool ReplaceGame(const GameRecord& record, const MoveRecords& moves) {
+  return ChangeGameFile([&](std::string_view content) {
+    std::string saved;
+    CopyOtherGames(content, record.GAME_ID, saved);
+    AppendGame(saved, record);
+    for (const MoveRecord& move : moves) AppendMove(saved, move);
+    return saved.append(lineEnd);
+  });
+}
+
 bool RemoveGame(std::int32_t gameID) {
   try {
     if (!Files().Exists(GameFilePath())) return true;

@@ -18,6 +18,10 @@ namespace store {
 /// GAME_STATUS of `record` to 1. False on failure, without a message.
 bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed = nullptr);
 
+/// Stores a game with these moves in place of those that are stored, whatever they are. For what a
+/// person has decided only.
+bool ReplaceGame(const GameRecord& record, const MoveRecords& moves);
+
 /// True also where the game wasn't there.
 bool RemoveGame(std::int32_t gameID);
 

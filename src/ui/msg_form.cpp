@@ -63,16 +63,16 @@ void SizeText(PlainTextView* view, const QScreen* screen) {
 
 MsgForm::MsgForm(const platform::Message& message, QWidget* parent)
     : QDialog(parent),
-      offersCancel_(!message.cancelCaption.empty()),
+      escapeCancels_(!message.cancelCaption.empty() && !message.escapeIsOk),
       ticksLeft_(message.timeoutTicks),
       picture_(NewPicture(message.icon, this)),
       caption_(NewText(u"FormCaption"_s, Shown(message.title), true, this)),
       text_(NewText(u"Message"_s, Shown(message.text), false, this)) {
   setObjectName(u"MsgForm"_s);
   setWindowTitle(u"Tarvolenix"_s);
-  if (offersCancel_) {
+  if (!message.cancelCaption.empty()) {
     cancel_ = NewButton(*this, {"CancelButton", "CancelButtonS"}, Shown(message.cancelCaption));
-    connect(cancel_, &QAbstractButton::clicked, this, &QDialog::reject);
+    connect(cancel_, &QAbstractButton::clicked, this, [this] { done(Rejected); });
   }
   ok_ = NewButton(*this, {"OkButton", "OKButtonS"}, Shown(message.okCaption));
   connect(ok_, &QAbstractButton::clicked, this, &QDialog::accept);
@@ -139,7 +139,7 @@ void MsgForm::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void MsgForm::reject() { done(offersCancel_ ? Rejected : Accepted); }
+void MsgForm::reject() { done(escapeCancels_ ? Rejected : Accepted); }
 
 void MsgForm::Tick() {
   if (--ticksLeft_ == 0) done(Rejected);

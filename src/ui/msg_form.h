@@ -20,7 +20,7 @@ class MsgForm : public QDialog {
  public:
   explicit MsgForm(const platform::Message& message, QWidget* parent = nullptr);
 
-  /// Escape and the window's close: Cancel where it is offered, else OK.
+  /// Escape and the window's close: Cancel where it is offered as such, else OK.
   void reject() override;
 
  public Q_SLOTS:
@@ -34,7 +34,7 @@ class MsgForm : public QDialog {
   void SetSimpleUI();
   void ArrangeSkinned();
 
-  bool offersCancel_;
+  bool escapeCancels_;
   int ticksLeft_;
   QLabel* picture_;
   PlainTextView* caption_;

@@ -13,7 +13,12 @@ namespace fakes {
 
 class MemoryFiles : public platform::Files {
  public:
-  bool Exists(const std::string& path) override { return content.contains(path); }
+  /// A folder, whose path ends in "/", is there with its first file.
+  bool Exists(const std::string& path) override {
+    const auto found = content.lower_bound(path);
+    return found != content.end() &&
+           (found->first == path || (path.ends_with('/') && found->first.starts_with(path)));
+  }
   std::string Read(const std::string& path) override;
   /// The content itself: it needs no clock.
   std::string Stamp(const std::string& path) override {

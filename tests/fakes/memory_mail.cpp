@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fakes/memory_mail.h"
 
+#include <utility>
+
 namespace fakes {
 
 using platform::MailError;
@@ -70,7 +72,7 @@ std::string MemoryMail::Messages::MsgSubject() {
 
 std::string MemoryMail::Messages::MsgNoteText() {
   mail_.Called("MsgNoteText");
-  Current().read = true;
+  wasRead_ = std::exchange(Current().read, true);
   return Current().text;
 }
 

@@ -86,6 +86,7 @@ class MemoryMail {
     std::string RecipDisplayName() override { return recipients_.at(recipient_).recipientName; }
     void RecipDisplayName(const std::string& name) override;
     void RecipType(int) override {}
+    void LeaveUnread() override { Current().read = wasRead_; }
     void Delete() override;
     void DeleteRecipient() override;
     void Flush() override { mail_.Called("Flush"); }
@@ -106,6 +107,7 @@ class MemoryMail {
     MemoryMail& mail_;
     long sessionID_ = 0;
     bool unreadOnly_ = false;
+    bool wasRead_ = false;  // the message whose text was read last, before that
     int index_ = 0;
     std::vector<std::size_t> set_;  // indexes into the inbox
     SentMail outgoing_;

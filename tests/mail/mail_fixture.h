@@ -63,8 +63,9 @@ class MailFixture : public testing::Test {
     return desktop.files.content.contains(folder + name);
   }
 
-  void Arrives(const std::string& body, const std::string& subject = "Tarvolenix : e4, Hi") {
-    desktop.mail.inbox.push_back({subject, body, "Sender", "sender@example.org"});
+  void Arrives(const std::string& body, const std::string& subject = "Tarvolenix : e4, Hi",
+               const std::string& address = "sender@example.org") {
+    desktop.mail.inbox.push_back({subject, body, "Sender", address});
   }
 
   /// Forgets what the user was told, what was done and who was called.

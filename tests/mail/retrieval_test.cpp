@@ -29,7 +29,7 @@ std::string FoundedByAnna(int id, int status = 1) {
 
 TEST_F(Retrieval, MailsBecomeGames) {
   const std::string annas =
-      "7|090320260805|0|Sunday game|09/03/2026|bernd@example.org||Bernd|-1|Bernd|2|0|";
+      "7|090320260805|0|Sunday game|09/03/2026|Sender@Example.org||Bernd|-1|Bernd|2|0|";
   const struct {
     const char* name;
     std::string stored;
@@ -42,8 +42,7 @@ TEST_F(Retrieval, MailsBecomeGames) {
       {"first reply tells the host the number, White's name and the address",
        Line(annas, 1),
        {FromBernd(2)},
-       Line("7|090320260805|12|Sunday game|09/03/2026|sender@example.org|Anna|Bernd|-1|Sender|1|0|"
-            ";;;;;;;",
+       Line("7|090320260805|12|Sunday game|09/03/2026|sender@example.org|Anna|Bernd|-1|Sender|1|0|",
             2),
        "7;",
        true},
@@ -92,13 +91,24 @@ TEST_F(Retrieval, OtherMailIsLeftAloneAndUnread) {
   EXPECT_EQ(arrivals[1].stage, 1);
   EXPECT_TRUE(Told().starts_with("4 Message retrival error\nTarvolenix found what"));
 
-  // The refused mail is read now: a tick passes it over, the user's retrieve reports it again.
+  // The refused mail is read now: a tick passes it over. At the next start it was told already, and
+  // the user's own retrieve reports it, until he has heard enough.
   ASSERT_TRUE(Process().NewMoveArrived);
   RetrieveMoveMails(false, false);
   EXPECT_FALSE(Process().NewMoveArrived);
-  EXPECT_EQ(desktop.boxes.messages.size(), 1U);
   RetrieveMoveMails(false, true);
+  EXPECT_EQ(desktop.boxes.messages.size(), 1U);
+  desktop.boxes.answers = {false};
+  RetrieveMoveMails(true, true);
   EXPECT_EQ(desktop.boxes.messages.size(), 2U);
+  RetrieveMoveMails(true, true);
+  EXPECT_EQ(desktop.boxes.messages.size(), 2U);
+
+  // Several new ones are one message.
+  for (const char* text : {"one", "two", "three"}) Arrives(text);
+  RetrieveMoveMails(false, false);
+  EXPECT_EQ(desktop.boxes.messages.size(), 3U);
+  EXPECT_NE(Told().find("found 3 mails"), std::string::npos);
 }
 
 TEST_F(Retrieval, AMailOfGoodFormThatCantBeStoredStandsInNobodysWay) {
@@ -156,11 +166,14 @@ TEST_F(Retrieval, FailingDiskNeverLosesAMail) {
     Arrives(FromAnna(1));
     desktop.files.FailOperation(failing);
     RetrieveMoveMails(false, false);
-    desktop.files.FailOperation(0);
-    operations = desktop.files.operations.size() + 1;
     const bool taken = desktop.mail.inbox.empty();
     EXPECT_EQ(GameFile() != otherGame, taken);
     EXPECT_EQ(Told(), taken ? "" : notSaved);
+    desktop.files.FailOperation(0);
+    operations = desktop.files.operations.size() + 1;
+    // The next tick still sees it.
+    RetrieveMoveMails(false, false);
+    EXPECT_TRUE(desktop.mail.inbox.empty());
   }
 }
 

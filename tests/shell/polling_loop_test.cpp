@@ -141,7 +141,13 @@ TEST_F(PollingLoopTest, AnOpenListIsRefilledOnlyWhereTheGamesChanged) {
       {"first tick", [] {}, 3, "fill 3"},
       {"nothing happened", [] {}, 3, ""},
       {"saved by this program", [] { Store(3, 1); }, 3, "fill 3"},
-      {"move came by mail", [this] { MoveArrives(); }, {}, "fill"},
+      {"mail changed a name",
+       [this] {
+         MoveArrives();
+         desktop.mail.inbox.back().senderName = "Ann";
+       },
+       {},
+       "fill"},
       {"changed by another program",
        [this] { desktop.files.content["/program/Data/Tvgdb.dat"].clear(); },
        {},

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mail/bad_mails.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "mail/mail_memory.h"
+#include "mail/move_text_check.h"
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "store/database_lock.h"
+
+namespace mail {
+namespace {
+
+constexpr std::size_t mostNamed = 5;
+
+/// All are new where nothing can be remembered.
+MailMemory MemoryOrNone() {
+  try {
+    return LoadMailMemory();
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+bool IsNews(const BadMail& mail, const MailMemory& memory, bool byHand) {
+  if (memory.silenced.contains(mail.id)) return false;
+  return byHand || std::find(memory.told.begin(), memory.told.end(), mail.id) == memory.told.end();
+}
+
+/// "Anna, Bob and 3 others"
+std::string Senders(const std::vector<BadMail>& mails) {
+  std::vector<std::string> names;
+  for (const BadMail& mail : mails) {
+    const std::string name = mail.from.empty() ? "somebody unknown" : mail.from;
+    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+  }
+  const std::size_t named = std::min(names.size(), mostNamed);
+  std::string text;
+  for (std::size_t i = 0; i < named; ++i) {
+    if (i > 0) text += i + 1 == names.size() ? " and " : ", ";
+    text += names[i];
+  }
+  if (names.size() > named) {
+    text += " and " + std::to_string(names.size() - named) + " others";
+  }
+  return text;
+}
+
+std::string TextAbout(const std::vector<BadMail>& mails) {
+  if (mails.size() == 1) return BadFormText(mails.front().stage, false);
+  return "Tarvolenix found " + std::to_string(mails.size()) +
+         " mails that appeared to be chess moves, but which failed validation.||They came from " +
+         Senders(mails) +
+         ".||If they are corrupt chess move emails, get your opponents to re-send their last "
+         "moves.";
+}
+
+void Remember(const std::vector<BadMail>& mails, bool silenced) {
+  try {
+    const store::DatabaseLock lock;
+    MailMemory memory = LoadMailMemory();
+    for (const BadMail& mail : mails) {
+      std::erase(memory.told, mail.id);
+      memory.told.push_back(mail.id);
+      if (silenced) memory.silenced.insert(mail.id);
+    }
+    SaveMailMemory(memory);
+  } catch (const std::exception&) {
+    // He will be told once more.
+  }
+}
+
+}  // namespace
+
+void TellOfBadMails(const std::vector<BadMail>& mails, bool byHand) {
+  const MailMemory memory = MemoryOrNone();
+  std::vector<BadMail> news;
+  std::copy_if(mails.begin(), mails.end(), std::back_inserter(news),
+               [&](const BadMail& mail) { return IsNews(mail, memory, byHand); });
+  if (news.empty() || platform::Process().Stopping) return;
+  const bool heard = platform::AskWithExtra(
+      platform::MailIcon, BadFormTitle(news.size() == 1 ? news.front().stage : 1), TextAbout(news),
+      "OK", "Don't tell me again about these", platform::AttentionSound);
+  Remember(news, !heard);
+}
+
+}  // namespace mail

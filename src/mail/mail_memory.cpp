@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mail/mail_memory.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "platform/conversions.h"
+#include "platform/desktop.h"
+#include "platform/mail_address.h"
+#include "platform/process_state.h"
+#include "platform/text_fields.h"
+#include "platform/whole_file.h"
+
+namespace mail {
+namespace {
+
+/// Bad mails that are told apart; of more the oldest are forgotten.
+constexpr std::size_t mostTold = 2000;
+
+std::string MemoryPath() { return platform::Process().DataPath + "Tvmail.dat"; }
+
+void ReadAddress(platform::FieldWalk& fields, bool accepted, MailMemory& memory) {
+  KnownAddress known;
+  known.accepted = accepted;
+  known.gameID = platform::ToInteger32(fields.Next()).value_or(0);
+  known.dateStamp = fields.Next();
+  known.address = fields.Next();
+  memory.addresses.push_back(std::move(known));
+}
+
+void ReadFounding(std::string_view text, MailMemory& memory) {
+  std::int64_t seconds = 0;
+  std::from_chars(text.data(), text.data() + text.size(), seconds);
+  memory.foundings.push_back(seconds);
+}
+
+/// What can't be read is passed over: a line that was damaged costs a question more.
+void ReadLine(std::string_view line, MailMemory& memory) {
+  platform::FieldWalk fields(line, '|');
+  const std::string_view kind = fields.Next();
+  if (kind == "accepted" || kind == "refused") {
+    ReadAddress(fields, kind == "accepted", memory);
+  } else if (kind == "founded") {
+    ReadFounding(fields.Next(), memory);
+  } else if (kind == "told" || kind == "silenced") {
+    const std::string id(fields.Next());
+    if (kind == "silenced") memory.silenced.insert(id);
+    memory.told.push_back(id);
+  }
+}
+
+}  // namespace
+
+AddressStanding MailMemory::StandingOf(std::string_view address,
+                                       const store::GameRecord& game) const {
+  const std::string comparable = platform::ComparableAddress(address);
+  for (const KnownAddress& known : addresses) {
+    if (known.gameID == game.GAME_ID && known.dateStamp == game.GAME_DATESTAMP &&
+        known.address == comparable) {
+      return known.accepted ? AddressStanding::Accepted : AddressStanding::Refused;
+    }
+  }
+  return AddressStanding::Unknown;
+}
+
+void MailMemory::Remember(std::string_view address, const store::GameRecord& game, bool accepted) {
+  const KnownAddress entry{accepted, game.GAME_ID, game.GAME_DATESTAMP,
+                           platform::ComparableAddress(address)};
+  if (entry.address.empty()) return;
+  std::erase_if(addresses, [&entry](const KnownAddress& known) {
+    return known.gameID == entry.gameID && known.dateStamp == entry.dateStamp &&
+           known.address == entry.address;
+  });
+  addresses.push_back(entry);
+}
+
+MailMemory LoadMailMemory() {
+  platform::Files& files = *platform::TheDesktop().files;
+  MailMemory memory;
+  if (!files.Exists(MemoryPath())) return memory;
+  const std::string content = files.Read(MemoryPath());
+  platform::FieldWalk lines(content, '\n');
+  for (int count = platform::CountFields(content, '\n'); count > 0; --count) {
+    ReadLine(lines.Next(), memory);
+  }
+  return memory;
+}
+
+void SaveMailMemory(const MailMemory& memory) {
+  std::string content;
+  for (const auto& [accepted, gameID, dateStamp, address] : memory.addresses) {
+    content.append(accepted ? "accepted|" : "refused|").append(std::to_string(gameID));
+    content.append("|").append(dateStamp).append("|").append(address).append("\n");
+  }
+  for (const std::int64_t seconds : memory.foundings) {
+    content.append("founded|").append(std::to_string(seconds)).append("\n");
+  }
+  const std::size_t forgotten = memory.told.size() - std::min(memory.told.size(), mostTold);
+  for (std::size_t i = forgotten; i < memory.told.size(); ++i) {
+    const std::string& id = memory.told[i];
+    content.append(memory.silenced.contains(id) ? "silenced|" : "told|").append(id).append("\n");
+  }
+  platform::ReplaceFile(MemoryPath(), content);
+}
+
+}  // namespace mail

@@ -20,6 +20,20 @@ Value ValueOrRaise(const std::optional<Value>& value, std::string_view text) {
   return *value;
 }
 
+/// The content from the first game to the end of the last one's line. The blanks that end the
+/// comment of a whole line are its own. Without any game nothing is left out: a file of nothing but
+/// NUL bytes was full of games once, and must not pass for an empty one.
+std::string_view WithoutSurroundings(std::string_view content) {
+  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+  constexpr std::string_view nothing{" \t\r\n\0", 5};
+  if (content.starts_with(byteOrderMark)) content.remove_prefix(byteOrderMark.size());
+  const auto last = content.find_last_not_of(nothing);
+  if (last == std::string_view::npos) return content;
+  const auto lineEnd = content.find('\n', last);
+  if (lineEnd != std::string_view::npos) return content.substr(0, lineEnd + 1);
+  return content.substr(0, content.find('\0', last));
+}
+
 void AppendValue(std::string& line, std::int32_t value) { line += std::to_string(value); }
 void AppendValue(std::string& line, bool value) { line += value ? "-1" : "0"; }
 void AppendValue(std::string& line, const std::string& value) { line += value; }
@@ -29,6 +43,8 @@ void AppendValue(std::string& line, const std::string& value) { line += value; }
 std::string GameFilePath() {
   return platform::Process().DataPath + platform::Process().DatabaseFile;
 }
+
+LineWalk::LineWalk(std::string_view content) : rest_(WithoutSurroundings(content)) {}
 
 std::optional<std::string_view> LineWalk::Next() {
   if (rest_.empty()) return std::nullopt;
@@ -60,9 +76,15 @@ std::int32_t GameIDOfLine(std::string_view line) {
 }
 
 void ReadGameLine(std::string_view line, GameRecord& record) {
+  if (line.empty()) throw std::invalid_argument("it is empty");
   platform::FieldWalk fields(line, '|');
   for (const GameField& field : gameFields) {
-    std::visit([&](auto member) { Convert(fields.Next(), record.*member); }, field.member);
+    const std::string_view text = fields.Next();
+    try {
+      std::visit([&](auto member) { Convert(text, record.*member); }, field.member);
+    } catch (const std::invalid_argument&) {
+      throw std::invalid_argument("its " + std::string(field.key) + " can't be read");
+    }
   }
 }
 
@@ -76,7 +98,13 @@ MoveRecords ReadMoves(std::string_view line) {
   platform::FieldWalk fields(MovesText(line), '|');
   fields.Next();
   for (MoveRecord& move : moves) {
-    Convert(fields.Next(), move.MoveNumber);
+    const std::string_view number = fields.Next();
+    try {
+      Convert(number, move.MoveNumber);
+    } catch (const std::invalid_argument&) {
+      const auto place = std::to_string(&move - moves.data() + 1);
+      throw std::invalid_argument("the number of its move " + place + " can't be read");
+    }
     move.MoveCoordinates = fields.Next();
     move.MoveText = fields.Next();
     move.MoveComment = fields.Next();

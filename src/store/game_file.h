@@ -10,6 +10,9 @@
 //
 // Damage is found by reading a line and raises std::invalid_argument: a number or boolean that
 // doesn't convert, and so an empty line. Missing texts at the end read as empty.
+//
+// What editors, copies and crashes put around the games is none: a byte order mark ahead of the
+// first line, blanks, blank lines and NUL bytes behind the last. It goes with the next change.
 #pragma once
 
 #include <array>
@@ -25,11 +28,11 @@ namespace store {
 
 std::string GameFilePath();
 
-/// Walks the lines of a file's content. A line may also end in a bare line feed, the last one in
-/// nothing.
+/// Walks the lines of a file's content, without what stands around its games. A line may also end
+/// in a bare line feed, the last one in nothing.
 class LineWalk {
  public:
-  explicit LineWalk(std::string_view content) : rest_(content) {}
+  explicit LineWalk(std::string_view content);
 
   /// The next line without its end; nothing behind the last one.
   std::optional<std::string_view> Next();
@@ -71,7 +74,8 @@ void Convert(std::string_view text, std::string& value);
 /// Field 1 of a line, and nothing else of it.
 std::int32_t GameIDOfLine(std::string_view line);
 
-/// Fills every member of `record`; what stands behind the fixed fields isn't looked at.
+/// Fills every member of `record`; what stands behind the fixed fields isn't looked at. What it
+/// raises says in words what is wrong with the line, and so does that of ReadMoves.
 void ReadGameLine(std::string_view line, GameRecord& record);
 
 /// The number of moves on a line. Moves that aren't four fields are damage: a quarter of the number

@@ -74,7 +74,7 @@ TEST_F(SavingTest, OtherLinesAreCopiedAsTheyAre) {
 
 TEST_F(SavingTest, ALineWithoutANumberBlocksEveryChange) {
   for (const char* line : {"", "x|y", "|1"}) {
-    const std::string before = Line(Game(1)) + "\r\n" + line + "\r\n";
+    const std::string before = Line(Game(1)) + "\r\n" + line + "\r\n" + Line(Game(2));
     SetGameFile(before);
     GameRecord game = Game(1);
     EXPECT_FALSE(SaveGame(game, Moves('p', 1, 1))) << line;
@@ -94,7 +94,36 @@ TEST_F(SavingTest, TheBackupIsTheStateBeforeTheLatestChange) {
   EXPECT_EQ(FileText("Tvgdb.dat"), a);
   SetGameFile(b + "rubbish\r\n");
   EXPECT_FALSE(BackupDatabase());
+  SetGameFile(b + "3|damaged\r\n");
+  EXPECT_TRUE(RemoveGame(2));
+  EXPECT_EQ(FileText("Tvgdb.dat"), "3|damaged\r\n");
   EXPECT_EQ(FileText("tvgdb.bak"), a) << "damage must not cost the last good backup";
+}
+
+TEST_F(SavingTest, WhatStandsAroundTheGamesIsReadOverAndGoesWithTheNextChange) {
+  const std::string a = Line(Game(1)) + Text(Moves('s', 1, 1)) + "own blanks  ";
+  const std::string b = Line(Game(2)) + Text(Moves('s', 1, 1)) + "own blanks \t";
+  const std::string nul(3, '\0');
+  const struct {
+    const char* name;
+    std::string file;
+    bool reads = true;
+  } rows[] = {
+      {"a byte order mark", "\xEF\xBB\xBF" + a + "\r\n" + b + "\n"},
+      {"NUL bytes", a + "\n" + b + "\r\n" + nul},
+      {"NUL bytes behind a line that was cut off", a + "\n" + b + nul},
+      {"blanks and blank lines", a + "\n" + b + "\n \t\r\n\n" + nul + " \r\n  "},
+      {"a blank line between games is damage", a + "\n \n" + b + "\n", false},
+      {"a file of NUL bytes has lost its games", nul, false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    SetGameFile(row.file);
+    GameRecords games;
+    EXPECT_EQ(SelectGames(games, ""), row.reads);
+    EXPECT_EQ(RemoveGame(9), row.reads);
+    EXPECT_EQ(FileText("Tvgdb.dat"), row.reads ? a + "\r\n" + b + "\r\n" : row.file);
+  }
 }
 
 // Every operation in turn fails, and the user has lost nothing.

@@ -109,6 +109,20 @@ void SyncFolderOf(const std::string& path) {
   if (!file.TrySync() && errno != EINVAL && errno != ENOTSUP) Fail("write", folder);
 }
 
+/// Behind a rename that has taken place: what was put there counts, and it was on the disk before.
+/// A crash now leaves the old file or the new one, both whole. To raise would tell the caller that
+/// the old one still stands.
+void SyncFolderAsFarAsPossible(const std::string& path) {
+  constexpr int attempts = 2;
+  for (int attempt = 1; attempt <= attempts; ++attempt) {
+    try {
+      return SyncFolderOf(path);
+    } catch (const platform::FileError&) {
+      // Once more, and then the disk is left to its own pace.
+    }
+  }
+}
+
 class FileLock : public platform::HeldLock {
  public:
   explicit FileLock(const std::string& path) : file_(path, O_RDWR | O_CREAT, "lock") {}
@@ -139,8 +153,12 @@ bool IsFolder(const std::string& path, const dirent& entry) {
 bool PosixFiles::Exists(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) == 0) return true;
-  if (errno == ENOENT || errno == ENOTDIR) return false;
-  Fail("look for", path);
+  if (errno != ENOENT && errno != ENOTDIR) Fail("look for", path);
+  // A link to a drive that isn't there just now: its file may well exist.
+  if (::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode)) {
+    throw platform::FileError("the link " + path + " leads nowhere");
+  }
+  return false;
 }
 
 std::string PosixFiles::Read(const std::string& path) {
@@ -185,11 +203,11 @@ void PosixFiles::Rename(const std::string& from, const std::string& to) {
   }
   const std::string beside = place + ".new";
   if (std::rename(from.c_str(), place.c_str()) == 0) {
-    SyncFolderOf(place);
+    SyncFolderAsFarAsPossible(place);
   } else if (errno == EXDEV && from != beside) {  // a link led to another file system
     Write(beside, Read(from));
     Rename(beside, place);
-    Remove(from);
+    ::unlink(from.c_str());  // a temporary name: what stays behind is overwritten
   } else {
     Fail("rename", from);
   }

@@ -14,8 +14,8 @@ namespace desktop {
 
 class PosixFiles : public platform::Files {
  public:
-  /// True also for a folder. Raises where it can't be told, so that an unreachable file never
-  /// counts as an absent one.
+  /// True also for a folder. Raises where it can't be told, and where a link leads nowhere, so that
+  /// an unreachable file never counts as an absent one.
   bool Exists(const std::string& path) override;
 
   /// Regular files only: a device or a pipe is refused, not waited for.

@@ -37,7 +37,7 @@ class Files {
   virtual void Write(const std::string& path, std::string_view content) = 0;
 
   /// Puts a file in the place of another in one step that a crash can't divide, and returns when
-  /// the folder's change is on the disk.
+  /// the folder's change is on the disk, or the disk doesn't take it yet: done is done.
   virtual void Rename(const std::string& from, const std::string& to) = 0;
 
   virtual void Remove(const std::string& path) = 0;

@@ -6,17 +6,11 @@
 #include <utility>
 
 #include "platform/desktop.h"
+#include "store/data_files.h"
 #include "store/game_file.h"
 
 namespace store {
 namespace {
-
-/// An absent file reads as an empty one.
-std::string ReadGameFile() {
-  platform::Files& files = *platform::TheDesktop().files;
-  const std::string path = GameFilePath();
-  return files.Exists(path) ? files.Read(path) : std::string{};
-}
 
 GameRecords MatchingGames(std::string_view content, std::string_view selection) {
   GameRecords games;
@@ -42,7 +36,7 @@ MoveRecords MovesOfGame(std::string_view content, std::int32_t gameID) {
 bool SelectGames(GameRecords& games, std::string_view selection, std::string_view sort) {
   games.clear();
   try {
-    games = MatchingGames(ReadGameFile(), selection);
+    games = MatchingGames(ReadGameFile().value_or(""), selection);
     SortGames(games, sort);
     return true;
   } catch (const std::exception&) {
@@ -53,7 +47,7 @@ bool SelectGames(GameRecords& games, std::string_view selection, std::string_vie
 bool SelectMoves(MoveRecords& moves, std::int32_t gameID) {
   moves.clear();
   try {
-    moves = MovesOfGame(ReadGameFile(), gameID);
+    moves = MovesOfGame(ReadGameFile().value_or(""), gameID);
     return true;
   } catch (const std::exception&) {
     return false;

@@ -12,6 +12,7 @@
 
 #include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "store/data_files.h"
 #include "store/database_lock.h"
 #include "store/game_file.h"
 #include "store/queries.h"
@@ -19,48 +20,32 @@
 namespace store {
 namespace {
 
-constexpr std::string_view lineEnd = "\r\n";
-
 platform::Files& Files() { return *platform::TheDesktop().files; }
 
-std::string TemporaryPath() { return platform::Process().DataPath + "tvgdb.new"; }
-std::string BackupPath() { return platform::Process().DataPath + "tvgdb.bak"; }
-
-void RemoveQuietly(const std::string& path) {
+/// Whether every query reads this. A backup of a damaged file would cost the last good one.
+bool IsWorthABackup(std::string_view content) {
   try {
-    if (Files().Exists(path)) Files().Remove(path);
-  } catch (const std::exception&) {
-    // It stays behind, and the next save overwrites it.
+    GameRecord record;
+    LineWalk lines(content);
+    while (const auto line = lines.Next()) ReadGameLine(*line, record);
+    return true;
+  } catch (const std::invalid_argument&) {
+    return false;
   }
 }
 
-void ReplaceFile(const std::string& path, std::string_view content) {
-  try {
-    Files().Write(TemporaryPath(), content);
-    Files().Rename(TemporaryPath(), path);
-  } catch (const std::exception&) {
-    RemoveQuietly(TemporaryPath());
-    throw;
-  }
-}
-
-/// The game file's content; nothing where there is no file.
-std::optional<std::string> ReadGameFile() {
-  if (!Files().Exists(GameFilePath())) return std::nullopt;
-  return Files().Read(GameFilePath());
-}
-
-/// Replaces the game file by what `change` makes of its content, after a backup. A file that
-/// `change` can't read raises there, before the last good backup is given up.
+/// Replaces the game file by what `change` makes of its content, after a backup.
 bool ChangeGameFile(const std::function<std::string(std::string_view)>& change) {
   std::optional<DatabaseLock> lock;
   std::optional<std::string> before;
   std::string after;
+  bool backUp = false;
   try {
     lock.emplace();
     before = ReadGameFile();
     after = change(before.value_or(""));
-    if (before) ReplaceFile(BackupPath(), *before);
+    backUp = before && IsWorthABackup(*before);
+    if (backUp) ReplaceFile(BackupPath(), *before);
   } catch (const std::exception&) {
     return false;
   }
@@ -68,11 +53,11 @@ bool ChangeGameFile(const std::function<std::string(std::string_view)>& change) 
     ReplaceFile(GameFilePath(), after);
     return true;
   } catch (const std::exception&) {
-    // Without a game file no backup was made, and an earlier one is none of this state.
-    if (before) {
+    // Where no backup was made an earlier one is none of this state.
+    if (backUp) {
       RestoreDatabase();
     } else {
-      RemoveQuietly(GameFilePath());
+      RestoreGameFile(before);
     }
     return false;
   }
@@ -148,11 +133,10 @@ bool BackupDatabase() {
     // Most ticks of the polling loop find the file that the last one has backed up.
     std::string& backedUp = platform::Process().BackedUpGameFile;
     const std::string stamp = GameFileStamp();
-    if (stamp == backedUp && Files().Exists(BackupPath())) return true;
-    // A backup of a damaged file would cost the last good one.
-    GameRecords games;
-    if (!SelectGames(games, {})) return false;
-    if (const auto content = ReadGameFile()) ReplaceFile(BackupPath(), *content);
+    if (!stamp.empty() && stamp == backedUp && Files().Exists(BackupPath())) return true;
+    const auto content = ReadGameFile();
+    if (content && !IsWorthABackup(*content)) return false;
+    if (content) ReplaceFile(BackupPath(), *content);
     backedUp = stamp;
     return true;
   } catch (const std::exception&) {
@@ -163,10 +147,7 @@ bool BackupDatabase() {
 void RestoreDatabase() {
   try {
     const DatabaseLock lock;
-    if (!Files().Exists(BackupPath())) return;
-    const std::string backup = Files().Read(BackupPath());
-    if (Files().Exists(GameFilePath()) && Files().Read(GameFilePath()) == backup) return;
-    ReplaceFile(GameFilePath(), backup);
+    if (Files().Exists(BackupPath())) RestoreGameFile(Files().Read(BackupPath()));
   } catch (const std::exception&) {
     // The game file stands as it was.
   }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The only ways to change the game file. Each writes the whole new content to "tvgdb.new" and puts
 // it in the file's place in one step, so that a crash at any moment leaves the old file or the new
-// one. "tvgdb.bak" holds the state before the latest change. A failure leaves the game file as it
-// stood. "tvgdb.lock" keeps a second process out meanwhile.
+// one. "tvgdb.bak" holds the state before the latest change of an undamaged file. A failure leaves
+// the game file as it stood. "tvgdb.lock" keeps a second process out meanwhile.
 #pragma once
 
 #include <cstdint>

@@ -135,6 +135,17 @@ TEST_F(RealFilesTest, AFullDiskCostsTheChangeAndNothingElse) {
             Kept);
 }
 
+TEST_F(RealFilesTest, ALinkToADriveThatIsGoneFailsEverythingAndFoundsNoFile) {
+  std::filesystem::create_symlink("/no such drive/Tvgdb.dat", DataFile("Tvgdb.dat"));
+  GameRecord game = Game(1);
+  GameRecords games;
+  EXPECT_FALSE(SaveGame(game, Moves('p', 1, 1)) || RemoveGame(1) || BackupDatabase() ||
+               SelectGames(games, ""));
+  EXPECT_NE(ExamineGameFile().unreadable, "");
+  EXPECT_NE(Repair(false).failure, "");
+  EXPECT_TRUE(std::filesystem::is_symlink(DataFile("Tvgdb.dat")));
+}
+
 TEST_F(RealFilesTest, AFolderThatCantBeWrittenFailsEveryChangeAndNoQuery) {
   const std::string before = Line(Game(1)) + Text(Moves('s', 1, 3)) + "\r\n";
   files.Write(DataFile("Tvgdb.dat"), before);

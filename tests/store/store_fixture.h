@@ -10,6 +10,7 @@
 #include "fakes/fake_desktop.h"
 #include "platform/process_state.h"
 #include "store/queries.h"
+#include "store/repair.h"
 #include "store/saving.h"
 
 namespace store {
@@ -141,7 +142,9 @@ inline std::vector<Change> AllChanges() {
   return {{"a move is saved", one + two, two + longer + "\r\n", save(4)},
           {"the first game ever is saved", "no file",
            Line(Game(1)) + Text(Moves('p', 1, 1)) + "\r\n", save(1)},
-          {"the last game is removed", one, "", [] { return RemoveGame(1); }}};
+          {"the last game is removed", one, "", [] { return RemoveGame(1); }},
+          {"a damaged file is repaired", one + "rubbish\r\n" + two, one + two,
+           [] { return Repair(false).failure.empty(); }}};
 }
 
 }  // namespace store

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/data_files.h"
+
+#include <exception>
+
+#include "platform/desktop.h"
+#include "platform/process_state.h"
+#include "store/game_file.h"
+
+namespace store {
+namespace {
+
+platform::Files& Files() { return *platform::TheDesktop().files; }
+
+std::string TemporaryPath() { return platform::Process().DataPath + "tvgdb.new"; }
+
+}  // namespace
+
+std::string BackupPath() { return platform::Process().DataPath + "tvgdb.bak"; }
+
+std::optional<std::string> ReadGameFile() {
+  if (!Files().Exists(GameFilePath())) return std::nullopt;
+  return Files().Read(GameFilePath());
+}
+
+void RemoveQuietly(const std::string& path) {
+  try {
+    if (Files().Exists(path)) Files().Remove(path);
+  } catch (const std::exception&) {
+    // It stays behind, and the next save overwrites it.
+  }
+}
+
+void ReplaceFile(const std::string& path, std::string_view content) {
+  try {
+    Files().Write(TemporaryPath(), content);
+    Files().Rename(TemporaryPath(), path);
+  } catch (const std::exception&) {
+    RemoveQuietly(TemporaryPath());
+    throw;
+  }
+}
+
+bool RestoreGameFile(const std::optional<std::string>& before) {
+  try {
+    if (ReadGameFile() == before) return true;
+    if (before) {
+      ReplaceFile(GameFilePath(), *before);
+    } else {
+      Files().Remove(GameFilePath());
+    }
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+}  // namespace store

@@ -234,8 +234,13 @@ class Board {
   void PaintNormally(rules::Square square);
   rules::PieceCode KingInDanger() const;
   bool StoreStatus() const;
-  store::MoveRecords EntriesToStore() const;
-  bool StorePendingMove();
+
+  enum class Storing { Done, Failed, GameChanged };
+  Storing StorePendingMove();
+
+  /// Whether the pending entry belongs behind what is stored: nobody has played on meanwhile.
+  bool Continues(const store::MoveRecords& stored) const;
+  store::MoveRecords EntriesToStore(const store::MoveRecords& stored) const;
   std::int16_t StatusOfPendingMove() const;
   void FillNewGame(store::GameRecord& record, std::int32_t number) const;
   void SendGame(std::int32_t gameID);

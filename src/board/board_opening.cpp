@@ -9,6 +9,7 @@
 #include "platform/setting_variables.h"
 #include "store/database_lock.h"
 #include "store/queries.h"
+#include "store/repair.h"
 #include "store/saving.h"
 
 namespace board {
@@ -65,8 +66,9 @@ bool Board::SetMoves() {
   if (!store::SelectMoves(moves, gameID) ||
       !store::SelectGames(games, "Game_ID;" + std::to_string(gameID))) {
     platform::ShowMessage(platform::DatabaseIcon, "Database error.",
-                          "A database error has prevented Tarvolenix from creating the move "
-                          "history!||Please try opening this game again.",
+                          store::WithDamage("A database error has prevented Tarvolenix from "
+                                            "creating the move history!||Please try opening this "
+                                            "game again."),
                           "OK", {}, false, platform::FailureSound);
     return false;
   }
@@ -187,8 +189,9 @@ void Board::SetGameStatus() {
   if (StoreStatus()) return;
   platform::ShowMessage(
       platform::DatabaseIcon, "Database error.",
-      "A database error prevented Tarvolenix from setting the status of this game correctly||It "
-      "will still be listed as not played on the main game display.",
+      store::WithDamage("A database error prevented Tarvolenix from setting the status of this "
+                        "game correctly||It will still be listed as not played on the main game "
+                        "display."),
       "OK");
 }
 

@@ -9,6 +9,7 @@
 #include "platform/process_state.h"
 #include "store/database_lock.h"
 #include "store/queries.h"
+#include "store/repair.h"
 #include "store/saving.h"
 
 namespace board {
@@ -91,13 +92,32 @@ std::int16_t Board::StatusOfPendingMove() const {
   return Process().ComputerGame ? store::MoveWaiting : store::WaitingForOpponent;
 }
 
-/// The pending entry; the whole game where one before it couldn't be stored, as the computer's
-/// move, after which the game goes on.
-store::MoveRecords Board::EntriesToStore() const {
-  store::MoveRecords stored, entries;
-  const bool oneIsMissing = Process().ComputerGame && Process().CurrentGameID >= 1 &&
-                            store::SelectMoves(stored, Process().CurrentGameID) &&
-                            static_cast<int>(stored.size()) + 1 < Moves.Count();
+namespace {
+
+bool IsSameEntry(const store::MoveRecord& one, const store::MoveRecord& other) {
+  return one.MoveNumber == other.MoveNumber && one.MoveCoordinates == other.MoveCoordinates &&
+         one.MoveText == other.MoveText;
+}
+
+}  // namespace
+
+bool Board::Continues(const store::MoveRecords& stored) const {
+  const int before = Moves.Count() - 1;
+  const auto count = static_cast<int>(stored.size());
+  if (count > Moves.Count()) return false;
+  for (int row = 1; row <= count; ++row) {
+    if (!IsSameEntry(stored[static_cast<std::size_t>(row - 1)], Moves.Row(row))) return false;
+  }
+  // The pending entry is there itself where a save took place and was told as a failure.
+  if (count > before) return stored.back().MoveComment == PlayerComment;
+  // Against the computer the game goes on after an entry that couldn't be stored.
+  return count == before || Process().ComputerGame;
+}
+
+/// The pending entry; the whole game where one before it couldn't be stored.
+store::MoveRecords Board::EntriesToStore(const store::MoveRecords& stored) const {
+  const bool oneIsMissing = static_cast<int>(stored.size()) + 1 < Moves.Count();
+  store::MoveRecords entries;
   for (int row = oneIsMissing ? 1 : Moves.Count(); row <= Moves.Count(); ++row) {
     entries.push_back(Moves.Row(row));
   }
@@ -105,18 +125,23 @@ store::MoveRecords Board::EntriesToStore() const {
   return entries;
 }
 
-bool Board::StorePendingMove() {
+Board::Storing Board::StorePendingMove() {
   try {
     const store::DatabaseLock lock;
+    const std::int32_t gameID = Process().CurrentGameID;
     store::GameRecords games;
-    const std::string selection = "Game_ID;" + std::to_string(Process().CurrentGameID);
-    if (!store::SelectGames(games, selection)) return false;
+    store::MoveRecords stored;
+    if (!store::SelectGames(games, "Game_ID;" + std::to_string(gameID)) ||
+        !store::SelectMoves(stored, gameID)) {
+      return Storing::Failed;
+    }
+    // Only a new game has no record yet; another one was deleted behind the board's back.
+    const bool isDeleted = games.empty() && gameID >= 1;
+    if (isDeleted || !Continues(stored)) return Storing::GameChanged;
     store::GameRecord record;
     if (games.empty()) {
-      // Only a new game has no record yet; another one was deleted behind the board's back.
-      if (Process().CurrentGameID >= 1) return false;
       const auto number = store::NextGameID();
-      if (!number) return false;
+      if (!number) return Storing::Failed;
       FillNewGame(record, *number);
     } else {
       record = games.front();
@@ -124,26 +149,45 @@ bool Board::StorePendingMove() {
     GameStatus = StatusOfPendingMove();
     record.GAME_STATUS = GameStatus;
     SavedGameID = record.GAME_ID;
-    if (!store::SaveGame(record, EntriesToStore())) return false;
+    if (!store::SaveGame(record, EntriesToStore(stored))) return Storing::Failed;
     // Only now: a new game that couldn't be stored is still a new game when that is tried again.
     if (Process().ComputerGame) Process().CurrentGameID = record.GAME_ID;
-    return true;
+    return Storing::Done;
   } catch (const std::exception&) {
-    return false;
+    return Storing::Failed;
   }
 }
 
-bool Board::SaveMove() {
-  if (StorePendingMove()) return true;
+namespace {
+
+void ReportGameChanged() {
+  platform::ShowMessage(
+      platform::DatabaseIcon, "Game changed",
+      "This game has meanwhile been changed or deleted by another window or program.  Your move "
+      "doesn't fit the game as it stands now, so it was neither stored nor sent.||Please close "
+      "the board and open the game again.",
+      "OK", {}, false, platform::FailureSound);
+}
+
+void ReportUnsavedMove() {
   platform::ShowMessage(
       platform::DatabaseIcon, "Database error.",
-      Process().ComputerGame
-          ? "A database error has prevented Tarvolenix from recording your move.  Please try "
-            "clicking the Turn over button again."
-          : "A database error has prevented Tarvolenix from recording your move.  Please try "
-            "sending it again.||No move has been sent to your opponent.",
+      store::WithDamage(Process().ComputerGame
+                            ? "A database error has prevented Tarvolenix from recording your move. "
+                              " Please try clicking the Turn over button again."
+                            : "A database error has prevented Tarvolenix from recording your move. "
+                              " Please try sending it again.||No move has been sent to your "
+                              "opponent."),
       "OK", {}, false, platform::FailureSound);
-  return false;
+}
+
+}  // namespace
+
+bool Board::SaveMove() {
+  const Storing storing = StorePendingMove();
+  if (storing == Storing::GameChanged) ReportGameChanged();
+  if (storing == Storing::Failed) ReportUnsavedMove();
+  return storing == Storing::Done;
 }
 
 void Board::SendGame(std::int32_t gameID) {

@@ -61,7 +61,7 @@ TEST_F(BoardTest, AMoveThatCantBeSavedStaysPendingAndCanBeSentAgain) {
   const std::string lost =
       "Database error.: A database error has prevented Tarvolenix from recording your move.  "
       "Please try sending it again.\n\nNo move has been sent to your opponent.";
-  for (int operation = 1; operation <= 6; ++operation) {
+  for (int operation = 1; operation <= 7; ++operation) {
     SCOPED_TRACE(operation);
     OpenGame("|e2e4, e7e5");
     Play("g1f3");
@@ -76,6 +76,34 @@ TEST_F(BoardTest, AMoveThatCantBeSavedStaysPendingAndCanBeSentAgain) {
     board->ToolbarClick(SendButton);
     EXPECT_EQ(view->closed, 1);
     EXPECT_EQ(std::exchange(desktop.mail.sent, {}).size(), 1u);
+  }
+}
+
+const Case otherHands[] = {
+    {"the same player's other program has moved", "|e2e4, e7e5", "|e2e4, e7e5, b1c3"},
+    {"and the opponent has answered", "|e2e4, e7e5", "|e2e4, e7e5, g1f3, b8c6"},
+    {"the same move with another comment", "|e2e4, e7e5", "|e2e4, e7e5, g1f3 Nf3#Hi"},
+    {"the opponent has given up", "|e2e4, e7e5", "|e2e4, e7e5, e8e8 1-0"},
+    {"an earlier state has come back", "|e2e4, e7e5", "|e2e4"},
+    {"another course of the game", "|e2e4, e7e5", "|e2e4, d7d5"},
+    {"another text of an entry", "|e2e4, e7e5", "|e2e4, e7e5 e5 e.p."},
+    {"the game was deleted", "|e2e4, e7e5", ""},
+    {"a game against the computer", "|e2e4, e7e5|computer", "|e2e4, e7e5, b1c3|computer"},
+};
+
+TEST_F(BoardTest, AMoveInAGameThatOtherHandsHaveChangedIsNeitherStoredNorSent) {
+  for (const Case& row : otherHands) {
+    SCOPED_TRACE(row.name);
+    OpenGame(row.game);
+    Play("g1f3");
+    StoreGame(row.expected);
+    if (!*row.expected) desktop.files.content.clear();
+    const std::string before = GameFile();
+    board->ToolbarClick(SendButton);
+    EXPECT_TRUE(Told().starts_with("Game changed: "));
+    EXPECT_EQ(GameFile(), before);
+    EXPECT_EQ(desktop.mail.sent.size() + view->closed, 0u);
+    EXPECT_EQ(board->Moves.Count(), 3);
   }
 }
 

@@ -14,6 +14,7 @@
 #include "platform/registry.h"
 #include "platform/whole_file.h"
 #include "store/database_lock.h"
+#include "store/repair.h"
 #include "store/saving.h"
 
 namespace mail {
@@ -46,13 +47,15 @@ void ImportText(const std::string& content, bool userPicks, MoveArrival& arrival
 }
 
 void ReportReadError(bool userPicks) {
-  platform::ShowMessage(platform::MailIcon, "File read error",
-                        userPicks
+  platform::ShowMessage(
+      platform::MailIcon, "File read error",
+      store::WithDamage(userPicks
                             ? "An error occured trying to import the game information.||Please "
                               "ensure you select a valid chess move file."
-                            : "An error occured trying to retrieve the game information.||Please "
-                              "select Retrieve games... from the File menu.",
-                        "OK", {}, false, platform::FailureSound);
+                            : "An error occured trying to retrieve the game "
+                              "information.||Please select Retrieve games... from the File "
+                              "menu."),
+      "OK", {}, false, platform::FailureSound);
 }
 
 /// False where the import has to end, which the user hears of unless it happens to a later file.

@@ -15,6 +15,7 @@
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "store/repair.h"
 #include "store/saving.h"
 
 namespace mail {
@@ -125,18 +126,21 @@ void FlushQuietly(bool isTick) {
   }
 }
 
-void ReportNetworkError(const std::string& what) {
+std::string TryAgain(const std::string& what) {
+  return what + "||Please select Retrieve games... from the File menu and try again.";
+}
+
+void ReportNetworkError(const std::string& text) {
   if (platform::Process().Stopping) return;
-  platform::ShowMessage(
-      platform::MailIcon, "Network error",
-      what + "||Please select Retrieve games... from the File menu and try again.", "OK", {}, false,
-      platform::FailureSound);
+  platform::ShowMessage(platform::MailIcon, "Network error", text, "OK", {}, false,
+                        platform::FailureSound);
 }
 
 /// The mail that couldn't be saved is met again by each tick, which tries it anew and says so once.
 void ReportSaveFailure(bool isTick) {
   if (isTick && std::exchange(platform::Process().SaveFailureTold, true)) return;
-  ReportNetworkError("An error occured trying to save the game information to the database.");
+  ReportNetworkError(store::WithDamage(
+      TryAgain("An error occured trying to save the game information to the database.")));
 }
 
 /// False where a failure was reported.
@@ -151,8 +155,9 @@ bool TakeMoveMails(Findings& findings, bool isTick) {
     ReportSaveFailure(isTick);
   } catch (const std::exception&) {
     FlushQuietly(isTick);
-    ReportNetworkError(
-        "An error occured trying to retrieve some or all of the game information from your Inbox.");
+    ReportNetworkError(TryAgain(
+        "An error occured trying to retrieve some or all of the game information from your "
+        "Inbox."));
   }
   return false;
 }

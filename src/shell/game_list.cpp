@@ -17,6 +17,7 @@
 #include "shell/tray_status.h"
 #include "store/queries.h"
 #include "store/query_words.h"
+#include "store/repair.h"
 #include "store/saving.h"
 
 namespace shell {
@@ -102,9 +103,9 @@ bool DeleteGame(std::int32_t gameID, const std::string& title) {
   if (store::RemoveGame(gameID)) return true;
   platform::ShowMessage(
       platform::DatabaseIcon, "Delete game.",
-      "A database error prevented Tarvolenix from deleteing the currently selected game.  Please "
-      "try again.||If this problem persists your database may be corrupt and reinstalling "
-      "Tarvolenix should fix it.",
+      store::WithDamage("A database error prevented Tarvolenix from deleteing the currently "
+                        "selected game.  Please try again.||If this problem persists your database "
+                        "may be corrupt and reinstalling Tarvolenix should fix it."),
       "OK", {}, false, platform::FailureSound);
   return false;
 }

@@ -19,6 +19,7 @@
 #include "shell/game_list.h"
 #include "shell/playing.h"
 #include "shell/tray_status.h"
+#include "store/repair.h"
 #include "ui/disabled_window.h"
 #include "ui/game_list_grid.h"
 #include "ui/game_list_model.h"
@@ -91,10 +92,12 @@ QString EmptyNotice() {
 }
 
 QString DamageNotice() {
+  const std::string damage = store::DamageSentence();
   return u"The file with your games can't be read, so none can be shown.\n\n"
          u"It may be damaged or not accessible: %1\n\n"
          u"The file \"tvgdb.bak\" beside it holds the games as they were before the latest "
-         u"change."_s.arg(Shown(Process().DataPath + Process().DatabaseFile));
+         u"change.%2"_s.arg(Shown(Process().DataPath + Process().DatabaseFile),
+                            damage.empty() ? QString() : u"\n\n"_s + Shown(damage));
 }
 
 void SetTip(const QWidget& window, const char* name, const char* tip) {

@@ -5,14 +5,22 @@
 
 #include "platform/process_state.h"
 #include "store/queries.h"
+#include "store/repair.h"
 
 namespace cli {
+
+Refusal GameFileRefusal(const std::string& sentence) {
+  const std::string unreadable = store::ExamineGameFile().unreadable;
+  const std::string cause =
+      unreadable.empty() ? store::DamageSentence() : "The cause: " + unreadable + ".";
+  return Refusal(cause.empty() ? sentence : sentence + " " + cause);
+}
 
 store::GameRecord GameArgument(const Arguments& arguments) {
   const int gameID = arguments.Number(0, 1, std::numeric_limits<int>::max());
   store::GameRecords games;
   if (!store::SelectGames(games, "GAME_ID;" + std::to_string(gameID))) {
-    throw Refusal("The game file is damaged or can't be read.");
+    throw GameFileRefusal("The game file is damaged or can't be read.");
   }
   if (games.empty()) throw Refusal("There is no game " + std::to_string(gameID) + ".");
   return games.front();

@@ -8,6 +8,10 @@
 
 namespace cli {
 
+/// The refusal of a verb that failed at the game file: the sentence, and where it is so, why the
+/// file can't be read or what is damaged in it.
+Refusal GameFileRefusal(const std::string& sentence);
+
 /// Raises UsageError where the argument is no number, and Refusal where there is no such game or
 /// the game file can't be read.
 store::GameRecord GameArgument(const Arguments& arguments);

@@ -8,6 +8,7 @@
 #include "cli/verbs.h"
 #include "rules/board_text.h"
 #include "store/queries.h"
+#include "store/repair.h"
 #include "store/saving.h"
 
 namespace cli {
@@ -55,7 +56,7 @@ bool Games(const Call& call) {
   store::GameRecords games;
   if (!store::SelectGames(games, call.arguments.Value("--select"),
                           call.arguments.Value("--sort"))) {
-    throw Refusal(
+    throw GameFileRefusal(
         "The games can't be listed: the game file is damaged or can't be read, or the "
         "selection or sort text asks for something that isn't there.");
   }
@@ -67,7 +68,8 @@ bool Games(const Call& call) {
 bool Moves(const Call& call) {
   const store::GameRecord game = GameArgument(call.arguments);
   store::MoveRecords moves;
-  if (!store::SelectMoves(moves, game.GAME_ID)) throw Refusal("The game's moves can't be read.");
+  if (!store::SelectMoves(moves, game.GAME_ID))
+    throw GameFileRefusal("The game's moves can't be read.");
   for (const store::MoveRecord& move : moves) {
     JsonObject()
         .Add("MoveNumber", move.MoveNumber)
@@ -109,14 +111,31 @@ bool Show(const Call& call) {
 
 bool Remove(const Call& call) {
   const int gameID = call.arguments.Number(0, 1, std::numeric_limits<int>::max());
-  if (!store::RemoveGame(gameID)) throw Refusal("The game can't be deleted.");
+  if (!store::RemoveGame(gameID)) throw GameFileRefusal("The game can't be deleted.");
   JsonObject().Add("ok", true).Print();
   return true;
 }
 
 bool Backup(const Call&) {
-  if (!store::BackupDatabase()) throw Refusal("The backup can't be written.");
+  if (!store::BackupDatabase()) throw GameFileRefusal("The backup can't be written.");
   JsonObject().Add("ok", true).Print();
+  return true;
+}
+
+bool Repair(const Call& call) {
+  const store::RepairOutcome outcome = store::Repair(call.arguments.Has("--from-backup"));
+  if (!outcome.failure.empty()) throw Refusal(outcome.failure);
+  std::vector<std::string> lost;
+  for (const store::DamagedLine& line : outcome.lost) {
+    lost.push_back(JsonObject().Add("line", line.number).Add("why", line.why).Text());
+  }
+  const Json aside{outcome.aside.empty() ? "null" : Quoted(outcome.aside)};
+  JsonObject()
+      .Add("ok", true)
+      .Add("kept", outcome.kept)
+      .Add("lost", JsonArray(lost))
+      .Add("aside", aside)
+      .Print();
   return true;
 }
 

@@ -90,6 +90,12 @@ const std::vector<VerbRow>& Verbs() {
        MailRefuse},
       {"remove", "remove ID", "Deletes a game.", {{}, {}, {}, 1, 1}, Remove},
       {"backup", "backup", "Copies the game file to its backup.", {}, Backup},
+      {"repair",
+       "repair [--from-backup]",
+       "Keeps the lines of a damaged game file that can be read, or takes the games of its backup. "
+       "The damaged file is kept beside it under a name with the date.",
+       {{}, {"--from-backup"}, {}, 0, 0},
+       Repair},
       {"account show", "account show", "Tells the mail account's settings.", {}, ShowAccount},
       {"account set",
        "account set [--password] [KEY=VALUE...]",

@@ -43,6 +43,7 @@ bool Moves(const Call& call);
 bool Show(const Call& call);
 bool Remove(const Call& call);
 bool Backup(const Call& call);
+bool Repair(const Call& call);
 
 // Playing.
 bool New(const Call& call);

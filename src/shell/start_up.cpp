@@ -15,6 +15,7 @@
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
+#include "shell/game_file_check.h"
 #include "shell/held_mail_questions.h"
 #include "shell/notification.h"
 #include "shell/playing.h"
@@ -97,6 +98,8 @@ bool RunStartSequence() {
   if (!PrepareLook() || !IsOnlyInstance()) return false;
   CheckFirstRun();
   if (Process().Stopping) return false;  // the session may end while the user reads
+  CheckGameFile();
+  if (Process().Stopping) return false;
   platform::SetCheckTimer(false);
   Process().CheckTimerHeld = true;
   const bool splash = platform::Settings().DisplaySplash;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/start_up.h"
 
+#include "shell/game_file_check.h"
 #include "shell/shell_fixture.h"
 #include "shell/shut_down.h"
 
@@ -115,6 +116,41 @@ TEST_F(StartUpTest, ASessionThatEndsDuringTheStartEndsIt) {
   EXPECT_EQ(Happened(),
             "skin, other instance?, message Versions prior to v3.0.0, close help, tray delete, "
             "sign off, close all, stopped");
+}
+
+TEST_F(StartUpTest, ADamagedGameFileIsRepairedAsTheUserChooses) {
+  const std::string file = Process().DataPath + "Tvgdb.dat";
+  Store(1, 2);
+  const std::string one = desktop.files.content[file];
+  Store(2, 2);
+  const std::string both = desktop.files.content[file];
+  const struct {
+    const char* name;
+    std::string damaged;
+    std::string backup;
+    std::deque<bool> answers;
+    std::string after;
+  } rows[] = {
+      {"later", one + "x", both, {false}, one + "x"},
+      {"the backup has more games", one + "x", both, {true, true}, both},
+      {"the damaged file all the same", one + "x", both, {true, false, true}, one},
+      {"Escape wherever a source is asked for", one + "x", both, {true, false, false}, one + "x"},
+      {"the damaged file has as many", both + "x", both, {true, true}, both},
+      {"no good backup", one + "x", "x", {true}, one},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    desktop.files.content = {{file, row.damaged}, {Process().DataPath + "tvgdb.bak", row.backup}};
+    desktop.boxes.answers = row.answers;
+    CheckGameFile();
+    EXPECT_EQ(desktop.files.content[file], row.after);
+    EXPECT_TRUE(desktop.boxes.answers.empty());
+  }
+  desktop.files.content[file] = "x";
+  desktop.boxes.whileUp = ExitProgram;
+  desktop.boxes.answers = {true};
+  EXPECT_FALSE(StartUp()) << "the session ends during the question";
+  EXPECT_EQ(desktop.files.content[file], "x");
 }
 
 TEST_F(StartUpTest, DisplayChecksForceThePlainLook) {

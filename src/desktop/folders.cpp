@@ -74,8 +74,9 @@ void PrepareDataFolder(const std::string& programFolder, const std::string& data
 
 std::string SettingsFileFor(const std::string& programFolder) {
   std::string portable = WithSlash(programFolder) + "Tarvolenix.conf";
+  // Whatever stands there, be it a link that leads nowhere, is meant to be the settings.
   std::error_code ignored;
-  if (fs::exists(portable, ignored)) return portable;
+  if (fs::symlink_status(portable, ignored).type() != fs::file_type::not_found) return portable;
   return ConfigHome() + "Norlewick/Tarvolenix.conf";
 }
 

@@ -1,92 +1,171 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/ini_settings.h"
 
-#include <QSettings>
-#include <QStringList>
-#include <fcntl.h>
-#include <unistd.h>
-
+#include <ctime>
+#include <exception>
 #include <filesystem>
+#include <system_error>
 
 namespace desktop {
 namespace {
 
-/// A slash would make a group of what stands before it.
-QString WithoutSlashes(const std::string& name) {
-  QString text = QString::fromStdString(name);
-  text.replace(u'%', QStringLiteral("%25"));
-  text.replace(u'/', QStringLiteral("%2F"));
-  return text.replace(u'\\', QStringLiteral("%5C"));
+namespace fs = std::filesystem;
+
+using platform::FileError;
+using platform::SettingsError;
+
+/// Where the file itself lies: a link stays a link, and what belongs to the file lies beside it.
+std::string PlaceOf(const std::string& path) {
+  std::error_code error;
+  const fs::path place = fs::weakly_canonical(path, error);
+  return error ? path : place.string();
 }
 
-std::string WithSlashes(QString text) {
-  text.replace(QStringLiteral("%5C"), QStringLiteral("\\"));
-  text.replace(QStringLiteral("%2F"), QStringLiteral("/"));
-  return text.replace(QStringLiteral("%25"), QStringLiteral("%")).toStdString();
+/// The system's reason alone, where the error names the file before it.
+std::string ReasonOf(const FileError& error, const std::string& path) {
+  const std::string text = error.what();
+  const std::size_t place = text.find(path + ": ");
+  return place == std::string::npos ? text : text.substr(place + path.size() + 2);
 }
 
-QString KeyOf(const std::string& group, const std::string& name) {
-  const QString key = WithoutSlashes(name);
-  return group.empty() ? key : WithoutSlashes(group) + u'/' + key;
+/// Why what stands there is no file that could be read; empty where nothing speaks against it.
+std::string ReasonAgainst(const std::string& path) {
+  std::error_code ignored;
+  if (fs::is_directory(path, ignored)) return "a folder stands in its place";
+  const bool isLink = fs::is_symlink(path, ignored);
+  return isLink && !fs::exists(path, ignored) ? "it is a link that leads nowhere" : "";
 }
 
-/// The file is put in place by renaming, which is only safe when the folder is on the disk too.
-void SyncFolderOf(const std::string& path) {
-  const std::string folder = std::filesystem::path(path).parent_path().string();
-  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  ::fsync(descriptor);
-  ::close(descriptor);
+bool IsBlank(const std::string& text) {
+  return text.find_first_not_of(" \t\r\n") == std::string::npos;
 }
 
-/// The file as it stands now, with what other processes have written. It is opened anew for each
-/// operation also because an error sticks to it.
-QSettings Open(const std::string& path) {
-  return QSettings(QString::fromStdString(path), QSettings::IniFormat);
-}
-
-std::optional<std::string> TextOf(const QVariant& value) {
-  if (!value.isValid()) return std::nullopt;
-  // An unquoted comma, written by hand, makes a list of one text.
-  if (value.typeId() == QMetaType::QStringList) {
-    return value.toStringList().join(u',').toStdString();
+void RemoveQuietly(platform::Files& files, const std::string& path) {
+  try {
+    if (files.Exists(path)) files.Remove(path);
+  } catch (const FileError&) {
+    // It stays behind, and the next write begins it anew.
   }
-  return value.toString().toStdString();
+}
+
+std::string NowText() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  char text[sizeof "2026-03-09-080500"] = "";
+  std::strftime(text, sizeof text, "%Y-%m-%d-%H%M%S", ::localtime_r(&now, &local));
+  return text;
 }
 
 }  // namespace
 
+std::optional<std::string> IniSettings::Content() {
+  const auto unreadable = [this](const std::string& reason) {
+    return SettingsError("The settings file " + path_ + " can't be read: " + reason + ".");
+  };
+  const std::string reason = ReasonAgainst(path_);
+  if (!reason.empty()) throw unreadable(reason);
+  try {
+    if (!files_.Exists(path_)) return std::nullopt;
+    return files_.Read(path_);
+  } catch (const FileError& error) {
+    throw unreadable(ReasonOf(error, path_));
+  }
+}
+
+/// The state before the latest change, where there is one to go back to.
+std::optional<std::string> IniSettings::KeptContent() {
+  try {
+    std::string kept = files_.Read(PlaceOf(path_) + ".bak");
+    if (!IsBlank(kept) && IniText::Read(kept)) return kept;
+  } catch (const FileError&) {
+    // There is none.
+  }
+  return std::nullopt;
+}
+
+std::optional<IniText> IniSettings::Understood(const std::string& content) {
+  if (IsBlank(content) && KeptContent()) return std::nullopt;
+  return IniText::Read(content);
+}
+
+IniText IniSettings::Load() {
+  const auto content = Content();
+  auto settings = content ? Understood(*content) : IniText{};
+  if (!settings) throw SettingsError("The settings file " + path_ + " is damaged.");
+  return *std::move(settings);
+}
+
+void IniSettings::Replace(const std::string& path, const std::string& content) {
+  const std::string beside = PlaceOf(path_) + ".new";
+  try {
+    files_.Write(beside, content);
+    std::error_code ignored;
+    fs::permissions(beside, fs::perms::owner_read | fs::perms::owner_write, ignored);
+    if (files_.Read(beside) != content)
+      throw FileError("can't write " + path + ": not all is there");
+    files_.Rename(beside, path);
+  } catch (const FileError&) {
+    RemoveQuietly(files_, beside);
+    throw;
+  }
+}
+
 std::optional<std::string> IniSettings::Read(const std::string& group, const std::string& name) {
-  return TextOf(Open(path_).value(KeyOf(group, name)));
+  return Load().Value(group, name);
 }
 
 bool IniSettings::Write(const std::string& group, const std::string& name,
                         const std::string& value) {
-  QSettings file = Open(path_);
-  const QString key = KeyOf(group, name);
-  const QVariant before = file.value(key);
-  if (TextOf(before) == value) return true;
-  file.setValue(key, QString::fromStdString(value));
-  file.sync();
-  if (file.status() != QSettings::AccessError) {
-    SyncFolderOf(path_);
+  try {
+    if (Read(group, name) == value) return true;
+    const std::string place = PlaceOf(path_);
+    std::error_code ignored;
+    fs::create_directories(fs::path(place).parent_path(), ignored);
+    const auto lock = files_.Lock(place + ".lock");
+    // Again, with what others have written meanwhile.
+    IniText settings = Load();
+    if (settings.Value(group, name) == value) return true;
+    const std::string before = settings.Text();
+    settings.Set(group, name, value);
+    if (!IsBlank(before)) Replace(place + ".bak", before);
+    Replace(place, settings.Text());
     return true;
+  } catch (const std::exception&) {
+    return false;
   }
-  // What isn't in the file must not be read back, nor turn up there later.
-  if (before.isValid()) {
-    file.setValue(key, before);
-  } else {
-    file.remove(key);
-  }
-  return false;
 }
 
-bool IniSettings::CreateGroup(const std::string&) { return Open(path_).isWritable(); }
+bool IniSettings::CreateGroup(const std::string&) {
+  try {
+    Load();
+    return true;
+  } catch (const SettingsError&) {
+    return false;
+  }
+}
 
-std::vector<std::string> IniSettings::Groups() {
-  std::vector<std::string> names;
-  for (const QString& group : Open(path_).childGroups()) names.push_back(WithSlashes(group));
-  return names;
+std::vector<std::string> IniSettings::Groups() { return Load().Groups(); }
+
+std::string IniSettings::Mend() {
+  const auto isGood = [this](const auto& content) { return !content || Understood(*content); };
+  if (isGood(Content())) return {};
+  try {
+    const std::string place = PlaceOf(path_);
+    const auto lock = files_.Lock(place + ".lock");
+    const auto damaged = Content();
+    if (isGood(damaged)) return {};  // another process was quicker
+    const std::string aside = place + ".damaged-" + NowText();
+    Replace(aside, *damaged);
+    const auto kept = KeptContent();
+    Replace(place, kept.value_or(""));
+    return "The settings file " + path_ + " was damaged and is kept as " + aside + ".  " +
+           (kept ? "The settings from before their last change have taken its place."
+                 : "Tarvolenix starts with the usual settings; your mail account must be set up "
+                   "anew.");
+  } catch (const FileError& error) {
+    throw SettingsError("The settings file " + path_ +
+                        " is damaged, and nothing can take its place: " + error.what() + ".");
+  }
 }
 
 }  // namespace desktop

@@ -11,7 +11,7 @@ namespace desktop {
 
 RealDesktop::RealDesktop(const std::string& programFolder, MailService::AskAccount ask,
                          MailService::AskRecipients askRecipients)
-    : settings_(SettingsFileFor(programFolder)),
+    : settings_(files_, SettingsFileFor(programFolder)),
       passwords_(PasswordsBeside(SettingsFileFor(programFolder))),
       sounds_(std::make_unique<QtSounds>()),
       mail_(events_, *passwords_, std::move(ask)) {

@@ -20,8 +20,16 @@ std::string ReturnValue(const StoredValue& value, std::string_view defaultValue)
   return IsEmptyValue(value) ? std::string(defaultValue) : *value;
 }
 
-StoredValue ReadRegistry(const std::string& section, const std::string& valueName) {
+StoredValue ReadRegistryOrRaise(const std::string& section, const std::string& valueName) {
   return TheDesktop().settings->Read(GroupOf(section), valueName);
+}
+
+StoredValue ReadRegistry(const std::string& section, const std::string& valueName) {
+  try {
+    return ReadRegistryOrRaise(section, valueName);
+  } catch (const SettingsError&) {
+    return std::nullopt;
+  }
 }
 
 bool WriteRegistry(const std::string& section, const std::string& valueName,
@@ -47,6 +55,13 @@ void SetLogonStatus(bool inProgress) {
 
 bool GetLogonStatus() {
   return ReturnValue(ReadRegistry(productSection, "LogonStatus"), "False") == "True";
+}
+
+std::string MendSettings() {
+  const std::string told = TheDesktop().settings->Mend();
+  // The state before the latest change is mostly that of a logon, which has long come back.
+  if (!told.empty()) SetLogonStatus(false);
+  return told;
 }
 
 std::string BooleanText(bool value) { return value ? "True" : "False"; }

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/settings_store.h"
+
 namespace platform {
 
 inline constexpr const char* productSection = "Tarvolenix";
@@ -27,6 +29,9 @@ std::string ReturnValue(const StoredValue& value, std::string_view defaultValue)
 /// Nothing where the value is missing or can't be read. No error reaches the caller.
 StoredValue ReadRegistry(const std::string& section, const std::string& valueName);
 
+/// The same for who decides by a value's absence: raises SettingsError where it can't be read.
+StoredValue ReadRegistryOrRaise(const std::string& section, const std::string& valueName);
+
 /// A numeric value is stored as a 32-bit whole number unless `forceText` is set, so "007" reads
 /// back as "7". False on any error; the old value then stands.
 bool WriteRegistry(const std::string& section, const std::string& valueName,
@@ -34,13 +39,18 @@ bool WriteRegistry(const std::string& section, const std::string& valueName,
 
 bool CreateRegistryKey(const std::string& section);
 
-/// The names of the groups below the product's own values.
+/// The names of the groups below the product's own values. Raises SettingsError.
 std::vector<std::string> EnumRegistryKeys();
 
 /// The crash guard of the mail logon: set from just before a logon until just after it, written
 /// through at once.
 void SetLogonStatus(bool inProgress);
 bool GetLogonStatus();
+
+/// Looks at the settings before anything is read or written, and mends them where they are damaged.
+/// Answers what the user must be told then, else nothing. Raises SettingsError where the program
+/// can't go on with them.
+std::string MendSettings();
 
 /// How booleans are written in the settings store.
 std::string BooleanText(bool value);

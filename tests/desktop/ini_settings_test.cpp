@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/ini_settings.h"
 
+#include <QSettings>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "desktop/folders.h"
+#include "desktop/posix_files.h"
+#include "fakes/memory_files.h"
 #include "temporary_folder.h"
 
 namespace {
@@ -14,27 +17,73 @@ using desktop::IniSettings;
 
 class IniSettingsTest : public testing::Test {
  protected:
-  std::optional<std::string> ReadAgain(const std::string& group, const std::string& name) {
-    return IniSettings(path_).Read(group, name);
+  void Conf(const std::string& content) {
+    std::filesystem::create_directories(folder_ / "below");
+    WriteFile(path_, content);
   }
 
   TemporaryFolder folder_;
   std::string path_ = folder_ / "below/Tarvolenix.conf";
-  IniSettings settings_{path_};
+  desktop::PosixFiles files_;
+  IniSettings settings_{files_, path_};
 };
 
-TEST_F(IniSettingsTest, ValuesReadBackAsTheyWereWritten) {
+TEST_F(IniSettingsTest, TheToolkitReadsTheSameValuesAndWroteThemBefore) {
   for (const char* value :
        {"True", "", " blanks around ", "800,600", "Müller, Jürgen; \"der Große\"", "88;-118;-39",
         "a=b # no comment", "back\\slash and %percent", "@Invalid()", "line\r\nend\ttab",
+        "\x1b"
+        "a1\x07",
         "棋 ♔ 😀"}) {
-    ASSERT_TRUE(settings_.Write("", "Key", value)) << value;
-    ASSERT_TRUE(settings_.Write("Mail", "Key", value)) << value;
-    EXPECT_EQ(settings_.Read("", "Key"), value);
-    EXPECT_EQ(ReadAgain("", "Key"), value);
-    EXPECT_EQ(ReadAgain("Mail", "Key"), value);
+    for (const std::string group : {"", "Mail"}) {
+      SCOPED_TRACE(group + "/" + value);
+      const auto toolkit = [&](const std::string& path) {
+        return QSettings(QString::fromStdString(path), QSettings::IniFormat);
+      };
+      const QString key = QString::fromStdString(group.empty() ? "Key" : group + "/Key");
+      toolkit(folder_ / "earlier.conf").setValue(key, QString::fromUtf8(value));
+      EXPECT_EQ(IniSettings(files_, folder_ / "earlier.conf").Read(group, "Key"), value);
+      ASSERT_TRUE(settings_.Write(group, "Key", value));
+      EXPECT_EQ(settings_.Read(group, "Key"), value);
+      EXPECT_EQ(toolkit(path_).value(key).toString().toStdString(), value);
+    }
   }
   EXPECT_EQ(settings_.Read("NoGroup", "Key"), std::nullopt);
+}
+
+TEST_F(IniSettingsTest, ValuesWrittenByHandAreRead) {
+  for (const auto& [written, value] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"Key=1;-2;3", "1;-2;3"},
+           {"\xEF\xBB\xBF  Key = a , \"b , \" c  ; no comment", "a,b , c  ; no comment"},
+           {"[%General]\nKey=no\n[GENERAL]\nKey=\\xe9t\\351 \\q\\\"\\", "ét\xC3\xA9 \""},
+           {"Key=old\r\n#Key=no\r\n;Key\r\n%4Bey=new", "new"}}) {
+    Conf(written);
+    EXPECT_EQ(settings_.Read("", "Key"), value) << written;
+  }
+}
+
+TEST_F(IniSettingsTest, OneChangeLeavesTheOtherLinesAsTheyStand) {
+  const std::string before = "; mine\n A = 1;2\n\n[Other]\nx=a, b\n[Mail]\nMyName=Anna\n# end";
+  Conf(before);
+  std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
+  const auto stamp = files_.Stamp(path_);
+  EXPECT_TRUE(settings_.Write("Mail", "MyName", "Anna"));
+  EXPECT_EQ(files_.Stamp(path_), stamp) << "nothing to write";
+  std::filesystem::create_symlink(path_, folder_ / "link.conf");
+  EXPECT_TRUE(IniSettings(files_, folder_ / "link.conf").Write("Mail", "MyName", "Eva, née Maß"));
+  EXPECT_EQ(ReadFile(path_ + ".bak"), before);
+  EXPECT_TRUE(settings_.Write("Mail", "MailKind", "Post"));
+  EXPECT_TRUE(settings_.Write("", "B", "3"));
+  EXPECT_TRUE(settings_.Write("General", "C", "4"));
+  EXPECT_EQ(ReadFile(path_),
+            "; mine\n A = 1;2\nB=3\n\n[Other]\nx=a, b\n[Mail]\nMyName=\"Eva, née Maß\"\n"
+            "MailKind=Post\n# end\n\n[%General]\nC=4\n");
+  const auto mode = [](const std::string& path) {
+    return std::filesystem::status(path).permissions();
+  };
+  EXPECT_EQ(mode(path_), std::filesystem::perms::owner_all);
+  EXPECT_EQ(mode(path_ + ".bak"),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
 TEST_F(IniSettingsTest, GroupsAndNamesOfAnyLookStayApart) {
@@ -45,26 +94,64 @@ TEST_F(IniSettingsTest, GroupsAndNamesOfAnyLookStayApart) {
   for (const auto& [group, name] : keys) {
     ASSERT_TRUE(settings_.Write(group, name, std::string(group) + name));
   }
-  for (const auto& [group, name] : keys)
-    EXPECT_EQ(ReadAgain(group, name), std::string(group) + name);
+  for (const auto& [group, name] : keys) {
+    EXPECT_EQ(settings_.Read(group, name), std::string(group) + name);
+  }
   auto groups = settings_.Groups();
   std::sort(groups.begin(), groups.end());
   EXPECT_EQ(groups, (std::vector<std::string>{"%General", "2.3.0", "General", "Mail", "a", "a/b",
                                               "back\\"}));
 }
 
-TEST_F(IniSettingsTest, TwoProcessesKeepEachOthersValues) {
-  settings_.Write("", "One", "1");
-  std::filesystem::create_directories(folder_ / "other");
-  // A link of another name: the toolkit takes it for another file, as another process would.
-  std::filesystem::create_directory_symlink(folder_ / "below", folder_ / "other/way");
-  IniSettings other(folder_ / "other/way/Tarvolenix.conf");
-  ASSERT_TRUE(other.Write("", "Two", "2"));
-  EXPECT_EQ(settings_.Read("", "Two"), "2");
-  ASSERT_TRUE(settings_.Write("", "Three", "3"));
-  EXPECT_EQ(other.Read("", "One"), "1");
-  EXPECT_EQ(other.Read("", "Two"), "2");
-  EXPECT_EQ(other.Read("", "Three"), "3");
+TEST_F(IniSettingsTest, NoFailureLeavesLessThanTheOldFileAndWhatIsReportedIsThere) {
+  const std::string before = "[Mail]\nMailKind=Imap\n";
+  for (int failing = 1; failing < 20; ++failing) {
+    fakes::MemoryFiles files;
+    files.content[path_] = before;
+    files.FailOperation(failing);
+    const bool stored = IniSettings(files, path_).Write("Mail", "MailKind", "Post");
+    EXPECT_EQ(files.content[path_], stored ? "[Mail]\nMailKind=Post\n" : before) << failing;
+    EXPECT_EQ(stored, failing > 8) << failing;  // read twice; twice written, compared, renamed
+    EXPECT_FALSE(files.Exists(path_ + ".new") || !files.locked.empty());
+  }
+}
+
+TEST_F(IniSettingsTest, WhatCantBeReadIsNeitherEmptyNorWrittenOver) {
+  std::filesystem::create_directories(path_);
+  std::filesystem::create_symlink(folder_ / "nowhere", folder_ / "link");
+  EXPECT_EQ(desktop::SettingsFileFor(folder_ / "below"), path_);
+  for (const std::string& path : {path_, folder_ / "link"}) {
+    IniSettings settings(files_, path);
+    EXPECT_THROW(settings.Read("", "A"), platform::SettingsError);
+    EXPECT_THROW(settings.Mend(), platform::SettingsError);
+    EXPECT_FALSE(settings.Write("", "A", "1"));
+    EXPECT_FALSE(std::filesystem::is_regular_file(path));
+  }
+}
+
+TEST_F(IniSettingsTest, DamageIsToldAndMendedFromWhatIsKept) {
+  const std::string zeros(8, '\0');
+  for (const std::string& damaged : {zeros, std::string("A=1\nSki"), std::string("=x"),
+                                     std::string("[Mail\nA=1"), std::string()}) {
+    for (const std::string& kept : {std::string("A=2\n"), zeros, std::string()}) {
+      Conf(damaged);
+      WriteFile(path_ + ".bak", kept);
+      const bool isDamaged = !damaged.empty() || kept == "A=2\n";
+      if (isDamaged) {
+        EXPECT_THROW(settings_.Read("", "A"), platform::SettingsError);
+        EXPECT_FALSE(settings_.Write("", "A", "1"));
+        EXPECT_EQ(ReadFile(path_), damaged);
+      }
+      const std::string told = settings_.Mend();
+      EXPECT_EQ(told.find(path_) != std::string::npos, isDamaged);
+      EXPECT_EQ(settings_.Read("", "A").value_or(""), kept == "A=2\n" ? "2" : "");
+      EXPECT_EQ(settings_.Mend(), "");
+      const std::size_t aside = told.find(path_ + ".damaged-");
+      if (isDamaged) {
+        EXPECT_EQ(ReadFile(told.substr(aside, told.find(".  ") - aside)), damaged);
+      }
+    }
+  }
 }
 
 class FoldersTest : public testing::Test {

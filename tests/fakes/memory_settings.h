@@ -14,6 +14,7 @@ namespace fakes {
 class MemorySettings : public platform::SettingsStore {
  public:
   std::optional<std::string> Read(const std::string& group, const std::string& name) override {
+    if (unreadable) throw platform::SettingsError("the settings can't be read");
     const auto found = groups.find(group);
     if (found == groups.end()) return std::nullopt;
     const auto value = found->second.find(name);
@@ -22,7 +23,7 @@ class MemorySettings : public platform::SettingsStore {
   }
 
   bool Write(const std::string& group, const std::string& name, const std::string& value) override {
-    if (readOnly) return false;
+    if (readOnly || unreadable) return false;
     groups[group][name] = value;
     writes.emplace_back(name, value);
     return true;
@@ -34,6 +35,7 @@ class MemorySettings : public platform::SettingsStore {
   }
 
   std::vector<std::string> Groups() override {
+    if (unreadable) throw platform::SettingsError("the settings can't be read");
     std::vector<std::string> names;
     for (const auto& [name, values] : groups) {
       if (!name.empty()) names.push_back(name);
@@ -41,9 +43,16 @@ class MemorySettings : public platform::SettingsStore {
     return names;
   }
 
+  std::string Mend() override {
+    if (unreadable) throw platform::SettingsError("the settings can't be read");
+    return std::exchange(mended, {});
+  }
+
   std::map<std::string, std::map<std::string, std::string>> groups;
   std::vector<std::pair<std::string, std::string>> writes;
   bool readOnly = false;
+  bool unreadable = false;
+  std::string mended;  ///< what the next Mend answers
 };
 
 }  // namespace fakes

@@ -167,6 +167,9 @@ TEST(ProcessTest, SettingsLieInTheirGroupsAndBlankOnesTakeTheDefault) {
   for (const char* present : {"0", "False", " "}) EXPECT_EQ(ReturnValue(present, "New"), present);
   desktop.settings.readOnly = true;
   EXPECT_FALSE(WriteRegistry(productSection, "Skin", "x"));
+  desktop.settings.unreadable = true;
+  EXPECT_EQ(ReadRegistry("Tarvolenix/2.3.0", "Skin"), std::nullopt);
+  EXPECT_THROW(ReadRegistryOrRaise("Tarvolenix/2.3.0", "Skin"), SettingsError);
 }
 
 TEST(ProcessTest, TheLogonGuardIsWrittenAtOnce) {

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <iostream>
 #include <optional>
+#include <string_view>
 
 #include "cli/verbs.h"
 #include "desktop/folders.h"
@@ -17,6 +18,7 @@
 #include "desktop/real_desktop.h"
 #include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/registry.h"
 #include "platform/setting_variables.h"
 
 namespace {
@@ -69,6 +71,18 @@ std::string TakeFolder(std::vector<std::string>& arguments) {
 /// Standard error has one sentence, and none of the toolkit's.
 void DropToolkitMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
 
+/// The other verbs go on without settings.
+bool NeedsSettings(const cli::VerbRow& verb, const cli::Arguments& arguments) {
+  return verb.run == cli::Send || verb.run == cli::Retrieve || arguments.Has("--send") ||
+         std::string_view(verb.name).starts_with("account");
+}
+
+/// What was mended is worth a sentence, and the verb goes on.
+void LookAtSettings() {
+  const std::string mended = platform::MendSettings();
+  if (!mended.empty()) std::cerr << mended << '\n';
+}
+
 int Run(int argc, char** argv) {
   std::vector<std::string> arguments{argv + 1, argv + argc};
   const std::string folder = TakeFolder(arguments);
@@ -98,6 +112,7 @@ int Run(int argc, char** argv) {
   platform::Process().DataPath = dataFolder + "Data/";
   platform::Settings().Verbose = true;
   platform::TheDesktop().messageBoxes = &messages;
+  if (NeedsSettings(verb, parsed)) LookAtSettings();
   const bool done = verb.run({parsed, messages, desktop.KeptPasswords()});
   if (!std::cout.flush()) throw cli::Refusal("The answer could not be written.");
   return done ? Done : Failed;

@@ -20,7 +20,7 @@ namespace {
 
 using platform::BooleanText;
 using platform::productSection;
-using platform::ReadRegistry;
+using platform::ReadRegistryOrRaise;
 using platform::ReturnValue;
 using platform::SettingVariables;
 using platform::WriteRegistry;
@@ -54,7 +54,7 @@ constexpr Default SystrayStartup{"SystrayStartup", "True"};
 constexpr Default BppChecked{"BppChecked", "False"};
 
 std::string ReadText(const Default& setting, const std::string& section = productSection) {
-  return ReturnValue(ReadRegistry(section, setting.name), setting.value);
+  return ReturnValue(ReadRegistryOrRaise(section, setting.name), setting.value);
 }
 
 bool ReadFlag(const Default& setting) { return ReadText(setting) == "True"; }
@@ -164,7 +164,7 @@ void SaveSettings() {
 }
 
 void UpgradeSettings() {
-  if (!platform::IsEmptyValue(ReadRegistry(productSection, DisplaySplash.name))) {
+  if (!platform::IsEmptyValue(ReadRegistryOrRaise(productSection, DisplaySplash.name))) {
     if (platform::Process().ForcedSimpleUI) WriteFlag(SimpleUI, true);
     return;
   }

@@ -7,7 +7,8 @@ namespace shell {
 
 /// Sets all variables, the table of motivations and the polling interval from the store, the
 /// default standing in for what is missing. False where a number can't be read: the program must
-/// not start then.
+/// not start then. Raises platform::SettingsError, as UpgradeSettings does, where the store can't
+/// be read: a default that is saved later would take the place of what is there.
 bool LoadSettings();
 
 /// Writes all of them. A value that can't be written keeps its old content without a word.

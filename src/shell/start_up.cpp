@@ -81,9 +81,25 @@ void ReportFailedStart() {
                         "Ok", {}, false, platform::FailureSound);
 }
 
+/// False where the program can't go on with its settings. There is no skin yet to tell it in.
+bool SettingsAreThere() {
+  platform::MessageBoxes& boxes = *platform::TheDesktop().messageBoxes;
+  try {
+    const std::string mended = platform::MendSettings();
+    if (!mended.empty()) boxes.PlainBox(platform::PlainIcon::Warning, "Settings", mended);
+    return !Process().Stopping;
+  } catch (const platform::SettingsError& error) {
+    boxes.PlainBox(platform::PlainIcon::Stop, "Settings",
+                   error.what() + std::string("  Tarvolenix doesn't start, so that nothing in it "
+                                              "gets lost."));
+    return false;
+  }
+}
+
 /// What must stand before the first skinned dialog, up to the first skinned dialogs themselves.
 /// False where the program must not start.
 bool PrepareLook() {
+  if (!SettingsAreThere()) return false;
   CheckDisplaySettings();
   if (Process().Stopping) return false;
   UpgradeSettings();

@@ -133,6 +133,9 @@ TEST_F(SettingsTest, LoadTakesTheDefaultForNonsenseButRefusesABadTableOfMotivati
   EXPECT_EQ(Process().CheckTimer.Interval, 0);
   EXPECT_EQ(Settings().SearchDepth, 2);
   EXPECT_FALSE(Settings().Verbose) << "only the exact word is true";
+  desktop_.settings.unreadable = true;
+  EXPECT_THROW(shell::LoadSettings(), platform::SettingsError) << "no default for what is there";
+  EXPECT_THROW(shell::UpgradeSettings(), platform::SettingsError);
 }
 
 TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {

@@ -72,6 +72,8 @@ TEST_F(StartUpTest, AnAbortSavesNothingAndLeavesTrayAndMailAlone) {
     const char* told;
     const char* happened;
   } rows[] = {
+      {"settings that can't be read", [this] { desktop.settings.unreadable = true; }, "",
+       "plain box Settings"},
       {"skin", [this] { desktop.windows.refusing = {"skin"}; }, "", "skin"},
       {"second instance", [this] { desktop.screen.anotherInstance = true; },
        "You already have Tarvolenix running.\n\nYou cannot have more than one copy of Tarvolenix "
@@ -87,7 +89,7 @@ TEST_F(StartUpTest, AnAbortSavesNothingAndLeavesTrayAndMailAlone) {
     Process() = {};
     Setting("DisplaySplash") = "True";
     Setting("Heuristics") = "";
-    desktop.screen.anotherInstance = false;
+    desktop.screen.anotherInstance = desktop.settings.unreadable = false;
     desktop.windows.refusing = desktop.windows.failing = {};
     desktop.boxes.messages.clear();
     row.trouble();
@@ -98,6 +100,14 @@ TEST_F(StartUpTest, AnAbortSavesNothingAndLeavesTrayAndMailAlone) {
     EXPECT_TRUE(Process().ShuttingDown);
     EXPECT_EQ(desktop.settings.groups, stored);
   }
+}
+
+TEST_F(StartUpTest, MendedSettingsAreToldAndTheLogonThatTheyRememberIsOver) {
+  desktop.settings.mended = "damaged";
+  Setting("LogonStatus") = "True";
+  EXPECT_TRUE(StartUp());
+  EXPECT_EQ(desktop.boxes.plainBoxes.at(0).second, "damaged");
+  EXPECT_FALSE(Process().Offline);
 }
 
 TEST_F(StartUpTest, AHandOverThatShowsNothingIsAFailedStart) {

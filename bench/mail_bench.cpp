@@ -38,7 +38,7 @@ void Retrieve(benchmark::State& state) {
     state.PauseTiming();
     {
       const MailPlayer player(
-          MailSettings{{"MyName", "Anna"}, {"MyAddress", anna}, {"PostFolder", "post/"}});
+          MailSettings{{"MailKind", "Post"}, {"MyAddress", anna}, {"PostFolder", "post/"}});
       for (int i = 1; i <= state.range(0); ++i) SendGame(i);
       state.ResumeTiming();
       const auto arrivals = mail::LogonAndCollect(false, false, true);

@@ -40,6 +40,11 @@ ui::ProviderGuess Guess(const desktop::MailAccount& account) {
           std::string(desktop::PasswordAdvice(guessed.ImapHost))};
 }
 
+void ReportAccountTrouble(const std::string& text) {
+  platform::ShowMessage(platform::ErrorIcon, "Mail account", text, "Ok", {}, false,
+                        platform::FailureSound);
+}
+
 void SetUpFolders() {
   const std::string dataFolder = desktop::DataFolderFor(Process().ProgramFolder);
   desktop::PrepareDataFolder(Process().ProgramFolder, dataFolder);
@@ -143,13 +148,19 @@ void Program::TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp:
 }
 
 void Program::ChangeAccount() {
+  try {
+    ChangeAccountFrom(desktop::LoadMailAccount());
+  } catch (const platform::SettingsError& error) {
+    ReportAccountTrouble(error.what());
+  }
+}
+
+void Program::ChangeAccountFrom(const desktop::MailAccount& stored) {
   const platform::PollingHold hold;
-  const desktop::MailAccount stored = desktop::LoadMailAccount();
   const auto answer = AskAccount(desktop::WithLoginName(stored));
   if (!answer || (answer->account == stored && !answer->password)) return;
   if (!desktop::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) {
-    platform::ShowMessage(platform::ErrorIcon, "Mail account", "Your mail account can't be stored.",
-                          "Ok", {}, false, platform::FailureSound);
+    ReportAccountTrouble("Your mail account can't be stored.");
     return;
   }
   // The next logon is the new account's, whatever became of the old one's.

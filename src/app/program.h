@@ -48,6 +48,7 @@ class Program {
 
   /// The user's own wish; what he changes counts from the next logon on.
   void ChangeAccount();
+  void ChangeAccountFrom(const desktop::MailAccount& stored);
 
   std::optional<std::string> KeptPassword(const desktop::MailAccount& account);
   void TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told);

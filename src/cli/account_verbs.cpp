@@ -199,7 +199,11 @@ void PrintAccount(const MailAccount& account, desktop::Passwords& passwords) {
 }  // namespace
 
 bool ShowAccount(const Call& call) {
-  PrintAccount(desktop::LoadMailAccount(), call.passwords);
+  const std::string reason = desktop::WhyNoAccount();
+  MailAccount account = desktop::LoadMailAccount();
+  if (!reason.empty()) account.MailKind.clear();
+  PrintAccount(account, call.passwords);
+  if (!reason.empty()) throw Refusal(reason);
   return true;
 }
 
@@ -230,9 +234,12 @@ bool TestAccount(const Call& call) {
   const MailAccount account =
       desktop::WithAbsolutePostFolder(desktop::WithLoginName(desktop::LoadMailAccount()));
   const auto password = KeptPassword(account, call.passwords);
-  const std::string reason = desktop::NeedsPassword(account) && !password
-                                 ? "No password is kept for this mail account."
-                                 : desktop::WhatIsWrongWith(account, password.value_or(""));
+  std::string reason = desktop::WhyNoAccount();
+  if (reason.empty()) {
+    reason = desktop::NeedsPassword(account) && !password
+                 ? "No password is kept for this mail account."
+                 : desktop::WhatIsWrongWith(account, password.value_or(""));
+  }
   JsonObject answer;
   answer.Add("ok", reason.empty());
   if (!reason.empty()) answer.Add("reason", reason);

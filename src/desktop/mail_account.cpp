@@ -45,6 +45,10 @@ constexpr PortField portFields[] = {
     {"SmtpPort", &MailAccount::SmtpPort},
 };
 
+platform::StoredValue Stored(const char* name) {
+  return platform::ReadRegistryOrRaise(platform::mailSection, name);
+}
+
 std::string LoginName() {
   const passwd* user = ::getpwuid(::getuid());
   return user && user->pw_name && *user->pw_name ? user->pw_name : "player";
@@ -58,16 +62,21 @@ MailAccount LoadMailAccount() {
   MailAccount account;
   account.PostFolder = DefaultPostFolder();
   for (const auto& [name, member, network] : textFields) {
-    account.*member =
-        platform::ReturnValue(platform::ReadRegistry(platform::mailSection, name), account.*member);
+    account.*member = platform::ReturnValue(Stored(name), account.*member);
   }
   for (const auto& [name, member] : portFields) {
-    const auto stored = platform::ReadRegistry(platform::mailSection, name);
+    const auto stored = Stored(name);
     const auto port = stored ? platform::ToInteger32(*stored) : std::nullopt;
     if (port && *port > 0 && *port < 65536) account.*member = *port;
   }
   if (!account.PostFolder.ends_with('/')) account.PostFolder += '/';
   return account;
+}
+
+std::string WhyNoAccount() {
+  if (!platform::IsEmptyValue(Stored("MailKind"))) return {};
+  return "There is no mail account yet: \"tarvolenix-cli account set MailKind=KIND MyName=NAME "
+         "MyAddress=ADDRESS\" sets one up, with Post, Imap or System as KIND.";
 }
 
 MailAccount WithLoginName(MailAccount account) {

@@ -13,8 +13,12 @@ using platform::AccountAnswer;
 using platform::MailAccount;
 
 /// What is stored, defaults standing in for what isn't. Without a stored account MyAddress is
-/// blank.
+/// blank. Raises platform::SettingsError where the settings can't be read.
 MailAccount LoadMailAccount();
+
+/// What is wrong where nobody has chosen an account yet, with the way out; else empty. Raises as
+/// LoadMailAccount does.
+std::string WhyNoAccount();
 
 /// `account` with a name and an address where they are blank: the login name, and that name at this
 /// machine.

@@ -7,10 +7,12 @@
 
 #include "desktop/mail_text.h"
 #include "platform/mail_address.h"
+#include "platform/settings_store.h"
 
 namespace desktop {
 namespace {
 
+using platform::AccountError;
 using platform::MailError;
 
 /// Runs `work`; whatever it raises becomes the one exception that callers know.
@@ -75,9 +77,17 @@ MailService::MailService(platform::Events& events, Passwords& passwords, AskAcco
       thread_(events) {}
 
 AccountAnswer MailService::StoredAccount() const {
-  AccountAnswer stored{LoadMailAccount(), {}};
-  if (NeedsPassword(stored.account)) stored.password = passwords_.Read(PasswordKey(stored.account));
-  return stored;
+  try {
+    const std::string reason = ask_ ? "" : WhyNoAccount();
+    if (!reason.empty()) throw AccountError(reason);
+    AccountAnswer stored{LoadMailAccount(), {}};
+    if (NeedsPassword(stored.account)) {
+      stored.password = passwords_.Read(PasswordKey(stored.account));
+    }
+    return stored;
+  } catch (const platform::SettingsError& error) {
+    throw AccountError(error.what());
+  }
 }
 
 AccountAnswer MailService::Account() {

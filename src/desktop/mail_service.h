@@ -36,8 +36,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   };
 
   /// The user is asked where there is no account yet, or no password for it. Without `ask` the
-  /// suggestion is taken unasked, and not stored, so that a program that can ask still does. `make`
-  /// is called on the mail thread. `events` and `passwords` must outlive the service.
+  /// logon fails there. `make` is called on the mail thread. `events` and `passwords` must outlive
+  /// the service.
   MailService(platform::Events& events, Passwords& passwords, AskAccount ask = {},
               MakeTransport make = MakeMailTransport);
 

@@ -20,8 +20,8 @@ namespace desktop {
 /// be there already.
 class RealDesktop {
  public:
-  /// `ask` is the dialog for the mail account; without it the login name is taken. `askRecipients`
-  /// is the address book's; without it nobody is found.
+  /// `ask` is the dialog for the mail account; without it there must be one. `askRecipients` is
+  /// the address book's; without it nobody is found.
   explicit RealDesktop(const std::string& programFolder, MailService::AskAccount ask = {},
                        MailService::AskRecipients askRecipients = {});
   ~RealDesktop();

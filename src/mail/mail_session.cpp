@@ -2,6 +2,7 @@
 #include "mail/mail_session.h"
 
 #include <exception>
+#include <string>
 
 #include "mail/move_files.h"
 #include "mail/retrieval.h"
@@ -51,6 +52,11 @@ void ReportLogonFailure() {
       "Ok", {}, false, platform::FailureSound);
 }
 
+void ReportMissingAccount(const std::string& reason) {
+  platform::ShowMessage(platform::MailIcon, "Mail account", reason, "Ok", {}, false,
+                        platform::FailureSound);
+}
+
 }  // namespace
 
 void MailLogon(bool showStatus) {
@@ -71,6 +77,8 @@ void MailLogon(bool showStatus) {
   try {
     SignOn();
     process.Offline = false;
+  } catch (const platform::AccountError& error) {
+    if (showStatus && !process.StandAlone) ReportMissingAccount(error.what());
   } catch (const std::exception&) {
     if (showStatus && !process.StandAlone) ReportLogonFailure();
   }

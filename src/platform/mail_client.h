@@ -21,6 +21,11 @@ struct MailError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// There is no account to sign on with. What it says is a plain sentence for the user.
+struct AccountError : MailError {
+  using MailError::MailError;
+};
+
 class MAPISession {
  public:
   virtual ~MAPISession() = default;

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The console companion as a script sees it: arguments in, JSON, sentences and an exit code out.
+#include <functional>
+
 #include "cli/cli_fixture.h"
 
 namespace cli {
@@ -198,6 +200,36 @@ TEST_F(CliTest, WhatCantBeSentIsNotSaved) {
   EXPECT_EQ(answer.out, "");
   EXPECT_NE(answer.err.find("failed to connect to your mail service"), std::string::npos);
   EXPECT_FALSE(fs::exists(root_ / "anna/Data/Tvgdb.dat"));
+}
+
+TEST_F(CliTest, WithoutSettingsNothingIsSentAndWhatNeedsNoneGoesOn) {
+  AnnaStartsGame();
+  const fs::path conf = root_ / "anna/Tarvolenix.conf";
+  const struct {
+    const char* name;
+    std::function<void()> spoil;
+    const char* said;
+    const char* shown;
+  } rows[] = {
+      {"no account", [&] { Spill(conf, "Verbose=True\n"); }, "account set", R"("MailKind":"")"},
+      {"damaged", [&] { Spill(conf, "Verbo"); }, "was damaged and is kept as", R"("MailKind":"")"},
+      {"unreadable", [&] { fs::remove(conf), fs::create_directory(conf); }, "can't be read", ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"send", "1"}, {"retrieve"}, {"account", "test"}, {"account", "show"}}) {
+      fs::remove(conf.string() + ".bak");
+      row.spoil();
+      const Answer answer = As("anna", arguments);
+      EXPECT_EQ(answer.exitCode, 1);
+      EXPECT_NE((answer.out + answer.err).find(row.said), std::string::npos) << answer.err;
+      const bool shows = arguments.back() == "show";
+      EXPECT_NE(answer.out.find(shows ? row.shown : ""), std::string::npos);
+      EXPECT_EQ(answer.out.find("\"ok\":true"), std::string::npos);
+    }
+    EXPECT_EQ(As("anna", {"games"}).exitCode, 0);
+  }
 }
 
 TEST_F(CliTest, TextsThatWouldDamageAGameAreRefused) {

@@ -303,15 +303,19 @@ TEST_F(MailServiceTest, AsksForTheAccountOnceAndNeverAgainWhenAnswered) {
   EXPECT_EQ(questions_, 2);
   EXPECT_TRUE(Stored("MyAddress").ends_with("@localhost"));
   EXPECT_EQ(accounts_.back().MyName, "Müller, Hans");
+  desktop_.settings.unreadable = true;
+  EXPECT_THROW(service_.SignOn(), platform::AccountError);
+  EXPECT_EQ(questions_, 2) << "an account that can't be read is none that is missing";
 }
 
 TEST_F(MailServiceTest, AsksForAPasswordThatIsMissingAndKeepsItApart) {
-  Stored("MailKind") = "Imap";
   Stored("MyAddress") = Stored("UserName") = "me@x.y";
   Stored("ImapHost") = "imap.x.y";
   MailService console(events_, passwords_, {}, [this](const auto&, const auto&) {
     return std::make_unique<ScriptedTransport>(script_);
   });
+  EXPECT_THROW(console.SignOn(), platform::AccountError) << "none is chosen, nobody can be asked";
+  Stored("MailKind") = "Imap";
   EXPECT_THROW(console.SignOn(), MailError) << "nobody can be asked";
   answeredPassword_ = "s3cret; |\n";
   SignOn();

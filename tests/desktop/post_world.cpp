@@ -15,8 +15,10 @@ namespace fs = std::filesystem;
 class PostWorld : public MailWorld {
  public:
   PostWorld() {
-    desktop_.settings.groups["Mail"] = {
-        {"MyName", userName}, {"MyAddress", userAddress}, {"PostFolder", folder_ / "post/"}};
+    desktop_.settings.groups["Mail"] = {{"MailKind", "Post"},
+                                        {"MyName", userName},
+                                        {"MyAddress", userAddress},
+                                        {"PostFolder", folder_ / "post/"}};
   }
 
   platform::MAPISession& Session() override { return service_; }

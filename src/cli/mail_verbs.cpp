@@ -11,7 +11,6 @@
 #include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
-#include "platform/registry.h"
 
 namespace cli {
 
@@ -22,8 +21,8 @@ namespace {
 template <typename Work>
 auto WithoutLogonGuard(const Work& work) {
   struct Cleared {
-    Cleared() { platform::SetLogonStatus(false); }
-    ~Cleared() { platform::SetLogonStatus(false); }
+    Cleared() { mail::ForgetEarlierCrash(); }
+    ~Cleared() { mail::ForgetEarlierCrash(); }
   } const cleared;
   return work();
 }

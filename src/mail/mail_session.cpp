@@ -2,6 +2,7 @@
 #include "mail/mail_session.h"
 
 #include <exception>
+#include <memory>
 #include <string>
 
 #include "mail/move_files.h"
@@ -24,13 +25,40 @@ bool SessionIsUp() {
   }
 }
 
+/// LogonStatus as this process may see and set it. The system takes the lock from a process that
+/// dies: the flag is a crash's only where no living process holds the lock, and while one does, the
+/// flag is that process's own. Where there can't be a lock there is just the flag.
+class LogonGuard {
+ public:
+  LogonGuard() {
+    try {
+      lock_ = platform::TheDesktop().files->TryLock(platform::Process().DataPath + "logon.lock");
+      another_ = !lock_;
+    } catch (const platform::FileError&) {
+      // The folder can't be written to.
+    }
+  }
+
+  bool TellsOfCrash() const { return !another_ && platform::GetLogonStatus(); }
+
+  /// A flag that can't be stored is none, and keeps nobody from his mail.
+  void Set(bool inProgress) const {
+    if (!another_) platform::SetLogonStatus(inProgress);
+  }
+
+ private:
+  std::unique_ptr<platform::HeldLock> lock_;
+  bool another_ = false;
+};
+
 /// Raises std::exception. A failing SignOn leaves the guard standing as a crash would, so that the
 /// next logon warns.
 void SignOn() {
   platform::MAPISession& session = *platform::TheDesktop().MSess;
-  platform::SetLogonStatus(true);
+  const LogonGuard guard;
+  guard.Set(true);
   session.SignOn();
-  platform::SetLogonStatus(false);
+  guard.Set(false);
   platform::TheDesktop().MMess->SessionID(session.SessionID());
 }
 
@@ -59,12 +87,14 @@ void ReportMissingAccount(const std::string& reason) {
 
 }  // namespace
 
+void ForgetEarlierCrash() { LogonGuard().Set(false); }
+
 void MailLogon(bool showStatus) {
   const platform::PollingHold hold;
   const StatusPopup popup(showStatus);
   platform::ProcessState& process = platform::Process();
   process.Offline = true;
-  if (platform::GetLogonStatus()) {
+  if (LogonGuard().TellsOfCrash()) {
     ReportEarlierCrash();
     return;
   }

@@ -36,6 +36,7 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
     bool online;
     const char* guardWritten;
     const char* told;
+    bool another = false, readOnly = false;
   } rows[] = {
       {"plain logon", false, false, "", "", true, true, "True False", ""},
       {"guard stands", true, false, "", "", true, false, "", crashed},
@@ -43,6 +44,9 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
       {"no network", false, false, "-nonetwork", "", true, false, "", ""},
       {"logon fails", false, false, "", "SignOn", true, false, "True", notConnected},
       {"logon fails quietly", false, false, "", "SignOn", false, false, "True", ""},
+      {"the guard of another process", true, false, "", "", true, true, "", "", true},
+      {"another process logs on", false, false, "", "", true, true, "", "", true},
+      {"guard can't be stored", false, false, "", "", true, true, "", "", false, true},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -50,6 +54,9 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
     platform::SetLogonStatus(row.guard);
     desktop.mail.messages.SessionID(row.session ? 1 : 0);
     desktop.mail.failing = {row.failing};
+    desktop.settings.readOnly = row.readOnly;
+    std::unique_ptr<platform::HeldLock> another;
+    if (row.another) another = desktop.files.Lock("/program/Data/logon.lock");
     Process().CheckTimer.Enabled = true;
     Process().Offline = false;
     ForgetRecords();
@@ -62,6 +69,10 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
     EXPECT_EQ(written, row.guardWritten);
     EXPECT_EQ(Told(), row.told);
     EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld);
+    EXPECT_EQ(desktop.files.locked.size(), row.another ? 1U : 0U);
+    ForgetEarlierCrash();
+    EXPECT_EQ(platform::GetLogonStatus(), row.guard && row.another)
+        << "not this process's to clear";
   }
 }
 

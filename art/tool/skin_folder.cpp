@@ -51,7 +51,7 @@ class SkinJobs {
     for (const ui::layouts::Layout& layout : ui::layouts::allWindows) {
       const ui::SkinRow& row = *ui::FindSkinRow(layout.window);
       AddBackground(row, layout);
-      AddCharts(row);
+      if (!row.borrows) AddCharts(row);
     }
     AddStrips();
     return std::move(jobs_);

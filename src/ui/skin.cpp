@@ -2,9 +2,11 @@
 #include "ui/skin.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QPointer>
 #include <QWindow>
 
+#include <algorithm>
 #include <exception>
 #include <optional>
 #include <utility>
@@ -78,9 +80,19 @@ GridColours ReadGrid(const QImage& chart, int row) {
           SkinColour(chart, 4, row), SkinColour(chart, 5, row), SkinColour(chart, 6, row)};
 }
 
+/// In the colours of its list, which every skin has, a window is plain but legible.
+void DoWithoutBackground(SkinPictures& pictures) {
+  const GridColours& list = pictures.gridColours.front();
+  pictures.background = QImage(1, 1, QImage::Format_RGB32);
+  pictures.background.fill(list.BackColor);
+  std::fill(pictures.textColours.begin(), pictures.textColours.end(), list.ForeColor);
+}
+
 SkinPictures ReadSkin(const SkinRow& row) {
   SkinPictures pictures;
-  if (!row.background.empty()) pictures.background = ReadBackground(row);
+  const bool lacksBackground =
+      row.borrows && !QFile::exists(QString::fromStdString(SkinPath(row.background)));
+  if (!row.background.empty() && !lacksBackground) pictures.background = ReadBackground(row);
   platform::FieldWalk targets(row.stripTargets, ';'), files(row.strips, ';');
   for (int i = platform::CountFields(row.strips, ';'); i > 0; --i) {
     const std::string target(targets.Next());
@@ -90,6 +102,7 @@ SkinPictures ReadSkin(const SkinRow& row) {
   pictures.fieldColours = ReadChart(row.fieldChart, row.fieldControls, ReadField);
   pictures.gridColours = ReadChart(row.gridChart, row.gridControls, ReadGrid);
   pictures.tabColours = ReadChart(row.tabChart, row.tabPages, FirstColumn);
+  if (lacksBackground) DoWithoutBackground(pictures);
   return pictures;
 }
 
@@ -149,9 +162,9 @@ std::vector<QPointer<QWidget>> OpenSkinnedWindows() {
 }  // namespace
 
 bool ApplySkin(QWidget& window) {
-  const std::string name = window.objectName().toStdString();
-  if (name == "SplashScreen") return true;
   WindowSkin* skin = WindowSkin::Of(window);
+  const std::string name = skin ? std::string(skin->Name()) : window.objectName().toStdString();
+  if (name == "SplashScreen") return true;
   const SkinRow* row = FindSkinRow(name);
   if (!row) {
     platform::ShowMessage(platform::ErrorIcon, "Invalid window skin",

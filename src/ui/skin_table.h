@@ -2,7 +2,8 @@
 // Which files of a skin each window takes, and which of its controls they are for.
 //
 // A skin is a folder below "UI Graphics/" of the program folder. Pictures are loaded by name, so
-// other files in it are harmless and a missing one ends the program. There is no index file.
+// other files in it are harmless and a missing one ends the program. There is no index file. A
+// window that came later than the skins of others have to wear borrows all but its background.
 #pragma once
 
 #include <string_view>
@@ -26,6 +27,7 @@ struct SkinRow {
   std::string_view gridControls = {};
   std::string_view tabChart = {};
   std::string_view tabPages = {};
+  bool borrows = false;  ///< its charts are other windows', and a skin may lack its background
 };
 
 /// Null where the window has no row.

@@ -13,6 +13,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ui/composited_screen.h"
@@ -43,6 +44,9 @@ class WindowSkin : public QObject {
 
   /// Null for a window in the plain look.
   static WindowSkin* Of(const QWidget& window);
+
+  /// The layout's, by which the skin table knows the window.
+  std::string_view Name() const { return layout_.window; }
 
   void Wear(SkinPictures pictures);
 

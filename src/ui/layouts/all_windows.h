@@ -8,6 +8,7 @@
 #include "ui/layouts/credits.h"
 #include "ui/layouts/exchange_pawn.h"
 #include "ui/layouts/game_interface.h"
+#include "ui/layouts/held_mail_form.h"
 #include "ui/layouts/msg_form.h"
 #include "ui/layouts/new_game_info.h"
 #include "ui/layouts/notify_form.h"
@@ -32,6 +33,8 @@ inline constexpr Layout allWindows[] = {
     aboutBox,
     msgForm,
     gameInterface,
+    heldMailForm,
+    heldMailNote,
 };
 
 }  // namespace ui::layouts

@@ -44,6 +44,8 @@ constexpr Plaque plaques[] = {
     {"AboutBox", 5, 456, 5, 293, 19, 24, 25, 144, 7},
     {"MsgForm", 7, 455, 6, 226, 19, 22, 26, 144, 6},
     {"GameInterface", 5, 714, 5, 336, 24, 24, 34, 192, 7},
+    {"HeldMailForm", 5, 595, 5, 560, 14, 22, 21, 144, 6},
+    {"HeldMailNote", 5, 595, 5, 344, 14, 22, 21, 144, 6},
 };
 
 /// One corner, from the step at the left edge to the step at the top edge, as seen from the upper

@@ -26,6 +26,7 @@
 #include "ui/credits.h"
 #include "ui/exchange_pawn.h"
 #include "ui/game_interface.h"
+#include "ui/held_mail_form.h"
 #include "ui/layouts/outlines.h"
 #include "ui/layouts/strips.h"
 #include "ui/look.h"
@@ -145,6 +146,34 @@ Window NewNotification(const ChessGraphics&) {
                         "The quiet line it is. I hope that your garden is past the frost.", false});
 }
 
+Window NewHeldMail(const ChessGraphics&) {
+  return std::make_unique<ui::HeldMailForm>(platform::HeldMailQuestion{
+      "Eva Lindqvist",
+      "eva@example.org",
+      "Spring tournament",
+      "Eva Lindqvist",
+      "eva@example.org",
+      "The moves in this mail aren't those of your game.",
+      "If you take them, the game goes on from the list in the mail.",
+      {{1, "e4", "e4", false}, {2, "e5", "c5", true}, {3, "Nf3", "Nf3", false}},
+      "Take his moves",
+      "Keep mine"});
+}
+
+Window NewStranger(const ChessGraphics&) {
+  return std::make_unique<ui::HeldMailForm>(
+      platform::HeldMailQuestion{"Bob Achterberg",
+                                 "bob@example.org",
+                                 "Friendly",
+                                 "",
+                                 "",
+                                 "Somebody with whom you have never played invites you to a game.",
+                                 "If you begin it, it stands in your list of games.",
+                                 {},
+                                 "Begin the game",
+                                 "Not wanted"});
+}
+
 Window NewChoice(const ChessGraphics&) {
   return std::make_unique<ui::ChooseOpponent>(QStringList{u"Eva Lindqvist"_s, u"Bob Achterberg"_s});
 }
@@ -246,6 +275,8 @@ constexpr NewWindow windows[] = {
     NewGameList,      // with some games
     NewGame,          // before anything is typed
     NewNotification,  // with a comment
+    NewHeldMail,      // with both lists
+    NewStranger,      // and without any
     NewChoice,        // between two
     NewPicker,        // of sounds
     NewAbout,         // the program

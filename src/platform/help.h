@@ -15,6 +15,7 @@ enum HelpContext {
   HelpOfSounds = 17,
   HelpOfAddressBook = 18,
   HelpOfAccount = 19,
+  HelpOfHeldMail = 20,
 };
 
 class Help {

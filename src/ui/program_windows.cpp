@@ -16,6 +16,7 @@
 #include "shell/start_up.h"
 #include "ui/about_box.h"
 #include "ui/front_window.h"
+#include "ui/held_mail_form.h"
 #include "ui/interface_menus.h"
 #include "ui/notify_form.h"
 #include "ui/pointers.h"
@@ -180,8 +181,9 @@ platform::NotifyChoice ProgramWindows::AskAboutNewMove(const platform::NewMove& 
   return ui::AskAboutNewMove(move);
 }
 
-platform::HeldMailChoice ProgramWindows::AskAboutHeldMail(const platform::HeldMailQuestion&) {
-  return platform::HeldMailChoice::Later;
+platform::HeldMailChoice ProgramWindows::AskAboutHeldMail(
+    const platform::HeldMailQuestion& question) {
+  return ui::AskAboutHeldMail(question);
 }
 
 void ProgramWindows::CloseAll() {

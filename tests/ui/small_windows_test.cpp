@@ -3,11 +3,13 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPointer>
+#include <QTableWidget>
 #include <QTextEdit>
 
 #include "skin_fixture.h"
 #include "ui/about_box.h"
 #include "ui/credits.h"
+#include "ui/held_mail_form.h"
 #include "ui/notify_form.h"
 #include "ui/rising_text.h"
 #include "ui/splash_screen.h"
@@ -16,6 +18,7 @@
 namespace ui {
 namespace {
 
+using platform::HeldMailChoice;
 using platform::NotifyChoice;
 using Action = std::function<void(QWidget& dialog)>;
 
@@ -42,6 +45,7 @@ Action Ticks(int count) {
 }
 
 using NotifyFormTest = SkinTest;
+using HeldMailFormTest = SkinTest;
 using SplashScreenTest = SkinTest;
 using AboutBoxTest = SkinTest;
 using CreditsTest = SkinTest;
@@ -129,6 +133,50 @@ TEST_F(NotifyFormTest, HelpComesWithF1AndGoesWithTheDialog) {
   desktop_.log.clear();
   AskAboutNewMove({"Eva", "Winter", "", true});
   EXPECT_EQ(desktop_.log, (fakes::EventLog{"help 14", "close help"}));
+}
+
+TEST_F(HeldMailFormTest, NothingButItsButtonGivesAnythingAway) {
+  const platform::HeldMailQuestion question;
+  const struct {
+    const char* name;
+    Action action;
+    HeldMailChoice choice;
+  } rows[] = {
+      {"accept", Click(u"AcceptButton"_s), HeldMailChoice::Accept},
+      {"refuse", Click(u"RefuseButton"_s), HeldMailChoice::Refuse},
+      {"Later", Click(u"LaterButton"_s), HeldMailChoice::Later},
+      {"a careless Enter is Later", Key(Qt::Key_Return), HeldMailChoice::Later},
+      {"so is Escape", Key(Qt::Key_Escape), HeldMailChoice::Later},
+      {"so is the window's close", [](QWidget& w) { w.close(); }, HeldMailChoice::Later},
+  };
+  for (const bool simple : {false, true}) {
+    platform::Settings().SimpleUI = simple;
+    for (const auto& row : rows) {
+      SCOPED_TRACE(row.name);
+      OnNextDialog(row.action);
+      EXPECT_EQ(AskAboutHeldMail(question), row.choice);
+    }
+  }
+}
+
+TEST_F(HeldMailFormTest, TheFirstMoveThatDiffersIsMarkedAndSeenAndNoNameFakesAnAddress) {
+  platform::HeldMailQuestion question;
+  question.senderName = "<b>Eva</b>\neva@example.org";
+  question.senderAddress = "max@example.org";
+  for (int i = 1; i <= 60; ++i) question.moves.push_back({i, "e4", i == 50 ? "d4" : "e4", i == 50});
+  for (const bool simple : {false, true}) {
+    platform::Settings().SimpleUI = simple;
+    HeldMailForm form(question);
+    form.show();
+    EXPECT_EQ(form.findChild<QLabel*>(u"Sender"_s)->text(),
+              u"<b>Eva</b> eva@example.org\nmax@example.org"_s);
+    const auto& moves = *form.findChild<QTableWidget*>(u"Moves"_s);
+    const QRect seen = moves.visualItemRect(moves.item(49, 2));
+    EXPECT_TRUE(moves.viewport()->rect().contains(seen.center()));
+    EXPECT_EQ(moves.item(49, 2)->text(), u"d4"_s);
+    EXPECT_EQ(moves.item(49, 3)->text(), u"differs"_s);
+    EXPECT_EQ(moves.item(48, 3)->text(), QString());
+  }
 }
 
 /// A splash window and what it told.

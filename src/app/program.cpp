@@ -19,6 +19,7 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
+#include "shell/held_mail_questions.h"
 #include "shell/past_opponents.h"
 #include "shell/settings.h"
 #include "shell/shell_hooks.h"
@@ -73,7 +74,8 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
   desktop.help = &help_;
   desktop.addressBook = &contacts_;
   desktop.screen = &screen_;
-  tray_ = std::make_unique<ui::SystemTray>([this] { ChangeAccount(); });
+  tray_ = std::make_unique<ui::SystemTray>([this] { ChangeAccount(); },
+                                           [] { shell::AskAboutHeldMails(shell::HeldMails::All); });
   shell::FillHooks();
   desktop.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
   QApplication::setWindowIcon(QIcon(ui::ProgramPicturePath(QStringLiteral("tarvolenix.png"))));

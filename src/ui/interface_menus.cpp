@@ -15,6 +15,7 @@ constexpr MenuEntry fileEntries[] = {
     {entries::Import, "Import game"},
     {entries::Options, "Options..."},
     {entries::MailAccount, "Mail account..."},
+    {entries::HeldMails, "Mails set aside..."},
     {4, "-"},
     {5, "-"},
     {entries::PrintGame, "Print game..."},

@@ -23,7 +23,8 @@ enum File {
   PrintNotation = 7,
   HideSeparator = 8,
   HideInterface = 9,
-  Exit = 11
+  Exit = 11,
+  HeldMails = 12
 };
 enum Sort { ByStatus = 0, ByDate = 3, Ascending = 5, Descending = 6 };
 enum Game { New = 0, NewSetup = 1, Play = 3, Delete = 4 };

@@ -15,8 +15,12 @@ namespace ui {
 using platform::Process;
 
 MenuSupport::MenuSupport(ProgramWindows& windows, InterfaceMenus& menus,
-                         std::function<void()> changeAccount)
-    : windows_(windows), menus_(menus), changeAccount_(std::move(changeAccount)) {}
+                         std::function<void()> changeAccount,
+                         std::function<void()> askAboutHeldMails)
+    : windows_(windows),
+      menus_(menus),
+      changeAccount_(std::move(changeAccount)),
+      askAboutHeldMails_(std::move(askAboutHeldMails)) {}
 
 void MenuSupport::Choose(InterfaceMenu menu, int index) {
   switch (menu) {
@@ -43,6 +47,8 @@ void MenuSupport::FileClick(int index) {
       return windows_.GameList()->GetGames(true);
     case entries::MailAccount:
       return changeAccount_();
+    case entries::HeldMails:
+      return askAboutHeldMails_();
     case entries::HideInterface:
       return windows_.CloseGameList();
     case entries::Exit:

@@ -13,8 +13,10 @@ class ProgramWindows;
 
 class MenuSupport {
  public:
-  /// `changeAccount` leads to the dialog of the mail account.
-  MenuSupport(ProgramWindows& windows, InterfaceMenus& menus, std::function<void()> changeAccount);
+  /// `changeAccount` leads to the dialog of the mail account, `askAboutHeldMails` to the questions
+  /// about mails that were set aside.
+  MenuSupport(ProgramWindows& windows, InterfaceMenus& menus, std::function<void()> changeAccount,
+              std::function<void()> askAboutHeldMails);
 
   void Choose(InterfaceMenu menu, int index);
 
@@ -28,6 +30,7 @@ class MenuSupport {
   ProgramWindows& windows_;
   InterfaceMenus& menus_;
   std::function<void()> changeAccount_;
+  std::function<void()> askAboutHeldMails_;
 };
 
 }  // namespace ui

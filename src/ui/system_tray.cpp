@@ -40,12 +40,14 @@ void StartGame(bool againstTheComputer, bool fromGameList) {
   shell::StartNewGame(fromGameList);
 }
 
-TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount) {
+TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount,
+                          const std::function<void()>& askAboutHeldMails) {
   return {.open = [] { shell::ShowGameList(); },
           .newGame = [] { StartGame(false, false); },
           .playGame = [](std::int32_t gameID) { shell::OpenGameFromTray(gameID); },
           .retrieve = [] { shell::RetrieveByHand(); },
           .changeAccount = changeAccount,
+          .askAboutHeldMails = askAboutHeldMails,
           .about = [&windows] { windows.ShowAbout(); },
           .exit = [] { shell::ExitProgram(); }};
 }
@@ -53,11 +55,12 @@ TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& 
 }  // namespace
 
 SystemTray::SystemTray(const std::function<void()>& changeAccount,
+                       const std::function<void()>& askAboutHeldMails,
                        TrayIcon::IsTrayThere isTrayThere)
     : menus_([this](InterfaceMenu menu, int index) { support_.Choose(menu, index); }),
       windows_(menus_),
-      support_(windows_, menus_, changeAccount),
-      menu_(ActionsOf(windows_, changeAccount)),
+      support_(windows_, menus_, changeAccount, askAboutHeldMails),
+      menu_(ActionsOf(windows_, changeAccount, askAboutHeldMails)),
       icon_(menu_, std::move(isTrayThere)) {
   setObjectName(QStringLiteral("SystemTray"));
   platform::Desktop& desktop = platform::TheDesktop();

@@ -18,8 +18,9 @@ namespace ui {
 class SystemTray : public QObject {
  public:
   /// Installs itself for its lifetime: the windows, the tray, and the hooks that belong to them.
-  explicit SystemTray(const std::function<void()>& changeAccount,
-                      TrayIcon::IsTrayThere isTrayThere = &QSystemTrayIcon::isSystemTrayAvailable);
+  SystemTray(const std::function<void()>& changeAccount,
+             const std::function<void()>& askAboutHeldMails,
+             TrayIcon::IsTrayThere isTrayThere = &QSystemTrayIcon::isSystemTrayAvailable);
   ~SystemTray() override;
 
   ProgramWindows& Windows() { return windows_; }

@@ -52,6 +52,8 @@ TrayMenu::TrayMenu(const TrayMenuActions& actions)
   addSeparator();
   retrieve_ = AddEntry(*this, "mnuPopupRetrieve", u"&Retrieve games"_s, actions.retrieve);
   account_ = AddEntry(*this, "mnuPopupAccount", u"Mail account..."_s, actions.changeAccount);
+  heldMails_ =
+      AddEntry(*this, "mnuPopupHeldMails", u"Mails set aside..."_s, actions.askAboutHeldMails);
   AddEntry(*this, "mnuPopupOptions", u"O&ptions..."_s, {})->setEnabled(optionsAreThere);
   AddHelp(actions.about);
   addSeparator();
@@ -97,7 +99,7 @@ void TrayMenu::Refresh() {
   games_->menuAction()->setVisible(state.games);
   games_->setEnabled(free);
   retrieve_->setText(Shown(state.retrieveCaption));
-  for (QAction* entry : {retrieve_, account_, exit_}) entry->setEnabled(free);
+  for (QAction* entry : {retrieve_, account_, heldMails_, exit_}) entry->setEnabled(free);
 }
 
 void TrayMenu::BuildGames() {

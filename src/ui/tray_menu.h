@@ -17,6 +17,7 @@ struct TrayMenuActions {
   std::function<void(std::int32_t gameID)> playGame;
   std::function<void()> retrieve;
   std::function<void()> changeAccount;
+  std::function<void()> askAboutHeldMails;
   std::function<void()> about;
   std::function<void()> exit;
 };
@@ -46,6 +47,7 @@ class TrayMenu : public QMenu {
   QMenu* games_;
   QAction* retrieve_;
   QAction* account_;
+  QAction* heldMails_;
   QAction* exit_;
 };
 

@@ -206,7 +206,7 @@ TEST_F(SkinnedWindowsTest, TheListHearsOfNewButtonsWhenItComesBackForTheBoard) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     platform::Settings().SimpleUI = row.simple;
-    SystemTray tray([] {}, [] { return true; });
+    SystemTray tray([] {}, [] {}, [] { return true; });
     ProgramWindows& windows = tray.Windows();
     shell::PlayGame(1);
     ASSERT_NE(windows.OpenedBoard(), nullptr);
@@ -291,7 +291,7 @@ TEST_F(SkinnedWindowsTest, AWindowWithoutItsSkinIsNeverSeenAndNoGameOpensInIt) {
   QFile::remove(PathOf("BoardGrid.bmp"));
   QFile::remove(PathOf("MsgForm.jpg"));
   SaveChessSet(folder_.path() + u"/Graphics/Classic Wood"_s);
-  SystemTray tray([] {}, [] { return true; });
+  SystemTray tray([] {}, [] {}, [] { return true; });
   shell::PlayGame(1);
   EXPECT_EQ(FileTold(), PathOf("Board.jpg").toStdString());
   EXPECT_EQ(tray.Windows().OpenedBoard(), nullptr);

@@ -53,7 +53,9 @@ class SystemTrayTest : public testing::Test {
   QTemporaryDir folder_;
   bool trayIsThere_ = true;
   int accountChanges_ = 0;
-  SystemTray tray_{[this] { ++accountChanges_; }, [this] { return trayIsThere_; }};
+  int heldMailsAsked_ = 0;
+  SystemTray tray_{[this] { ++accountChanges_; }, [this] { ++heldMailsAsked_; },
+                   [this] { return trayIsThere_; }};
 };
 
 TEST_F(SystemTrayTest, ItsMenusReadAsTold) {
@@ -61,13 +63,13 @@ TEST_F(SystemTrayTest, ItsMenusReadAsTold) {
   tray_.Menu().Refresh();
   EXPECT_EQ(
       Shape(tray_.Menu()),
-      u"&Open|&New game...|&Games|-|&Retrieve games|Mail account...|[O&ptions...]|Help|-|E&xit"_s
+      u"&Open|&New game...|&Games|-|&Retrieve games|Mail account...|Mails set aside...|[O&ptions...]|Help|-|E&xit"_s
           .replace(u"&Retrieve"_s, u"Retrieve"_s));
   EXPECT_EQ(Shape(*tray_.Menu().findChild<QMenu*>(u"mnuPopupHelpMenu"_s)),
             u"&Help|Help &Contents...|Help &Topics|-|&About..."_s);
   const QString shapes[] = {
-      u"Retrieve games|Import game|[Options...]|Mail account...|-|-|[Print game...]|"
-      u"[Print game notation...]|-|Hide interface|-|Exit Tarvolenix"_s,
+      u"Retrieve games|Import game|[Options...]|Mail account...|Mails set aside...|-|-|"
+      u"[Print game...]|[Print game notation...]|-|Hide interface|-|Exit Tarvolenix"_s,
       u"Game status|Opponents name|Game title|First move date|-|Ascending|Descending"_s,
       u"[New game...]|[New setup game...]|-|[Play selected]|[Delete selected]"_s,
       u"Contents|Index...|Help|-|About..."_s,
@@ -162,7 +164,7 @@ TEST_F(SystemTrayTest, AMenuThatTheDesktopDrawsOpensNoSecondGame) {
   }
   EXPECT_EQ(Process().CurrentGameID, 1);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-  EXPECT_EQ(accountChanges_, 0);
+  EXPECT_EQ(accountChanges_ + heldMailsAsked_, 0);
 }
 
 TEST_F(SystemTrayTest, TheBoardTakesThePlaceOfTheListAndGivesItBack) {
@@ -219,6 +221,9 @@ TEST_F(SystemTrayTest, TheSortMenuKeepsWhatItDoesNotChange) {
   EXPECT_EQ(sorted(), "4");
   tray_.ListMenus().Menu(FileMenu).Entry(entries::MailAccount).trigger();
   EXPECT_EQ(accountChanges_, 1);
+  tray_.ListMenus().Menu(FileMenu).Entry(entries::HeldMails).trigger();
+  Open("mnuPopupHeldMails");
+  EXPECT_EQ(heldMailsAsked_, 2);
 }
 
 TEST_F(SystemTrayTest, ATrayIsWaitedForAndStillTakenWhenItComesLate) {

@@ -221,6 +221,12 @@ std::string Folded(string_view line) {
   return folded.append(line).append(lineEnd);
 }
 
+/// A property as it is written. The oldest version breaks no line within a word, and needs no
+/// breaks.
+std::string Written(string_view line, bool isOldest) {
+  return isOldest ? std::string(line).append(lineEnd) : Folded(line);
+}
+
 /// The first of the person's name properties that says something.
 std::string NameOf(const VCard& card, bool isOldest) {
   std::array<std::string, 3> names;
@@ -298,11 +304,12 @@ VCard WithPerson(VCard card, const platform::Person& person) {
   const bool isRenamed = NameOf(card, isOldest) != person.name;
   const std::string parameters = isOldest ? ";CHARSET=UTF-8:" : ":";
   // Many programs want the parts of a name too; which is which can't be told of what was typed.
-  std::vector<std::string> names = {Folded("FN" + parameters + Escaped(person.name)),
-                                    Folded("N" + parameters + ';' + Escaped(person.name) + ";;;")};
+  std::vector<std::string> names = {
+      Written("FN" + parameters + Escaped(person.name), isOldest),
+      Written("N" + parameters + ';' + Escaped(person.name) + ";;;", isOldest)};
   std::vector<std::string> addresses;
   for (const std::string& address : person.addresses) {
-    addresses.push_back(Folded("EMAIL" + parameters + Escaped(address)));
+    addresses.push_back(Written("EMAIL" + parameters + Escaped(address), isOldest));
   }
   std::vector<std::string> others;
   for (std::string& text : card.properties) {

@@ -72,9 +72,11 @@ bool IsQuotedPrintable(string_view property) {
   return head && Upper(*head).find("QUOTED-PRINTABLE") != std::string::npos;
 }
 
+bool IsFold(string_view line) { return line.empty() || IsBlank(line.front()); }
+
 /// Whether `line` belongs to the property ahead of it.
 bool Continues(string_view property, string_view line) {
-  if (line.empty() || IsBlank(line.front())) return true;
+  if (IsFold(line)) return true;
   property.remove_suffix(lineEnd.size());
   return property.ends_with('=') && IsQuotedPrintable(property);
 }
@@ -261,7 +263,7 @@ VCards ReadVCards(string_view file) {
       read.cards.push_back(*std::exchange(open, std::nullopt));
     } else if (!open->properties.empty() && Continues(open->properties.back(), line)) {
       open->properties.back().append(line).append(lineEnd);
-    } else {
+    } else if (!IsFold(line)) {
       open->properties.push_back(line + std::string(lineEnd));
     }
   }

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "platform/text_fields.h"
+
 namespace desktop {
 namespace {
 
@@ -28,15 +30,11 @@ string_view WithoutLineEnd(string_view line) {
 /// one picture of several, and some scripts need them.
 std::string WithoutInvisible(string_view text) {
   constexpr string_view invisible[] = {string_view("\0", 1), "\u200B", "\u2060", "\uFEFF"};
-  std::string result;
-  while (!text.empty()) {
-    const auto found = std::find_if(std::begin(invisible), std::end(invisible),
-                                    [text](string_view each) { return text.starts_with(each); });
-    const bool drops = found != std::end(invisible);
-    if (!drops) result += text.front();
-    text.remove_prefix(drops ? found->size() : 1);
+  std::string visible(text);
+  for (const string_view each : invisible) {
+    visible = platform::ReplaceAll(visible, each, "");
   }
-  return result;
+  return visible;
 }
 
 /// Takes up to `depth` marks of quotation off `line`, each with the blank behind it, and answers

@@ -162,11 +162,12 @@ std::vector<FetchedMail> ServerMail::Listed(bool unreadOnly) {
 
   std::vector<FetchedMail> list;
   for (const auto& summary : summaries) {
-    const auto mail = mails.find(summary.uid);
-    if (mail == mails.end()) continue;
-    mail->second.id = IdOf(validity_, summary.uid);
-    mail->second.read = summary.seen;
-    list.push_back(std::move(mail->second));
+    // Taken out: some servers tell of a mail twice.
+    auto mail = mails.extract(summary.uid);
+    if (mail.empty()) continue;
+    list.push_back(std::move(mail.mapped()));
+    list.back().id = IdOf(validity_, summary.uid);
+    list.back().read = summary.seen;
   }
   return list;
 }

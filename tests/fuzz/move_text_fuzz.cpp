@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Feeds arbitrary mails to the search for the move text and to its check. Beyond not crashing: what
-// is found has no line break, and the check ends at one of its stages.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
-
+// The search for the move text in a mail, and its check: what is found has no line break, and the
+// check ends at one of its stages.
+#include "fuzz/fuzz.h"
 #include "mail/move_mail.h"
 #include "mail/move_text_check.h"
 
 namespace {
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 void RequireStage(std::string_view text) {
   const int stage = mail::CheckMoveText(text);
@@ -23,8 +14,7 @@ void RequireStage(std::string_view text) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view input(reinterpret_cast<const char*>(data), size);
+void TryInput(std::string_view input) {
   RequireStage(input);
 
   const std::string found = mail::ExtractMoveText(input);
@@ -37,5 +27,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       input.find(mail::endMarker) == std::string_view::npos) {
     Require(!mail::ExtractMoveText(framed).empty());
   }
-  return 0;
 }

@@ -135,6 +135,7 @@ void MailService::SignOn() {
 
 void MailService::SignOff() {
   if (session_ == 0) return;
+  HandOverMarks();
   EndSession();
   try {
     thread_.Flush();
@@ -149,6 +150,7 @@ void MailService::EndSession() {
   audience_ = std::make_shared<bool>();
   prefetched_.reset();
   set_.clear();
+  marks_.clear();  // who hasn't said that his games are safe takes the mails again
   transport_->Hurry();
   thread_.Post([transport = std::exchange(transport_, nullptr)] {
     try {
@@ -231,8 +233,7 @@ std::string MailService::MsgNoteText() {
   if (!mail.read) {
     RequireSession();
     mail.read = true;
-    ++changes_;
-    thread_.Post([transport = transport_, id = mail.id] { transport->MarkRead(id); });
+    marks_.push_back(mail.id);
   }
   return mail.text;
 }
@@ -260,6 +261,7 @@ void MailService::Delete() {
   const std::string id = Current().id;
   RequireSession();
   set_.erase(set_.begin() + index_);
+  std::erase(marks_, id);
   ++changes_;
   thread_.Post([transport = transport_, id] { transport->Remove(id); });
 }
@@ -269,13 +271,23 @@ void MailService::DeleteRecipient() {
   outgoing_.to.erase(outgoing_.to.begin() + recipient_);
 }
 
+/// A mark that stands before the game is safe would hide the mail from the next look after a crash.
+void MailService::HandOverMarks() {
+  for (const std::string& id : std::exchange(marks_, {})) {
+    ++changes_;
+    thread_.Post([transport = transport_, id] { transport->MarkRead(id); });
+  }
+}
+
 void MailService::Flush() {
+  HandOverMarks();
   if (transport_) thread_.Post([transport = transport_] { transport->Flush(); });
   RaisingMailErrors([this] { thread_.Flush(); });
 }
 
 void MailService::FlushLater() {
   if (!transport_) return;
+  HandOverMarks();
   thread_.Post([transport = transport_] { transport->Flush(); });
   thread_.ForgetFailure();
 }

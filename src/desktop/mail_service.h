@@ -104,6 +104,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   bool IsCurrent(const std::shared_ptr<Listing>& listing) const;
   void EndSession();
   void RequireSession() const;
+  void HandOverMarks();
   FetchedMail& Current();
   Mailbox& Recipient();
   Mailbox& MadeRecipient();
@@ -123,7 +124,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   bool unreadOnly_ = false;
   std::vector<FetchedMail> set_;
   int index_ = 0;
-  long changes_ = 0;                     // marks and deletions so far
+  std::vector<std::string> marks_;       // of mails that were read, until the next flush
+  long changes_ = 0;                     // marks and deletions handed over so far
   std::shared_ptr<Listing> prefetched_;  // what the next Fetch takes
 
   OutgoingMail outgoing_;

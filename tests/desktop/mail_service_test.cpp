@@ -191,15 +191,17 @@ TEST_F(MailServiceTest, MarksAndDeletionsAreQueuedAndFlushRaisesTheirFailure) {
   SignOn();
   service_.Fetch();
   script_.Shut();
-  service_.MsgIndex(0);
-  service_.MsgNoteText();
+  for (const int index : {1, 0}) {
+    service_.MsgIndex(index);
+    service_.MsgNoteText();
+  }
   service_.Delete();
   EXPECT_EQ(service_.MsgCount(), 1) << "gone from the set though the transport is stuck";
-  script_.Fail("mark1");
+  script_.Fail("mark2");
   script_.Open();
   EXPECT_THROW(service_.Flush(), MailError);
   EXPECT_NO_THROW(service_.Flush());
-  EXPECT_EQ(script_.Calls(), "all mark1 remove1 ");
+  EXPECT_EQ(script_.Calls(), "all remove1 mark2 ") << "what goes needs no mark";
 }
 
 TEST_F(MailServiceTest, AFlushForLaterDoesntWaitAndItsFailuresAreGivenUp) {

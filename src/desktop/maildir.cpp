@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
+#include <ctime>
 #include <memory>
 #include <system_error>
 #include <tuple>
@@ -110,6 +111,19 @@ std::optional<std::string> StartOf(const std::string& path, std::size_t limit) {
   return bytes;
 }
 
+struct CloseFolder {
+  void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+/// A folder in another one; null where it is none, a link, or can't be read.
+std::unique_ptr<DIR, CloseFolder> OpenFolder(int parent, const std::string& name) {
+  const int descriptor =
+      ::openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+  DIR* const folder = descriptor < 0 ? nullptr : ::fdopendir(descriptor);
+  if (descriptor >= 0 && !folder) ::close(descriptor);
+  return std::unique_ptr<DIR, CloseFolder>(folder);
+}
+
 /// Changes with a file's content: its size and the time of its last change.
 std::string StateOf(const std::string& path) {
   struct stat status {};
@@ -133,6 +147,22 @@ std::optional<std::string_view> HeaderOf(std::string_view bytes) {
 void Maildir::Create() const {
   MakeFolder(folder_);
   for (const char* part : {"tmp/", "new/", "cur/"}) MakeFolder(folder_ + part);
+}
+
+/// Follows no link: whoever made the box in a shared folder may have laid one to other files.
+void Maildir::RemoveAbandoned() const {
+  constexpr std::time_t abandoned = 36 * 60 * 60;
+  const auto box = OpenFolder(AT_FDCWD, folder_.substr(0, folder_.size() - 1));
+  const auto temporary = box ? OpenFolder(::dirfd(box.get()), "tmp") : nullptr;
+  if (!temporary) return;
+  const int descriptor = ::dirfd(temporary.get());
+  while (const dirent* const entry = ::readdir(temporary.get())) {
+    struct stat status {};
+    const bool known = ::fstatat(descriptor, entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
+    if (known && S_ISREG(status.st_mode) && std::time(nullptr) - status.st_mtime > abandoned) {
+      ::unlinkat(descriptor, entry->d_name, 0);
+    }
+  }
 }
 
 void Maildir::Deliver(std::string_view bytes) const {

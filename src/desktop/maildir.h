@@ -25,6 +25,10 @@ class Maildir {
   /// shared folder everybody can deliver and in a private one nobody else can read.
   void Create() const;
 
+  /// Removes what was begun in "tmp" so long ago that nobody will finish it. What can't be removed
+  /// stays.
+  void RemoveAbandoned() const;
+
   /// Returns when the mail is on the disk.
   void Deliver(std::string_view bytes) const;
 

@@ -55,6 +55,7 @@ PostOffice::PostOffice(const MailAccount& account)
 void PostOffice::Open() {
   MakePostFolder(folder_);
   inbox_.Create();
+  inbox_.RemoveAbandoned();
 }
 
 void PostOffice::Send(const OutgoingMail& mail) {

@@ -125,6 +125,25 @@ TEST_F(MaildirTest, DeliversAtOnceFromManySides) {
   EXPECT_TRUE(fs::is_empty(path_ + "tmp"));
 }
 
+TEST_F(MaildirTest, AbandonedDeliveriesGoAndNothingElse) {
+  for (const char* name : {"tmp/old", "tmp/fresh", "tmp/folder/old", "new/old", "elsewhere/old"}) {
+    fs::create_directories(fs::path(path_ + name).parent_path());
+    Put(name);
+    const auto age = std::chrono::hours(std::string(name).ends_with("old") ? 37 : 35);
+    fs::last_write_time(path_ + name, fs::file_time_type::clock::now() - age);
+  }
+  fs::create_symlink(path_ + "elsewhere/old", path_ + "tmp/link");
+  auto left = Files();
+  left.erase("tmp/old");
+  box_.RemoveAbandoned();
+  EXPECT_EQ(Files(), left);
+  fs::rename(path_ + "tmp", path_ + "away");
+  fs::create_directory_symlink(path_ + "elsewhere", path_ + "tmp");
+  left = Files();
+  box_.RemoveAbandoned();
+  EXPECT_EQ(Files(), left) << "somebody has laid a link to other files";
+}
+
 TEST(PostOfficeTest, IsPrivateUntilItsFolderIsShared) {
   const TemporaryFolder folder;
   const auto permissions = [](const std::string& path) { return fs::status(path).permissions(); };

@@ -19,9 +19,6 @@ constexpr std::size_t greatestAnswer = 32u << 20;
 /// UIDs in one command: servers don't take lines of any length.
 constexpr std::size_t greatestBatch = 500;
 
-/// Mails that one search may find: nobody has as many games.
-constexpr std::size_t greatestSearch = 20000;
-
 template <typename Number>
 Number NumberIn(std::string_view text) {
   Number number = 0;
@@ -228,7 +225,6 @@ std::vector<Uid> ImapClient::Search(const std::string& criteria) {
   });
   std::sort(uids.begin(), uids.end());
   uids.erase(std::unique(uids.begin(), uids.end()), uids.end());
-  if (uids.size() > greatestSearch) uids.erase(uids.begin(), uids.end() - greatestSearch);
   searchFound_ = uids;
   return uids;
 }
@@ -275,6 +271,8 @@ std::vector<ImapClient::Summary> ImapClient::Summaries(const std::vector<Uid>& u
             take);
   std::sort(summaries.begin(), summaries.end(),
             [](const Summary& a, const Summary& b) { return a.uid < b.uid; });
+  const auto same = [](const Summary& a, const Summary& b) { return a.uid == b.uid; };
+  summaries.erase(std::unique(summaries.begin(), summaries.end(), same), summaries.end());
   return summaries;
 }
 

@@ -34,8 +34,8 @@ class ImapClient {
   /// Answers its validity: as long as that is the same, so are its UIDs.
   Uid SelectInbox();
 
-  /// What the search says is there, in ascending order, so in that of arrival; of very many the
-  /// last. The server isn't asked again for what it has said and has told of no change since.
+  /// What the search says is there, in ascending order, so in that of arrival. The server isn't
+  /// asked again for what it has said and has told of no change since.
   std::vector<Uid> Search(const std::string& criteria);
 
   struct Summary {

@@ -45,8 +45,10 @@ std::vector<FetchedMail> HandedOut(std::vector<FetchedMail> mails) {
 /// is set, the window's thread reads it behind that.
 struct MailService::Listing {
   bool unreadOnly;
+  bool goesOn;   ///< behind the set that was taken last
   long changes;  ///< marks and deletions that were ahead of it
   std::vector<FetchedMail> mails;
+  bool moreToCome = false;
   std::exception_ptr failure;
   std::atomic<bool> done = false;
 };
@@ -150,6 +152,7 @@ void MailService::EndSession() {
   audience_ = std::make_shared<bool>();
   prefetched_.reset();
   set_.clear();
+  moreToCome_ = goesOn_ = false;
   marks_.clear();  // who hasn't said that his games are safe takes the mails again
   transport_->Hurry();
   thread_.Post([transport = std::exchange(transport_, nullptr)] {
@@ -166,9 +169,12 @@ void MailService::RequireSession() const {
   if (session_ == 0) throw MailError("not signed on");
 }
 
+/// A look that nobody takes leaves the following one to begin anew: what it brought would be passed
+/// over.
 std::shared_ptr<MailService::Listing> MailService::List() {
   auto listing = std::make_shared<Listing>();
   listing->unreadOnly = unreadOnly_;
+  listing->goesOn = std::exchange(goesOn_, false);
   listing->changes = changes_;
   if (!transport_) {
     listing->failure = std::make_exception_ptr(MailError("not signed on"));
@@ -177,7 +183,9 @@ std::shared_ptr<MailService::Listing> MailService::List() {
   }
   thread_.Post([listing, transport = transport_, &events = events_] {
     try {
+      if (!listing->goesOn) transport->BeginAnew();
       listing->mails = HandedOut(transport->List(listing->unreadOnly));
+      listing->moreToCome = transport->MoreToCome();
     } catch (...) {
       listing->failure = std::current_exception();
     }
@@ -185,6 +193,10 @@ std::shared_ptr<MailService::Listing> MailService::List() {
     events.Wake();
   });
   return listing;
+}
+
+void MailService::FetchUnreadOnly(bool unreadOnly) {
+  if (unreadOnly != std::exchange(unreadOnly_, unreadOnly)) goesOn_ = false;
 }
 
 void MailService::Prefetch(std::function<void()> ready) {
@@ -210,6 +222,7 @@ void MailService::Fetch() {
   const Errand errand(busy_);
   set_.clear();
   index_ = 0;
+  moreToCome_ = false;
   auto listing = std::exchange(prefetched_, nullptr);
   if (!IsCurrent(listing)) listing = List();
   events_.RunUntil([&listing] { return listing->done.load(); });
@@ -218,6 +231,8 @@ void MailService::Fetch() {
     RaisingMailErrors([&failure] { std::rethrow_exception(failure); });
   }
   set_ = std::move(listing->mails);
+  moreToCome_ = listing->moreToCome;
+  goesOn_ = moreToCome_ && !prefetched_;
 }
 
 FetchedMail& MailService::Current() {

@@ -58,12 +58,12 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
 
   // The messages.
   void SessionID(long) override {}
-  void FetchUnreadOnly(bool unreadOnly) override { unreadOnly_ = unreadOnly; }
+  void FetchUnreadOnly(bool unreadOnly) override;
   void Prefetch(std::function<void()> ready) override;
   bool Prefetched() override;
   /// A failure ends the session: the next logon begins anew.
   void Fetch() override;
-  bool MoreToCome() override { return false; }
+  bool MoreToCome() override { return moreToCome_; }
   int MsgCount() override { return static_cast<int>(set_.size()); }
   void MsgIndex(int index) override { index_ = index; }
   std::string MsgSubject() override;
@@ -123,6 +123,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
 
   bool unreadOnly_ = false;
   std::vector<FetchedMail> set_;
+  bool moreToCome_ = false;  // behind the set
+  bool goesOn_ = false;      // the next look there, instead of beginning anew
   int index_ = 0;
   std::vector<std::string> marks_;       // of mails that were read, until the next flush
   long changes_ = 0;                     // marks and deletions handed over so far

@@ -24,7 +24,13 @@ struct FetchedMail {
   std::string address;  ///< the sender's
   std::string text;     ///< plain text, UTF-8
   bool read = false;
+
+  /// About the bytes of memory that it takes.
+  std::size_t Size() const { return subject.size() + name.size() + address.size() + text.size(); }
 };
+
+/// A look brings no more mails when it has brought as many bytes.
+inline constexpr std::size_t greatestLook = 64u << 20;
 
 struct OutgoingMail {
   Mailbox from;
@@ -39,9 +45,16 @@ class MailTransport {
 
   virtual void Open() = 0;
 
-  /// The Inbox's mails whose subject begins with the program's prefix, in the order of arrival.
+  /// The Inbox's mails whose subject begins with the program's prefix, in the order of arrival. Of
+  /// more than can be held at a time the first ones: the next look then goes on behind them.
   /// Changes no marks.
   virtual std::vector<FetchedMail> List(bool unreadOnly) = 0;
+
+  /// True where the last look left mails out.
+  virtual bool MoreToCome() const { return false; }
+
+  /// Has the next look begin with the first mail, whatever the last one left out.
+  virtual void BeginAnew() {}
 
   /// Both are satisfied with a mail that is no longer there, and may be put off until Flush or the
   /// next List.

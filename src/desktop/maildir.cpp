@@ -229,16 +229,33 @@ std::optional<FetchedMail> Maildir::Read(const Entry& entry) {
   return std::nullopt;
 }
 
-std::vector<FetchedMail> Maildir::List(bool unreadOnly) {
+/// In the order of arrival, behind those that the last looks have brought.
+std::vector<Maildir::Entry> Maildir::EntriesToBring(bool unreadOnly) const {
   std::vector<Entry> entries = Entries();
+  std::erase_if(entries, [this, unreadOnly](const Entry& entry) {
+    return entry.IsTrashed() || (unreadOnly && entry.IsRead()) ||
+           (!brought_.empty() && ArrivalOrder(entry.id) <= ArrivalOrder(brought_));
+  });
   std::sort(entries.begin(), entries.end(),
             [](const Entry& a, const Entry& b) { return ArrivalOrder(a.id) < ArrivalOrder(b.id); });
+  return entries;
+}
+
+std::vector<FetchedMail> Maildir::List(bool unreadOnly) {
   std::vector<FetchedMail> mails;
-  for (const Entry& entry : entries) {
-    if (entry.IsTrashed() || (unreadOnly && entry.IsRead())) continue;
+  std::size_t size = 0;
+  for (const Entry& entry : EntriesToBring(unreadOnly)) {
     if (!mails.empty() && mails.back().id == entry.id) continue;  // seen on its way to "cur"
-    if (auto mail = Read(entry)) mails.push_back(std::move(*mail));
+    if (size >= lookSize_) {
+      brought_ = mails.back().id;
+      return mails;
+    }
+    if (auto mail = Read(entry)) {
+      size += mail->Size();
+      mails.push_back(std::move(*mail));
+    }
   }
+  brought_.clear();
   return mails;
 }
 

@@ -19,7 +19,8 @@ namespace desktop {
 class Maildir {
  public:
   /// `folder` ends in "/".
-  explicit Maildir(std::string folder) : folder_(std::move(folder)) {}
+  explicit Maildir(std::string folder, std::size_t lookSize = greatestLook)
+      : folder_(std::move(folder)), lookSize_(lookSize) {}
 
   /// Makes the box where it isn't there, with the permissions of the folder above it, so that in a
   /// shared folder everybody can deliver and in a private one nobody else can read.
@@ -32,7 +33,10 @@ class Maildir {
   /// Returns when the mail is on the disk.
   void Deliver(std::string_view bytes) const;
 
+  // As a transport has them.
   std::vector<FetchedMail> List(bool unreadOnly);
+  bool MoreToCome() const { return !brought_.empty(); }
+  void BeginAnew() { brought_.clear(); }
   void MarkRead(const std::string& id) const;
   void Remove(const std::string& id) const;
 
@@ -48,10 +52,13 @@ class Maildir {
   };
 
   std::vector<Entry> Entries() const;
+  std::vector<Entry> EntriesToBring(bool unreadOnly) const;
   std::optional<Entry> Find(const std::string& id) const;
   std::optional<FetchedMail> Read(const Entry& entry);
 
   std::string folder_;
+  std::size_t lookSize_;
+  std::string brought_;  // the last mail of a look that left some out; else blank
   // Mails found to be none of ours, and what told their content's state: not looked at again before
   // that changes, as it does where a synchronising program fills a file after creating it.
   std::unordered_map<std::string, std::string> foreign_;

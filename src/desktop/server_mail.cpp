@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
-#include <unordered_map>
 #include <utility>
 
 #include "desktop/mail_text.h"
@@ -19,8 +18,8 @@ using platform::MailError;
 /// Bytes of mails that are asked for at a time.
 constexpr std::uint64_t greatestBatch = 8u << 20;
 
-/// Bytes of mails that one look may bring.
-constexpr std::size_t greatestLook = 64u << 20;
+/// Mails that one look looks at: the rest comes with the next.
+constexpr std::ptrdiff_t greatestCount = 5000;
 
 /// What folders of sent mails are called where the server doesn't say which one it is.
 constexpr std::string_view sentNames[] = {"Sent", "Sent Items", "Sent Messages", "Sent Mail",
@@ -88,8 +87,8 @@ std::optional<std::string> SentFolder(const std::vector<ImapClient::Folder>& fol
 }  // namespace
 
 ServerMail::ServerMail(const MailAccount& account, const std::string& password,
-                       std::chrono::milliseconds silence)
-    : account_(account), password_(password), patience_(silence) {}
+                       std::chrono::milliseconds silence, std::size_t lookSize)
+    : account_(account), password_(password), patience_(silence), lookSize_(lookSize) {}
 
 /// A token's life is short: each connection gets a new one.
 Login ServerMail::NewLogin() {
@@ -103,7 +102,10 @@ void ServerMail::Connect() {
       ServerAddress{account_.ImapHost, account_.ImapPort, account_.ImapSecurity}, NewLogin(),
       patience_);
   const Uid validity = imap->SelectInbox();
-  if (std::exchange(validity_, validity) != validity) foreign_.clear();
+  if (std::exchange(validity_, validity) != validity) {
+    foreign_.clear();
+    brought_ = 0;
+  }
   imap_ = std::move(imap);
 }
 
@@ -141,16 +143,38 @@ std::vector<FetchedMail> ServerMail::Listed(bool unreadOnly) {
   const auto found =
       imap_->Search(std::string("UNDELETED ") + (unreadOnly ? "UNSEEN " : "") + "SUBJECT \"" +
                     std::string(subjectPrefix.substr(0, subjectPrefix.find(' '))) + '"');
-  auto summaries = imap_->Summaries(found, "SUBJECT");
+  const auto first = std::upper_bound(found.begin(), found.end(), brought_);
+  const auto last = first + std::min(greatestCount, found.end() - first);
+  auto summaries = imap_->Summaries({first, last}, "SUBJECT");
+  // Nor is anything taken that wasn't asked for: a round of looks must come to its end.
   std::erase_if(summaries, [this](const auto& summary) {
-    return foreign_.contains(summary.uid) || !CanBeOurs(summary);
+    return summary.uid <= brought_ || foreign_.contains(summary.uid) || !CanBeOurs(summary);
   });
+  auto next = summaries.cbegin();
+  auto mails = Download(next, summaries.cend());
+  std::vector<FetchedMail> list;
+  for (auto summary = summaries.cbegin(); summary != next; ++summary) {
+    // Taken out: some servers tell of a mail twice.
+    auto mail = mails.extract(summary->uid);
+    if (mail.empty()) continue;
+    list.push_back(std::move(mail.mapped()));
+    list.back().id = IdOf(validity_, summary->uid);
+    list.back().read = summary->seen;
+  }
+  if (next != summaries.cend()) {
+    brought_ = std::prev(next)->uid;
+  } else {
+    brought_ = last != found.end() ? *std::prev(last) : 0;
+  }
+  return list;
+}
 
+/// The next mails until they are as much as a look may bring.
+std::unordered_map<Uid, FetchedMail> ServerMail::Download(Summaries::const_iterator& next,
+                                                          Summaries::const_iterator end) {
   std::unordered_map<Uid, FetchedMail> mails;
-  std::size_t size = 0;
-  for (auto next = summaries.cbegin(); next != summaries.cend() && size < greatestLook;) {
-    const auto batch = TakeBatch(next, summaries.cend());
-    for (const auto& content : imap_->Contents(batch, greatestMail + 1)) {
+  for (std::size_t size = 0; next != end && size < lookSize_;) {
+    for (const auto& content : imap_->Contents(TakeBatch(next, end), greatestMail + 1)) {
       size += content.bytes.size();
       if (auto mail = Parsed(content.bytes)) {
         mails[content.uid] = std::move(*mail);
@@ -159,17 +183,7 @@ std::vector<FetchedMail> ServerMail::Listed(bool unreadOnly) {
       }
     }
   }
-
-  std::vector<FetchedMail> list;
-  for (const auto& summary : summaries) {
-    // Taken out: some servers tell of a mail twice.
-    auto mail = mails.extract(summary.uid);
-    if (mail.empty()) continue;
-    list.push_back(std::move(mail.mapped()));
-    list.back().id = IdOf(validity_, summary.uid);
-    list.back().read = summary.seen;
-  }
-  return list;
+  return mails;
 }
 
 /// Many mails in few commands, and none for what is marked only to be removed. An identifier that

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -18,13 +19,15 @@ class ServerMail : public MailTransport {
  public:
   /// `silence`: the longest wait for a server's next byte.
   ServerMail(const MailAccount& account, const std::string& password,
-             std::chrono::milliseconds silence = std::chrono::seconds(30));
+             std::chrono::milliseconds silence = std::chrono::seconds(30),
+             std::size_t lookSize = greatestLook);
 
   void Open() override;
 
-  /// A mail's identifier is the Inbox's validity, a point, and the mail's UID. Of texts that are
-  /// too much for one look, the rest comes with the next.
+  /// A mail's identifier is the Inbox's validity, a point, and the mail's UID.
   std::vector<FetchedMail> List(bool unreadOnly) override;
+  bool MoreToCome() const override { return brought_ != 0; }
+  void BeginAnew() override { brought_ = 0; }
   void MarkRead(const std::string& id) override { marked_.push_back(id); }
   void Remove(const std::string& id) override { removed_.push_back(id); }
   void Flush() override;
@@ -44,13 +47,18 @@ class ServerMail : public MailTransport {
   template <typename Work>
   auto OnInbox(const Work& work);
   std::vector<FetchedMail> Listed(bool unreadOnly);
+  using Summaries = std::vector<ImapClient::Summary>;
+  std::unordered_map<Uid, FetchedMail> Download(Summaries::const_iterator& next,
+                                                Summaries::const_iterator end);
   void KeepCopy(const std::string& bytes);
 
   MailAccount account_;
   std::string password_;
   Patience patience_;
+  std::size_t lookSize_;
   std::unique_ptr<ImapClient> imap_;  // null while not connected
   Uid validity_ = 0;                  // of the Inbox that is open
+  Uid brought_ = 0;                   // the last mail of a look that left some out; else 0
   std::unordered_set<Uid> foreign_;   // mails found to be none of ours, in spite of their subjects
   std::vector<std::string> marked_;   // and not yet at the server
   std::vector<std::string> removed_;  // likewise

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <stdexcept>
@@ -26,6 +27,8 @@ class Script {
  public:
   std::vector<FetchedMail> inbox = {{"1", "Tarvolenix : a", "n", "a@b", "text", false},
                                     {"2", "Tarvolenix : b", "n", "a@b", "text", false}};
+
+  std::atomic<bool> oneAtATime = false;
 
   /// Records the call, waits while the gate is shut, and raises where the test wants it.
   void Called(const std::string& call) {
@@ -69,8 +72,13 @@ class ScriptedTransport : public desktop::MailTransport {
   void Open() override { script_.Called("open"); }
   std::vector<FetchedMail> List(bool unreadOnly) override {
     script_.Called(unreadOnly ? "unread" : "all");
-    return script_.inbox;
+    if (!script_.oneAtATime) return script_.inbox;
+    const FetchedMail& mail = script_.inbox.at(next_);
+    next_ = (next_ + 1) % script_.inbox.size();
+    return {mail};
   }
+  bool MoreToCome() const override { return next_ != 0; }
+  void BeginAnew() override { next_ = 0; }
   void MarkRead(const std::string& id) override { script_.Called("mark" + id); }
   void Remove(const std::string& id) override { script_.Called("remove" + id); }
   void Send(const desktop::OutgoingMail& mail) override {
@@ -80,6 +88,7 @@ class ScriptedTransport : public desktop::MailTransport {
 
  private:
   Script& script_;
+  std::size_t next_ = 0;
 };
 
 class MailServiceTest : public testing::Test {
@@ -185,6 +194,28 @@ TEST_F(MailServiceTest, APrefetchOfOtherMailsOrOfAnOlderInboxIsNotTaken) {
   EXPECT_EQ(script_.Calls(), "unread unread remove1 unread ");
 
   WaitUntilReady(2);
+}
+
+TEST_F(MailServiceTest, ALookGoesOnBehindTheSetThatWasTakenLastOrBeginsAnew) {
+  const auto fetched = [this] {
+    service_.Fetch();
+    service_.MsgIndex(0);
+    return service_.MsgSubject() + (service_.MoreToCome() ? ", more" : "");
+  };
+  script_.oneAtATime = true;
+  SignOn();
+  Prefetch();
+  EXPECT_EQ(fetched(), "Tarvolenix : a, more");
+  Prefetch();
+  EXPECT_TRUE(service_.MoreToCome()) << "the look ahead isn't taken yet";
+  EXPECT_EQ(fetched(), "Tarvolenix : b");
+  EXPECT_EQ(fetched(), "Tarvolenix : a, more");
+  Prefetch();
+  service_.Delete();
+  EXPECT_EQ(fetched(), "Tarvolenix : a, more") << "nobody took the look ahead";
+  service_.FetchUnreadOnly(false);
+  EXPECT_EQ(fetched(), "Tarvolenix : a, more") << "other mails are meant";
+  WaitUntilReady(3);
 }
 
 TEST_F(MailServiceTest, MarksAndDeletionsAreQueuedAndFlushRaisesTheirFailure) {

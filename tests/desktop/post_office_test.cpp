@@ -89,6 +89,22 @@ TEST_F(MaildirTest, TellsAndSetsTheMarksOfTheStore) {
   EXPECT_EQ(Ids(false), "2.a+ 3.a+ 4.a+ 6.a+ ");
 }
 
+TEST_F(MaildirTest, ALookThatHasBroughtEnoughLeavesTheRestToTheNext) {
+  for (const char* name : {"new/1.a", "cur/2.a:2,S", "new/3.a"}) Put(name);
+  box_ = Maildir(path_, 1);
+  EXPECT_EQ(Ids(), "1.a ");
+  box_.Remove("1.a");
+  EXPECT_EQ(Ids(), "2.a+ ");
+  Put("new/4.a");
+  EXPECT_EQ(Ids(), "3.a ");
+  EXPECT_EQ(Ids(), "4.a ");
+  EXPECT_FALSE(box_.MoreToCome());
+  EXPECT_EQ(Ids(), "2.a+ ") << "the round is complete";
+  EXPECT_TRUE(box_.MoreToCome());
+  box_.BeginAnew();
+  EXPECT_EQ(Ids(), "2.a+ ");
+}
+
 TEST_F(MaildirTest, LeavesAloneWhatIsNoMailOfOurs) {
   Put("new/1.good");
   Put("new/2.foreign", "Hello");

@@ -164,6 +164,33 @@ TEST_F(ServerMailTest, TheServerSearchesOnlyWhereSomethingMayHaveChanged) {
   EXPECT_EQ(imap_.Count("UID SEARCH"), 6);
 }
 
+TEST_F(ServerMailTest, WhatIsTooMuchForOneLookComesWithTheNext) {
+  std::string numbers;
+  for (int uid = 1; uid <= 5001; ++uid) numbers += " " + std::to_string(uid);
+  imap_.Answer("UID SEARCH", "* SEARCH" + numbers + "\n$ OK done\n");
+  for (const int times : {1, 2}) {
+    EXPECT_EQ(mail_.List(true).size(), 1u);
+    EXPECT_TRUE(mail_.MoreToCome());
+    imap_.Cut();
+    EXPECT_TRUE(mail_.List(true).empty()) << "4 was there already";
+    EXPECT_FALSE(mail_.MoreToCome());
+    EXPECT_EQ(imap_.Count("UID FETCH 5001 "), times);
+  }
+  mail_.Close();
+  imap_.Answer("UID SEARCH", "");
+  ServerMail small(Account(), "secret", patience, 1);
+  const std::string subject = " BODY[HEADER.FIELDS (SUBJECT)] \"Subject: Tarvolenix : e4\")\n";
+  imap_.Answer("RFC822.SIZE", "* 1 FETCH (UID 4 FLAGS () RFC822.SIZE 8000000" + subject +
+                                  "* 2 FETCH (UID 9 FLAGS () RFC822.SIZE 8000000" + subject +
+                                  "$ OK\n");
+  EXPECT_EQ(small.List(true).at(0).id, "7.4");
+  small.BeginAnew();
+  EXPECT_EQ(small.List(true).at(0).id, "7.4");
+  small.List(true);
+  EXPECT_EQ(imap_.Count("UID FETCH 9 (UID BODY"), 1);
+  EXPECT_FALSE(small.MoreToCome());
+}
+
 TEST_F(ServerMailTest, OnlyTheMailsThatAreMeantAreMarkedAndDestroyedInFewCommands) {
   mail_.Open();
   for (const char* id : {"7.4", "7.5", "7.6", "8.4"}) mail_.MarkRead(id);

@@ -55,9 +55,30 @@ void MemoryMail::Messages::Fetch() {
   mail_.prefetched = false;
   mail_.Called("Fetch");
   set_.clear();
+  moreToCome_ = false;
   for (std::size_t i = 0; i < mail_.inbox.size(); ++i) {
-    if (!unreadOnly_ || !mail_.inbox[i].read) set_.push_back(i);
+    InboxMail& mail = mail_.inbox[i];
+    if (mail.brought || (unreadOnly_ && mail.read)) continue;
+    moreToCome_ = set_.size() == mail_.perLook;
+    if (moreToCome_) break;
+    mail.brought = true;
+    set_.push_back(i);
   }
+  for (InboxMail& mail : mail_.inbox) mail.brought = mail.brought && moreToCome_;
+}
+
+void MemoryMail::Messages::Flush() {
+  mail_.Called("Flush");
+  CarryOutMarks();
+}
+
+void MemoryMail::Messages::FlushLater() {
+  mail_.calls.emplace_back("FlushLater");
+  CarryOutMarks();
+}
+
+void MemoryMail::Messages::CarryOutMarks() {
+  for (InboxMail& mail : mail_.inbox) mail.read = mail.read || std::exchange(mail.marked, false);
 }
 
 InboxMail& MemoryMail::Messages::Current() {
@@ -72,7 +93,7 @@ std::string MemoryMail::Messages::MsgSubject() {
 
 std::string MemoryMail::Messages::MsgNoteText() {
   mail_.Called("MsgNoteText");
-  wasRead_ = std::exchange(Current().read, true);
+  Current().marked = true;
   return Current().text;
 }
 

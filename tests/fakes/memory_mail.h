@@ -20,6 +20,8 @@ struct InboxMail {
   std::string senderName;
   std::string senderAddress;
   bool read = false;
+  bool marked = false;   ///< read at the next flush
+  bool brought = false;  ///< by a look of the round that is under way
 };
 
 struct SentMail {
@@ -38,6 +40,7 @@ class MemoryMail {
   std::string ownAddress = "me@example.org";
   std::vector<platform::Recipient> people;  ///< whom the address book knows
   std::vector<platform::Recipient> picked;  ///< in the address book, where it is shown
+  std::size_t perLook = 1000;               ///< mails that one look brings
   std::set<std::string> failing;            ///< names of the members that raise
   bool answersLater = false;                ///< a look is ready when the test calls AnswerLook
   bool answersStale = false;  ///< the set of a look is of no use any more when it comes
@@ -70,7 +73,7 @@ class MemoryMail {
     void Prefetch(std::function<void()> ready) override;
     bool Prefetched() override { return mail_.prefetched; }
     void Fetch() override;
-    bool MoreToCome() override { return false; }
+    bool MoreToCome() override { return moreToCome_; }
     int MsgCount() override { return static_cast<int>(set_.size()); }
     void MsgIndex(int index) override { index_ = index; }
     std::string MsgSubject() override;
@@ -86,11 +89,11 @@ class MemoryMail {
     std::string RecipDisplayName() override { return recipients_.at(recipient_).recipientName; }
     void RecipDisplayName(const std::string& name) override;
     void RecipType(int) override {}
-    void LeaveUnread() override { Current().read = wasRead_; }
+    void LeaveUnread() override { Current().marked = false; }
     void Delete() override;
     void DeleteRecipient() override;
-    void Flush() override { mail_.Called("Flush"); }
-    void FlushLater() override { mail_.calls.emplace_back("FlushLater"); }
+    void Flush() override;
+    void FlushLater() override;
     void Send() override;
     bool IsOwnAddress(const std::string& address) override { return address == mail_.ownAddress; }
     void AddressCaption(const std::string& caption) override {
@@ -101,15 +104,16 @@ class MemoryMail {
     void ResolveName() override;
 
    private:
+    void CarryOutMarks();
     InboxMail& Current();
     SentMail& CurrentRecipient();
 
     MemoryMail& mail_;
     long sessionID_ = 0;
     bool unreadOnly_ = false;
-    bool wasRead_ = false;  // the message whose text was read last, before that
     int index_ = 0;
     std::vector<std::size_t> set_;  // indexes into the inbox
+    bool moreToCome_ = false;
     SentMail outgoing_;
     std::vector<SentMail> recipients_;
     std::size_t recipient_ = 0;

@@ -270,7 +270,10 @@ Mailbox& MailService::MadeRecipient() {
   return Recipient();
 }
 
-void MailService::LeaveUnread() {}
+void MailService::LeaveUnread() {
+  FetchedMail& mail = Current();
+  if (std::erase(marks_, mail.id) > 0) mail.read = false;
+}
 
 void MailService::Delete() {
   const std::string id = Current().id;

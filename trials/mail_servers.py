@@ -248,14 +248,26 @@ class MailServers:
     def inbox(self, address):
         """What lies there and isn't marked as deleted."""
         self.settle()
-        box = self.mail / address
-        found = sorted((box / "new").glob("*")) + sorted((box / "cur").glob("*"))
+        found = sorted(self.files(address), key=lambda file: file.name)
         return [file.read_bytes() for file in found if "T" not in file.name.partition(":2,")[2]]
+
+    def files(self, address):
+        box = self.mail / address
+        return [*(box / "new").glob("*"), *(box / "cur").glob("*")]
 
     def waiting(self, address):
         """How many mails wait to be collected."""
-        box = self.mail / address
-        return len(list((box / "new").glob("*"))) + len(list((box / "cur").glob("*")))
+        return len(self.files(address))
+
+    def oldest(self, address):
+        """When the one that waits longest came; now, where none does."""
+        times = [time.time()]
+        for file in self.files(address):
+            try:
+                times.append(file.stat().st_mtime)
+            except FileNotFoundError:
+                pass  # collected meanwhile
+        return min(times)
 
     def close(self):
         self.boxes.stop()

@@ -14,7 +14,8 @@ PASSWORD = "secret"
 FIXED_FIELDS = 13
 FIELDS_OF_MOVE = 4
 
-MOVE_WAITING = 1
+# A game's status.
+MOVE_WAITING, WAITING, WON, LOST, DRAW_OFFERED, DRAWN = range(1, 7)
 
 
 class DamagedStore(Exception):
@@ -36,6 +37,10 @@ class Game:
     is_host = property(lambda self: self.fields[8] == "-1")
     status = property(lambda self: int(self.fields[10]))
     start_board = property(lambda self: self.fields[12])
+
+    def is_over(self):
+        """By its last entry; a mate, a draw by rule and an answer say it in their text."""
+        return self.moves[-1][2].endswith(("++", "0-1", "1-0", "1/2-1/2"))
 
     def is_mine_to_move(self):
         return (len(self.moves) % 2 == 0) == self.is_host

@@ -54,7 +54,11 @@ class Scene:
         anna.done("send", 1)
         self.found("Two", FIRST)
         self.servers.settle()
-        self.mails = self.servers.inbox(bob.address)
+        waiting = self.servers.inbox(bob.address)  # in no order that is known
+        self.mails = {
+            name: next(mail for mail in waiting if f"\n{name}|".encode() in mail)
+            for name in ("One", "Two")
+        }
 
     def found(self, name, move):
         words = ("--name", name, "--opponent", "Bob", "--email", self.bob.address)
@@ -133,19 +137,21 @@ class Retrieve(Dialogue):
     def prepare(self):
         self.scene.restore("his-wait", self.scene.bob)
         self.scene.servers.empty()
-        for mail in OTHERS + self.scene.mails:
+        for mail in [*OTHERS, *self.scene.mails.values()]:
             self.scene.servers.put(self.scene.bob.address, mail)
 
     def run(self):
         return self.scene.bob.console("retrieve", patience=PATIENCE)
 
-    def altered(self, trouble):
-        """The game whose mail had a byte changed within its text; blank where none had."""
+    def find_altered(self, trouble):
+        """The game whose mail has come with a wrong byte within its text; blank where none has."""
         if trouble.kind not in GARBLING or trouble.direction != DOWN:
             return ""
-        for mail, name in zip(self.scene.mails, ("One", "Two")):
-            start = self.recorded[1].find(mail)
-            if start <= trouble.byte < start + len(mail):
+        came = self.scene.imap.passed[DOWN]
+        for name, mail in self.scene.mails.items():
+            mail = mail.replace(b"\r\n", b"\n").replace(b"\n", b"\r\n")  # as it travels
+            half = len(mail) // 2
+            if mail not in came and (mail[:half] in came or mail[half:] in came):
                 return name
         return ""
 
@@ -154,23 +160,23 @@ class Retrieve(Dialogue):
         return [game[0] for game in games if game in self.after and game not in self.before]
 
     def judge(self, answer, trouble):
+        self.altered = self.find_altered(trouble)
         games = contents(self.scene.bob.games())
-        altered = self.altered(trouble)
         stored = self.stored(games)
         told = sum(bool(line.get("ok") and line.get("changed")) for line in answer.lines)
-        if altered:
-            yield "altered", altered
-        if told > len(stored) + bool(altered):
+        if self.altered:
+            yield "altered", self.altered
+        if told > len(stored) + bool(self.altered):
             yield "untrue", f"told {answer.lines}, but has {stored}"
         if answer.ok and len(stored) < 2 and trouble.kind not in GARBLING:
             yield "untrue", f"told of no failure, but has {stored}"
-        yield from self.losses(games, altered)
+        yield from self.losses(games)
 
-    def losses(self, games, altered):
+    def losses(self, games):
         inbox = self.scene.servers.inbox(self.scene.bob.address)
         stored = self.stored(games)
-        for mail, name in zip(self.scene.mails, ("One", "Two")):
-            if mail not in inbox and name not in stored and name != altered:
+        for name, mail in self.scene.mails.items():
+            if mail not in inbox and name not in stored and name != self.altered:
                 yield "lost", f"the mail of {name} is gone"
         for other in OTHERS:
             if other not in inbox:
@@ -178,23 +184,22 @@ class Retrieve(Dialogue):
         if len(games) > 2 or len(set(names(games))) < len(games):
             yield "doubled", str(names(games))
         for game in games:
-            if not altered and game not in self.before + self.after:
+            if not self.altered and game not in self.before + self.after:
                 yield "torn", str(game)
 
     def follow(self, answer, trouble):
-        altered = self.altered(trouble)
         # A mail that was changed so that it can't be read counts as read from then on.
-        words = ["--all"] if altered else []
+        words = ["--all"] if self.altered else []
         again = self.scene.bob.console("retrieve", *words, patience=PATIENCE)
-        if not again.ok and not altered:
+        if not again.ok and not self.altered:
             yield "stuck", f"the next one fails: {again.error}"
         games = contents(self.scene.bob.games())
-        yield from self.losses(games, altered)
-        missing = {"One", "Two"} - set(self.stored(games)) - {altered}
+        yield from self.losses(games)
+        missing = {*self.scene.mails} - set(self.stored(games)) - {self.altered}
         if missing:
             yield "lost", f"the next one doesn't bring {missing}"
         inbox = self.scene.servers.inbox(self.scene.bob.address)
-        if not altered and any(mail in inbox for mail in self.scene.mails):
+        if not self.altered and any(mail in inbox for mail in self.scene.mails.values()):
             yield "stuck", "a mail stays in the Inbox"
 
 

@@ -124,10 +124,6 @@ def contents(games):
     return sorted((g.name, g.stamp, g.start_board, g.moves) for g in games.values())
 
 
-def names(games):
-    return [name for name, *_ in games]
-
-
 class Retrieve(Dialogue):
     name = "retrieve"
 
@@ -181,8 +177,10 @@ class Retrieve(Dialogue):
         for other in OTHERS:
             if other not in inbox:
                 yield "lost", "another's mail is gone"
-        if len(games) > 2 or len(set(names(games))) < len(games):
-            yield "doubled", str(names(games))
+        # Where its stamp was changed a mail tells of a game that nobody has yet.
+        known = {(name, stamp) for name, stamp, *_ in games}
+        if len(known) < len(games) or (len(games) > 2 and not self.altered):
+            yield "doubled", str(known)
         for game in games:
             if not self.altered and game not in self.before + self.after:
                 yield "torn", str(game)

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Both the game file and its backup are only ever replaced whole, by a rename of "tvgdb.new". So no
 // full disk and no crash costs more than the change in hand, and a roll-back has something to do
-// only where the rename took place and then failed to reach the disk.
+// only where the rename took place and was told as a failure all the same.
 #include "store/saving.h"
 
 #include <exception>
 #include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 

@@ -85,8 +85,7 @@ const Case otherHands[] = {
     {"the same move with another comment", "|e2e4, e7e5", "|e2e4, e7e5, g1f3 Nf3#Hi"},
     {"the opponent has given up", "|e2e4, e7e5", "|e2e4, e7e5, e8e8 1-0"},
     {"an earlier state has come back", "|e2e4, e7e5", "|e2e4"},
-    {"another course of the game", "|e2e4, e7e5", "|e2e4, d7d5"},
-    {"another text of an entry", "|e2e4, e7e5", "|e2e4, e7e5 e5 e.p."},
+    {"an entry has another text", "|e2e4, e7e5", "|e2e4, e7e5 e5+"},
     {"the game was deleted", "|e2e4, e7e5", ""},
     {"a game against the computer", "|e2e4, e7e5|computer", "|e2e4, e7e5, b1c3|computer"},
 };

@@ -3,29 +3,10 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <functional>
 
 #include "temporary_folder.h"
-
-namespace {
-
-bool foldersFailToSync = false;
-
-}  // namespace
-
-/// In place of the library's: a folder's change doesn't reach the disk.
-extern "C" int fsync(int descriptor) {
-  struct stat status {};
-  if (foldersFailToSync && fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode)) {
-    errno = EIO;
-    return -1;
-  }
-  return static_cast<int>(::syscall(SYS_fsync, descriptor));
-}
 
 namespace {
 
@@ -69,15 +50,6 @@ TEST_F(PosixFilesTest, ARenameKeepsThePlacesPermissionsAndALinkToIt) {
     EXPECT_EQ(files_.List(folder_ / ""), std::vector<std::string>{"link"}) << parent;
     files_.Remove(folder_ / "link");
   }
-}
-
-TEST_F(PosixFilesTest, ARenameThatTookPlaceCountsWhateverTheFolderSays) {
-  files_.Write(folder_ / "new", "new");
-  foldersFailToSync = true;
-  EXPECT_NO_THROW(files_.Rename(folder_ / "new", folder_ / "a"));
-  EXPECT_THROW(files_.Write(folder_ / "b", "b"), FileError);
-  foldersFailToSync = false;
-  EXPECT_EQ(files_.Read(folder_ / "a"), "new");
 }
 
 TEST_F(PosixFilesTest, AStampTellsAReplacedAndARewrittenFile) {

@@ -79,8 +79,9 @@ TEST_F(MoveFiles, UserHearsOfAFailedImport) {
   EXPECT_FALSE(ImportMoveFiles(true, true).at(0).ok);
   EXPECT_EQ(Told(), notImported);
   ForgetRecords();
-  GameFile() = "no number|\r\n";
+  Store(AnnasGame(), 1);
   UserPicks("/f", FromAnna(1));
+  desktop.files.FailOperation(2);  // the game file's reading
   EXPECT_FALSE(ImportMoveFiles(true, true).at(0).ok);
   EXPECT_EQ(Told(), notImported);
   EXPECT_EQ(desktop.boxes.statusTexts.back(), "");

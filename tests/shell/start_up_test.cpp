@@ -156,11 +156,6 @@ TEST_F(StartUpTest, ADamagedGameFileIsRepairedAsTheUserChooses) {
     EXPECT_EQ(desktop.files.content[file], row.after);
     EXPECT_TRUE(desktop.boxes.answers.empty());
   }
-  desktop.files.content[file] = "x";
-  desktop.boxes.whileUp = ExitProgram;
-  desktop.boxes.answers = {true};
-  EXPECT_FALSE(StartUp()) << "the session ends during the question";
-  EXPECT_EQ(desktop.files.content[file], "x");
 }
 
 TEST_F(StartUpTest, DisplayChecksForceThePlainLook) {

@@ -18,22 +18,15 @@ const std::string two = Line(Game(2)) + " \xFF";
 const std::string three = Line(Game(3)) + "|x|5254|e4|";
 
 const struct {
-  const char* name;
   std::vector<std::string> file;
   const char* damage;
   std::vector<int> kept;  ///< lines that stand in the file repaired from itself, from 1
 } rows[] = {
-    {"nothing", {one, two}, "", {1, 2}},
-    {"a blank line, and no game",
-     {one, "", two, "no game"},
-     "2 it is empty; 4 its GAME_ID can't be read; ",
-     {1, 3}},
-    {"a field and a move number",
-     {"4|s|0|n|d|e|w|b|maybe", two, three},
-     "1 its GAME_HOST can't be read; 3 the number of its move 1 can't be read; ",
-     {2}},
-    {"a game twice", {one, two, laterOne}, "1 its game 1 stands once more further down; ", {2, 3}},
-    {"nothing but damage", {"x"}, "1 its GAME_ID can't be read; ", {}},
+    {{one, two}, "", {1, 2}},
+    {{one, "", two, "x"}, "2 it is empty; 4 its GAME_ID can't be read; ", {1, 3}},
+    {{"4|s|0|n|d|e|w|b|maybe"}, "1 its GAME_HOST can't be read; ", {}},
+    {{three, two}, "1 the number of its move 1 can't be read; ", {2}},
+    {{one, two, laterOne}, "1 its game 1 stands once more further down; ", {2, 3}},
 };
 
 TEST_F(RepairTest, TheGoodLinesOrTheBackupComeInThePlaceOfADamagedFile) {
@@ -41,7 +34,7 @@ TEST_F(RepairTest, TheGoodLinesOrTheBackupComeInThePlaceOfADamagedFile) {
   const std::string aside = "Tvgdb.damaged-20260309-080500";
   for (const auto& row : rows) {
     for (const bool fromBackup : {false, true}) {
-      SCOPED_TRACE(row.name);
+      SCOPED_TRACE(row.damage);
       std::string before, repaired;
       for (const std::string& line : row.file) before += line + "\n";
       for (const int line : row.kept) repaired += row.file.at(line - 1) + "\r\n";
@@ -66,18 +59,16 @@ TEST_F(RepairTest, TheGoodLinesOrTheBackupComeInThePlaceOfADamagedFile) {
 }
 
 TEST_F(RepairTest, WithoutAReadingOrAGoodBackupNothingIsDone) {
-  for (const std::string backup : {"no game", ""}) {
-    SetGameFile("rubbish");
-    if (!backup.empty()) desktop.files.content[DataFile("tvgdb.bak")] = backup;
-    if (backup.empty()) desktop.files.content.erase(DataFile("tvgdb.bak"));
-    EXPECT_EQ(ExamineGameFile().backupGames, std::nullopt);
-    EXPECT_NE(Repair(true).failure, "");
-    desktop.files.FailOperation(1);
-    EXPECT_EQ(DamageSentence(), "") << "what can't be read isn't damaged";
-    desktop.files.FailOperation(1);
-    EXPECT_NE(Repair(false).failure, "");
-    EXPECT_EQ(FileText("Tvgdb.dat"), "rubbish");
-  }
+  SetGameFile("rubbish");
+  EXPECT_NE(Repair(true).failure, "");
+  desktop.files.content[DataFile("tvgdb.bak")] = "no game";
+  EXPECT_NE(Repair(true).failure, "");
+  EXPECT_EQ(ExamineGameFile().backupGames, std::nullopt);
+  desktop.files.FailOperation(1);
+  EXPECT_EQ(DamageSentence(), "") << "what can't be read isn't damaged";
+  desktop.files.FailOperation(1);
+  EXPECT_NE(Repair(false).failure, "");
+  EXPECT_EQ(FileText("Tvgdb.dat"), "rubbish");
 }
 
 }  // namespace

@@ -101,8 +101,8 @@ void IniSettings::Replace(const std::string& path, const std::string& content) {
     files_.Write(beside, content);
     std::error_code ignored;
     fs::permissions(beside, fs::perms::owner_read | fs::perms::owner_write, ignored);
-    if (files_.Read(beside) != content)
-      throw FileError("can't write " + path + ": not all is there");
+    const bool isThere = files_.Read(beside) == content;
+    if (!isThere) throw FileError("can't write " + path + ": it reads back otherwise");
     files_.Rename(beside, path);
   } catch (const FileError&) {
     RemoveQuietly(files_, beside);

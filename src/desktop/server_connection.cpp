@@ -2,7 +2,6 @@
 #include "desktop/server_connection.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <cstdlib>
 #include <mutex>
@@ -48,6 +47,22 @@ std::string Url(const std::string& protocol, const ServerAddress& server) {
 
 std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
 
+/// Bytes that a server may say until a connection stands, or about one mail.
+constexpr std::size_t greatestTalk = 1u << 20;
+
+/// How a server's first line may begin.
+constexpr struct {
+  std::string_view protocol, greeting;
+} greetings[] = {
+    {"imap", "* OK"}, {"imap", "* PREAUTH"}, {"imap", "* BYE"}, {"smtp", "220"}, {"smtp", "554"}};
+
+bool IsGreeting(std::string_view protocol, std::string_view line) {
+  return std::any_of(std::begin(greetings), std::end(greetings), [&](const auto& known) {
+    return known.protocol == protocol && line.size() > known.greeting.size() &&
+           curl_strnequal(line.data(), known.greeting.data(), known.greeting.size());
+  });
+}
+
 /// Called by the library now and then while it works.
 int StopWhenOver(void* patience, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
   return static_cast<const Patience*>(patience)->IsOver() ? 1 : 0;
@@ -72,6 +87,7 @@ ServerConnection::ServerConnection(const char* protocol, const ServerAddress& se
   Set(Handle(), CURLOPT_URL, Url(protocol_, server).c_str());
   SetUpEncryption();
   SetUpPatience();
+  SetUpListening();
 }
 
 void ServerConnection::SetUpEncryption() {
@@ -114,9 +130,28 @@ void ServerConnection::SetUpPatience() {
   Set(Handle(), CURLOPT_TIMEOUT_MS, static_cast<long>(patience_.Command().count()));
   Set(Handle(), CURLOPT_QUICK_EXIT, 1L);  // a name that is still looked up holds nobody back
   Set(Handle(), CURLOPT_TCP_KEEPALIVE, 1L);
+}
+
+/// The library itself passes over lines that it doesn't understand, and waits for better ones. One
+/// without an end it gives up.
+void ServerConnection::SetUpListening() {
+  Set(Handle(), CURLOPT_HEADERFUNCTION, HearLine);
+  Set(Handle(), CURLOPT_HEADERDATA, this);
   Set(Handle(), CURLOPT_NOPROGRESS, 0L);
   Set(Handle(), CURLOPT_XFERINFOFUNCTION, StopWhenOver);
   Set(Handle(), CURLOPT_XFERINFODATA, &patience_);
+}
+
+/// Called by the library for each line that the server says. The answer 0 ends the connection.
+std::size_t ServerConnection::HearLine(char* bytes, std::size_t size, std::size_t count,
+                                       void* self) {
+  auto& connection = *static_cast<ServerConnection*>(self);
+  const std::string_view line(bytes, size * count);
+  const bool isGreeting = connection.heard_ == 0;
+  connection.heard_ += line.size();
+  connection.isStranger_ =
+      (isGreeting && !IsGreeting(connection.protocol_, line)) || connection.heard_ > greatestTalk;
+  return connection.isStranger_ ? 0 : line.size();
 }
 
 void ServerConnection::Perform() {
@@ -148,7 +183,7 @@ std::string ServerConnection::CertificateProblem() const {
 void ServerConnection::Raise(CURLcode code) const {
   const std::string host = Quoted(server_.host);
   const std::string place = host + " at port " + std::to_string(server_.port);
-  switch (code) {
+  switch (isStranger_ ? CURLE_WEIRD_SERVER_REPLY : code) {
     case CURLE_COULDNT_RESOLVE_HOST:
       throw MailError("There is no server named " + host +
                       ": check the spelling, and whether this computer is on the network.");

@@ -54,6 +54,8 @@ class ServerConnection {
  private:
   void SetUpEncryption();
   void SetUpPatience();
+  void SetUpListening();
+  static std::size_t HearLine(char* bytes, std::size_t size, std::size_t count, void* self);
   [[noreturn]] void Raise(CURLcode code) const;
   std::string CertificateProblem() const;
 
@@ -64,6 +66,8 @@ class ServerConnection {
   std::string protocol_;
   ServerAddress server_;
   const Patience& patience_;
+  std::size_t heard_ = 0;              // bytes
+  bool isStranger_ = false;            // what answers is no such server
   char reason_[CURL_ERROR_SIZE] = "";  // where the library explains a failure
   std::unique_ptr<CURL, Cleanup> curl_;
 };

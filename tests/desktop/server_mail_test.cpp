@@ -145,6 +145,26 @@ TEST(RudeServersTest, EveryRudenessAtEveryCommandIsAFailureAndNoMore) {
   });
 }
 
+TEST_F(ServerMailTest, WhoeverGreetsAsAStrangerIsLeftAtOnce) {
+  const std::string greetings[] = {"HTTP/1.1 400 Bad Request\n" + hang, "+OK POP3\n" + hang};
+  const auto leaves = [this](RudeServer& server, const std::string& greeting, const auto& open) {
+    ServerMail mail(Account(), "secret", std::chrono::hours(1));
+    server.Answer("", greeting);
+    try {
+      open(mail);
+      ADD_FAILURE() << greeting;
+    } catch (const MailError& error) {
+      EXPECT_NE(std::string(error.what()).find("doesn't speak"), std::string::npos) << error.what();
+    }
+  };
+  for (const std::string& greeting : greetings) {
+    leaves(imap_, greeting, [](ServerMail& mail) { mail.Open(); });
+    leaves(smtp_, greeting, [](ServerMail& mail) { mail.TryOutgoing(); });
+  }
+  leaves(imap_, "220 mail ESMTP\n" + hang, [](ServerMail& mail) { mail.Open(); });
+  leaves(smtp_, "* OK IMAP4\n" + hang, [](ServerMail& mail) { mail.TryOutgoing(); });
+}
+
 TEST_F(ServerMailTest, AConnectionThatWasCutWhileIdleIsMadeAnew) {
   for (const bool unreadOnly : {true, false}) {
     EXPECT_EQ(mail_.List(unreadOnly).size(), 1u);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace cli {
 
@@ -12,5 +13,8 @@ void LogOn();
 
 /// Mails a stored game. False, with the reason in the messages, where that failed.
 bool SendGame(std::int32_t gameID);
+
+/// What was said of a failure, and behind it what the mail service itself says.
+std::string WithServiceReason(const std::string& said);
 
 }  // namespace cli

@@ -52,6 +52,12 @@ bool SendGame(std::int32_t gameID) {
   return false;
 }
 
+std::string WithServiceReason(const std::string& said) {
+  const std::string reason = platform::TheDesktop().MSess->LastProblem();
+  const bool isNews = !reason.empty() && said.find(reason) == std::string::npos;
+  return isNews ? said + ' ' + reason : said;
+}
+
 bool Check(const Call& call) {
   bool allOk = true;
   std::string unreadable;
@@ -109,7 +115,7 @@ bool Send(const Call& call) {
   LogOn();
   const bool ok = SendGame(game.GAME_ID);
   JsonObject().Add("game", game.GAME_ID).Add("ok", ok).Add("to", game.GAME_OPPONENTS_EMAIL).Print();
-  if (!ok) throw Refusal(call.messages.TakeSentence("The move was not sent."));
+  if (!ok) throw Refusal(WithServiceReason(call.messages.TakeSentence("The move was not sent.")));
   return true;
 }
 
@@ -133,7 +139,7 @@ bool Retrieve(const Call& call) {
     allOk = allOk && arrival.ok;
   }
   if (!allOk || !call.messages.Empty()) {
-    throw Refusal(call.messages.TakeSentence("The mailbox can't be reached."));
+    throw Refusal(WithServiceReason(call.messages.TakeSentence("The mailbox can't be reached.")));
   }
   return true;
 }

@@ -1,20 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/account_check.h"
 
-#include <exception>
-
 #include "desktop/known_providers.h"
+#include "desktop/mail_text.h"
 #include "desktop/mail_transport.h"
 
 namespace desktop {
 namespace {
 
-std::string WithAdvice(const char* refusal, const MailAccount& account) {
-  const std::string_view advice = PasswordAdvice(account.ImapHost);
-  return advice.empty() ? refusal : std::string(refusal).append(" ").append(advice);
+/// What the system and its libraries say has neither a capital nor a full stop.
+std::string AsSentence(std::string text) {
+  if (text.empty()) return text;
+  if (text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  return std::string_view(".!?").find(text.back()) == std::string_view::npos ? text + '.' : text;
 }
 
 }  // namespace
+
+std::string InPlainWords(const std::exception& failure, const MailAccount& account) {
+  const std::string sentence = AsSentence(WithoutReserved(failure.what()));
+  if (!dynamic_cast<const LoginRefused*>(&failure)) return sentence;
+  const std::string_view advice = PasswordAdvice(account.ImapHost);
+  return advice.empty() ? sentence : std::string(sentence).append(" ").append(advice);
+}
 
 AccountCheck::AccountCheck(const MailAccount& account, const std::string& password)
     : account_(WithAbsolutePostFolder(account)), password_(password) {
@@ -36,10 +44,8 @@ std::string AccountCheck::Problem() {
   try {
     Try();
     return {};
-  } catch (const LoginRefused& refusal) {
-    return WithAdvice(refusal.what(), account_);
   } catch (const std::exception& error) {
-    return error.what();
+    return InPlainWords(error, account_);
   }
 }
 

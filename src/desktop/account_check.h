@@ -2,6 +2,7 @@
 // Whether an account works, told in plain words to somebody who isn't at home in mail servers.
 #pragma once
 
+#include <exception>
 #include <memory>
 #include <string>
 
@@ -9,6 +10,9 @@
 #include "desktop/server_mail.h"
 
 namespace desktop {
+
+/// What is wrong, in a sentence or two with what to do about it, where mail of this account failed.
+std::string InPlainWords(const std::exception& failure, const MailAccount& account);
 
 class AccountCheck {
  public:

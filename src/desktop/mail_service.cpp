@@ -5,6 +5,7 @@
 #include <exception>
 #include <utility>
 
+#include "desktop/account_check.h"
 #include "desktop/mail_text.h"
 #include "platform/mail_address.h"
 #include "platform/settings_store.h"
@@ -14,18 +15,6 @@ namespace {
 
 using platform::AccountError;
 using platform::MailError;
-
-/// Runs `work`; whatever it raises becomes the one exception that callers know.
-template <typename Work>
-void RaisingMailErrors(const Work& work) {
-  try {
-    work();
-  } catch (const MailError&) {
-    throw;
-  } catch (const std::exception& error) {
-    throw MailError(error.what());
-  }
-}
 
 /// What leaves the service, whatever the transport found. Who gives no name is called by his
 /// address.
@@ -78,6 +67,19 @@ MailService::MailService(platform::Events& events, Passwords& passwords, AskAcco
       audience_(std::make_shared<bool>()),
       thread_(events) {}
 
+/// Runs `work`; whatever it raises is kept for whoever asks, and becomes the one exception that
+/// callers know.
+template <typename Work>
+void MailService::Telling(const Work& work) {
+  problem_.clear();
+  try {
+    work();
+  } catch (const std::exception& error) {
+    problem_ = InPlainWords(error, account_);
+    throw MailError(error.what());
+  }
+}
+
 AccountAnswer MailService::StoredAccount() const {
   try {
     const std::string reason = ask_ ? "" : WhyNoAccount();
@@ -119,7 +121,7 @@ AccountAnswer MailService::Account() {
 void MailService::SignOn() {
   if (session_ != 0) return;
   const Errand errand(busy_);
-  RaisingMailErrors([this] {
+  Telling([this] {
     const AccountAnswer answer = Account();
     account_ = answer.account;
     // Made and, where it can't be opened, destroyed on its own thread.
@@ -226,10 +228,11 @@ void MailService::Fetch() {
   auto listing = std::exchange(prefetched_, nullptr);
   if (!IsCurrent(listing)) listing = List();
   events_.RunUntil([&listing] { return listing->done.load(); });
-  if (auto failure = std::exchange(listing->failure, nullptr)) {
-    if (session_ != 0) EndSession();
-    RaisingMailErrors([&failure] { std::rethrow_exception(failure); });
-  }
+  const auto failure = std::exchange(listing->failure, nullptr);
+  if (failure && session_ != 0) EndSession();
+  Telling([&failure] {
+    if (failure) std::rethrow_exception(failure);
+  });
   set_ = std::move(listing->mails);
   moreToCome_ = listing->moreToCome;
   goesOn_ = moreToCome_ && !prefetched_;
@@ -300,7 +303,7 @@ void MailService::HandOverMarks() {
 void MailService::Flush() {
   HandOverMarks();
   if (transport_) thread_.Post([transport = transport_] { transport->Flush(); });
-  RaisingMailErrors([this] { thread_.Flush(); });
+  Telling([this] { thread_.Flush(); });
 }
 
 void MailService::FlushLater() {
@@ -316,7 +319,7 @@ void MailService::Send() {
   if (outgoing_.to.empty()) throw MailError("no recipient");
   OutgoingMail mail = outgoing_;
   mail.from = {account_.MyName, account_.MyAddress};
-  RaisingMailErrors(
+  Telling(
       [this, &mail] { thread_.Run([transport = transport_, mail] { transport->Send(mail); }); });
 }
 

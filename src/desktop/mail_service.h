@@ -52,6 +52,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   // The session.
   void SignOn() override;
   void SignOff() override;
+  std::string LastProblem() override { return problem_; }
 
   // Of both: there is one session, so a message set that was told of it has its number.
   long SessionID() override { return session_; }
@@ -102,6 +103,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   AccountAnswer StoredAccount() const;
   std::shared_ptr<Listing> List();
   bool IsCurrent(const std::shared_ptr<Listing>& listing) const;
+  template <typename Work>
+  void Telling(const Work& work);
   void EndSession();
   void RequireSession() const;
   void HandOverMarks();
@@ -119,7 +122,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   long session_ = 0;                          // 0 while not signed on
   long lastSession_ = 0;
   std::shared_ptr<const bool> audience_;  // goes when nobody wants to hear of prefetches any more
-  bool busy_ = false;                     // one of the operations that wait is under way
+  std::string problem_;
+  bool busy_ = false;  // one of the operations that wait is under way
 
   bool unreadOnly_ = false;
   std::vector<FetchedMail> set_;

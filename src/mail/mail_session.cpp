@@ -72,11 +72,14 @@ void ReportEarlierCrash() {
       "Ok", {}, false, platform::FailureSound);
 }
 
+/// In the mail service's own words, too, where it has any.
 void ReportLogonFailure() {
+  const std::string problem = platform::TheDesktop().MSess->LastProblem();
   platform::ShowMessage(
       platform::MailIcon, "Network error.",
       "Tarvolenix failed to connect to your mail service.||Please ensure you are logged onto a "
-      "network and running an email client.  Tarvolenix is now running Offline.",
+      "network and running an email client.  Tarvolenix is now running Offline." +
+          (problem.empty() ? "" : "||" + problem),
       "Ok", {}, false, platform::FailureSound);
 }
 

@@ -35,6 +35,10 @@ class MAPISession {
   virtual void SignOn() = 0;
   virtual long SessionID() = 0;  ///< above 0 while signed on
   virtual void SignOff() = 0;
+
+  /// Why the last logon, look, flush or delivery failed, as a sentence for the user; blank where it
+  /// didn't.
+  virtual std::string LastProblem() = 0;
 };
 
 class MAPIMessages {

@@ -254,8 +254,10 @@ TEST_F(MailServiceTest, WhateverFailsASessionBeginsAndEndsAsAsked) {
   script_.Fail("open");
   EXPECT_THROW(service_.SignOn(), MailError);
   EXPECT_EQ(service_.SessionID(), 0);
+  EXPECT_EQ(service_.LastProblem(), "Open fails.");
   script_.Fail("remove1");
   SignOn();
+  EXPECT_EQ(service_.LastProblem(), "");
   service_.Fetch();
   service_.Delete();
   EXPECT_NO_THROW(service_.SignOff());

@@ -42,6 +42,7 @@ class MemoryMail {
   std::vector<platform::Recipient> picked;  ///< in the address book, where it is shown
   std::size_t perLook = 1000;               ///< mails that one look brings
   std::set<std::string> failing;            ///< names of the members that raise
+  std::string problem;                      ///< what the service says of the last failure
   bool answersLater = false;                ///< a look is ready when the test calls AnswerLook
   bool answersStale = false;  ///< the set of a look is of no use any more when it comes
   bool prefetched = false;    ///< the set of a look is in memory
@@ -58,6 +59,7 @@ class MemoryMail {
     void SignOn() override;
     long SessionID() override { return id_; }
     void SignOff() override;
+    std::string LastProblem() override { return mail_.problem; }
 
    private:
     MemoryMail& mail_;

@@ -35,14 +35,18 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
     bool showStatus;
     bool online;
     const char* guardWritten;
-    const char* told;
+    std::string told;
     bool another = false, readOnly = false;
+    const char* problem = "";
   } rows[] = {
       {"plain logon", false, false, "", "", true, true, "True False", ""},
       {"guard stands", true, false, "", "", true, false, "", crashed},
       {"session runs", false, true, "", "", true, true, "", ""},
       {"no network", false, false, "-nonetwork", "", true, false, "", ""},
       {"logon fails", false, false, "", "SignOn", true, false, "True", notConnected},
+      {"logon fails, and the service says why", false, false, "", "SignOn", true, false, "True",
+       std::string(notConnected).insert(std::string(notConnected).find("\n["), "\n\nWhy it is."),
+       "Why it is."},
       {"logon fails quietly", false, false, "", "SignOn", false, false, "True", ""},
       {"the guard of another process", true, false, "", "", true, true, "", "", true},
       {"another process logs on", false, false, "", "", true, true, "", "", true},
@@ -57,6 +61,7 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
     desktop.settings.readOnly = row.readOnly;
     std::unique_ptr<platform::HeldLock> another;
     if (row.another) another = desktop.files.Lock("/program/Data/logon.lock");
+    desktop.mail.problem = row.problem;
     Process().CheckTimer.Enabled = true;
     Process().Offline = false;
     ForgetRecords();

@@ -244,7 +244,8 @@ bool TestAccount(const Call& call) {
   answer.Add("ok", reason.empty());
   if (!reason.empty()) answer.Add("reason", reason);
   answer.Print();
-  return reason.empty();
+  if (!reason.empty()) throw Refusal(reason);
+  return true;
 }
 
 }  // namespace cli

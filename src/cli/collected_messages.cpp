@@ -5,12 +5,18 @@
 
 namespace cli {
 
-Json CollectedMessages::Take() {
+Json CollectedMessages::Pairs() const {
   std::vector<std::string> pairs;
-  for (const platform::Message& message : std::exchange(messages_, {})) {
+  for (const platform::Message& message : messages_) {
     pairs.push_back(JsonArray({Quoted(message.text), Quoted(message.title)}).text);
   }
   return JsonArray(pairs);
+}
+
+Json CollectedMessages::Take() {
+  Json pairs = Pairs();
+  messages_.clear();
+  return pairs;
 }
 
 std::string CollectedMessages::TakeSentence(const std::string& otherwise) {

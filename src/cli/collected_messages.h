@@ -25,10 +25,13 @@ class CollectedMessages : public platform::MessageBoxes {
 
   bool Empty() const { return messages_.empty(); }
 
-  /// All since the last call, as pairs of text and title.
+  /// All that wasn't taken yet, as pairs of text and title.
+  Json Pairs() const;
+
+  /// The same, and takes them.
   Json Take();
 
-  /// All since the last call as one line of text; `otherwise` where there were none.
+  /// Takes all that wasn't taken yet, as one line of text; `otherwise` where there was nothing.
   std::string TakeSentence(const std::string& otherwise);
 
  private:

@@ -59,7 +59,7 @@ std::string WithServiceReason(const std::string& said) {
 }
 
 bool Check(const Call& call) {
-  bool allOk = true;
+  std::string refused;
   std::string unreadable;
   for (const std::string& file : call.arguments.Others()) {
     int stage = 0;
@@ -72,11 +72,12 @@ bool Check(const Call& call) {
       unreadable += (unreadable.empty() ? "" : ", ") + file;
     }
     const bool ok = read && stage == 0;
-    allOk = allOk && ok;
+    if (read && !ok) refused += (refused.empty() ? "" : ", ") + file;
     JsonObject().Add("file", file).Add("ok", ok).Add("stage", stage).Print();
   }
   if (!unreadable.empty()) throw Refusal("Can't be read: " + unreadable + ".");
-  return allOk;
+  if (!refused.empty()) throw Refusal("Not a move as it should be: " + refused + ".");
+  return true;
 }
 
 bool Import(const Call& call) {

@@ -83,6 +83,14 @@ void AddMove(JsonObject& answer, const PlayedBoard& played) {
       .Add("status", int{played.logic.GameStatus});
 }
 
+/// Why what was asked wasn't done.
+std::string Failure(Stored stored, const std::string& what, CollectedMessages& messages) {
+  if (stored == Stored::Nowhere) {
+    return messages.TakeSentence("The " + what + " could not be saved.");
+  }
+  return WithServiceReason(messages.TakeSentence("The " + what + " was saved, but not sent."));
+}
+
 constexpr const char* emptySquare = "there is none of your pieces on its square.";
 
 }  // namespace
@@ -107,15 +115,13 @@ bool New(const Call& call) {
     throw Refusal("The move " + move + " was refused: " + call.messages.TakeSentence(emptySquare));
   }
   const Stored stored = Store(played, send);
-  if (stored == Stored::Nowhere) {
-    throw Refusal(call.messages.TakeSentence("The game could not be saved."));
-  }
+  if (stored == Stored::Nowhere) throw Refusal(Failure(stored, "game", call.messages));
   JsonObject answer;
   answer.Add("game", played.logic.SavedGameID);
   AddMove(answer, played);
   answer.Print();
   if (send && stored != Stored::SavedAndSent) {
-    throw Refusal(call.messages.TakeSentence("The game was saved, but not sent."));
+    throw Refusal(Failure(stored, "game", call.messages));
   }
   return true;
 }
@@ -132,13 +138,15 @@ bool Move(const Call& call) {
   const bool accepted = played.PlayEntry(move);
   const Stored stored = accepted ? Store(played, send) : Stored::Nowhere;
   const bool ok = stored == (send ? Stored::SavedAndSent : Stored::Saved);
-  const bool silent = call.messages.Empty();
   JsonObject answer;
   answer.Add("game", game.GAME_ID).Add("ok", ok);
   if (stored != Stored::Nowhere) AddMove(answer, played);
-  answer.Add("messages", call.messages.Take()).Print();
-  if (!accepted && silent) throw Refusal("The move " + move + " was refused: " + emptySquare);
-  return ok;
+  answer.Add("messages", call.messages.Pairs()).Print();
+  if (!accepted) {
+    throw Refusal("The move " + move + " was refused: " + call.messages.TakeSentence(emptySquare));
+  }
+  if (!ok) throw Refusal(Failure(stored, "move", call.messages));
+  return true;
 }
 
 }  // namespace cli

@@ -238,16 +238,6 @@ void MailServers::CutConnections() {
              "while doveadm who -1 2>&1 | grep -q imap; do sleep 0.01; done");
 }
 
-void MailServers::RenumberInbox(const std::string& address) {
-  CutConnections();
-  for (const auto& entry : fs::directory_iterator(BoxOf(address))) {
-    const std::string name = entry.path().filename().string();
-    // What tells the validities that there were stays, so that the new one is new.
-    const bool stays = name.starts_with("dovecot-uidvalidity");
-    if (name.starts_with("dovecot") && !stays) fs::remove(entry.path());
-  }
-}
-
 int MailServers::PasswordsSeen() const {
   return CountIn(folder_ / "dovecot.log", {": Login: user=", "(auth failed"});
 }

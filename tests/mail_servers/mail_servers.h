@@ -52,9 +52,6 @@ class MailServers {
   /// Hangs up on everybody who is logged on at the IMAP server.
   void CutConnections();
 
-  /// Hangs up, and numbers the Inbox's mails anew.
-  void RenumberInbox(const std::string& address);
-
   /// How often somebody has shown a password so far, a right one or a wrong one.
   int PasswordsSeen() const;
 

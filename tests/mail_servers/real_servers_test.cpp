@@ -129,39 +129,6 @@ TEST_F(RealServersTest, AnotherProgramMayChangeTheInboxMeanwhile) {
   EXPECT_EQ(Subjects(), "a d ");
 }
 
-TEST_F(RealServersTest, AnInboxThatWasNumberedAnewLosesNothing) {
-  for (const char* subject : {"First", "a", "Last"}) Deliver(subject);
-  other_.Command("UID STORE 1 +FLAGS (\\Deleted)");
-  other_.Command("UID EXPUNGE 1");
-  const std::string id = Ids().at("a");
-  servers_.RenumberInbox(user);
-  EXPECT_EQ(OtherClient(servers_, user).Mails("INBOX").at(1).uid, "2") << "which a had before";
-  MarkRead(id);
-  Remove(id);
-  EXPECT_EQ(Inbox(), "a Last ");
-  Remove(Ids().at("a"));
-  EXPECT_EQ(Inbox(), "Last ");
-}
-
-TEST_F(RealServersTest, AConnectionThatWasCutWhileIdleIsMadeAnew) {
-  for (const char* subject : {"a", "b", "Hello"}) Deliver(subject);
-  const auto cut = [this] { servers_.CutConnections(); };
-  mail_.Open();
-  cut();
-  const auto ids = Ids();
-  EXPECT_EQ(ids.size(), 2U);
-  cut();
-  MarkRead(ids.at("a"));
-  cut();
-  Remove(ids.at("b"));
-  cut();
-  Send("c");
-  EXPECT_EQ(Folder("INBOX", opponent), "c ");
-  cut();
-  mail_.Close();
-  EXPECT_EQ(Inbox(), "a(\\Seen) Hello ");
-}
-
 TEST_F(RealServersTest, ManyOtherMailsHideNone) {
   servers_.DeliverOthers(user, 5000);
   for (const char* subject : {"a", "b"}) Deliver(subject);
@@ -249,6 +216,7 @@ TEST_F(RealServersTest, TheCheckSaysInPlainWordsWhatIsWrong) {
     return desktop::WhatIsWrongWith(std::exchange(account, ServerAccount(user)), password);
   };
   EXPECT_NE(says("wrong").find("refuses the user name or the password"), std::string::npos);
+  EXPECT_THROW(desktop::ServerMail(account, "wrong").TryOutgoing(), desktop::LoginRefused);
   account.ImapHost = "no.such.host.invalid";
   EXPECT_NE(says().find("no server named \"no.such.host.invalid\""), std::string::npos);
   account.SmtpPort = 1;
@@ -259,14 +227,6 @@ TEST_F(RealServersTest, TheCheckSaysInPlainWordsWhatIsWrong) {
   EXPECT_NE(says().find("try STARTTLS"), std::string::npos);
   account.MyAddress = "nobody";
   EXPECT_NE(says().find("no mail address"), std::string::npos);
-}
-
-TEST_F(RealServersTest, AWrongPasswordIsRefusedAtBothEnds) {
-  desktop::ServerMail mail(ServerAccount(user), "wrong");
-  EXPECT_THROW(mail.Open(), desktop::LoginRefused);
-  EXPECT_THROW(mail.TryOutgoing(), desktop::LoginRefused);
-  EXPECT_THROW(mail.Send(MailOf("a")), desktop::LoginRefused);
-  EXPECT_NE(desktop::WhatIsWrongWith(ServerAccount(user), "wrong"), "");
 }
 
 }  // namespace

@@ -3,18 +3,16 @@
 mail, OpenSMTPD behind it delivers. Every address is a user's name. Without encryption, so that the
 wire can be cut at a place that is known. They go with this process, whatever ends it."""
 
-import ctypes
 import os
 import pwd
 import re
 import shutil
-import signal
 import socket
 import subprocess
 import time
 from pathlib import Path
 
-from players import PASSWORD
+from players import PASSWORD, end_with_parent
 from scripted_server import UID_STEP
 
 DOVECOT = "/usr/sbin/dovecot"
@@ -108,12 +106,6 @@ def wait_until(condition, seconds, what):
         if time.monotonic() > end:
             raise RuntimeError(what)
         time.sleep(0.01)
-
-
-def end_with_parent():
-    """In the child. What ends the trial, be it a signal, ends its servers too."""
-    PR_SET_PDEATHSIG = 1
-    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
 class Server:

@@ -1,8 +1,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Players: each has a program folder of his own, and uses the console in it."""
 
+import ctypes
 import json
 import shutil
+import signal
 import subprocess
 from dataclasses import dataclass
 from pathlib import Path
@@ -16,6 +18,12 @@ FIELDS_OF_MOVE = 4
 
 # A game's status.
 MOVE_WAITING, WAITING, WON, LOST, DRAW_OFFERED, DRAWN = range(1, 7)
+
+
+def end_with_parent():
+    """In the child. What ends the trial, be it a signal, ends what it has started too."""
+    PR_SET_PDEATHSIG = 1
+    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
 class DamagedStore(Exception):

@@ -7,7 +7,7 @@ import statistics
 import subprocess
 import time
 
-from players import ROOT
+from players import ROOT, end_with_parent
 
 BUILD = ROOT / "build/release"
 PROGRAM = BUILD / "src/app/tarvolenix"
@@ -55,6 +55,7 @@ class WindowProgram:
             self.process = subprocess.Popen(
                 [self.player.folder / "tarvolenix", "-nosound"],
                 env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
+                preexec_fn=end_with_parent,
             )
         self.started = time.monotonic()
         self.lives.append([])

@@ -237,19 +237,15 @@ class MailServers:
         for path in (box / "cur" / f"{name}:2,", numbered):
             os.chown(path, self.owner.pw_uid, self.owner.pw_gid)
 
-    def inbox(self, address):
-        """What lies there and isn't marked as deleted."""
-        self.settle()
-        found = sorted(self.files(address), key=lambda file: file.name)
-        return [file.read_bytes() for file in found if "T" not in file.name.partition(":2,")[2]]
-
-    def files(self, address):
+    def files(self, address, deleted=False):
+        """The mails there, or those that are marked as deleted and still there."""
         box = self.mail / address
-        return [*(box / "new").glob("*"), *(box / "cur").glob("*")]
+        mails = [*(box / "new").glob("*"), *(box / "cur").glob("*")]
+        return [mail for mail in mails if ("T" in mail.name.partition(":2,")[2]) == deleted]
 
-    def waiting(self, address):
-        """How many mails wait to be collected."""
-        return len(self.files(address))
+    def inbox(self, address):
+        self.settle()
+        return [file.read_bytes() for file in self.files(address)]
 
     def oldest(self, address):
         """When the one that waits longest came; now, where none does."""

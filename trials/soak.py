@@ -47,7 +47,7 @@ def options():
     parser.add_argument("--short", action="store_true", help="20 games in half a minute")
     arguments = parser.parse_args()
     if arguments.short:
-        arguments.games, arguments.minutes = 20, 0.3
+        arguments.games, arguments.minutes = 20, 0.25
     if arguments.seed is None:
         arguments.seed = random.randrange(10**6)
     return arguments
@@ -147,8 +147,9 @@ class Soak:
         for side in self.sides:
             self.faults += side.faults
             address = side.player.address
-            if left := self.servers.waiting(address):
-                self.faults.append(("astray", f"{left} mails stay in the Inbox of {address}"))
+            if left := self.servers.files(address):
+                self.faults.append(("astray", f"{len(left)} mails stay in the Inbox of {address}"))
+            self.counts["litter"] += len(self.servers.files(address, deleted=True))
             self.look_at_all(side.player)
         one, other = (side.player.games() for side in self.sides)
         self.faults += [*compare(one, other), *compare(other, one)]
@@ -188,6 +189,7 @@ class Soak:
         row = {
             **{w: counts[w] for w in ("games", "moves", "kills", "cuts", "restarts", "woken")},
             "refused or failed": counts["failures"],
+            "marked as deleted and left": counts["litter"],
             **{word: found[word] for word in FAULTS[:-1]},
             "memory at start/end": memory,
             "handles at start/end": handles,

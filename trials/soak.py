@@ -7,12 +7,10 @@ Prints a row of a table; exit 1 where anything was lost, doubled or went astray,
 ran all the time has grown."""
 
 import argparse
-import os
 import random
 import shutil
 import sys
 import tempfile
-import threading
 import time
 from collections import Counter
 from pathlib import Path

@@ -12,6 +12,7 @@ COMMENTS = [
     "Good luck!", "Grüße aus Köln", "§ ¶ ½ ♞ 将棋", "A=B; C \"quoted\" & <b>bold</b>", "100 %s %d",
     ".", "From here on it is hard", "w" * 200, "Ω" * 200, " leading and trailing ", "--", "=3D=0A",
 ]
+FIRST_MOVES = ("5254", "4244", "7163", "3234", "2133", "6264", "2223", "7273")
 ENTRIES_WITHOUT_MOVE = {"Draw offer", "Decline"}
 
 LONGEST_GAME = 60  # entries
@@ -57,7 +58,7 @@ class Side(threading.Thread):
         self.stopping = threading.Event()
         self.sent = {}  # game: how many moves the program has told to be sent
         self.played = []  # what it has told to be saved
-        self.moves = self.kills = self.failures = 0
+        self.kills = self.failures = 0
         self.faults = []
         self.usual = 0.1  # seconds that a command takes
         self.resting = set()
@@ -174,10 +175,11 @@ class Side(threading.Thread):
     def note(self, index, comment, answer):
         """What the console has told before it ended, or was ended."""
         line = answer.lines[0] if answer.lines else {}
+        if line.get("ok") is False and "text" not in line:
+            self.faults.append(("astray", f"{self.player.name}'s legal move is refused: {answer}"))
         if "text" not in line:
             return
         number = line["game"]
-        self.moves += 1
         self.played.append((number, index, line["text"], comment[1] if comment else ""))
         if self.was_sent(answer):
             self.sent[number] = index
@@ -194,6 +196,3 @@ class Side(threading.Thread):
                 if self.was_sent(self.player.console("send", game.id)):
                     self.sent[game.id] = len(game.moves)
         return busy
-
-
-FIRST_MOVES = ("5254", "4244", "7163", "3234", "2133", "6264", "2223", "7273")

@@ -17,6 +17,7 @@ from collections import Counter
 
 from dialogues import FAULTS, NOTES, Scene
 from mail_servers import MailServers
+from players import end_tidily
 from proxy import KINDS, Trouble
 from scripted_server import ScriptedServers
 
@@ -60,15 +61,20 @@ def enter(folder, real, last_moment):
         scene = error
 
 
-def lengths():
+def require_scene():
     if isinstance(scene, Exception):
         raise scene
+
+
+def lengths():
+    require_scene()
     return {name: sum(dialogue.lengths) for name, dialogue in scene.dialogues.items()}
 
 
 def attempt(point):
     """One run with its trouble; answers its faults and notes, or nothing when time is over."""
-    if time.monotonic() > end or isinstance(scene, Exception):
+    require_scene()
+    if time.monotonic() > end:
         return None
     name, kind, place = point
     dialogue = scene.dialogues[name]
@@ -160,6 +166,7 @@ def main():
     jobs = 1 if arguments.real else arguments.jobs
     try:
         with multiprocessing.Pool(jobs, enter, (folder, arguments.real, last_moment)) as pool:
+            end_tidily()
             rows = chosen(pool.apply(lengths), arguments)
             table = Table(rows)
             points = [(*row, place) for row, places in rows.items() for place in places]

@@ -217,7 +217,7 @@ class Sending(Dialogue):
     def was_answered(self):
         """Whether the program got the server's word, whole, that it has taken the mail over."""
         said = self.scene.smtp.passed[DOWN].partition(b"\n354")[2].split(b"\n")
-        return len(said) > 2 and said[1].startswith(b"250")
+        return len(said) > 2 and said[1].startswith(b"250 ") and said[1].endswith(b"\r")
 
     def judge(self, answer, trouble):
         accepted = self.scene.servers.accepted()

@@ -17,7 +17,7 @@ from pathlib import Path
 
 from agreement import compare, missing_from
 from mail_servers import MailServers
-from players import Player
+from players import Player, end_tidily
 from proxy import Proxy
 from soak_side import Side
 from window_program import SETTINGS, WindowProgram, lay_out
@@ -213,6 +213,7 @@ def main():
     folder = Path(tempfile.mkdtemp(prefix="soak-"))
     folder.chmod(0o755)
     soak = None
+    end_tidily()
     try:
         soak = Soak(folder, arguments)
         soak.run()

@@ -90,8 +90,8 @@ bool SettingsAreThere() {
     return !Process().Stopping;
   } catch (const platform::SettingsError& error) {
     boxes.PlainBox(platform::PlainIcon::Stop, "Settings",
-                   error.what() + std::string("  Tarvolenix doesn't start, so that nothing in it "
-                                              "gets lost."));
+                   error.what() + std::string("  Tarvolenix doesn't start, so that no "
+                                              "settings get lost."));
     return false;
   }
 }

@@ -14,6 +14,7 @@
 #include "desktop/mail_account.h"
 #include "desktop/mail_text.h"
 #include "mail/character_count.h"
+#include "platform/utf8.h"
 
 namespace cli {
 namespace {
@@ -24,7 +25,7 @@ using Port = int MailAccount::*;
 
 /// Nothing that would damage a mail, a setting or a game.
 std::string CheckLine(const std::string& value) {
-  if (!IsUtf8(value)) return "is no UTF-8";
+  if (!platform::IsUtf8(value)) return "is no UTF-8";
   return desktop::WithoutReserved(value) == value ? "" : "holds a \"|\" or a control character";
 }
 
@@ -175,7 +176,7 @@ std::string ReadPassword() {
   std::getline(std::cin, password);
   if (password.ends_with('\r')) password.pop_back();
   if (password.empty()) throw Refusal("There is no password in the first line of standard input.");
-  if (!IsUtf8(password)) throw Refusal("The password is no UTF-8.");
+  if (!platform::IsUtf8(password)) throw Refusal("The password is no UTF-8.");
   return password;
 }
 

@@ -5,84 +5,48 @@
 #include <charconv>
 #include <cstdio>
 #include <iostream>
+#include <utility>
+
+#include "platform/harmless_text.h"
+#include "platform/utf8.h"
 
 namespace cli {
 namespace {
 
-/// The length of the UTF-8 sequence at the start of `text`; 0 where there is none.
-std::size_t SequenceLength(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char lead = byte(0);
-  std::size_t length = 1;
-  std::uint32_t code = lead;
-  if (lead >= 0xF0 && lead <= 0xF4) {
-    length = 4;
-    code = lead & 0x07U;
-  } else if (lead >= 0xE0 && lead <= 0xEF) {
-    length = 3;
-    code = lead & 0x0FU;
-  } else if (lead >= 0xC2 && lead <= 0xDF) {
-    length = 2;
-    code = lead & 0x1FU;
-  } else if (lead >= 0x80) {
-    return 0;
-  }
-  if (text.size() < length) return 0;
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80U) return 0;
-    code = (code << 6U) | (byte(i) & 0x3FU);
-  }
-  const bool tooShort = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
-  const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-  return tooShort || surrogate || code > 0x10FFFF ? 0 : length;
+constexpr std::pair<char32_t, const char*> shortEscapes[] = {
+    {'"', "\\\""}, {'\\', "\\\\"}, {'\n', "\\n"}, {'\r', "\\r"}, {'\t', "\\t"}};
+
+std::string EscapedUnit(char32_t unit) {
+  char escape[12];
+  std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(unit));
+  return escape;
 }
 
-std::string EscapedCharacter(char c) {
-  switch (c) {
-    case '"':
-      return "\\\"";
-    case '\\':
-      return "\\\\";
-    case '\n':
-      return "\\n";
-    case '\r':
-      return "\\r";
-    case '\t':
-      return "\\t";
-    default:
-      break;
+/// The same text to whoever parses it, but a terminal that shows the line obeys nothing in it.
+void AppendCharacter(std::string& quoted, char32_t code) {
+  for (const auto& [character, escape] : shortEscapes) {
+    if (code != character) continue;
+    quoted += escape;
+    return;
   }
-  if (static_cast<unsigned char>(c) >= 0x20) return {c};
-  char escape[8];
-  std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
-  return escape;
+  if (!platform::IsHarmful(code)) {
+    platform::AppendUtf8(quoted, code);
+  } else if (code < 0x10000) {
+    quoted += EscapedUnit(code);
+  } else {
+    quoted += EscapedUnit(0xD800 + ((code - 0x10000) >> 10));
+    quoted += EscapedUnit(0xDC00 + (code & 0x3FF));
+  }
 }
 
 }  // namespace
 
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = SequenceLength(text);
-    if (length == 0) return false;
-    text.remove_prefix(length);
-  }
-  return true;
-}
-
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
   while (!text.empty()) {
-    const std::size_t length = SequenceLength(text);
-    if (length == 0) {
-      quoted += "\xEF\xBF\xBD";
-      text.remove_prefix(1);
-    } else if (length == 1) {
-      quoted += EscapedCharacter(text.front());
-      text.remove_prefix(1);
-    } else {
-      quoted.append(text.substr(0, length));
-      text.remove_prefix(length);
-    }
+    const platform::Character character = platform::FirstCharacter(text);
+    AppendCharacter(quoted, character.code);
+    text.remove_prefix(character.length);
   }
   return quoted + '"';
 }

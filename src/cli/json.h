@@ -10,9 +10,8 @@
 
 namespace cli {
 
-bool IsUtf8(std::string_view text);
-
-/// A JSON text in quotes. Bytes that are no UTF-8 become U+FFFD, so every line can be parsed.
+/// A JSON text in quotes. Bytes that are no UTF-8 become U+FFFD, so every line can be parsed. What
+/// a terminal would obey or couldn't show is escaped.
 std::string Quoted(std::string_view text);
 
 std::string JsonValue(std::string_view text);

@@ -17,6 +17,7 @@
 #include "desktop/passwords.h"
 #include "desktop/real_desktop.h"
 #include "platform/desktop.h"
+#include "platform/harmless_text.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
@@ -118,6 +119,11 @@ int Run(int argc, char** argv) {
   return done ? Done : Failed;
 }
 
+/// The sentence may quote what others have written.
+void PrintProblem(const std::exception& error) {
+  std::cerr << platform::Harmless(error.what(), platform::LineEnds::Blanks) << '\n';
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -125,10 +131,10 @@ int main(int argc, char** argv) {
   try {
     return Run(argc, argv);
   } catch (const cli::UsageError& error) {
-    std::cerr << error.what() << '\n';
+    PrintProblem(error);
     return WrongUsage;
   } catch (const std::exception& error) {
-    std::cerr << error.what() << '\n';
+    PrintProblem(error);
     return Failed;
   }
 }

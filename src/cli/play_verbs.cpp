@@ -7,6 +7,7 @@
 #include "mail/character_count.h"
 #include "mail/move_mail.h"
 #include "platform/process_state.h"
+#include "platform/utf8.h"
 #include "rules/board_text.h"
 
 namespace cli {
@@ -39,7 +40,7 @@ void CheckTexts(const Arguments& arguments) {
                     " holds a \"|\", a control character or a marker of move mails, which can't "
                     "stand there.");
     }
-    if (!IsUtf8(text)) throw Refusal("The text of " + name + " is no UTF-8.");
+    if (!platform::IsUtf8(text)) throw Refusal("The text of " + name + " is no UTF-8.");
   }
 }
 

@@ -6,6 +6,7 @@
 #include "cli/game_argument.h"
 #include "cli/played_board.h"
 #include "cli/verbs.h"
+#include "platform/harmless_text.h"
 #include "rules/board_text.h"
 #include "store/queries.h"
 #include "store/repair.h"
@@ -47,7 +48,11 @@ void PrintBoard(const board::Board& game) {
     }
     std::cout << '\n';
   }
-  std::cout << "\n    a b c d e f g h\n\n" << game.Caption << '\n' << game.PlayersTag << std::endl;
+  std::cout << "\n    a b c d e f g h\n\n";
+  for (const std::string& line : {game.Caption, game.PlayersTag}) {
+    std::cout << platform::Harmless(line, platform::LineEnds::Blanks) << '\n';
+  }
+  std::cout.flush();
 }
 
 }  // namespace

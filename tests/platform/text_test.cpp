@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/conversions.h"
+#include "platform/harmless_text.h"
 #include "platform/text_fields.h"
 
 namespace platform {
@@ -119,6 +120,30 @@ TEST(TextTest, DatesAreCheckedAgainstTheCalendar) {
         "01/01", "01/01/", "01/01/2026/", "01-01-2026", "99999999999/01/2026", " 1/01/2026", ""}) {
     EXPECT_EQ(ToDate(none), nothing) << none;
   }
+}
+
+struct ForeignCase {
+  const char* name;
+  std::string_view text, shown;
+};
+
+const ForeignCase foreignCases[] = {
+    {"letters of any script", "Zoé Ἀθηνᾶ שָׁלוֹם 王 😀", "Zoé Ἀθηνᾶ שָׁלוֹם 王 😀"},
+    {"a terminal's order", "\x1B[31mred\x7F", "�[31mred�"},
+    {"a line turned round", "Bob\u202Egpj.exe\u2066", "Bob�gpj.exe�"},
+    {"nothing to be seen", "A\u200B\u2060\U000E0041\u00AD\uFEFFnna", "A�nna"},
+    {"separators of columns and lines", "a\tb\u2028c\u0085d\re", "a b c d e"},
+    {"line ends", "a\nb\r\nc", "a\nb\r\nc"},
+    {"joiners of letters and of pictures", "می\u200Cخواهم 👩\u200D🚀", "می\u200Cخواهم 👩\u200D🚀"},
+    {"joiners that join nothing", "pay\u200Dpal é\u200C", "pay�pal é�"},
+    {"a tower of marks", "e\u0301\u0301\u0301\u0301\u0301\u0301\u0301n",
+     "e\u0301\u0301\u0301\u0301�n"},
+    {"no UTF-8", "\xC3\x28\xFF\xE2\x99", "�(�"},
+};
+
+TEST(TextTest, ForeignTextIsShownHarmless) {
+  for (const ForeignCase& row : foreignCases) EXPECT_EQ(Harmless(row.text), row.shown) << row.name;
+  EXPECT_EQ(Harmless("a\nb\r\nc", LineEnds::Blanks), "a b c");
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ QLabel* NewText(const QString& name, const QString& text = {}) {
 }
 
 QLineEdit* NewField(const QString& name, const std::string& text, int longest) {
-  auto* field = new QLineEdit(Shown(text));
+  auto* field = new QLineEdit(AsItIs(text));
   field->setObjectName(name);
   field->setMaxLength(longest);
   KeepFitForFields(field);
@@ -278,7 +278,7 @@ QString AccountDialog::WhatIsMissing() const {
 
 void AccountDialog::ChangeKind() {
   // The address that this machine gives its user is of no use elsewhere.
-  const QString local = Shown(suggestion_.MyAddress);
+  const QString local = AsItIs(suggestion_.MyAddress);
   if (local.endsWith(u"@localhost"_s)) {
     if (IsKind("Imap") && address_->text() == local) address_->clear();
     if (!IsKind("Imap") && address_->text().isEmpty()) address_->setText(local);

@@ -209,8 +209,8 @@ void AddressBookDialog::Reload() {
   list_->setRowCount(static_cast<int>(lines_.size()));
   for (int row = 0; row < list_->rowCount(); ++row) {
     const Line& line = lines_[static_cast<std::size_t>(row)];
-    list_->setItem(row, 0, new QTableWidgetItem(Shown(line.entry.person.name)));
-    list_->setItem(row, 1, new QTableWidgetItem(Shown(line.address)));
+    list_->setItem(row, 0, new QTableWidgetItem(ShownLine(line.entry.person.name)));
+    list_->setItem(row, 1, new QTableWidgetItem(ShownLine(line.address)));
   }
   ShowMatching();
 }
@@ -349,7 +349,7 @@ std::optional<Recipient> ResolveRecipient(platform::AddressBook& book, const Rec
   const OtherPointer arrow(Qt::ArrowCursor);
   AddressBookDialog dialog(book, u"Which one do you mean?"_s, AddressBookDialog::Pick::One,
                            QApplication::activeWindow());
-  dialog.LookFor(Shown(typed.name).trimmed());
+  dialog.LookFor(ShownLine(typed.name).trimmed());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Picked().front();
 }

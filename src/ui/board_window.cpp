@@ -370,7 +370,7 @@ void BoardWindow::TakeTurns(int button) {
 /// True where the comment was cleaned and the user told, and should look at it again.
 bool BoardWindow::LeaveComment() {
   if (board_.ClosingDown || !board_.CleanPlayerComment()) return false;
-  playerComment_->setPlainText(Shown(board_.PlayerComment));
+  playerComment_->setPlainText(AsItIs(board_.PlayerComment));
   playerComment_->setFocus();
   return true;
 }

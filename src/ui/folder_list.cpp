@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QStyle>
 
+#include "ui/shown_text.h"
+
 namespace ui {
 
 FolderList::FolderList(QWidget* parent) : QListWidget(parent) {
@@ -35,7 +37,7 @@ void FolderList::SetPath(const QString& path) {
 }
 
 void FolderList::AddFolder(const QString& path, const QString& name, bool isOpen) {
-  auto* entry = new QListWidgetItem(name, this);
+  auto* entry = new QListWidgetItem(ShownLine(name), this);
   entry->setData(Qt::UserRole, path);
   entry->setIcon(style()->standardIcon(isOpen ? QStyle::SP_DirOpenIcon : QStyle::SP_DirClosedIcon));
 }

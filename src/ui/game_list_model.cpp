@@ -55,9 +55,9 @@ QString TextOf(const store::GameRecord& game, int column) {
     case shell::GameIDColumn:
       return QString::number(game.GAME_ID);
     case shell::OpponentColumn:
-      return Shown(game.GAME_OPPONENTS_NAME);
+      return ShownLine(game.GAME_OPPONENTS_NAME);
     case shell::TitleColumn:
-      return Shown(game.GAME_NAME);
+      return ShownLine(game.GAME_NAME);
     case shell::DateColumn:
       return ShownDate(game.GAME_DATE);
     case shell::OpponentsIDColumn:
@@ -71,7 +71,7 @@ QString TextOf(const store::GameRecord& game, int column) {
 
 QString ShownDate(const std::string& storedDate) {
   const auto day = shell::DayOfGame(storedDate);
-  if (!day) return Shown(storedDate);
+  if (!day) return ShownLine(storedDate);
   return QLocale().toString(QDate(day->year, day->month, day->day), QLocale::LongFormat);
 }
 

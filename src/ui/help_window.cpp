@@ -209,7 +209,7 @@ HelpViewer::~HelpViewer() { delete window_; }
 HelpWindow* HelpViewer::Prepare() {
   QWidget* dialog = QApplication::activeModalWidget();
   if (!window_) {
-    QFile file(Shown(platform::Process().ProgramFolder) + u"tvchess.hlp"_s);
+    QFile file(AsItIs(platform::Process().ProgramFolder) + u"tvchess.hlp"_s);
     HelpBook book;
     if (file.open(QFile::ReadOnly)) book = ReadHelpBook(QString::fromUtf8(file.readAll()));
     if (book.pages.empty()) {

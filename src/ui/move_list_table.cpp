@@ -36,8 +36,8 @@ void MoveListTable::ShowMoves(const board::MoveList& moves, int topRow) {
   setRowCount(moves.Count());
   for (int row = 0; row < moves.Count(); ++row) {
     const store::MoveRecord& move = moves.Row(row + 1);
-    const QString texts[] = {Shown(move.MoveCoordinates), QString::number(move.MoveNumber),
-                             Shown(move.MoveText), Shown(move.MoveComment)};
+    const QString texts[] = {ShownLine(move.MoveCoordinates), QString::number(move.MoveNumber),
+                             ShownLine(move.MoveText), ShownLine(move.MoveComment)};
     for (int column = 0; column <= lastColumn; ++column) {
       if (!item(row, column)) setItem(row, column, new QTableWidgetItem);
       item(row, column)->setText(texts[column]);

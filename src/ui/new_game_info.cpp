@@ -249,7 +249,7 @@ bool NewGameInfo::ValidateTitle() {
   const std::string typed = Game_name_->text().toStdString();
   const std::string clean = mail::StripReservedText(typed);
   if (clean == typed) return true;
-  Game_name_->setText(Shown(clean));
+  Game_name_->setText(AsItIs(clean));
   mail::ReportReservedText(mail::ReservedTextIn::GameName);
   Game_name_->setFocus();
   return false;
@@ -283,8 +283,8 @@ void NewGameInfo::ResolveName() {
     MMess().AddressResolveUI(true);
     MMess().ResolveName();
     // In this order: the first clears the second.
-    Game_opponents_name_->setText(Shown(MMess().RecipDisplayName()));
-    Game_opponents_email_->setText(Shown(MMess().RecipAddress()));
+    Game_opponents_name_->setText(AsItIs(MMess().RecipDisplayName()));
+    Game_opponents_email_->setText(AsItIs(MMess().RecipAddress()));
     OfferToRemember();
   } catch (const std::exception&) {
     // Nobody was found: the name stays, and there is no address.
@@ -302,12 +302,12 @@ void NewGameInfo::ChooseName() {
       QStringList opponents;
       for (int i = 0; i < MMess().RecipCount(); ++i) {
         MMess().RecipIndex(i);
-        opponents += Shown(MMess().RecipDisplayName());
+        opponents += ShownLine(MMess().RecipDisplayName());
       }
       MMess().RecipIndex(ChooseOpponent(opponents, this).Choose());
     }
-    Game_opponents_name_->setText(Shown(MMess().RecipDisplayName()));
-    Game_opponents_email_->setText(Shown(MMess().RecipAddress()));
+    Game_opponents_name_->setText(AsItIs(MMess().RecipDisplayName()));
+    Game_opponents_email_->setText(AsItIs(MMess().RecipAddress()));
   } catch (const std::exception&) {
     // The user has cancelled.
   }

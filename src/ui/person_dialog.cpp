@@ -36,7 +36,7 @@ QPlainTextEdit* NewAddressLines(const platform::Person& person) {
   lines->setLineWrapMode(QPlainTextEdit::NoWrap);
   lines->setMinimumHeight(addressLines * lines->fontMetrics().lineSpacing() + 16);
   QStringList addresses;
-  for (const std::string& address : person.addresses) addresses += Shown(address);
+  for (const std::string& address : person.addresses) addresses += AsItIs(address);
   lines->setPlainText(addresses.join(u'\n'));
   QObject::connect(lines, &QPlainTextEdit::textChanged, lines, [lines] {
     const QString text = lines->toPlainText();
@@ -54,7 +54,7 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
                            QWidget* parent)
     : QDialog(parent),
       isUsable_(std::move(isUsable)),
-      name_(new QLineEdit(Shown(person.name))),
+      name_(new QLineEdit(AsItIs(person.name))),
       addresses_(NewAddressLines(person)),
       outcome_(new OutcomeLine),
       ok_(NewDialogButton(u"OkButton"_s, u"OK"_s)) {

@@ -83,7 +83,7 @@ bool IsWhole(const QByteArray& bytes) {
 }  // namespace
 
 PictureFile::PictureFile(const std::string& path) {
-  QFile file(Shown(path));
+  QFile file(AsItIs(path));
   if (!file.open(QFile::ReadOnly) || file.size() > largestFile) throw PictureError(path);
   bytes_ = file.readAll();
   buffer_.setBuffer(&bytes_);

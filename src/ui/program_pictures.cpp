@@ -14,7 +14,7 @@ namespace ui {
 using namespace Qt::StringLiterals;
 
 QString ProgramPicturePath(const QString& name) {
-  return Shown(platform::Process().ProgramFolder) + u"Pictures/"_s + name;
+  return AsItIs(platform::Process().ProgramFolder) + u"Pictures/"_s + name;
 }
 
 QPixmap MessagePicture(int icon, int size) {

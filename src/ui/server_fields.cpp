@@ -108,14 +108,14 @@ void ServerFields::ShowAccount(const platform::MailAccount& account) {
   const auto show = [](const Server& server, const std::string& host, int port,
                        const std::string& security) {
     const QSignalBlocker quiet(server.port);
-    server.host->setText(Shown(host));
+    server.host->setText(AsItIs(host));
     server.port->setValue(port);
-    server.security->setCurrentIndex(std::max(0, server.security->findData(Shown(security))));
+    server.security->setCurrentIndex(std::max(0, server.security->findData(AsItIs(security))));
   };
   show(imap_, account.ImapHost, account.ImapPort, account.ImapSecurity);
   show(smtp_, account.SmtpHost, account.SmtpPort, account.SmtpSecurity);
-  userName_->setText(Shown(account.UserName));
-  tokenCommand_->setText(Shown(account.TokenCommand));
+  userName_->setText(AsItIs(account.UserName));
+  tokenCommand_->setText(AsItIs(account.TokenCommand));
 }
 
 void ServerFields::FillIn(platform::MailAccount& account) const {

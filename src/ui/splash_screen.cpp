@@ -29,7 +29,7 @@ constexpr int highColour = 16;
 
 QPixmap StartPicture() {
   const int depth = platform::TheDesktop().screen->Settings().BitsPerPixel.value_or(unknownDepth);
-  return QPixmap(Shown(Process().ProgramFolder) + u"UI Graphics/"_s +
+  return QPixmap(AsItIs(Process().ProgramFolder) + u"UI Graphics/"_s +
                  (depth < highColour ? u"Splash8.bmp"_s : u"Splash16.bmp"_s));
 }
 

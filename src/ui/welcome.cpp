@@ -30,7 +30,7 @@ constexpr QSize bannerSize(560, 168);
 /// The middle of the start picture, without the line round it.
 class Banner : public QWidget {
  public:
-  Banner() : picture_(Shown(platform::Process().ProgramFolder) + u"UI Graphics/Splash16.bmp"_s) {
+  Banner() : picture_(AsItIs(platform::Process().ProgramFolder) + u"UI Graphics/Splash16.bmp"_s) {
     setFixedHeight(bannerSize.height());
     setMinimumWidth(bannerSize.width());
     setAccessibleName(u"Tarvolenix. Chess by e-mail"_s);
@@ -51,8 +51,8 @@ class Banner : public QWidget {
 };
 
 QIcon PieceIcon(const char* piece) {
-  return QIcon(Shown(platform::Process().ProgramFolder) + u"Graphics/"_s +
-               Shown(platform::Settings().ChessSet) + u'/' + QLatin1StringView(piece) + u".ico"_s);
+  return QIcon(AsItIs(platform::Process().ProgramFolder) + u"Graphics/"_s +
+               AsItIs(platform::Settings().ChessSet) + u'/' + QLatin1StringView(piece) + u".ico"_s);
 }
 
 QLabel* NewGreeting() {

@@ -21,6 +21,7 @@
 #include "ui/board_menus.h"
 #include "ui/board_toolbar.h"
 #include "ui/comment_box.h"
+#include "ui/cut_text.h"
 #include "ui/disabled_window.h"
 #include "ui/exchange_pawn.h"
 #include "ui/floating_piece.h"
@@ -47,7 +48,9 @@ namespace {
 
 constexpr int firstInterval = 250;
 constexpr int longestBoldComment = 100;
-constexpr int mostCommentLines = 10;  ///< beyond that it scrolls
+constexpr int mostCommentLines = 10;
+constexpr int mostTagLines = 4;
+constexpr int longestTitle = 120;
 
 /// Why everything is grey; nothing where the user can move.
 QString OfflineNotice() {
@@ -106,7 +109,8 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
 }
 
 void BoardWindow::SetSimpleUI() {
-  opponentComment_->setMaximumHeight(mostCommentLines * fontMetrics().lineSpacing());
+  playersTag_->SetMostLines(mostTagLines);
+  opponentComment_->SetMostLines(mostCommentLines);
   auto* buttons = new QGridLayout;
   buttons->setSpacing(8);
   toolbar_->LayOut(*buttons);
@@ -299,7 +303,7 @@ void BoardWindow::Refresh() {
   setupHand_->LetGo();
   toolbar_->Show(board_);
   ShowGameBits(!platform::Process().BoardSetupMode);
-  setWindowTitle(Shown(board_.Caption));
+  setWindowTitle(Cut(ShownLine(board_.Caption), longestTitle));
   playersTag_->SetText(Shown(board_.PlayersTag));
   const QString comment = Shown(board_.OpponentComment);
   SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "ui/cut_text.h"
 #include "ui/layouts/choose_opponent.h"
 #include "ui/look.h"
 
@@ -15,6 +16,8 @@ namespace ui {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int widestName = 400;
 
 QLabel* NewLabel(const QString& name, const QString& text, QWidget* window) {
   auto* label = new QLabel(text, window);
@@ -37,7 +40,10 @@ ChooseOpponent::ChooseOpponent(const QStringList& opponents, QWidget* parent)
   NewLabel(u"Label1"_s, u"Opponent"_s, this)->setBuddy(OppList_);
   OppList_->setObjectName(u"OppList"_s);
   OppList_->setAccessibleName(u"Opponent"_s);
-  OppList_->addItems(opponents);
+  for (const QString& opponent : opponents) {
+    OppList_->addItem(OppList_->fontMetrics().elidedText(opponent, Qt::ElideRight, widestName));
+    OppList_->setItemData(OppList_->count() - 1, WholeAsTip(opponent), Qt::ToolTipRole);
+  }
   OppList_->setCurrentIndex(0);
   if (platform::Settings().ShowToolTips) {
     OppList_->setToolTip(u"Select an opponent from this list"_s);

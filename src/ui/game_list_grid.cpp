@@ -6,13 +6,11 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScrollBar>
-#include <QTextDocument>
-#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
 
-#include "platform/setting_variables.h"
+#include "ui/cut_text.h"
 #include "ui/game_list_heading.h"
 #include "ui/game_list_model.h"
 #include "ui/row_table.h"
@@ -55,7 +53,6 @@ GameListGrid::GameListGrid(QWidget* parent)
   BecomeRowTable(*this, rowPadding);
   setIconSize({statusPicture, statusPicture});
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setWordWrap(false);
 
   notice_->setObjectName(u"Notice"_s);
   notice_->setTextFormat(Qt::PlainText);
@@ -124,15 +121,8 @@ QModelIndex GameListGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers 
 
 /// A text that is cut shows as a whole when it is pointed at; elsewhere the grid's own tip.
 bool GameListGrid::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip && platform::Settings().ShowToolTips) {
-    const auto& help = static_cast<const QHelpEvent&>(*event);
-    const QModelIndex index = indexAt(help.pos());
-    if (index.isValid() && sizeHintForIndex(index).width() > columnWidth(index.column())) {
-      QToolTip::showText(help.globalPos(), Qt::convertFromPlainText(index.data().toString()),
-                         viewport(), visualRect(index));
-      return true;
-    }
-  }
+  const bool asks = event->type() == QEvent::ToolTip;
+  if (asks && ShowCutCell(*this, static_cast<const QHelpEvent&>(*event))) return true;
   return QTableView::viewportEvent(event);
 }
 

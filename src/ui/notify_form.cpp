@@ -7,13 +7,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QTextDocument>
 #include <QTimer>
 
 #include <algorithm>
 
 #include "mail/character_count.h"
 #include "platform/setting_variables.h"
+#include "ui/cut_text.h"
 #include "ui/front_window.h"
 #include "ui/help_key.h"
 #include "ui/layouts/notify_form.h"
@@ -70,13 +70,6 @@ QLabel* NewLine(const QString& name, QWidget* window) {
   line->setObjectName(name);
   line->setTextFormat(Qt::PlainText);
   return line;
-}
-
-/// What doesn't fit shows when it is pointed at.
-void ShowLine(QLabel& line, const QString& text, int width) {
-  const QString fitting = line.fontMetrics().elidedText(text, Qt::ElideRight, width);
-  line.setText(fitting);
-  if (fitting != text) line.setToolTip(Qt::convertFromPlainText(text));
 }
 
 /// A long comment is written a step smaller. Pixels on a skin, whose places are pixels.
@@ -159,8 +152,8 @@ void NotifyForm::ShowMove(const platform::NewMove& move) {
   bold.setBold(true);
   heading_->setFont(bold);
   const int width = IsSimpleUI() ? plainTextWidth : opponent_->width();
-  ShowLine(*opponent_, Shown(move.OpName), width);
-  ShowLine(*game_, Shown(move.GameName), width);
+  ShowLine(*opponent_, ShownLine(move.OpName), width);
+  ShowLine(*game_, ShownLine(move.GameName), width);
 
   comment_->setFont(
       CommentFont(comment_->font(), mail::CharacterCount(move.MoveComment) > longestBoldComment));

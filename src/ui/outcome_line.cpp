@@ -7,6 +7,8 @@
 #include <QPainterPath>
 #include <QProgressBar>
 
+#include "ui/plain_text_view.h"
+
 namespace ui {
 
 using namespace Qt::StringLiterals;
@@ -14,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int signSize = 20;
+constexpr int mostLines = 8;
 
 bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
 
@@ -44,12 +47,9 @@ QPixmap Sign(bool success, const QColor& colour, const QColor& ground, qreal rat
 }  // namespace
 
 OutcomeLine::OutcomeLine(QWidget* parent)
-    : QWidget(parent), sign_(new QLabel), busy_(new QProgressBar), text_(new QLabel) {
+    : QWidget(parent), sign_(new QLabel), busy_(new QProgressBar), text_(new PlainTextView) {
   text_->setObjectName(u"OutcomeText"_s);
-  text_->setTextFormat(Qt::PlainText);
-  text_->setWordWrap(true);
-  text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  text_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  text_->SetMostLines(mostLines);
   busy_->setRange(0, 0);
   busy_->setTextVisible(false);
   busy_->setFixedSize(64, 12);
@@ -64,9 +64,9 @@ OutcomeLine::OutcomeLine(QWidget* parent)
 
 void OutcomeLine::Show(const QString& text, const QColor& colour) {
   QPalette palette = text_->palette();
-  palette.setColor(QPalette::WindowText, colour);
+  palette.setColor(QPalette::Text, colour);
   text_->setPalette(palette);
-  text_->setText(text);
+  text_->SetText(text);
   setVisible(!text.isEmpty());
 }
 

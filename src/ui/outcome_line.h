@@ -10,6 +10,8 @@ class QProgressBar;
 
 namespace ui {
 
+class PlainTextView;
+
 class OutcomeLine : public QWidget {
   Q_OBJECT
 
@@ -27,7 +29,7 @@ class OutcomeLine : public QWidget {
 
   QLabel* sign_;
   QProgressBar* busy_;
-  QLabel* text_;
+  PlainTextView* text_;
 };
 
 }  // namespace ui

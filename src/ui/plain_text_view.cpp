@@ -49,6 +49,11 @@ void PlainTextView::SetText(const QString& text) {
   updateGeometry();
 }
 
+void PlainTextView::SetMostLines(int lines) {
+  setMaximumHeight(lines * fontMetrics().lineSpacing());
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
 int PlainTextView::heightForWidth(int width) const {
   const std::unique_ptr<QTextDocument> copy(document()->clone());
   copy->setTextWidth(width);

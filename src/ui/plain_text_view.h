@@ -15,6 +15,9 @@ class PlainTextView : public QTextEdit {
 
   void SetText(const QString& text);
 
+  /// Beyond that many lines it scrolls.
+  void SetMostLines(int lines);
+
   /// From now on it is a part of the window's surface: nothing is selected, and the window gets
   /// the mouse's buttons.
   void BecomeSurface();

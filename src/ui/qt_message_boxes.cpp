@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "ui/cut_text.h"
 #include "ui/msg_form.h"
 #include "ui/pointers.h"
 #include "ui/shown_text.h"
@@ -33,7 +34,7 @@ void QtMessageBoxes::PlainBox(platform::PlainIcon icon, const std::string& title
   QMessageBox box(warns ? QMessageBox::Warning : QMessageBox::Critical, Shown(title), {},
                   QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
-  box.setText(Shown(text));
+  box.setText(Breakable(Shown(text)));
   box.exec();
 }
 

@@ -2,6 +2,9 @@
 #include "ui/row_table.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
+
+#include "ui/cut_text.h"
 
 namespace ui {
 
@@ -16,6 +19,7 @@ void BecomeRowTable(QTableView& table, int rowPadding) {
   table.setEditTriggers(QAbstractItemView::NoEditTriggers);
   table.setTabKeyNavigation(false);
   table.setShowGrid(false);
+  table.setWordWrap(false);
 }
 
 RowTable::RowTable(const QStringList& headings, int rowPadding, QWidget* parent)
@@ -28,6 +32,13 @@ QModelIndex RowTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
   // Alone they would go along the columns.
   if (action == MoveHome || action == MoveEnd) modifiers |= Qt::ControlModifier;
   return QTableWidget::moveCursor(action, modifiers);
+}
+
+/// A text that is cut shows as a whole when it is pointed at; elsewhere the table's own tip.
+bool RowTable::viewportEvent(QEvent* event) {
+  const bool asks = event->type() == QEvent::ToolTip;
+  if (asks && ShowCutCell(*this, static_cast<const QHelpEvent&>(*event))) return true;
+  return QTableWidget::viewportEvent(event);
 }
 
 }  // namespace ui

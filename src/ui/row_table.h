@@ -19,6 +19,7 @@ class RowTable : public QTableWidget {
 
  protected:
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+  bool viewportEvent(QEvent* event) override;
 };
 
 }  // namespace ui

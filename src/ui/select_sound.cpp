@@ -10,13 +10,13 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStorageInfo>
-#include <QTextDocument>
 
 #include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
+#include "ui/cut_text.h"
 #include "ui/folder_list.h"
 #include "ui/layouts/select_sound.h"
 #include "ui/look.h"
@@ -130,11 +130,11 @@ void SelectSound::Start() {
   const std::string folder =
       choosesSound_ ? platform::ReturnValue(Settings().NotificationSoundPath, firstFolder)
                     : firstFolder;
-  folders_->SetPath(Shown(folder));
+  folders_->SetPath(AsItIs(folder));
   ShowDriveOf(folders_->Path());
   folders_->setFocus();
   if (!choosesSound_ || Settings().NotificationSoundPath.empty()) return;
-  const auto chosen = files_->findItems(Shown(Settings().NotificationSoundWav),
+  const auto chosen = files_->findItems(ShownLine(Settings().NotificationSoundWav),
                                         Qt::MatchExactly | Qt::MatchCaseSensitive);
   if (chosen.isEmpty()) return;
   files_->setCurrentItem(chosen.front());
@@ -147,7 +147,7 @@ void SelectSound::FillDrives() {
     if (volume.isReady() && IsUsersVolume(volume.rootPath())) roots << volume.rootPath();
   }
   roots.removeDuplicates();
-  for (const QString& root : roots) drives_->addItem(root, root);
+  for (const QString& root : roots) drives_->addItem(ShownLine(root), root);
 }
 
 /// The innermost one in which the folder lies.
@@ -163,11 +163,15 @@ void SelectSound::ShowDriveOf(const QString& path) {
 
 void SelectSound::FillFiles() {
   files_->clear();
-  folders_->setToolTip(Qt::convertFromPlainText(folders_->Path()));
+  folders_->setToolTip(WholeAsTip(ShownLine(folders_->Path())));
   // In any case of the letters.
-  files_->addItems(QDir(folders_->Path())
-                       .entryList({choosesSound_ ? u"*.WAV"_s : u"*"_s}, QDir::Files,
-                                  QDir::Name | QDir::IgnoreCase | QDir::LocaleAware));
+  const QStringList names = QDir(folders_->Path())
+                                .entryList({choosesSound_ ? u"*.WAV"_s : u"*"_s}, QDir::Files,
+                                           QDir::Name | QDir::IgnoreCase | QDir::LocaleAware);
+  for (const QString& name : names) {
+    auto* file = new QListWidgetItem(ShownLine(name), files_);
+    file->setData(Qt::UserRole, name);
+  }
 }
 
 std::string SelectSound::Folder() const {
@@ -177,7 +181,8 @@ std::string SelectSound::Folder() const {
 
 std::string SelectSound::SelectedFile() const {
   const QListWidgetItem* file = files_->currentItem();
-  return file && file->isSelected() ? file->text().toStdString() : std::string{};
+  return file && file->isSelected() ? file->data(Qt::UserRole).toString().toStdString()
+                                    : std::string{};
 }
 
 void SelectSound::SetSoundFile() {

@@ -21,6 +21,8 @@ namespace {
 // Until the window behind it is there.
 constexpr bool optionsAreThere = false;
 
+constexpr int widestEntryPart = 320;
+
 bool IsHeld() {
   if (!Process().CheckTimerHeld) return false;
   BringActiveWindowToFront();
@@ -37,8 +39,19 @@ QAction* AddEntry(QMenu& menu, const char* name, const QString& caption,
   return entry;
 }
 
-/// Names are not the menu's own text: an "&" in them marks no key.
-QString WithoutKey(const std::string& caption) { return Shown(caption).replace(u"&"_s, u"&&"_s); }
+/// Names are not the menu's own text: an "&" in them marks no key, and a long one is cut.
+QString EntryText(const std::string& text, const QMenu& menu) {
+  const QString fitting =
+      menu.fontMetrics().elidedText(ShownLine(text), Qt::ElideRight, widestEntryPart);
+  return QString(fitting).replace(u"&"_s, u"&&"_s);
+}
+
+/// Opponent and title; only the tab between them parts the columns of the menu.
+QString CaptionOf(const std::string& caption, const QMenu& menu) {
+  const std::size_t tab = caption.find("\t\"");
+  if (tab == std::string::npos) return EntryText(caption, menu);
+  return EntryText(caption.substr(0, tab), menu) + u'\t' + EntryText(caption.substr(tab + 1), menu);
+}
 
 }  // namespace
 
@@ -109,7 +122,7 @@ void TrayMenu::BuildGames() {
       games_->addSeparator();
       continue;
     }
-    QAction* action = games_->addAction(WithoutKey(entry.caption));
+    QAction* action = games_->addAction(CaptionOf(entry.caption, *games_));
     action->setObjectName(u"mnuPopupGameListItem"_s);
     action->setEnabled(entry.kind == shell::TrayGameEntry::Game);
     connect(action, &QAction::triggered, this, [this, id = entry.gameID] {

@@ -46,7 +46,7 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
       {"logon fails", false, false, "", "SignOn", true, false, "True", notConnected},
       {"logon fails, and the service says why", false, false, "", "SignOn", true, false, "True",
        std::string(notConnected).insert(std::string(notConnected).find("\n["), "\n\nWhy it is."),
-       "Why it is."},
+       false, false, "Why it is."},
       {"logon fails quietly", false, false, "", "SignOn", false, false, "True", ""},
       {"the guard of another process", true, false, "", "", true, true, "", "", true},
       {"another process logs on", false, false, "", "", true, true, "", "", true},

@@ -4,6 +4,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTextEdit>
 
 #include "desktop/contacts_book.h"
 #include "ui/address_book_dialog.h"
@@ -42,7 +43,10 @@ class AddressBookTest : public testing::Test {
     QTest::keyClicks(&Find<QLineEdit>("SearchField"), QString::fromUtf8(part));
   }
   std::string Outcome() {
-    return Find<QWidget>("Outcome").findChild<QLabel*>(u"OutcomeText"_s)->text().toStdString();
+    return Find<QWidget>("Outcome")
+        .findChild<QTextEdit*>(u"OutcomeText"_s)
+        ->toPlainText()
+        .toStdString();
   }
 
   static std::string Said(const std::vector<Recipient>& people) {

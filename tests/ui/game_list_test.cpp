@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QLocale>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QToolTip>
 
 #include "skin_fixture.h"
@@ -201,16 +202,21 @@ TEST_F(GameInterfaceTest, KeysAndMouseOnAGamePlayDeleteAndPopUp) {
 }
 
 TEST_F(GameInterfaceTest, ACutTextShowsWholeWhereItIsPointedAt) {
-  Store(1, store::MoveWaiting, "Maximilian <i>von</i> und zu Hohenstein-Wallersberg");
+  Store(1, store::MoveWaiting,
+        "Maximilian <i>von</i> zu Hohenstein\u202E\t" + std::string(5000, 'W'));
   Store(2, store::WaitingForOpponent, "Eva");
   Open();
+  EXPECT_TRUE(TextAt(0, 2).contains(u"Hohenstein� WWW"_s));
   const auto tipOf = [this](int row) {
     QToolTip::hideText();
     QHelpEvent event(QEvent::ToolTip, RowPlace(row), Grid().viewport()->mapToGlobal(RowPlace(row)));
     QApplication::sendEvent(Grid().viewport(), &event);
     return QToolTip::text();
   };
-  EXPECT_TRUE(tipOf(0).contains(u"&lt;i&gt;von&lt;/i&gt;"_s));
+  EXPECT_TRUE(tipOf(0).contains(QRegularExpression(u"&lt;i&gt;von&lt;/i&gt;.*WWW"_s)));
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    EXPECT_LT(window->width(), 1000) << window->metaObject()->className();
+  }
   EXPECT_EQ(tipOf(1), Grid().toolTip());
   platform::Settings().ShowToolTips = false;
   window_->SetToolTips();

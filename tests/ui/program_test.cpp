@@ -8,6 +8,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <QTextEdit>
 
 #include "platform/registry.h"
 #include "ui_fixture.h"
@@ -105,8 +106,8 @@ TEST_F(ProgramTest, AMailboxCanBeTriedOutAndStored) {
         Field(dialog, "Password").setText(u"geheim"_s);
       }
       Press(dialog, "TestButton");
-      auto* outcome = dialog.findChild<QLabel*>(u"OutcomeText"_s);
-      EXPECT_TRUE(QTest::qWaitFor([&] { return outcome->text().contains(u"127.0.0.1"_s); }));
+      auto* outcome = dialog.findChild<QTextEdit*>(u"OutcomeText"_s);
+      EXPECT_TRUE(QTest::qWaitFor([&] { return outcome->toPlainText().contains(u"127.0.0.1"_s); }));
       Press(dialog, "OkButton");
     });
     ChangeAccount(*program);

@@ -132,12 +132,12 @@ TEST_F(SystemTrayTest, WhileSomethingIsUpTheIconBringsItToTheFrontOnly) {
 }
 
 TEST_F(SystemTrayTest, AGameOfTheMenuOpensAndTheTrayHasTheProgramAgainBehindIt) {
-  Store(1, store::WaitingForOpponent, "Tom & Anna");
+  Store(1, store::WaitingForOpponent, "Tom & \u202EAnna\t");
   Store(2, store::MoveWaiting, "Zoé");
   platform::TheDesktop().hooks.buildTrayGameMenu();
   EXPECT_EQ(Shape(Games()),
             u"[NEW ARRIVALS]|-|Zoé\t\"Game <b>2</b>\"|[]|[AWAITING OPPONENTS MOVE]|"
-            u"-|Tom && Anna\t\"Game <b>1</b>\""_s);
+            u"-|Tom && �Anna \t\"Game <b>1</b>\""_s);
   Games().actions().at(2)->trigger();
   ASSERT_NE(Windows().OpenedBoard(), nullptr);
   EXPECT_EQ(Process().CurrentGameID, 2);

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/cut_text.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QTextDocument>
+#include <QToolTip>
+
+#include "platform/setting_variables.h"
+#include "ui/typed_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int longestTip = 1000;
+
+}  // namespace
+
+void ShowLine(QLabel& label, const QString& line, int width) {
+  const QString fitting = label.fontMetrics().elidedText(line, Qt::ElideRight, width);
+  label.setText(fitting);
+  if (fitting != line) label.setToolTip(WholeAsTip(line));
+}
+
+QString WholeAsTip(const QString& text) {
+  return Qt::convertFromPlainText(Breakable(Cut(text, longestTip)));
+}
+
+QString Cut(const QString& text, int longest) {
+  const QString beginning = FirstCharacters(text, longest);
+  return beginning == text ? text : beginning + u'…';
+}
+
+QString Breakable(QString text) {
+  // Forty letters with their marks; behind them a space without width.
+  static const QRegularExpression longWordPart(u"((?:\\S\\p{M}*+){40})"_s);
+  return text.replace(longWordPart, u"\\1\u200B"_s);
+}
+
+bool ShowCutCell(QAbstractItemView& view, const QHelpEvent& help) {
+  const QModelIndex index = view.indexAt(help.pos());
+  if (!platform::Settings().ShowToolTips || !index.isValid()) return false;
+  const QRect cell = view.visualRect(index);
+  if (view.sizeHintForIndex(index).width() <= cell.width()) return false;
+  QToolTip::showText(help.globalPos(), WholeAsTip(index.data().toString()), view.viewport(), cell);
+  return true;
+}
+
+}  // namespace ui

@@ -70,6 +70,9 @@ class Judge:
         self._look_at_games(player.games, before, after)
         self._look_at_backup(player.backup, before, after)
         self._look_at_settings(player, before, after)
+        self._look_at_held_mails(player, before, after)
+        if self.scenario.damage and before.games.content not in player.contents:
+            self._find("lost", "the damaged game file isn't kept")
         for file, content in player.exports.items():
             if content not in (*before.exports.values(), *after.exports.values()):
                 self._find("lost", f"{file} is torn")
@@ -108,6 +111,14 @@ class Judge:
         if now.passwords not in (before.passwords, after.passwords):
             self._find("lost", "the passwords are neither the old nor the new ones")
 
+    def _look_at_held_mails(self, now: Player, before: Player, after: Player) -> None:
+        for mail in now.held.keys() | before.held.keys() | after.held.keys():
+            if now.held.get(mail) not in (before.held.get(mail), after.held.get(mail)):
+                self._find("lost", f"the mail {mail} that was set aside is gone or torn")
+        for line in set(now.memory) ^ (set(before.memory) & set(after.memory)):
+            if line not in now.memory or line not in before.memory + after.memory:
+                self._find("lost", f"what was remembered of mails is torn: {line!r}")
+
     # The mails
 
     def _look_at_mails(self, now: Snapshot) -> None:
@@ -136,17 +147,20 @@ class Judge:
         after = self.reference.after.players[self.scenario.player]
         names = player.games.games.keys() | after.games.games.keys()
         return (all(_is_one_of(name, player.games, after.games) for name in names)
+                and player.games.torn == after.games.torn
                 and player.account() == after.account()
                 and player.passwords == after.passwords
+                and player.held == after.held and player.memory == after.memory
                 and set(after.exports.values()) <= set(player.exports.values())
                 and (not self.scenario.backs_up or player.backup == after.backup))
 
     def _is_sent(self, now: Snapshot) -> bool:
         return self._new_mails(now) >= self._new_mails(self.reference.after)
 
-    def _has_emptied_inbox(self, now: Snapshot) -> bool:
-        return len(now.box(self.scenario.player)) == len(
-            self.reference.after.box(self.scenario.player))
+    def _has_tended_inbox(self, now: Snapshot) -> bool:
+        boxes = [snap.box(self.scenario.player) for snap in (now, self.reference.after)]
+        left, wanted = ({(mail.digest, mail.is_read) for mail in box} for box in boxes)
+        return left == wanted
 
     def _weigh_end(self, told: Told) -> None:
         if told.hung or told.code not in (0, 1):
@@ -174,7 +188,7 @@ class Judge:
         perhaps = any(answer.get("state") == "perhaps" for answer in told.answers)
         stored, sent = self._is_stored(now), self._is_sent(now)
         if self.scenario.collects:
-            sent = self._has_emptied_inbox(now)
+            sent = self._has_tended_inbox(now)
         elif self.scenario.plays and stored != any("text" in answer for answer in told.answers):
             self._find("untrue", f"{told.answers}, but the move is {'' if stored else 'not '}stored")
             return

@@ -77,6 +77,7 @@ def _place(path: str, below: Path) -> str:
     path = re.sub(r"[^/^]+\^", "", path)
     path = re.sub(r"\d+\.M\d+P\d+\.[^:/]+", "MAIL", path)
     path = re.sub(r"\.conf\.[A-Za-z]{6}$", ".conf.XXXXXX", path)
+    path = re.sub(r"\d{8}-\d{6}", "TIME", path)
     return re.sub(r"#\d+$", "(unnamed)", path)
 
 

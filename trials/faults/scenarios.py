@@ -65,6 +65,8 @@ SCENARIOS = (
     Scenario("account-password", SPRING, "anna",
              ("account", "set", "--password", "MailKind=Imap", "ImapHost=imap.example.org",
               "SmtpHost=smtp.example.org", "UserName=anna", "<secret")),
+    Scenario("retrieve-held", FROM_ELSEWHERE[:-1], "bob", ("retrieve",), collects=True,
+             verb="mail held"),
     Scenario("repair", ANNAS_TURN, "anna", ("repair",), verb="repair", damage="no game at all\r\n"),
     Scenario("mail-accept", FROM_ELSEWHERE, "bob", ("mail", "accept", "{held}"),
              verb="mail accept"),

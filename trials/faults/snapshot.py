@@ -30,6 +30,9 @@ class Player:
     settings: dict[str, str]  # "Section/Key"
     passwords: bytes | None
     exports: dict[str, bytes]
+    held: dict[str, str]  # how far a mail that was set aside has got, and what it says
+    memory: tuple[str, ...]  # what is remembered of mails, line by line
+    contents: frozenset[bytes]  # of all files beside the games
 
     def account(self) -> dict[str, str]:
         return {key: value for key, value in self.settings.items() if key.startswith("Mail/")}
@@ -75,7 +78,26 @@ def _player(folder: Path) -> Player:
     data = folder / "Data"
     return Player(_game_file(data / "Tvgdb.dat"), _game_file(data / "tvgdb.bak"),
                   _settings(folder / "Tarvolenix.conf"), _content(folder / "Tarvolenix.passwords"),
-                  {file.name: file.read_bytes() for file in sorted(data.glob("Cmove*.txt"))})
+                  {file.name: file.read_bytes() for file in sorted(data.glob("Cmove*.txt"))},
+                  dict(_held(file) for file in (data / "Held").glob("*.*")),
+                  _memory(data / "Tvmail.dat"),
+                  frozenset(file.read_bytes() for file in data.iterdir() if file.is_file()))
+
+
+def _held(file: Path) -> tuple[str, str]:
+    """Its header has the time at which it was set aside."""
+    text = file.read_bytes().partition(b"\n\n")[2] or file.read_bytes().partition(b"\r\n\r\n")[2]
+    return file.stem, f"{file.suffix} {_digest(text)}"
+
+
+def _memory(file: Path) -> tuple[str, ...]:
+    """Without the times."""
+    lines = (_content(file) or b"").decode(errors="replace").splitlines()
+    return tuple(sorted(re.sub(r"\b\d{9,}\b", "TIME", line) for line in lines))
+
+
+def _digest(content: bytes) -> str:
+    return hashlib.sha256(content).hexdigest()
 
 
 def _game_file(path: Path) -> GameFile:
@@ -124,5 +146,5 @@ def _mail(box: str, content: bytes, flags: str) -> Mail:
     sender = re.search(r"^From:.*?<?([^<>\s]+@[^<>\s]+)>?\s*$", text, re.MULTILINE)
     carried = re.search(r"<<TARVOLENIX:(.*?):TARVOLENIX>>", text, re.DOTALL)
     fields = re.sub(r"=?\r?\n", "", carried[1]).split("|") if carried else []
-    return Mail(box, hashlib.sha256(content).hexdigest(), sender[1] if sender else "",
+    return Mail(box, _digest(content), sender[1] if sender else "",
                 fields[3] if len(fields) > 3 else "", (len(fields) - 9) // 4, "S" in flags)

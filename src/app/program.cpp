@@ -122,7 +122,7 @@ std::optional<desktop::AccountAnswer> Program::AskAtLogon(const desktop::MailAcc
   auto answer = AskAccount(suggestion);
   if (!answer) {
     // The logon fails and would leave its guard standing, as after a crash; but nothing crashed.
-    platform::SetLogonStatus(false);
+    mail::ForgetEarlierCrash();
   } else if (!answer->password) {
     answer->password = KeptPassword(answer->account);
   }
@@ -166,7 +166,7 @@ void Program::ChangeAccountFrom(const desktop::MailAccount& stored) {
     return;
   }
   // The next logon is the new account's, whatever became of the old one's.
-  platform::SetLogonStatus(false);
+  mail::ForgetEarlierCrash();
   mail::MailLogoff(false);
   Process().Offline = true;
   Windows().FillGameList(Windows().SelectedGame());

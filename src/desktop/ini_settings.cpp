@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/ini_settings.h"
 
+#include <algorithm>
 #include <ctime>
 #include <exception>
 #include <filesystem>
@@ -114,19 +115,23 @@ std::optional<std::string> IniSettings::Read(const std::string& group, const std
   return Load().Value(group, name);
 }
 
-bool IniSettings::Write(const std::string& group, const std::string& name,
-                        const std::string& value) {
+bool IniSettings::Write(const std::string& group, const Values& values) {
+  const auto stands = [&](const IniText& settings) {
+    return std::all_of(values.begin(), values.end(), [&](const auto& value) {
+      return settings.Value(group, value.first) == value.second;
+    });
+  };
   try {
-    if (Read(group, name) == value) return true;
+    if (stands(Load())) return true;
     const std::string place = PlaceOf(path_);
     std::error_code ignored;
     fs::create_directories(fs::path(place).parent_path(), ignored);
     const auto lock = files_.Lock(place + ".lock");
     // Again, with what others have written meanwhile.
     IniText settings = Load();
-    if (settings.Value(group, name) == value) return true;
+    if (stands(settings)) return true;
     const std::string before = settings.Text();
-    settings.Set(group, name, value);
+    for (const auto& [name, value] : values) settings.Set(group, name, value);
     if (!IsBlank(before)) Replace(place + ".bak", before);
     Replace(place, settings.Text());
     return true;

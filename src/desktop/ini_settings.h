@@ -25,7 +25,7 @@ class IniSettings : public platform::SettingsStore {
   IniSettings(platform::Files& files, std::string path) : files_(files), path_(std::move(path)) {}
 
   std::optional<std::string> Read(const std::string& group, const std::string& name) override;
-  bool Write(const std::string& group, const std::string& name, const std::string& value) override;
+  bool Write(const std::string& group, const Values& values) override;
 
   /// The group is there as soon as it has a value.
   bool CreateGroup(const std::string& group) override;

@@ -87,16 +87,14 @@ MailAccount WithLoginName(MailAccount account) {
 
 bool SaveMailAccount(const MailAccount& account) {
   const bool post = account.MailKind == "Post";
-  bool stored = true;
+  platform::SettingsStore::Values values;
   for (const auto& [name, member, network] : textFields) {
-    if (post && network) continue;
-    stored &= platform::WriteRegistry(platform::mailSection, name, account.*member, true);
+    if (!post || !network) values.emplace_back(name, account.*member);
   }
   for (const auto& [name, member] : portFields) {
-    if (post) continue;
-    stored &= platform::WriteRegistry(platform::mailSection, name, std::to_string(account.*member));
+    if (!post) values.emplace_back(name, std::to_string(account.*member));
   }
-  return stored;
+  return platform::WriteRegistry(platform::mailSection, values);
 }
 
 bool HasUsableAddress(const MailAccount& account) {

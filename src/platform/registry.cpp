@@ -40,7 +40,11 @@ bool WriteRegistry(const std::string& section, const std::string& valueName,
     if (!number) return false;
     stored = std::to_string(*number);
   }
-  return TheDesktop().settings->Write(GroupOf(section), valueName, stored);
+  return WriteRegistry(section, {{valueName, stored}});
+}
+
+bool WriteRegistry(const std::string& section, const SettingsStore::Values& values) {
+  return TheDesktop().settings->Write(GroupOf(section), values);
 }
 
 bool CreateRegistryKey(const std::string& section) {

@@ -37,6 +37,9 @@ StoredValue ReadRegistryOrRaise(const std::string& section, const std::string& v
 bool WriteRegistry(const std::string& section, const std::string& valueName,
                    const std::string& value, bool forceText = false);
 
+/// All of them as text, in one change that takes place whole or not at all.
+bool WriteRegistry(const std::string& section, const SettingsStore::Values& values);
+
 bool CreateRegistryKey(const std::string& section);
 
 /// The names of the groups below the product's own values. Raises SettingsError.

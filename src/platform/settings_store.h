@@ -10,6 +10,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -26,10 +27,12 @@ class SettingsStore {
   /// Nothing where the value is missing. Raises SettingsError where that can't be told.
   virtual std::optional<std::string> Read(const std::string& group, const std::string& name) = 0;
 
-  /// Written through at once: a value that Write reported as stored survives a crash right after.
-  /// False, and all as it was, where it can't be stored. Never raises.
-  virtual bool Write(const std::string& group, const std::string& name,
-                     const std::string& value) = 0;
+  /// Names with their new values.
+  using Values = std::vector<std::pair<std::string, std::string>>;
+
+  /// Written through at once, all in one change: what was reported as stored survives a crash right
+  /// after. False, and all as it was, where it can't be stored. Never raises.
+  virtual bool Write(const std::string& group, const Values& values) = 0;
 
   /// False where the settings can't be read. Never raises.
   virtual bool CreateGroup(const std::string& group) = 0;

@@ -117,7 +117,7 @@ void RetrieveFromGameList(bool import) {
   } else {
     const platform::BusyPointer busy;
     // Without a tray this is the only way out of the guard that a failed logon leaves.
-    if (!platform::Settings().SystrayStartup) platform::SetLogonStatus(false);
+    if (!platform::Settings().SystrayStartup) mail::ForgetEarlierCrash();
     platform::ShowStatus(true, "Logging on...");
     mail::LogonAndCollect(false, true, true);
   }

@@ -94,7 +94,7 @@ void LookAtInbox() {
 
 void LogonAndRetrieve() {
   const platform::BusyPointer busy;
-  platform::SetLogonStatus(false);
+  mail::ForgetEarlierCrash();
   mail::LogonAndCollect(false, true, true);
   if (Process().GameListOpen) Windows().FillGameList({});
   UpdateTrayStatus(TrayOperation::Modify);

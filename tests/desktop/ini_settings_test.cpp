@@ -67,14 +67,14 @@ TEST_F(IniSettingsTest, OneChangeLeavesTheOtherLinesAsTheyStand) {
   Conf(before);
   std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
   const auto stamp = files_.Stamp(path_);
-  EXPECT_TRUE(settings_.Write("Mail", "MyName", "Anna"));
+  EXPECT_TRUE(settings_.Write("Mail", {{"MyName", "Anna"}}));
   EXPECT_EQ(files_.Stamp(path_), stamp) << "nothing to write";
   std::filesystem::create_symlink(path_, folder_ / "link.conf");
   EXPECT_TRUE(IniSettings(files_, folder_ / "link.conf").Write("Mail", "MyName", "Eva, née Maß"));
   EXPECT_EQ(ReadFile(path_ + ".bak"), before);
-  EXPECT_TRUE(settings_.Write("Mail", "MailKind", "Post"));
-  EXPECT_TRUE(settings_.Write("", "B", "3"));
-  EXPECT_TRUE(settings_.Write("General", "C", "4"));
+  EXPECT_TRUE(settings_.Write("Mail", {{"MailKind", "Post"}}));
+  EXPECT_TRUE(settings_.Write("", {{"B", "3"}}));
+  EXPECT_TRUE(settings_.Write("General", {{"C", "4"}}));
   EXPECT_EQ(ReadFile(path_),
             "; mine\n A = 1;2\nB=3\n\n[Other]\nx=a, b\n[Mail]\nMyName=\"Eva, née Maß\"\n"
             "MailKind=Post\n# end\n\n[%General]\nC=4\n");
@@ -124,7 +124,7 @@ TEST_F(IniSettingsTest, WhatCantBeReadIsNeitherEmptyNorWrittenOver) {
     IniSettings settings(files_, path);
     EXPECT_THROW(settings.Read("", "A"), platform::SettingsError);
     EXPECT_THROW(settings.Mend(), platform::SettingsError);
-    EXPECT_FALSE(settings.Write("", "A", "1"));
+    EXPECT_FALSE(settings.Write("", {{"A", "1"}}));
     EXPECT_FALSE(std::filesystem::is_regular_file(path));
   }
 }
@@ -139,7 +139,7 @@ TEST_F(IniSettingsTest, DamageIsToldAndMendedFromWhatIsKept) {
       const bool isDamaged = !damaged.empty() || kept == "A=2\n";
       if (isDamaged) {
         EXPECT_THROW(settings_.Read("", "A"), platform::SettingsError);
-        EXPECT_FALSE(settings_.Write("", "A", "1"));
+        EXPECT_FALSE(settings_.Write("", {{"A", "1"}}));
         EXPECT_EQ(ReadFile(path_), damaged);
       }
       const std::string told = settings_.Mend();

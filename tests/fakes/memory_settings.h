@@ -22,10 +22,12 @@ class MemorySettings : public platform::SettingsStore {
     return value->second;
   }
 
-  bool Write(const std::string& group, const std::string& name, const std::string& value) override {
+  bool Write(const std::string& group, const Values& values) override {
     if (readOnly || unreadable) return false;
-    groups[group][name] = value;
-    writes.emplace_back(name, value);
+    for (const auto& [name, value] : values) {
+      groups[group][name] = value;
+      writes.emplace_back(name, value);
+    }
     return true;
   }
 

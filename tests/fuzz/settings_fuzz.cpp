@@ -25,7 +25,7 @@ void TryInput(std::string_view input) {
   const auto values = Values(settings, groups);
   for (const auto& value : values) {
     if (!value) continue;
-    Require(settings.Write("Other/group", "other=name", *value));
+    Require(settings.Write("Other/group", {{"other=name", *value}}));
     Require(settings.Read("Other/group", "other=name") == value);
   }
   Require(Values(settings, groups) == values);

@@ -18,10 +18,11 @@ std::string AsSentence(std::string text) {
 }  // namespace
 
 std::string InPlainWords(const std::exception& failure, const MailAccount& account) {
-  const std::string sentence = AsSentence(WithoutReserved(failure.what()));
-  if (!dynamic_cast<const LoginRefused*>(&failure)) return sentence;
-  const std::string_view advice = PasswordAdvice(account.ImapHost);
-  return advice.empty() ? sentence : std::string(sentence).append(" ").append(advice);
+  std::string sentence = AsSentence(WithoutReserved(failure.what()));
+  const bool isRefusal = dynamic_cast<const LoginRefused*>(&failure) != nullptr;
+  const std::string_view advice = isRefusal ? PasswordAdvice(account.ImapHost) : "";
+  if (!advice.empty()) sentence.append(" ").append(advice);
+  return sentence;
 }
 
 AccountCheck::AccountCheck(const MailAccount& account, const std::string& password)

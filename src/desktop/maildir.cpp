@@ -151,7 +151,7 @@ void Maildir::Create() const {
 
 /// Follows no link: whoever made the box in a shared folder may have laid one to other files.
 void Maildir::RemoveAbandoned() const {
-  constexpr std::time_t abandoned = 36 * 60 * 60;
+  constexpr std::time_t abandoned = 36L * 60 * 60;
   const auto box = OpenFolder(AT_FDCWD, folder_.substr(0, folder_.size() - 1));
   const auto temporary = box ? OpenFolder(::dirfd(box.get()), "tmp") : nullptr;
   if (!temporary) return;

@@ -139,12 +139,12 @@ TEST(RudeServersTest, EveryRudenessAtEveryCommandIsAFailureAndNoMore) {
 
 TEST_F(ServerMailTest, WhoeverGreetsAsAStrangerIsLeftAtOnce) {
   ServerMail mail(Account(), "secret", std::chrono::hours(1));
-  for (const std::string greeting : {"HTTP/1.1 400 Bad Request", "+OK POP3", "220 SMTP"}) {
-    imap_.Answer("", greeting + "\n" + hang);
+  for (const std::string greeting : {"HTTP/1.1 400 Bad\n", "+OK POP3\n", "220 SMTP\n"}) {
+    imap_.Answer("", greeting + hang);
     EXPECT_THROW(mail.Open(), MailError);
   }
-  for (const std::string greeting : {"HTTP/1.1 400 Bad Request", "+OK POP3", "* OK IMAP4rev1"}) {
-    smtp_.Answer("", greeting + "\n" + hang);
+  for (const std::string greeting : {"HTTP/1.1 400 Bad\n", "+OK POP3\n", "* OK IMAP4\n"}) {
+    smtp_.Answer("", greeting + hang);
     EXPECT_THROW(mail.TryOutgoing(), MailError);
   }
 }

@@ -86,7 +86,8 @@ class Operation {
   Operation(const char* kind, const std::string& path) {
     const int error = errno;
     const Orders& orders = TheOrders();
-    if (orders.below && path.starts_with(orders.below)) Count(orders, kind, path);
+    isWatched_ = orders.below && path.starts_with(orders.below);
+    if (isWatched_) Count(orders, kind, path);
     errno = error;
   }
 
@@ -98,10 +99,10 @@ class Operation {
     return error > 0;
   }
 
-  /// Of a write, besides: what there is no space for.
+  /// Of a write, besides: what there is no space for. Pipes and the like want none.
   bool FailsForSpace() const {
-    if (diskIsFull) errno = ENOSPC;
-    return diskIsFull || Fails();
+    if (isWatched_ && diskIsFull) errno = ENOSPC;
+    return (isWatched_ && diskIsFull) || Fails();
   }
 
   /// How many of `bytes` are to be done.
@@ -131,6 +132,7 @@ class Operation {
     if (Is("kill-before")) Kill();
   }
 
+  bool isWatched_ = false;
   const char* is_ = nullptr;
 };
 

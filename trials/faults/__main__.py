@@ -107,6 +107,10 @@ def wanted(point: Point, only: str) -> bool:
             and fault in ("", point.fault))
 
 
+def absolute(path: str) -> Path:
+    return Path(path).resolve(strict=True)  # the program is started elsewhere
+
+
 def parse() -> argparse.Namespace:
     parser = argparse.ArgumentParser(prog="scripts/faults", description=__doc__)
     parser.add_argument("--short", dest="every", action="store_const", const=SHORT, default=1,
@@ -116,9 +120,9 @@ def parse() -> argparse.Namespace:
     parser.add_argument("--only", action="append", default=[], metavar="SCENARIO[:N[:ERROR]]",
                         help="only this scenario, operation or point; may be repeated")
     parser.add_argument("--jobs", type=int, default=os.cpu_count() or 1)
-    parser.add_argument("--console", type=Path, required=True, help="the console program")
-    parser.add_argument("--shim", type=Path, required=True, help="what is preloaded into it")
-    parser.add_argument("--program", type=Path, required=True, help="the installed program")
+    parser.add_argument("--console", type=absolute, required=True, help="the console program")
+    parser.add_argument("--shim", type=absolute, required=True, help="what is preloaded into it")
+    parser.add_argument("--program", type=absolute, required=True, help="the installed program")
     return parser.parse_args()
 
 

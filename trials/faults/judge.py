@@ -150,7 +150,7 @@ class Judge:
                 and player.games.torn == after.games.torn
                 and player.account() == after.account()
                 and player.passwords == after.passwords
-                and player.held == after.held and player.memory == after.memory
+                and player.held == after.held and set(after.memory) <= set(player.memory)
                 and set(after.exports.values()) <= set(player.exports.values())
                 and (not self.scenario.backs_up or player.backup == after.backup))
 

@@ -3,7 +3,6 @@
 
 import errno
 import re
-import zlib
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -90,15 +89,10 @@ def points_of(scenario: str, operations: list[Operation]) -> list[Point]:
 
 
 def sample(points: list[Point], every: int) -> list[Point]:
-    """Every k-th point of each kind of operation with each fault, and at least one of them.
-
-    Where it begins is another place for each scenario: they have much in common.
-    """
+    """Every k-th point of each kind of operation with each fault, and at least one of them."""
     kinds: dict[tuple[str, str], list[Point]] = {}
     for point in points:
         kinds.setdefault((point.operation.kind, point.fault), []).append(point)
-    chosen = []
-    for same in kinds.values():
-        first = zlib.crc32(str(same[0]).encode()) % min(every, len(same))
-        chosen += same[first::every]
-    return chosen
+    first = [(min(every, len(same)) - 1) // 2 for same in kinds.values()]
+    chosen = {point for same, at in zip(kinds.values(), first) for point in same[at::every]}
+    return [point for point in points if point in chosen]

@@ -72,7 +72,6 @@ SCENARIOS = (
              verb="mail accept"),
     Scenario("mail-refuse", FROM_ELSEWHERE, "bob", ("mail", "refuse", "{held}"),
              verb="mail refuse"),
-    # With few settings, which its end makes complete; then a tick.
-    Scenario("window-settings", (), "anna", (), window=True, sparse=20),
-    Scenario("window-tick", SPRING[:1], "bob", (), window=True, collects=True, sparse=20),
+    # A tick takes the mail; the end makes the few settings complete.
+    Scenario("window", SPRING[:1], "bob", (), window=True, collects=True, sparse=20),
 )

@@ -113,9 +113,9 @@ def absolute(path: str) -> Path:
 
 def parse() -> argparse.Namespace:
     parser = argparse.ArgumentParser(prog="scripts/faults", description=__doc__)
-    parser.add_argument("--short", dest="every", action="store_const", const=SHORT, default=1,
-                        help="a sample that takes half a minute")
-    parser.add_argument("--every", type=int, metavar="K",
+    parser.add_argument("--short", action="store_true",
+                        help="a sample that takes half a minute, without the window program")
+    parser.add_argument("--every", type=int, default=1, metavar="K",
                         help="only every K-th point of each kind of operation with each fault")
     parser.add_argument("--only", action="append", default=[], metavar="SCENARIO[:N[:ERROR]]",
                         help="only this scenario, operation or point; may be repeated")
@@ -136,7 +136,7 @@ def choose(staged: list[Staged], arguments: argparse.Namespace) -> list[tuple[St
         else:
             candidates += points.sample(one.points, one.scenario.sparse)
     return [(by_name[point.scenario], point)
-            for point in points.sample(candidates, arguments.every)]
+            for point in points.sample(candidates, SHORT if arguments.short else arguments.every)]
 
 
 def play(arguments: argparse.Namespace, root: Path) -> list[Outcome]:
@@ -145,7 +145,7 @@ def play(arguments: argparse.Namespace, root: Path) -> list[Outcome]:
     names = {only.split(":")[0] for only in arguments.only}
     scenarios = [scenario for scenario in SCENARIOS
                  if scenario.verb in known and (not names or scenario.name in names)
-                 and not (scenario.window and arguments.every == SHORT)]
+                 and not (scenario.window and arguments.short)]
     with multiprocessing.Pool(arguments.jobs) as pool:
         staged = pool.starmap(stage, [(scenario, root, tools) for scenario in scenarios])
         return pool.map(try_point, choose(staged, arguments), chunksize=4)

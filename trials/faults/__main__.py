@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Runs every scenario once for each file operation and each fault of it, and judges what is left."""
+"""Runs each scenario once for each file operation and fault, and judges what is left."""
 
 import argparse
 import multiprocessing

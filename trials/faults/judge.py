@@ -190,7 +190,8 @@ class Judge:
         if self.scenario.collects:
             sent = self._has_tended_inbox(now)
         elif self.scenario.plays and stored != any("text" in answer for answer in told.answers):
-            self._find("untrue", f"{told.answers}, but the move is {'' if stored else 'not '}stored")
+            is_it = "is" if stored else "isn't"
+            self._find("untrue", f"{told.answers}, but the move {is_it} stored")
             return
         if self.scenario.resend:
             stored = True  # told by itself, above
@@ -236,7 +237,7 @@ class Judge:
 
 
 def _is_one_of(name: str, now: GameFile, *files: GameFile) -> bool:
-    """Whether the game stands as in one of the files. A new one may have another number and time."""
+    """Whether the game stands as in one of the files; a new one may differ in number and time."""
     line = now.games.get(name)
     for file in files:
         other = file.games.get(name)

@@ -72,7 +72,7 @@ def read_trace(trace: Path, below: Path) -> list[Operation]:
 
 def _place(path: str, below: Path) -> str:
     """The same in every run: without the folder, the clock and the process."""
-    path = path.removeprefix(str(below)).removeprefix("/").replace("/../", "^").removesuffix(" (deleted)")
+    path = path.removeprefix(f"{below}/").removesuffix(" (deleted)").replace("/../", "^")
     path = re.sub(r"[^/^]+\^", "", path)
     path = re.sub(r"\d+\.M\d+P\d+\.[^:/]+", "MAIL", path)
     path = re.sub(r"\.conf\.[A-Za-z]{6}$", ".conf.XXXXXX", path)

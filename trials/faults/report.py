@@ -19,7 +19,8 @@ def tell(outcomes: list[Outcome]) -> int:
     tried = [outcome for outcome in outcomes if outcome.took_place]
     for outcome in tried:
         for finding in outcome.findings:
-            print(f"- {outcome.point} ({outcome.point.operation}): **{finding.harm}**, {finding.text}")
+            where = f"{outcome.point} ({outcome.point.operation})"
+            print(f"- {where}: **{finding.harm}**, {finding.text}")
     print()
     _print_row("scenario", "failed calls", "kills", *HARMS)
     _print_row("---", *["---:"] * (2 + len(HARMS)))

@@ -4,6 +4,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -56,7 +57,12 @@ std::string ProgramFolder() {
 }
 
 std::string DataFolderFor(const std::string& programFolder) {
-  if (::access(programFolder.c_str(), W_OK) == 0) return WithSlash(programFolder);
+  const std::string own = WithSlash(programFolder);
+  if (::access(own.c_str(), W_OK) == 0) return own;
+  const bool isClosed = errno == EACCES || errno == EPERM || errno == EROFS;
+  // Games that lie there are the player's, whatever a look at the folder says.
+  std::error_code ignored;
+  if (!isClosed || fs::exists(own + "Data/Tvgdb.dat", ignored)) return own;
   return DataHome() + "tarvolenix/";
 }
 

@@ -37,6 +37,7 @@ struct MailService::Listing {
   bool goesOn;   ///< behind the set that was taken last
   long changes;  ///< marks and deletions that were ahead of it
   std::vector<FetchedMail> mails;
+  std::string problem;  ///< a mail that had to be left out
   bool moreToCome = false;
   std::exception_ptr failure;
   std::atomic<bool> done = false;
@@ -188,6 +189,7 @@ std::shared_ptr<MailService::Listing> MailService::List() {
       if (!listing->goesOn) transport->BeginAnew();
       listing->mails = HandedOut(transport->List(listing->unreadOnly));
       listing->moreToCome = transport->MoreToCome();
+      listing->problem = transport->Problem();
     } catch (...) {
       listing->failure = std::current_exception();
     }
@@ -233,6 +235,7 @@ void MailService::Fetch() {
   Telling([&failure] {
     if (failure) std::rethrow_exception(failure);
   });
+  problem_ = std::move(listing->problem);
   set_ = std::move(listing->mails);
   moreToCome_ = listing->moreToCome;
   goesOn_ = moreToCome_ && !prefetched_;

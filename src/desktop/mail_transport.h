@@ -56,6 +56,9 @@ class MailTransport {
   /// Has the next look begin with the first mail, whatever the last one left out.
   virtual void BeginAnew() {}
 
+  /// A sentence about a mail that the last look had to leave out; blank where it saw all.
+  virtual std::string Problem() const { return {}; }
+
   /// Both are satisfied with a mail that is no longer there, and may be put off until Flush or the
   /// next List.
   virtual void MarkRead(const std::string& id) = 0;

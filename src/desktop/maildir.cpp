@@ -202,17 +202,32 @@ std::optional<Maildir::Entry> Maildir::Find(const std::string& id) const {
   return std::nullopt;
 }
 
+/// What is gone by now, or is no file, isn't missed.
+void Maildir::NoteUnread(const std::string& path) {
+  const int error = errno;
+  struct stat status {};
+  const bool isGone = ::lstat(path.c_str(), &status) != 0 && errno == ENOENT;
+  if (isGone || (status.st_mode != 0 && !S_ISREG(status.st_mode))) return;
+  problem_ = "The mail " + path + " can't be read: " + std::generic_category().message(error) + ".";
+}
+
 std::optional<FetchedMail> Maildir::Read(const Entry& entry) {
   std::string state = StateOf(entry.path);
   const auto known = foreign_.find(entry.id);
   if (known != foreign_.end() && known->second == state) return std::nullopt;
   const auto start = StartOf(entry.path, greatestHeader);
-  if (!start) return std::nullopt;  // perhaps readable next time
+  if (!start) {  // perhaps readable next time
+    NoteUnread(entry.path);
+    return std::nullopt;
+  }
   try {
     const auto header = HeaderOf(*start);
     if (header && SubjectOf(*header).starts_with(subjectPrefix)) {
       const auto bytes = StartOf(entry.path, greatestMail + 1);
-      if (!bytes) return std::nullopt;
+      if (!bytes) {
+        NoteUnread(entry.path);
+        return std::nullopt;
+      }
       if (bytes->size() <= greatestMail) {
         FetchedMail mail = ParseMail(*bytes);
         mail.id = entry.id;
@@ -242,6 +257,7 @@ std::vector<Maildir::Entry> Maildir::EntriesToBring(bool unreadOnly) const {
 }
 
 std::vector<FetchedMail> Maildir::List(bool unreadOnly) {
+  problem_.clear();
   std::vector<FetchedMail> mails;
   std::size_t size = 0;
   for (const Entry& entry : EntriesToBring(unreadOnly)) {
@@ -274,8 +290,10 @@ void Maildir::MarkRead(const std::string& id) const {
 }
 
 void Maildir::Remove(const std::string& id) const {
+  // Other programs may move the file between the look and the removal: then look again.
   while (const auto entry = Find(id)) {
-    if (::unlink(entry->path.c_str()) != 0 && errno != ENOENT) Fail("remove", entry->path);
+    if (::unlink(entry->path.c_str()) == 0) return;
+    if (errno != ENOENT) Fail("remove", entry->path);
   }
 }
 

@@ -37,6 +37,9 @@ class Maildir {
   std::vector<FetchedMail> List(bool unreadOnly);
   bool MoreToCome() const { return !brought_.empty(); }
   void BeginAnew() { brought_.clear(); }
+
+  /// Which mail the last look had to leave out, and why; blank where it saw all.
+  const std::string& Problem() const { return problem_; }
   void MarkRead(const std::string& id) const;
   void Remove(const std::string& id) const;
 
@@ -55,8 +58,10 @@ class Maildir {
   std::vector<Entry> EntriesToBring(bool unreadOnly) const;
   std::optional<Entry> Find(const std::string& id) const;
   std::optional<FetchedMail> Read(const Entry& entry);
+  void NoteUnread(const std::string& path);
 
   std::string folder_;
+  std::string problem_;
   std::size_t lookSize_;
   std::string brought_;  // the last mail of a look that left some out; else blank
   // Mails found to be none of ours, and what told their content's state: not looked at again before

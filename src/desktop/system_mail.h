@@ -28,6 +28,7 @@ class SystemMail : public MailTransport {
   std::vector<FetchedMail> List(bool unreadOnly) override { return inbox_.List(unreadOnly); }
   bool MoreToCome() const override { return inbox_.MoreToCome(); }
   void BeginAnew() override { inbox_.BeginAnew(); }
+  std::string Problem() const override { return inbox_.Problem(); }
   void MarkRead(const std::string& id) override { inbox_.MarkRead(id); }
   void Remove(const std::string& id) override { inbox_.Remove(id); }
   void Send(const OutgoingMail& mail) override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/held_answers.h"
 
+#include <exception>
 #include <utility>
 
 #include "mail/move_text_check.h"
@@ -61,11 +62,16 @@ std::vector<HeldMail> OthersOf(const HeldMail& answered) {
   return others;
 }
 
+/// What can't be taken along now waits for an answer of its own: the one that was asked about is
+/// safe.
 void TakeOthersAlong(const HeldMail& accepted) {
-  for (HeldMail& other : OthersOf(accepted)) {
-    const HeldClaim what = ClaimOf(other);
-    MoveArrival ignored;
-    if (what.game) TakeFromNewAddress(other, what, ignored);
+  try {
+    for (HeldMail& other : OthersOf(accepted)) {
+      const HeldClaim what = ClaimOf(other);
+      MoveArrival ignored;
+      if (what.game) TakeFromNewAddress(other, what, ignored);
+    }
+  } catch (const std::exception&) {
   }
 }
 

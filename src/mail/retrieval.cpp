@@ -162,6 +162,14 @@ bool TakeMoveMails(Findings& findings, bool isTick) {
   return false;
 }
 
+/// A mail that the service couldn't read just now. Ticks meet it again by themselves.
+void TellOfMailLeftOut() {
+  const std::string problem = platform::TheDesktop().MSess->LastProblem();
+  if (problem.empty() || platform::Process().Stopping) return;
+  platform::ShowMessage(platform::MailIcon, "Network error", problem, "OK", {}, false,
+                        platform::FailureSound);
+}
+
 /// The mails of the look that was taken, and those of further ones until all have been seen; a tick
 /// leaves these to the next one. False where a failure ended it.
 bool TakeAll(bool fetchAll, bool isTick, const StatusPopup& popup, Findings& findings) {
@@ -192,6 +200,7 @@ std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
   Findings findings;
   const bool ranThrough = TakeAll(fetchAll, !showStatus && !fetchAll, popup, findings);
   TellOfBadMails(findings.badMails, showStatus);
+  if (ranThrough && showStatus) TellOfMailLeftOut();
   if (ranThrough) {
     store::BackupDatabase();
     platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);

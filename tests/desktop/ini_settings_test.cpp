@@ -43,7 +43,7 @@ TEST_F(IniSettingsTest, TheToolkitReadsTheSameValuesAndWroteThemBefore) {
       const QString key = QString::fromStdString(group.empty() ? "Key" : group + "/Key");
       toolkit(folder_ / "earlier.conf").setValue(key, QString::fromUtf8(value));
       EXPECT_EQ(IniSettings(files_, folder_ / "earlier.conf").Read(group, "Key"), value);
-      ASSERT_TRUE(settings_.Write(group, "Key", value));
+      ASSERT_TRUE(settings_.Write(group, {{"Key", value}}));
       EXPECT_EQ(settings_.Read(group, "Key"), value);
       EXPECT_EQ(toolkit(path_).value(key).toString().toStdString(), value);
     }
@@ -70,7 +70,8 @@ TEST_F(IniSettingsTest, OneChangeLeavesTheOtherLinesAsTheyStand) {
   EXPECT_TRUE(settings_.Write("Mail", {{"MyName", "Anna"}}));
   EXPECT_EQ(files_.Stamp(path_), stamp) << "nothing to write";
   std::filesystem::create_symlink(path_, folder_ / "link.conf");
-  EXPECT_TRUE(IniSettings(files_, folder_ / "link.conf").Write("Mail", "MyName", "Eva, née Maß"));
+  EXPECT_TRUE(
+      IniSettings(files_, folder_ / "link.conf").Write("Mail", {{"MyName", "Eva, née Maß"}}));
   EXPECT_EQ(ReadFile(path_ + ".bak"), before);
   EXPECT_TRUE(settings_.Write("Mail", {{"MailKind", "Post"}}));
   EXPECT_TRUE(settings_.Write("", {{"B", "3"}}));
@@ -92,7 +93,7 @@ TEST_F(IniSettingsTest, GroupsAndNamesOfAnyLookStayApart) {
       {"", "Mail/x"}, {"a/b", "x"},      {"a", "b/x"},     {"", "Mail"},
       {"", "50%"},    {"%General", "x"}, {"back\\", "x"}};
   for (const auto& [group, name] : keys) {
-    ASSERT_TRUE(settings_.Write(group, name, std::string(group) + name));
+    ASSERT_TRUE(settings_.Write(group, {{name, std::string(group) + name}}));
   }
   for (const auto& [group, name] : keys) {
     EXPECT_EQ(settings_.Read(group, name), std::string(group) + name);
@@ -109,7 +110,7 @@ TEST_F(IniSettingsTest, NoFailureLeavesLessThanTheOldFileAndWhatIsReportedIsTher
     fakes::MemoryFiles files;
     files.content[path_] = before;
     files.FailOperation(failing);
-    const bool stored = IniSettings(files, path_).Write("Mail", "MailKind", "Post");
+    const bool stored = IniSettings(files, path_).Write("Mail", {{"MailKind", "Post"}});
     EXPECT_EQ(files.content[path_], stored ? "[Mail]\nMailKind=Post\n" : before) << failing;
     EXPECT_EQ(stored, failing > 8) << failing;  // read twice; twice written, compared, renamed
     EXPECT_FALSE(files.Exists(path_ + ".new") || !files.locked.empty());

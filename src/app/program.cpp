@@ -122,7 +122,7 @@ std::optional<desktop::AccountAnswer> Program::AskAtLogon(const desktop::MailAcc
   auto answer = AskAccount(suggestion);
   if (!answer) {
     // The logon fails and would leave its guard standing, as after a crash; but nothing crashed.
-    mail::ForgetEarlierCrash();
+    platform::SetLogonStatus(false);
   } else if (!answer->password) {
     answer->password = KeptPassword(answer->account);
   }

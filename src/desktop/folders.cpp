@@ -59,7 +59,8 @@ std::string ProgramFolder() {
 std::string DataFolderFor(const std::string& programFolder) {
   const std::string own = WithSlash(programFolder);
   if (::access(own.c_str(), W_OK) == 0) return own;
-  const bool isClosed = errno == EACCES || errno == EPERM || errno == EROFS;
+  const bool isClosed =
+      errno == EACCES || errno == EPERM || errno == EROFS || errno == ENOENT || errno == ENOTDIR;
   // Games that lie there are the player's, whatever a look at the folder says.
   std::error_code ignored;
   if (!isClosed || fs::exists(own + "Data/Tvgdb.dat", ignored)) return own;

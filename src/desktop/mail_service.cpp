@@ -77,6 +77,7 @@ void MailService::Telling(const Work& work) {
     work();
   } catch (const std::exception& error) {
     problem_ = InPlainWords(error, account_);
+    if (dynamic_cast<const MailError*>(&error)) throw;
     throw MailError(error.what());
   }
 }

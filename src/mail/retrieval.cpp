@@ -25,10 +25,19 @@ using platform::MAPIMessages;
 
 MAPIMessages& Messages() { return *platform::TheDesktop().MMess; }
 
-bool FetchInbox(bool fetchAll) {
+/// What a retrieval has met so far.
+struct Findings {
+  std::vector<MoveArrival> arrivals;
+  std::vector<BadMail> badMails;
+  std::string leftOut;  ///< what the mail service says of a mail that it couldn't read
+};
+
+bool FetchInbox(bool fetchAll, Findings& findings) {
   try {
     Messages().FetchUnreadOnly(!fetchAll);
     Messages().Fetch();
+    const std::string problem = platform::TheDesktop().MSess->LastProblem();
+    if (!problem.empty()) findings.leftOut = problem;
     return true;
   } catch (const std::exception&) {
     return false;
@@ -43,12 +52,6 @@ std::string AddressIfKnown() {
     return {};
   }
 }
-
-/// What a retrieval has met so far.
-struct Findings {
-  std::vector<MoveArrival> arrivals;
-  std::vector<BadMail> badMails;
-};
 
 /// A mail whose form is bad. The service may not be able to say who sent it.
 void NoteBadMail(const std::string& text, int stage, Findings& findings) {
@@ -163,8 +166,7 @@ bool TakeMoveMails(Findings& findings, bool isTick) {
 }
 
 /// A mail that the service couldn't read just now. Ticks meet it again by themselves.
-void TellOfMailLeftOut() {
-  const std::string problem = platform::TheDesktop().MSess->LastProblem();
+void TellOfMailLeftOut(const std::string& problem) {
   if (problem.empty() || platform::Process().Stopping) return;
   platform::ShowMessage(platform::MailIcon, "Network error", problem, "OK", {}, false,
                         platform::FailureSound);
@@ -176,7 +178,7 @@ bool TakeAll(bool fetchAll, bool isTick, const StatusPopup& popup, Findings& fin
   while (TakeMoveMails(findings, isTick)) {
     if (isTick || platform::Process().Stopping || !Messages().MoreToCome()) return true;
     popup.Show("Retrieving games... There are more mails.");
-    if (!FetchInbox(fetchAll)) {
+    if (!FetchInbox(fetchAll, findings)) {
       platform::Process().Offline = true;
       return false;
     }
@@ -191,16 +193,16 @@ std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
   const StatusPopup popup(showStatus);
   popup.Show("Retrieving games...");
   platform::ProcessState& process = platform::Process();
-  if (!FetchInbox(fetchAll)) {
+  Findings findings;
+  if (!FetchInbox(fetchAll, findings)) {
     process.Offline = true;
     return {};
   }
   process.PendingGames.clear();
   process.NewMoveArrived = false;
-  Findings findings;
   const bool ranThrough = TakeAll(fetchAll, !showStatus && !fetchAll, popup, findings);
   TellOfBadMails(findings.badMails, showStatus);
-  if (ranThrough && showStatus) TellOfMailLeftOut();
+  if (ranThrough && showStatus) TellOfMailLeftOut(findings.leftOut);
   if (ranThrough) {
     store::BackupDatabase();
     platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);

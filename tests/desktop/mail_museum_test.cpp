@@ -246,7 +246,7 @@ TEST(MailMuseumTest, EachMailBecomesWhatItShould) {
 TEST(MailMuseumTest, AKnownGameIsBroughtUpToDateAndKeepsItsNames) {
   Reader reader;
   reader.GameFile() =
-      "12|090320260805|7|Sunday game|09/03/2026|anna@example.org|Anna|Bernd|0|Anna|2|0|;;;;;;;"
+      "12|090320260805|7|Sunday game|09/03/2026|Anna@new.example.org|Anna|Bernd|0|Anna|2|0|;;;;;;;"
       "|1|5254|e4|" +
       std::string(greeting) + "\r\n";
   reader.Put("cur/1.mail:2,", MailNamed("known_game"));

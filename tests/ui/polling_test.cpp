@@ -12,6 +12,7 @@
 #include "desktop/mail_service.h"
 #include "desktop/qt_events.h"
 #include "fakes/memory_passwords.h"
+#include "platform/registry.h"
 #include "shell/polling_loop.h"
 #include "store/queries.h"
 #include "ui/system_tray.h"
@@ -63,6 +64,7 @@ TEST(PollingTest, AClickIsHandledBeforeTheServerAnswersTheTick) {
   platform::TheDesktop().events = &events;
   platform::TheDesktop().MSess = &service;
   platform::TheDesktop().MMess = &service;
+  platform::WriteRegistry(platform::mailSection, {{"MailKind", "Post"}});
   service.SignOn();
   Process().Offline = false;
   platform::Settings().NotificationMethod = 0;

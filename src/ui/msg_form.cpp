@@ -24,6 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int captionRoom = 32;  // beside the text of a button
 constexpr int tickMilliseconds = 30000;
 constexpr int pictureSize = 48;
 constexpr int highestCaption = 36;  // in a skin
@@ -123,11 +124,25 @@ void MsgForm::ArrangeSkinned() {
   const int height =
       std::clamp(caption_->heightForWidth(caption.width), caption.height, highestCaption);
   caption_->setGeometry(caption.x, caption.Bottom() - height, caption.width, height);
-  if (cancel_) return;
+  ArrangeButtons();
+}
+
+/// One or two, each as wide as its caption wants, in the middle of the two usual places.
+void MsgForm::ArrangeButtons() {
   const layouts::Rect& cancel = layouts::RectOf(layouts::msgForm, "CancelButton");
   const layouts::Rect& ok = layouts::RectOf(layouts::msgForm, "OkButton");
-  const int middle = (cancel.Right() - ok.x) / 2 + ok.x - ok.width / 2;
-  static_cast<SystemButton*>(ok_)->PlaceAt({middle, ok.y, ok.width, ok.height});
+  const int gap = ok.x - cancel.Right();
+  const auto widthOf = [&ok](const QAbstractButton* button) {
+    const int text = button->fontMetrics().horizontalAdvance(button->text());
+    return std::max(ok.width, text + captionRoom);
+  };
+  const int both = widthOf(ok_) + (cancel_ ? gap + widthOf(cancel_) : 0);
+  int x = (cancel.x + ok.Right() - both) / 2;
+  for (QAbstractButton* button : {cancel_, ok_}) {
+    if (!button) continue;
+    static_cast<SystemButton*>(button)->PlaceAt({x, ok.y, widthOf(button), ok.height});
+    x += widthOf(button) + gap;
+  }
 }
 
 void MsgForm::keyPressEvent(QKeyEvent* event) {

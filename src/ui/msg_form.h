@@ -33,6 +33,7 @@ class MsgForm : public QDialog {
  private:
   void SetSimpleUI();
   void ArrangeSkinned();
+  void ArrangeButtons();
 
   bool escapeCancels_;
   int ticksLeft_;

@@ -13,6 +13,7 @@
 #include "desktop/mail_text.h"
 #include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/whole_file.h"
 
 namespace desktop {
 
@@ -37,18 +38,7 @@ VCards ReadBook() {
 }
 
 void ReplaceFile(const std::string& path, const std::string& content) {
-  const std::string temporary = PathOf("contacts.new");
-  try {
-    Files().Write(temporary, content);
-    Files().Rename(temporary, path);
-  } catch (const std::exception&) {
-    try {
-      if (Files().Exists(temporary)) Files().Remove(temporary);
-    } catch (const std::exception&) {
-      // It stays behind, and the next change overwrites it.
-    }
-    throw;
-  }
+  platform::ReplaceFile(path, content, PathOf("contacts.new"));
 }
 
 void SaveBook(const VCards& book) {

@@ -5,24 +5,12 @@
 #include <utility>
 
 #include "mail/move_text_check.h"
-#include "platform/files.h"
 #include "platform/mail_address.h"
 #include "platform/process_state.h"
-#include "store/database_lock.h"
 #include "store/saving.h"
 
 namespace mail {
 namespace {
-
-template <typename Work>
-void RaisingStoreFailures(const Work& work) {
-  try {
-    const store::DatabaseLock lock;
-    work();
-  } catch (const platform::FileError& error) {
-    throw StoreFailure(error.what());
-  }
-}
 
 /// Both addresses are the opponent's from now on: he may still write from the old one.
 void AcceptAddress(const HeldMail& held, const store::GameRecord& game) {
@@ -87,7 +75,7 @@ MoveArrival AcceptHeldMail(HeldMail held) {
   MoveArrival arrival;
   arrival.from = held.mail.address;
   arrival.gameID = held.gameID;
-  RaisingStoreFailures([&] {
+  WithGamesLocked([&] {
     const HeldClaim what = ClaimOf(held);
     if (held.why != Objection::Address || !what.game) return Take(held, what, arrival);
     AcceptAddress(held, what.game->record);
@@ -98,7 +86,7 @@ MoveArrival AcceptHeldMail(HeldMail held) {
 }
 
 void RefuseHeldMail(HeldMail held) {
-  RaisingStoreFailures([&] {
+  WithGamesLocked([&] {
     const auto game = ClaimOf(held).game;
     if (held.why == Objection::Address && game) {
       MailMemory memory = LoadMailMemory();
@@ -111,7 +99,7 @@ void RefuseHeldMail(HeldMail held) {
 }
 
 void PutOffHeldMail(HeldMail held) {
-  RaisingStoreFailures([&] { SetState(held, HeldState::Asked); });
+  WithGamesLocked([&] { SetState(held, HeldState::Asked); });
 }
 
 }  // namespace mail

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string>
 
-#include "mail/received_game.h"
+#include "mail/games_locked.h"
 #include "platform/desktop.h"
 #include "platform/mail_address.h"
 #include "store/queries.h"

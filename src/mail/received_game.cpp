@@ -4,26 +4,12 @@
 #include <utility>
 
 #include "mail/judgement.h"
-#include "platform/files.h"
 #include "platform/process_state.h"
-#include "store/database_lock.h"
 #include "store/queries.h"
 #include "store/saving.h"
 
 namespace mail {
 namespace {
-
-/// From the look for the game to its saving nobody else may found or change it. What the file
-/// system refuses meanwhile is the store's failure.
-template <typename Work>
-void WithGamesLocked(const Work& work) {
-  try {
-    const store::DatabaseLock lock;
-    work();
-  } catch (const platform::FileError& error) {
-    throw StoreFailure(error.what());
-  }
-}
 
 /// White's name in a game that this mail founds.
 std::string WhiteName(const Claim& claim, const ReceivedMail& mail) {

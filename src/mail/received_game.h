@@ -6,10 +6,10 @@
 
 #include <cstdint>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 #include "mail/claim.h"
+#include "mail/games_locked.h"
 #include "mail/held_mails.h"
 
 namespace mail {
@@ -23,11 +23,6 @@ struct MoveArrival {
   int stage = 0;                       ///< of the form check that failed; 0 where it passed
   Objection why = Objection::None;     ///< why it was set aside instead
   std::string held;                    ///< identifier of a mail that waits for the user's answer
-};
-
-/// The store can't be read or written.
-struct StoreFailure : std::runtime_error {
-  using std::runtime_error::runtime_error;
 };
 
 /// The address of games whose opponent has none, because they came as files. It reaches nobody.

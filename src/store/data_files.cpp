@@ -5,14 +5,13 @@
 
 #include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/whole_file.h"
 #include "store/game_file.h"
 
 namespace store {
 namespace {
 
 platform::Files& Files() { return *platform::TheDesktop().files; }
-
-std::string TemporaryPath() { return platform::Process().DataPath + "tvgdb.new"; }
 
 }  // namespace
 
@@ -32,13 +31,7 @@ void RemoveQuietly(const std::string& path) {
 }
 
 void ReplaceFile(const std::string& path, std::string_view content) {
-  try {
-    Files().Write(TemporaryPath(), content);
-    Files().Rename(TemporaryPath(), path);
-  } catch (const std::exception&) {
-    RemoveQuietly(TemporaryPath());
-    throw;
-  }
+  platform::ReplaceFile(path, content, platform::Process().DataPath + "tvgdb.new");
 }
 
 bool RestoreGameFile(const std::optional<std::string>& before) {

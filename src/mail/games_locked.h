@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Working on the games with everybody else locked out: from the look for a game to its saving
+// nobody else may found or change it.
+#pragma once
+
+#include <stdexcept>
+
+#include "platform/files.h"
+#include "store/database_lock.h"
+
+namespace mail {
+
+/// The store can't be read or written.
+struct StoreFailure : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// Raises what `work` raises, but what the file system refuses as StoreFailure.
+template <typename Work>
+void WithGamesLocked(const Work& work) {
+  try {
+    const store::DatabaseLock lock;
+    work();
+  } catch (const platform::FileError& error) {
+    throw StoreFailure(error.what());
+  }
+}
+
+}  // namespace mail

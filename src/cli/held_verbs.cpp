@@ -25,8 +25,9 @@ std::string UtcText(std::int64_t seconds) {
 }
 
 /// The moves that both lists have under one number and that aren't the same.
-Json Differences(const mail::HeldClaim& what) {
+Json Differences(const mail::HeldMail& held) {
   std::vector<std::string> rows;
+  const mail::HeldClaim what = mail::ClaimOf(held);
   const store::MoveRecords none;
   const store::MoveRecords& stored = what.game ? what.game->moves : none;
   const store::MoveRecords& received = what.claim.moves;
@@ -44,7 +45,7 @@ Json Differences(const mail::HeldClaim& what) {
 mail::HeldMail HeldArgument(const Call& call) {
   const std::string& id = call.arguments.Others().front();
   auto held = mail::FindHeldMail(id);
-  if (!held || held->state == mail::HeldState::Refused) {
+  if (!held || held->state == mail::HeldState::Taken) {
     throw Refusal("No mail is set aside under \"" + id + "\"; \"mail held\" lists them.");
   }
   return std::move(*held);
@@ -74,16 +75,17 @@ bool RefusingFailures(const Work& work) {
 
 }  // namespace
 
-bool MailHeld(const Call&) {
-  return RefusingFailures([] {
-    for (const mail::HeldMail& held : mail::WaitingMails()) {
+bool MailHeld(const Call& call) {
+  return RefusingFailures([&call] {
+    const bool refused = call.arguments.Has("--refused");
+    for (const mail::HeldMail& held : refused ? mail::RefusedMails() : mail::WaitingMails()) {
       JsonObject()
           .Add("held", held.id)
           .Add("game", held.gameID)
           .Add("from", held.mail.address)
           .Add("name", held.mail.name)
           .Add("why", mail::NameOf(held.why))
-          .Add("differs", Differences(mail::ClaimOf(held)))
+          .Add("differs", Differences(held))
           .Add("since", UtcText(held.since))
           .Print();
     }

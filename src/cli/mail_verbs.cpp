@@ -29,9 +29,9 @@ auto WithoutLogonGuard(const Work& work) {
 
 /// Nothing of a mail that the user has refused for good.
 void PrintHeld(const mail::MoveArrival& arrival) {
-  if (arrival.held.empty()) return;
+  if (arrival.held.empty() && !arrival.isDropped) return;
   JsonObject()
-      .Add("held", arrival.held)
+      .Add("held", arrival.isDropped ? Json{"null"} : Json{Quoted(arrival.held)})
       .Add("game", arrival.gameID)
       .Add("from", arrival.from)
       .Add("why", mail::NameOf(arrival.why))

@@ -328,8 +328,9 @@ void MailService::Send() {
 }
 
 bool MailService::IsOwnAddress(const std::string& address) {
+  // Of another kind of account the user name is a remnant of an earlier one.
   return platform::SameAddress(address, account_.MyAddress) ||
-         platform::SameAddress(address, account_.UserName);
+         (account_.MailKind == "Imap" && platform::SameAddress(address, account_.UserName));
 }
 
 void MailService::Show(bool) {

@@ -49,12 +49,12 @@ std::string Senders(const std::vector<BadMail>& mails) {
 }
 
 std::string TextAbout(const std::vector<BadMail>& mails) {
-  if (mails.size() == 1) return BadFormText(mails.front().stage, false);
+  const std::string senders = "||Written by " + Senders(mails) + ".";
+  if (mails.size() == 1) return BadFormText(mails.front().stage, false) + senders;
   return "Tarvolenix found " + std::to_string(mails.size()) +
-         " mails that appeared to be chess moves, but which failed validation.||They came from " +
-         Senders(mails) +
-         ".||If they are corrupt chess move emails, get your opponents to re-send their last "
-         "moves.";
+         " mails that appeared to be chess moves, but which failed validation.||If they are "
+         "corrupt chess move emails, get your opponents to re-send their last moves." +
+         senders;
 }
 
 void Remember(const std::vector<BadMail>& mails, bool silenced) {

@@ -12,31 +12,46 @@
 namespace mail {
 namespace {
 
-/// Both addresses are the opponent's from now on: he may still write from the old one.
-void AcceptAddress(const HeldMail& held, const store::GameRecord& game) {
+/// Both addresses are the opponent's from now on: he may still write from the old one. The answers
+/// go to the new one.
+void AcceptAddress(const HeldMail& held, store::GameRecord game) {
   MailMemory memory = LoadMailMemory();
   memory.Remember(held.mail.address, game, true);
   if (game.GAME_OPPONENTS_EMAIL != unknownAddress) {
     memory.Remember(game.GAME_OPPONENTS_EMAIL, game, true);
   }
   SaveMailMemory(memory);
+  game.GAME_OPPONENTS_EMAIL = held.mail.address;
+  if (!store::SaveGame(game, {})) throw StoreFailure("the game can't be saved");
 }
 
-void Take(HeldMail& held, const HeldClaim& what, MoveArrival& arrival) {
-  SaveClaim(what.claim, held.mail, held.why != Objection::Address, arrival);
+void Take(HeldMail& held, const Claim& claim, bool replaces, MoveArrival& arrival) {
+  SaveClaim(claim, held.mail, replaces, arrival);
   Release(held);
 }
 
-/// The address is settled; the history may still speak against it.
-void TakeFromNewAddress(HeldMail& held, const HeldClaim& what, MoveArrival& arrival) {
-  const Objection objection = ObjectionToHistory(what.claim, *what.game);
-  if (objection == Objection::None) return Take(held, what, arrival);
-  store::GameRecord game = what.game->record;
-  game.GAME_OPPONENTS_EMAIL = held.mail.address;
-  if (!store::SaveGame(game, {})) throw StoreFailure("the game can't be saved");
+/// Takes the mail where nothing else speaks against it; else it waits for that reason.
+void TakeUnless(Objection objection, HeldMail& held, const HeldClaim& what, MoveArrival& arrival) {
+  if (objection == Objection::None) return Take(held, what.claim, false, arrival);
   HoldFor(held, objection);
   arrival.why = objection;
   arrival.held = held.id;
+}
+
+/// With its sender settled.
+void TakeByHistory(HeldMail& held, MoveArrival& arrival) {
+  const HeldClaim what = ClaimOf(held);
+  TakeUnless(what.game ? ObjectionToHistory(what.claim, *what.game) : Objection::None, held, what,
+             arrival);
+}
+
+/// An invitation may have become a game meanwhile, with moves of its own and another opponent.
+void TakeInvitation(HeldMail& held, MoveArrival& arrival) {
+  const HeldClaim what = ClaimOf(held);
+  const auto objection = [&] {
+    return ObjectionTo(what.claim, held.mail, *what.game, LoadMailMemory());
+  };
+  TakeUnless(what.game ? objection() : Objection::None, held, what, arrival);
 }
 
 /// What else waits for the user to know this address.
@@ -55,51 +70,75 @@ std::vector<HeldMail> OthersOf(const HeldMail& answered) {
 void TakeOthersAlong(const HeldMail& accepted) {
   try {
     for (HeldMail& other : OthersOf(accepted)) {
-      const HeldClaim what = ClaimOf(other);
       MoveArrival ignored;
-      if (what.game) TakeFromNewAddress(other, what, ignored);
+      TakeByHistory(other, ignored);
     }
   } catch (const std::exception&) {
   }
 }
 
+/// As it is now: another window or program may have answered it meanwhile.
+HeldMail AsItStands(const HeldMail& asked) {
+  auto held = FindHeldMail(asked.id);
+  if (!held || held->state == HeldState::Taken || held->why != asked.why) {
+    throw StoreFailure("this mail was answered meanwhile");
+  }
+  return *std::move(held);
+}
+
+void RefuseAddress(const HeldMail& held) {
+  const auto game = ClaimOf(held).game;
+  if (!game) return;
+  MailMemory memory = LoadMailMemory();
+  memory.Remember(held.mail.address, game->record, false);
+  SaveMailMemory(memory);
+  for (HeldMail& other : OthersOf(held)) SetState(other, HeldState::Refused);
+}
+
 }  // namespace
 
 HeldClaim ClaimOf(const HeldMail& held) {
-  HeldClaim what{ReadClaim(ExtractMoveText(held.mail.text)), {}};
+  HeldClaim what;
+  try {
+    what.claim = ReadClaim(ExtractMoveText(held.mail.text));
+  } catch (const std::exception&) {
+    throw StoreFailure("the mail that was set aside is damaged");
+  }
   what.game = FindGame(what.claim, held.mail);
   return what;
 }
 
-MoveArrival AcceptHeldMail(HeldMail held) {
+MoveArrival AcceptHeldMail(const HeldMail& asked) {
   MoveArrival arrival;
-  arrival.from = held.mail.address;
-  arrival.gameID = held.gameID;
+  arrival.from = asked.mail.address;
+  arrival.gameID = asked.gameID;
   WithGamesLocked([&] {
+    HeldMail held = AsItStands(asked);
     const HeldClaim what = ClaimOf(held);
-    if (held.why != Objection::Address || !what.game) return Take(held, what, arrival);
+    if (held.why == Objection::History || held.why == Objection::Ended) {
+      return Take(held, what.claim, true, arrival);
+    }
+    if (held.why != Objection::Address || !what.game) return TakeInvitation(held, arrival);
     AcceptAddress(held, what.game->record);
-    TakeFromNewAddress(held, what, arrival);
+    TakeByHistory(held, arrival);
     TakeOthersAlong(held);
   });
   return arrival;
 }
 
-void RefuseHeldMail(HeldMail held) {
+void RefuseHeldMail(const HeldMail& asked) {
   WithGamesLocked([&] {
-    const auto game = ClaimOf(held).game;
-    if (held.why == Objection::Address && game) {
-      MailMemory memory = LoadMailMemory();
-      memory.Remember(held.mail.address, game->record, false);
-      SaveMailMemory(memory);
-      for (HeldMail& other : OthersOf(held)) SetState(other, HeldState::Refused);
-    }
+    HeldMail held = AsItStands(asked);
+    if (held.why == Objection::Address) RefuseAddress(held);
     SetState(held, HeldState::Refused);
   });
 }
 
-void PutOffHeldMail(HeldMail held) {
-  WithGamesLocked([&] { SetState(held, HeldState::Asked); });
+void PutOffHeldMail(const HeldMail& asked) {
+  WithGamesLocked([&] {
+    HeldMail held = AsItStands(asked);
+    if (held.state == HeldState::New) SetState(held, HeldState::Asked);
+  });
 }
 
 }  // namespace mail

@@ -19,18 +19,19 @@ struct HeldClaim {
   std::optional<StoredGame> game;  ///< none for a game that isn't there
 };
 
+/// Raises StoreFailure also where the mail's file is damaged.
 HeldClaim ClaimOf(const HeldMail& held);
 
 /// Takes the mail: from then on its address counts as the opponent's for that game, or its moves
 /// take the place of the stored ones, or a game begins. Where there is something else against it,
 /// it stays set aside for that reason, and the arrival says so. Other mails of that sender that
-/// waited for the same answer are taken along.
-MoveArrival AcceptHeldMail(HeldMail held);
+/// waited for the same answer are taken along. A refused one is taken, too.
+MoveArrival AcceptHeldMail(const HeldMail& asked);
 
 /// Leaves the game as it is. Of an address that isn't the opponent's nothing more is asked.
-void RefuseHeldMail(HeldMail held);
+void RefuseHeldMail(const HeldMail& asked);
 
 /// It waits on, and isn't asked about again by itself.
-void PutOffHeldMail(HeldMail held);
+void PutOffHeldMail(const HeldMail& asked);
 
 }  // namespace mail

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <iterator>
 #include <utility>
 
 #include "platform/conversions.h"
@@ -15,12 +16,14 @@
 namespace mail {
 namespace {
 
-/// More than anybody answers, and few enough for the disk.
-constexpr std::size_t mostWaiting = 200;
+/// More than anybody answers, and few enough for the disk: of all, and of one sender, so that one
+/// who writes very many hides nobody else.
+constexpr std::ptrdiff_t mostWaiting = 200;
+constexpr std::ptrdiff_t mostOfSender = 5;
 
 constexpr std::array<std::string_view, 6> objectionNames = {"",      "address", "history",
                                                             "ended", "flood",   "form"};
-constexpr std::array<std::string_view, 3> stateEndings = {".new", ".asked", ".refused"};
+constexpr std::array<std::string_view, 4> stateEndings = {".new", ".asked", ".refused", ".taken"};
 
 platform::Files& Files() { return *platform::TheDesktop().files; }
 
@@ -74,7 +77,8 @@ bool ReadContent(std::string_view content, HeldMail& held) {
 
 /// A name of the folder as a mail without its content; nothing where it is none.
 std::optional<HeldMail> Named(std::string_view name) {
-  for (const HeldState state : {HeldState::New, HeldState::Asked, HeldState::Refused}) {
+  for (const HeldState state :
+       {HeldState::New, HeldState::Asked, HeldState::Refused, HeldState::Taken}) {
     if (!name.ends_with(EndingOf(state))) continue;
     HeldMail held;
     held.id = name.substr(0, name.size() - EndingOf(state).size());
@@ -90,6 +94,25 @@ std::vector<HeldMail> AllNamed() {
   for (const std::string& name : Files().List(Folder())) {
     if (auto mail = Named(name)) mails.push_back(std::move(*mail));
   }
+  return mails;
+}
+
+bool CanBeRead(HeldMail& mail) {
+  try {
+    return ReadContent(Files().Read(PathOf(mail)), mail);
+  } catch (const platform::FileError&) {
+    return false;
+  }
+}
+
+template <typename Wanted>
+std::vector<HeldMail> MailsThat(const Wanted& isWanted) {
+  std::vector<HeldMail> mails;
+  for (HeldMail& mail : AllNamed()) {
+    if (isWanted(mail.state) && CanBeRead(mail)) mails.push_back(std::move(mail));
+  }
+  std::stable_sort(mails.begin(), mails.end(),
+                   [](const HeldMail& a, const HeldMail& b) { return a.since < b.since; });
   return mails;
 }
 
@@ -127,26 +150,23 @@ std::optional<HeldMail> FindHeldMail(const std::string& id) {
 std::optional<HeldMail> Hold(HeldMail mail) {
   mail.id = IdentifierOf(mail.mail);
   if (auto known = FindHeldMail(mail.id)) return known;
-  const auto waiting = AllNamed();
-  const auto waits = [](const HeldMail& held) { return held.state != HeldState::Refused; };
-  if (static_cast<std::size_t>(std::count_if(waiting.begin(), waiting.end(), waits)) >=
-      mostWaiting) {
-    return std::nullopt;
-  }
+  const auto waiting = WaitingMails();
+  const auto ofSender = std::count_if(waiting.begin(), waiting.end(), [&mail](const auto& other) {
+    return platform::SameAddress(other.mail.address, mail.mail.address);
+  });
+  if (std::ssize(waiting) >= mostWaiting || ofSender >= mostOfSender) return std::nullopt;
   mail.since = platform::TheDesktop().clock->Seconds();
   Write(mail);
   return mail;
 }
 
 std::vector<HeldMail> WaitingMails() {
-  std::vector<HeldMail> mails;
-  for (HeldMail& mail : AllNamed()) {
-    if (mail.state == HeldState::Refused) continue;
-    if (ReadContent(Files().Read(PathOf(mail)), mail)) mails.push_back(std::move(mail));
-  }
-  std::stable_sort(mails.begin(), mails.end(),
-                   [](const HeldMail& a, const HeldMail& b) { return a.since < b.since; });
-  return mails;
+  return MailsThat(
+      [](HeldState state) { return state == HeldState::New || state == HeldState::Asked; });
+}
+
+std::vector<HeldMail> RefusedMails() {
+  return MailsThat([](HeldState state) { return state == HeldState::Refused; });
 }
 
 void SetState(HeldMail& mail, HeldState state) {
@@ -162,6 +182,10 @@ void HoldFor(HeldMail& mail, Objection why) {
   Write(mail);
 }
 
-void Release(const HeldMail& mail) { Files().Remove(PathOf(mail)); }
+void Release(HeldMail& mail) {
+  SetState(mail, HeldState::Taken);
+  mail.mail.text.clear();
+  Write(mail);
+}
 
 }  // namespace mail

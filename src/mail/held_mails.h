@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The mails that were set aside instead of being taken, each whole in a file of the folder "Held"
 // beside the games. A file's name is the mail's identifier and how far the user has got with it:
-// ".new" before he was asked, ".asked" while he puts the answer off, ".refused" for good, so that
-// the mail, which stays in the Inbox, isn't set aside again. A few header lines tell why it was set
-// aside and who wrote it; behind a blank line stands the text as it came.
+// ".new" before he was asked, ".asked" while he puts the answer off, ".refused" and ".taken" for
+// good, so that the mail, which stays in the Inbox, isn't set aside again. A few header lines tell
+// why it was set aside and who wrote it; behind a blank line stands the text as it came.
 //
 // Operations raise platform::FileError where the folder can't be read or written.
 #pragma once
@@ -38,7 +38,7 @@ struct ReceivedMail {
   bool isFile = false;  ///< a file has no sender: name and address stand in for one
 };
 
-enum class HeldState { New, Asked, Refused };
+enum class HeldState { New, Asked, Refused, Taken };
 
 struct HeldMail {
   std::string id;
@@ -53,13 +53,17 @@ struct HeldMail {
 std::string IdentifierOf(const ReceivedMail& mail);
 
 /// Sets a mail aside where that hasn't been done yet; `since` and `id` are filled in. Answers it as
-/// it stands then. Nothing where very many wait already: the mail is left where it is.
+/// it stands then. Nothing where very many wait already, of all or of this sender alone: the mail
+/// is left where it is.
 std::optional<HeldMail> Hold(HeldMail mail);
 
-/// Those that wait for an answer, the oldest first.
+/// Those that wait for an answer, the oldest first. A file that can't be read is passed over.
 std::vector<HeldMail> WaitingMails();
 
-/// Any that is held, also a refused one.
+/// Those that were refused, likewise.
+std::vector<HeldMail> RefusedMails();
+
+/// Any that is held, whatever was answered.
 std::optional<HeldMail> FindHeldMail(const std::string& id);
 
 void SetState(HeldMail& mail, HeldState state);
@@ -67,6 +71,7 @@ void SetState(HeldMail& mail, HeldState state);
 /// Keeps the mail with another reason; it is new again.
 void HoldFor(HeldMail& mail, Objection why);
 
-void Release(const HeldMail& mail);
+/// The mail was taken: what it said is given up, and that it was is kept.
+void Release(HeldMail& mail);
 
 }  // namespace mail

@@ -25,9 +25,18 @@ store::GameRecords Select(std::string_view key, std::int32_t id, std::string_vie
   return games;
 }
 
-bool HasEnded(const store::GameRecord& game) {
-  return game.GAME_STATUS == store::GameWon || game.GAME_STATUS == store::GameLost ||
-         game.GAME_STATUS == store::GameDrawn;
+constexpr std::string_view endings[] = {"1-0", "0-1", "1/2-1/2", "Surrender", "++"};
+
+/// Until the user opens a game that his opponent has ended, only its last entry tells.
+bool HasEnded(const StoredGame& game) {
+  const std::int16_t status = game.record.GAME_STATUS;
+  if (status == store::GameWon || status == store::GameLost || status == store::GameDrawn) {
+    return true;
+  }
+  return !game.moves.empty() &&
+         std::any_of(std::begin(endings), std::end(endings), [&game](std::string_view ending) {
+           return game.moves.back().MoveText.ends_with(ending);
+         });
 }
 
 /// Two people may number their games alike in the same minute. Who doesn't know our number, writes
@@ -40,7 +49,8 @@ void DropChanceMatches(const Claim& claim, const ReceivedMail& mail, store::Game
   });
 }
 
-/// Somebody in the address book, or whom the user has answered or written to before.
+/// Somebody in the address book, or whom the user has answered. That he is the host is only what
+/// the mail says that founded the game.
 bool IsKnownPerson(std::string_view address) {
   const auto isHis = [address](const std::string& other) {
     return platform::SameAddress(address, other);
@@ -55,8 +65,7 @@ bool IsKnownPerson(std::string_view address) {
   store::GameRecords games;
   if (!store::SelectGames(games, "")) throw StoreFailure("the games can't be read");
   return std::any_of(games.begin(), games.end(), [&isHis](const store::GameRecord& game) {
-    return isHis(game.GAME_OPPONENTS_EMAIL) &&
-           (game.GAME_HOST || game.GAME_STATUS != store::MoveWaiting);
+    return isHis(game.GAME_OPPONENTS_EMAIL) && game.GAME_STATUS != store::MoveWaiting;
   });
 }
 
@@ -83,6 +92,7 @@ std::optional<StoredGame> FindGame(const Claim& claim, const ReceivedMail& mail)
 }
 
 bool IsOpponent(std::string_view address, const store::GameRecord& game, const MailMemory& memory) {
+  if (platform::SameAddress(address, unknownAddress)) return false;  // it is nobody's
   return platform::SameAddress(address, game.GAME_OPPONENTS_EMAIL) ||
          memory.StandingOf(address, game) == AddressStanding::Accepted;
 }
@@ -93,7 +103,7 @@ Objection ObjectionToHistory(const Claim& claim, const StoredGame& game) {
     return Objection::History;
   }
   const bool goesOn = claim.moves.size() > game.moves.size();
-  return goesOn && HasEnded(game.record) ? Objection::Ended : Objection::None;
+  return goesOn && HasEnded(game) ? Objection::Ended : Objection::None;
 }
 
 Objection ObjectionTo(const Claim& claim, const ReceivedMail& mail, const StoredGame& game,

@@ -17,6 +17,9 @@ namespace mail {
 /// New games in an hour from people whom the user doesn't know.
 inline constexpr int mostNewGames = 20;
 
+/// The address of games whose opponent has none, because they came as files. It reaches nobody.
+inline constexpr const char* unknownAddress = "unknown@tarvolenix.invalid";
+
 struct StoredGame {
   store::GameRecord record;
   store::MoveRecords moves;

@@ -3,6 +3,7 @@
 
 #include <exception>
 
+#include "mail/judgement.h"
 #include "mail/move_mail.h"
 #include "mail/move_text_check.h"
 #include "mail/sending.h"
@@ -95,6 +96,13 @@ std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool
     platform::ShowMessage(platform::MailIcon, "Game import",
                           "The game has been successfully imported.", "OK", {}, false,
                           platform::AttentionSound);
+  }
+  if (userPicks && !arrivals.front().held.empty()) {
+    platform::ShowMessage(platform::MailIcon, "Mails set aside",
+                          "The file was set aside: its moves aren't those of your game, or the "
+                          "game has ended.||You find it under \"Mails set aside...\" in the File "
+                          "menu.",
+                          "OK", {}, false, platform::AttentionSound);
   }
   return arrivals;
 }

@@ -114,6 +114,10 @@ constexpr FieldCheck fieldChecks[] = {
     IsName,          IsName,    IsTrueOrFalse, IsStartBoard,
 };
 
+/// More than the longest game with the longest comments; a row of a start board that is no number
+/// has no bound of its own.
+constexpr std::size_t greatestText = 1u << 20;
+
 /// A number may have good form and yet be none that the game file can hold. Such a mail must not
 /// stand in the way of those behind it.
 void RequireStorableNumbers(string_view text) {
@@ -162,6 +166,7 @@ int CheckMoveText(string_view text) {
 
 int StageOfForm(string_view text) {
   const int stage = CheckMoveText(text);
+  if (text.size() > greatestText) throw std::length_error("too long for a game");
   if (stage == 0) RequireStorableNumbers(text);
   return stage;
 }

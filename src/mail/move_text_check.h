@@ -16,7 +16,8 @@ std::string ExtractMoveText(std::string_view body);
 /// 0 for a move text of good form, else the stage of the check that it failed, 1 to 12. Silent.
 int CheckMoveText(std::string_view text);
 
-/// The same. Raises std::exception for a text of good form with a number that no game can hold.
+/// The same. Raises std::exception for a text of good form that is too long, or has a number that
+/// no game can hold.
 int StageOfForm(std::string_view text);
 
 /// Whether a move text has good form; reports a failure with the wording for a file that the user

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/received_game.h"
 
+#include <exception>
 #include <utility>
 
 #include "mail/judgement.h"
+#include "platform/mail_address.h"
 #include "platform/process_state.h"
 #include "store/queries.h"
 #include "store/saving.h"
@@ -49,15 +51,32 @@ void SetStatusByTurn(store::GameRecord& game, const store::MoveRecords& moves) {
   game.GAME_STATUS = whiteToMove == game.GAME_HOST ? store::MoveWaiting : store::WaitingForOpponent;
 }
 
+/// Whether the opponent's name and address are as this mail has them. A file has no sender, and an
+/// old mail from an address that he once had is no news of him.
+bool TellsOfSender(const ReceivedMail& mail, const store::GameRecord& game, bool bringsMoves) {
+  const std::string& address = game.GAME_OPPONENTS_EMAIL;
+  if (mail.isFile) return address.empty() || address == unknownAddress;
+  return bringsMoves || platform::SameAddress(mail.address, address);
+}
+
+void TakeSender(const Claim& claim, const ReceivedMail& mail, bool bringsMoves,
+                store::GameRecord& game) {
+  const bool tells = TellsOfSender(mail, game, bringsMoves);
+  if (tells || bringsMoves || game.GAME_OPPONENTS_ID == 0) {
+    game.GAME_OPPONENTS_ID = claim.sendersID;
+  }
+  if (!tells) return;
+  game.GAME_OPPONENTS_NAME = mail.name;
+  game.GAME_OPPONENTS_EMAIL = mail.address;
+}
+
 /// `known` is the stored game, where there is one.
 void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<StoredGame>& known,
           bool replaces, MoveArrival& arrival) {
   store::GameRecord game = known ? known->record : FoundedGame(claim, mail);
   if (game.GAME_WHITE_NAME.empty()) game.GAME_WHITE_NAME = claim.whiteName;
-  game.GAME_OPPONENTS_NAME = mail.name;
-  game.GAME_OPPONENTS_EMAIL = mail.address;
-  game.GAME_OPPONENTS_ID = claim.sendersID;
   const store::MoveRecords moves = Merged(claim, known ? known->moves : store::MoveRecords{});
+  TakeSender(claim, mail, !known || moves.size() > known->moves.size(), game);
   bool changed = true;
   bool saved = false;
   if (known && replaces) {
@@ -77,38 +96,67 @@ void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<Stor
   arrival.held.clear();
 }
 
+/// A mail that the user has taken before, for whatever spoke against it, is done with.
 void SetAside(const ReceivedMail& mail, Objection why, std::optional<std::int32_t> gameID,
-              bool refused, MoveArrival& arrival) {
-  arrival.why = why;
+              MoveArrival& arrival) {
   arrival.gameID = gameID;
   HeldMail held;
-  held.state = refused ? HeldState::Refused : HeldState::New;
   held.why = why;
   held.gameID = gameID;
   held.mail = mail;
   const auto kept = Hold(std::move(held));
+  arrival.ok = kept && kept->state == HeldState::Taken;
+  arrival.why = arrival.ok ? Objection::None : why;
+  if (arrival.ok) return;
+  arrival.isDropped = !kept;
   if (!kept || kept->state == HeldState::Refused) return;
   arrival.held = kept->id;
   if (kept->state == HeldState::New) platform::Process().HeldMailArrived = true;
+}
+
+/// Keeps the books behind a game that was saved. Where that fails, the user is asked once too
+/// often.
+template <typename Work>
+void Quietly(const Work& work) {
+  try {
+    work();
+  } catch (const std::exception&) {
+  }
+}
+
+/// What waited for an answer and needs none any more.
+void ReleaseHeld(const ReceivedMail& mail) {
+  Quietly([&mail] {
+    auto held = FindHeldMail(IdentifierOf(mail));
+    if (held && held->state != HeldState::Taken) Release(*held);
+  });
 }
 
 void TakeForGame(const Claim& claim, const ReceivedMail& mail, const StoredGame& game,
                  MoveArrival& arrival) {
   const MailMemory memory = LoadMailMemory();
   const Objection objection = ObjectionTo(claim, mail, game, memory);
-  if (objection == Objection::None) return Save(claim, mail, game, false, arrival);
-  const bool refused = objection == Objection::Address &&
-                       memory.StandingOf(mail.address, game.record) == AddressStanding::Refused;
-  SetAside(mail, objection, game.record.GAME_ID, refused, arrival);
+  if (objection == Objection::None) {
+    Save(claim, mail, game, false, arrival);
+    return ReleaseHeld(mail);
+  }
+  // Whom the user has refused for this game isn't heard of again.
+  arrival.why = objection;
+  if (objection == Objection::Address &&
+      memory.StandingOf(mail.address, game.record) == AddressStanding::Refused) {
+    return;
+  }
+  SetAside(mail, objection, game.record.GAME_ID, arrival);
 }
 
 void TakeNewGame(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival) {
   MailMemory memory = LoadMailMemory();
   const auto foundings = memory.foundings;
   const Objection objection = ObjectionToNewGame(claim, mail, memory);
-  if (objection != Objection::None) return SetAside(mail, objection, {}, false, arrival);
-  if (memory.foundings != foundings) SaveMailMemory(memory);
+  if (objection != Objection::None) return SetAside(mail, objection, {}, arrival);
   Save(claim, mail, {}, false, arrival);
+  if (memory.foundings != foundings) Quietly([&memory] { SaveMailMemory(memory); });
+  ReleaseHeld(mail);
 }
 
 }  // namespace

@@ -23,10 +23,8 @@ struct MoveArrival {
   int stage = 0;                       ///< of the form check that failed; 0 where it passed
   Objection why = Objection::None;     ///< why it was set aside instead
   std::string held;                    ///< identifier of a mail that waits for the user's answer
+  bool isDropped = false;              ///< too many wait: it was left in the Inbox and nowhere else
 };
-
-/// The address of games whose opponent has none, because they came as files. It reaches nobody.
-inline constexpr const char* unknownAddress = "unknown@tarvolenix.invalid";
 
 /// Finds the game of a claim, or founds it, saves it, and puts it on PendingGames where it brought
 /// something new, as NewMoveArrived then says; or sets the mail aside. Raises StoreFailure.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/retrieval.h"
 
+#include <algorithm>
 #include <exception>
 #include <optional>
 #include <string>
@@ -165,6 +166,19 @@ bool TakeMoveMails(Findings& findings, bool isTick) {
   return false;
 }
 
+/// They are in the Inbox still, and in no list.
+void TellOfDropped(const std::vector<MoveArrival>& arrivals) {
+  const auto count = std::count_if(arrivals.begin(), arrivals.end(),
+                                   [](const auto& arrival) { return arrival.isDropped; });
+  if (count == 0 || platform::Process().Stopping) return;
+  platform::ShowMessage(
+      platform::MailIcon, "Mails set aside",
+      "Very many mails wait for your answer, so " + std::to_string(count) +
+          " more were left in your Inbox.||Answer those under \"Mails set aside...\" in the File "
+          "menu, then select Retrieve games... from the File menu.",
+      "OK", {}, false, platform::AttentionSound);
+}
+
 /// A mail that the service couldn't read just now. Ticks meet it again by themselves.
 void TellOfMailLeftOut(const std::string& problem) {
   if (problem.empty() || platform::Process().Stopping) return;
@@ -202,6 +216,7 @@ std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
   process.NewMoveArrived = false;
   const bool ranThrough = TakeAll(fetchAll, !showStatus && !fetchAll, popup, findings);
   TellOfBadMails(findings.badMails, showStatus);
+  TellOfDropped(findings.arrivals);
   if (ranThrough && showStatus) TellOfMailLeftOut(findings.leftOut);
   if (ranThrough) {
     store::BackupDatabase();

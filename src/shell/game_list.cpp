@@ -13,6 +13,7 @@
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
+#include "shell/held_mail_questions.h"
 #include "shell/shut_down.h"
 #include "shell/tray_status.h"
 #include "store/queries.h"
@@ -122,6 +123,7 @@ void RetrieveFromGameList(bool import) {
     mail::LogonAndCollect(false, true, true);
   }
   UpdateTrayStatus(platform::TrayOperation::Modify);
+  AskAboutHeldMails(HeldMails::New);
 }
 
 void GameListOpened() {

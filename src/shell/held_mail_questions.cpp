@@ -114,8 +114,8 @@ void ReportFailure() {
                         false, platform::FailureSound);
 }
 
-/// False where the games or the held mails can't be read or written: that was told then.
-bool AskAbout(const mail::HeldMail& held, bool& broughtMoves) {
+/// Where the games or the held mail can't be read or written that is told, and the next one asked.
+void AskAbout(const mail::HeldMail& held, bool& broughtMoves) {
   try {
     switch (platform::TheDesktop().windows->AskAboutHeldMail(QuestionAbout(held))) {
       case HeldMailChoice::Accept:
@@ -128,10 +128,8 @@ bool AskAbout(const mail::HeldMail& held, bool& broughtMoves) {
         mail::PutOffHeldMail(held);
         break;
     }
-    return true;
   } catch (const std::exception&) {
     ReportFailure();
-    return false;
   }
 }
 
@@ -140,8 +138,12 @@ std::string QuestionOf(const mail::HeldMail& held) {
   return std::string(mail::NameOf(held.why)) + held.id;
 }
 
+/// Who wants to see all of them may also think better of what he refused.
 std::vector<mail::HeldMail> StillToAsk(HeldMails which, const std::set<std::string>& asked) {
   auto mails = mail::WaitingMails();
+  if (which == HeldMails::All) {
+    for (mail::HeldMail& refused : mail::RefusedMails()) mails.push_back(std::move(refused));
+  }
   std::erase_if(mails, [&](const mail::HeldMail& held) {
     const bool isUnwanted = which == HeldMails::New && held.state != mail::HeldState::New;
     return isUnwanted || asked.contains(QuestionOf(held));
@@ -171,7 +173,7 @@ bool AskAll(HeldMails which) {
       break;
     }
     asked.insert(QuestionOf(mails.front()));
-    if (!AskAbout(mails.front(), broughtMoves)) break;
+    AskAbout(mails.front(), broughtMoves);
   }
   return broughtMoves;
 }

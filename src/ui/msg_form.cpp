@@ -132,9 +132,9 @@ void MsgForm::ArrangeButtons() {
   const layouts::Rect& cancel = layouts::RectOf(layouts::msgForm, "CancelButton");
   const layouts::Rect& ok = layouts::RectOf(layouts::msgForm, "OkButton");
   const int gap = ok.x - cancel.Right();
-  const auto widthOf = [&ok](const QAbstractButton* button) {
+  const auto widthOf = [](const QAbstractButton* button) {
     const int text = button->fontMetrics().horizontalAdvance(button->text());
-    return std::max(ok.width, text + captionRoom);
+    return std::max(buttonWidth, text + captionRoom);
   };
   const int both = widthOf(ok_) + (cancel_ ? gap + widthOf(cancel_) : 0);
   int x = (cancel.x + ok.Right() - both) / 2;

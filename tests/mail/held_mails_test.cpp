@@ -108,9 +108,44 @@ TEST_F(HeldMails, AnAddressIsAskedAboutOnce) {
   EXPECT_TRUE(Retrieve().back().ok);
 }
 
+TEST_F(HeldMails, WhatWasTakenOnceIsDoneWith) {
+  Arrives(Changed(FromAnna(1), "1|5254", "7|5254"), "Tarvolenix : x", anna);
+  EXPECT_EQ(Retrieve().at(0).why, Objection::Form);
+  const HeldMail asked = WaitingMails().at(0);
+  EXPECT_TRUE(AcceptHeldMail(asked).changed);
+  const std::string begun = GameFile();
+  EXPECT_TRUE(RetrieveMoveMails(false, true).at(0).ok);
+  EXPECT_TRUE(desktop.mail.inbox.empty());
+  EXPECT_THROW(AcceptHeldMail(asked), StoreFailure) << "answered meanwhile";
+  EXPECT_EQ(GameFile(), begun);
+}
+
+TEST_F(HeldMails, OnlyItsOwnAddressSpeaksForAGame) {
+  const struct {
+    const char* name;
+    std::string stored;
+    std::string mail;
+    const char* from;
+    Objection why;
+  } rows[] = {
+      {"placeholder of an imported game", Copy(1, unknownAddress), FromAnna(2, 12), unknownAddress,
+       Objection::Address},
+      {"game that ended before it was opened", Changed(Copy(2, anna, 1), "e5", "0-1"),
+       Changed(FromAnna(3, 12), "e5", "0-1"), anna, Objection::Ended},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    GameFile() = row.stored;
+    Arrives(row.mail, "Tarvolenix : x", row.from);
+    EXPECT_EQ(Retrieve().back().why, row.why);
+    EXPECT_EQ(GameFile(), row.stored);
+  }
+}
+
 TEST_F(HeldMails, StrangersBeginFewGamesAnHour) {
   const auto invite = [this](int number, const char* from) {
-    Arrives(Changed(FromAnna(1), "7|", std::to_string(number) + "|"), "Tarvolenix : x", from);
+    std::string body = Changed(FromAnna(1), "7|", std::to_string(number) + "|");
+    Arrives(Changed(body, "|\r\nFalse", "|\r\nTrue"), "Tarvolenix : x", from);
     return Retrieve().back().why;
   };
   for (int number = 1; number <= mostNewGames; ++number) {
@@ -119,7 +154,10 @@ TEST_F(HeldMails, StrangersBeginFewGamesAnHour) {
   EXPECT_EQ(invite(50, "other@example.net"), Objection::Flood);
   desktop.clock.seconds += 3600;
   EXPECT_EQ(invite(51, stranger), Objection::None);
-  EXPECT_TRUE(AcceptHeldMail(WaitingMails().at(0)).changed);
+  const HeldMail late = WaitingMails().at(0);
+  RetrieveMoveMails(false, true);
+  EXPECT_TRUE(WaitingMails().empty()) << "its mail was taken when there was room";
+  EXPECT_THROW(AcceptHeldMail(late), StoreFailure);
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ TEST_F(MoveFiles, UserImportsASavedMail) {
   EXPECT_EQ(Process().PendingGames, "7;");
   EXPECT_TRUE(desktop.files.content.contains("/home/anna/mail.eml"));
   EXPECT_EQ(GameFile(), Line("7|090320260805|12|Sunday game|09/03/2026|"
-                             "unknown@tarvolenix.invalid|Anna|Bernd|-1|Unknown|1|0|",
+                             "bernd@example.org|Anna|Bernd|-1|Bernd|1|0|",
                              2));
 }
 

@@ -57,7 +57,7 @@ std::string ProgramFolder() {
 }
 
 std::string DataFolderFor(const std::string& programFolder) {
-  const std::string own = WithSlash(programFolder);
+  std::string own = WithSlash(programFolder);
   if (::access(own.c_str(), W_OK) == 0) return own;
   const bool isClosed =
       errno == EACCES || errno == EPERM || errno == EROFS || errno == ENOENT || errno == ENOTDIR;

@@ -2,7 +2,7 @@
 // Settings files that people, other programs and accidents have written: whatever can be read can
 // be stored elsewhere too, and all other values stay as they are.
 #include "desktop/ini_settings.h"
-#include "desktop/temporary_folder.h"
+#include "fakes/memory_files.h"
 #include "fuzz/fuzz.h"
 
 namespace {
@@ -18,10 +18,15 @@ std::vector<std::optional<std::string>> Values(desktop::IniSettings& settings,
 }  // namespace
 
 void TryInput(std::string_view input) {
-  static const TemporaryFolder folder;
-  WriteFile(folder / "settings.ini", std::string(input));
-  desktop::IniSettings settings(folder / "settings.ini");
-  const std::vector<std::string> groups = settings.Groups();
+  fakes::MemoryFiles files;
+  files.content["/settings.ini"] = input;
+  desktop::IniSettings settings(files, "/settings.ini");
+  std::vector<std::string> groups;
+  try {
+    groups = settings.Groups();
+  } catch (const platform::SettingsError&) {
+    return;  // what is damaged isn't written over
+  }
   const auto values = Values(settings, groups);
   for (const auto& value : values) {
     if (!value) continue;

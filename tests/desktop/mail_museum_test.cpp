@@ -215,7 +215,7 @@ void Check(const Refused& refused, const std::string& mail) {
   EXPECT_EQ(reader.Files(), (std::map<std::string, std::string>{{"cur/1.mail:2,S", mail}}));
   ASSERT_EQ(reader.desktop.boxes.messages.size(), 1U);
   const std::string stage = "Validation progress : " + std::to_string(refused.stage) + ".";
-  EXPECT_TRUE(reader.desktop.LastMessage().second.ends_with(stage))
+  EXPECT_NE(reader.desktop.LastMessage().second.find(stage), std::string::npos)
       << reader.desktop.LastMessage().second;
 }
 

@@ -36,8 +36,8 @@ class MAPISession {
   virtual long SessionID() = 0;  ///< above 0 while signed on
   virtual void SignOff() = 0;
 
-  /// Why the last logon, look, flush or delivery failed, or which mail a look had to leave out, as a
-  /// sentence for the user; blank where all went well.
+  /// Why the last logon, look, flush or delivery failed, or which mail a look had to leave out, as
+  /// a sentence for the user; blank where all went well.
   virtual std::string LastProblem() = 0;
 };
 

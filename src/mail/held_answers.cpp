@@ -12,27 +12,32 @@
 namespace mail {
 namespace {
 
-/// Both addresses are the opponent's from now on: he may still write from the old one. The answers
-/// go to the new one.
-void AcceptAddress(const HeldMail& held, store::GameRecord game) {
+/// Both addresses are the opponent's from now on: he may still write from the old one.
+void AcceptAddress(const HeldMail& held, const store::GameRecord& game) {
   MailMemory memory = LoadMailMemory();
   memory.Remember(held.mail.address, game, true);
   if (game.GAME_OPPONENTS_EMAIL != unknownAddress) {
     memory.Remember(game.GAME_OPPONENTS_EMAIL, game, true);
   }
   SaveMailMemory(memory);
-  game.GAME_OPPONENTS_EMAIL = held.mail.address;
+}
+
+/// The answers go to his new address also while his moves wait for another question.
+void SendAnswersTo(const std::string& address, store::GameRecord game) {
+  game.GAME_OPPONENTS_EMAIL = address;
   if (!store::SaveGame(game, {})) throw StoreFailure("the game can't be saved");
 }
 
-void Take(HeldMail& held, const Claim& claim, bool replaces, MoveArrival& arrival) {
-  SaveClaim(claim, held.mail, replaces, arrival);
-  Release(held);
+void Take(HeldMail& held, const Claim& claim, Consent consent, MoveArrival& arrival) {
+  SaveClaim(claim, held.mail, consent, arrival);
+  SetState(held, HeldState::Taken);
 }
 
 /// Takes the mail where nothing else speaks against it; else it waits for that reason.
-void TakeUnless(Objection objection, HeldMail& held, const HeldClaim& what, MoveArrival& arrival) {
-  if (objection == Objection::None) return Take(held, what.claim, false, arrival);
+void TakeUnless(Objection objection, HeldMail& held, const HeldClaim& what, Consent consent,
+                MoveArrival& arrival) {
+  if (objection == Objection::None) return Take(held, what.claim, consent, arrival);
+  if (consent == Consent::Sender) SendAnswersTo(held.mail.address, what.game->record);
   HoldFor(held, objection);
   arrival.why = objection;
   arrival.held = held.id;
@@ -42,7 +47,7 @@ void TakeUnless(Objection objection, HeldMail& held, const HeldClaim& what, Move
 void TakeByHistory(HeldMail& held, MoveArrival& arrival) {
   const HeldClaim what = ClaimOf(held);
   TakeUnless(what.game ? ObjectionToHistory(what.claim, *what.game) : Objection::None, held, what,
-             arrival);
+             Consent::Sender, arrival);
 }
 
 /// An invitation may have become a game meanwhile, with moves of its own and another opponent.
@@ -51,7 +56,7 @@ void TakeInvitation(HeldMail& held, MoveArrival& arrival) {
   const auto objection = [&] {
     return ObjectionTo(what.claim, held.mail, *what.game, LoadMailMemory());
   };
-  TakeUnless(what.game ? objection() : Objection::None, held, what, arrival);
+  TakeUnless(what.game ? objection() : Objection::None, held, what, Consent::None, arrival);
 }
 
 /// What else waits for the user to know this address.
@@ -116,7 +121,7 @@ MoveArrival AcceptHeldMail(const HeldMail& asked) {
     HeldMail held = AsItStands(asked);
     const HeldClaim what = ClaimOf(held);
     if (held.why == Objection::History || held.why == Objection::Ended) {
-      return Take(held, what.claim, true, arrival);
+      return Take(held, what.claim, Consent::History, arrival);
     }
     if (held.why != Objection::Address || !what.game) return TakeInvitation(held, arrival);
     AcceptAddress(held, what.game->record);

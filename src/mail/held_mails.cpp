@@ -182,10 +182,4 @@ void HoldFor(HeldMail& mail, Objection why) {
   Write(mail);
 }
 
-void Release(HeldMail& mail) {
-  SetState(mail, HeldState::Taken);
-  mail.mail.text.clear();
-  Write(mail);
-}
-
 }  // namespace mail

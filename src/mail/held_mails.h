@@ -71,7 +71,4 @@ void SetState(HeldMail& mail, HeldState state);
 /// Keeps the mail with another reason; it is new again.
 void HoldFor(HeldMail& mail, Objection why);
 
-/// The mail was taken: what it said is given up, and that it was is kept.
-void Release(HeldMail& mail);
-
 }  // namespace mail

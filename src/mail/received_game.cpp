@@ -72,14 +72,15 @@ void TakeSender(const Claim& claim, const ReceivedMail& mail, bool bringsMoves,
 
 /// `known` is the stored game, where there is one.
 void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<StoredGame>& known,
-          bool replaces, MoveArrival& arrival) {
+          Consent consent, MoveArrival& arrival) {
   store::GameRecord game = known ? known->record : FoundedGame(claim, mail);
   if (game.GAME_WHITE_NAME.empty()) game.GAME_WHITE_NAME = claim.whiteName;
   const store::MoveRecords moves = Merged(claim, known ? known->moves : store::MoveRecords{});
-  TakeSender(claim, mail, !known || moves.size() > known->moves.size(), game);
+  const bool bringsMoves = !known || moves.size() > known->moves.size();
+  TakeSender(claim, mail, bringsMoves || consent == Consent::Sender, game);
   bool changed = true;
   bool saved = false;
-  if (known && replaces) {
+  if (known && consent == Consent::History) {
     SetStatusByTurn(game, moves);
     saved = store::ReplaceGame(game, moves);
   } else {
@@ -128,7 +129,7 @@ void Quietly(const Work& work) {
 void ReleaseHeld(const ReceivedMail& mail) {
   Quietly([&mail] {
     auto held = FindHeldMail(IdentifierOf(mail));
-    if (held && held->state != HeldState::Taken) Release(*held);
+    if (held && held->state != HeldState::Taken) SetState(*held, HeldState::Taken);
   });
 }
 
@@ -137,7 +138,7 @@ void TakeForGame(const Claim& claim, const ReceivedMail& mail, const StoredGame&
   const MailMemory memory = LoadMailMemory();
   const Objection objection = ObjectionTo(claim, mail, game, memory);
   if (objection == Objection::None) {
-    Save(claim, mail, game, false, arrival);
+    Save(claim, mail, game, Consent::None, arrival);
     return ReleaseHeld(mail);
   }
   // Whom the user has refused for this game isn't heard of again.
@@ -154,7 +155,7 @@ void TakeNewGame(const Claim& claim, const ReceivedMail& mail, MoveArrival& arri
   const auto foundings = memory.foundings;
   const Objection objection = ObjectionToNewGame(claim, mail, memory);
   if (objection != Objection::None) return SetAside(mail, objection, {}, arrival);
-  Save(claim, mail, {}, false, arrival);
+  Save(claim, mail, {}, Consent::None, arrival);
   if (memory.foundings != foundings) Quietly([&memory] { SaveMailMemory(memory); });
   ReleaseHeld(mail);
 }
@@ -171,8 +172,9 @@ void TakeClaim(const Claim& claim, const ReceivedMail& mail, MoveArrival& arriva
   });
 }
 
-void SaveClaim(const Claim& claim, const ReceivedMail& mail, bool replaces, MoveArrival& arrival) {
-  WithGamesLocked([&] { Save(claim, mail, FindGame(claim, mail), replaces, arrival); });
+void SaveClaim(const Claim& claim, const ReceivedMail& mail, Consent consent,
+               MoveArrival& arrival) {
+  WithGamesLocked([&] { Save(claim, mail, FindGame(claim, mail), consent, arrival); });
 }
 
 }  // namespace mail

@@ -30,8 +30,14 @@ struct MoveArrival {
 /// something new, as NewMoveArrived then says; or sets the mail aside. Raises StoreFailure.
 void TakeClaim(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival);
 
-/// Saves what a claim brings, with no more questions: its moves take the place of the stored ones
-/// where it `replaces` them. Raises StoreFailure.
-void SaveClaim(const Claim& claim, const ReceivedMail& mail, bool replaces, MoveArrival& arrival);
+/// What a person has said of a claim.
+enum class Consent {
+  None,     ///< nobody was asked
+  Sender,   ///< its sender is the opponent, also where it brings no move
+  History,  ///< its moves take the place of the stored ones
+};
+
+/// Saves what a claim brings, with no more questions. Raises StoreFailure.
+void SaveClaim(const Claim& claim, const ReceivedMail& mail, Consent consent, MoveArrival& arrival);
 
 }  // namespace mail

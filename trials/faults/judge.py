@@ -188,7 +188,8 @@ class Judge:
         perhaps = any(answer.get("state") == "perhaps" for answer in told.answers)
         stored, sent = self._is_stored(now), self._is_sent(now)
         if self.scenario.collects:
-            sent = self._has_tended_inbox(now)
+            # A mail that couldn't be looked at might have been a move: to say so is no lie.
+            sent = self._has_tended_inbox(now) and "can't be read" not in told.error
         elif self.scenario.plays and stored != any("text" in answer for answer in told.answers):
             is_it = "is" if stored else "isn't"
             self._find("untrue", f"{told.answers}, but the move {is_it} stored")

@@ -62,7 +62,7 @@ bool GetLogonStatus() {
 }
 
 std::string MendSettings() {
-  const std::string told = TheDesktop().settings->Mend();
+  std::string told = TheDesktop().settings->Mend();
   // The state before the latest change is mostly that of a logon, which has long come back.
   if (!told.empty()) SetLogonStatus(false);
   return told;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/repair.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <exception>
 #include <set>
@@ -41,10 +42,10 @@ void Judge(Line& line) {
 /// Of two lines of one game the later one was saved later.
 void JudgeRepeatedGames(std::vector<Line>& lines) {
   std::set<std::int32_t> seen;
-  for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-    if (!line->why.empty() || seen.insert(line->gameID).second) continue;
-    line->why = "its game " + std::to_string(line->gameID) + " stands once more further down";
-  }
+  std::for_each(lines.rbegin(), lines.rend(), [&seen](Line& line) {
+    if (!line.why.empty() || seen.insert(line.gameID).second) return;
+    line.why = "its game " + std::to_string(line.gameID) + " stands once more further down";
+  });
 }
 
 /// A file's content, the good apart from the bad.

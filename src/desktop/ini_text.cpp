@@ -206,7 +206,7 @@ std::optional<IniText::Line> IniText::ReadLine(std::string_view line, const std:
 
 std::optional<IniText> IniText::Read(std::string_view content) {
   if (content.find('\0') != std::string_view::npos) return std::nullopt;
-  if (content.starts_with(byteOrderMark)) content.remove_prefix(byteOrderMark.size());
+  while (content.starts_with(byteOrderMark)) content.remove_prefix(byteOrderMark.size());
   IniText ini;
   if (content.find("\r\n") != std::string_view::npos) ini.lineEnd_ = "\r\n";
   std::string group;

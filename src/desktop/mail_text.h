@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/mail_transport.h"
+#include "desktop/mails.h"
 
 namespace desktop {
 

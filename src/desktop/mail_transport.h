@@ -9,35 +9,12 @@
 #include <vector>
 
 #include "desktop/mail_account.h"
+#include "desktop/mails.h"
 
 namespace desktop {
 
-struct Mailbox {
-  std::string name;
-  std::string address;
-};
-
-struct FetchedMail {
-  std::string id;  ///< finds the mail in its store, whatever happens to the others
-  std::string subject;
-  std::string name;     ///< the sender's
-  std::string address;  ///< the sender's
-  std::string text;     ///< plain text, UTF-8
-  bool read = false;
-
-  /// About the bytes of memory that it takes.
-  std::size_t Size() const { return subject.size() + name.size() + address.size() + text.size(); }
-};
-
 /// A look brings no more mails when it has brought as many bytes.
 inline constexpr std::size_t greatestLook = 64u << 20;
-
-struct OutgoingMail {
-  Mailbox from;
-  std::vector<Mailbox> to;
-  std::string subject;
-  std::string text;
-};
 
 class MailTransport {
  public:

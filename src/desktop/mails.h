@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A mail that came and a mail that goes, as the program sees them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace desktop {
+
+struct Mailbox {
+  std::string name;
+  std::string address;
+};
+
+struct FetchedMail {
+  std::string id;  ///< finds the mail in its store, whatever happens to the others
+  std::string subject;
+  std::string name;     ///< the sender's
+  std::string address;  ///< the sender's
+  std::string text;     ///< plain text, UTF-8
+  bool read = false;
+
+  /// About the bytes of memory that it takes.
+  std::size_t Size() const { return subject.size() + name.size() + address.size() + text.size(); }
+};
+
+struct OutgoingMail {
+  Mailbox from;
+  std::vector<Mailbox> to;
+  std::string subject;
+  std::string text;
+};
+
+}  // namespace desktop

@@ -3,6 +3,7 @@
 
 #include "platform/desktop.h"
 #include "shell/notification.h"
+#include "shell/shut_down.h"
 #include "shell/tray_status.h"
 
 namespace shell {
@@ -11,6 +12,7 @@ void FillHooks() {
   platform::ShellHooks& hooks = platform::TheDesktop().hooks;
   hooks.updateTrayStatus = [] { UpdateTrayStatus(platform::TrayOperation::Modify); };
   hooks.notifyNewMoves = NotifyNewMoves;
+  hooks.skinMissing = QuitForLackOf;
   hooks.removeTrayIcon = RemoveTrayIcon;
   hooks.closeHelp = [] { platform::TheDesktop().help->CloseHelp(); };
 }

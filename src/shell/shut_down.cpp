@@ -53,6 +53,22 @@ void ShutdownProgram(bool save) {
   Windows().CloseAll();
 }
 
+void QuitForLackOf(const std::string& skinFile) {
+  {
+    const platform::PollingHold hold;
+    platform::TheDesktop().messageBoxes->PlainBox(
+        platform::PlainIcon::Stop, "Invalid skin file",
+        "Tarvolenix could not locate the following skin file and will now quit;\n\n" + skinFile);
+  }
+  Process().ShuttingDown = true;
+  const platform::ShellHooks& hooks = platform::TheDesktop().hooks;
+  platform::CallHook(hooks.removeTrayIcon);
+  mail::MailLogoff(false);
+  // They leave their usual closing work out now.
+  ShutdownProgram(false);
+  platform::CallHook(hooks.endProcess);
+}
+
 void AbortStart() {
   if (Process().Stopping) return;  // it was stopped in order meanwhile
   Process().ShuttingDown = true;

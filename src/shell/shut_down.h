@@ -3,6 +3,8 @@
 // hidden window that lives as long as the program does; what is called behind it does nothing.
 #pragma once
 
+#include <string>
+
 namespace shell {
 
 /// Backs up the games and stops: the user's Exit, and the end of his session.
@@ -16,6 +18,9 @@ void CloseSystemTray();
 
 /// The last step of every stop: saves the settings where asked, and closes all windows.
 void ShutdownProgram(bool save);
+
+/// Ends the program at once, whose windows can't be shown without the file. Nothing is saved.
+void QuitForLackOf(const std::string& skinFile);
 
 /// Gives up a start: nothing is saved, nobody is logged off.
 void AbortStart();

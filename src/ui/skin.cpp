@@ -12,14 +12,11 @@
 #include <utility>
 #include <vector>
 
-#include "mail/mail_session.h"
 #include "platform/desktop.h"
 #include "platform/messages.h"
-#include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
-#include "shell/shut_down.h"
 #include "ui/colour_chart.h"
 #include "ui/picture_file.h"
 #include "ui/skin_table.h"
@@ -106,26 +103,13 @@ SkinPictures ReadSkin(const SkinRow& row) {
   return pictures;
 }
 
-/// Ends the program, whose windows can't be shown. Messages that come up meanwhile would lack their
-/// skin too, so this happens once.
-void QuitForLackOf(std::string_view background) {
-  static bool quitting = false;
-  if (std::exchange(quitting, true)) return;
-  {
-    const platform::PollingHold hold;
-    platform::TheDesktop().messageBoxes->PlainBox(
-        platform::PlainIcon::Stop, "Invalid skin file",
-        "Tarvolenix could not locate the following skin file and will now quit;\n\n" +
-            SkinPath(background));
-  }
-  Process().ShuttingDown = true;
-  const platform::ShellHooks& hooks = platform::TheDesktop().hooks;
-  platform::CallHook(hooks.removeTrayIcon);
-  mail::MailLogoff(false);
-  // They leave their usual closing work out now: nothing is saved.
-  shell::ShutdownProgram(false);
-  platform::CallHook(hooks.endProcess);
-  quitting = false;
+/// Messages that come up while the program ends would lack their skin too, so this happens once.
+void TellOfLackOf(std::string_view background) {
+  static bool telling = false;
+  const auto& skinMissing = platform::TheDesktop().hooks.skinMissing;
+  if (!skinMissing || std::exchange(telling, true)) return;
+  skinMissing(SkinPath(background));
+  telling = false;
 }
 
 /// What the row asks of the skin; nothing where it failed, and the user was told.
@@ -135,7 +119,7 @@ std::optional<SkinPictures> Load(const SkinRow& row) {
     if (!pictures.strips.empty()) Process().RefreshButtonsPending = true;
     return pictures;
   } catch (const std::exception&) {
-    QuitForLackOf(row.background);
+    TellOfLackOf(row.background);
     return std::nullopt;
   }
 }

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "platform/text_fields.h"
+#include "shell/shut_down.h"
 #include "ui/layouts/all_windows.h"
 #include "ui/layouts/strips.h"
 #include "ui/skin.h"
@@ -36,6 +37,7 @@ class SkinTest : public testing::Test {
  protected:
   SkinTest() {
     Process().ProgramFolder = folder_.path().toStdString() + "/";
+    platform::TheDesktop().hooks.skinMissing = shell::QuitForLackOf;
     platform::Settings().NotificationTimeout = 0;
     for (const int skin : {0, 1}) {
       platform::Settings().Skin = NameOf(skin);

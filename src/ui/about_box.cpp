@@ -14,7 +14,7 @@
 #include "ui/layouts/about_box.h"
 #include "ui/look.h"
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -18,15 +18,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/dialog_button.h"
-#include "ui/form_rows.h"
 #include "ui/help_key.h"
-#include "ui/outcome_line.h"
-#include "ui/pointers.h"
-#include "ui/scrolling_page.h"
 #include "ui/server_fields.h"
-#include "ui/shown_text.h"
-#include "ui/typed_text.h"
+#include "widgets/dialog_button.h"
+#include "widgets/form_rows.h"
+#include "widgets/outcome_line.h"
+#include "widgets/pointers.h"
+#include "widgets/scrolling_page.h"
+#include "widgets/shown_text.h"
+#include "widgets/typed_text.h"
 
 namespace ui {
 

@@ -15,14 +15,14 @@
 #include <exception>
 
 #include "platform/messages.h"
-#include "ui/dialog_button.h"
 #include "ui/help_key.h"
-#include "ui/outcome_line.h"
 #include "ui/person_dialog.h"
-#include "ui/pointers.h"
-#include "ui/row_table.h"
-#include "ui/shown_text.h"
-#include "ui/typed_text.h"
+#include "widgets/dialog_button.h"
+#include "widgets/outcome_line.h"
+#include "widgets/pointers.h"
+#include "widgets/row_table.h"
+#include "widgets/shown_text.h"
+#include "widgets/typed_text.h"
 
 namespace ui {
 

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "board/board.h"
-#include "ui/indexed_menu.h"
+#include "widgets/indexed_menu.h"
 
 namespace ui {
 

@@ -21,8 +21,6 @@
 #include "ui/board_menus.h"
 #include "ui/board_toolbar.h"
 #include "ui/comment_box.h"
-#include "ui/cut_text.h"
-#include "ui/disabled_window.h"
 #include "ui/exchange_pawn.h"
 #include "ui/floating_piece.h"
 #include "ui/layouts/board.h"
@@ -30,15 +28,17 @@
 #include "ui/move_list_table.h"
 #include "ui/piece_hand.h"
 #include "ui/piece_palette.h"
-#include "ui/plain_text_view.h"
 #include "ui/program_pictures.h"
 #include "ui/search_display.h"
 #include "ui/setup_hand.h"
 #include "ui/setup_warning.h"
-#include "ui/shown_text.h"
 #include "ui/system_button.h"
 #include "ui/trash.h"
 #include "ui/window_skin.h"
+#include "widgets/cut_text.h"
+#include "widgets/disabled_window.h"
+#include "widgets/plain_text_view.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

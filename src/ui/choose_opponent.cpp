@@ -7,9 +7,9 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "ui/cut_text.h"
 #include "ui/layouts/choose_opponent.h"
 #include "ui/look.h"
+#include "widgets/cut_text.h"
 
 namespace ui {
 

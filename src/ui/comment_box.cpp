@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-#include "ui/typed_text.h"
+#include "widgets/typed_text.h"
 
 namespace ui {
 

@@ -7,7 +7,7 @@
 #include "ui/help_key.h"
 #include "ui/layouts/credits.h"
 #include "ui/look.h"
-#include "ui/rising_text.h"
+#include "widgets/rising_text.h"
 
 namespace ui {
 

@@ -20,17 +20,17 @@
 #include "shell/playing.h"
 #include "shell/tray_status.h"
 #include "store/repair.h"
-#include "ui/disabled_window.h"
 #include "ui/game_list_grid.h"
 #include "ui/game_list_model.h"
 #include "ui/layouts/game_interface.h"
 #include "ui/look.h"
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
 #include "ui/strip_button.h"
 #include "ui/system_button.h"
 #include "ui/window_region.h"
 #include "ui/window_skin.h"
+#include "widgets/disabled_window.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -10,11 +10,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/cut_text.h"
 #include "ui/game_list_heading.h"
 #include "ui/game_list_model.h"
-#include "ui/row_table.h"
 #include "ui/window_region.h"
+#include "widgets/cut_text.h"
+#include "widgets/row_table.h"
 
 namespace ui {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -11,14 +11,14 @@
 
 #include <algorithm>
 
-#include "ui/front_window.h"
 #include "ui/help_key.h"
 #include "ui/layouts/held_mail_form.h"
 #include "ui/move_comparison.h"
-#include "ui/plain_text_view.h"
-#include "ui/pointers.h"
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
+#include "widgets/front_window.h"
+#include "widgets/plain_text_view.h"
+#include "widgets/pointers.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

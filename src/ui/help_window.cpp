@@ -21,9 +21,9 @@
 
 #include "platform/messages.h"
 #include "platform/process_state.h"
-#include "ui/front_window.h"
 #include "ui/help_text.h"
-#include "ui/shown_text.h"
+#include "widgets/front_window.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

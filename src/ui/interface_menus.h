@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "ui/indexed_menu.h"
+#include "widgets/indexed_menu.h"
 
 namespace ui {
 

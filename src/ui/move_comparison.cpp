@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/windows.h"
-#include "ui/row_table.h"
+#include "widgets/row_table.h"
 
 namespace ui {
 

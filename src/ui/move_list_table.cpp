@@ -3,7 +3,7 @@
 
 #include <QHeaderView>
 
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

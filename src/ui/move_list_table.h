@@ -4,7 +4,7 @@
 #pragma once
 
 #include "board/move_list.h"
-#include "ui/row_table.h"
+#include "widgets/row_table.h"
 
 namespace ui {
 

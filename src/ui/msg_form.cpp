@@ -13,10 +13,10 @@
 
 #include "ui/layouts/msg_form.h"
 #include "ui/look.h"
-#include "ui/plain_text_view.h"
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
 #include "ui/system_button.h"
+#include "widgets/plain_text_view.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

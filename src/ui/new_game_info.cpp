@@ -20,9 +20,9 @@
 #include "ui/choose_opponent.h"
 #include "ui/layouts/new_game_info.h"
 #include "ui/look.h"
-#include "ui/shown_text.h"
 #include "ui/system_button.h"
-#include "ui/typed_text.h"
+#include "widgets/shown_text.h"
+#include "widgets/typed_text.h"
 
 namespace ui {
 

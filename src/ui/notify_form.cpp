@@ -13,15 +13,15 @@
 
 #include "mail/character_count.h"
 #include "platform/setting_variables.h"
-#include "ui/cut_text.h"
-#include "ui/front_window.h"
 #include "ui/help_key.h"
 #include "ui/layouts/notify_form.h"
 #include "ui/look.h"
-#include "ui/plain_text_view.h"
-#include "ui/pointers.h"
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
+#include "widgets/cut_text.h"
+#include "widgets/front_window.h"
+#include "widgets/plain_text_view.h"
+#include "widgets/pointers.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -12,12 +12,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/dialog_button.h"
-#include "ui/form_rows.h"
 #include "ui/help_key.h"
-#include "ui/outcome_line.h"
-#include "ui/shown_text.h"
-#include "ui/typed_text.h"
+#include "widgets/dialog_button.h"
+#include "widgets/form_rows.h"
+#include "widgets/outcome_line.h"
+#include "widgets/shown_text.h"
+#include "widgets/typed_text.h"
 
 namespace ui {
 

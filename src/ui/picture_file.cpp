@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "platform/messages.h"
 #include "platform/process_state.h"
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

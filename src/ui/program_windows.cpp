@@ -15,14 +15,14 @@
 #include "shell/playing.h"
 #include "shell/start_up.h"
 #include "ui/about_box.h"
-#include "ui/front_window.h"
 #include "ui/held_mail_form.h"
 #include "ui/interface_menus.h"
 #include "ui/notify_form.h"
-#include "ui/pointers.h"
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
 #include "ui/skin.h"
+#include "widgets/front_window.h"
+#include "widgets/pointers.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -4,10 +4,10 @@
 #include <QApplication>
 #include <QMessageBox>
 
-#include "ui/cut_text.h"
 #include "ui/msg_form.h"
-#include "ui/pointers.h"
-#include "ui/shown_text.h"
+#include "widgets/cut_text.h"
+#include "widgets/pointers.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

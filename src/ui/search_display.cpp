@@ -12,7 +12,7 @@
 
 #include "platform/setting_variables.h"
 #include "ui/look.h"
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

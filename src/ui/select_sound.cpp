@@ -16,12 +16,12 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
-#include "ui/cut_text.h"
-#include "ui/folder_list.h"
 #include "ui/layouts/select_sound.h"
 #include "ui/look.h"
-#include "ui/shown_text.h"
 #include "ui/system_button.h"
+#include "widgets/cut_text.h"
+#include "widgets/folder_list.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -9,9 +9,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/form_rows.h"
-#include "ui/shown_text.h"
-#include "ui/typed_text.h"
+#include "widgets/form_rows.h"
+#include "widgets/shown_text.h"
+#include "widgets/typed_text.h"
 
 namespace ui {
 

@@ -14,8 +14,8 @@
 #include "ui/help_key.h"
 #include "ui/layouts/setup_warning.h"
 #include "ui/look.h"
-#include "ui/plain_text_view.h"
 #include "ui/program_pictures.h"
+#include "widgets/plain_text_view.h"
 
 namespace ui {
 

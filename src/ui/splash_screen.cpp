@@ -13,7 +13,7 @@
 #include "platform/process_state.h"
 #include "ui/layouts/splash_screen.h"
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -16,10 +16,10 @@
 #include "shell/start_up.h"
 #include "shell/tray_status.h"
 #include "store/queries.h"
-#include "ui/front_window.h"
-#include "ui/pointers.h"
 #include "ui/select_sound.h"
 #include "ui/welcome.h"
+#include "widgets/front_window.h"
+#include "widgets/pointers.h"
 
 namespace ui {
 

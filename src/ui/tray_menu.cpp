@@ -8,8 +8,8 @@
 #include "platform/process_state.h"
 #include "shell/tray_games.h"
 #include "shell/tray_status.h"
-#include "ui/front_window.h"
-#include "ui/shown_text.h"
+#include "widgets/front_window.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/messages.h"
-#include "ui/front_window.h"
+#include "widgets/front_window.h"
 
 namespace ui {
 

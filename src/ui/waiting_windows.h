@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "ui/disabled_window.h"
+#include "widgets/disabled_window.h"
 
 namespace ui {
 

@@ -16,8 +16,8 @@
 #include "platform/setting_variables.h"
 #include "ui/help_key.h"
 #include "ui/program_pictures.h"
-#include "ui/shown_text.h"
-#include "ui/way_button.h"
+#include "widgets/shown_text.h"
+#include "widgets/way_button.h"
 
 namespace ui {
 

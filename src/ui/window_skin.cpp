@@ -14,10 +14,10 @@
 
 #include "platform/text_fields.h"
 #include "ui/layouts/strips.h"
-#include "ui/plain_text_view.h"
 #include "ui/skin_button.h"
 #include "ui/skin_table.h"
 #include "ui/window_region.h"
+#include "widgets/plain_text_view.h"
 
 namespace ui {
 

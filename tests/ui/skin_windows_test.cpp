@@ -21,13 +21,13 @@
 #include "ui/exchange_pawn.h"
 #include "ui/move_list_table.h"
 #include "ui/msg_form.h"
-#include "ui/plain_text_view.h"
 #include "ui/setup_warning.h"
 #include "ui/status_window.h"
 #include "ui/strip_button.h"
 #include "ui/system_button.h"
 #include "ui/system_tray.h"
 #include "ui/window_region.h"
+#include "widgets/plain_text_view.h"
 
 namespace ui {
 namespace {

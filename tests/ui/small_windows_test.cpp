@@ -11,9 +11,9 @@
 #include "ui/credits.h"
 #include "ui/held_mail_form.h"
 #include "ui/notify_form.h"
-#include "ui/rising_text.h"
 #include "ui/splash_screen.h"
 #include "ui/welcome.h"
+#include "widgets/rising_text.h"
 
 namespace ui {
 namespace {

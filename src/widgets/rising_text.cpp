@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/rising_text.h"
+#include "widgets/rising_text.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/cut_text.h"
+#include "widgets/cut_text.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -9,7 +9,7 @@
 #include <QToolTip>
 
 #include "platform/setting_variables.h"
-#include "ui/typed_text.h"
+#include "widgets/typed_text.h"
 
 namespace ui {
 

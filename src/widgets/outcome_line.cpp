@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/outcome_line.h"
+#include "widgets/outcome_line.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -7,7 +7,7 @@
 #include <QPainterPath>
 #include <QProgressBar>
 
-#include "ui/plain_text_view.h"
+#include "widgets/plain_text_view.h"
 
 namespace ui {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/indexed_menu.h"
+#include "widgets/indexed_menu.h"
 
 #include <QString>
 

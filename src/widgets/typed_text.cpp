@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/typed_text.h"
+#include "widgets/typed_text.h"
 
 #include <QLineEdit>
 

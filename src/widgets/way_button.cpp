@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/way_button.h"
+#include "widgets/way_button.h"
 
 #include <QKeyEvent>
 #include <QPainter>

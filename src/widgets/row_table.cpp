@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/row_table.h"
+#include "widgets/row_table.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
 
-#include "ui/cut_text.h"
+#include "widgets/cut_text.h"
 
 namespace ui {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/folder_list.h"
+#include "widgets/folder_list.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QStyle>
 
-#include "ui/shown_text.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/form_rows.h"
+#include "widgets/form_rows.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

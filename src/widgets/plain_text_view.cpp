@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/plain_text_view.h"
+#include "widgets/plain_text_view.h"
 
 #include <QScrollBar>
 #include <QTextDocument>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/front_window.h"
+#include "widgets/front_window.h"
 
 #include <QApplication>
 #include <QLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/scrolling_page.h"
+#include "widgets/scrolling_page.h"
 
 #include <QEvent>
 #include <QLayout>

@@ -9,12 +9,12 @@
 #include "fakes/fake_desktop.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
+#include "skin/skin.h"
 #include "store/saving.h"
 #include "ui/board_window.h"
 #include "ui/chess_graphics.h"
 #include "ui/exchange_pawn.h"
 #include "ui/msg_form.h"
-#include "ui/skin.h"
 #include "ui/status_window.h"
 
 namespace {

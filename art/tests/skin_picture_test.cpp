@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "lightness.h"
-#include "ui/layouts/all_windows.h"
-#include "ui/layouts/outlines.h"
-#include "ui/layouts/strips.h"
-#include "ui/skin_table.h"
+#include "skin/layouts/all_windows.h"
+#include "skin/layouts/outlines.h"
+#include "skin/layouts/strips.h"
+#include "skin/skin_table.h"
 
 using namespace Qt::StringLiterals;
 

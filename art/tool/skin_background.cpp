@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "skin_background.h"
 
+#include "skin/layouts/board_layout.h"
+#include "skin/layouts/outlines.h"
 #include "skin_surface.h"
-#include "ui/layouts/board.h"
-#include "ui/layouts/outlines.h"
 
 namespace art {
 

@@ -4,8 +4,8 @@
 
 #include <QImage>
 
+#include "skin/layouts/layout.h"
 #include "skin_parameters.h"
-#include "ui/layouts/layout.h"
 
 namespace art {
 

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "saved_picture.h"
+#include "skin/layouts/all_windows.h"
+#include "skin/skin_table.h"
 #include "skin_background.h"
 #include "skin_chart.h"
 #include "skin_strip.h"
-#include "ui/layouts/all_windows.h"
-#include "ui/skin_table.h"
 
 namespace art {
 

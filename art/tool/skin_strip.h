@@ -5,8 +5,8 @@
 #include <QImage>
 #include <QString>
 
+#include "skin/layouts/strips.h"
 #include "skin_parameters.h"
-#include "ui/layouts/strips.h"
 
 namespace art {
 

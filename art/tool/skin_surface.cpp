@@ -8,7 +8,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "ui/layouts/strips.h"
+#include "skin/layouts/strips.h"
 
 namespace art {
 

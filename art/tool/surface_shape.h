@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "ui/layouts/outlines.h"
+#include "skin/layouts/outlines.h"
 
 namespace art {
 

@@ -26,8 +26,8 @@
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
 #include "shell/tray_status.h"
+#include "skin/program_pictures.h"
 #include "ui/address_book_dialog.h"
-#include "ui/program_pictures.h"
 
 namespace app {
 

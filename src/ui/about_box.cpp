@@ -9,11 +9,11 @@
 #include <QVBoxLayout>
 
 #include "platform/process_state.h"
+#include "skin/layouts/about_box_layout.h"
+#include "skin/look.h"
+#include "skin/program_pictures.h"
 #include "ui/credits.h"
 #include "ui/help_key.h"
-#include "ui/layouts/about_box.h"
-#include "ui/look.h"
-#include "ui/program_pictures.h"
 #include "widgets/shown_text.h"
 
 namespace ui {

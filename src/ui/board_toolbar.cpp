@@ -7,9 +7,9 @@
 #include <iterator>
 
 #include "platform/process_state.h"
-#include "ui/look.h"
-#include "ui/strip_button.h"
-#include "ui/window_skin.h"
+#include "skin/look.h"
+#include "skin/strip_button.h"
+#include "skin/window_skin.h"
 
 namespace ui {
 

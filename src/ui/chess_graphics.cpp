@@ -8,7 +8,7 @@
 
 #include "platform/messages.h"
 #include "platform/process_state.h"
-#include "ui/picture_file.h"
+#include "skin/picture_file.h"
 
 namespace ui {
 namespace {

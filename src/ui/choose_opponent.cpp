@@ -7,8 +7,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "ui/layouts/choose_opponent.h"
-#include "ui/look.h"
+#include "skin/layouts/choose_opponent_layout.h"
+#include "skin/look.h"
 #include "widgets/cut_text.h"
 
 namespace ui {

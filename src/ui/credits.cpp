@@ -4,9 +4,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "skin/layouts/credits_layout.h"
+#include "skin/look.h"
 #include "ui/help_key.h"
-#include "ui/layouts/credits.h"
-#include "ui/look.h"
 #include "widgets/rising_text.h"
 
 namespace ui {

@@ -8,10 +8,10 @@
 #include <QToolButton>
 
 #include "platform/process_state.h"
+#include "skin/layouts/exchange_pawn_layout.h"
+#include "skin/look.h"
+#include "skin/picture_button.h"
 #include "ui/help_key.h"
-#include "ui/layouts/exchange_pawn.h"
-#include "ui/look.h"
-#include "ui/picture_button.h"
 
 namespace ui {
 

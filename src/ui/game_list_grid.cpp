@@ -10,9 +10,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "skin/window_region.h"
 #include "ui/game_list_heading.h"
 #include "ui/game_list_model.h"
-#include "ui/window_region.h"
 #include "widgets/cut_text.h"
 #include "widgets/row_table.h"
 

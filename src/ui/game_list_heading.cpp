@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "ui/window_region.h"
+#include "skin/window_region.h"
 
 namespace ui {
 

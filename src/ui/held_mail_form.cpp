@@ -11,10 +11,10 @@
 
 #include <algorithm>
 
+#include "skin/layouts/held_mail_form_layout.h"
+#include "skin/program_pictures.h"
 #include "ui/help_key.h"
-#include "ui/layouts/held_mail_form.h"
 #include "ui/move_comparison.h"
-#include "ui/program_pictures.h"
 #include "widgets/front_window.h"
 #include "widgets/plain_text_view.h"
 #include "widgets/pointers.h"

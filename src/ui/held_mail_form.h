@@ -7,7 +7,7 @@
 #include <QDialog>
 
 #include "platform/windows.h"
-#include "ui/look.h"
+#include "skin/look.h"
 
 class QAbstractButton;
 class QLabel;

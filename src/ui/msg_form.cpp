@@ -11,10 +11,10 @@
 
 #include <algorithm>
 
-#include "ui/layouts/msg_form.h"
-#include "ui/look.h"
-#include "ui/program_pictures.h"
-#include "ui/system_button.h"
+#include "skin/layouts/msg_form_layout.h"
+#include "skin/look.h"
+#include "skin/program_pictures.h"
+#include "skin/system_button.h"
 #include "widgets/plain_text_view.h"
 #include "widgets/shown_text.h"
 

@@ -17,10 +17,10 @@
 #include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
+#include "skin/layouts/new_game_info_layout.h"
+#include "skin/look.h"
+#include "skin/system_button.h"
 #include "ui/choose_opponent.h"
-#include "ui/layouts/new_game_info.h"
-#include "ui/look.h"
-#include "ui/system_button.h"
 #include "widgets/shown_text.h"
 #include "widgets/typed_text.h"
 

@@ -13,10 +13,10 @@
 
 #include "mail/character_count.h"
 #include "platform/setting_variables.h"
+#include "skin/layouts/notify_form_layout.h"
+#include "skin/look.h"
+#include "skin/program_pictures.h"
 #include "ui/help_key.h"
-#include "ui/layouts/notify_form.h"
-#include "ui/look.h"
-#include "ui/program_pictures.h"
 #include "widgets/cut_text.h"
 #include "widgets/front_window.h"
 #include "widgets/plain_text_view.h"

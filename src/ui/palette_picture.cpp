@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "ui/skin_button.h"
+#include "skin/skin_button.h"
 
 namespace ui {
 

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "ui/look.h"
+#include "skin/look.h"
 #include "ui/palette_picture.h"
 
 namespace ui {

@@ -11,7 +11,7 @@
 #include <algorithm>
 
 #include "platform/setting_variables.h"
-#include "ui/look.h"
+#include "skin/look.h"
 #include "widgets/shown_text.h"
 
 namespace ui {

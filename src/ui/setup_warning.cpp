@@ -11,10 +11,10 @@
 #include <algorithm>
 
 #include "platform/messages.h"
+#include "skin/layouts/setup_warning_layout.h"
+#include "skin/look.h"
+#include "skin/program_pictures.h"
 #include "ui/help_key.h"
-#include "ui/layouts/setup_warning.h"
-#include "ui/look.h"
-#include "ui/program_pictures.h"
 #include "widgets/plain_text_view.h"
 
 namespace ui {

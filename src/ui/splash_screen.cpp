@@ -11,8 +11,8 @@
 
 #include "platform/desktop.h"
 #include "platform/process_state.h"
-#include "ui/layouts/splash_screen.h"
-#include "ui/program_pictures.h"
+#include "skin/layouts/splash_screen_layout.h"
+#include "skin/program_pictures.h"
 #include "widgets/shown_text.h"
 
 namespace ui {

@@ -5,8 +5,8 @@
 #include <QHBoxLayout>
 #include <QScreen>
 
-#include "ui/layouts/status_window.h"
-#include "ui/look.h"
+#include "skin/layouts/status_window_layout.h"
+#include "skin/look.h"
 
 namespace ui {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/look.h"
+#include "skin/look.h"
 
 namespace ui {
 

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "ui/program_pictures.h"
+#include "skin/program_pictures.h"
 #include "widgets/shown_text.h"
 
 namespace ui {

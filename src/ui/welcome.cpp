@@ -14,8 +14,8 @@
 
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
+#include "skin/program_pictures.h"
 #include "ui/help_key.h"
-#include "ui/program_pictures.h"
 #include "widgets/shown_text.h"
 #include "widgets/way_button.h"
 

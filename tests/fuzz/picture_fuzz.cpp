@@ -3,8 +3,8 @@
 // colours no further than it reaches.
 #include "desktop/temporary_folder.h"
 #include "fuzz/fuzz.h"
-#include "ui/colour_chart.h"
-#include "ui/picture_file.h"
+#include "skin/colour_chart.h"
+#include "skin/picture_file.h"
 
 void TryInput(std::string_view input) {
   static const TemporaryFolder folder;

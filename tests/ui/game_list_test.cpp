@@ -7,10 +7,10 @@
 #include <QRegularExpression>
 #include <QToolTip>
 
+#include "skin/layouts/game_interface_layout.h"
 #include "skin_fixture.h"
 #include "ui/game_interface.h"
 #include "ui/game_list_grid.h"
-#include "ui/layouts/game_interface.h"
 
 namespace ui {
 namespace {

@@ -11,12 +11,12 @@
 
 #include "platform/text_fields.h"
 #include "shell/shut_down.h"
-#include "ui/layouts/all_windows.h"
-#include "ui/layouts/strips.h"
-#include "ui/skin.h"
-#include "ui/skin_table.h"
-#include "ui/window_region.h"
-#include "ui/window_skin.h"
+#include "skin/layouts/all_windows.h"
+#include "skin/layouts/strips.h"
+#include "skin/skin.h"
+#include "skin/skin_table.h"
+#include "skin/window_region.h"
+#include "skin/window_skin.h"
 #include "ui_fixture.h"
 
 namespace ui {

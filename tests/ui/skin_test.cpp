@@ -3,12 +3,12 @@
 #include <functional>
 #include <utility>
 
+#include "skin/button_parts.h"
+#include "skin/colour_chart.h"
+#include "skin/layouts/outlines.h"
+#include "skin/system_button.h"
+#include "skin/window_region.h"
 #include "skin_fixture.h"
-#include "ui/button_parts.h"
-#include "ui/colour_chart.h"
-#include "ui/layouts/outlines.h"
-#include "ui/system_button.h"
-#include "ui/window_region.h"
 
 namespace ui {
 namespace {

@@ -15,6 +15,9 @@
 #include <utility>
 
 #include "shell/playing.h"
+#include "skin/strip_button.h"
+#include "skin/system_button.h"
+#include "skin/window_region.h"
 #include "skin_fixture.h"
 #include "ui/board_window.h"
 #include "ui/choose_opponent.h"
@@ -23,10 +26,7 @@
 #include "ui/msg_form.h"
 #include "ui/setup_warning.h"
 #include "ui/status_window.h"
-#include "ui/strip_button.h"
-#include "ui/system_button.h"
 #include "ui/system_tray.h"
-#include "ui/window_region.h"
 #include "widgets/plain_text_view.h"
 
 namespace ui {

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "skin/look.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+
+#include "skin/skin.h"
+#include "skin/system_button.h"
+#include "skin/window_skin.h"
+
+namespace ui {
+
+QAbstractButton* NewButton(QWidget& window, const ButtonTwins& twins, const QString& caption,
+                           const QString& plainCaption) {
+  if (!IsSimpleUI()) {
+    auto* button = new SystemButton(QLatin1StringView(twins.skinned), &window);
+    button->setText(caption);
+    return button;
+  }
+  auto* button = new QPushButton(plainCaption.isEmpty() ? caption : plainCaption, &window);
+  button->setObjectName(QLatin1StringView(twins.plain));
+  button->setAutoDefault(true);  // so that Enter presses it too
+  return button;
+}
+
+QHBoxLayout* NewButtonRow(std::initializer_list<QAbstractButton*> buttons) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addStretch();
+  for (QAbstractButton* button : buttons) {
+    button->setMinimumSize(96, 28);
+    row->addWidget(button);
+  }
+  return row;
+}
+
+bool TakeLook(QWidget& window, const layouts::Layout& layout,
+              const std::function<void()>& setSimpleUI) {
+  if (IsSimpleUI()) {
+    setSimpleUI();
+    return true;
+  }
+  new WindowSkin(window, layout);  // the window's own
+  return ApplySkin(window);
+}
+
+}  // namespace ui

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "skin/skin.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPointer>
+#include <QWindow>
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "platform/desktop.h"
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "platform/text_fields.h"
+#include "skin/colour_chart.h"
+#include "skin/picture_file.h"
+#include "skin/skin_table.h"
+#include "skin/system_button.h"
+#include "skin/window_region.h"
+#include "skin/window_skin.h"
+
+namespace ui {
+
+using platform::Process;
+
+namespace {
+
+std::string SkinPath(std::string_view file) {
+  return Process().ProgramFolder + "UI Graphics/" + platform::Settings().Skin + "/" +
+         std::string(file);
+}
+
+QImage ReadBackground(const SkinRow& row) {
+  QImage background = ReadPicture(SkinPath(row.background));
+  // The shape is the window's: a picture may be finer or somewhat coarser than it, but is none of
+  // the window where more than half of the pixels across are missing.
+  const QPointF needed = OutlinePolygon(row.window).boundingRect().bottomRight() / 2;
+  if (background.width() < needed.x() || background.height() < needed.y()) {
+    throw PictureError(SkinPath(row.background));
+  }
+  return background;
+}
+
+/// Each cell needs a pixel at least.
+QImage ReadStrip(std::string_view file, const layouts::Strip& shape) {
+  QImage strip = ReadPicture(SkinPath(file));
+  if (strip.width() < shape.columns || strip.height() < shape.rows) {
+    throw PictureError(SkinPath(file));
+  }
+  return strip;
+}
+
+/// The colours of a chart, one entry for each control of the list.
+template <typename Read>
+auto ReadChart(std::string_view file, std::string_view controls, Read read) {
+  std::vector<decltype(read(QImage(), 1))> colours;
+  if (file.empty()) return colours;
+  const QImage chart = ReadPicture(SkinPath(file));
+  const int rows = platform::CountFields(controls, ';');
+  for (int row = 1; row <= rows; ++row) colours.push_back(read(chart, row));
+  return colours;
+}
+
+QColor FirstColumn(const QImage& chart, int row) { return SkinColour(chart, 1, row); }
+
+FieldColours ReadField(const QImage& chart, int row) {
+  return {SkinColour(chart, 1, row), SkinColour(chart, 2, row)};
+}
+
+GridColours ReadGrid(const QImage& chart, int row) {
+  return {SkinColour(chart, 1, row), SkinColour(chart, 2, row), SkinColour(chart, 3, row),
+          SkinColour(chart, 4, row), SkinColour(chart, 5, row), SkinColour(chart, 6, row)};
+}
+
+/// In the colours of its list, which every skin has, a window is plain but legible.
+void DoWithoutBackground(SkinPictures& pictures) {
+  const GridColours& list = pictures.gridColours.front();
+  pictures.background = QImage(1, 1, QImage::Format_RGB32);
+  pictures.background.fill(list.BackColor);
+  std::fill(pictures.textColours.begin(), pictures.textColours.end(), list.ForeColor);
+}
+
+SkinPictures ReadSkin(const SkinRow& row) {
+  SkinPictures pictures;
+  const bool lacksBackground =
+      row.borrows && !QFile::exists(QString::fromStdString(SkinPath(row.background)));
+  if (!row.background.empty() && !lacksBackground) pictures.background = ReadBackground(row);
+  platform::FieldWalk targets(row.stripTargets, ';'), files(row.strips, ';');
+  for (int i = platform::CountFields(row.strips, ';'); i > 0; --i) {
+    const std::string target(targets.Next());
+    pictures.strips[target] = ReadStrip(files.Next(), ShapeOfStrip(target));
+  }
+  pictures.textColours = ReadChart(row.textChart, row.textControls, FirstColumn);
+  pictures.fieldColours = ReadChart(row.fieldChart, row.fieldControls, ReadField);
+  pictures.gridColours = ReadChart(row.gridChart, row.gridControls, ReadGrid);
+  pictures.tabColours = ReadChart(row.tabChart, row.tabPages, FirstColumn);
+  if (lacksBackground) DoWithoutBackground(pictures);
+  return pictures;
+}
+
+/// Messages that come up while the program ends would lack their skin too, so this happens once.
+void TellOfLackOf(std::string_view background) {
+  static bool telling = false;
+  const auto& skinMissing = platform::TheDesktop().hooks.skinMissing;
+  if (!skinMissing || std::exchange(telling, true)) return;
+  skinMissing(SkinPath(background));
+  telling = false;
+}
+
+/// What the row asks of the skin; nothing where it failed, and the user was told.
+std::optional<SkinPictures> Load(const SkinRow& row) {
+  try {
+    SkinPictures pictures = ReadSkin(row);
+    if (!pictures.strips.empty()) Process().RefreshButtonsPending = true;
+    return pictures;
+  } catch (const std::exception&) {
+    TellOfLackOf(row.background);
+    return std::nullopt;
+  }
+}
+
+void Give(SkinPictures pictures, WindowSkin* skin) {
+  if (const auto strip = pictures.strips.find("ButtonImages"); strip != pictures.strips.end()) {
+    ButtonImages() = strip->second;
+  }
+  if (skin) skin->Wear(std::move(pictures));
+}
+
+/// The windows that wear a skin, from the oldest on.
+std::vector<QPointer<QWidget>> OpenSkinnedWindows() {
+  const QWidgetList widgets = QApplication::topLevelWidgets();
+  std::vector<QPointer<QWidget>> open;
+  for (const QWindow* window : QGuiApplication::topLevelWindows()) {
+    for (QWidget* widget : widgets) {
+      if (widget->windowHandle() == window && WindowSkin::Of(*widget)) open.emplace_back(widget);
+    }
+  }
+  return open;
+}
+
+}  // namespace
+
+bool ApplySkin(QWidget& window) {
+  WindowSkin* skin = WindowSkin::Of(window);
+  const std::string name = skin ? std::string(skin->Name()) : window.objectName().toStdString();
+  if (name == "SplashScreen") return true;
+  const SkinRow* row = FindSkinRow(name);
+  if (!row) {
+    platform::ShowMessage(platform::ErrorIcon, "Invalid window skin",
+                          "No skin file specified for the current window, " + name + ".", "OK");
+  } else if (auto pictures = Load(*row)) {
+    Give(std::move(*pictures), skin);
+    return true;
+  }
+  if (skin) skin->Fail();
+  return false;
+}
+
+bool ApplySkinToSystemTray() {
+  auto pictures = Load(*FindSkinRow("SystemTray"));
+  if (!pictures) return false;
+  Give(std::move(*pictures), nullptr);
+  return true;
+}
+
+bool ChangeSkin(const std::string& name) {
+  platform::Settings().Skin = name;
+  if (!ApplySkinToSystemTray()) return false;
+  for (const QPointer<QWidget>& window : OpenSkinnedWindows()) {
+    if (window && !ApplySkin(*window)) return false;
+  }
+  return true;
+}
+
+}  // namespace ui

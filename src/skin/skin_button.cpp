@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "skin/skin_button.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <utility>
+
+#include "skin/layouts/strips.h"
+
+namespace ui {
+
+namespace {
+constexpr int ringRoom = 4;
+}  // namespace
+
+SkinButton::SkinButton(const QString& name, QWidget* window) : QAbstractButton(window) {
+  setObjectName(name);
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_Hover);
+}
+
+void SkinButton::PlaceAt(const QRect& place) {
+  setGeometry(place.adjusted(-ringRoom, -ringRoom, ringRoom, ringRoom));
+}
+
+QRect SkinButton::Inner() const {
+  return rect().adjusted(ringRoom, ringRoom, -ringRoom, -ringRoom);
+}
+
+QRect SkinButton::Place() const { return Inner().translated(pos()); }
+
+SkinButton::State SkinButton::CurrentState() const {
+  if (!isEnabled()) return State::Disabled;
+  if (isDown()) return State::Down;
+  return underMouse() ? State::Hover : State::Up;
+}
+
+void SkinButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  PaintButton(painter, Inner());
+  if (!hasFocus()) return;
+  DrawFocusRing(painter, Inner(), layouts::buttonRadius,
+                window()->palette().color(QPalette::WindowText));
+}
+
+bool SkinButton::hitButton(const QPoint& point) const { return Inner().contains(point); }
+
+void SkinButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (!event->isAutoRepeat()) click();
+  } else {
+    QAbstractButton::keyPressEvent(event);
+  }
+}
+
+void DrawFocusRing(QPainter& painter, const QRect& control, qreal radius, const QColor& colour) {
+  constexpr qreal width = ringRoom / 2.0, inner = width / 2, outer = inner + width;
+  const QColor contrast = qGray(colour.rgb()) < 128 ? Qt::white : Qt::black;
+  painter.setBrush(Qt::NoBrush);
+  for (const auto& [line, room] : {std::pair{contrast, inner}, std::pair{colour, outer}}) {
+    painter.setPen(QPen(line, width));
+    painter.drawRoundedRect(QRectF(control).adjusted(-room, -room, room, room), radius + room,
+                            radius + room);
+  }
+}
+
+void DrawRounded(QPainter& painter, const QRect& place, const QImage& picture) {
+  QBrush brush(picture);
+  QTransform toPlace = QTransform::fromTranslate(place.x(), place.y());
+  toPlace.scale(1.0 * place.width() / picture.width(), 1.0 * place.height() / picture.height());
+  brush.setTransform(toPlace);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(brush);
+  painter.drawRoundedRect(place, layouts::buttonRadius, layouts::buttonRadius);
+}
+
+}  // namespace ui

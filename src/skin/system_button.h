@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The button that all skinned windows share, with its caption written on it.
+#pragma once
+
+#include "skin/skin_button.h"
+
+namespace ui {
+
+/// The strip of "SystemButtons.bmp", which all buttons of all windows show. It belongs to the
+/// program and not to a window, and is there before the first of them.
+QImage& ButtonImages();
+
+class SystemButton : public SkinButton {
+  Q_OBJECT
+
+ public:
+  using SkinButton::SkinButton;
+
+  void Draw(bool down, const QString& caption, bool hidden);
+
+ protected:
+  void PaintButton(QPainter& painter, const QRect& button) override;
+
+ private:
+  void PaintCaption(QPainter& painter, const QRect& button) const;
+};
+
+/// Set the button of that name in a window to its state. With `hidden` they only hide it.
+void DrawButtonDown(QWidget& window, const QString& name, const QString& caption,
+                    bool hidden = false);
+void DrawButtonUp(QWidget& window, const QString& name, const QString& caption,
+                  bool hidden = false);
+
+/// The caption's colour, and whether the face answers the mouse.
+void SetButtonEnabled(QWidget& window, const QString& name, bool enabled);
+
+}  // namespace ui

@@ -14,7 +14,7 @@
 #include "desktop/real_desktop.h"
 #include "desktop/single_instance.h"
 #include "ui/account_dialog.h"
-#include "ui/help_window.h"
+#include "ui/help/help_window.h"
 #include "ui/qt_message_boxes.h"
 #include "ui/qt_screen.h"
 #include "ui/system_tray.h"

@@ -13,7 +13,7 @@
 #include "skin/look.h"
 #include "skin/program_pictures.h"
 #include "ui/credits.h"
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "widgets/shown_text.h"
 
 namespace ui {

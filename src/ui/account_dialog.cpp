@@ -18,7 +18,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "ui/server_fields.h"
 #include "widgets/dialog_button.h"
 #include "widgets/form_rows.h"

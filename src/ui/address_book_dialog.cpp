@@ -15,7 +15,7 @@
 #include <exception>
 
 #include "platform/messages.h"
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "ui/person_dialog.h"
 #include "widgets/dialog_button.h"
 #include "widgets/outcome_line.h"

@@ -6,7 +6,7 @@
 
 #include "skin/layouts/credits_layout.h"
 #include "skin/look.h"
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "widgets/rising_text.h"
 
 namespace ui {

@@ -11,7 +11,7 @@
 #include "skin/layouts/exchange_pawn_layout.h"
 #include "skin/look.h"
 #include "skin/picture_button.h"
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 
 namespace ui {
 

@@ -13,7 +13,7 @@
 
 #include "skin/layouts/held_mail_form_layout.h"
 #include "skin/program_pictures.h"
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "ui/move_comparison.h"
 #include "widgets/front_window.h"
 #include "widgets/plain_text_view.h"

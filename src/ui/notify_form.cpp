@@ -16,7 +16,7 @@
 #include "skin/layouts/notify_form_layout.h"
 #include "skin/look.h"
 #include "skin/program_pictures.h"
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "widgets/cut_text.h"
 #include "widgets/front_window.h"
 #include "widgets/plain_text_view.h"

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "widgets/dialog_button.h"
 #include "widgets/form_rows.h"
 #include "widgets/outcome_line.h"

@@ -14,7 +14,7 @@
 #include "skin/layouts/setup_warning_layout.h"
 #include "skin/look.h"
 #include "skin/program_pictures.h"
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "widgets/plain_text_view.h"
 
 namespace ui {

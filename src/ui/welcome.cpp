@@ -15,7 +15,7 @@
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "skin/program_pictures.h"
-#include "ui/help_key.h"
+#include "ui/help/help_key.h"
 #include "widgets/shown_text.h"
 #include "widgets/way_button.h"
 

@@ -11,8 +11,8 @@
 #include <set>
 
 #include "skin_fixture.h"
-#include "ui/help_book.h"
-#include "ui/help_window.h"
+#include "ui/help/help_book.h"
+#include "ui/help/help_window.h"
 
 namespace ui {
 namespace {

@@ -8,7 +8,7 @@
 #include "platform/polling.h"
 #include "shell/shell_hooks.h"
 #include "shell/shut_down.h"
-#include "ui/help_window.h"
+#include "ui/help/help_window.h"
 #include "ui_fixture.h"
 
 namespace ui {

@@ -7,7 +7,7 @@
 #include <QWidget>
 
 #include "platform/help.h"
-#include "ui/help_book.h"
+#include "ui/help/help_book.h"
 
 class QHBoxLayout;
 class QLineEdit;

@@ -5,7 +5,7 @@
 
 #include <QTextBrowser>
 
-#include "ui/help_book.h"
+#include "ui/help/help_book.h"
 
 namespace ui {
 

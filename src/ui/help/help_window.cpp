@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/help_window.h"
+#include "ui/help/help_window.h"
 
 #include <QApplication>
 #include <QFile>
@@ -21,7 +21,7 @@
 
 #include "platform/messages.h"
 #include "platform/process_state.h"
-#include "ui/help_text.h"
+#include "ui/help/help_text.h"
 #include "widgets/front_window.h"
 #include "widgets/shown_text.h"
 

@@ -20,7 +20,7 @@
 #include "platform/text_fields.h"
 #include "real_games.h"
 #include "store/saving.h"
-#include "ui/board_window.h"
+#include "ui/board/board_window.h"
 
 namespace {
 

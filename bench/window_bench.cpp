@@ -11,9 +11,9 @@
 #include "platform/setting_variables.h"
 #include "skin/skin.h"
 #include "store/saving.h"
-#include "ui/board_window.h"
-#include "ui/chess_graphics.h"
-#include "ui/exchange_pawn.h"
+#include "ui/board/board_window.h"
+#include "ui/board/chess_graphics.h"
+#include "ui/board/exchange_pawn.h"
 #include "ui/msg_form.h"
 #include "ui/status_window.h"
 

@@ -9,8 +9,8 @@
 #include <functional>
 
 #include "platform/windows.h"
-#include "ui/board_window.h"
-#include "ui/chess_graphics.h"
+#include "ui/board/board_window.h"
+#include "ui/board/chess_graphics.h"
 #include "ui/game_interface.h"
 #include "ui/new_game_info.h"
 #include "ui/splash_screen.h"

@@ -15,7 +15,7 @@
 #include <memory>
 #include <utility>
 
-#include "ui/board_window.h"
+#include "ui/board/board_window.h"
 
 namespace demo {
 

@@ -10,7 +10,7 @@
 #include <fstream>
 
 #include "rules/position.h"
-#include "ui/board_window.h"
+#include "ui/board/board_window.h"
 #include "ui/game_interface.h"
 
 namespace {

@@ -13,7 +13,7 @@
 
 #include "app/program.h"
 #include "store/queries.h"
-#include "ui/board_window.h"
+#include "ui/board/board_window.h"
 
 /// With the mouse; the button has to be there and enabled.
 void Click(ui::BoardWindow& board, int button);

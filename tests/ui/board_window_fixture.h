@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "ui/board_window.h"
-#include "ui/floating_piece.h"
+#include "ui/board/board_window.h"
+#include "ui/board/floating_piece.h"
 #include "ui_fixture.h"
 
 namespace ui {

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "board_window_fixture.h"
-#include "ui/board_menus.h"
+#include "ui/board/board_menus.h"
 
 namespace ui {
 namespace {

@@ -10,7 +10,7 @@
 #include "rules/position.h"
 #include "skin_fixture.h"
 #include "store/queries.h"
-#include "ui/board_window.h"
+#include "ui/board/board_window.h"
 
 namespace ui {
 namespace {

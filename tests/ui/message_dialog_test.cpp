@@ -4,7 +4,7 @@
 #include <QTextEdit>
 
 #include "skin_fixture.h"
-#include "ui/exchange_pawn.h"
+#include "ui/board/exchange_pawn.h"
 #include "ui/msg_form.h"
 #include "ui/qt_message_boxes.h"
 

@@ -11,8 +11,8 @@
 
 #include "rules/position.h"
 #include "skin_fixture.h"
-#include "ui/board_window.h"
-#include "ui/floating_piece.h"
+#include "ui/board/board_window.h"
+#include "ui/board/floating_piece.h"
 
 namespace ui {
 namespace {

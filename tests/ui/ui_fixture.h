@@ -20,7 +20,7 @@
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "store/saving.h"
-#include "ui/chess_graphics.h"
+#include "ui/board/chess_graphics.h"
 
 namespace ui {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/comment_box.h"
+#include "ui/board/comment_box.h"
 
 #include <QFocusEvent>
 #include <QInputMethodEvent>

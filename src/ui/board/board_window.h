@@ -10,8 +10,8 @@
 #include <array>
 
 #include "board/board.h"
-#include "ui/board_picture.h"
-#include "ui/chess_graphics.h"
+#include "ui/board/board_picture.h"
+#include "ui/board/chess_graphics.h"
 
 class QAbstractButton;
 class QLabel;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/setup_warning.h"
+#include "ui/board/setup_warning.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/floating_piece.h"
+#include "ui/board/floating_piece.h"
 
 #include <QPainter>
 

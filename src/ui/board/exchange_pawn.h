@@ -5,7 +5,7 @@
 #include <QDialog>
 
 #include "rules/position.h"
-#include "ui/chess_graphics.h"
+#include "ui/board/chess_graphics.h"
 
 namespace ui {
 

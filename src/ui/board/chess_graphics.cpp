@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/chess_graphics.h"
+#include "ui/board/chess_graphics.h"
 
 #include <algorithm>
 #include <exception>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/piece_hand.h"
+#include "ui/board/piece_hand.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/process_state.h"
-#include "ui/hand_parts.h"
+#include "ui/board/hand_parts.h"
 
 namespace ui {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/piece_palette.h"
+#include "ui/board/piece_palette.h"
 
 #include <QPainter>
 
 #include <algorithm>
 
 #include "skin/look.h"
-#include "ui/palette_picture.h"
+#include "ui/board/palette_picture.h"
 
 namespace ui {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/trash.h"
+#include "ui/board/trash.h"
 
 #include <QPainter>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/exchange_pawn.h"
+#include "ui/board/exchange_pawn.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>

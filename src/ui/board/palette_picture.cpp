@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/palette_picture.h"
+#include "ui/board/palette_picture.h"
 
 #include <QPainter>
 

@@ -9,7 +9,7 @@
 #include <array>
 
 #include "board/board.h"
-#include "ui/chess_graphics.h"
+#include "ui/board/chess_graphics.h"
 
 namespace ui {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/search_display.h"
+#include "ui/board/search_display.h"
 
 #include <QAbstractButton>
 #include <QGridLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/board_picture.h"
+#include "ui/board/board_picture.h"
 
 #include <QEvent>
 #include <QFocusEvent>

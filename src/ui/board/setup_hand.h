@@ -13,10 +13,10 @@
 #include <optional>
 
 #include "board/board.h"
-#include "ui/board_picture.h"
-#include "ui/floating_piece.h"
-#include "ui/piece_palette.h"
-#include "ui/trash.h"
+#include "ui/board/board_picture.h"
+#include "ui/board/floating_piece.h"
+#include "ui/board/piece_palette.h"
+#include "ui/board/trash.h"
 
 class QKeyEvent;
 class QMouseEvent;

@@ -15,7 +15,7 @@
 
 #include "board/board.h"
 #include "rules/position.h"
-#include "ui/chess_graphics.h"
+#include "ui/board/chess_graphics.h"
 
 namespace ui {
 

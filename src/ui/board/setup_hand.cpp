@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/setup_hand.h"
+#include "ui/board/setup_hand.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "platform/process_state.h"
-#include "ui/hand_parts.h"
+#include "ui/board/hand_parts.h"
 
 namespace ui {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/board_toolbar.h"
+#include "ui/board/board_toolbar.h"
 
 #include <QGridLayout>
 #include <QPushButton>

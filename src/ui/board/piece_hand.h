@@ -11,8 +11,8 @@
 #include <optional>
 
 #include "board/board.h"
-#include "ui/board_picture.h"
-#include "ui/floating_piece.h"
+#include "ui/board/board_picture.h"
+#include "ui/board/floating_piece.h"
 
 class QKeyEvent;
 class QMouseEvent;

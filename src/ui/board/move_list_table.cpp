@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/move_list_table.h"
+#include "ui/board/move_list_table.h"
 
 #include <QHeaderView>
 

@@ -7,7 +7,7 @@
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "store/game_file.h"
-#include "ui/game_interface.h"
+#include "ui/games/game_interface.h"
 
 namespace {
 

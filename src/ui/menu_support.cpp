@@ -7,7 +7,7 @@
 #include "platform/process_state.h"
 #include "shell/playing.h"
 #include "shell/shut_down.h"
-#include "ui/game_interface.h"
+#include "ui/games/game_interface.h"
 #include "ui/program_windows.h"
 
 namespace ui {

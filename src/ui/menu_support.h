@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "ui/interface_menus.h"
+#include "ui/games/interface_menus.h"
 
 namespace ui {
 

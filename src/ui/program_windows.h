@@ -11,8 +11,8 @@
 #include "platform/windows.h"
 #include "ui/board/board_window.h"
 #include "ui/board/chess_graphics.h"
-#include "ui/game_interface.h"
-#include "ui/new_game_info.h"
+#include "ui/games/game_interface.h"
+#include "ui/games/new_game_info.h"
 #include "ui/splash_screen.h"
 
 namespace ui {

@@ -16,8 +16,8 @@
 #include "shell/start_up.h"
 #include "shell/tray_status.h"
 #include "store/queries.h"
+#include "ui/games/welcome.h"
 #include "ui/select_sound.h"
-#include "ui/welcome.h"
 #include "widgets/front_window.h"
 #include "widgets/pointers.h"
 

@@ -7,7 +7,7 @@
 
 #include <functional>
 
-#include "ui/interface_menus.h"
+#include "ui/games/interface_menus.h"
 #include "ui/menu_support.h"
 #include "ui/program_windows.h"
 #include "ui/tray_icon.h"

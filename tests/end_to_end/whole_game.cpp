@@ -11,7 +11,7 @@
 
 #include "rules/position.h"
 #include "ui/board/board_window.h"
-#include "ui/game_interface.h"
+#include "ui/games/game_interface.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 
 #include "skin/layouts/game_interface_layout.h"
 #include "skin_fixture.h"
-#include "ui/game_interface.h"
-#include "ui/game_list_grid.h"
+#include "ui/games/game_interface.h"
+#include "ui/games/game_list_grid.h"
 
 namespace ui {
 namespace {

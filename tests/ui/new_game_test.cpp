@@ -6,8 +6,8 @@
 
 #include "desktop/contacts_book.h"
 #include "skin_fixture.h"
-#include "ui/choose_opponent.h"
-#include "ui/new_game_info.h"
+#include "ui/games/choose_opponent.h"
+#include "ui/games/new_game_info.h"
 
 namespace ui {
 namespace {

@@ -23,7 +23,7 @@
 #include "ui/board/exchange_pawn.h"
 #include "ui/board/move_list_table.h"
 #include "ui/board/setup_warning.h"
-#include "ui/choose_opponent.h"
+#include "ui/games/choose_opponent.h"
 #include "ui/msg_form.h"
 #include "ui/status_window.h"
 #include "ui/system_tray.h"

@@ -9,10 +9,10 @@
 #include "skin_fixture.h"
 #include "ui/about_box.h"
 #include "ui/credits.h"
-#include "ui/held_mail_form.h"
-#include "ui/notify_form.h"
+#include "ui/games/held_mail_form.h"
+#include "ui/games/notify_form.h"
+#include "ui/games/welcome.h"
 #include "ui/splash_screen.h"
-#include "ui/welcome.h"
 #include "widgets/rising_text.h"
 
 namespace ui {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/choose_opponent.h"
+#include "ui/games/choose_opponent.h"
 
 #include <QComboBox>
 #include <QGridLayout>

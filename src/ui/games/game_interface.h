@@ -13,7 +13,7 @@
 #include <optional>
 #include <string>
 
-#include "ui/interface_menus.h"
+#include "ui/games/interface_menus.h"
 
 class QAbstractButton;
 

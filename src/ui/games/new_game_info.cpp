@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/new_game_info.h"
+#include "ui/games/new_game_info.h"
 
 #include <QCheckBox>
 #include <QFocusEvent>
@@ -20,7 +20,7 @@
 #include "skin/layouts/new_game_info_layout.h"
 #include "skin/look.h"
 #include "skin/system_button.h"
-#include "ui/choose_opponent.h"
+#include "ui/games/choose_opponent.h"
 #include "widgets/shown_text.h"
 #include "widgets/typed_text.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/welcome.h"
+#include "ui/games/welcome.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/game_list_model.h"
+#include "ui/games/game_list_model.h"
 
 #include <QDate>
 #include <QLocale>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/game_list_grid.h"
+#include "ui/games/game_list_grid.h"
 
 #include <QContextMenuEvent>
 #include <QHelpEvent>
@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "skin/window_region.h"
-#include "ui/game_list_heading.h"
-#include "ui/game_list_model.h"
+#include "ui/games/game_list_heading.h"
+#include "ui/games/game_list_model.h"
 #include "widgets/cut_text.h"
 #include "widgets/row_table.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/game_interface.h"
+#include "ui/games/game_interface.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -27,8 +27,8 @@
 #include "skin/window_region.h"
 #include "skin/window_skin.h"
 #include "store/repair.h"
-#include "ui/game_list_grid.h"
-#include "ui/game_list_model.h"
+#include "ui/games/game_list_grid.h"
+#include "ui/games/game_list_model.h"
 #include "widgets/disabled_window.h"
 #include "widgets/shown_text.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/held_mail_form.h"
+#include "ui/games/held_mail_form.h"
 
 #include <QFontInfo>
 #include <QGridLayout>
@@ -13,8 +13,8 @@
 
 #include "skin/layouts/held_mail_form_layout.h"
 #include "skin/program_pictures.h"
+#include "ui/games/move_comparison.h"
 #include "ui/help/help_key.h"
-#include "ui/move_comparison.h"
 #include "widgets/front_window.h"
 #include "widgets/plain_text_view.h"
 #include "widgets/pointers.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/notify_form.h"
+#include "ui/games/notify_form.h"
 
 #include <QApplication>
 #include <QGridLayout>

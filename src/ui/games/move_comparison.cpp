@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/move_comparison.h"
+#include "ui/games/move_comparison.h"
 
 #include <QHeaderView>
 

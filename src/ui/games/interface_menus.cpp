@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/interface_menus.h"
+#include "ui/games/interface_menus.h"
 
 #include <QActionGroup>
 #include <QKeySequence>

@@ -27,7 +27,7 @@
 #include "shell/start_up.h"
 #include "shell/tray_status.h"
 #include "skin/program_pictures.h"
-#include "ui/address_book_dialog.h"
+#include "ui/people/address_book_dialog.h"
 
 namespace app {
 

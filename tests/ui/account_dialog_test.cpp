@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The account dialog as its user meets it: by keys and clicks, with somebody else's knowledge of
 // providers, passwords and servers.
-#include "ui/account_dialog.h"
+#include "ui/people/account_dialog.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -7,7 +7,7 @@
 #include <QTextEdit>
 
 #include "desktop/contacts_book.h"
-#include "ui/address_book_dialog.h"
+#include "ui/people/address_book_dialog.h"
 #include "ui_fixture.h"
 
 namespace ui {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/address_book_dialog.h"
+#include "ui/people/address_book_dialog.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -16,7 +16,7 @@
 
 #include "platform/messages.h"
 #include "ui/help/help_key.h"
-#include "ui/person_dialog.h"
+#include "ui/people/person_dialog.h"
 #include "widgets/dialog_button.h"
 #include "widgets/outcome_line.h"
 #include "widgets/pointers.h"

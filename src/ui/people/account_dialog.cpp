@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/account_dialog.h"
+#include "ui/people/account_dialog.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -19,7 +19,7 @@
 #include <utility>
 
 #include "ui/help/help_key.h"
-#include "ui/server_fields.h"
+#include "ui/people/server_fields.h"
 #include "widgets/dialog_button.h"
 #include "widgets/form_rows.h"
 #include "widgets/outcome_line.h"

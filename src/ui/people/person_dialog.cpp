@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/person_dialog.h"
+#include "ui/people/person_dialog.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/server_fields.h"
+#include "ui/people/server_fields.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -14,8 +14,8 @@
 #include "ui/board/board_window.h"
 #include "ui/board/chess_graphics.h"
 #include "ui/board/exchange_pawn.h"
-#include "ui/msg_form.h"
-#include "ui/status_window.h"
+#include "ui/program/msg_form.h"
+#include "ui/program/status_window.h"
 
 namespace {
 

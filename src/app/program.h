@@ -15,10 +15,10 @@
 #include "desktop/single_instance.h"
 #include "ui/help/help_window.h"
 #include "ui/people/account_dialog.h"
-#include "ui/qt_message_boxes.h"
-#include "ui/qt_screen.h"
-#include "ui/system_tray.h"
-#include "ui/waiting_windows.h"
+#include "ui/program/qt_message_boxes.h"
+#include "ui/program/qt_screen.h"
+#include "ui/program/system_tray.h"
+#include "ui/program/waiting_windows.h"
 
 namespace app {
 

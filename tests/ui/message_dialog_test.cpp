@@ -5,8 +5,8 @@
 
 #include "skin_fixture.h"
 #include "ui/board/exchange_pawn.h"
-#include "ui/msg_form.h"
-#include "ui/qt_message_boxes.h"
+#include "ui/program/msg_form.h"
+#include "ui/program/qt_message_boxes.h"
 
 namespace ui {
 namespace {

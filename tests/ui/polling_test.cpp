@@ -15,8 +15,8 @@
 #include "platform/registry.h"
 #include "shell/polling_loop.h"
 #include "store/queries.h"
-#include "ui/system_tray.h"
-#include "ui/waiting_windows.h"
+#include "ui/program/system_tray.h"
+#include "ui/program/waiting_windows.h"
 #include "ui_fixture.h"
 
 namespace ui {

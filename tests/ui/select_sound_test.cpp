@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/select_sound.h"
+#include "ui/program/select_sound.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -24,9 +24,9 @@
 #include "ui/board/move_list_table.h"
 #include "ui/board/setup_warning.h"
 #include "ui/games/choose_opponent.h"
-#include "ui/msg_form.h"
-#include "ui/status_window.h"
-#include "ui/system_tray.h"
+#include "ui/program/msg_form.h"
+#include "ui/program/status_window.h"
+#include "ui/program/system_tray.h"
 #include "widgets/plain_text_view.h"
 
 namespace ui {

@@ -7,12 +7,12 @@
 #include <QTextEdit>
 
 #include "skin_fixture.h"
-#include "ui/about_box.h"
-#include "ui/credits.h"
 #include "ui/games/held_mail_form.h"
 #include "ui/games/notify_form.h"
 #include "ui/games/welcome.h"
-#include "ui/splash_screen.h"
+#include "ui/program/about_box.h"
+#include "ui/program/credits.h"
+#include "ui/program/splash_screen.h"
 #include "widgets/rising_text.h"
 
 namespace ui {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The hidden window: its menus and what they do, the tray icon, the polling timer, and the windows'
 // coming and going.
-#include "ui/system_tray.h"
+#include "ui/program/system_tray.h"
 
 #include <QTemporaryDir>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/splash_screen.h"
+#include "ui/program/splash_screen.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/tray_menu.h"
+#include "ui/program/tray_menu.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/msg_form.h"
+#include "ui/program/msg_form.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -8,10 +8,10 @@
 #include <functional>
 
 #include "ui/games/interface_menus.h"
-#include "ui/menu_support.h"
-#include "ui/program_windows.h"
-#include "ui/tray_icon.h"
-#include "ui/tray_menu.h"
+#include "ui/program/menu_support.h"
+#include "ui/program/program_windows.h"
+#include "ui/program/tray_icon.h"
+#include "ui/program/tray_menu.h"
 
 namespace ui {
 

@@ -13,7 +13,7 @@
 #include "ui/board/chess_graphics.h"
 #include "ui/games/game_interface.h"
 #include "ui/games/new_game_info.h"
-#include "ui/splash_screen.h"
+#include "ui/program/splash_screen.h"
 
 namespace ui {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/waiting_windows.h"
+#include "ui/program/waiting_windows.h"
 
 #include <QApplication>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/credits.h"
+#include "ui/program/credits.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>

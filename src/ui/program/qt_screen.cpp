@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/qt_screen.h"
+#include "ui/program/qt_screen.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/status_window.h"
+#include "ui/program/status_window.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/qt_message_boxes.h"
+#include "ui/program/qt_message_boxes.h"
 
 #include <QApplication>
 #include <QMessageBox>
 
-#include "ui/msg_form.h"
+#include "ui/program/msg_form.h"
 #include "widgets/cut_text.h"
 #include "widgets/pointers.h"
 #include "widgets/shown_text.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/system_tray.h"
+#include "ui/program/system_tray.h"
 
 #include <QApplication>
 #include <QThread>
@@ -17,7 +17,7 @@
 #include "shell/tray_status.h"
 #include "store/queries.h"
 #include "ui/games/welcome.h"
-#include "ui/select_sound.h"
+#include "ui/program/select_sound.h"
 #include "widgets/front_window.h"
 #include "widgets/pointers.h"
 

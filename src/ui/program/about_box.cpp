@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/about_box.h"
+#include "ui/program/about_box.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -12,8 +12,8 @@
 #include "skin/layouts/about_box_layout.h"
 #include "skin/look.h"
 #include "skin/program_pictures.h"
-#include "ui/credits.h"
 #include "ui/help/help_key.h"
+#include "ui/program/credits.h"
 #include "widgets/shown_text.h"
 
 namespace ui {

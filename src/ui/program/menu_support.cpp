@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/menu_support.h"
+#include "ui/program/menu_support.h"
 
 #include <utility>
 
@@ -8,7 +8,7 @@
 #include "shell/playing.h"
 #include "shell/shut_down.h"
 #include "ui/games/game_interface.h"
-#include "ui/program_windows.h"
+#include "ui/program/program_windows.h"
 
 namespace ui {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "platform/message_boxes.h"
-#include "ui/status_window.h"
+#include "ui/program/status_window.h"
 
 namespace ui {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/tray_icon.h"
+#include "ui/program/tray_icon.h"
 
 #include <QMenu>
 

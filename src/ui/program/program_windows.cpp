@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/program_windows.h"
+#include "ui/program/program_windows.h"
 
 #include <QApplication>
 #include <QException>
@@ -16,10 +16,10 @@
 #include "shell/start_up.h"
 #include "skin/program_pictures.h"
 #include "skin/skin.h"
-#include "ui/about_box.h"
 #include "ui/games/held_mail_form.h"
 #include "ui/games/interface_menus.h"
 #include "ui/games/notify_form.h"
+#include "ui/program/about_box.h"
 #include "widgets/front_window.h"
 #include "widgets/pointers.h"
 #include "widgets/shown_text.h"

@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>
 
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 #include "mail_player.h"
 #include "mail_servers/mail_servers.h"
 #include "mail_servers/other_client.h"
@@ -42,7 +42,7 @@ void DeliverGames(int first, int count) {
   for (int i = first; i < first + count; ++i) {
     const auto [subject, text] = GameMail(i);
     client.Append("INBOX", "",
-                  desktop::ComposeMail({{"Bob", "bob@example.org"}, {{"", anna}}, subject, text}));
+                  letters::ComposeMail({{"Bob", "bob@example.org"}, {{"", anna}}, subject, text}));
   }
 }
 

@@ -12,7 +12,7 @@
 #include "desktop/account_check.h"
 #include "desktop/known_providers.h"
 #include "desktop/mail_account.h"
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 #include "mail/character_count.h"
 #include "platform/utf8.h"
 
@@ -26,7 +26,7 @@ using Port = int MailAccount::*;
 /// Nothing that would damage a mail, a setting or a game.
 std::string CheckLine(const std::string& value) {
   if (!platform::IsUtf8(value)) return "is no UTF-8";
-  return desktop::WithoutReserved(value) == value ? "" : "holds a \"|\" or a control character";
+  return letters::WithoutReserved(value) == value ? "" : "holds a \"|\" or a control character";
 }
 
 std::string CheckFilled(const std::string& value) {

@@ -2,8 +2,8 @@
 #include "desktop/account_check.h"
 
 #include "desktop/known_providers.h"
-#include "desktop/mail_text.h"
 #include "desktop/mail_transport.h"
+#include "letters/mail_text.h"
 
 namespace desktop {
 namespace {
@@ -18,7 +18,7 @@ std::string AsSentence(std::string text) {
 }  // namespace
 
 std::string InPlainWords(const std::exception& failure, const MailAccount& account) {
-  std::string sentence = AsSentence(WithoutReserved(failure.what()));
+  std::string sentence = AsSentence(letters::WithoutReserved(failure.what()));
   const bool isRefusal = dynamic_cast<const LoginRefused*>(&failure) != nullptr;
   const std::string_view advice = isRefusal ? PasswordAdvice(account.ImapHost) : "";
   if (!advice.empty()) sentence.append(" ").append(advice);

@@ -10,7 +10,7 @@
 #include <set>
 #include <utility>
 
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 #include "platform/desktop.h"
 #include "platform/process_state.h"
 #include "platform/whole_file.h"
@@ -89,7 +89,8 @@ class CardsByAddress {
 
 /// The person as he may stand in the book.
 Person Fit(Person person) {
-  person.name = QString::fromStdString(WithoutReserved(person.name)).simplified().toStdString();
+  person.name =
+      QString::fromStdString(letters::WithoutReserved(person.name)).simplified().toStdString();
   return PersonOf(NewVCard(person));
 }
 
@@ -121,7 +122,7 @@ std::optional<Recipient> TypedAddress(const QString& typed) {
     if (name.isEmpty()) name = address;
   }
   if (!IsUsableAddress(address.toStdString())) return std::nullopt;
-  return Recipient{WithoutReserved(name.toStdString()), address.toStdString()};
+  return Recipient{letters::WithoutReserved(name.toStdString()), address.toStdString()};
 }
 
 /// Whether `typed` is how a name, a word of it or an address begins.

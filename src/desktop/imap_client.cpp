@@ -8,7 +8,7 @@
 #include <optional>
 #include <utility>
 
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 
 namespace desktop {
 namespace {
@@ -94,7 +94,7 @@ std::string WithoutSecrets(const std::string& said, const Login& login) {
         Encoded(PlainCredentials(login)), Encoded(TokenCredentials(login))}) {
     if (!secret.empty() && said.find(secret) != std::string::npos) return {};
   }
-  return ' ' + WithoutReserved(said);
+  return ' ' + letters::WithoutReserved(said);
 }
 
 std::string LastPart(const std::string& name, const std::string& separator) {

@@ -7,8 +7,8 @@
 #include <filesystem>
 
 #include "desktop/folders.h"
-#include "desktop/mail_text.h"
 #include "desktop/post_office.h"
+#include "letters/mail_text.h"
 #include "platform/conversions.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
@@ -99,8 +99,8 @@ bool SaveMailAccount(const MailAccount& account) {
 
 bool HasUsableAddress(const MailAccount& account) {
   const std::string& address = account.MyAddress;
-  if (account.MailKind != "Post") return IsMailAddress(address);
-  return !IsBlank(address) && IsMailAddress(LocalAddress(address));
+  if (account.MailKind != "Post") return letters::IsMailAddress(address);
+  return !IsBlank(address) && letters::IsMailAddress(LocalAddress(address));
 }
 
 MailAccount WithAbsolutePostFolder(MailAccount account) {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "desktop/account_check.h"
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 #include "platform/mail_address.h"
 #include "platform/settings_store.h"
 
@@ -18,10 +18,10 @@ using platform::MailError;
 
 /// What leaves the service, whatever the transport found. Who gives no name is called by his
 /// address.
-std::vector<FetchedMail> HandedOut(std::vector<FetchedMail> mails) {
-  for (FetchedMail& mail : mails) {
+std::vector<letters::FetchedMail> HandedOut(std::vector<letters::FetchedMail> mails) {
+  for (letters::FetchedMail& mail : mails) {
     for (std::string* text : {&mail.subject, &mail.name, &mail.address}) {
-      *text = WithoutReserved(*text);
+      *text = letters::WithoutReserved(*text);
     }
     if (mail.name.find_first_not_of(' ') == std::string::npos) mail.name = mail.address;
   }
@@ -36,7 +36,7 @@ struct MailService::Listing {
   bool unreadOnly;
   bool goesOn;   ///< behind the set that was taken last
   long changes;  ///< marks and deletions that were ahead of it
-  std::vector<FetchedMail> mails;
+  std::vector<letters::FetchedMail> mails;
   std::string problem;  ///< a mail that had to be left out
   bool moreToCome = false;
   std::exception_ptr failure;
@@ -242,7 +242,7 @@ void MailService::Fetch() {
   goesOn_ = moreToCome_ && !prefetched_;
 }
 
-FetchedMail& MailService::Current() {
+letters::FetchedMail& MailService::Current() {
   if (index_ < 0 || index_ >= MsgCount()) throw MailError("no such message");
   return set_[static_cast<std::size_t>(index_)];
 }
@@ -251,7 +251,7 @@ std::string MailService::MsgSubject() { return index_ < 0 ? outgoing_.subject : 
 
 std::string MailService::MsgNoteText() {
   if (index_ < 0) return outgoing_.text;
-  FetchedMail& mail = Current();
+  letters::FetchedMail& mail = Current();
   if (!mail.read) {
     RequireSession();
     mail.read = true;
@@ -264,12 +264,12 @@ std::string MailService::MsgOrigDisplayName() { return Current().name; }
 
 std::string MailService::MsgOrigAddress() { return Current().address; }
 
-Mailbox& MailService::Recipient() {
+letters::Mailbox& MailService::Recipient() {
   if (recipient_ < 0 || recipient_ >= RecipCount()) throw MailError("no such recipient");
   return outgoing_.to[static_cast<std::size_t>(recipient_)];
 }
 
-Mailbox& MailService::MadeRecipient() {
+letters::Mailbox& MailService::MadeRecipient() {
   if (recipient_ < 0 || recipient_ >= RecipCount()) {
     recipient_ = RecipCount();
     outgoing_.to.emplace_back();
@@ -278,7 +278,7 @@ Mailbox& MailService::MadeRecipient() {
 }
 
 void MailService::LeaveUnread() {
-  FetchedMail& mail = Current();
+  letters::FetchedMail& mail = Current();
   if (std::erase(marks_, mail.id) > 0) mail.read = false;
 }
 
@@ -321,7 +321,7 @@ void MailService::Send() {
   const Errand errand(busy_);
   RequireSession();
   if (outgoing_.to.empty()) throw MailError("no recipient");
-  OutgoingMail mail = outgoing_;
+  letters::OutgoingMail mail = outgoing_;
   mail.from = {account_.MyName, account_.MyAddress};
   Telling(
       [this, &mail] { thread_.Run([transport = transport_, mail] { transport->Send(mail); }); });
@@ -344,7 +344,7 @@ void MailService::Show(bool) {
 
 void MailService::ResolveName() {
   RequireSession();
-  const Mailbox& typed = Recipient();
+  const letters::Mailbox& typed = Recipient();
   const auto found = askRecipients_.resolve
                          ? askRecipients_.resolve({typed.name, typed.address}, addressResolveUI_)
                          : std::nullopt;

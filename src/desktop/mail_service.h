@@ -108,9 +108,9 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void EndSession();
   void RequireSession() const;
   void HandOverMarks();
-  FetchedMail& Current();
-  Mailbox& Recipient();
-  Mailbox& MadeRecipient();
+  letters::FetchedMail& Current();
+  letters::Mailbox& Recipient();
+  letters::Mailbox& MadeRecipient();
 
   platform::Events& events_;
   Passwords& passwords_;
@@ -126,7 +126,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   bool busy_ = false;  // one of the operations that wait is under way
 
   bool unreadOnly_ = false;
-  std::vector<FetchedMail> set_;
+  std::vector<letters::FetchedMail> set_;
   bool moreToCome_ = false;  // behind the set
   bool goesOn_ = false;      // the next look there, instead of beginning anew
   int index_ = 0;
@@ -134,7 +134,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   long changes_ = 0;                     // marks and deletions handed over so far
   std::shared_ptr<Listing> prefetched_;  // what the next Fetch takes
 
-  OutgoingMail outgoing_;
+  letters::OutgoingMail outgoing_;
   int recipient_ = 0;
   AskRecipients askRecipients_;
   std::string addressCaption_;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "desktop/mail_account.h"
-#include "desktop/mails.h"
+#include "letters/mails.h"
 
 namespace desktop {
 
@@ -25,7 +25,7 @@ class MailTransport {
   /// The Inbox's mails whose subject begins with the program's prefix, in the order of arrival. Of
   /// more than can be held at a time the first ones: the next look then goes on behind them.
   /// Changes no marks.
-  virtual std::vector<FetchedMail> List(bool unreadOnly) = 0;
+  virtual std::vector<letters::FetchedMail> List(bool unreadOnly) = 0;
 
   /// True where the last look left mails out.
   virtual bool MoreToCome() const { return false; }
@@ -45,7 +45,7 @@ class MailTransport {
   virtual void Flush() {}
 
   /// Returns when the next hop has accepted the mail for all recipients.
-  virtual void Send(const OutgoingMail& mail) = 0;
+  virtual void Send(const letters::OutgoingMail& mail) = 0;
 
   virtual void Close() = 0;
 

@@ -18,8 +18,8 @@
 #include <tuple>
 #include <utility>
 
-#include "desktop/mail_text.h"
 #include "desktop/posix_files.h"
+#include "letters/mail_text.h"
 #include "platform/mail_client.h"
 #include "platform/text_fields.h"
 
@@ -139,7 +139,7 @@ std::optional<std::string_view> HeaderOf(std::string_view bytes) {
     const std::string_view behind = bytes.substr(end + 1);
     if (behind.starts_with('\n') || behind.starts_with("\r\n")) return bytes.substr(0, end + 1);
   }
-  return bytes.size() < greatestHeader ? std::optional(bytes) : std::nullopt;
+  return bytes.size() < letters::greatestHeader ? std::optional(bytes) : std::nullopt;
 }
 
 }  // namespace
@@ -211,25 +211,25 @@ void Maildir::NoteUnread(const std::string& path) {
   problem_ = "The mail " + path + " can't be read: " + std::generic_category().message(error) + ".";
 }
 
-std::optional<FetchedMail> Maildir::Read(const Entry& entry) {
+std::optional<letters::FetchedMail> Maildir::Read(const Entry& entry) {
   std::string state = StateOf(entry.path);
   const auto known = foreign_.find(entry.id);
   if (known != foreign_.end() && known->second == state) return std::nullopt;
-  const auto start = StartOf(entry.path, greatestHeader);
+  const auto start = StartOf(entry.path, letters::greatestHeader);
   if (!start) {  // perhaps readable next time
     NoteUnread(entry.path);
     return std::nullopt;
   }
   try {
     const auto header = HeaderOf(*start);
-    if (header && SubjectOf(*header).starts_with(subjectPrefix)) {
-      const auto bytes = StartOf(entry.path, greatestMail + 1);
+    if (header && letters::SubjectOf(*header).starts_with(letters::subjectPrefix)) {
+      const auto bytes = StartOf(entry.path, letters::greatestMail + 1);
       if (!bytes) {
         NoteUnread(entry.path);
         return std::nullopt;
       }
-      if (bytes->size() <= greatestMail) {
-        FetchedMail mail = ParseMail(*bytes);
+      if (bytes->size() <= letters::greatestMail) {
+        letters::FetchedMail mail = letters::ParseMail(*bytes);
         mail.id = entry.id;
         mail.read = entry.IsRead();
         return mail;
@@ -256,9 +256,9 @@ std::vector<Maildir::Entry> Maildir::EntriesToBring(bool unreadOnly) const {
   return entries;
 }
 
-std::vector<FetchedMail> Maildir::List(bool unreadOnly) {
+std::vector<letters::FetchedMail> Maildir::List(bool unreadOnly) {
   problem_.clear();
-  std::vector<FetchedMail> mails;
+  std::vector<letters::FetchedMail> mails;
   std::size_t size = 0;
   for (const Entry& entry : EntriesToBring(unreadOnly)) {
     if (!mails.empty() && mails.back().id == entry.id) continue;  // seen on its way to "cur"

@@ -34,7 +34,7 @@ class Maildir {
   void Deliver(std::string_view bytes) const;
 
   // As a transport has them.
-  std::vector<FetchedMail> List(bool unreadOnly);
+  std::vector<letters::FetchedMail> List(bool unreadOnly);
   bool MoreToCome() const { return !brought_.empty(); }
   void BeginAnew() { brought_.clear(); }
 
@@ -57,7 +57,7 @@ class Maildir {
   std::vector<Entry> Entries() const;
   std::vector<Entry> EntriesToBring(bool unreadOnly) const;
   std::optional<Entry> Find(const std::string& id) const;
-  std::optional<FetchedMail> Read(const Entry& entry);
+  std::optional<letters::FetchedMail> Read(const Entry& entry);
   void NoteUnread(const std::string& path);
 
   std::string folder_;

@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 #include "platform/mail_client.h"
 
 namespace desktop {
@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Mailbox LocalMailbox(const Mailbox& mailbox) {
+letters::Mailbox LocalMailbox(const letters::Mailbox& mailbox) {
   return {mailbox.name, LocalAddress(mailbox.address)};
 }
 
@@ -58,12 +58,12 @@ void PostOffice::Open() {
   inbox_.RemoveAbandoned();
 }
 
-void PostOffice::Send(const OutgoingMail& mail) {
-  OutgoingMail local = mail;
+void PostOffice::Send(const letters::OutgoingMail& mail) {
+  letters::OutgoingMail local = mail;
   local.from = LocalMailbox(mail.from);
-  for (Mailbox& recipient : local.to) recipient = LocalMailbox(recipient);
-  const std::string bytes = ComposeMail(local);
-  for (const Mailbox& recipient : local.to) {
+  for (letters::Mailbox& recipient : local.to) recipient = LocalMailbox(recipient);
+  const std::string bytes = letters::ComposeMail(local);
+  for (const letters::Mailbox& recipient : local.to) {
     const Maildir box(folder_ + BoxName(recipient.address) + '/');
     box.Create();
     box.Deliver(bytes);

@@ -24,7 +24,9 @@ class PostOffice : public MailTransport {
   explicit PostOffice(const MailAccount& account);
 
   void Open() override;
-  std::vector<FetchedMail> List(bool unreadOnly) override { return inbox_.List(unreadOnly); }
+  std::vector<letters::FetchedMail> List(bool unreadOnly) override {
+    return inbox_.List(unreadOnly);
+  }
   bool MoreToCome() const override { return inbox_.MoreToCome(); }
   void BeginAnew() override { inbox_.BeginAnew(); }
   std::string Problem() const override { return inbox_.Problem(); }
@@ -32,7 +34,7 @@ class PostOffice : public MailTransport {
   void Remove(const std::string& id) override { inbox_.Remove(id); }
 
   /// Makes the recipient's box where he has never been here yet.
-  void Send(const OutgoingMail& mail) override;
+  void Send(const letters::OutgoingMail& mail) override;
 
   void Close() override {}
 

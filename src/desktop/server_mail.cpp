@@ -6,9 +6,9 @@
 #include <optional>
 #include <utility>
 
-#include "desktop/mail_text.h"
 #include "desktop/smtp.h"
 #include "desktop/token_command.h"
+#include "letters/mail_text.h"
 
 namespace desktop {
 namespace {
@@ -45,16 +45,17 @@ std::vector<Uid> UidsOf(const std::vector<std::string>& ids, Uid validity) {
 /// Whether the mail can be ours by its header and size.
 bool CanBeOurs(const ImapClient::Summary& summary) {
   try {
-    return summary.size <= greatestMail && SubjectOf(summary.header).starts_with(subjectPrefix);
+    return summary.size <= letters::greatestMail &&
+           letters::SubjectOf(summary.header).starts_with(letters::subjectPrefix);
   } catch (const MailError&) {
     return false;  // what can't be read as a mail isn't one
   }
 }
 
-std::optional<FetchedMail> Parsed(const std::string& bytes) {
-  if (bytes.size() > greatestMail) return std::nullopt;
+std::optional<letters::FetchedMail> Parsed(const std::string& bytes) {
+  if (bytes.size() > letters::greatestMail) return std::nullopt;
   try {
-    return ParseMail(bytes);
+    return letters::ParseMail(bytes);
   } catch (const MailError&) {
     return std::nullopt;
   }
@@ -133,16 +134,16 @@ void ServerMail::Open() {
   OnInbox([](ImapClient&) {});
 }
 
-std::vector<FetchedMail> ServerMail::List(bool unreadOnly) {
+std::vector<letters::FetchedMail> ServerMail::List(bool unreadOnly) {
   Flush();
   return OnInbox([this, unreadOnly](ImapClient&) { return Listed(unreadOnly); });
 }
 
-std::vector<FetchedMail> ServerMail::Listed(bool unreadOnly) {
+std::vector<letters::FetchedMail> ServerMail::Listed(bool unreadOnly) {
   // Servers search decoded subjects, but not all see every sign in them: the name alone is sought.
-  const auto found =
-      imap_->Search(std::string("UNDELETED ") + (unreadOnly ? "UNSEEN " : "") + "SUBJECT \"" +
-                    std::string(subjectPrefix.substr(0, subjectPrefix.find(' '))) + '"');
+  const auto found = imap_->Search(
+      std::string("UNDELETED ") + (unreadOnly ? "UNSEEN " : "") + "SUBJECT \"" +
+      std::string(letters::subjectPrefix.substr(0, letters::subjectPrefix.find(' '))) + '"');
   const auto first = std::upper_bound(found.begin(), found.end(), brought_);
   const auto last = first + std::min(greatestCount, found.end() - first);
   auto summaries = imap_->Summaries({first, last}, "SUBJECT");
@@ -152,7 +153,7 @@ std::vector<FetchedMail> ServerMail::Listed(bool unreadOnly) {
   });
   auto next = summaries.cbegin();
   auto mails = Download(next, summaries.cend());
-  std::vector<FetchedMail> list;
+  std::vector<letters::FetchedMail> list;
   for (auto summary = summaries.cbegin(); summary != next; ++summary) {
     // Taken out: some servers tell of a mail twice.
     auto mail = mails.extract(summary->uid);
@@ -170,11 +171,11 @@ std::vector<FetchedMail> ServerMail::Listed(bool unreadOnly) {
 }
 
 /// The next mails until they are as much as a look may bring.
-std::unordered_map<Uid, FetchedMail> ServerMail::Download(Summaries::const_iterator& next,
-                                                          Summaries::const_iterator end) {
-  std::unordered_map<Uid, FetchedMail> mails;
+std::unordered_map<Uid, letters::FetchedMail> ServerMail::Download(Summaries::const_iterator& next,
+                                                                   Summaries::const_iterator end) {
+  std::unordered_map<Uid, letters::FetchedMail> mails;
   for (std::size_t size = 0; next != end && size < lookSize_;) {
-    for (const auto& content : imap_->Contents(TakeBatch(next, end), greatestMail + 1)) {
+    for (const auto& content : imap_->Contents(TakeBatch(next, end), letters::greatestMail + 1)) {
       size += content.bytes.size();
       if (auto mail = Parsed(content.bytes)) {
         mails[content.uid] = std::move(*mail);
@@ -202,12 +203,13 @@ void ServerMail::Flush() {
   });
 }
 
-void ServerMail::Send(const OutgoingMail& mail) {
-  const std::string bytes = ComposeMail(mail, Lines::SevenBit);
+void ServerMail::Send(const letters::OutgoingMail& mail) {
+  const std::string bytes = letters::ComposeMail(mail, letters::Lines::SevenBit);
   std::vector<std::string> recipients;
-  for (const Mailbox& recipient : mail.to) recipients.push_back(EnvelopeAddress(recipient.address));
+  for (const letters::Mailbox& recipient : mail.to)
+    recipients.push_back(letters::EnvelopeAddress(recipient.address));
   SendBySmtp({account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(), patience_,
-             EnvelopeAddress(mail.from.address), recipients, bytes);
+             letters::EnvelopeAddress(mail.from.address), recipients, bytes);
   try {
     KeepCopy(bytes);
   } catch (const std::exception&) {

@@ -25,7 +25,7 @@ class ServerMail : public MailTransport {
   void Open() override;
 
   /// A mail's identifier is the Inbox's validity, a point, and the mail's UID.
-  std::vector<FetchedMail> List(bool unreadOnly) override;
+  std::vector<letters::FetchedMail> List(bool unreadOnly) override;
   bool MoreToCome() const override { return brought_ != 0; }
   void BeginAnew() override { brought_ = 0; }
   void MarkRead(const std::string& id) override { marked_.push_back(id); }
@@ -33,7 +33,7 @@ class ServerMail : public MailTransport {
   void Flush() override;
 
   /// A copy that can't be kept is no failure: the mail is on its way.
-  void Send(const OutgoingMail& mail) override;
+  void Send(const letters::OutgoingMail& mail) override;
 
   void Close() override;
   void Hurry() override { patience_.Hurry(); }
@@ -46,10 +46,10 @@ class ServerMail : public MailTransport {
   void Connect();
   template <typename Work>
   auto OnInbox(const Work& work);
-  std::vector<FetchedMail> Listed(bool unreadOnly);
+  std::vector<letters::FetchedMail> Listed(bool unreadOnly);
   using Summaries = std::vector<ImapClient::Summary>;
-  std::unordered_map<Uid, FetchedMail> Download(Summaries::const_iterator& next,
-                                                Summaries::const_iterator end);
+  std::unordered_map<Uid, letters::FetchedMail> Download(Summaries::const_iterator& next,
+                                                         Summaries::const_iterator end);
   void KeepCopy(const std::string& bytes);
 
   MailAccount account_;

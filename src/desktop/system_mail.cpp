@@ -9,7 +9,7 @@
 #include <system_error>
 
 #include "desktop/child_process.h"
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 #include "platform/mail_client.h"
 #include "platform/text_fields.h"
 
@@ -39,7 +39,7 @@ std::string UsersMaildir() {
 /// The last line that says something, in a length that can be shown.
 std::string LastLine(const std::string& said) {
   const std::string text = said.substr(0, said.find_last_not_of(" \t\r\n") + 1);
-  return WithoutReserved(text.substr(text.find_last_of("\r\n") + 1).substr(0, 1000));
+  return letters::WithoutReserved(text.substr(text.find_last_of("\r\n") + 1).substr(0, 1000));
 }
 
 }  // namespace
@@ -63,12 +63,13 @@ void SystemMail::Open() {
   }
 }
 
-void SystemMail::Send(const OutgoingMail& mail) {
+void SystemMail::Send(const letters::OutgoingMail& mail) {
   std::vector<std::string> arguments = {"-i", "--"};
-  for (const Mailbox& recipient : mail.to) {
-    arguments.push_back(EnvelopeAddress(recipient.address));
+  for (const letters::Mailbox& recipient : mail.to) {
+    arguments.push_back(letters::EnvelopeAddress(recipient.address));
   }
-  const std::string bytes = platform::ReplaceAll(ComposeMail(mail, Lines::SevenBit), "\r\n", "\n");
+  const std::string bytes =
+      platform::ReplaceAll(letters::ComposeMail(mail, letters::Lines::SevenBit), "\r\n", "\n");
   const ChildEnd end = RunProgram(sendmail_, arguments, bytes, patience_);
   if (end.exitCode == 0) return;
   const std::string reason = LastLine(end.output + end.errors);

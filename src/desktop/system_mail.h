@@ -25,13 +25,15 @@ class SystemMail : public MailTransport {
   /// elsewhere.
   void Open() override;
 
-  std::vector<FetchedMail> List(bool unreadOnly) override { return inbox_.List(unreadOnly); }
+  std::vector<letters::FetchedMail> List(bool unreadOnly) override {
+    return inbox_.List(unreadOnly);
+  }
   bool MoreToCome() const override { return inbox_.MoreToCome(); }
   void BeginAnew() override { inbox_.BeginAnew(); }
   std::string Problem() const override { return inbox_.Problem(); }
   void MarkRead(const std::string& id) override { inbox_.MarkRead(id); }
   void Remove(const std::string& id) override { inbox_.Remove(id); }
-  void Send(const OutgoingMail& mail) override;
+  void Send(const letters::OutgoingMail& mail) override;
   void Close() override {}
   void Hurry() override { patience_.Hurry(); }
 

@@ -7,8 +7,8 @@
 #include <optional>
 #include <utility>
 
-#include "desktop/mail_library.h"
-#include "desktop/mail_text.h"
+#include "letters/mail_library.h"
+#include "letters/mail_text.h"
 
 namespace desktop {
 namespace {
@@ -160,7 +160,8 @@ Property Understood(string_view text, bool isOldest) {
     if (Upper(part).starts_with("CHARSET=")) charset = part.substr(part.find('=') + 1);
   }
   if (IsQuotedPrintable(line)) property.value = Decoded(property.value);
-  property.value = RaisingMailErrors([&] { return ToUtf8(property.value, charset); });
+  property.value =
+      letters::RaisingMailErrors([&] { return letters::ToUtf8(property.value, charset); });
   return property;
 }
 
@@ -174,7 +175,7 @@ std::string Unescaped(string_view value) {
       text += value[i] == 'n' || value[i] == 'N' ? ' ' : value[i];
     }
   }
-  return std::string(Trimmed(WithoutReserved(text)));
+  return std::string(Trimmed(letters::WithoutReserved(text)));
 }
 
 std::string Escaped(string_view text) {
@@ -245,7 +246,7 @@ std::string NameOf(const VCard& card, bool isOldest) {
 }  // namespace
 
 bool IsUsableAddress(string_view address) {
-  return IsMailAddress(address) && address.size() <= longestAddress;
+  return letters::IsMailAddress(address) && address.size() <= longestAddress;
 }
 
 bool IsSameAddress(string_view one, string_view other) { return Upper(one) == Upper(other); }

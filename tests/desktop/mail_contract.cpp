@@ -147,7 +147,7 @@ TEST_P(MailContractTest, TextsArriveAsTheyWereSent) {
 
 TEST_P(MailContractTest, HeadersComeWithoutReservedCharacters) {
   SignOn();
-  const desktop::Mailbox user = {"", userAddress};
+  const letters::Mailbox user = {"", userAddress};
   world_->Deliver({{"Y|ou\tand\x01me", "you@localhost"}, {user}, "Tarvolenix : a|b\r\nc", "x|y"});
   world_->Deliver({{" | ", "you@localhost"}, {user}, "Tarvolenix : d", "x"});
   EXPECT_EQ(FetchedSubjects(true), "a b  c d ");

@@ -17,9 +17,9 @@
 
 namespace {
 
-using desktop::FetchedMail;
 using desktop::MailAccount;
 using desktop::MailService;
+using letters::FetchedMail;
 using platform::MailError;
 
 /// What the test and the transport on the mail thread share.
@@ -81,7 +81,7 @@ class ScriptedTransport : public desktop::MailTransport {
   void BeginAnew() override { next_ = 0; }
   void MarkRead(const std::string& id) override { script_.Called("mark" + id); }
   void Remove(const std::string& id) override { script_.Called("remove" + id); }
-  void Send(const desktop::OutgoingMail& mail) override {
+  void Send(const letters::OutgoingMail& mail) override {
     script_.Called("send:" + mail.from.address + ">" + mail.to.at(0).address);
   }
   void Close() override { script_.Called("close"); }

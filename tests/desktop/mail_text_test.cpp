@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <sstream>
 
-#include "desktop/html_text.h"
+#include "letters/html_text.h"
 #include "platform/mail_client.h"
 
 namespace {
 
-using desktop::ComposeMail;
-using desktop::ParseMail;
+using letters::ComposeMail;
+using letters::ParseMail;
 
 struct ReadCase {
   const char* name;
@@ -162,8 +162,8 @@ TEST(MailTextTest, TextsTravelInTheirPlainestForm) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text.substr(0, 20));
-    for (const auto lines : {desktop::Lines::EightBit, desktop::Lines::SevenBit}) {
-      const bool seven = lines == desktop::Lines::SevenBit;
+    for (const auto lines : {letters::Lines::EightBit, letters::Lines::SevenBit}) {
+      const bool seven = lines == letters::Lines::SevenBit;
       const std::string bytes = ComposeMail({{"", "a@b"}, {{"", "c@d"}}, "Ü", row.text}, lines);
       const std::string encoding = seven ? row.sevenBit : row.eightBit;
       EXPECT_NE(bytes.find("\r\nContent-Transfer-Encoding: " + encoding + "\r\n"), bytes.npos);
@@ -181,7 +181,7 @@ TEST(MailTextTest, RefusesWhatIsNoAddress) {
                platform::MailError);
   for (const char* address : {"", " ", "bob", "@x.y", "bob@", "a b@c", "a@b\r\nBcc: c@d", "<a@b>",
                               "a@b,c@d", "\"a\"@b", "a@b|c"}) {
-    EXPECT_FALSE(desktop::IsMailAddress(address)) << address;
+    EXPECT_FALSE(letters::IsMailAddress(address)) << address;
     EXPECT_THROW(ComposeMail({{"", "me@x.y"}, {{"", address}}, "s", "t"}), platform::MailError)
         << address;
   }
@@ -189,16 +189,16 @@ TEST(MailTextTest, RefusesWhatIsNoAddress) {
     const auto mail = ParseMail(ComposeMail({{"", address}, {{"", "you@x.y"}}, "s", "t"}));
     EXPECT_EQ(mail.address, address);
   }
-  EXPECT_EQ(desktop::EnvelopeAddress(" o'brien@tür.de "), "o'brien@xn--tr-xka.de");
+  EXPECT_EQ(letters::EnvelopeAddress(" o'brien@tür.de "), "o'brien@xn--tr-xka.de");
 }
 
 TEST(MailTextTest, ReservedCharactersBecomeBlanks) {
-  EXPECT_EQ(desktop::WithoutReserved("a|b\tc\x7F\u0080x\u0085y\u2028\u2029"), "a b c  x y  ");
-  EXPECT_EQ(desktop::WithoutReserved("\u00A0ü\u2027♔\xC2"), "\u00A0ü\u2027♔\xC2");
+  EXPECT_EQ(letters::WithoutReserved("a|b\tc\x7F\u0080x\u0085y\u2028\u2029"), "a b c  x y  ");
+  EXPECT_EQ(letters::WithoutReserved("\u00A0ü\u2027♔\xC2"), "\u00A0ü\u2027♔\xC2");
 }
 
 TEST(MailTextTest, RefusesWhatLeadsTheLibraryAstray) {
-  EXPECT_THROW(desktop::SubjectOf("Subject: =??B?eg?==??B?eCg?=\n\n"), platform::MailError);
+  EXPECT_THROW(letters::SubjectOf("Subject: =??B?eg?==??B?eCg?=\n\n"), platform::MailError);
 }
 
 TEST(MailTextTest, RefusesMailsThatAreBuiltToBeExpensive) {
@@ -229,7 +229,7 @@ TEST(HtmlTextTest, WhatMakesNoSenseStays) {
       {"<script>if (a < b) { }</SCRIPT>x", "x"},
       {"<<br>1|\n 2 <br> 3&nbsp; x", "<<br>1|\r\n2\r\n3  x"},
       {"&nbsp;&#160;&#x1F600;&Auml;&yuml;&euro;", "  😀Äÿ€"}};
-  for (const auto& [html, text] : rows) EXPECT_EQ(desktop::HtmlToText(html), text) << html;
+  for (const auto& [html, text] : rows) EXPECT_EQ(letters::HtmlToText(html), text) << html;
 }
 
 }  // namespace

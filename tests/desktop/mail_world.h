@@ -20,7 +20,7 @@ class MailWorld {
   virtual platform::MAPIMessages& Messages() = 0;
 
   /// Puts a mail into the user's Inbox as its last one.
-  virtual void Deliver(const desktop::OutgoingMail& mail) = 0;
+  virtual void Deliver(const letters::OutgoingMail& mail) = 0;
 
   /// Returns when what the user has sent lies where it goes.
   virtual void AwaitDelivery() {}
@@ -29,7 +29,7 @@ class MailWorld {
   virtual std::map<std::string, bool> Inbox() = 0;
 
   /// What the user has sent to `address`.
-  virtual std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) = 0;
+  virtual std::vector<letters::FetchedMail> ReceivedBy(const std::string& address) = 0;
 
   /// From now on nothing can be delivered to `address`.
   virtual void Refuse(const std::string& address) = 0;

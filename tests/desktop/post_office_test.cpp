@@ -8,7 +8,7 @@
 #include <set>
 #include <thread>
 
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 #include "platform/mail_client.h"
 #include "temporary_folder.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/mail_service.h"
-#include "desktop/mail_text.h"
 #include "desktop/post_office.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
+#include "letters/mail_text.h"
 #include "mail_world.h"
 #include "temporary_folder.h"
 
@@ -24,11 +24,11 @@ class PostWorld : public MailWorld {
   platform::MAPISession& Session() override { return service_; }
   platform::MAPIMessages& Messages() override { return service_; }
 
-  void Deliver(const desktop::OutgoingMail& mail) override {
+  void Deliver(const letters::OutgoingMail& mail) override {
     fs::create_directories(folder_ / "post");
     const desktop::Maildir box(BoxOf(userAddress));
     box.Create();
-    box.Deliver(desktop::ComposeMail(mail));
+    box.Deliver(letters::ComposeMail(mail));
   }
 
   std::map<std::string, bool> Inbox() override {
@@ -36,13 +36,13 @@ class PostWorld : public MailWorld {
     for (const char* part : {"new", "cur"}) {
       for (const auto& entry : fs::directory_iterator(BoxOf(userAddress) + part)) {
         const std::string path = entry.path().string();
-        inbox[desktop::SubjectOf(ReadFile(path))] = path.ends_with(":2,S");
+        inbox[letters::SubjectOf(ReadFile(path))] = path.ends_with(":2,S");
       }
     }
     return inbox;
   }
 
-  std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) override {
+  std::vector<letters::FetchedMail> ReceivedBy(const std::string& address) override {
     if (!fs::exists(BoxOf(address))) return {};
     return desktop::Maildir(BoxOf(address)).List(false);
   }

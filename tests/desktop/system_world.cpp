@@ -2,11 +2,11 @@
 // Mail as the system has it, with a script for its sendmail program: a mailbox is a Maildir in the
 // test's folder, and a file of the address's name stands for one that takes nothing.
 #include "desktop/mail_service.h"
-#include "desktop/mail_text.h"
 #include "desktop/system_mail.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
+#include "letters/mail_text.h"
 #include "mail_world.h"
 #include "temporary_folder.h"
 
@@ -45,8 +45,8 @@ class SystemWorld : public MailWorld {
   platform::MAPISession& Session() override { return service_; }
   platform::MAPIMessages& Messages() override { return service_; }
 
-  void Deliver(const desktop::OutgoingMail& mail) override {
-    desktop::Maildir(BoxOf(userAddress)).Deliver(desktop::ComposeMail(mail));
+  void Deliver(const letters::OutgoingMail& mail) override {
+    desktop::Maildir(BoxOf(userAddress)).Deliver(letters::ComposeMail(mail));
   }
 
   std::map<std::string, bool> Inbox() override {
@@ -54,13 +54,13 @@ class SystemWorld : public MailWorld {
     for (const auto& entry : fs::recursive_directory_iterator(BoxOf(userAddress))) {
       const std::string path = entry.path().string();
       if (entry.is_regular_file()) {
-        inbox[desktop::SubjectOf(ReadFile(path))] = path.ends_with(":2,S");
+        inbox[letters::SubjectOf(ReadFile(path))] = path.ends_with(":2,S");
       }
     }
     return inbox;
   }
 
-  std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) override {
+  std::vector<letters::FetchedMail> ReceivedBy(const std::string& address) override {
     if (!fs::exists(BoxOf(address))) return {};
     return desktop::Maildir(BoxOf(address)).List(false);
   }

@@ -48,7 +48,7 @@ void TryInput(std::string_view input) {
   Try([&] { mail.Open(); });
   Try([&] {
     std::set<std::string> ids;
-    for (const desktop::FetchedMail& each : mail.List(true)) {
+    for (const letters::FetchedMail& each : mail.List(true)) {
       Require(ids.insert(each.id).second);
       mail.MarkRead(each.id);
       if (!each.read) mail.Remove(each.id);

@@ -3,16 +3,16 @@
 // when it is sent on.
 #include <algorithm>
 
-#include "desktop/mail_library.h"
-#include "desktop/mail_text.h"
-#include "desktop/text_repair.h"
 #include "fuzz/fuzz.h"
+#include "letters/mail_library.h"
+#include "letters/mail_text.h"
+#include "letters/text_repair.h"
 #include "platform/text_fields.h"
 
 namespace {
 
 void RequireUtf8(const std::string& text) {
-  Require(desktop::ToUtf8(text, vmime::charset(vmime::charsets::UTF_8)) == text);
+  Require(letters::ToUtf8(text, vmime::charset(vmime::charsets::UTF_8)) == text);
 }
 
 std::string WithBareLineEnds(const std::string& text) {
@@ -29,17 +29,17 @@ bool IsPlainAddress(const std::string& address) {
          !address.ends_with(".invalid");
 }
 
-void RequireSameWhenSentOn(const desktop::FetchedMail& mail, desktop::Lines lines) {
-  const desktop::Mailbox sender{mail.name, mail.address};
+void RequireSameWhenSentOn(const letters::FetchedMail& mail, letters::Lines lines) {
+  const letters::Mailbox sender{mail.name, mail.address};
   const std::string bytes =
-      desktop::ComposeMail({sender, {{"", "a@b"}}, mail.subject, mail.text}, lines);
-  Require(IsAscii(bytes) || lines == desktop::Lines::EightBit);
-  const desktop::FetchedMail again = desktop::ParseMail(bytes);
-  Require(again.subject == desktop::WithoutReserved(mail.subject));
-  Require(again.name == desktop::WithoutReserved(mail.name));
+      letters::ComposeMail({sender, {{"", "a@b"}}, mail.subject, mail.text}, lines);
+  Require(IsAscii(bytes) || lines == letters::Lines::EightBit);
+  const letters::FetchedMail again = letters::ParseMail(bytes);
+  Require(again.subject == letters::WithoutReserved(mail.subject));
+  Require(again.name == letters::WithoutReserved(mail.name));
   Require(again.address == mail.address);
   // Each time it is read, the program's own part may lose what it has caught on its way.
-  Require(desktop::HoldsStartMarker(mail.text) ||
+  Require(letters::HoldsStartMarker(mail.text) ||
           WithBareLineEnds(again.text) == WithBareLineEnds(mail.text));
 }
 
@@ -47,7 +47,7 @@ void RequireSameWhenSentOn(const desktop::FetchedMail& mail, desktop::Lines line
 
 void TryInput(std::string_view input) {
   try {
-    const desktop::FetchedMail mail = desktop::ParseMail(std::string(input));
+    const letters::FetchedMail mail = letters::ParseMail(std::string(input));
     for (const std::string& text : {mail.subject, mail.name, mail.address, mail.text}) {
       RequireUtf8(text);
     }
@@ -55,7 +55,7 @@ void TryInput(std::string_view input) {
     if (!IsPlainAddress(mail.address)) return;
     // One of the two is enough at a time: composing takes the longest of all.
     RequireSameWhenSentOn(mail,
-                          input.size() % 2 ? desktop::Lines::EightBit : desktop::Lines::SevenBit);
+                          input.size() % 2 ? letters::Lines::EightBit : letters::Lines::SevenBit);
   } catch (const platform::MailError&) {
     // refused
   }

@@ -2,10 +2,10 @@
 #include "mail_servers/imap_world.h"
 
 #include "desktop/mail_service.h"
-#include "desktop/mail_text.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
+#include "letters/mail_text.h"
 #include "mail_servers/other_client.h"
 #include "mail_servers/the_servers.h"
 
@@ -21,8 +21,8 @@ class ImapWorld : public MailWorld {
   platform::MAPISession& Session() override { return service_; }
   platform::MAPIMessages& Messages() override { return service_; }
 
-  void Deliver(const desktop::OutgoingMail& mail) override {
-    OtherClient(servers_, userAddress).Append("INBOX", "", desktop::ComposeMail(mail));
+  void Deliver(const letters::OutgoingMail& mail) override {
+    OtherClient(servers_, userAddress).Append("INBOX", "", letters::ComposeMail(mail));
   }
 
   void AwaitDelivery() override { servers_.AwaitDelivery(); }
@@ -30,15 +30,15 @@ class ImapWorld : public MailWorld {
   std::map<std::string, bool> Inbox() override {
     std::map<std::string, bool> inbox;
     for (const auto& mail : OtherClient(servers_, userAddress).Mails("INBOX")) {
-      inbox[desktop::SubjectOf(mail.bytes)] = mail.flags == "\\Seen";
+      inbox[letters::SubjectOf(mail.bytes)] = mail.flags == "\\Seen";
     }
     return inbox;
   }
 
-  std::vector<desktop::FetchedMail> ReceivedBy(const std::string& address) override {
-    std::vector<desktop::FetchedMail> received;
+  std::vector<letters::FetchedMail> ReceivedBy(const std::string& address) override {
+    std::vector<letters::FetchedMail> received;
     for (const auto& mail : OtherClient(servers_, address).Mails("INBOX")) {
-      received.push_back(desktop::ParseMail(mail.bytes));
+      received.push_back(letters::ParseMail(mail.bytes));
       received.back().read = !mail.flags.empty();
     }
     return received;

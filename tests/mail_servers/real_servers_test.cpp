@@ -5,21 +5,21 @@
 #include <stdlib.h>
 
 #include "desktop/account_check.h"
-#include "desktop/mail_text.h"
 #include "desktop/server_mail.h"
+#include "letters/mail_text.h"
 #include "mail_servers/imap_world.h"
 #include "mail_servers/other_client.h"
 #include "mail_servers/the_servers.h"
 
 namespace {
 
-using desktop::FetchedMail;
 using desktop::MailAccount;
+using letters::FetchedMail;
 
 const std::string user = userAddress;
 const std::string opponent = "you@localhost";
 
-desktop::OutgoingMail MailOf(const std::string& subject) {
+letters::OutgoingMail MailOf(const std::string& subject) {
   return {{"", user}, {{"", opponent}}, "Tarvolenix : " + subject, "text"};
 }
 
@@ -42,7 +42,7 @@ class RealServersTest : public testing::Test {
   std::string Folder(const std::string& name, const std::string& owner = user) {
     std::string all;
     for (const auto& mail : OtherClient(servers_, owner).Mails(name)) {
-      std::string subject = desktop::SubjectOf(mail.bytes);
+      std::string subject = letters::SubjectOf(mail.bytes);
       if (subject.starts_with("Tarvolenix : ")) subject.erase(0, 13);
       all += subject + (mail.flags.empty() ? "" : "(" + mail.flags + ")") + ' ';
     }

@@ -35,14 +35,14 @@ class StallingTransport : public desktop::MailTransport {
       : gate_(std::move(gate)), hasAnswered_(hasAnswered) {}
 
   void Open() override {}
-  std::vector<desktop::FetchedMail> List(bool) override {
+  std::vector<letters::FetchedMail> List(bool) override {
     gate_.wait_for(std::chrono::seconds(10));
     hasAnswered_ = true;
     return {{"1", "Tarvolenix : d4", "Dora", "dora@example.org", moveText, false}};
   }
   void MarkRead(const std::string&) override {}
   void Remove(const std::string&) override {}
-  void Send(const desktop::OutgoingMail&) override {}
+  void Send(const letters::OutgoingMail&) override {}
   void Close() override {}
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/mail_library.h"
+#include "letters/mail_library.h"
 
 #include <vmime/platforms/posix/posixHandler.hpp>
 
@@ -9,7 +9,7 @@
 #include <mutex>
 #include <utility>
 
-namespace desktop {
+namespace letters {
 namespace {
 
 const vmime::charset utf8(vmime::charsets::UTF_8);
@@ -110,4 +110,4 @@ std::string ToUtf8(const vmime::text& text) {
   return result + ToUtf8(bytes, charset);
 }
 
-}  // namespace desktop
+}  // namespace letters

@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 
-namespace desktop {
+namespace letters {
 
 /// A mail, or a part of one: its header, read, and what stands behind it. What a header has beyond
 /// its limit counts for the body. `bytes` must outlive the part.
@@ -26,4 +26,4 @@ struct MimePart {
 /// for a mail of so many parts that it can only be meant to be expensive.
 std::string TextOf(const MimePart& mail);
 
-}  // namespace desktop
+}  // namespace letters

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/text_repair.h"
+#include "letters/text_repair.h"
 
 #include <algorithm>
 
 #include "platform/text_fields.h"
 
-namespace desktop {
+namespace letters {
 namespace {
 
 using std::string_view;
@@ -116,4 +116,4 @@ std::string RepairedText(string_view text) {
   return HoldsStartMarker(visible) ? WithoutBlanksBehindFields(Unquoted(visible)) : visible;
 }
 
-}  // namespace desktop
+}  // namespace letters

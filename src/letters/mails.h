@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace desktop {
+namespace letters {
 
 struct Mailbox {
   std::string name;
@@ -32,4 +32,4 @@ struct OutgoingMail {
   std::string text;
 };
 
-}  // namespace desktop
+}  // namespace letters

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace desktop {
+namespace letters {
 
 /// How the program's own part of a text begins.
 inline constexpr std::string_view startMarker = "<<TARVOLENIX:";
@@ -23,4 +23,4 @@ std::string JoinedLines(std::string_view flowed, bool deletesBlanks);
 /// at the end of lines that end a field.
 std::string RepairedText(std::string_view text);
 
-}  // namespace desktop
+}  // namespace letters

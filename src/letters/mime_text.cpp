@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/mime_text.h"
+#include "letters/mime_text.h"
 
 #include <vmime/contentTypeField.hpp>
 
 #include <algorithm>
 #include <vector>
 
-#include "desktop/html_text.h"
-#include "desktop/mail_library.h"
-#include "desktop/text_repair.h"
+#include "letters/html_text.h"
+#include "letters/mail_library.h"
+#include "letters/text_repair.h"
 
-namespace desktop {
+namespace letters {
 namespace {
 
 using platform::MailError;
@@ -164,4 +164,4 @@ MimePart::MimePart(std::string_view bytes) : headerBytes(bytes.substr(0, greates
 
 std::string TextOf(const MimePart& mail) { return TextReader().TextOf(mail); }
 
-}  // namespace desktop
+}  // namespace letters

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/html_text.h"
+#include "letters/html_text.h"
 
 #include <algorithm>
 #include <cctype>
@@ -9,7 +9,7 @@
 
 #include "platform/text_fields.h"
 
-namespace desktop {
+namespace letters {
 namespace {
 
 /// What editors make of one of two blanks, so that both count. It becomes a plain one in the end.
@@ -168,4 +168,4 @@ std::string HtmlToText(std::string_view html) {
   return platform::ReplaceAll(walk.text, noBreakSpace, " ");
 }
 
-}  // namespace desktop
+}  // namespace letters

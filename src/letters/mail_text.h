@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/mails.h"
+#include "letters/mails.h"
 
-namespace desktop {
+namespace letters {
 
 /// How the subject of every mail of the program begins.
 inline constexpr std::string_view subjectPrefix = "Tarvolenix :";
@@ -50,4 +50,4 @@ std::string SubjectOf(std::string_view bytes);
 /// expensive, and for one that a program wrote by itself as an answer.
 FetchedMail ParseMail(const std::string& bytes);
 
-}  // namespace desktop
+}  // namespace letters

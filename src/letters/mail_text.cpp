@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/mail_text.h"
+#include "letters/mail_text.h"
 
 #include <algorithm>
 
-#include "desktop/mail_library.h"
-#include "desktop/mime_text.h"
+#include "letters/mail_library.h"
+#include "letters/mime_text.h"
 
-namespace desktop {
+namespace letters {
 namespace {
 
 using platform::MailError;
@@ -118,4 +118,4 @@ FetchedMail ParseMail(const std::string& bytes) {
   });
 }
 
-}  // namespace desktop
+}  // namespace letters

@@ -11,7 +11,7 @@
 
 #include "platform/mail_client.h"
 
-namespace desktop {
+namespace letters {
 
 /// The library must know its platform before anything else is asked of it.
 void PrepareMailLibrary();
@@ -45,4 +45,4 @@ std::string ToUtf8(const std::string& bytes, const vmime::charset& declared);
 
 std::string ToUtf8(const vmime::text& text);
 
-}  // namespace desktop
+}  // namespace letters

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 
-#include "desktop/mail_library.h"
-#include "desktop/mail_text.h"
+#include "letters/mail_library.h"
+#include "letters/mail_text.h"
 #include "platform/text_fields.h"
 
-namespace desktop {
+namespace letters {
 namespace {
 
 using platform::MailError;
@@ -168,4 +168,4 @@ std::string ComposeMail(const OutgoingMail& mail, Lines lines) {
   });
 }
 
-}  // namespace desktop
+}  // namespace letters

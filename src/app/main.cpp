@@ -8,8 +8,8 @@
 #include "app/end_requests.h"
 #include "app/program.h"
 #include "desktop/folders.h"
-#include "desktop/passwords.h"
 #include "platform/process_state.h"
+#include "post/passwords.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ std::string CommandLine(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  desktop::ForbidCoreDumps();
+  post::ForbidCoreDumps();
   if (!app::DisplayIsThere()) {
     std::cerr << "Tarvolenix shows windows and needs a graphical desktop: there is no display that "
                  "it can reach.\n";

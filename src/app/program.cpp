@@ -9,9 +9,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "desktop/account_check.h"
 #include "desktop/folders.h"
-#include "desktop/known_providers.h"
 #include "mail/mail_session.h"
 #include "platform/desktop.h"
 #include "platform/messages.h"
@@ -19,6 +17,8 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
+#include "post/account_check.h"
+#include "post/known_providers.h"
 #include "shell/held_mail_questions.h"
 #include "shell/past_opponents.h"
 #include "shell/settings.h"
@@ -36,9 +36,9 @@ using platform::Process;
 namespace {
 
 ui::ProviderGuess Guess(const desktop::MailAccount& account) {
-  const desktop::MailAccount guessed = desktop::WithGuessedServers(account);
-  return {guessed, desktop::IsKnownProvider(account.MyAddress),
-          std::string(desktop::PasswordAdvice(guessed.ImapHost))};
+  const desktop::MailAccount guessed = post::WithGuessedServers(account);
+  return {guessed, post::IsKnownProvider(account.MyAddress),
+          std::string(post::PasswordAdvice(guessed.ImapHost))};
 }
 
 void ReportAccountTrouble(const std::string& text) {
@@ -62,7 +62,7 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
   SetUpFolders();
   desktop_ = std::make_unique<desktop::RealDesktop>(
       programFolder, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
-      desktop::MailService::AskRecipients{
+      post::MailService::AskRecipients{
           [this](const auto& caption) { return ui::PickRecipients(contacts_, caption); },
           [this](const auto& typed, bool mayAsk) {
             return ui::ResolveRecipient(contacts_, typed, mayAsk);
@@ -100,17 +100,17 @@ void Program::End() {
 void Program::Stop() { shell::ExitProgram(); }
 
 std::optional<std::string> Program::KeptPassword(const desktop::MailAccount& account) {
-  if (!desktop::NeedsPassword(account)) return std::nullopt;
-  return desktop_->KeptPasswords().Read(desktop::PasswordKey(account));
+  if (!post::NeedsPassword(account)) return std::nullopt;
+  return desktop_->KeptPasswords().Read(post::PasswordKey(account));
 }
 
 std::optional<desktop::AccountAnswer> Program::AskAccount(const desktop::MailAccount& suggestion) {
   // Looked up once: a keyring may ask its user to unlock it.
   const bool isKept = KeptPassword(suggestion).has_value();
   const ui::AccountHelp help{
-      desktop::HasUsableAddress, Guess,
-      [isKept, key = desktop::PasswordKey(suggestion)](const desktop::MailAccount& account) {
-        return isKept && desktop::PasswordKey(account) == key;
+      post::HasUsableAddress, Guess,
+      [isKept, key = post::PasswordKey(suggestion)](const desktop::MailAccount& account) {
+        return isKept && post::PasswordKey(account) == key;
       },
       [this](const auto& answer, auto told) { TestAccount(answer, std::move(told)); }};
   auto answer = ui::AskForAccount(suggestion, help);
@@ -140,7 +140,7 @@ void Program::TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp:
   });
   const std::string password =
       answer.password.value_or(KeptPassword(answer.account).value_or(std::string{}));
-  auto check = std::make_shared<desktop::AccountCheck>(answer.account, password);
+  auto check = std::make_shared<post::AccountCheck>(answer.account, password);
   auto end = std::async(std::launch::async,
                         [check, told = std::move(told), &events = *platform::TheDesktop().events] {
                           const std::string problem = check->Problem();
@@ -151,7 +151,7 @@ void Program::TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp:
 
 void Program::ChangeAccount() {
   try {
-    ChangeAccountFrom(desktop::LoadMailAccount());
+    ChangeAccountFrom(post::LoadMailAccount());
   } catch (const platform::SettingsError& error) {
     ReportAccountTrouble(error.what());
   }
@@ -159,9 +159,9 @@ void Program::ChangeAccount() {
 
 void Program::ChangeAccountFrom(const desktop::MailAccount& stored) {
   const platform::PollingHold hold;
-  const auto answer = AskAccount(desktop::WithLoginName(stored));
+  const auto answer = AskAccount(post::WithLoginName(stored));
   if (!answer || (answer->account == stored && !answer->password)) return;
-  if (!desktop::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) {
+  if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) {
     ReportAccountTrouble("Your mail account can't be stored.");
     return;
   }

@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "desktop/account_check.h"
 #include "desktop/contacts_book.h"
-#include "desktop/mail_account.h"
 #include "desktop/real_desktop.h"
 #include "desktop/single_instance.h"
+#include "post/account_check.h"
+#include "post/mail_account.h"
 #include "ui/help/help_window.h"
 #include "ui/people/account_dialog.h"
 #include "ui/program/qt_message_boxes.h"
@@ -62,7 +62,7 @@ class Program {
   std::unique_ptr<ui::SystemTray> tray_;
   ui::WaitingWindows waiting_;
   struct AccountTest {
-    std::shared_ptr<desktop::AccountCheck> check;
+    std::shared_ptr<post::AccountCheck> check;
     std::future<void> end;
   };
   void HurryTests();

@@ -9,12 +9,12 @@
 #include <optional>
 
 #include "cli/verbs.h"
-#include "desktop/account_check.h"
-#include "desktop/known_providers.h"
-#include "desktop/mail_account.h"
 #include "letters/mail_text.h"
 #include "mail/character_count.h"
 #include "platform/utf8.h"
+#include "post/account_check.h"
+#include "post/known_providers.h"
+#include "post/mail_account.h"
 
 namespace cli {
 namespace {
@@ -125,13 +125,13 @@ void Apply(const Change& change, MailAccount& account) {
 
 /// The servers follow the address unless somebody has chosen them, now or before.
 void ApplyAll(const std::vector<Change>& changes, MailAccount& account) {
-  const bool follow = desktop::HasGuessedServers(account);
+  const bool follow = post::HasGuessedServers(account);
   for (const bool ofServers : {false, true}) {
     for (const Change& change : changes) {
       if (change.setting->ofServers == ofServers) Apply(change, account);
     }
     if (!ofServers && follow && account.MailKind == "Imap") {
-      account = desktop::WithGuessedServers(account);
+      account = post::WithGuessedServers(account);
     }
   }
   if (!account.PostFolder.ends_with('/')) account.PostFolder += '/';
@@ -141,7 +141,7 @@ void ApplyAll(const std::vector<Change>& changes, MailAccount& account) {
 void CheckAccount(const MailAccount& account) {
   // Of the post office a logon takes the user's login name where there is no address yet.
   const bool unknownYet = account.MailKind == "Post" && account.MyAddress.empty();
-  if (!unknownYet && !desktop::HasUsableAddress(account)) {
+  if (!unknownYet && !post::HasUsableAddress(account)) {
     throw Refusal("The value of MyAddress is no mail address.");
   }
   if (account.MailKind == "Imap" &&
@@ -180,12 +180,12 @@ std::string ReadPassword() {
   return password;
 }
 
-std::optional<std::string> KeptPassword(const MailAccount& account, desktop::Passwords& passwords) {
-  if (!desktop::NeedsPassword(account)) return std::nullopt;
-  return passwords.Read(desktop::PasswordKey(account));
+std::optional<std::string> KeptPassword(const MailAccount& account, post::Passwords& passwords) {
+  if (!post::NeedsPassword(account)) return std::nullopt;
+  return passwords.Read(post::PasswordKey(account));
 }
 
-void PrintAccount(const MailAccount& account, desktop::Passwords& passwords) {
+void PrintAccount(const MailAccount& account, post::Passwords& passwords) {
   JsonObject answer;
   for (const Setting& setting : settings) {
     if (setting.port) {
@@ -200,8 +200,8 @@ void PrintAccount(const MailAccount& account, desktop::Passwords& passwords) {
 }  // namespace
 
 bool ShowAccount(const Call& call) {
-  const std::string reason = desktop::WhyNoAccount();
-  MailAccount account = desktop::LoadMailAccount();
+  const std::string reason = post::WhyNoAccount();
+  MailAccount account = post::LoadMailAccount();
   if (!reason.empty()) account.MailKind.clear();
   PrintAccount(account, call.passwords);
   if (!reason.empty()) throw Refusal(reason);
@@ -215,16 +215,16 @@ bool SetAccount(const Call& call) {
   }
   const bool withPassword = call.arguments.Has("--password");
   if (changes.empty() && !withPassword) throw UsageError("There is nothing to set.");
-  desktop::AccountAnswer answer{desktop::LoadMailAccount(), {}};
+  desktop::AccountAnswer answer{post::LoadMailAccount(), {}};
   ApplyAll(changes, answer.account);
   CheckAccount(answer.account);
   if (withPassword) {
-    if (!desktop::NeedsPassword(answer.account)) {
+    if (!post::NeedsPassword(answer.account)) {
       throw Refusal("A mail account of this kind, or with a token command, has no password.");
     }
     answer.password = ReadPassword();
   }
-  if (!desktop::SaveAccountAnswer(answer, call.passwords)) {
+  if (!post::SaveAccountAnswer(answer, call.passwords)) {
     throw Refusal("The mail account can't be stored.");
   }
   PrintAccount(answer.account, call.passwords);
@@ -233,13 +233,13 @@ bool SetAccount(const Call& call) {
 
 bool TestAccount(const Call& call) {
   const MailAccount account =
-      desktop::WithAbsolutePostFolder(desktop::WithLoginName(desktop::LoadMailAccount()));
+      post::WithAbsolutePostFolder(post::WithLoginName(post::LoadMailAccount()));
   const auto password = KeptPassword(account, call.passwords);
-  std::string reason = desktop::WhyNoAccount();
+  std::string reason = post::WhyNoAccount();
   if (reason.empty()) {
-    reason = desktop::NeedsPassword(account) && !password
+    reason = post::NeedsPassword(account) && !password
                  ? "No password is kept for this mail account."
-                 : desktop::WhatIsWrongWith(account, password.value_or(""));
+                 : post::WhatIsWrongWith(account, password.value_or(""));
   }
   JsonObject answer;
   answer.Add("ok", reason.empty());

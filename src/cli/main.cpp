@@ -14,13 +14,13 @@
 
 #include "cli/verbs.h"
 #include "desktop/folders.h"
-#include "desktop/passwords.h"
 #include "desktop/real_desktop.h"
 #include "platform/desktop.h"
 #include "platform/harmless_text.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
+#include "post/passwords.h"
 
 namespace {
 
@@ -127,7 +127,7 @@ void PrintProblem(const std::exception& error) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  desktop::ForbidCoreDumps();
+  post::ForbidCoreDumps();
   try {
     return Run(argc, argv);
   } catch (const cli::UsageError& error) {

@@ -5,7 +5,7 @@
 
 #include "cli/arguments.h"
 #include "cli/collected_messages.h"
-#include "desktop/passwords.h"
+#include "post/passwords.h"
 
 namespace cli {
 
@@ -13,7 +13,7 @@ namespace cli {
 struct Call {
   const Arguments& arguments;
   CollectedMessages& messages;
-  desktop::Passwords& passwords;
+  post::Passwords& passwords;
 };
 
 /// Answers whether all that was asked was done. Raises Refusal with the reason for standard error,

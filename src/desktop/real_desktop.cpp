@@ -9,10 +9,10 @@
 
 namespace desktop {
 
-RealDesktop::RealDesktop(const std::string& programFolder, MailService::AskAccount ask,
-                         MailService::AskRecipients askRecipients)
+RealDesktop::RealDesktop(const std::string& programFolder, post::MailService::AskAccount ask,
+                         post::MailService::AskRecipients askRecipients)
     : settings_(files_, SettingsFileFor(programFolder)),
-      passwords_(PasswordsBeside(SettingsFileFor(programFolder))),
+      passwords_(post::PasswordsBeside(SettingsFileFor(programFolder))),
       sounds_(std::make_unique<QtSounds>()),
       mail_(events_, *passwords_, std::move(ask)) {
   mail_.SetAskRecipients(std::move(askRecipients));

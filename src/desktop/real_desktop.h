@@ -7,12 +7,12 @@
 #include <string>
 
 #include "desktop/ini_settings.h"
-#include "desktop/mail_service.h"
-#include "desktop/passwords.h"
 #include "desktop/posix_files.h"
 #include "desktop/qt_events.h"
 #include "desktop/system_clock.h"
 #include "platform/sounds.h"
+#include "post/mail_service.h"
+#include "post/passwords.h"
 
 namespace desktop {
 
@@ -22,24 +22,24 @@ class RealDesktop {
  public:
   /// `ask` is the dialog for the mail account; without it there must be one. `askRecipients` is
   /// the address book's; without it nobody is found.
-  explicit RealDesktop(const std::string& programFolder, MailService::AskAccount ask = {},
-                       MailService::AskRecipients askRecipients = {});
+  explicit RealDesktop(const std::string& programFolder, post::MailService::AskAccount ask = {},
+                       post::MailService::AskRecipients askRecipients = {});
   ~RealDesktop();
   RealDesktop(const RealDesktop&) = delete;
   RealDesktop& operator=(const RealDesktop&) = delete;
 
-  Passwords& KeptPasswords() { return *passwords_; }
+  post::Passwords& KeptPasswords() { return *passwords_; }
   QtEvents& Events() { return events_; }
-  MailService& Mail() { return mail_; }
+  post::MailService& Mail() { return mail_; }
 
  private:
   PosixFiles files_;
   IniSettings settings_;
-  std::unique_ptr<Passwords> passwords_;
+  std::unique_ptr<post::Passwords> passwords_;
   SystemClock clock_;
   std::unique_ptr<platform::Sounds> sounds_;
   QtEvents events_;
-  MailService mail_;
+  post::MailService mail_;
 };
 
 }  // namespace desktop

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/known_providers.h"
+#include "post/known_providers.h"
 
 #include <gtest/gtest.h>
 
@@ -40,15 +40,15 @@ TEST(KnownProvidersTest, AnAddressTellsItsServers) {
     SCOPED_TRACE(row.name);
     MailAccount account;
     account.MyAddress = row.address;
-    EXPECT_TRUE(desktop::HasGuessedServers(account)) << "nobody has chosen blank ones";
-    account = desktop::WithGuessedServers(account);
+    EXPECT_TRUE(post::HasGuessedServers(account)) << "nobody has chosen blank ones";
+    account = post::WithGuessedServers(account);
     EXPECT_EQ(Place(account.ImapHost, account.ImapPort, account.ImapSecurity), row.imap);
     EXPECT_EQ(Place(account.SmtpHost, account.SmtpPort, account.SmtpSecurity), row.smtp);
     EXPECT_EQ(account.UserName, row.userName);
-    EXPECT_EQ(desktop::IsKnownProvider(row.address), row.known);
-    EXPECT_TRUE(desktop::HasGuessedServers(account));
+    EXPECT_EQ(post::IsKnownProvider(row.address), row.known);
+    EXPECT_TRUE(post::HasGuessedServers(account));
     account.SmtpPort = 2525;
-    EXPECT_FALSE(desktop::HasGuessedServers(account));
+    EXPECT_FALSE(post::HasGuessedServers(account));
   }
 }
 
@@ -57,14 +57,14 @@ TEST(KnownProvidersTest, WithoutADomainNothingIsGuessed) {
   account.ImapHost = "mine";
   for (const char* address : {"", "anna", "anna@"}) {
     account.MyAddress = address;
-    EXPECT_EQ(desktop::WithGuessedServers(account), account);
-    EXPECT_FALSE(desktop::HasGuessedServers(account)) << "they are somebody's choice";
+    EXPECT_EQ(post::WithGuessedServers(account), account);
+    EXPECT_FALSE(post::HasGuessedServers(account)) << "they are somebody's choice";
   }
 }
 
 TEST(KnownProvidersTest, AdviceGoesByTheServer) {
-  EXPECT_NE(desktop::PasswordAdvice("IMAP.gmail.com").find("app password"), std::string::npos);
-  EXPECT_EQ(desktop::PasswordAdvice("imap.example.org"), "");
+  EXPECT_NE(post::PasswordAdvice("IMAP.gmail.com").find("app password"), std::string::npos);
+  EXPECT_EQ(post::PasswordAdvice("imap.example.org"), "");
 }
 
 }  // namespace

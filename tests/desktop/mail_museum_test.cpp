@@ -8,12 +8,12 @@
 #include <set>
 #include <variant>
 
-#include "desktop/mail_service.h"
-#include "desktop/system_mail.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
 #include "mail/retrieval.h"
+#include "post/mail_service.h"
+#include "post/system_mail.h"
 #include "temporary_folder.h"
 
 namespace {
@@ -152,7 +152,7 @@ std::string MailNamed(const std::string& file) { return ReadFile(mailsFolder + f
 class Reader {
  public:
   Reader() {
-    desktop::Maildir(folder_ / "").Create();
+    post::Maildir(folder_ / "").Create();
     desktop.settings.groups["Mail"] = {{"MailKind", "System"}, {"MyAddress", "bernd@example.org"}};
     platform::TheDesktop().MSess = &service_;
     platform::TheDesktop().MMess = &service_;
@@ -186,9 +186,9 @@ class Reader {
   TemporaryFolder folder_;
   fakes::PlainEvents events_;
   fakes::MemoryPasswords passwords_;
-  desktop::MailService service_{
+  post::MailService service_{
       events_, passwords_, {}, [this](const desktop::MailAccount&, const std::string&) {
-        return std::make_unique<desktop::SystemMail>(folder_ / "", "/bin/false");
+        return std::make_unique<post::SystemMail>(folder_ / "", "/bin/false");
       }};
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The mail service over a transport that does as the test tells it.
-#include "desktop/mail_service.h"
+#include "post/mail_service.h"
 
 #include <gtest/gtest.h>
 
@@ -18,9 +18,9 @@
 namespace {
 
 using desktop::MailAccount;
-using desktop::MailService;
 using letters::FetchedMail;
 using platform::MailError;
+using post::MailService;
 
 /// What the test and the transport on the mail thread share.
 class Script {
@@ -65,7 +65,7 @@ class Script {
   std::string calls_;
 };
 
-class ScriptedTransport : public desktop::MailTransport {
+class ScriptedTransport : public post::MailTransport {
  public:
   explicit ScriptedTransport(Script& script) : script_(script) {}
 
@@ -322,7 +322,7 @@ TEST_F(MailServiceTest, AStoredAccountIsTakenAsItIs) {
   EXPECT_EQ(account.SmtpPort, 465);
   EXPECT_EQ(givenPassword_, "secret");
   EXPECT_TRUE(desktop_.settings.writes.empty());
-  ASSERT_TRUE(desktop::SaveMailAccount(account));
+  ASSERT_TRUE(post::SaveMailAccount(account));
   EXPECT_EQ(Stored("MyName"), "007") << "a name stays text";
 }
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "desktop/mail_transport.h"
 #include "platform/mail_client.h"
+#include "post/mail_transport.h"
 
 class MailWorld {
  public:

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/passwords.h"
+#include "post/passwords.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "desktop/file_passwords.h"
-#include "desktop/keyring_passwords.h"
+#include "post/file_passwords.h"
+#include "post/keyring_passwords.h"
 #include "temporary_folder.h"
 
 namespace {
 
-using desktop::FilePasswords;
+using post::FilePasswords;
 
 mode_t ModeOf(const std::string& path) {
   struct stat status {};
@@ -108,7 +108,7 @@ TEST_F(KeyringPasswordsTest, WithoutAKeyringTheFileStandsIn) {
 
 TEST_F(KeyringPasswordsTest, PasswordsLieBesideTheirSettings) {
   for (const char* settings : {"Norlewick/Tarvolenix.conf", "../portable/Tarvolenix.conf"}) {
-    const auto passwords = desktop::PasswordsBeside(folder_ / settings);
+    const auto passwords = post::PasswordsBeside(folder_ / settings);
     ASSERT_TRUE(passwords->Write("a@b", settings));
   }
   EXPECT_EQ(FilePasswords(folder_ / "Norlewick/Tarvolenix.passwords").Read("a@b"),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/post_office.h"
+#include "post/post_office.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -15,8 +15,8 @@
 namespace {
 
 namespace fs = std::filesystem;
-using desktop::Maildir;
 using platform::MailError;
+using post::Maildir;
 
 TEST(BoxNameTest, IsAlwaysOnePlainFolder) {
   const std::pair<const char*, const char*> rows[] = {
@@ -28,9 +28,9 @@ TEST(BoxNameTest, IsAlwaysOnePlainFolder) {
       {"a\nb c@x", "a%0Ab%20c@x"},
       {"..", "%2E.@localhost"}};
   for (const auto& [address, name] : rows) {
-    EXPECT_EQ(desktop::BoxName(address), name) << address;
+    EXPECT_EQ(post::BoxName(address), name) << address;
   }
-  EXPECT_THROW(desktop::BoxName(""), MailError);
+  EXPECT_THROW(post::BoxName(""), MailError);
 }
 
 class MaildirTest : public testing::Test {
@@ -166,7 +166,7 @@ TEST(PostOfficeTest, IsPrivateUntilItsFolderIsShared) {
   desktop::MailAccount account;
   account.MyAddress = "me@localhost";
   account.PostFolder = folder / "post/";
-  desktop::PostOffice me(account);
+  post::PostOffice me(account);
   me.Open();
   EXPECT_EQ(permissions(folder / "post"), fs::perms::owner_all);
   EXPECT_EQ(permissions(folder / "post/me@localhost/new"), fs::perms::owner_all);

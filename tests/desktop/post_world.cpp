@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/mail_service.h"
-#include "desktop/post_office.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
 #include "letters/mail_text.h"
 #include "mail_world.h"
+#include "post/mail_service.h"
+#include "post/post_office.h"
 #include "temporary_folder.h"
 
 namespace {
@@ -26,7 +26,7 @@ class PostWorld : public MailWorld {
 
   void Deliver(const letters::OutgoingMail& mail) override {
     fs::create_directories(folder_ / "post");
-    const desktop::Maildir box(BoxOf(userAddress));
+    const post::Maildir box(BoxOf(userAddress));
     box.Create();
     box.Deliver(letters::ComposeMail(mail));
   }
@@ -44,23 +44,23 @@ class PostWorld : public MailWorld {
 
   std::vector<letters::FetchedMail> ReceivedBy(const std::string& address) override {
     if (!fs::exists(BoxOf(address))) return {};
-    return desktop::Maildir(BoxOf(address)).List(false);
+    return post::Maildir(BoxOf(address)).List(false);
   }
 
   void Refuse(const std::string& address) override {
-    WriteFile(folder_ / ("post/" + desktop::BoxName(address)), "a file where the box should be");
+    WriteFile(folder_ / ("post/" + post::BoxName(address)), "a file where the box should be");
   }
 
  private:
   std::string BoxOf(const std::string& address) const {
-    return folder_ / ("post/" + desktop::BoxName(address) + "/");
+    return folder_ / ("post/" + post::BoxName(address) + "/");
   }
 
   TemporaryFolder folder_;
   fakes::FakeDesktop desktop_;
   fakes::PlainEvents events_;
   fakes::MemoryPasswords passwords_;
-  desktop::MailService service_{events_, passwords_};
+  post::MailService service_{events_, passwords_};
 };
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include <future>
 
-#include "desktop/mail_thread.h"
+#include "post/mail_thread.h"
 
 namespace {
 
@@ -16,7 +16,7 @@ TEST(QtEventsTest, AWaitOutlivesTheEndOfTheApplication) {
   char* arguments[] = {name, nullptr};
   QCoreApplication application(argumentCount, arguments);
   desktop::QtEvents events;
-  desktop::MailThread thread(events);
+  post::MailThread thread(events);
   std::promise<void> quitting;
   QMetaObject::invokeMethod(
       &application,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Mail on servers that misbehave. Whatever they do, an operation ends with an answer or a
 // MailError, and the next one finds a server that has come to its senses.
-#include "desktop/server_mail.h"
+#include "post/server_mail.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@
 namespace {
 
 using desktop::MailAccount;
-using desktop::ServerMail;
 using platform::MailError;
+using post::ServerMail;
 
 // Long enough for a machine that is busy with other tests.
 constexpr auto patience = std::chrono::seconds(1);
@@ -324,7 +324,7 @@ TEST_F(ServerMailTest, NoRefusalRepeatsThePassword) {
     try {
       ServerMail(Account(), "sec\"ret", patience).Open();
       ADD_FAILURE() << "was let in";
-    } catch (const desktop::LoginRefused& refusal) {
+    } catch (const post::LoginRefused& refusal) {
       EXPECT_EQ(std::string(refusal.what()),
                 "The server \"127.0.0.1\" refuses the user name or the password.");
     }
@@ -347,7 +347,7 @@ TEST_F(ServerMailTest, ATokenStandsForThePassword) {
   const std::string encoded = "dXNlcj1tZQFhdXRoPUJlYXJlciB0b2tlbgEB";
   EXPECT_EQ(imap_.Count("AUTHENTICATE XOAUTH2 " + encoded), 1);
   imap_.Answer("AUTHENTICATE XOAUTH2", "+ eyJzdGF0dXMiOiI0MDAifQ==\n");
-  EXPECT_THROW(ServerMail(account, "", patience).Open(), desktop::LoginRefused);
+  EXPECT_THROW(ServerMail(account, "", patience).Open(), post::LoginRefused);
   EXPECT_EQ(imap_.Count("LOGIN"), 0);
   for (const char* command :
        {"exit 1", "true", "echo x; exit 1", "sleep 100", "/no/such/command"}) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How the system's own mail fails.
-#include "desktop/system_mail.h"
+#include "post/system_mail.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -11,11 +11,11 @@
 namespace {
 
 namespace fs = std::filesystem;
-using desktop::SystemMail;
+using post::SystemMail;
 
 class SystemMailTest : public testing::Test {
  protected:
-  SystemMailTest() { desktop::Maildir(folder_ / "Maildir/").Create(); }
+  SystemMailTest() { post::Maildir(folder_ / "Maildir/").Create(); }
 
   std::string Program(const std::string& lines) const {
     WriteFile(folder_ / "sendmail", "#!/bin/sh\n" + lines + "\n");

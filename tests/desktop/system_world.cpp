@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Mail as the system has it, with a script for its sendmail program: a mailbox is a Maildir in the
 // test's folder, and a file of the address's name stands for one that takes nothing.
-#include "desktop/mail_service.h"
-#include "desktop/system_mail.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
 #include "letters/mail_text.h"
 #include "mail_world.h"
+#include "post/mail_service.h"
+#include "post/system_mail.h"
 #include "temporary_folder.h"
 
 namespace {
@@ -37,7 +37,7 @@ class SystemWorld : public MailWorld {
   SystemWorld() {
     WriteFile(folder_ / "sendmail", sendmailScript);
     fs::permissions(folder_ / "sendmail", fs::perms::owner_all);
-    desktop::Maildir(BoxOf(userAddress)).Create();
+    post::Maildir(BoxOf(userAddress)).Create();
     desktop_.settings.groups["Mail"] = {
         {"MailKind", "System"}, {"MyName", userName}, {"MyAddress", userAddress}};
   }
@@ -46,7 +46,7 @@ class SystemWorld : public MailWorld {
   platform::MAPIMessages& Messages() override { return service_; }
 
   void Deliver(const letters::OutgoingMail& mail) override {
-    desktop::Maildir(BoxOf(userAddress)).Deliver(letters::ComposeMail(mail));
+    post::Maildir(BoxOf(userAddress)).Deliver(letters::ComposeMail(mail));
   }
 
   std::map<std::string, bool> Inbox() override {
@@ -62,7 +62,7 @@ class SystemWorld : public MailWorld {
 
   std::vector<letters::FetchedMail> ReceivedBy(const std::string& address) override {
     if (!fs::exists(BoxOf(address))) return {};
-    return desktop::Maildir(BoxOf(address)).List(false);
+    return post::Maildir(BoxOf(address)).List(false);
   }
 
   void Refuse(const std::string& address) override { WriteFile(folder_ / address, "full"); }
@@ -74,9 +74,9 @@ class SystemWorld : public MailWorld {
   fakes::FakeDesktop desktop_;
   fakes::PlainEvents events_;
   fakes::MemoryPasswords passwords_;
-  desktop::MailService service_{
+  post::MailService service_{
       events_, passwords_, {}, [this](const desktop::MailAccount&, const std::string&) {
-        return std::make_unique<desktop::SystemMail>(BoxOf(userAddress), folder_ / "sendmail");
+        return std::make_unique<post::SystemMail>(BoxOf(userAddress), folder_ / "sendmail");
       }};
 };
 

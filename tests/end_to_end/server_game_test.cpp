@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The whole game between two accounts on mail servers.
-#include "desktop/file_passwords.h"
 #include "end_to_end/whole_game.h"
 #include "mail_servers/other_client.h"
 #include "mail_servers/the_servers.h"
+#include "post/file_passwords.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ class ServerGameTest : public WholeGameTest {
                            "\nImapSecurity=" + security + "\nSmtpSecurity=" + security +
                            "\nImapPort=" + std::to_string(servers_.ImapPort(security)) +
                            "\nSmtpPort=" + std::to_string(servers_.SmtpPort(security)) + "\n");
-    desktop::FilePasswords passwords((root_ / player / "Tarvolenix.passwords").string());
+    post::FilePasswords passwords((root_ / player / "Tarvolenix.passwords").string());
     ASSERT_TRUE(passwords.Write(address + "@" + host, MailServers::password));
     OtherClient(servers_, address).Command("CREATE Sent");
     OtherClient(servers_, address).Append("INBOX", "", "Subject: Hello\r\n\r\nNo move.\r\n");

@@ -4,11 +4,11 @@
 
 #include <map>
 
-#include "desktop/passwords.h"
+#include "post/passwords.h"
 
 namespace fakes {
 
-class MemoryPasswords : public desktop::Passwords {
+class MemoryPasswords : public post::Passwords {
  public:
   std::optional<std::string> Read(const std::string& key) override {
     const auto found = kept.find(key);

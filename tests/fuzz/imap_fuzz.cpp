@@ -5,8 +5,8 @@
 #include <cstring>
 #include <set>
 
-#include "desktop/server_mail.h"
 #include "fuzz/fuzz.h"
+#include "post/server_mail.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ void TryInput(std::string_view input) {
   desktop::MailAccount account;
   account.ImapHost = account.SmtpHost = "localhost";
   account.ImapSecurity = account.SmtpSecurity = "None";
-  desktop::ServerMail mail(account, "secret");
+  post::ServerMail mail(account, "secret");
   Try([&] { mail.Open(); });
   Try([&] {
     std::set<std::string> ids;

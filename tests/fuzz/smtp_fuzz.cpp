@@ -4,8 +4,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include "desktop/smtp.h"
 #include "fuzz/fuzz.h"
+#include "post/smtp.h"
 
 namespace {
 
@@ -15,9 +15,9 @@ int server = -1;           // its end of the connection
 bool IsSent(const char* security) {
   bool sent = true;
   try {
-    const desktop::Patience patience(std::chrono::seconds(1));
-    desktop::SendBySmtp({"127.0.0.1", 25, security}, {"me", "secret", {}}, patience,
-                        "me@example.org", {"eva@example.org"}, "Subject: s\r\n\r\nt\r\n");
+    const post::Patience patience(std::chrono::seconds(1));
+    post::SendBySmtp({"127.0.0.1", 25, security}, {"me", "secret", {}}, patience, "me@example.org",
+                     {"eva@example.org"}, "Subject: s\r\n\r\nt\r\n");
   } catch (const platform::MailError&) {
     sent = false;
   }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail_servers/imap_world.h"
 
-#include "desktop/mail_service.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
 #include "letters/mail_text.h"
 #include "mail_servers/other_client.h"
 #include "mail_servers/the_servers.h"
+#include "post/mail_service.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ class ImapWorld : public MailWorld {
  public:
   ImapWorld() {
     servers_.Empty();
-    desktop::SaveAccountAnswer({ServerAccount(userAddress), MailServers::password}, passwords_);
+    post::SaveAccountAnswer({ServerAccount(userAddress), MailServers::password}, passwords_);
   }
 
   platform::MAPISession& Session() override { return service_; }
@@ -51,7 +51,7 @@ class ImapWorld : public MailWorld {
   fakes::FakeDesktop desktop_;
   fakes::MemoryPasswords passwords_;
   fakes::PlainEvents events_;
-  desktop::MailService service_{events_, passwords_};
+  post::MailService service_{events_, passwords_};
 };
 
 }  // namespace

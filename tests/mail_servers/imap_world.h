@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "desktop/mail_account.h"
 #include "desktop/mail_world.h"
+#include "post/mail_account.h"
 
 /// The account of `address` on the running servers, at its best.
 desktop::MailAccount ServerAccount(const std::string& address);

@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include "desktop/account_check.h"
-#include "desktop/server_mail.h"
 #include "letters/mail_text.h"
 #include "mail_servers/imap_world.h"
 #include "mail_servers/other_client.h"
 #include "mail_servers/the_servers.h"
+#include "post/account_check.h"
+#include "post/server_mail.h"
 
 namespace {
 
@@ -81,7 +81,7 @@ class RealServersTest : public testing::Test {
 
   MailServers& servers_ = EmptyServers();
   OtherClient other_{servers_, user};  // has the Inbox open all the time
-  desktop::ServerMail mail_{ServerAccount(user), MailServers::password};
+  post::ServerMail mail_{ServerAccount(user), MailServers::password};
 };
 
 TEST_F(RealServersTest, OtherMailsKeepTheirMarksAndStayUnread) {
@@ -190,9 +190,9 @@ TEST_F(RealServersTest, NoPasswordAndNoMailGoesToAServerThatProvesNothing) {
         row.otherAuthority ? servers_.OtherAuthority() : servers_.Authority();
     ::setenv("SSL_CERT_FILE", authority.c_str(), 1);
     const int passwordsBefore = servers_.PasswordsSeen();
-    desktop::ServerMail mail(account, MailServers::password);
+    post::ServerMail mail(account, MailServers::password);
     const bool works = *row.says == '\0';
-    const std::string problem = desktop::WhatIsWrongWith(account, MailServers::password);
+    const std::string problem = post::WhatIsWrongWith(account, MailServers::password);
     EXPECT_NE(problem.find(row.says), std::string::npos) << problem;
     EXPECT_EQ(problem.empty(), works);
     if (works) {
@@ -213,10 +213,10 @@ TEST_F(RealServersTest, NoPasswordAndNoMailGoesToAServerThatProvesNothing) {
 TEST_F(RealServersTest, TheCheckSaysInPlainWordsWhatIsWrong) {
   MailAccount account = ServerAccount(user);
   const auto says = [&account](const std::string& password = MailServers::password) {
-    return desktop::WhatIsWrongWith(std::exchange(account, ServerAccount(user)), password);
+    return post::WhatIsWrongWith(std::exchange(account, ServerAccount(user)), password);
   };
   EXPECT_NE(says("wrong").find("refuses the user name or the password"), std::string::npos);
-  EXPECT_THROW(desktop::ServerMail(account, "wrong").TryOutgoing(), desktop::LoginRefused);
+  EXPECT_THROW(post::ServerMail(account, "wrong").TryOutgoing(), post::LoginRefused);
   account.ImapHost = "no.such.host.invalid";
   EXPECT_NE(says().find("no server named \"no.such.host.invalid\""), std::string::npos);
   account.SmtpPort = 1;

@@ -9,10 +9,10 @@
 #include <chrono>
 #include <future>
 
-#include "desktop/mail_service.h"
 #include "desktop/qt_events.h"
 #include "fakes/memory_passwords.h"
 #include "platform/registry.h"
+#include "post/mail_service.h"
 #include "shell/polling_loop.h"
 #include "store/queries.h"
 #include "ui/program/system_tray.h"
@@ -29,7 +29,7 @@ constexpr const char* moveText =
     "<<TARVOLENIX:0|5|100320261200|New one|10/03/2026|Dora||False||1|4244|d4|:TARVOLENIX>>";
 
 /// A server with one move mail that keeps everybody waiting until it may answer, or for very long.
-class StallingTransport : public desktop::MailTransport {
+class StallingTransport : public post::MailTransport {
  public:
   StallingTransport(std::shared_future<void> gate, std::atomic<bool>& hasAnswered)
       : gate_(std::move(gate)), hasAnswered_(hasAnswered) {}
@@ -56,7 +56,7 @@ TEST(PollingTest, AClickIsHandledBeforeTheServerAnswersTheTick) {
   fakes::MemoryPasswords passwords;
   std::promise<void> answer;
   std::atomic<bool> hasAnswered = false;
-  desktop::MailService service(
+  post::MailService service(
       events, passwords, {},
       [gate = answer.get_future().share(), &hasAnswered](const auto&, const auto&) {
         return std::make_unique<StallingTransport>(gate, hasAnswered);

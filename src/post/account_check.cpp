@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "post/account_check.h"
+
+#include "letters/mail_text.h"
+#include "post/known_providers.h"
+#include "post/mail_transport.h"
+
+namespace post {
+namespace {
+
+/// What the system and its libraries say has neither a capital nor a full stop.
+std::string AsSentence(std::string text) {
+  if (text.empty()) return text;
+  if (text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  return std::string_view(".!?").find(text.back()) == std::string_view::npos ? text + '.' : text;
+}
+
+}  // namespace
+
+std::string InPlainWords(const std::exception& failure, const MailAccount& account) {
+  std::string sentence = AsSentence(letters::WithoutReserved(failure.what()));
+  const bool isRefusal = dynamic_cast<const LoginRefused*>(&failure) != nullptr;
+  const std::string_view advice = isRefusal ? PasswordAdvice(account.ImapHost) : "";
+  if (!advice.empty()) sentence.append(" ").append(advice);
+  return sentence;
+}
+
+AccountCheck::AccountCheck(const MailAccount& account, const std::string& password)
+    : account_(WithAbsolutePostFolder(account)), password_(password) {
+  if (account_.MailKind == "Imap") servers_ = std::make_unique<ServerMail>(account_, password_);
+}
+
+void AccountCheck::Try() {
+  if (servers_) {
+    servers_->Open();
+    servers_->TryOutgoing();
+    servers_->Close();
+  } else {
+    MakeMailTransport(account_, password_)->Open();
+  }
+}
+
+std::string AccountCheck::Problem() {
+  if (!HasUsableAddress(account_)) return "\"" + account_.MyAddress + "\" is no mail address.";
+  try {
+    Try();
+    return {};
+  } catch (const std::exception& error) {
+    return InPlainWords(error, account_);
+  }
+}
+
+void AccountCheck::Hurry() {
+  if (servers_) servers_->Hurry();
+}
+
+std::string WhatIsWrongWith(const MailAccount& account, const std::string& password) {
+  return AccountCheck(account, password).Problem();
+}
+
+}  // namespace post

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The servers of the common mail providers, so that most people need to know their address only.
+#pragma once
+
+#include <string_view>
+
+#include "post/mail_account.h"
+
+namespace post {
+
+bool IsKnownProvider(std::string_view address);
+
+/// `account` with the servers, ports, securities and user name that its address suggests: a known
+/// provider's, else names made of the address's domain. What the address says nothing about stays.
+MailAccount WithGuessedServers(MailAccount account);
+
+/// Whether nobody has chosen the account's servers yet: they are blank, or what its address
+/// suggests.
+bool HasGuessedServers(const MailAccount& account);
+
+/// A sentence for somebody whose right password was refused: that this provider wants a password of
+/// its own for programs, or IMAP switched on first, and where. Blank where nothing is known.
+std::string_view PasswordAdvice(std::string_view imapHost);
+
+}  // namespace post

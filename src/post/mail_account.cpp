@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "post/mail_account.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "desktop/folders.h"
+#include "letters/mail_text.h"
+#include "platform/conversions.h"
+#include "platform/process_state.h"
+#include "platform/registry.h"
+#include "post/post_office.h"
+
+namespace post {
+namespace {
+
+struct TextField {
+  const char* name;
+  std::string MailAccount::*member;
+  bool network;  ///< means nothing to the local post office
+};
+
+constexpr TextField textFields[] = {
+    {"MailKind", &MailAccount::MailKind, false},
+    {"MyName", &MailAccount::MyName, false},
+    {"MyAddress", &MailAccount::MyAddress, false},
+    {"PostFolder", &MailAccount::PostFolder, false},
+    {"ImapHost", &MailAccount::ImapHost, true},
+    {"ImapSecurity", &MailAccount::ImapSecurity, true},
+    {"SmtpHost", &MailAccount::SmtpHost, true},
+    {"SmtpSecurity", &MailAccount::SmtpSecurity, true},
+    {"UserName", &MailAccount::UserName, true},
+    {"TokenCommand", &MailAccount::TokenCommand, true},
+};
+
+struct PortField {
+  const char* name;
+  int MailAccount::*member;
+};
+
+constexpr PortField portFields[] = {
+    {"ImapPort", &MailAccount::ImapPort},
+    {"SmtpPort", &MailAccount::SmtpPort},
+};
+
+platform::StoredValue Stored(const char* name) {
+  return platform::ReadRegistryOrRaise(platform::mailSection, name);
+}
+
+std::string LoginName() {
+  const passwd* user = ::getpwuid(::getuid());
+  return user && user->pw_name && *user->pw_name ? user->pw_name : "player";
+}
+
+bool IsBlank(const std::string& text) { return text.find_first_not_of(' ') == std::string::npos; }
+
+}  // namespace
+
+MailAccount LoadMailAccount() {
+  MailAccount account;
+  account.PostFolder = desktop::DefaultPostFolder();
+  for (const auto& [name, member, network] : textFields) {
+    account.*member = platform::ReturnValue(Stored(name), account.*member);
+  }
+  for (const auto& [name, member] : portFields) {
+    const auto stored = Stored(name);
+    const auto port = stored ? platform::ToInteger32(*stored) : std::nullopt;
+    if (port && *port > 0 && *port < 65536) account.*member = *port;
+  }
+  if (!account.PostFolder.ends_with('/')) account.PostFolder += '/';
+  return account;
+}
+
+std::string WhyNoAccount() {
+  if (!platform::IsEmptyValue(Stored("MailKind"))) return {};
+  return "There is no mail account yet: \"tarvolenix-cli account set MailKind=KIND MyName=NAME "
+         "MyAddress=ADDRESS\" sets one up, with Post, Imap or System as KIND.";
+}
+
+MailAccount WithLoginName(MailAccount account) {
+  if (IsBlank(account.MyName)) account.MyName = LoginName();
+  if (IsBlank(account.MyAddress)) account.MyAddress = LoginName() + "@localhost";
+  return account;
+}
+
+bool SaveMailAccount(const MailAccount& account) {
+  const bool post = account.MailKind == "Post";
+  platform::SettingsStore::Values values;
+  for (const auto& [name, member, network] : textFields) {
+    if (!post || !network) values.emplace_back(name, account.*member);
+  }
+  for (const auto& [name, member] : portFields) {
+    if (!post) values.emplace_back(name, std::to_string(account.*member));
+  }
+  return platform::WriteRegistry(platform::mailSection, values);
+}
+
+bool HasUsableAddress(const MailAccount& account) {
+  const std::string& address = account.MyAddress;
+  if (account.MailKind != "Post") return letters::IsMailAddress(address);
+  return !IsBlank(address) && letters::IsMailAddress(LocalAddress(address));
+}
+
+MailAccount WithAbsolutePostFolder(MailAccount account) {
+  const std::filesystem::path program = platform::Process().ProgramFolder;
+  account.PostFolder = (program / account.PostFolder).string();
+  return account;
+}
+
+bool NeedsPassword(const MailAccount& account) {
+  return account.MailKind == "Imap" && account.TokenCommand.empty();
+}
+
+std::string PasswordKey(const MailAccount& account) {
+  return account.UserName + '@' + account.ImapHost;
+}
+
+bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords) {
+  const MailAccount& account = answer.account;
+  // The password first: an account without its password would be of no use.
+  const bool keeps = answer.password && NeedsPassword(account);
+  if (keeps && !passwords.Write(PasswordKey(account), *answer.password)) return false;
+  return SaveMailAccount(account);
+}
+
+}  // namespace post

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "post/mail_thread.h"
+
+#include <atomic>
+#include <utility>
+
+namespace post {
+
+/// `failure` is written before `done` is set and taken by the one who waits, behind it.
+struct MailThread::Outcome {
+  std::exception_ptr failure;
+  std::atomic<bool> done = false;
+};
+
+MailThread::MailThread(platform::Events& events) : events_(events), thread_([this] { Work(); }) {}
+
+MailThread::~MailThread() {
+  {
+    const std::lock_guard lock(mutex_);
+    stopping_ = true;
+  }
+  added_.notify_one();
+  thread_.join();
+}
+
+void MailThread::Run(std::function<void()> work) {
+  const auto outcome = std::make_shared<Outcome>();
+  Add({std::move(work), outcome});
+  events_.RunUntil([&outcome] { return outcome->done.load(); });
+  if (auto failure = std::exchange(outcome->failure, nullptr)) std::rethrow_exception(failure);
+}
+
+void MailThread::Post(std::function<void()> work) { Add({std::move(work), nullptr}); }
+
+void MailThread::Flush() {
+  Run([this] {
+    std::exception_ptr failure;
+    {
+      const std::lock_guard lock(mutex_);
+      std::swap(failure, failure_);
+    }
+    if (failure) std::rethrow_exception(failure);
+  });
+}
+
+void MailThread::ForgetFailure() {
+  Post([this] {
+    const std::lock_guard lock(mutex_);
+    failure_ = nullptr;
+  });
+}
+
+void MailThread::Add(Item item) {
+  {
+    const std::lock_guard lock(mutex_);
+    queue_.push_back(std::move(item));
+  }
+  added_.notify_one();
+}
+
+void MailThread::Work() {
+  while (true) {
+    Item item;
+    {
+      std::unique_lock lock(mutex_);
+      added_.wait(lock, [this] { return stopping_ || !queue_.empty(); });
+      if (stopping_) return;
+      item = std::move(queue_.front());
+      queue_.pop_front();
+    }
+    std::exception_ptr failure;
+    try {
+      item.work();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    item.work = nullptr;  // what it holds is given up before anybody hears that it is done
+    Finish(item, std::move(failure));
+  }
+}
+
+void MailThread::Finish(const Item& item, std::exception_ptr failure) {
+  if (item.outcome) {
+    item.outcome->failure = std::move(failure);
+    item.outcome->done = true;
+    events_.Wake();
+  } else if (failure) {
+    const std::lock_guard lock(mutex_);
+    if (!failure_) failure_ = std::move(failure);
+  }
+}
+
+}  // namespace post

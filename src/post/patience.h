@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How long the other end of a connection may keep us waiting.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+
+namespace post {
+
+class Patience {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  /// `silence`: the longest wait for the next byte.
+  explicit Patience(std::chrono::milliseconds silence) : silence_(silence) {}
+
+  std::chrono::milliseconds Silence() const { return silence_; }
+
+  /// The longest that one command may take, however busily its answer drips in.
+  std::chrono::milliseconds Command() const { return 20 * silence_; }
+
+  /// Callable from any thread: in five seconds all patience is over, for good.
+  void Hurry() { end_ = (Clock::now() + std::chrono::seconds(5)).time_since_epoch(); }
+
+  bool IsOver() const { return Clock::now().time_since_epoch() > end_.load(); }
+
+ private:
+  std::chrono::milliseconds silence_;
+  std::atomic<Clock::duration> end_ = Clock::duration::max();
+};
+
+}  // namespace post

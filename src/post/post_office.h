@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Mail without any server: a folder with one Maildir for each address. Two people on one machine,
+// or with one folder that their machines share or synchronise, play with nothing else.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "post/maildir.h"
+
+namespace post {
+
+/// `address` without blanks around it. A name without "@" is one of this machine's users. Raises
+/// MailError for a blank address.
+std::string LocalAddress(std::string_view address);
+
+/// The local address as a folder's name: in lower case (an address doesn't tell cases apart), and
+/// all but letters, digits and "@.+_-" as "%" and two hexadecimal digits. It is never a path and
+/// never hidden.
+std::string BoxName(std::string_view address);
+
+class PostOffice : public MailTransport {
+ public:
+  explicit PostOffice(const MailAccount& account);
+
+  void Open() override;
+  std::vector<letters::FetchedMail> List(bool unreadOnly) override {
+    return inbox_.List(unreadOnly);
+  }
+  bool MoreToCome() const override { return inbox_.MoreToCome(); }
+  void BeginAnew() override { inbox_.BeginAnew(); }
+  std::string Problem() const override { return inbox_.Problem(); }
+  void MarkRead(const std::string& id) override { inbox_.MarkRead(id); }
+  void Remove(const std::string& id) override { inbox_.Remove(id); }
+
+  /// Makes the recipient's box where he has never been here yet.
+  void Send(const letters::OutgoingMail& mail) override;
+
+  void Close() override {}
+
+ private:
+  std::string folder_;
+  Maildir inbox_;
+};
+
+}  // namespace post

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "post/server_connection.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <mutex>
+#include <string_view>
+
+namespace post {
+namespace {
+
+using platform::MailError;
+
+void PrepareLibrary() {
+  static std::once_flag prepared;
+  std::call_once(prepared, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+}
+
+template <typename Value>
+void Set(CURL* curl, CURLoption option, Value value) {
+  if (curl_easy_setopt(curl, option, value) != CURLE_OK) {
+    throw MailError("this computer's network library can't do what a mail server needs");
+  }
+}
+
+/// A name or an address and nothing that means more in a URL.
+bool IsHostName(std::string_view host) {
+  return !host.empty() && std::all_of(host.begin(), host.end(), [](unsigned char c) {
+    return c >= 128 || std::isalnum(c) || c == '.' || c == '-' || c == '_' || c == ':';
+  });
+}
+
+/// Whether the host is this machine, whatever a name server says.
+bool IsLoopback(std::string_view host) {
+  return host == "localhost" || host == "::1" ||
+         (host.starts_with("127.") &&
+          host.find_first_not_of("0123456789.") == std::string_view::npos);
+}
+
+std::string Url(const std::string& protocol, const ServerAddress& server) {
+  const bool wrapped = server.security == "Tls";
+  const bool numeric = server.host.find(':') != std::string::npos;
+  return protocol + (wrapped ? "s://" : "://") + (numeric ? "[" + server.host + "]" : server.host) +
+         ":" + std::to_string(server.port) + "/";
+}
+
+std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
+
+/// Bytes that a server may say until a connection stands, or about one mail.
+constexpr std::size_t greatestTalk = 1u << 20;
+
+/// How a server's first line may begin.
+constexpr struct {
+  std::string_view protocol, greeting;
+} greetings[] = {
+    {"imap", "* OK"}, {"imap", "* PREAUTH"}, {"imap", "* BYE"}, {"smtp", "220"}, {"smtp", "554"}};
+
+bool IsGreeting(std::string_view protocol, std::string_view line) {
+  return std::any_of(std::begin(greetings), std::end(greetings), [&](const auto& known) {
+    return known.protocol == protocol && line.size() > known.greeting.size() &&
+           curl_strnequal(line.data(), known.greeting.data(), known.greeting.size());
+  });
+}
+
+/// Called by the library now and then while it works.
+int StopWhenOver(void* patience, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+  return static_cast<const Patience*>(patience)->IsOver() ? 1 : 0;
+}
+
+}  // namespace
+
+ServerConnection::ServerConnection(const char* protocol, const ServerAddress& server,
+                                   const Patience& patience)
+    : protocol_(protocol), server_(server), patience_(patience) {
+  if (!IsHostName(server.host)) {
+    throw MailError(server.host.empty() ? "The name of the mail server is missing."
+                                        : Quoted(server.host) + " can't be a mail server's name.");
+  }
+  PrepareLibrary();
+  curl_.reset(curl_easy_init());
+  if (!curl_) throw MailError("The network can't be used.");
+  Set(Handle(), CURLOPT_ERRORBUFFER, reason_);
+  Set(Handle(), CURLOPT_NOSIGNAL, 1L);
+  Set(Handle(), CURLOPT_PROXY, "");
+  Set(Handle(), CURLOPT_PROTOCOLS_STR, "imap,imaps,smtp,smtps");
+  Set(Handle(), CURLOPT_URL, Url(protocol_, server).c_str());
+  SetUpEncryption();
+  SetUpPatience();
+  SetUpListening();
+}
+
+void ServerConnection::SetUpEncryption() {
+  if (server_.security == "None") {
+    if (!IsLoopback(server_.host)) {
+      throw MailError("Mail to and from " + Quoted(server_.host) +
+                      " must be encrypted: choose TLS or STARTTLS.");
+    }
+    return;
+  }
+  Set(Handle(), CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_ALL));
+  Set(Handle(), CURLOPT_SSL_VERIFYPEER, 1L);
+  Set(Handle(), CURLOPT_SSL_VERIFYHOST, 2L);
+  Set(Handle(), CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
+  // For an authority that only its users know, such as a company's own.
+  if (const char* authorities = std::getenv("SSL_CERT_FILE"); authorities && *authorities) {
+    Set(Handle(), CURLOPT_CAINFO, authorities);
+  }
+}
+
+void ServerConnection::LogOnAs(const Login& login) {
+  Set(Handle(), CURLOPT_USERNAME, login.userName.c_str());
+  if (login.token.empty()) {
+    Set(Handle(), CURLOPT_PASSWORD, login.password.c_str());
+    // Left to itself the library prefers what an office's network offers beside the password.
+    Set(Handle(), CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN;AUTH=CRAM-MD5");
+  } else {
+    Set(Handle(), CURLOPT_XOAUTH2_BEARER, login.token.c_str());
+    Set(Handle(), CURLOPT_LOGIN_OPTIONS, "AUTH=XOAUTH2");
+  }
+}
+
+void ServerConnection::SetUpPatience() {
+  const auto milliseconds = static_cast<long>(patience_.Silence().count());
+  const long seconds = std::max(1L, milliseconds / 1000);
+  Set(Handle(), CURLOPT_CONNECTTIMEOUT_MS, milliseconds);
+  Set(Handle(), CURLOPT_SERVER_RESPONSE_TIMEOUT, seconds);
+  Set(Handle(), CURLOPT_LOW_SPEED_LIMIT, 1L);
+  Set(Handle(), CURLOPT_LOW_SPEED_TIME, seconds);
+  Set(Handle(), CURLOPT_TIMEOUT_MS, static_cast<long>(patience_.Command().count()));
+  Set(Handle(), CURLOPT_QUICK_EXIT, 1L);  // a name that is still looked up holds nobody back
+  Set(Handle(), CURLOPT_TCP_KEEPALIVE, 1L);
+}
+
+/// The library itself passes over lines that it doesn't understand, and waits for better ones. One
+/// without an end it gives up.
+void ServerConnection::SetUpListening() {
+  Set(Handle(), CURLOPT_HEADERFUNCTION, HearLine);
+  Set(Handle(), CURLOPT_HEADERDATA, this);
+  Set(Handle(), CURLOPT_NOPROGRESS, 0L);
+  Set(Handle(), CURLOPT_XFERINFOFUNCTION, StopWhenOver);
+  Set(Handle(), CURLOPT_XFERINFODATA, &patience_);
+}
+
+/// Called by the library for each line that the server says. The answer 0 ends the connection.
+std::size_t ServerConnection::HearLine(char* bytes, std::size_t size, std::size_t count,
+                                       void* self) {
+  auto& connection = *static_cast<ServerConnection*>(self);
+  const std::string_view line(bytes, size * count);
+  const bool isGreeting = connection.heard_ == 0;
+  connection.heard_ += line.size();
+  connection.isStranger_ =
+      (isGreeting && !IsGreeting(connection.protocol_, line)) || connection.heard_ > greatestTalk;
+  return connection.isStranger_ ? 0 : line.size();
+}
+
+void ServerConnection::Perform() {
+  reason_[0] = '\0';
+  const CURLcode code = curl_easy_perform(Handle());
+  if (code != CURLE_OK) Raise(code);
+}
+
+std::string ServerConnection::CertificateProblem() const {
+  const std::string_view reason = reason_;
+  const auto tells = [reason](std::string_view text) {
+    return reason.find(text) != std::string_view::npos;
+  };
+  const std::string host = Quoted(server_.host);
+  if (tells("expired")) {
+    return "The certificate of " + host + " has expired. Only its owner can renew it.";
+  }
+  if (tells("not yet valid")) {
+    return "The certificate of " + host + " isn't valid yet: check this computer's date.";
+  }
+  if (tells("subject name") || tells("does not match")) {
+    return "The server that answers shows the certificate of another one than " + host +
+           ": check the server's name.";
+  }
+  return "This computer doesn't trust the certificate of " + host +
+         ". Somebody may be reading along: don't go on without asking your provider.";
+}
+
+void ServerConnection::Raise(CURLcode code) const {
+  const std::string host = Quoted(server_.host);
+  const std::string place = host + " at port " + std::to_string(server_.port);
+  switch (isStranger_ ? CURLE_WEIRD_SERVER_REPLY : code) {
+    case CURLE_COULDNT_RESOLVE_HOST:
+      throw MailError("There is no server named " + host +
+                      ": check the spelling, and whether this computer is on the network.");
+    case CURLE_COULDNT_CONNECT:
+      throw ConnectionLost("Nothing answers as " + place + ": check the port.");
+    case CURLE_OPERATION_TIMEDOUT:
+    case CURLE_ABORTED_BY_CALLBACK:
+      throw ConnectionLost("The server " + place + " doesn't answer in time: check the port.");
+    case CURLE_PEER_FAILED_VERIFICATION:
+      throw MailError(CertificateProblem());
+    case CURLE_SSL_CONNECT_ERROR:
+      throw MailError("The server " + place +
+                      " can't be spoken to in TLS: check the port, or try STARTTLS.");
+    case CURLE_USE_SSL_FAILED:
+      throw MailError("The server " + place + " offers no STARTTLS: check the port, or try TLS.");
+    case CURLE_LOGIN_DENIED:
+      throw LoginRefused("The server " + host + " refuses the user name or the password.");
+    case CURLE_WEIRD_SERVER_REPLY:
+      throw MailError("The server " + place + " doesn't speak " +
+                      (protocol_ == "imap" ? "IMAP" : "SMTP") + " as expected: check the port.");
+    default:
+      throw ConnectionLost("The connection to " + place + " failed: " + curl_easy_strerror(code) +
+                           ".");
+  }
+}
+
+}  // namespace post

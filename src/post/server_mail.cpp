@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "post/server_mail.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <utility>
+
+#include "letters/mail_text.h"
+#include "post/smtp.h"
+#include "post/token_command.h"
+
+namespace post {
+namespace {
+
+using platform::MailError;
+
+/// Bytes of mails that are asked for at a time.
+constexpr std::uint64_t greatestBatch = 8u << 20;
+
+/// Mails that one look looks at: the rest comes with the next.
+constexpr std::ptrdiff_t greatestCount = 5000;
+
+/// What folders of sent mails are called where the server doesn't say which one it is.
+constexpr std::string_view sentNames[] = {"Sent", "Sent Items", "Sent Messages", "Sent Mail",
+                                          "Gesendet"};
+
+std::string IdOf(Uid validity, Uid uid) {
+  return std::to_string(validity) + '.' + std::to_string(uid);
+}
+
+/// The UIDs in identifiers, but those given while the Inbox had another validity.
+std::vector<Uid> UidsOf(const std::vector<std::string>& ids, Uid validity) {
+  const std::string start = std::to_string(validity) + '.';
+  std::vector<Uid> uids;
+  for (const std::string& id : ids) {
+    if (!id.starts_with(start)) continue;
+    Uid uid = 0;
+    std::from_chars(id.data() + start.size(), id.data() + id.size(), uid);
+    uids.push_back(uid);
+  }
+  return uids;
+}
+
+/// Whether the mail can be ours by its header and size.
+bool CanBeOurs(const ImapClient::Summary& summary) {
+  try {
+    return summary.size <= letters::greatestMail &&
+           letters::SubjectOf(summary.header).starts_with(letters::subjectPrefix);
+  } catch (const MailError&) {
+    return false;  // what can't be read as a mail isn't one
+  }
+}
+
+std::optional<letters::FetchedMail> Parsed(const std::string& bytes) {
+  if (bytes.size() > letters::greatestMail) return std::nullopt;
+  try {
+    return letters::ParseMail(bytes);
+  } catch (const MailError&) {
+    return std::nullopt;
+  }
+}
+
+/// The next mails, at least one, that together aren't too much to ask for.
+std::vector<Uid> TakeBatch(std::vector<ImapClient::Summary>::const_iterator& next,
+                           std::vector<ImapClient::Summary>::const_iterator end) {
+  std::vector<Uid> batch;
+  std::uint64_t size = 0;
+  for (; next != end && (batch.empty() || size + next->size <= greatestBatch); ++next) {
+    batch.push_back(next->uid);
+    size += next->size;
+  }
+  return batch;
+}
+
+std::optional<std::string> SentFolder(const std::vector<ImapClient::Folder>& folders) {
+  for (const auto& folder : folders) {
+    if (folder.isSent) return folder.name;
+  }
+  for (const std::string_view name : sentNames) {
+    for (const auto& folder : folders) {
+      if (SameWord(folder.leaf, name)) return folder.name;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+ServerMail::ServerMail(const MailAccount& account, const std::string& password,
+                       std::chrono::milliseconds silence, std::size_t lookSize)
+    : account_(account), password_(password), patience_(silence), lookSize_(lookSize) {}
+
+/// A token's life is short: each connection gets a new one.
+Login ServerMail::NewLogin() {
+  Login login{account_.UserName, password_, {}};
+  if (!account_.TokenCommand.empty()) login.token = TokenFrom(account_.TokenCommand, patience_);
+  return login;
+}
+
+void ServerMail::Connect() {
+  auto imap = std::make_unique<ImapClient>(
+      ServerAddress{account_.ImapHost, account_.ImapPort, account_.ImapSecurity}, NewLogin(),
+      patience_);
+  const Uid validity = imap->SelectInbox();
+  if (std::exchange(validity_, validity) != validity) {
+    foreign_.clear();
+    brought_ = 0;
+  }
+  imap_ = std::move(imap);
+}
+
+/// Does `work` with the Inbox open. A connection that was lost while nobody used it, as servers and
+/// routers do to idle ones, is made anew, once.
+template <typename Work>
+auto ServerMail::OnInbox(const Work& work) {
+  const bool wasOpen = imap_ != nullptr;
+  try {
+    if (!wasOpen) Connect();
+    return work(*imap_);
+  } catch (const CommandRefused&) {
+    throw;
+  } catch (const ConnectionLost&) {
+    imap_.reset();
+    if (!wasOpen) throw;
+  } catch (...) {
+    imap_.reset();
+    throw;
+  }
+  return OnInbox(work);
+}
+
+void ServerMail::Open() {
+  OnInbox([](ImapClient&) {});
+}
+
+std::vector<letters::FetchedMail> ServerMail::List(bool unreadOnly) {
+  Flush();
+  return OnInbox([this, unreadOnly](ImapClient&) { return Listed(unreadOnly); });
+}
+
+std::vector<letters::FetchedMail> ServerMail::Listed(bool unreadOnly) {
+  // Servers search decoded subjects, but not all see every sign in them: the name alone is sought.
+  const auto found = imap_->Search(
+      std::string("UNDELETED ") + (unreadOnly ? "UNSEEN " : "") + "SUBJECT \"" +
+      std::string(letters::subjectPrefix.substr(0, letters::subjectPrefix.find(' '))) + '"');
+  const auto first = std::upper_bound(found.begin(), found.end(), brought_);
+  const auto last = first + std::min(greatestCount, found.end() - first);
+  auto summaries = imap_->Summaries({first, last}, "SUBJECT");
+  // Nor is anything taken that wasn't asked for: a round of looks must come to its end.
+  std::erase_if(summaries, [this](const auto& summary) {
+    return summary.uid <= brought_ || foreign_.contains(summary.uid) || !CanBeOurs(summary);
+  });
+  auto next = summaries.cbegin();
+  auto mails = Download(next, summaries.cend());
+  std::vector<letters::FetchedMail> list;
+  for (auto summary = summaries.cbegin(); summary != next; ++summary) {
+    // Taken out: some servers tell of a mail twice.
+    auto mail = mails.extract(summary->uid);
+    if (mail.empty()) continue;
+    list.push_back(std::move(mail.mapped()));
+    list.back().id = IdOf(validity_, summary->uid);
+    list.back().read = summary->seen;
+  }
+  if (next != summaries.cend()) {
+    brought_ = std::prev(next)->uid;
+  } else {
+    brought_ = last != found.end() ? *std::prev(last) : 0;
+  }
+  return list;
+}
+
+/// The next mails until they are as much as a look may bring.
+std::unordered_map<Uid, letters::FetchedMail> ServerMail::Download(Summaries::const_iterator& next,
+                                                                   Summaries::const_iterator end) {
+  std::unordered_map<Uid, letters::FetchedMail> mails;
+  for (std::size_t size = 0; next != end && size < lookSize_;) {
+    for (const auto& content : imap_->Contents(TakeBatch(next, end), letters::greatestMail + 1)) {
+      size += content.bytes.size();
+      if (auto mail = Parsed(content.bytes)) {
+        mails[content.uid] = std::move(*mail);
+      } else {
+        foreign_.insert(content.uid);
+      }
+    }
+  }
+  return mails;
+}
+
+/// Many mails in few commands, and none for what is marked only to be removed. An identifier that
+/// no longer means a mail is passed over: the mail is met again when it is listed.
+void ServerMail::Flush() {
+  const auto marked = std::exchange(marked_, {});
+  const auto removed = std::exchange(removed_, {});
+  if (marked.empty() && removed.empty()) return;
+  OnInbox([&](ImapClient& imap) {
+    const auto gone = UidsOf(removed, validity_);
+    auto seen = UidsOf(marked, validity_);
+    std::erase_if(
+        seen, [&gone](Uid uid) { return std::find(gone.begin(), gone.end(), uid) != gone.end(); });
+    imap.MarkSeen(seen);
+    imap.Remove(gone);
+  });
+}
+
+void ServerMail::Send(const letters::OutgoingMail& mail) {
+  const std::string bytes = letters::ComposeMail(mail, letters::Lines::SevenBit);
+  std::vector<std::string> recipients;
+  for (const letters::Mailbox& recipient : mail.to)
+    recipients.push_back(letters::EnvelopeAddress(recipient.address));
+  SendBySmtp({account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(), patience_,
+             letters::EnvelopeAddress(mail.from.address), recipients, bytes);
+  try {
+    KeepCopy(bytes);
+  } catch (const std::exception&) {
+    imap_.reset();  // whatever it was, the next operation begins afresh
+  }
+}
+
+void ServerMail::KeepCopy(const std::string& bytes) {
+  const auto folder = OnInbox([](ImapClient& imap) -> std::optional<std::string> {
+    // With this extension the server files what its users send by itself.
+    if (imap.Can("X-GM-EXT-1")) return std::nullopt;
+    return SentFolder(imap.Folders());
+  });
+  if (folder) imap_->Append(*folder, bytes);  // not tried twice: it might be there twice then
+}
+
+void ServerMail::Close() {
+  if (imap_) imap_->Logout();
+  imap_.reset();
+}
+
+void ServerMail::TryOutgoing() {
+  TrySmtp({account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(), patience_);
+}
+
+}  // namespace post

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/contacts_book.h"
+#include "contacts/contacts_book.h"
 #include "desktop/real_desktop.h"
 #include "desktop/single_instance.h"
 #include "post/account_check.h"
@@ -54,7 +54,7 @@ class Program {
   void TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told);
 
   ui::QtMessageBoxes boxes_;
-  desktop::ContactsBook contacts_;
+  contacts::ContactsBook contacts_;
   ui::HelpViewer help_;
   std::unique_ptr<desktop::RealDesktop> desktop_;
   ui::QtScreen screen_;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A museum of cards as address books write them, and the book that keeps them.
-#include "desktop/vcard.h"
+#include "contacts/vcard.h"
 
 #include <gtest/gtest.h>
 
-#include "desktop/contacts_book.h"
+#include "contacts/contacts_book.h"
 #include "fakes/fake_desktop.h"
 #include "platform/process_state.h"
 #include "shell/past_opponents.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-using desktop::ContactsBook;
+using contacts::ContactsBook;
 using platform::FileError;
 using platform::Person;
 using platform::Recipient;
@@ -26,7 +26,7 @@ std::string Said(const Person& person) {
   return text;
 }
 
-std::string Said(const desktop::VCards& read) {
+std::string Said(const contacts::VCards& read) {
   std::string text;
   for (const auto& card : read.cards) text += (text.empty() ? "" : "; ") + Said(PersonOf(card));
   if (read.damaged > 0) text += " (" + std::to_string(read.damaged) + " damaged)";
@@ -93,7 +93,7 @@ TEST(VCardTest, Museum) {
       {"an end without a card", "END:VCARD\n" + Card("FN:E\nEMAIL:e@x.org\n"), "E: e@x.org"},
   };
   for (const CardCase& row : rows)
-    EXPECT_EQ(Said(desktop::ReadVCards(row.file)), row.said) << row.name;
+    EXPECT_EQ(Said(contacts::ReadVCards(row.file)), row.said) << row.name;
 }
 
 TEST(VCardTest, WhatIsntUnderstoodStaysAsItWas) {
@@ -101,13 +101,13 @@ TEST(VCardTest, WhatIsntUnderstoodStaysAsItWas) {
   const std::string file = "BEGIN:VCARD\r\nVERSION:4.0\r\nFN:Eva\r\nN:Muster;Eva;;;\r\n" + picture +
                            "item1.EMAIL;TYPE=work:e@x.org\r\nEMAIL:old@x.org\r\n"
                            "X-SHOE-SIZE:39\r\nEND:VCARD\r\n";
-  auto cards = desktop::ReadVCards(file).cards;
-  ASSERT_EQ(desktop::WriteVCards(cards), file);
+  auto cards = contacts::ReadVCards(file).cards;
+  ASSERT_EQ(contacts::WriteVCards(cards), file);
 
   const Person changed{"Eva", {"new@x.org", "e@x.org"}};
   cards[0] = WithPerson(cards[0], changed);
-  const std::string written = desktop::WriteVCards(cards);
-  EXPECT_EQ(Said(desktop::ReadVCards(written)), "Eva: new@x.org e@x.org");
+  const std::string written = contacts::WriteVCards(cards);
+  EXPECT_EQ(Said(contacts::ReadVCards(written)), "Eva: new@x.org e@x.org");
   for (const std::string& kept :
        {std::string("item1.EMAIL;TYPE=work:e@x.org\r\n"), picture,
         std::string("N:Muster;Eva;;;\r\n"), std::string("X-SHOE-SIZE:39")}) {
@@ -121,8 +121,8 @@ TEST(VCardTest, WhatIsWrittenReadsBack) {
   for (int i = 0; i < 100; ++i) umlauts += "ü";
   for (const Person& person :
        {Person{"Muster, Eva; \\ \"E\"", {"e@x.org"}}, Person{umlauts, {"a@x.org", "b@x.org"}}}) {
-    const std::string written = desktop::WriteVCards({desktop::NewVCard(person)});
-    EXPECT_EQ(Said(desktop::ReadVCards(written)), Said(person));
+    const std::string written = contacts::WriteVCards({contacts::NewVCard(person)});
+    EXPECT_EQ(Said(contacts::ReadVCards(written)), Said(person));
     for (std::size_t line = 0; line < written.size(); line = written.find('\n', line) + 1) {
       EXPECT_LE(written.find('\n', line) - line, 76u);
       EXPECT_NE(static_cast<unsigned char>(written[line + 1]) & 0xC0, 0x80) << "a character cut";
@@ -135,7 +135,7 @@ class ContactsBookTest : public testing::Test {
   std::string& File(const std::string& name) {
     return desktop_.files.content[platform::Process().DataPath + name];
   }
-  std::string Stored() { return Said(desktop::ReadVCards(File("contacts.vcf"))); }
+  std::string Stored() { return Said(contacts::ReadVCards(File("contacts.vcf"))); }
 
   std::string People() {
     std::string text;

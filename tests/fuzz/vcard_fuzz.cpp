@@ -3,35 +3,35 @@
 // gets a new name and another address is found under them from then on.
 #include <algorithm>
 
-#include "desktop/vcard.h"
+#include "contacts/vcard.h"
 #include "fuzz/fuzz.h"
 
 namespace {
 
-using desktop::VCard;
+using contacts::VCard;
 
 void RequireSameWhenWritten(const std::vector<VCard>& cards) {
-  const desktop::VCards again = desktop::ReadVCards(desktop::WriteVCards(cards));
+  const contacts::VCards again = contacts::ReadVCards(contacts::WriteVCards(cards));
   Require(again.damaged == 0 &&
           std::equal(cards.begin(), cards.end(), again.cards.begin(), again.cards.end(),
                      [](auto& a, auto& b) { return a.properties == b.properties; }));
 }
 
 void TryCard(const VCard& card) {
-  platform::Person person = desktop::PersonOf(card);
-  for (const std::string& address : person.addresses) Require(desktop::IsUsableAddress(address));
+  platform::Person person = contacts::PersonOf(card);
+  for (const std::string& address : person.addresses) Require(contacts::IsUsableAddress(address));
   person.name = "Eva, \\ Muster; geb. Ä";
   person.addresses.emplace_back(
       "a.rather.long.address.that.is.folded.when.it.is.written@example.org");
-  const VCard changed = desktop::WithPerson(card, person);
-  Require(desktop::PersonOf(changed) == person);
+  const VCard changed = contacts::WithPerson(card, person);
+  Require(contacts::PersonOf(changed) == person);
   RequireSameWhenWritten({changed});
 }
 
 }  // namespace
 
 void TryInput(std::string_view input) {
-  const desktop::VCards read = desktop::ReadVCards(input);
+  const contacts::VCards read = contacts::ReadVCards(input);
   RequireSameWhenWritten(read.cards);
   for (const VCard& card : read.cards) TryCard(card);
 }

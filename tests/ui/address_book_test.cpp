@@ -6,7 +6,7 @@
 #include <QTableWidget>
 #include <QTextEdit>
 
-#include "desktop/contacts_book.h"
+#include "contacts/contacts_book.h"
 #include "ui/people/address_book_dialog.h"
 #include "ui_fixture.h"
 
@@ -83,7 +83,7 @@ class AddressBookTest : public testing::Test {
   }
 
   fakes::FakeDesktop desktop_;
-  desktop::ContactsBook book_{{}};
+  contacts::ContactsBook book_{{}};
   std::unique_ptr<AddressBookDialog> dialog_;
 };
 
@@ -175,7 +175,7 @@ TEST_F(AddressBookTest, TellsWhatAnImportBroughtAndWhatFailed) {
 }
 
 TEST_F(AddressBookTest, APersonOfAGameCanBeEditedButNotDeleted) {
-  book_ = desktop::ContactsBook([] { return std::vector<Recipient>{{"Old", "old@x.org"}}; });
+  book_ = contacts::ContactsBook([] { return std::vector<Recipient>{{"Old", "old@x.org"}}; });
   Open();
   LookFor("old");
   EXPECT_TRUE(Can("EditButton"));

@@ -4,7 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "desktop/contacts_book.h"
+#include "contacts/contacts_book.h"
 #include "skin_fixture.h"
 #include "ui/games/choose_opponent.h"
 #include "ui/games/new_game_info.h"
@@ -70,7 +70,7 @@ class NewGameTest : public SkinTest {
     }
   }
 
-  desktop::ContactsBook book_{{}};
+  contacts::ContactsBook book_{{}};
   std::unique_ptr<NewGameInfo> dialog_;
 };
 

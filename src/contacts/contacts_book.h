@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "desktop/vcard.h"
+#include "contacts/vcard.h"
 #include "platform/address_book.h"
 
-namespace desktop {
+namespace contacts {
 
 class ContactsBook : public platform::AddressBook {
  public:
@@ -33,4 +33,4 @@ class ContactsBook : public platform::AddressBook {
   PastOpponents pastOpponents_;
 };
 
-}  // namespace desktop
+}  // namespace contacts

@@ -15,7 +15,7 @@
 
 #include "platform/address_book.h"
 
-namespace desktop {
+namespace contacts {
 
 struct VCard {
   /// One property as it stands in the file, with its folds; lines end in CR LF.
@@ -48,4 +48,4 @@ bool IsUsableAddress(std::string_view address);
 /// Two spellings of one address. Nobody gives two people addresses that differ by case only.
 bool IsSameAddress(std::string_view one, std::string_view other);
 
-}  // namespace desktop
+}  // namespace contacts

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/vcard.h"
+#include "contacts/vcard.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +10,7 @@
 #include "letters/mail_library.h"
 #include "letters/mail_text.h"
 
-namespace desktop {
+namespace contacts {
 namespace {
 
 using std::string_view;
@@ -334,4 +334,4 @@ VCard WithPerson(VCard card, const platform::Person& person) {
   return {std::move(others)};
 }
 
-}  // namespace desktop
+}  // namespace contacts

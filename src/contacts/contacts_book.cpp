@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/contacts_book.h"
+#include "contacts/contacts_book.h"
 
 #include <QString>
 
@@ -15,7 +15,7 @@
 #include "platform/process_state.h"
 #include "platform/whole_file.h"
 
-namespace desktop {
+namespace contacts {
 
 using platform::BookEntry;
 using platform::Person;
@@ -136,7 +136,7 @@ ContactsBook::ContactsBook(PastOpponents pastOpponents)
     : pastOpponents_(std::move(pastOpponents)) {}
 
 bool ContactsBook::IsUsableAddress(const std::string& address) {
-  return desktop::IsUsableAddress(address);
+  return contacts::IsUsableAddress(address);
 }
 
 std::vector<BookEntry> ContactsBook::People() {
@@ -216,4 +216,4 @@ platform::ImportOutcome ContactsBook::Import(const std::string& path) {
   return outcome;
 }
 
-}  // namespace desktop
+}  // namespace contacts

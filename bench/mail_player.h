@@ -9,7 +9,6 @@
 #include <map>
 #include <string>
 
-#include "desktop/real_desktop.h"
 #include "mail/mail_session.h"
 #include "mail/move_mail.h"
 #include "platform/desktop.h"
@@ -17,6 +16,7 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "rules/board_text.h"
+#include "wiring/real_desktop.h"
 
 class SilentBoxes : public platform::MessageBoxes {
  public:
@@ -60,7 +60,7 @@ class MailPlayer {
 
  private:
   std::filesystem::path folder_;
-  desktop::RealDesktop desktop_;
+  wiring::RealDesktop desktop_;
   SilentBoxes boxes_;
 };
 

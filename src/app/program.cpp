@@ -60,7 +60,7 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
   QApplication::setQuitOnLastWindowClosed(false);
   platform::SetupGlobalVariables(programFolder, commandLine);
   SetUpFolders();
-  desktop_ = std::make_unique<desktop::RealDesktop>(
+  desktop_ = std::make_unique<wiring::RealDesktop>(
       programFolder, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
       post::MailService::AskRecipients{
           [this](const auto& caption) { return ui::PickRecipients(contacts_, caption); },

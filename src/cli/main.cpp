@@ -14,13 +14,13 @@
 
 #include "cli/verbs.h"
 #include "desktop/folders.h"
-#include "desktop/real_desktop.h"
 #include "platform/desktop.h"
 #include "platform/harmless_text.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
 #include "post/passwords.h"
+#include "wiring/real_desktop.h"
 
 namespace {
 
@@ -106,7 +106,7 @@ int Run(int argc, char** argv) {
   qInstallMessageHandler(DropToolkitMessages);
   const QCoreApplication application(argc, argv);
   cli::CollectedMessages messages;
-  desktop::RealDesktop desktop(folder);
+  wiring::RealDesktop desktop(folder);
   const std::string dataFolder = desktop::DataFolderFor(folder);
   desktop::PrepareDataFolder(folder, dataFolder);
   platform::SetupGlobalVariables(folder, "-nosound");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/real_desktop.h"
+#include "wiring/real_desktop.h"
 
 #include <utility>
 
@@ -7,13 +7,13 @@
 #include "desktop/qt_sounds.h"
 #include "platform/desktop.h"
 
-namespace desktop {
+namespace wiring {
 
 RealDesktop::RealDesktop(const std::string& programFolder, post::MailService::AskAccount ask,
                          post::MailService::AskRecipients askRecipients)
-    : settings_(files_, SettingsFileFor(programFolder)),
-      passwords_(post::PasswordsBeside(SettingsFileFor(programFolder))),
-      sounds_(std::make_unique<QtSounds>()),
+    : settings_(files_, desktop::SettingsFileFor(programFolder)),
+      passwords_(post::PasswordsBeside(desktop::SettingsFileFor(programFolder))),
+      sounds_(std::make_unique<desktop::QtSounds>()),
       mail_(events_, *passwords_, std::move(ask)) {
   mail_.SetAskRecipients(std::move(askRecipients));
   platform::Desktop& desktop = platform::TheDesktop();
@@ -28,4 +28,4 @@ RealDesktop::RealDesktop(const std::string& programFolder, post::MailService::As
 
 RealDesktop::~RealDesktop() { platform::TheDesktop() = {}; }
 
-}  // namespace desktop
+}  // namespace wiring

@@ -14,7 +14,7 @@
 #include "post/mail_service.h"
 #include "post/passwords.h"
 
-namespace desktop {
+namespace wiring {
 
 /// Installs itself for its lifetime. Waits in the event loop of the application object, which must
 /// be there already.
@@ -29,17 +29,17 @@ class RealDesktop {
   RealDesktop& operator=(const RealDesktop&) = delete;
 
   post::Passwords& KeptPasswords() { return *passwords_; }
-  QtEvents& Events() { return events_; }
+  desktop::QtEvents& Events() { return events_; }
   post::MailService& Mail() { return mail_; }
 
  private:
-  PosixFiles files_;
-  IniSettings settings_;
+  desktop::PosixFiles files_;
+  desktop::IniSettings settings_;
   std::unique_ptr<post::Passwords> passwords_;
-  SystemClock clock_;
+  desktop::SystemClock clock_;
   std::unique_ptr<platform::Sounds> sounds_;
-  QtEvents events_;
+  desktop::QtEvents events_;
   post::MailService mail_;
 };
 
-}  // namespace desktop
+}  // namespace wiring

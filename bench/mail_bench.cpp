@@ -10,7 +10,7 @@
 #include <future>
 #include <thread>
 
-#include "desktop/rude_server.h"
+#include "post/rude_server.h"
 #include "mail_player.h"
 
 namespace {

@@ -35,8 +35,8 @@ using platform::Process;
 
 namespace {
 
-ui::ProviderGuess Guess(const desktop::MailAccount& account) {
-  const desktop::MailAccount guessed = post::WithGuessedServers(account);
+ui::ProviderGuess Guess(const post::MailAccount& account) {
+  const post::MailAccount guessed = post::WithGuessedServers(account);
   return {guessed, post::IsKnownProvider(account.MyAddress),
           std::string(post::PasswordAdvice(guessed.ImapHost))};
 }
@@ -99,17 +99,17 @@ void Program::End() {
 
 void Program::Stop() { shell::ExitProgram(); }
 
-std::optional<std::string> Program::KeptPassword(const desktop::MailAccount& account) {
+std::optional<std::string> Program::KeptPassword(const post::MailAccount& account) {
   if (!post::NeedsPassword(account)) return std::nullopt;
   return desktop_->KeptPasswords().Read(post::PasswordKey(account));
 }
 
-std::optional<desktop::AccountAnswer> Program::AskAccount(const desktop::MailAccount& suggestion) {
+std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& suggestion) {
   // Looked up once: a keyring may ask its user to unlock it.
   const bool isKept = KeptPassword(suggestion).has_value();
   const ui::AccountHelp help{
       post::HasUsableAddress, Guess,
-      [isKept, key = post::PasswordKey(suggestion)](const desktop::MailAccount& account) {
+      [isKept, key = post::PasswordKey(suggestion)](const post::MailAccount& account) {
         return isKept && post::PasswordKey(account) == key;
       },
       [this](const auto& answer, auto told) { TestAccount(answer, std::move(told)); }};
@@ -118,7 +118,7 @@ std::optional<desktop::AccountAnswer> Program::AskAccount(const desktop::MailAcc
   return answer;
 }
 
-std::optional<desktop::AccountAnswer> Program::AskAtLogon(const desktop::MailAccount& suggestion) {
+std::optional<post::AccountAnswer> Program::AskAtLogon(const post::MailAccount& suggestion) {
   auto answer = AskAccount(suggestion);
   if (!answer) {
     // The logon fails and would leave its guard standing, as after a crash; but nothing crashed.
@@ -133,7 +133,7 @@ void Program::HurryTests() {
   for (const AccountTest& test : tests_) test.check->Hurry();
 }
 
-void Program::TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told) {
+void Program::TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told) {
   HurryTests();  // only the last one counts
   std::erase_if(tests_, [](const AccountTest& test) {
     return test.end.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
@@ -157,7 +157,7 @@ void Program::ChangeAccount() {
   }
 }
 
-void Program::ChangeAccountFrom(const desktop::MailAccount& stored) {
+void Program::ChangeAccountFrom(const post::MailAccount& stored) {
   const platform::PollingHold hold;
   const auto answer = AskAccount(post::WithLoginName(stored));
   if (!answer || (answer->account == stored && !answer->password)) return;

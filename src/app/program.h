@@ -43,15 +43,15 @@ class Program {
   ui::ProgramWindows& Windows() { return tray_->Windows(); }
 
  private:
-  std::optional<desktop::AccountAnswer> AskAccount(const desktop::MailAccount& suggestion);
-  std::optional<desktop::AccountAnswer> AskAtLogon(const desktop::MailAccount& suggestion);
+  std::optional<post::AccountAnswer> AskAccount(const post::MailAccount& suggestion);
+  std::optional<post::AccountAnswer> AskAtLogon(const post::MailAccount& suggestion);
 
   /// The user's own wish; what he changes counts from the next logon on.
   void ChangeAccount();
-  void ChangeAccountFrom(const desktop::MailAccount& stored);
+  void ChangeAccountFrom(const post::MailAccount& stored);
 
-  std::optional<std::string> KeptPassword(const desktop::MailAccount& account);
-  void TestAccount(const desktop::AccountAnswer& answer, ui::AccountHelp::Told told);
+  std::optional<std::string> KeptPassword(const post::MailAccount& account);
+  void TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told);
 
   ui::QtMessageBoxes boxes_;
   contacts::ContactsBook contacts_;

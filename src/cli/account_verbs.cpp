@@ -19,7 +19,7 @@
 namespace cli {
 namespace {
 
-using desktop::MailAccount;
+using post::MailAccount;
 using Text = std::string MailAccount::*;
 using Port = int MailAccount::*;
 
@@ -215,7 +215,7 @@ bool SetAccount(const Call& call) {
   }
   const bool withPassword = call.arguments.Has("--password");
   if (changes.empty() && !withPassword) throw UsageError("There is nothing to set.");
-  desktop::AccountAnswer answer{post::LoadMailAccount(), {}};
+  post::AccountAnswer answer{post::LoadMailAccount(), {}};
   ApplyAll(changes, answer.account);
   CheckAccount(answer.account);
   if (withPassword) {

@@ -9,7 +9,7 @@
 #include "desktop/folders.h"
 #include "desktop/posix_files.h"
 #include "fakes/memory_files.h"
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 

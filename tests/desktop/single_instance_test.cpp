@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <optional>
 
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 

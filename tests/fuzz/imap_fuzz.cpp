@@ -41,7 +41,7 @@ extern "C" CURLcode curl_easy_recv(CURL*, void* buffer, std::size_t size, std::s
 
 void TryInput(std::string_view input) {
   said = input;
-  desktop::MailAccount account;
+  post::MailAccount account;
   account.ImapHost = account.SmtpHost = "localhost";
   account.ImapSecurity = account.SmtpSecurity = "None";
   post::ServerMail mail(account, "secret");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of skins that others have made: what isn't refused can be shown, and is read for its
 // colours no further than it reaches.
-#include "desktop/temporary_folder.h"
+#include "fakes/temporary_folder.h"
 #include "fuzz/fuzz.h"
 #include "skin/colour_chart.h"
 #include "skin/picture_file.h"

@@ -56,9 +56,9 @@ class ImapWorld : public MailWorld {
 
 }  // namespace
 
-desktop::MailAccount ServerAccount(const std::string& address) {
+post::MailAccount ServerAccount(const std::string& address) {
   const MailServers& servers = TheServers();
-  desktop::MailAccount account;
+  post::MailAccount account;
   account.MailKind = "Imap";
   account.MyName = userName;
   account.MyAddress = address;

@@ -3,11 +3,11 @@
 
 #include <string>
 
-#include "desktop/mail_world.h"
+#include "post/mail_world.h"
 #include "post/mail_account.h"
 
 /// The account of `address` on the running servers, at its best.
-desktop::MailAccount ServerAccount(const std::string& address);
+post::MailAccount ServerAccount(const std::string& address);
 
 /// An IMAP and SMTP account on the running servers.
 std::unique_ptr<MailWorld> MakeImapWorld();

@@ -13,7 +13,7 @@
 
 namespace {
 
-using desktop::MailAccount;
+using post::MailAccount;
 using letters::FetchedMail;
 
 const std::string user = userAddress;

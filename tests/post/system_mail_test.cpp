@@ -6,7 +6,7 @@
 #include <signal.h>
 
 #include "platform/mail_client.h"
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include "letters/mail_text.h"
 #include "platform/mail_client.h"
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 
@@ -163,7 +163,7 @@ TEST_F(MaildirTest, AbandonedDeliveriesGoAndNothingElse) {
 TEST(PostOfficeTest, IsPrivateUntilItsFolderIsShared) {
   const TemporaryFolder folder;
   const auto permissions = [](const std::string& path) { return fs::status(path).permissions(); };
-  desktop::MailAccount account;
+  post::MailAccount account;
   account.MyAddress = "me@localhost";
   account.PostFolder = folder / "post/";
   post::PostOffice me(account);

@@ -6,7 +6,7 @@
 
 #include "post/file_passwords.h"
 #include "post/keyring_passwords.h"
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 
@@ -99,7 +99,7 @@ class KeyringPasswordsTest : public FilePasswordsTest {
 };
 
 TEST_F(KeyringPasswordsTest, WithoutAKeyringTheFileStandsIn) {
-  desktop::KeyringPasswords keyring(path_);
+  post::KeyringPasswords keyring(path_);
   EXPECT_EQ(keyring.Read("a@b"), std::nullopt);
   EXPECT_TRUE(keyring.Write("a@b", "1"));
   EXPECT_EQ(keyring.Read("a@b"), "1");

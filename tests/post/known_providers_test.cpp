@@ -5,7 +5,7 @@
 
 namespace {
 
-using desktop::MailAccount;
+using post::MailAccount;
 
 struct GuessCase {
   const char* name;

@@ -14,7 +14,7 @@
 #include "mail/retrieval.h"
 #include "post/mail_service.h"
 #include "post/system_mail.h"
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 
@@ -187,7 +187,7 @@ class Reader {
   fakes::PlainEvents events_;
   fakes::MemoryPasswords passwords_;
   post::MailService service_{
-      events_, passwords_, {}, [this](const desktop::MailAccount&, const std::string&) {
+      events_, passwords_, {}, [this](const post::MailAccount&, const std::string&) {
         return std::make_unique<post::SystemMail>(folder_ / "", "/bin/false");
       }};
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/mail_contract.h"
+#include "post/mail_contract.h"
 
 namespace {
 

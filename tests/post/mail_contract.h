@@ -7,7 +7,7 @@
 
 #include <ostream>
 
-#include "desktop/mail_world.h"
+#include "post/mail_world.h"
 
 struct MailKind {
   const char* name;

@@ -6,7 +6,7 @@
 #include "mail_world.h"
 #include "post/mail_service.h"
 #include "post/post_office.h"
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 

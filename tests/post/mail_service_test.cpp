@@ -17,7 +17,7 @@
 
 namespace {
 
-using desktop::MailAccount;
+using post::MailAccount;
 using letters::FetchedMail;
 using platform::MailError;
 using post::MailService;
@@ -120,11 +120,11 @@ class MailServiceTest : public testing::Test {
   std::optional<std::string> answeredPassword_;
   std::string givenPassword_;
   MailService service_{events_, passwords_,
-                       [this](MailAccount suggestion) -> std::optional<desktop::AccountAnswer> {
+                       [this](MailAccount suggestion) -> std::optional<post::AccountAnswer> {
                          ++questions_;
                          if (answeredName_.empty()) return std::nullopt;
                          suggestion.MyName = answeredName_;
-                         return desktop::AccountAnswer{suggestion, answeredPassword_};
+                         return post::AccountAnswer{suggestion, answeredPassword_};
                        },
                        [this](const MailAccount& account, const std::string& password) {
                          accounts_.push_back(account);

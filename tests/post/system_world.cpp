@@ -8,7 +8,7 @@
 #include "mail_world.h"
 #include "post/mail_service.h"
 #include "post/system_mail.h"
-#include "temporary_folder.h"
+#include "fakes/temporary_folder.h"
 
 namespace {
 
@@ -75,7 +75,7 @@ class SystemWorld : public MailWorld {
   fakes::PlainEvents events_;
   fakes::MemoryPasswords passwords_;
   post::MailService service_{
-      events_, passwords_, {}, [this](const desktop::MailAccount&, const std::string&) {
+      events_, passwords_, {}, [this](const post::MailAccount&, const std::string&) {
         return std::make_unique<post::SystemMail>(BoxOf(userAddress), folder_ / "sendmail");
       }};
 };

@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::MailAccount;
+using post::MailAccount;
 using platform::MailError;
 using post::ServerMail;
 

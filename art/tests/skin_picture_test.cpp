@@ -10,8 +10,8 @@
 #include "lightness.h"
 #include "skin/layouts/all_windows.h"
 #include "skin/layouts/outlines.h"
+#include "skin/layouts/skin_table.h"
 #include "skin/layouts/strips.h"
-#include "skin/skin_table.h"
 
 using namespace Qt::StringLiterals;
 

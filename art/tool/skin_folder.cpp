@@ -11,7 +11,7 @@
 
 #include "saved_picture.h"
 #include "skin/layouts/all_windows.h"
-#include "skin/skin_table.h"
+#include "skin/layouts/skin_table.h"
 #include "skin_background.h"
 #include "skin_chart.h"
 #include "skin_strip.h"

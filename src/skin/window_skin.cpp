@@ -13,9 +13,9 @@
 #include <utility>
 
 #include "platform/text_fields.h"
+#include "skin/layouts/skin_table.h"
 #include "skin/layouts/strips.h"
 #include "skin/skin_button.h"
-#include "skin/skin_table.h"
 #include "skin/window_region.h"
 #include "widgets/plain_text_view.h"
 

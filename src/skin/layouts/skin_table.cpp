@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "skin/skin_table.h"
+#include "skin/layouts/skin_table.h"
 
 #include <algorithm>
 #include <cassert>

@@ -7,6 +7,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 option(TARVOLENIX_WERROR "Treat warnings as errors" OFF)
 set(TARVOLENIX_SANITIZE "" CACHE STRING "Build with these sanitizers, separated by commas")
+option(TARVOLENIX_PCH "Compile the headers that nearly all sources read only once" ON)
 option(TARVOLENIX_BENCH "Build the benchmarks" OFF)
 
 # Asserts are for our own mistakes and stay on in release.
@@ -38,6 +39,24 @@ target_compile_definitions(tarvolenix_qt_flags INTERFACE QT_NO_CAST_FROM_ASCII
   QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_link_libraries(tarvolenix_qt_flags INTERFACE tarvolenix_flags)
 
+set(plain_headers <algorithm> <chrono> <cstdint> <functional> <map> <memory> <optional> <set>
+  <string> <string_view> <tuple> <utility> <vector>)
+
+# tarvolenix_precompile(TARGET KIND HEADERS...): the first target of a kind compiles them, the others
+# of that kind, which must have the same flags, share them.
+function(tarvolenix_precompile target kind)
+  if(NOT TARVOLENIX_PCH)
+    return()
+  endif()
+  get_property(owner GLOBAL PROPERTY tarvolenix_pch_${kind})
+  if(owner)
+    target_precompile_headers(${target} REUSE_FROM ${owner})
+  else()
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+    set_property(GLOBAL PROPERTY tarvolenix_pch_${kind} ${target})
+  endif()
+endfunction()
+
 # tarvolenix_folder(NAME SOURCES... USES folders and libraries...)
 # One source folder as a library of the same name. USES is the proof of which way the arrows go.
 function(tarvolenix_folder name)
@@ -45,6 +64,11 @@ function(tarvolenix_folder name)
   add_library(${name} STATIC ${FOLDER_SOURCES})
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
   target_link_libraries(${name} PRIVATE tarvolenix_flags PUBLIC ${FOLDER_USES})
+  if("Qt6::Widgets" IN_LIST FOLDER_USES)
+    tarvolenix_precompile(${name} windows ${plain_headers} <QtWidgets>)
+  elseif(NOT FOLDER_USES MATCHES "::")
+    tarvolenix_precompile(${name} plain ${plain_headers})
+  endif()
 endfunction()
 
 # tarvolenix_test(NAME SOURCES... USES...): one test program, found by ctest case by case.
@@ -53,6 +77,9 @@ function(tarvolenix_test name)
   add_executable(${name} ${TEST_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE tarvolenix_flags ${TEST_USES} GTest::gtest_main)
+  if(NOT TEST_USES MATCHES "::|qt_flags|app")
+    tarvolenix_precompile(${name} tests ${plain_headers} <gtest/gtest.h>)
+  endif()
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
     PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8" TIMEOUT 300)
 endfunction()

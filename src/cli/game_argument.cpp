@@ -2,6 +2,7 @@
 #include "cli/game_argument.h"
 
 #include <limits>
+#include <optional>
 
 #include "platform/process_state.h"
 #include "store/queries.h"
@@ -18,12 +19,12 @@ Refusal GameFileRefusal(const std::string& sentence) {
 
 store::GameRecord GameArgument(const Arguments& arguments) {
   const int gameID = arguments.Number(0, 1, std::numeric_limits<int>::max());
-  store::GameRecords games;
-  if (!store::SelectGames(games, "GAME_ID;" + std::to_string(gameID))) {
+  std::optional<store::GameRecord> game;
+  if (!store::FindGame(game, gameID)) {
     throw GameFileRefusal("The game file is damaged or can't be read.");
   }
-  if (games.empty()) throw Refusal("There is no game " + std::to_string(gameID) + ".");
-  return games.front();
+  if (!game) throw Refusal("There is no game " + std::to_string(gameID) + ".");
+  return *game;
 }
 
 void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messages) {

@@ -107,13 +107,13 @@ std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool
   return arrivals;
 }
 
-/// Empty where the user picked nothing.
-std::string PickMoveFile() {
+/// Nothing where the user picked none.
+std::optional<std::string> PickMoveFile() {
   const auto& pick = platform::TheDesktop().hooks.pickMoveFile;
   try {
-    return pick ? pick() : std::string{};
+    return pick ? pick() : std::nullopt;
   } catch (const std::exception&) {
-    return {};
+    return std::nullopt;
   }
 }
 
@@ -140,7 +140,7 @@ bool ExportMoveFile(std::int32_t gameID, std::string* fileName) {
 
 std::vector<MoveArrival> ImportMoveFiles(bool showStatus, bool userPicks) {
   const platform::PollingHold hold;
-  if (userPicks) return {ImportPickedFile(PickMoveFile(), showStatus)};
+  if (userPicks) return {ImportPickedFile(PickMoveFile().value_or(""), showStatus)};
   std::vector<std::string> paths;
   try {
     paths = ListMoveFiles();

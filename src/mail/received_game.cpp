@@ -89,7 +89,7 @@ void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<Stor
   if (!saved) throw StoreFailure("the game can't be saved");
   platform::ProcessState& process = platform::Process();
   process.NewMoveArrived = changed;
-  if (changed) process.PendingGames += std::to_string(game.GAME_ID) + ";";
+  if (changed) process.PendingGames.push_back(game.GAME_ID);
   arrival.gameID = game.GAME_ID;
   arrival.changed = changed;
   arrival.ok = true;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/sending.h"
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -35,13 +36,13 @@ void Compose(const OutgoingGame& game) {
 }  // namespace
 
 OutgoingGame LoadOutgoingGame(std::int32_t gameID) {
-  store::GameRecords games;
+  std::optional<store::GameRecord> record;
   OutgoingGame game;
-  if (!store::SelectGames(games, "Game_ID;" + std::to_string(gameID)) || games.empty() ||
-      !store::SelectMoves(game.moves, gameID) || game.moves.empty()) {
+  if (!store::FindGame(record, gameID) || !record || !store::SelectMoves(game.moves, gameID) ||
+      game.moves.empty()) {
     throw std::runtime_error("no moves of game " + std::to_string(gameID));
   }
-  game.record = std::move(games.front());
+  game.record = std::move(*record);
   return game;
 }
 

@@ -11,4 +11,9 @@ void SetCheckTimer(bool enabled) {
   CallHook(TheDesktop().hooks.checkTimerChanged);
 }
 
+void ReleasePolling() {
+  SetCheckTimer(true);
+  Process().CheckTimerHeld = false;
+}
+
 }  // namespace platform

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -45,15 +46,11 @@ struct ProcessState {
   bool SetupGame = false;               ///< the game about to open begins in board setup
   bool BoardSetupMode = false;          ///< the board window is in setup mode now
   bool TrayMissing = false;             ///< the program would live in the tray, but there is none
-  bool RefreshButtonsPending = false;   ///< the skin has loaded new button pictures
   std::int32_t CurrentGameID = -1;      ///< the game open on the board; -1 none
   std::int16_t GameListSortColumn = 1;  ///< 1 status, 2 opponent, 3 title, 4 date
   std::string GameListSortOrder;        ///< empty for ascending, "DESC" for descending
-  std::string PendingGames;             ///< GAME_IDs to notify of, each followed by ";"
+  std::vector<std::int32_t> PendingGames;  ///< GAME_IDs to notify of; one may stand there twice
   NewGameFields NewGame;
-  bool SelectSoundMode = false;  ///< the file picker chooses a sound; else a file to import
-  std::string ImportFilePath;    ///< the folder of the picked file; ends in "/"
-  std::string ImportFileName;    ///< empty where the user picked none
   PollingTimer CheckTimer;
   long SessionLookedAt = 0;         ///< the mail session whose Inbox a tick looks at; 0 none
   std::string BackedUpGameFile;     ///< the stamp of the game file that the backup equals

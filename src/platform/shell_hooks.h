@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -17,8 +18,7 @@ struct ShellHooks {
   std::function<void()> closeNewGame;  ///< the new game dialog, whose texts are no longer needed
   std::function<void()> closeHelp;
   std::function<void()> checkTimerChanged;  ///< the polling timer was started, stopped or retimed
-  std::function<std::string()>
-      pickMoveFile;  ///< path of the file the user picked; empty: cancelled
+  std::function<std::optional<std::string>()> pickMoveFile;  ///< nothing where the user cancelled
   std::function<void()> removeTrayIcon;
   std::function<void()> handedOver;  ///< the start is over: the windows may greet a new user
   std::function<void()> stopped;     ///< all is saved and closed: the event loop may end

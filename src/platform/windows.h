@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/process_state.h"
+
 namespace platform {
 
 /// A window can't be made for lack of the desktop's platform. Any other exception that a window's
@@ -84,9 +86,9 @@ class Windows {
   /// raise.
   virtual void OpenBoard(bool toFront) = 0;
 
-  /// The new game dialog, modal; what the user typed is in Process().NewGame then. False where he
-  /// cancelled. It stays up as a backdrop until the board has come, or HideNewGame.
-  virtual bool AskNewGame() = 0;
+  /// The new game dialog, modal. What the user typed; nothing where he cancelled. It stays up as a
+  /// backdrop until the board has come, or HideNewGame.
+  virtual std::optional<NewGameFields> AskNewGame() = 0;
   virtual void HideNewGame() = 0;
 
   /// The dialog about a new move, modal and in front.

@@ -31,7 +31,8 @@ constexpr const char* sortKeys[] = {"", "Game_status;", "Game_opponents_name;", 
                                     "Game_date;"};
 
 std::optional<std::int32_t> FirstPending() {
-  return platform::ToInteger32(platform::GetField(Process().PendingGames, 1, ';'));
+  const std::vector<std::int32_t>& pending = Process().PendingGames;
+  return pending.empty() ? std::nullopt : std::optional(pending.front());
 }
 
 bool IsNumber(std::string_view text) {

@@ -4,14 +4,13 @@
 #include <exception>
 #include <optional>
 #include <string>
+#include <vector>
 
-#include "platform/conversions.h"
 #include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
-#include "platform/text_fields.h"
 #include "shell/failed_opening.h"
 #include "shell/playing.h"
 #include "store/queries.h"
@@ -30,20 +29,10 @@ bool Notifies(NotificationMethod method) {
   return chosen == method || chosen == ByBoth;
 }
 
-std::string FirstPending() {
-  return std::string(platform::GetField(Process().PendingGames, 1, ';'));
-}
-
 /// With all its repetitions.
 void DropFirstPending() {
-  const std::string first = FirstPending();
-  std::string others;
-  platform::FieldWalk items(Process().PendingGames, ';');
-  for (int count = platform::CountFields(Process().PendingGames, ';'); count > 1; --count) {
-    const std::string_view item = items.Next();
-    if (item != first) others.append(item).append(";");
-  }
-  Process().PendingGames = others;
+  const std::int32_t first = Process().PendingGames.front();
+  std::erase(Process().PendingGames, first);
 }
 
 void PlayNotificationSound() {
@@ -53,23 +42,23 @@ void PlayNotificationSound() {
 
 /// What the dialog shows of the first pending game; nothing where it can't be found.
 std::optional<platform::NewMove> FirstNewMove() {
-  const auto id = platform::ToInteger32(FirstPending());
-  store::GameRecords games;
+  const std::vector<std::int32_t>& pending = Process().PendingGames;
+  std::optional<store::GameRecord> game;
   store::MoveRecords moves;
-  if (!id || !store::SelectGames(games, "Game_ID;" + FirstPending()) || games.size() != 1 ||
-      !store::SelectMoves(moves, *id)) {
+  if (pending.empty() || !store::FindGame(game, pending.front()) || !game ||
+      !store::SelectMoves(moves, pending.front())) {
     return std::nullopt;
   }
-  return platform::NewMove{games.front().GAME_OPPONENTS_NAME, games.front().GAME_NAME,
+  return platform::NewMove{game->GAME_OPPONENTS_NAME, game->GAME_NAME,
                            moves.empty() ? std::string{} : moves.back().MoveComment,
-                           platform::CountFields(Process().PendingGames, ';') == 2};
+                           pending.size() == 1};
 }
 
 /// False where the user plays one of them, or can't.
 bool GoesOnAfter(NotifyChoice choice) {
   switch (choice) {
     case NotifyChoice::Play:
-      if (OpenNewMove(platform::ToInteger32(FirstPending()).value_or(-1))) DropFirstPending();
+      if (OpenNewMove(Process().PendingGames.front())) DropFirstPending();
       return false;
     case NotifyChoice::GameList:
       ShowGameList();

@@ -18,35 +18,27 @@ namespace {
 
 platform::Windows& Windows() { return *platform::TheDesktop().windows; }
 
-/// A board that has come keeps polling off until it closes. One that found its game unreadable goes
-/// by itself.
-void KeepHoldForBoard() {
+/// Raises what the window raised. A board that has come keeps polling off until it closes; one that
+/// found its game unreadable has gone by itself.
+void OpenBoard(platform::PollingHold& hold, bool toFront) {
+  const platform::BusyPointer busy;
+  Windows().OpenBoard(toFront);
   if (!Process().BoardOpen) return;
-  platform::SetCheckTimer(false);
-  Process().CheckTimerHeld = true;
+  hold.HandOver();
+  if (Process().BoardFromGameList) Windows().HideGameList();
 }
 
-void ReplaceGameList() {
-  if (Process().BoardOpen && Process().BoardFromGameList) Windows().HideGameList();
-}
-
-/// Raises what the window raised, with polling put back.
-void OpenBoard(std::int32_t gameID, bool fromGameList, bool toFront) {
-  {
-    const platform::PollingHold hold;
-    Process().BoardFromGameList = fromGameList;
-    const platform::BusyPointer busy;
-    Process().CurrentGameID = gameID;
-    Windows().OpenBoard(toFront);
-    ReplaceGameList();
-  }
-  KeepHoldForBoard();
+void OpenBoardOf(std::int32_t gameID, bool fromGameList, bool toFront) {
+  platform::PollingHold hold;
+  Process().BoardFromGameList = fromGameList;
+  Process().CurrentGameID = gameID;
+  OpenBoard(hold, toFront);
 }
 
 void OpenGame(std::int32_t gameID, bool fromGameList) {
   if (Process().BoardOpen || !Windows().LoadChessGraphics()) return;
   try {
-    OpenBoard(gameID, fromGameList, false);
+    OpenBoardOf(gameID, fromGameList, false);
   } catch (const std::exception& error) {
     ReportFailedOpening(error, "the game board");
   }
@@ -62,15 +54,15 @@ class NewGameBackdrop {
 };
 
 void AskAndOpenBoard() {
-  const platform::PollingHold hold;
+  platform::PollingHold hold;
   Process().CurrentGameID = -1;
   const NewGameBackdrop backdrop;
-  if (!Windows().AskNewGame()) return;
+  const auto fields = Windows().AskNewGame();
+  if (!fields) return;
+  Process().NewGame = *fields;
   // The list may have come meanwhile, for lack of a tray.
   if (Process().GameListOpen) Process().BoardFromGameList = true;
-  const platform::BusyPointer busy;
-  Windows().OpenBoard(false);
-  ReplaceGameList();
+  OpenBoard(hold, false);
 }
 
 }  // namespace
@@ -82,13 +74,15 @@ void PlayGame(std::int32_t gameID) { OpenGame(gameID, true); }
 bool OpenNewMove(std::int32_t gameID) {
   if (Process().BoardOpen || !Windows().LoadChessGraphics()) return false;
   // The list isn't open, unless it has come for lack of a tray while the user was asked.
-  OpenBoard(gameID, Process().GameListOpen, true);
+  OpenBoardOf(gameID, Process().GameListOpen, true);
   return true;
 }
 
-void StartNewGame(bool fromGameList) {
+void StartNewGame(const NewGame& game) {
   if (Process().BoardOpen) return;
-  Process().BoardFromGameList = fromGameList;
+  Process().ComputerGame = game.againstComputer;
+  Process().SetupGame = game.fromSetup;
+  Process().BoardFromGameList = game.fromGameList;
   if (!Windows().LoadChessGraphics()) return;
   try {
     AskAndOpenBoard();
@@ -96,9 +90,7 @@ void StartNewGame(bool fromGameList) {
     ReportFailedOpening(error, "the new game dialog");
     return;
   }
-  if (!Process().BoardOpen) return;
-  KeepHoldForBoard();
-  if (Process().SetupGame) {
+  if (Process().BoardOpen && game.fromSetup) {
     platform::ShowMessage(
         platform::InformationIcon, "Board setup",
         "Please setup the board then select the Play Current Setup option to begin play", "OK");

@@ -17,9 +17,14 @@ void PlayGame(std::int32_t gameID);
 /// where the chess set can't be loaded. Raises what the window raised; polling is as it was then.
 bool OpenNewMove(std::int32_t gameID);
 
-/// Asks for title and opponent and opens the board, as ComputerGame and SetupGame say. A failure is
-/// reported.
-void StartNewGame(bool fromGameList);
+struct NewGame {
+  bool againstComputer = false;
+  bool fromSetup = false;     ///< the user sets the board up first
+  bool fromGameList = false;  ///< whose place the board takes
+};
+
+/// Asks for title and opponent and opens the board. A failure is reported.
+void StartNewGame(const NewGame& game);
 
 /// Shows the game list window. A failure is reported where the desktop lacks something.
 void ShowGameList();

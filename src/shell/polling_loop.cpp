@@ -113,15 +113,11 @@ void CheckTimerTick() {
 }
 
 void RetrieveByHand() {
-  platform::SetCheckTimer(false);
-  Process().CheckTimerHeld = true;
+  platform::PollingHold hold;
   LogonAndRetrieve();
   NotifyNewMoves();
-  if (Process().BoardOpen) return;  // the user plays the new move: polling is the board's now
-  AskAboutHeldMails(HeldMails::New);
-  if (Process().BoardOpen) return;
-  platform::SetCheckTimer(true);
-  Process().CheckTimerHeld = false;
+  if (!Process().BoardOpen) AskAboutHeldMails(HeldMails::New);
+  if (Process().BoardOpen) hold.HandOver();  // the user plays the new move: polling is the board's
 }
 
 }  // namespace shell

@@ -116,8 +116,8 @@ bool RunStartSequence() {
   if (Process().Stopping) return false;  // the session may end while the user reads
   CheckGameFile();
   if (Process().Stopping) return false;
-  platform::SetCheckTimer(false);
-  Process().CheckTimerHeld = true;
+  platform::PollingHold hold;
+  hold.HandOver();  // until the program is idle
   const bool splash = platform::Settings().DisplaySplash;
   if (splash) Windows().ShowSplash();
   mail::LogonAndCollect(false, false, true);
@@ -132,8 +132,7 @@ bool RunStartSequence() {
 void BecomeIdle() {
   if (!platform::Settings().SystrayStartup) Windows().ShowGameList();
   UpdateTrayStatus(TrayOperation::Add);
-  platform::SetCheckTimer(true);
-  Process().CheckTimerHeld = false;
+  platform::ReleasePolling();
   NotifyNewMoves();
   if (!Process().BoardOpen) {
     Process().HeldMailArrived = true;  // perhaps in a run that ended before he was asked

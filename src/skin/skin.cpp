@@ -115,9 +115,7 @@ void TellOfLackOf(std::string_view background) {
 /// What the row asks of the skin; nothing where it failed, and the user was told.
 std::optional<SkinPictures> Load(const SkinRow& row) {
   try {
-    SkinPictures pictures = ReadSkin(row);
-    if (!pictures.strips.empty()) Process().RefreshButtonsPending = true;
-    return pictures;
+    return ReadSkin(row);
   } catch (const std::exception&) {
     TellOfLackOf(row.background);
     return std::nullopt;

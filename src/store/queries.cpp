@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <limits>
+#include <string>
 #include <utility>
 
 #include "platform/desktop.h"
@@ -52,6 +53,14 @@ bool SelectMoves(MoveRecords& moves, std::int32_t gameID) {
   } catch (const std::exception&) {
     return false;
   }
+}
+
+bool FindGame(std::optional<GameRecord>& game, std::int32_t gameID) {
+  game.reset();
+  GameRecords games;
+  if (!SelectGames(games, "GAME_ID;" + std::to_string(gameID))) return false;
+  if (!games.empty()) game = std::move(games.front());
+  return true;
 }
 
 std::string GameFileStamp() {

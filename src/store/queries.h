@@ -24,6 +24,9 @@ bool SelectGames(GameRecords& games, std::string_view selection, std::string_vie
 /// on any failure; damage behind the game's line disturbs nothing.
 bool SelectMoves(MoveRecords& moves, std::int32_t gameID);
 
+/// Looks for one game; `game` is empty where it isn't there. False on any failure.
+bool FindGame(std::optional<GameRecord>& game, std::int32_t gameID);
+
 /// A text that differs from all earlier ones once the game file has changed, by this program or
 /// another; empty where there is none, or it can't be reached.
 std::string GameFileStamp();

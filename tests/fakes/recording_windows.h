@@ -33,7 +33,9 @@ class RecordingWindows : public platform::Windows {
   std::optional<std::int32_t> SelectedGame() override { return selected; }
   void SetGameListFace(int trayPicture, const std::string& caption) override;
   void OpenBoard(bool toFront) override;
-  bool AskNewGame() override { return Did("ask new game"); }
+  std::optional<platform::NewGameFields> AskNewGame() override {
+    return Did("ask new game") ? std::optional(platform::Process().NewGame) : std::nullopt;
+  }
   void HideNewGame() override { Did("hide new game"); }
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;

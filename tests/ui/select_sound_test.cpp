@@ -22,8 +22,8 @@ class SelectSoundTest : public SkinTest {
   }
 
   SelectSound& Open(bool sound) {
-    Process().SelectSoundMode = sound;
-    picker_ = std::make_unique<SelectSound>();
+    picker_ = std::make_unique<SelectSound>(sound ? SelectSound::Mode::Sound
+                                                  : SelectSound::Mode::MoveFile);
     picker_->show();
     return *picker_;
   }
@@ -97,7 +97,6 @@ TEST_F(SelectSoundTest, AFolderThatIsGoneGivesTheHomeFolderAndNoneTheRoot) {
 TEST_F(SelectSoundTest, ImportingTakesAnyFileAndACancelForgetsIt) {
   for (const bool simple : {true, false}) {
     platform::Settings().SimpleUI = simple;
-    Process().ImportFileName = "old";
     OnNextDialog([&](QWidget& dialog) {
       auto* files = dialog.findChild<QListWidget*>(u"FileList"_s);
       (new QListWidgetItem(u"one"_s, files))->setData(Qt::UserRole, u"move one.txt"_s);
@@ -108,7 +107,7 @@ TEST_F(SelectSoundTest, ImportingTakesAnyFileAndACancelForgetsIt) {
     });
     EXPECT_EQ(PickMoveFile(), "/move one.txt");
     OnNextDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-    EXPECT_EQ(PickMoveFile(), "");
+    EXPECT_EQ(PickMoveFile(), std::nullopt);
   }
 }
 

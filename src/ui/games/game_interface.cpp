@@ -264,9 +264,9 @@ void GameInterface::GetGames(bool import) {
 
 void GameInterface::ClickToolbar(int button) {
   if (button == PlayGameButton) return PlayCurrentGame();
-  Process().ComputerGame = button == ComputerGameButton;
-  Process().SetupGame = button != NewGameButton;
-  shell::StartNewGame(true);
+  shell::StartNewGame({.againstComputer = button == ComputerGameButton,
+                       .fromSetup = button != NewGameButton,
+                       .fromGameList = true});
 }
 
 void GameInterface::SetToolbarButton(int button, bool enabled) {
@@ -321,16 +321,6 @@ void GameInterface::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
 }
 
-void GameInterface::changeEvent(QEvent* event) {
-  // Another window may have changed the skin.
-  if (event->type() == QEvent::ActivationChange && isActiveWindow() &&
-      std::exchange(Process().RefreshButtonsPending, false)) {
-    RefreshInterfaceButtons();
-    skinChanged_ = true;
-  }
-  QWidget::changeEvent(event);
-}
-
 void GameInterface::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Escape:
@@ -351,7 +341,6 @@ void GameInterface::closeEvent(QCloseEvent* event) {
     return;
   }
   if (!std::exchange(opened_, false)) return;
-  if (skinChanged_) Process().RefreshButtonsPending = true;
   shell::GameListClosed();
 }
 

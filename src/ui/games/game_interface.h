@@ -59,7 +59,6 @@ class GameInterface : public QWidget {
   void SetToolTips();
 
  protected:
-  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -78,7 +77,6 @@ class GameInterface : public QWidget {
   std::array<QAbstractButton*, SetupGameButton + 1> toolbar_{};  // by number
   bool hasSkin_ = false;
   bool opened_ = false;
-  bool skinChanged_ = false;  // while the window was open
 };
 
 }  // namespace ui

@@ -175,14 +175,14 @@ void NewGameInfo::SetSimpleUI() {
   static_cast<QPushButton*>(ok_)->setDefault(true);
 }
 
-bool NewGameInfo::Ask() {
+std::optional<platform::NewGameFields> NewGameInfo::Ask() {
   FormCanceled_ = !hasLook_ || exec() != Accepted;
-  if (FormCanceled_) return false;
-  Process().NewGame = {Game_name_->text().toStdString(), Game_opponents_name_->text().toStdString(),
-                       Game_opponents_email_->text().toStdString()};
+  if (FormCanceled_) return std::nullopt;
   show();
   repaint();
-  return true;
+  return platform::NewGameFields{Game_name_->text().toStdString(),
+                                 Game_opponents_name_->text().toStdString(),
+                                 Game_opponents_email_->text().toStdString()};
 }
 
 void NewGameInfo::accept() {

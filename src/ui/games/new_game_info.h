@@ -5,6 +5,10 @@
 
 #include <QDialog>
 
+#include <optional>
+
+#include "platform/process_state.h"
+
 class QAbstractButton;
 class QCheckBox;
 class QLineEdit;
@@ -19,10 +23,9 @@ class NewGameInfo : public QDialog {
   /// For one new game: ComputerGame and Offline count as they are now.
   explicit NewGameInfo(QWidget* owner = nullptr);
 
-  /// Runs the dialog. Behind OK the texts are in Process().NewGame and the dialog stays up and
-  /// painted, as a backdrop for what takes its place, until it is hidden. False where the user
-  /// cancelled or the window has no skin.
-  bool Ask();
+  /// Runs the dialog. Behind OK it stays up and painted, as a backdrop for what takes its place,
+  /// until it is hidden. Nothing where the user cancelled or the window has no skin.
+  std::optional<platform::NewGameFields> Ask();
 
   bool FormCanceled() const { return FormCanceled_; }
 

@@ -70,9 +70,7 @@ void MenuSupport::GameClick(int index) {
   switch (index) {
     case entries::New:
     case entries::NewSetup:
-      Process().ComputerGame = false;
-      Process().SetupGame = index == entries::NewSetup;
-      return shell::StartNewGame(true);
+      return shell::StartNewGame({.fromSetup = index == entries::NewSetup, .fromGameList = true});
     case entries::Play:
       return windows_.GameList()->PlayCurrentGame();
     case entries::Delete:

@@ -126,8 +126,6 @@ void ProgramWindows::HideGameList() {
 
 void ProgramWindows::BringBackGameList() {
   FillGameList(Process().CurrentGameID);
-  // The board has taken the flag, and the list hasn't seen the new skin.
-  if (board_ && board_->SkinChanged()) Process().RefreshButtonsPending = true;
   shell::ShowGameList();
 }
 
@@ -158,13 +156,13 @@ void ProgramWindows::OpenBoard(bool toFront) {
   if (toFront) BringToFront(*board_);
 }
 
-bool ProgramWindows::AskNewGame() {
+std::optional<platform::NewGameFields> ProgramWindows::AskNewGame() {
   CloseNewGame();
   const bool fromList = Process().BoardFromGameList && list_ && list_->isVisible();
   newGame_ = Made<NewGameInfo>(fromList ? list_.data() : nullptr);
-  if (newGame_->Ask()) return true;
-  CloseNewGame();
-  return false;
+  auto fields = newGame_->Ask();
+  if (!fields) CloseNewGame();
+  return fields;
 }
 
 void ProgramWindows::CloseNewGame() {
@@ -202,12 +200,8 @@ void ProgramWindows::CloseAll() {
 }
 
 void ProgramWindows::ShowAbout() {
-  const bool enabled = Process().CheckTimer.Enabled;
-  platform::SetCheckTimer(false);
-  Process().CheckTimerHeld = true;
+  const platform::PollingHold hold;
   AboutBox().exec();
-  platform::SetCheckTimer(enabled);
-  Process().CheckTimerHeld = false;
 }
 
 }  // namespace ui

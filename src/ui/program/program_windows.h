@@ -38,7 +38,7 @@ class ProgramWindows : public QObject, public platform::Windows {
   std::optional<std::int32_t> SelectedGame() override;
   void SetGameListFace(int trayPicture, const std::string& caption) override;
   void OpenBoard(bool toFront) override;
-  bool AskNewGame() override;
+  std::optional<platform::NewGameFields> AskNewGame() override;
   void HideNewGame() override;
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;

@@ -46,9 +46,9 @@ bool IsUsersVolume(const QString& root) {
 
 }  // namespace
 
-SelectSound::SelectSound(QWidget* parent)
+SelectSound::SelectSound(Mode mode, QWidget* parent)
     : QDialog(parent),
-      choosesSound_(Process().SelectSoundMode),
+      choosesSound_(mode == Mode::Sound),
       drives_(new QComboBox(this)),
       folders_(new FolderList(this)),
       files_(new QListWidget(this)) {
@@ -186,16 +186,18 @@ std::string SelectSound::SelectedFile() const {
 }
 
 void SelectSound::SetSoundFile() {
-  (choosesSound_ ? Settings().NotificationSoundPath : Process().ImportFilePath) = Folder();
-  (choosesSound_ ? Settings().NotificationSoundWav : Process().ImportFileName) = SelectedFile();
+  Settings().NotificationSoundPath = Folder();
+  Settings().NotificationSoundWav = SelectedFile();
+}
+
+std::optional<std::string> SelectSound::Chosen() const {
+  const std::string file = SelectedFile();
+  return file.empty() ? std::nullopt : std::optional(Folder() + file);
 }
 
 void SelectSound::Choose() {
-  SetSoundFile();
-  if (!SelectedFile().empty()) {
-    accept();
-    return;
-  }
+  if (choosesSound_) SetSoundFile();
+  if (Chosen()) return accept();
   platform::ShowMessage(platform::ErrorIcon, "File selection error...",
                         choosesSound_
                             ? "You must either select a .WAV file or cancel this dialog."
@@ -204,14 +206,6 @@ void SelectSound::Choose() {
 }
 
 void SelectSound::Play() { platform::PlayWave(Folder() + SelectedFile()); }
-
-void SelectSound::reject() {
-  if (!choosesSound_) {
-    Process().ImportFilePath.clear();
-    Process().ImportFileName.clear();
-  }
-  QDialog::reject();
-}
 
 void SelectSound::done(int result) {
   platform::TheDesktop().help->CloseHelp();
@@ -241,14 +235,10 @@ void SelectSound::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-std::string PickMoveFile() {
-  platform::ProcessState& process = Process();
-  process.SelectSoundMode = false;
-  process.ImportFilePath.clear();
-  process.ImportFileName.clear();
-  SelectSound picker(QApplication::activeWindow());
-  if (picker.IsOpen()) picker.exec();
-  return process.ImportFilePath + process.ImportFileName;
+std::optional<std::string> PickMoveFile() {
+  SelectSound picker(SelectSound::Mode::MoveFile, QApplication::activeWindow());
+  if (!picker.IsOpen() || picker.exec() != QDialog::Accepted) return std::nullopt;
+  return picker.Chosen();
 }
 
 }  // namespace ui

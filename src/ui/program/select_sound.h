@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file picker in its two modes: it chooses the sound that announces a new move, or a file to
-// import. The mode is Process().SelectSoundMode; what was chosen stands in the settings, at once,
-// or in Process().ImportFilePath and ImportFileName.
+// The file picker in its two modes: it chooses the sound that announces a new move, which then
+// stands in the settings at once, or a file to import.
 #pragma once
 
 #include <QDialog>
 
+#include <optional>
 #include <string>
 
 class QAbstractButton;
@@ -20,16 +20,19 @@ class SelectSound : public QDialog {
   Q_OBJECT
 
  public:
-  explicit SelectSound(QWidget* parent = nullptr);
+  enum class Mode { Sound, MoveFile };
+
+  explicit SelectSound(Mode mode, QWidget* parent = nullptr);
 
   /// False where the window's skin failed.
   bool IsOpen() const { return hasSkin_; }
 
-  /// Stores the folder and the selected file, which may be none.
+  /// In the settings, the folder and the selected file, which may be none.
   void SetSoundFile();
 
-  /// Cancel, Escape and the window's close.
-  void reject() override;
+  /// The path of the selected file; nothing where none is.
+  std::optional<std::string> Chosen() const;
+
   void done(int result) override;
 
  protected:
@@ -58,7 +61,7 @@ class SelectSound : public QDialog {
   QAbstractButton* ok_;
 };
 
-/// Shows the picker for a file to import. The file's path; empty where the user cancelled.
-std::string PickMoveFile();
+/// Shows the picker for a file to import. The file's path; nothing where the user cancelled.
+std::optional<std::string> PickMoveFile();
 
 }  // namespace ui

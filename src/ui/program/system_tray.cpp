@@ -33,17 +33,10 @@ bool HasNoGames() {
   return store::SelectGames(games, {}) && games.empty();
 }
 
-/// From the usual position.
-void StartGame(bool againstTheComputer, bool fromGameList) {
-  Process().ComputerGame = againstTheComputer;
-  Process().SetupGame = false;
-  shell::StartNewGame(fromGameList);
-}
-
 TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount,
                           const std::function<void()>& askAboutHeldMails) {
   return {.open = [] { shell::ShowGameList(); },
-          .newGame = [] { StartGame(false, false); },
+          .newGame = [] { shell::StartNewGame({}); },
           .playGame = [](std::int32_t gameID) { shell::OpenGameFromTray(gameID); },
           .retrieve = [] { shell::RetrieveByHand(); },
           .changeAccount = changeAccount,
@@ -111,23 +104,24 @@ void SystemTray::Greet(const std::function<void()>& changeAccount) {
     if (!shell::MayStartMailGame()) shell::RetrieveByHand();
     // What has come in may have been opened.
     if (!shell::MayStartMailGame() || Process().CheckTimerHeld || !HasNoGames()) return;
-    StartGame(false, Process().GameListOpen);
+    shell::StartNewGame({.fromGameList = Process().GameListOpen});
   };
-  welcome_ = new Welcome({.againstTheComputer =
-                              [] {
-                                if (!Process().CheckTimerHeld)
-                                  StartGame(true, Process().GameListOpen);
-                              },
-                          .onThisMachine =
-                              [startMailGame] {
-                                if (!Process().CheckTimerHeld) startMailGame();
-                              },
-                          .byMail =
-                              [changeAccount, startMailGame] {
-                                if (Process().CheckTimerHeld) return;
-                                changeAccount();
-                                startMailGame();
-                              }});
+  welcome_ = new Welcome(
+      {.againstTheComputer =
+           [] {
+             if (Process().CheckTimerHeld) return;
+             shell::StartNewGame({.againstComputer = true, .fromGameList = Process().GameListOpen});
+           },
+       .onThisMachine =
+           [startMailGame] {
+             if (!Process().CheckTimerHeld) startMailGame();
+           },
+       .byMail =
+           [changeAccount, startMailGame] {
+             if (Process().CheckTimerHeld) return;
+             changeAccount();
+             startMailGame();
+           }});
   welcome_->setAttribute(Qt::WA_DeleteOnClose);
   ShowInTheMiddle(*welcome_);
   BringToFront(*welcome_);

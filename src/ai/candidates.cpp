@@ -61,7 +61,7 @@ class Gatherer {
   const BoardSquares& Board() const { return ThePosition().BoardState; }
 
   bool IsLegal(Square to) const {
-    return rules::TestMoveIsLegal(side_, piece_, from_, to, lastMove_, sideInCheck_);
+    return rules::TestMoveIsLegal(side_, piece_, from_, to, lastMove_);
   }
 
   void Add(int to) { list_.push_back({from_, rules::SquareAt(to)}); }
@@ -163,13 +163,6 @@ class Gatherer {
 };
 
 }  // namespace
-
-void AddIfLegal(Side side, PieceCode piece, Square from, Square to, CandidateList& list,
-                rules::LastMove lastMove, int sideInCheck) {
-  if (rules::TestMoveIsLegal(side, piece, from, to, lastMove, sideInCheck)) {
-    list.push_back({from, to});
-  }
-}
 
 void GenerateMoves(Side side, PieceCode piece, Square from, CandidateList& list,
                    rules::LastMove lastMove, int sideInCheck) {

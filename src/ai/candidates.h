@@ -18,10 +18,6 @@ struct CandidateMove {
 
 using CandidateList = std::vector<CandidateMove>;
 
-/// Appends the move if it doesn't leave `side` in check.
-void AddIfLegal(rules::Side side, rules::PieceCode piece, rules::Square from, rules::Square to,
-                CandidateList& list, rules::LastMove lastMove, int sideInCheck);
-
 /// Appends the legal moves of the piece on `from`. A pawn's step onto the last row is one move.
 void GenerateMoves(rules::Side side, rules::PieceCode piece, rules::Square from,
                    CandidateList& list, rules::LastMove lastMove, int sideInCheck);

@@ -18,8 +18,7 @@ struct Mover {
   int sideInCheck;
 
   bool MayGo(Square to) const {
-    return IsTargetSquare(side, to) &&
-           TestMoveIsLegal(side, piece, from, to, lastMove, sideInCheck);
+    return IsTargetSquare(side, to) && TestMoveIsLegal(side, piece, from, to, lastMove);
   }
 
   template <std::size_t N>

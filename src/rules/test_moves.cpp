@@ -92,8 +92,7 @@ void UndoTestMove(int& sideInCheck) {
   testMoves.pop_back();
 }
 
-bool TestMoveIsLegal(Side side, PieceCode piece, Square from, Square to, LastMove lastMove,
-                     int /*sideInCheck*/) {
+bool TestMoveIsLegal(Side side, PieceCode piece, Square from, Square to, LastMove lastMove) {
   Changes changes;
   Play(side, from, to, piece, lastMove, changes);
   const bool legal = !IsInCheck(side);

@@ -17,8 +17,7 @@ void MakeTestMove(Side side, Square from, Square to, PieceCode piece, LastMove l
 void UndoTestMove(int& sideInCheck);
 
 /// True if the move doesn't leave `side` in check.
-bool TestMoveIsLegal(Side side, PieceCode piece, Square from, Square to, LastMove lastMove,
-                     int sideInCheck);
+bool TestMoveIsLegal(Side side, PieceCode piece, Square from, Square to, LastMove lastMove);
 
 /// Forgets the moves on the stack without taking them back.
 void ClearTestMoves();

@@ -20,7 +20,7 @@ std::string AnyMove(rules::LastMove last, std::mt19937& random) {
     if (rules::SideOf(from) == now.SideToMove && rules::IsTargetSquare(now.SideToMove, to) &&
         rules::ValidMove(now.SideToMove, piece, from, to, rules::SideOf(to) != rules::NoSide,
                          now.SideInCheck, {}, false, last) &&
-        rules::TestMoveIsLegal(now.SideToMove, piece, from, to, last, now.SideInCheck)) {
+        rules::TestMoveIsLegal(now.SideToMove, piece, from, to, last)) {
       legal.push_back(rules::NameOf(from) + rules::NameOf(to));
     }
   }

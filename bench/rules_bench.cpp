@@ -7,7 +7,7 @@
 
 #include "ai/candidates.h"
 #include "ai/perft.h"
-#include "board/board.h"
+#include "board/history.h"
 #include "rules/board_text.h"
 #include "rules/test_moves.h"
 
@@ -73,12 +73,12 @@ store::MoveRecords RandomGame(int entries) {
 
 void Replay(benchmark::State& state) {
   NoView view;
-  board::Board board(view);
+  board::Game board(view);
   board.Moves.Fill(RandomGame(static_cast<int>(state.range(0))));
   state.counters["entries"] = board.Moves.Count();
   for (auto _ : state) {
     StartPosition();
-    board.MoveThroughHistory();
+    board::MoveThroughHistory(board);
   }
 }
 BENCHMARK(Replay)->Arg(300)->Unit(benchmark::kMicrosecond);

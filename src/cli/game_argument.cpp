@@ -4,6 +4,8 @@
 #include <limits>
 #include <optional>
 
+#include "board/history.h"
+#include "board/opening.h"
 #include "platform/process_state.h"
 #include "store/queries.h"
 #include "store/repair.h"
@@ -29,10 +31,10 @@ store::GameRecord GameArgument(const Arguments& arguments) {
 
 void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messages) {
   platform::Process().CurrentGameID = gameID;
-  played.logic.Form_Load();
+  board::Form_Load(played.logic);
   if (played.logic.UnloadPending) throw Refusal(messages.TakeSentence("The game can't be opened."));
   // A first press on a marked board would only clean it, and say nothing.
-  played.logic.RemoveHilight();
+  board::RemoveHilight(played.logic);
 }
 
 }  // namespace cli

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The verbs that make moves in the user's games.
+#include "board/saving.h"
 #include "cli/game_argument.h"
 #include "cli/mail_service.h"
 #include "cli/played_board.h"
@@ -74,7 +75,7 @@ void PrepareSending(bool send, CollectedMessages& messages) {
 enum class Stored { Nowhere, Saved, SavedAndSent };
 
 Stored Store(PlayedBoard& played, bool send) {
-  if (!played.logic.SaveMove()) return Stored::Nowhere;
+  if (!board::SaveMove(played.logic)) return Stored::Nowhere;
   if (!send) return Stored::Saved;
   return SendGame(played.logic.SavedGameID) ? Stored::SavedAndSent : Stored::Saved;
 }

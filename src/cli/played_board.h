@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "board/board.h"
+#include "board/game.h"
 #include "cli/collected_messages.h"
 
 namespace cli {
@@ -34,7 +34,7 @@ class PlayedBoard : private board::BoardView {
   /// Plays moves of both sides in turn, as far as they are accepted. The number accepted.
   std::size_t PlayBothSides(const std::vector<std::string>& moves);
 
-  board::Board logic;
+  board::Game logic;
 
  private:
   void ConstructBoard() override {}

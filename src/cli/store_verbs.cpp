@@ -8,6 +8,7 @@
 #include "cli/verbs.h"
 #include "platform/harmless_text.h"
 #include "rules/board_text.h"
+#include "rules/notation.h"
 #include "store/queries.h"
 #include "store/repair.h"
 #include "store/saving.h"
@@ -35,7 +36,7 @@ void PrintGame(const store::GameRecord& game) {
       .Print();
 }
 
-void PrintBoard(const board::Board& game) {
+void PrintBoard(const board::Game& game) {
   for (int y = 8; y >= 1; --y) {
     std::cout << ' ' << y << ' ';
     for (int x = 1; x <= 8; ++x) {
@@ -90,7 +91,7 @@ bool Show(const Call& call) {
   const store::GameRecord game = GameArgument(call.arguments);
   PlayedBoard played(call.messages);
   OpenGame(game.GAME_ID, played, call.messages);
-  const board::Board& logic = played.logic;
+  const board::Game& logic = played.logic;
   if (call.arguments.Has("--text")) {
     PrintBoard(logic);
     return true;

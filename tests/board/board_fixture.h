@@ -16,7 +16,15 @@
 #include <utility>
 #include <vector>
 
-#include "board/board.h"
+#include "board/controls.h"
+#include "board/ends.h"
+#include "board/history.h"
+#include "board/moving.h"
+#include "board/opening.h"
+#include "board/saving.h"
+#include "board/setup.h"
+#include "board/squares.h"
+#include "board/timer.h"
 #include "fakes/fake_desktop.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
@@ -73,8 +81,8 @@ inline store::MoveRecords Entries(std::string_view list) {
 }
 
 /// What the window offers now, as words.
-inline std::string Offers(const Board& board) {
-  const BoardControls controls = board.Controls();
+inline std::string Offers(const Game& game) {
+  const BoardControls controls = Controls(game);
   std::string offers = ThePosition().MoveAllowed ? "move " : "";
   if (controls.undo) offers += "undo ";
   if (controls.send) offers += "send ";
@@ -88,7 +96,7 @@ inline std::string Offers(const Board& board) {
 struct RecordingView : BoardView {
   void ConstructBoard() override { ++constructed; }
   void PaintSquare(Square square, int cell) override { cells.at(IndexOf(square)) = cell; }
-  void Refresh() override { offers = Offers(*board); }
+  void Refresh() override { offers = Offers(*game); }
   rules::PieceCode ExchangePawn(rules::Side side) override {
     ++asked;
     return rules::OfSide(promotion, side);
@@ -102,7 +110,7 @@ struct RecordingView : BoardView {
   void Hide() override { ++hidden; }
   void Close() override { ++closed; }
 
-  const Board* board = nullptr;
+  const Game* game = nullptr;
   std::array<int, 64> cells{};
   std::string offers;    ///< at the last refresh
   std::string warnings;  ///< of the last setup
@@ -115,7 +123,7 @@ struct RecordingView : BoardView {
 struct BoardTest : ::testing::Test {
   fakes::FakeDesktop desktop;
   std::optional<RecordingView> view;
-  std::optional<Board> board;
+  std::optional<Game> game;
 
   BoardTest() { platform::Settings().Verbose = true; }
 
@@ -128,30 +136,30 @@ struct BoardTest : ::testing::Test {
     Process().Offline = isSo("offline");
     Process().StandAlone = isSo("files");
     const bool host = !isSo("guest");
-    store::GameRecord game{1,
-                           "010220261530",
-                           0,
-                           "Friendly",
-                           "01/02/2026",
-                           "eva@example.org",
-                           host ? "" : "Eva",
-                           host ? "Eva" : "Max",
-                           host,
-                           "Eva",
-                           status,
-                           isSo("computer"),
-                           start.empty() ? "" : BoardText(start)};
+    store::GameRecord record{1,
+                             "010220261530",
+                             0,
+                             "Friendly",
+                             "01/02/2026",
+                             "eva@example.org",
+                             host ? "" : "Eva",
+                             host ? "Eva" : "Max",
+                             host,
+                             "Eva",
+                             status,
+                             isSo("computer"),
+                             start.empty() ? "" : BoardText(start)};
     desktop.files.content.clear();
-    ASSERT_TRUE(store::SaveGame(game, Entries(GetField(told, 2, '|'))));
+    ASSERT_TRUE(store::SaveGame(record, Entries(GetField(told, 2, '|'))));
   }
 
   void Open(std::int32_t gameID = 1) {
     Process().CurrentGameID = gameID;
-    board.reset();
+    game.reset();
     view.emplace();
-    board.emplace(*view);
-    view->board = &*board;
-    board->Form_Load();
+    game.emplace(*view);
+    view->game = &*game;
+    Form_Load(*game);
   }
 
   /// Begins a new game from a position that was set up.
@@ -160,7 +168,7 @@ struct BoardTest : ::testing::Test {
     Open(-1);
     rules::Place(words);
     ThePosition().SideToMove = rules::White;
-    board->BeginGame();
+    BeginGame(*game);
   }
 
   void OpenGame(const std::string& told) {
@@ -180,8 +188,8 @@ struct BoardTest : ::testing::Test {
   /// Drags a piece, told as "e2e4".
   void Play(const std::string& move) {
     const rules::LastMove squares = rules::Move(move);
-    ASSERT_TRUE(board->CBoard_MouseDown(NumberOf(squares.from))) << move;
-    board->CBoard_DragDrop(NumberOf(squares.to), NumberOf(squares.from));
+    ASSERT_TRUE(CBoard_MouseDown(*game, squares.from)) << move;
+    CBoard_DragDrop(*game, squares.to, squares.from);
   }
 
   int CellOf(std::string_view square) const { return view->cells[IndexOf(rules::Sq(square))]; }
@@ -214,7 +222,7 @@ struct BoardTest : ::testing::Test {
   }
 
   void Tick(int times = 3) {
-    for (int n = 0; n < times; ++n) board->CheckTimer();
+    for (int n = 0; n < times; ++n) CheckTimer(*game);
   }
 
   std::string GameFile() { return desktop.files.content["/program/Data/Tvgdb.dat"]; }
@@ -225,10 +233,10 @@ struct BoardTest : ::testing::Test {
   }
 
   void ExpectWindowIsUpToDate() {
-    EXPECT_EQ(view->offers, Offers(*board));
+    EXPECT_EQ(view->offers, Offers(*game));
     for (int i = 0; i < 64; ++i) {
       const Square square = rules::SquareAt(i);
-      EXPECT_EQ(view->cells[i], board->SquareCell(square)) << rules::NameOf(square);
+      EXPECT_EQ(view->cells[i], SquareCell(*game, square)) << rules::NameOf(square);
     }
   }
 };

@@ -43,21 +43,21 @@ TEST_F(ComputerTest, AnswersEachMoveAndBothAreStored) {
   for (const char* move : {"e2e4", "d2d4", "g1f3"}) {
     Play(move);
     events.act = [&] {
-      EXPECT_TRUE(board->ComputerThinking);
-      EXPECT_EQ(Offers(*board), "Close");
-      EXPECT_EQ(board->Caption, "Tarvolenix - Awaiting The Computer's move");
-      board->CheckTimer();
-      EXPECT_FALSE(board->CBoard_MouseDown(22));
+      EXPECT_TRUE(game->ComputerThinking);
+      EXPECT_EQ(Offers(*game), "Close");
+      EXPECT_EQ(game->Caption, "Tarvolenix - Awaiting The Computer's move");
+      CheckTimer(*game);
+      EXPECT_FALSE(CBoard_MouseDown(*game, {2, 2}));
     };
     Told();
-    board->ToolbarClick(SendButton);
+    ToolbarClick(*game, SendButton);
     EXPECT_EQ(Told(), "Tarvolenix information: You are not allowed to make a move right now.");
-    ASSERT_EQ(board->Moves.Count() % 2, 0);
+    ASSERT_EQ(game->Moves.Count() % 2, 0);
     EXPECT_EQ(view->offers, "move surrender comment Cancel");
-    EXPECT_TRUE(board->OpponentComment.starts_with("Moves considered : "));
+    EXPECT_TRUE(game->OpponentComment.starts_with("Moves considered : "));
     ExpectWindowIsUpToDate();
   }
-  for (int row = 1; row <= 6; ++row) expected += board->Moves.Row(row).MoveText + " ";
+  for (int row = 1; row <= 6; ++row) expected += game->Moves.Row(row).MoveText + " ";
   EXPECT_EQ(StoredTexts(), expected);
   EXPECT_EQ(StoredStatus(), store::MoveWaiting);
   const std::string position = BoardText();
@@ -71,12 +71,12 @@ TEST_F(ComputerTest, AFirstMoveThatCouldNotBeStoredCanBeSentAgain) {
   Open(-1);
   Play("e2e4");
   desktop.files.FailOperation(1);
-  board->ToolbarClick(SendButton);
+  ToolbarClick(*game, SendButton);
   EXPECT_TRUE(Told().starts_with("Database error."));
-  EXPECT_EQ(board->Moves.Count(), 1);
-  board->ToolbarClick(SendButton);
+  EXPECT_EQ(game->Moves.Count(), 1);
+  ToolbarClick(*game, SendButton);
   EXPECT_EQ(Told(), "");
-  EXPECT_EQ(StoredTexts(), "e4 " + board->Moves.Last().MoveText + " ");
+  EXPECT_EQ(StoredTexts(), "e4 " + game->Moves.Last().MoveText + " ");
 }
 
 TEST_F(ComputerTest, AMoveOfTheComputerThatCouldNotBeStoredIsStoredWithTheNextOne) {
@@ -84,15 +84,15 @@ TEST_F(ComputerTest, AMoveOfTheComputerThatCouldNotBeStoredIsStoredWithTheNextOn
   Play("e2e4");
   // The user's move still reaches the disk.
   events.act = [&] { desktop.files.FailOperation(1); };
-  board->ToolbarClick(SendButton);
+  ToolbarClick(*game, SendButton);
   EXPECT_TRUE(Told().starts_with("Database error."));
   EXPECT_EQ(StoredTexts(), "e4 ");
   events.act = {};
   Play("d2d4");
-  board->ToolbarClick(SendButton);
+  ToolbarClick(*game, SendButton);
   EXPECT_EQ(Told(), "");
   std::string expected;
-  for (int row = 1; row <= 4; ++row) expected += board->Moves.Row(row).MoveText + " ";
+  for (int row = 1; row <= 4; ++row) expected += game->Moves.Row(row).MoveText + " ";
   EXPECT_EQ(StoredTexts(), expected);
 }
 
@@ -100,16 +100,16 @@ TEST_F(ComputerTest, ACancelledTurnLeavesEverythingAndCanBeTakenAgain) {
   OpenGame("||computer");
   Play("e2e4");
   const std::string position = BoardText();
-  events.act = [&] { board->Search.SearchCancelled = true; };
-  board->ToolbarClick(SendButton);
-  EXPECT_EQ(board->Moves.Count(), 1);
+  events.act = [&] { game->Search.SearchCancelled = true; };
+  ToolbarClick(*game, SendButton);
+  EXPECT_EQ(game->Moves.Count(), 1);
   EXPECT_EQ(BoardText(), position);
-  EXPECT_TRUE(board->PlaysWhite);
+  EXPECT_TRUE(game->PlaysWhite);
   EXPECT_EQ(view->offers, "resend Close");
   events.act = {};
-  board->ToolbarClick(ResendButton);
-  EXPECT_EQ(board->Moves.Count(), 2);
-  EXPECT_EQ(StoredTexts(), "e4 " + board->Moves.Last().MoveText + " ");
+  ToolbarClick(*game, ResendButton);
+  EXPECT_EQ(game->Moves.Count(), 2);
+  EXPECT_EQ(StoredTexts(), "e4 " + game->Moves.Last().MoveText + " ");
 }
 
 constexpr int moveAPawn = 20;
@@ -142,17 +142,17 @@ TEST_F(ComputerTest, TheEndIsStoredAndToldWhoeverBringsIt) {
     Play(row.move);
     Tick();
     Told();
-    board->ToolbarClick(SendButton);
-    EXPECT_EQ(board->Moves.Count(), row.entries);
+    ToolbarClick(*game, SendButton);
+    EXPECT_EQ(game->Moves.Count(), row.entries);
     const bool usersMove = row.entries == 1 || row.status == store::MoveWaiting;
-    EXPECT_EQ(board->Moves.Row(usersMove ? 1 : 2).MoveText, row.lastText);
+    EXPECT_EQ(game->Moves.Row(usersMove ? 1 : 2).MoveText, row.lastText);
     EXPECT_EQ(StoredStatus(), row.status);
-    EXPECT_EQ(board->Caption, std::string("Tarvolenix - ") + row.caption);
+    EXPECT_EQ(game->Caption, std::string("Tarvolenix - ") + row.caption);
     Tick();
     EXPECT_EQ(Told().empty(), usersMove) << "what the user did he was told before";
     const std::string file = GameFile();
-    if (!board->GameIsOver()) continue;
-    board->ToolbarClick(ResendButton);
+    if (!GameIsOver(*game)) continue;
+    ToolbarClick(*game, ResendButton);
     EXPECT_EQ(GameFile(), file) << "nothing follows the end";
   }
 }
@@ -168,9 +168,9 @@ TEST_F(ComputerTest, TheGameGoesOnAsItWillFromTheStore) {
   for (const auto& row : rows) {
     OpenGame(row.game + std::string("||computer"));
     Play(row.move);
-    board->ToolbarClick(SendButton);
-    board->OfferDraw();
-    board->ToolbarClick(SendButton);
+    ToolbarClick(*game, SendButton);
+    OfferDraw(*game);
+    ToolbarClick(*game, SendButton);
     const auto state = [&] { return view->offers + ' ' + Flags() + ' ' + BoardText(); };
     EXPECT_TRUE(view->offers.starts_with("move "));
     EXPECT_EQ(StoredStatus(), store::MoveWaiting);

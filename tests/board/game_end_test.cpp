@@ -68,13 +68,13 @@ const EndCase endCases[] = {
 struct GameEndTest : BoardTest {
   void Act(const EndCase& row) {
     const std::string word(GetField(row.act, 1, '#'));
-    board->PlayerComment = std::string(GetField(row.act, 2, '#'));
+    game->PlayerComment = std::string(GetField(row.act, 2, '#'));
     if (word == "surrender") {
-      board->ToolbarClick(SurrenderButton);
+      ToolbarClick(*game, SurrenderButton);
     } else if (word == "offer") {
-      board->OfferDraw();
+      OfferDraw(*game);
     } else if (word == "accept" || word == "decline") {
-      board->DecideDraw(word == "accept");
+      DecideDraw(*game, word == "accept");
     } else {
       Play(word);
     }
@@ -96,7 +96,7 @@ struct GameEndTest : BoardTest {
     view->visible = false;
     Tick();
     EXPECT_EQ(Noticed(), "");
-    board->SetupWarned = true;
+    game->SetupWarned = true;
     view->visible = true;
     Tick();
     return Noticed();
@@ -110,37 +110,37 @@ TEST_F(GameEndTest, EachEndIsSeenFromBothSides) {
     const bool answers = std::string_view(row.game).find("Draw offer") != std::string_view::npos;
     EXPECT_EQ(NoticedOnOpening(), answers ? offer : "");
     const rules::Untouched before;
-    const BoardControls offered = board->Controls();
+    const BoardControls offered = Controls(*game);
     Act(row);
-    board->ToolbarClick(UndoButton);
+    ToolbarClick(*game, UndoButton);
     EXPECT_EQ(rules::Untouched(), before);
-    EXPECT_FALSE(board->GameIsOver());
+    EXPECT_FALSE(GameIsOver(*game));
     EXPECT_TRUE(ThePosition().MoveAllowed);
-    EXPECT_EQ(board->DrawOffered, answers);
-    EXPECT_EQ(board->Controls().answerDraw, offered.answerDraw);
-    EXPECT_EQ(board->Controls().surrender, offered.surrender);
-    Tick(board->StalemateFlashes + 1);
+    EXPECT_EQ(game->DrawOffered, answers);
+    EXPECT_EQ(Controls(*game).answerDraw, offered.answerDraw);
+    EXPECT_EQ(Controls(*game).surrender, offered.surrender);
+    Tick(game->StalemateFlashes + 1);
     ExpectWindowIsUpToDate();
 
     Noticed();
     Act(row);
     Tick();
     EXPECT_EQ(Noticed(), row.noticed) << "once";
-    EXPECT_EQ(board->Moves.Last().MoveCoordinates + " " + board->Moves.Last().MoveText, row.entry);
-    EXPECT_EQ(board->Moves.Last().MoveComment, GetField(row.act, 2, '#'));
-    EXPECT_EQ(Offers(*board), "undo send comment Cancel");
-    EXPECT_TRUE(board->SaveMove());
+    EXPECT_EQ(game->Moves.Last().MoveCoordinates + " " + game->Moves.Last().MoveText, row.entry);
+    EXPECT_EQ(game->Moves.Last().MoveComment, GetField(row.act, 2, '#'));
+    EXPECT_EQ(Offers(*game), "undo send comment Cancel");
+    EXPECT_TRUE(SaveMove(*game));
     EXPECT_EQ(StoredStatus(), row.sent);
     EXPECT_EQ(NoticedOnOpening(), row.later);
-    board->Form_Unload();
+    Form_Unload(*game);
     EXPECT_EQ(StoredStatus(), row.sent);
 
     StoreGame(AtTheOpponents(row));
     for (const bool browsing : {false, true}) {
       EXPECT_EQ(NoticedOnOpening(), row.received);
       EXPECT_EQ(StoredStatus(), store::MoveWaiting) << "until the window is closed";
-      if (browsing && board->Moves.Count() > 1) board->MoveList_RowColChange(1);
-      board->Form_Unload();
+      if (browsing && game->Moves.Count() > 1) MoveList_RowColChange(*game, 1);
+      Form_Unload(*game);
       EXPECT_EQ(StoredStatus(), row.closed);
       StoreGame(AtTheOpponents(row));
     }
@@ -154,7 +154,7 @@ TEST_F(GameEndTest, NoticesWaitForOneAnotherWhileTheKingFlashesOn) {
     ++shown;
     const int cell = CellOf("e1");
     const auto told = desktop.boxes.messages.size();
-    board->CheckTimer();
+    CheckTimer(*game);
     EXPECT_NE(CellOf("e1"), cell);
     EXPECT_EQ(desktop.boxes.messages.size(), told);
     desktop.boxes.whileUp = whileUp;
@@ -169,16 +169,16 @@ TEST_F(GameEndTest, NoticesWaitForOneAnotherWhileTheKingFlashesOn) {
 TEST_F(GameEndTest, NothingIsNoticedBesideAnotherMessageOrAfterTheClosing) {
   OpenGame("|e2e4, e8e8 1-0|");
   const int king = CellOf("e8");
-  board->LockedForDialog = true;
+  game->LockedForDialog = true;
   Tick(1);
   EXPECT_EQ(CellOf("e8"), king);
-  board->LockedForDialog = false;
-  board->Form_Unload();
+  game->LockedForDialog = false;
+  Form_Unload(*game);
   Tick(1);
   EXPECT_NE(CellOf("e8"), king);
   EXPECT_EQ(Noticed(), "");
   Open();
-  EXPECT_TRUE(board->FlashPhase);
+  EXPECT_TRUE(game->FlashPhase);
   ExpectWindowIsUpToDate();
 }
 
@@ -214,24 +214,24 @@ TEST_F(GameEndTest, GamesFullOfNonsenseOpenGoOnAndClose) {
         ASSERT_TRUE(store::SaveGame(games[0], {}));
         Open();
         ExpectWindowIsUpToDate();
-        board->SelfCheckFlashes = board->StalemateFlashes = 4;
+        game->SelfCheckFlashes = game->StalemateFlashes = 4;
         Tick(6);
         const std::string position = BoardText();
-        const BoardControls controls = board->Controls();
-        if (controls.answerDraw) board->DecideDraw(false);
-        if (controls.surrender) board->SurrenderGame();
+        const BoardControls controls = Controls(*game);
+        if (controls.answerDraw) DecideDraw(*game, false);
+        if (controls.surrender) SurrenderGame(*game);
         if (controls.answerDraw || controls.surrender) {
           const rules::PieceCode king = rules::OfSide(rules::WhiteKing, ThePosition().SideToMove);
-          EXPECT_EQ(board->Moves.Last().MoveCoordinates == "0000",
+          EXPECT_EQ(game->Moves.Last().MoveCoordinates == "0000",
                     ThePosition().BoardState.Of(king) == 0);
           Tick();
-          EXPECT_TRUE(board->SaveMove());
+          EXPECT_TRUE(SaveMove(*game));
           Open();
           ExpectWindowIsUpToDate();
         }
         EXPECT_EQ(BoardText(), position);
         Tick();
-        board->Form_Unload();
+        Form_Unload(*game);
         EXPECT_NE(StoredStatus(), -1);
         Told();
       }

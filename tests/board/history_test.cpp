@@ -38,27 +38,27 @@ TEST_F(BoardTest, AReplayReachesWhatWasPlayed) {
     OpenSetup(starts[n % 5]);
     std::vector<rules::Position> reached;
     store::MoveRecords entries;
-    while (reached.size() < 150 && !board->GameIsOver()) {
+    while (reached.size() < 150 && !GameIsOver(*game)) {
       ThePosition().MoveAllowed = true;
-      const std::string move = AnyMove(board->Moves.MoveOf(board->Moves.Count()), random);
+      const std::string move = AnyMove(game->Moves.MoveOf(game->Moves.Count()), random);
       ASSERT_FALSE(move.empty()) << "an end went unseen";
       view->promotion = rules::WhiteRook + static_cast<int>(random() % 4);
       Play(move);
-      ASSERT_EQ(board->Moves.Count(), static_cast<int>(reached.size()) + 1) << move;
+      ASSERT_EQ(game->Moves.Count(), static_cast<int>(reached.size()) + 1) << move;
       reached.push_back(ThePosition());
-      entries.push_back(board->Moves.Last());
+      entries.push_back(game->Moves.Last());
       seen += entries.back().MoveText + " ";
       ThePosition().SideToMove = rules::OtherSide(ThePosition().SideToMove);
     }
-    const bool drawn = board->GameDrawn;
-    const int count = board->Moves.Count();
+    const bool drawn = game->GameDrawn;
+    const int count = game->Moves.Count();
     StoreGame(std::string(starts[n % 5]));
     store::GameRecords games;
     ASSERT_TRUE(store::SelectGames(games, "") && store::SaveGame(games[0], entries));
     Open();
-    EXPECT_EQ(board->GameDrawn, drawn);
+    EXPECT_EQ(game->GameDrawn, drawn);
     for (int row = count; row >= 1; row -= 1 + static_cast<int>(random() % 7)) {
-      board->MoveList_RowColChange(row);
+      MoveList_RowColChange(*game, row);
       const rules::Position& then = reached[static_cast<std::size_t>(row - 1)];
       EXPECT_EQ(BoardText(), rules::WriteBoardText(then.BoardState)) << row;
       EXPECT_EQ(ThePosition().CastleState, then.CastleState) << row;
@@ -85,9 +85,9 @@ const Case wordCases[] = {
 
 TEST_F(BoardTest, TheListTellsHowAGameStands) {
   Expect(wordCases, [this] {
-    std::string words = board->DrawOffered ? "offered " : "";
-    if (board->GameDrawn) words += "drawn ";
-    if (board->Surrendered) words += "surrendered ";
+    std::string words = game->DrawOffered ? "offered " : "";
+    if (game->GameDrawn) words += "drawn ";
+    if (game->Surrendered) words += "surrendered ";
     if (ThePosition().CheckmateFlag) words += "mated ";
     if (ThePosition().SideInCheck == rules::White) words += "White in check ";
     if (ThePosition().SideInCheck == rules::Black) words += "Black in check ";
@@ -108,37 +108,37 @@ TEST_F(BoardTest, ThousandsOfRowsOfGarbageAreSurvived) {
     OpenGame(entries + circumstances);
     const std::string end = BoardText();
     for (int i = 0; i < 20; ++i) {
-      board->MoveList_RowColChange(1 + static_cast<int>(random() % 5000));
-      board->SelfCheckFlashes = board->StalemateFlashes = 1;
-      board->CheckTimer();
-      EXPECT_LE(board->MovePointers.size(), 8u);
+      MoveList_RowColChange(*game, 1 + static_cast<int>(random() % 5000));
+      game->SelfCheckFlashes = game->StalemateFlashes = 1;
+      CheckTimer(*game);
+      EXPECT_LE(game->MovePointers.size(), 8u);
       EXPECT_TRUE(rules::SetsInStep(ThePosition().BoardState));
     }
-    board->MoveList_RowColChange(5001);
+    MoveList_RowColChange(*game, 5001);
     EXPECT_EQ(BoardText(), end);
   }
 }
 
 TEST_F(BoardTest, BrowsingComesBackToTheSamePresent) {
   OpenGame("|e2e4, e7e5, g1f3 Nf3#well, b8c6 Nc6#Hi");
-  EXPECT_EQ(board->OpponentComment, "Eva said: Hi");
-  board->MoveList_RowColChange(3);
+  EXPECT_EQ(game->OpponentComment, "Eva said: Hi");
+  MoveList_RowColChange(*game, 3);
   EXPECT_EQ(BoardText(), BoardText("start e2e4 e7e5 g1f3"));
-  EXPECT_EQ(board->OpponentComment, "You said: well");
-  EXPECT_EQ(board->MovePointers.at(0), rules::Sq("g1"));
+  EXPECT_EQ(game->OpponentComment, "You said: well");
+  EXPECT_EQ(game->MovePointers.at(0), rules::Sq("g1"));
   EXPECT_EQ(view->offers, "comment Cancel");
-  board->MoveList_RowColChange(4);
+  MoveList_RowColChange(*game, 4);
   EXPECT_EQ(view->offers, "move surrender comment Cancel");
   ExpectWindowIsUpToDate();
   Play("f1c4");
   const std::string pending = BoardText();
-  board->MoveList_RowColChange(1);
+  MoveList_RowColChange(*game, 1);
   EXPECT_EQ(view->offers, "comment Cancel");
-  board->MoveList_RowColChange(5);
+  MoveList_RowColChange(*game, 5);
   EXPECT_EQ(BoardText(), pending);
   EXPECT_EQ(view->offers, "undo send comment Cancel");
   OpenGame("|e2e4, e7e5, g1f3");
-  board->MoveList_RowColChange(1);
+  MoveList_RowColChange(*game, 1);
   EXPECT_EQ(view->offers, "Close") << "only the last entry can be sent again";
 }
 

@@ -40,7 +40,7 @@ TEST_F(BoardTest, AMoveStaysPendingAndUndoTakesAllOfItBack) {
     OpenGame(row.game);
     const rules::Untouched before;
     const rules::Position start = ThePosition();
-    const int count = board->Moves.Count();
+    const int count = game->Moves.Count();
     const std::string text = row.text;
     const bool check = text.find('+') != text.npos;
     const bool mate = text.ends_with("++");
@@ -52,25 +52,25 @@ TEST_F(BoardTest, AMoveStaysPendingAndUndoTakesAllOfItBack) {
     const std::string after = BoardText();
     ThePosition() = start;
 
-    board->PlayerComment = "there!";
+    game->PlayerComment = "there!";
     Play(row.move);
     EXPECT_EQ(BoardText(), after);
     EXPECT_EQ(Flags(), row.flags);
     EXPECT_EQ(Told(), row.told);
     EXPECT_EQ(ThePosition().SideInCheck, check ? rules::OtherSide(start.SideToMove) : -1);
     EXPECT_EQ(ThePosition().CheckmateFlag, mate);
-    EXPECT_EQ(board->GameDrawn, text.ends_with(" 1/2-1/2"));
-    ASSERT_EQ(board->Moves.Count(), count + 1);
-    EXPECT_EQ(board->Moves.Last().MoveText, text);
-    EXPECT_EQ(board->OpponentComment, "You said: there!");
-    EXPECT_EQ(Offers(*board), "undo send comment Cancel");
+    EXPECT_EQ(game->GameDrawn, text.ends_with(" 1/2-1/2"));
+    ASSERT_EQ(game->Moves.Count(), count + 1);
+    EXPECT_EQ(game->Moves.Last().MoveText, text);
+    EXPECT_EQ(game->OpponentComment, "You said: there!");
+    EXPECT_EQ(Offers(*game), "undo send comment Cancel");
     if (!mate) ExpectWindowIsUpToDate();
 
-    board->ToolbarClick(UndoButton);
+    ToolbarClick(*game, UndoButton);
     EXPECT_EQ(rules::Untouched(), before);
-    EXPECT_FALSE(board->GameIsOver());
-    EXPECT_EQ(board->Moves.Count(), count);
-    EXPECT_EQ(Offers(*board), count > 0 ? "move surrender comment Cancel" : "move comment Cancel");
+    EXPECT_FALSE(GameIsOver(*game));
+    EXPECT_EQ(game->Moves.Count(), count);
+    EXPECT_EQ(Offers(*game), count > 0 ? "move surrender comment Cancel" : "move comment Cancel");
     ExpectWindowIsUpToDate();
   }
 }
@@ -94,7 +94,7 @@ TEST_F(BoardTest, ARefusedMoveLeavesEverythingAsItWas) {
     SCOPED_TRACE(row.name);
     OpenGame(row.game);
     const rules::Untouched before;
-    const int count = board->Moves.Count();
+    const int count = game->Moves.Count();
     std::string told = std::string(row.expected).substr(5);
     const bool selfCheck = !told.empty() && told.find(':') == told.npos;
     if (selfCheck) {
@@ -107,10 +107,10 @@ TEST_F(BoardTest, ARefusedMoveLeavesEverythingAsItWas) {
       EXPECT_EQ(Told(), verbose ? told : "");
       EXPECT_EQ(rules::Untouched(), before);
       EXPECT_TRUE(ThePosition().MoveAllowed);
-      EXPECT_EQ(board->Moves.Count(), count);
+      EXPECT_EQ(game->Moves.Count(), count);
       EXPECT_EQ(view->asked, 0);
-      EXPECT_EQ(board->SelfCheckFlashes, selfCheck ? 10 : 0);
-      EXPECT_FALSE(board->GameIsOver() || board->LockedForDialog);
+      EXPECT_EQ(game->SelfCheckFlashes, selfCheck ? 10 : 0);
+      EXPECT_FALSE(GameIsOver(*game) || game->LockedForDialog);
       ExpectWindowIsUpToDate();
     }
   }
@@ -128,13 +128,13 @@ TEST_F(BoardTest, OnlyAnOwnPieceCanBeLiftedAndOnlyOnTurn) {
   for (const Case& row : liftingCases) {
     SCOPED_TRACE(row.name);
     OpenGame(row.game);
-    if (std::string_view(row.game).ends_with("browse")) board->MoveList_RowColChange(1);
-    board->RemoveHilight();
+    if (std::string_view(row.game).ends_with("browse")) MoveList_RowColChange(*game, 1);
+    RemoveHilight(*game);
     std::string told = row.expected + 3;
     if (told == "not now") {
       told = "Tarvolenix information: You are not allowed to make a move right now.";
     }
-    EXPECT_EQ(board->CBoard_MouseDown(NumberOf(rules::Sq(row.expected))), told.empty());
+    EXPECT_EQ(CBoard_MouseDown(*game, rules::Sq(row.expected)), told.empty());
     EXPECT_EQ(Told(), told);
   }
 }
@@ -142,12 +142,12 @@ TEST_F(BoardTest, OnlyAnOwnPieceCanBeLiftedAndOnlyOnTurn) {
 TEST_F(BoardTest, UndoOfAnAnswerKeepsTheOfferAndUndoOfAnOfferDropsIt) {
   for (const bool answered : {true, false}) {
     OpenGame(answered ? "|e1e1 Draw offer|guest" : "|e2e4 e4|guest");
-    board->DrawOffered = board->DrawButtonsUp = true;
-    board->Undo = rules::SaveGameState(false);
-    board->Moves.Add({2, "5858", answered ? "Decline" : "Draw offer", ""});
-    board->Moves.Select(2);
-    board->UndoLastMove();
-    EXPECT_EQ(board->DrawOffered, answered);
+    game->DrawOffered = game->DrawButtonsUp = true;
+    game->Undo = rules::SaveGameState(false);
+    game->Moves.Add({2, "5858", answered ? "Decline" : "Draw offer", ""});
+    game->Moves.Select(2);
+    UndoLastMove(*game);
+    EXPECT_EQ(game->DrawOffered, answered);
     EXPECT_EQ(view->offers,
               answered ? "move answer comment Cancel" : "move surrender comment Cancel");
   }

@@ -26,8 +26,8 @@ TEST_F(BoardTest, EntriesAndConnectionTellWhatAGameOpensAs) {
     SCOPED_TRACE(row.name);
     OpenGame(row.game);
     EXPECT_EQ("Tarvolenix - " + std::string(GetField(row.expected, 2, ';')).substr(1),
-              board->Caption);
-    EXPECT_EQ(Offers(*board), GetField(row.expected, 1, ';'));
+              game->Caption);
+    EXPECT_EQ(Offers(*game), GetField(row.expected, 1, ';'));
     EXPECT_EQ(ThePosition().SideToMove,
               std::string_view(row.game).ends_with("guest") ? rules::Black : rules::White);
     ExpectWindowIsUpToDate();
@@ -37,19 +37,19 @@ TEST_F(BoardTest, EntriesAndConnectionTellWhatAGameOpensAs) {
 TEST_F(BoardTest, ANewGameHasNoRecord) {
   Process().Offline = false;
   Open(-1);
-  EXPECT_TRUE(board->PlaysWhite);
-  EXPECT_EQ(board->Caption, "Tarvolenix - Awaiting your move");
+  EXPECT_TRUE(game->PlaysWhite);
+  EXPECT_EQ(game->Caption, "Tarvolenix - Awaiting your move");
   EXPECT_EQ(BoardText(), rules::normalStart);
   EXPECT_EQ(view->offers, "move comment Cancel");
   ExpectWindowIsUpToDate();
 
   Play("e2e4");
-  board->MoveList_RowColChange(1);
+  MoveList_RowColChange(*game, 1);
   EXPECT_EQ(BoardText(), BoardText("start e2e4")) << "the row was selected already";
   EXPECT_EQ(view->offers, "undo send comment Cancel");
 
   OpenSetup("Ke1 Pe2 ke8");
-  EXPECT_EQ(board->StartBoard, BoardText("Ke1 Pe2 ke8"));
+  EXPECT_EQ(game->StartBoard, BoardText("Ke1 Pe2 ke8"));
   EXPECT_EQ(Flags(), "101101");
   EXPECT_EQ(view->offers, "move surrender comment Cancel");
 }
@@ -67,10 +67,10 @@ TEST_F(BoardTest, AGameThatCantBeReadClosesOnTheNextTick) {
     EXPECT_EQ(told.find("Line 1 of") != std::string::npos, GameFile() == "one|\r\n") << told;
     EXPECT_FALSE(Process().BoardOpen);
     EXPECT_EQ(view->constructed + view->closed, 0);
-    board->CheckTimer();
+    CheckTimer(*game);
     EXPECT_EQ(view->closed, 1);
     const std::string before = GameFile();
-    board->Form_Unload();
+    Form_Unload(*game);
     EXPECT_EQ(GameFile(), before);
   }
 }
@@ -89,10 +89,10 @@ TEST_F(BoardTest, TheStartBoardTellsWhoMayCastleAndWhoIsInCheck) {
     return Flags() + ", " + (inCheck == -1 ? "nobody" : std::to_string(inCheck)) + " in check";
   });
   for (const char* unusable : {"", ";;;;;;;", "no board; here"}) {
-    store::GameRecord game;
-    game.GAME_ID = 1;
-    game.GAME_START_BOARD = unusable;
-    ASSERT_TRUE(store::SaveGame(game, {}));
+    store::GameRecord record;
+    record.GAME_ID = 1;
+    record.GAME_START_BOARD = unusable;
+    ASSERT_TRUE(store::SaveGame(record, {}));
     EXPECT_EQ(LoadBoard(1, inCheck, flashPhase, false, false), rules::normalStart);
     EXPECT_EQ(BoardText(), rules::normalStart);
   }

@@ -25,15 +25,15 @@ TEST_F(BoardTest, ThePendingEntryDecidesTheStatus) {
     };
     const bool computersTurn = isSo("computer's");
     OpenGame(computersTurn ? "|e2e4, e7e5" : "|e2e4, e7e5, d2d4");
-    board->PlaysWhite = !computersTurn;
+    game->PlaysWhite = !computersTurn;
     ThePosition().SideToMove = computersTurn ? rules::Black : rules::White;
     Process().ComputerGame = isSo("computer");
-    board->DrawOffered = isSo("offered");
-    board->GameDrawn = isSo("drawn");
-    board->Surrendered = isSo("surrendered");
+    game->DrawOffered = isSo("offered");
+    game->GameDrawn = isSo("drawn");
+    game->Surrendered = isSo("surrendered");
     ThePosition().CheckmateFlag = isSo("mate");
-    EXPECT_TRUE(board->SaveMove());
-    EXPECT_EQ(std::to_string(board->GameStatus), row.expected);
+    EXPECT_TRUE(SaveMove(*game));
+    EXPECT_EQ(std::to_string(game->GameStatus), row.expected);
     EXPECT_EQ(std::to_string(StoredStatus()), row.expected);
   }
 }
@@ -43,15 +43,15 @@ TEST_F(BoardTest, TheFirstMoveFoundsTheRecordAndLaterOnesAppend) {
   Process().Offline = false;
   Open(-1);
   Play("e2e4");
-  board->PlayerComment = "Hello";
-  board->ToolbarClick(SendButton);
+  game->PlayerComment = "Hello";
+  ToolbarClick(*game, SendButton);
   EXPECT_EQ(desktop.mail.sent.size(), 1u);
   EXPECT_EQ(GameFile(), "1|090320260805|0|Friendly|09/03/2026|eva@example.org||Eva|-1|Eva|2|0|" +
                             std::string(rules::normalStart) + "|1|5254|e4|Hello\r\n");
-  EXPECT_EQ(board->SavedGameID, 1);
+  EXPECT_EQ(game->SavedGameID, 1);
   OpenGame("|e2e4 e4#Hello, e7e5 e5#Hi");
   Play("g1f3");
-  EXPECT_TRUE(board->SaveMove());
+  EXPECT_TRUE(SaveMove(*game));
   EXPECT_EQ(GameFile(),
             "1|010220261530|0|Friendly|01/02/2026|eva@example.org||Eva|-1|Eva|2|0||1|5254|e4|Hello|"
             "2|5755|e5|Hi|3|7163|Nf3|\r\n");
@@ -67,13 +67,13 @@ TEST_F(BoardTest, AMoveThatCantBeSavedStaysPendingAndCanBeSentAgain) {
     Play("g1f3");
     const std::string before = GameFile();
     desktop.files.FailOperation(operation);
-    board->ToolbarClick(SendButton);
+    ToolbarClick(*game, SendButton);
     EXPECT_EQ(Told(), lost);
     EXPECT_EQ(GameFile(), before);
     EXPECT_EQ(view->closed, 0);
     EXPECT_EQ(desktop.mail.sent.size(), 0u);
-    EXPECT_EQ(Offers(*board), "undo send comment Cancel");
-    board->ToolbarClick(SendButton);
+    EXPECT_EQ(Offers(*game), "undo send comment Cancel");
+    ToolbarClick(*game, SendButton);
     EXPECT_EQ(view->closed, 1);
     EXPECT_EQ(std::exchange(desktop.mail.sent, {}).size(), 1u);
   }
@@ -98,11 +98,11 @@ TEST_F(BoardTest, AMoveInAGameThatOtherHandsHaveChangedIsNeitherStoredNorSent) {
     StoreGame(row.expected);
     if (!*row.expected) desktop.files.content.clear();
     const std::string before = GameFile();
-    board->ToolbarClick(SendButton);
+    ToolbarClick(*game, SendButton);
     EXPECT_TRUE(Told().starts_with("Game changed: "));
     EXPECT_EQ(GameFile(), before);
     EXPECT_EQ(desktop.mail.sent.size() + view->closed, 0u);
-    EXPECT_EQ(board->Moves.Count(), 3);
+    EXPECT_EQ(game->Moves.Count(), 3);
   }
 }
 
@@ -112,7 +112,7 @@ TEST_F(BoardTest, AMoveThatCantBeSentIsStoredAllTheSame) {
     Play("g1f3");
     Process().Offline = offline;
     desktop.mail.failing = {"Send"};
-    board->ToolbarClick(SendButton);
+    ToolbarClick(*game, SendButton);
     EXPECT_EQ(Told().empty(), offline) << "cut off meanwhile, nothing is tried";
     EXPECT_EQ(StoredStatus(), store::WaitingForOpponent);
     EXPECT_EQ(view->closed, 1);
@@ -136,7 +136,7 @@ TEST_F(BoardTest, ClosingRecordsAnEndThatTheOpponentBrought) {
     for (const bool fails : {true, false}) {
       Open();
       desktop.files.FailOperation(fails ? 1 : 0);
-      board->Form_Unload();
+      Form_Unload(*game);
       desktop.files.FailOperation(0);
       EXPECT_EQ(StoredStatus(), fails ? before : after);
       EXPECT_EQ(Told(),
@@ -175,7 +175,7 @@ TEST_F(BoardTest, ClosingGivesPollingBackAndGoesWhereTheBoardCameFrom) {
       const bool polling = process.CheckTimer.Enabled && !process.CheckTimerHeld;
       desktop.hooksCalled.emplace_back(polling ? "updateTrayStatus(polling)" : "too early");
     };
-    board->Form_Unload();
+    Form_Unload(*game);
     std::string called;
     for (const std::string& hook : desktop.hooksCalled) called += hook + " ";
     EXPECT_EQ(called, row.expected);

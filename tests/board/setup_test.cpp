@@ -114,8 +114,8 @@ struct SetupTest : BoardTest {
     Open(-1);
     rules::Place(words);
     ThePosition().SideInCheck = SideInCheck(ThePosition().BoardState);
-    board->DisplayBoardState(true);
-    board->UpdatePiecePalette();
+    DisplayBoardState(*game, true);
+    UpdatePiecePalette(*game);
   }
   using BoardTest::SetUp;
 
@@ -123,12 +123,12 @@ struct SetupTest : BoardTest {
   void Drop(std::string_view word) {
     if (word.size() == 4) {
       const rules::LastMove move = rules::Move(word);
-      board->DropInSetup(NumberOf(move.to), NumberOf(move.from), false);
+      DropInSetup(*game, move.to, move.from);
     } else if (word[0] == '.') {
-      board->DropInSetup(0, NumberOf(rules::Sq(word.substr(1))), false);
+      DropInSetup(*game, {}, rules::Sq(word.substr(1)));
     } else {
-      const int target = word.size() == 1 ? 0 : NumberOf(rules::Sq(word.substr(1)));
-      board->DropInSetup(target, rules::CodeOf(word[0]), true);
+      const Square target = word.size() == 1 ? Square{} : rules::Sq(word.substr(1));
+      DropInSetup(*game, target, rules::CodeOf(word[0]));
     }
   }
 
@@ -156,7 +156,7 @@ struct SetupTest : BoardTest {
     }
     EXPECT_EQ(ThePosition().SideInCheck, SideInCheck(squares));
     EXPECT_EQ(ThePosition().SideToMove, rules::White);
-    EXPECT_EQ(board->SetupPlayable, kings == 2 && std::popcount(squares.Occupied()) >= 3);
+    EXPECT_EQ(game->SetupPlayable, kings == 2 && std::popcount(squares.Occupied()) >= 3);
     ExpectWindowIsUpToDate();
   }
 };
@@ -205,12 +205,12 @@ TEST_F(SetupTest, EachDropIsAcceptedOrRefusedAndTakenBack) {
 
 TEST_F(SetupTest, ADragThatTheBoardChangedUnderDoesNothing) {
   SetUp("Ke1 ke8 Qa1");
-  board->ToolbarClick(ClearSetupButton);
+  ToolbarClick(*game, ClearSetupButton);
   Drop("a1a2");
   EXPECT_EQ(BoardText(), rules::emptyBoard);
-  EXPECT_TRUE(board->PiecePallete_MouseDown(rules::WhiteKing));
-  board->ToolbarClick(ResetSetupButton);
-  EXPECT_FALSE(board->PiecePallete_MouseDown(rules::WhiteKing));
+  EXPECT_TRUE(PiecePallete_MouseDown(*game, rules::WhiteKing));
+  ToolbarClick(*game, ResetSetupButton);
+  EXPECT_FALSE(PiecePallete_MouseDown(*game, rules::WhiteKing));
   Drop("Ke4");
   EXPECT_EQ(BoardText(), rules::normalStart);
 }
@@ -234,7 +234,7 @@ TEST_F(SetupTest, RemovingAPieceLeavesWhatMustStay) {
   for (const RemovalCase& row : removalCases) {
     SCOPED_TRACE(row.name);
     SetUp(row.board);
-    board->RemovePieces(rules::CodeOf(row.piece));
+    RemovePieces(*game, rules::CodeOf(row.piece));
     EXPECT_EQ(BoardText(), BoardText(row.left));
     const bool someLeft = ThePosition().BoardState.Of(rules::CodeOf(row.piece)) != 0;
     EXPECT_EQ(Noticed(), someLeft ? invalid +
@@ -287,7 +287,7 @@ TEST_F(SetupTest, PlayWarnsOfWhatNoGameLeadsToAndRefusesWhatNobodyCanWin) {
     for (const bool accepts : {false, true}) {
       SetUp(row.board);
       view->acceptsWarnings = accepts;
-      board->ToolbarClick(PlaySetupButton);
+      ToolbarClick(*game, PlaySetupButton);
       EXPECT_EQ(view->warnings + Noticed(), row.seen);
       EXPECT_EQ(!Process().BoardSetupMode, row.begins && (accepts || row.seen.empty()));
       EXPECT_EQ(BoardText(), BoardText(row.board));
@@ -298,14 +298,14 @@ TEST_F(SetupTest, PlayWarnsOfWhatNoGameLeadsToAndRefusesWhatNobodyCanWin) {
 TEST_F(SetupTest, AGameFromASetupReachesItsEndOnBothBoards) {
   Process().NewGame = {"Endgame", "Eva", "eva@example.org"};
   Open(-1);
-  board->ToolbarClick(ClearSetupButton);
+  ToolbarClick(*game, ClearSetupButton);
   for (const char* drop : {"Ke1", "Qa1", "kg8", "pf7", "pg7", "ph6", "h6h7", "Ra1"}) Drop(drop);
-  board->ToolbarClick(PlaySetupButton);
+  ToolbarClick(*game, PlaySetupButton);
   const std::string start = BoardText();
   EXPECT_EQ(view->offers, "move surrender comment Cancel");
   Play("a1a8");
   const rules::Untouched mate;
-  board->ToolbarClick(SendButton);
+  ToolbarClick(*game, SendButton);
   EXPECT_EQ(view->closed, 1);
   store::GameRecords games;
   ASSERT_TRUE(store::SelectGames(games, "Game_ID;1"));
@@ -350,28 +350,28 @@ TEST_F(SetupTest, NoSequenceOfStepsLeavesAnUnfitBoard) {
     Tick(below(3));
     Told();
     if (kind == 0) {
-      board->ToolbarClick(ResetSetupButton);
+      ToolbarClick(*game, ResetSetupButton);
     } else if (kind < 4) {
-      board->ToolbarClick(ClearSetupButton);
+      ToolbarClick(*game, ClearSetupButton);
     } else if (kind < 8) {
       const rules::PieceCode kinds[] = {rules::WhiteRook, rules::WhiteQueen, rules::WhitePawn};
       const rules::PieceCode code = rules::OfSide(kinds[below(3)], below(2));
-      board->RemovePieces(code);
+      RemovePieces(*game, code);
       EXPECT_EQ(Told().empty(), ThePosition().BoardState.Of(code) == 0);
     } else if (kind < 10) {
       view->acceptsWarnings = below(2) == 0;
-      board->ToolbarClick(PlaySetupButton);
+      ToolbarClick(*game, PlaySetupButton);
       if (!Process().BoardSetupMode) {
         ++played;
         EXPECT_EQ(BoardText(), before);
         EXPECT_EQ(ThePosition().SideInCheck, SideInCheck(ThePosition().BoardState));
         Open(-1);
       }
-      while (!board->FlashPhase) Tick(1);
+      while (!game->FlashPhase) Tick(1);
     } else {
       std::string word;
       rules::PieceCode piece = 1 + below(12);
-      if (kind < 65 && board->IsOnPalette(piece)) {
+      if (kind < 65 && IsOnPalette(piece)) {
         word = std::string(1, ".RNBQKPrnbqkp"[piece]) + (kind < 11 ? "" : anySquare());
       } else {
         const std::string from = anySquare();

@@ -16,17 +16,17 @@ TEST_F(BoardTest, AKingInDangerFlashesUntilTheDangerEnds) {
   for (const Case& row : flashCases) {
     SCOPED_TRACE(row.name);
     OpenGame(row.game);
-    board->CheckTimer();
+    CheckTimer(*game);
     EXPECT_EQ(CellOf(row.expected), std::stoi(row.expected + 6));
     EXPECT_EQ(view->interval, 250);
-    board->CheckTimer();
+    CheckTimer(*game);
     EXPECT_EQ(CellOf(row.expected), std::stoi(row.expected + 3));
     EXPECT_EQ(view->interval, 650);
-    board->CheckTimer();
+    CheckTimer(*game);
     ThePosition().SideInCheck = rules::NobodyInCheck;
-    ThePosition().CheckmateFlag = board->Surrendered = false;
+    ThePosition().CheckmateFlag = game->Surrendered = false;
     view->Refresh();
-    board->CheckTimer();
+    CheckTimer(*game);
     ExpectWindowIsUpToDate();
   }
 }
@@ -51,9 +51,9 @@ TEST_F(BoardTest, AKingFlickersAndComesToRest) {
     Play(row.move);
     const Square king = rules::Sq(row.king);
     for (int left = row.ticks; left > 0; --left) {
-      board->CheckTimer();
+      CheckTimer(*game);
       EXPECT_EQ(CellOf(row.king),
-                left % 2 == 0 ? rules::SquareShade(king) : board->SquareCell(king));
+                left % 2 == 0 ? rules::SquareShade(king) : SquareCell(*game, king));
       EXPECT_EQ(view->interval, left == 1 ? 250 : 100);
     }
     Tick();
@@ -64,9 +64,9 @@ TEST_F(BoardTest, AKingFlickersAndComesToRest) {
 TEST_F(BoardTest, ATickDuringTheWindowsOwnMessageDoesNothing) {
   OpenGame("Ke1 Re2 re8 kh8");
   desktop.boxes.whileUp = [this] {
-    board->UnloadPending = true;
-    board->CheckTimer();
-    board->UnloadPending = false;
+    game->UnloadPending = true;
+    CheckTimer(*game);
+    game->UnloadPending = false;
   };
   Play("e2d2");
   EXPECT_FALSE(desktop.boxes.whileUp);

@@ -9,6 +9,7 @@
 
 #include <fstream>
 
+#include "board/controls.h"
 #include "rules/position.h"
 #include "ui/board/board_window.h"
 #include "ui/games/game_interface.h"

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+#include "board/controls.h"
+
 namespace {
 
 namespace fs = std::filesystem;

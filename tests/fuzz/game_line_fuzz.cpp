@@ -30,15 +30,15 @@ void Open(const StoredGame& game) {
   file = game.Line() + "\r\n";
   platform::Process().CurrentGameID = game.record.GAME_ID;
   board::RecordingView view;
-  board::Board board(view);
-  view.board = &board;
-  board.Form_Load();
+  board::Game board(view);
+  view.game = &board;
+  board::Form_Load(board);
   Require(board.UnloadPending || board.Moves.Count() == static_cast<int>(game.moves.size()));
   for (const int row : {board.Moves.Count() / 2, 0, board.Moves.Count()}) {
-    board.MoveList_RowColChange(row);
+    board::MoveList_RowColChange(board, row);
   }
-  board.CheckTimer();
-  board.Form_Unload();
+  board::CheckTimer(board);
+  board::Form_Unload(board);
   Require(store::MovesText(file) == store::MovesText(game.Line() + "\r\n"));
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "board/controls.h"
 #include "board_window_fixture.h"
 #include "ui/board/board_menus.h"
 

@@ -6,6 +6,8 @@
 #include <thread>
 
 #include "ai/heuristics.h"
+#include "board/controls.h"
+#include "board/ends.h"
 #include "board_window_fixture.h"
 #include "desktop/qt_events.h"
 #include "store/queries.h"
@@ -63,7 +65,7 @@ class ComputerGameTest : public BoardWindowTest {
 
   /// The best that White sees at once; a pawn that would promote stays where it is.
   void PlayAMove() {
-    const board::Board& game = window_->Logic();
+    const board::Game& game = window_->Logic();
     ai::SearchOrder order;
     order.side = rules::White;
     order.lastMove = game.Moves.MoveOf(game.Moves.Count());
@@ -178,13 +180,13 @@ TEST_F(ComputerGameTest, GamesAtEachDepthAreStoredAsTheyWerePlayed) {
   for (int depth = 0; depth <= deepest; ++depth) {
     SCOPED_TRACE(depth);
     OpenNew(depth);
-    const board::Board& game = window_->Logic();
-    for (int turn = 1; turn <= longest && !game.GameIsOver(); ++turn) {
+    const board::Game& game = window_->Logic();
+    for (int turn = 1; turn <= longest && !GameIsOver(game); ++turn) {
       PlayAMove();
       if (turn == stopped) Meanwhile([this] { Click("CancelSearchS"); });
       Send();
       if (turn == stopped) Resend();
-      ASSERT_TRUE(game.GameIsOver() || game.Moves.Count() == 2 * turn) << ShownTexts();
+      ASSERT_TRUE(GameIsOver(game) || game.Moves.Count() == 2 * turn) << ShownTexts();
     }
     EXPECT_EQ(StoredTexts(), ShownTexts());
     const rules::BoardSquares end = rules::ThePosition().BoardState;

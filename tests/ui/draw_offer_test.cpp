@@ -7,6 +7,7 @@
 #include <QTableWidget>
 #include <QTextEdit>
 
+#include "board/controls.h"
 #include "rules/position.h"
 #include "skin_fixture.h"
 #include "store/queries.h"
@@ -194,7 +195,7 @@ TEST_F(DrawOfferTest, TheUserOffersADrawOrSurrenders) {
       QTest::keyClicks(window_->findChild<QWidget*>(u"PlayerComment"_s), u"Thank you"_s);
       row.action();
       EXPECT_EQ(window_->Logic().Moves.Last().MoveText, row.entry);
-      EXPECT_FALSE(window_->Logic().Controls().surrender) << "one such entry is enough";
+      EXPECT_FALSE(board::Controls(window_->Logic()).surrender) << "one such entry is enough";
       Click(Undo());
       EXPECT_EQ(window_->Logic().Moves.Last().MoveText, "e5");
       row.action();

@@ -2,6 +2,7 @@
 // The ways in which a user moves a piece on the Board window.
 #include <QTableWidget>
 
+#include "board/controls.h"
 #include "board_window_fixture.h"
 
 namespace ui {

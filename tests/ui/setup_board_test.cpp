@@ -9,6 +9,7 @@
 #include <map>
 #include <sstream>
 
+#include "board/controls.h"
 #include "rules/position.h"
 #include "skin_fixture.h"
 #include "ui/board/board_window.h"
@@ -128,7 +129,7 @@ class SetupBoardTest : public SkinTest {
     for (int i = 0; i < 64; ++i) {
       const rules::Square square = rules::SquareAt(i);
       EXPECT_EQ(seen.pixelColor(PointOf(std::to_string(NumberOf(square)))),
-                ColourOfCell(window_->Logic().SquareCell(square)))
+                ColourOfCell(board::SquareCell(window_->Logic(), square)))
           << NumberOf(square);
     }
   }

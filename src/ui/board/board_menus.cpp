@@ -4,6 +4,8 @@
 #include <map>
 #include <utility>
 
+#include "board/controls.h"
+
 namespace ui {
 
 using namespace Qt::StringLiterals;
@@ -78,8 +80,8 @@ const ButtonsOfEntries setupButtons{{View, board::ViewButton},
                                     {CloseSetup, board::CloseButton}};
 
 /// What both of the board's first menus begin with.
-void ShowView(IndexedMenu& menu, const board::Board& board) {
-  const board::BoardControls controls = board.Controls();
+void ShowView(IndexedMenu& menu, const board::Game& board) {
+  const board::BoardControls controls = board::Controls(board);
   if (!controls.viewIsMine) menu.Entry(View).setText(u"View from me"_s);
   if (board.CoordsVisible) menu.Entry(Coordinates).setText(u"Hide coordinates"_s);
   menu.SetEnabled({View, Coordinates}, controls.viewAndCoordinates);
@@ -92,8 +94,8 @@ constexpr MenuEntry historyEntries[] = {
 
 }  // namespace
 
-std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Board& board, BoardActions actions) {
-  const board::BoardControls controls = board.Controls();
+std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Game& board, BoardActions actions) {
+  const board::BoardControls controls = board::Controls(board);
   auto menu = std::make_unique<IndexedMenu>("mnuActionsMenu", actionEntries,
                                             [actions = std::move(actions)](int action) {
                                               if (action == OfferDraw) {
@@ -112,12 +114,12 @@ std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Board& board, BoardActi
   return menu;
 }
 
-std::unique_ptr<IndexedMenu> NewSetupMenu(const board::Board& board, BoardActions actions) {
+std::unique_ptr<IndexedMenu> NewSetupMenu(const board::Game& board, BoardActions actions) {
   auto menu = std::make_unique<IndexedMenu>(
       "mnuSetupMenu", setupEntries,
       [actions = std::move(actions)](int action) { actions.click(setupButtons.at(action)); });
   ShowView(*menu, board);
-  menu->SetEnabled({PlaySetup}, board.Controls().playSetup);
+  menu->SetEnabled({PlaySetup}, board::Controls(board).playSetup);
   menu->SetEnabled({SetupOptions}, false);
   return menu;
 }
@@ -127,9 +129,9 @@ std::unique_ptr<IndexedMenu> NewPiecePalleteMenu(const std::function<void()>& re
                                        [remove](int) { remove(); });
 }
 
-std::unique_ptr<IndexedMenu> NewHistoryMenu(const board::Board& board,
+std::unique_ptr<IndexedMenu> NewHistoryMenu(const board::Game& board,
                                             const HistoryActions& actions) {
-  const board::BoardControls controls = board.Controls();
+  const board::BoardControls controls = board::Controls(board);
   auto menu = std::make_unique<IndexedMenu>("mnuHistoryMenu", historyEntries,
                                             [actions, last = board.Moves.Count()](int entry) {
                                               if (entry == Hilight) {

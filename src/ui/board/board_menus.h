@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "board/board.h"
+#include "board/game.h"
 #include "widgets/indexed_menu.h"
 
 namespace ui {
@@ -17,10 +17,10 @@ struct BoardActions {
 };
 
 /// `mnuActionsMenu`, the board during play.
-std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Board& board, BoardActions actions);
+std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Game& board, BoardActions actions);
 
 /// `mnuSetupMenu`, the board while a position is set up.
-std::unique_ptr<IndexedMenu> NewSetupMenu(const board::Board& board, BoardActions actions);
+std::unique_ptr<IndexedMenu> NewSetupMenu(const board::Game& board, BoardActions actions);
 
 /// `mnuPiecePalleteMenu`, whose one entry calls `remove`.
 std::unique_ptr<IndexedMenu> NewPiecePalleteMenu(const std::function<void()>& remove);
@@ -31,7 +31,7 @@ struct HistoryActions {
 };
 
 /// `mnuHistoryMenu`.
-std::unique_ptr<IndexedMenu> NewHistoryMenu(const board::Board& board,
+std::unique_ptr<IndexedMenu> NewHistoryMenu(const board::Game& board,
                                             const HistoryActions& actions);
 
 }  // namespace ui

@@ -13,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-#include "board/board.h"
+#include "board/squares.h"
 #include "rules/position.h"
 #include "ui/board/chess_graphics.h"
 

@@ -98,8 +98,8 @@ void BoardToolbar::TakeMode(bool setup) {
 
 namespace {
 
-std::array<ButtonState, board::CloseButton> StatesInPlay(const board::Board& board) {
-  const board::BoardControls controls = board.Controls();
+std::array<ButtonState, board::CloseButton> StatesInPlay(const board::Game& board) {
+  const board::BoardControls controls = board::Controls(board);
   const bool coordinates = board.CoordsVisible, mine = controls.viewIsMine;
   const char* close = controls.closeReadsClose ? "Close" : "Cancel";
   return {{
@@ -115,8 +115,8 @@ std::array<ButtonState, board::CloseButton> StatesInPlay(const board::Board& boa
   }};
 }
 
-std::array<ButtonState, board::CloseButton> StatesInSetup(const board::Board& board) {
-  const board::BoardControls controls = board.Controls();
+std::array<ButtonState, board::CloseButton> StatesInSetup(const board::Game& board) {
+  const board::BoardControls controls = board::Controls(board);
   return {{
       {board::ViewButton, "&View", "View",
        controls.viewIsMine ? "View from opponent" : "View from me", true},
@@ -132,7 +132,7 @@ std::array<ButtonState, board::CloseButton> StatesInSetup(const board::Board& bo
 
 }  // namespace
 
-void BoardToolbar::Show(const board::Board& board) {
+void BoardToolbar::Show(const board::Game& board) {
   const bool setup = platform::Process().BoardSetupMode;
   if (setup != setup_) TakeMode(setup);
   for (const ButtonState& state : setup ? StatesInSetup(board) : StatesInPlay(board)) {

@@ -8,7 +8,7 @@
 #include <array>
 #include <functional>
 
-#include "board/board.h"
+#include "board/controls.h"
 
 class QGridLayout;
 
@@ -28,7 +28,7 @@ class BoardToolbar : public QObject {
   void LayOut(QGridLayout& layout);
 
   /// Captions, and what is enabled.
-  void Show(const board::Board& board);
+  void Show(const board::Game& board);
 
   /// Shows the pictures that the window's skin has now.
   void RefreshBoardButtons();

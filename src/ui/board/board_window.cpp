@@ -14,6 +14,14 @@
 
 #include <utility>
 
+#include "board/controls.h"
+#include "board/ends.h"
+#include "board/history.h"
+#include "board/moving.h"
+#include "board/opening.h"
+#include "board/setup.h"
+#include "board/squares.h"
+#include "board/timer.h"
 #include "platform/busy_pointer.h"
 #include "platform/desktop.h"
 #include "platform/process_state.h"
@@ -100,7 +108,7 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
   open_ = TakeLook(*this, layouts::board, [this] { SetSimpleUI(); });
   if (!open_) return;
   Connect();
-  board_.Form_Load();
+  board::Form_Load(board_);
   SetToolTips();
   Refresh();
   toolbar_->RefreshBoardButtons();
@@ -209,16 +217,16 @@ void BoardWindow::AddDrawButtons() {
     }
     if (platform::Settings().ShowToolTips) button->setToolTip(QLatin1StringView(answer.toolTip));
     connect(button, &QAbstractButton::clicked, this, [this, accept = i == 0] {
-      if (!LeaveComment()) board_.DecideDraw(accept);
+      if (!LeaveComment()) board::DecideDraw(board_, accept);
     });
     drawButtons_[i] = button;
   }
 }
 
 void BoardWindow::Connect() {
-  connect(&checkTimer_, &QTimer::timeout, this, [this] { board_.CheckTimer(); });
+  connect(&checkTimer_, &QTimer::timeout, this, [this] { board::CheckTimer(board_); });
   connect(moveList_, &MoveListTable::RowChosen, this,
-          [this](int row) { board_.MoveList_RowColChange(row); });
+          [this](int row) { board::MoveList_RowColChange(board_, row); });
   connect(moveList_, &QWidget::customContextMenuRequested, this,
           [this](QPoint point) { ShowHistoryMenu(moveList_->viewport()->mapToGlobal(point)); });
   picture_->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -279,10 +287,10 @@ void BoardWindow::ShowGameBits(bool show) {
   if (!show) {
     palette_->setPalette(moveList_->palette());
     trash_->setPalette(moveList_->palette());
-    palette_->UpdatePiecePalette(board_);
+    palette_->UpdatePiecePalette();
   }
   if (!changes) return;
-  if (!show) palette_->SetPiecePallete(board_);
+  if (!show) palette_->SetPiecePallete();
   SetToolTips();
   picture_->setFocus();
 }
@@ -290,7 +298,7 @@ void BoardWindow::ShowGameBits(bool show) {
 void BoardWindow::ConstructBoard() {
   for (int i = 0; i < 64; ++i) {
     const rules::Square square = rules::SquareAt(i);
-    picture_->Place(square, board_.PlaceOf(square));
+    picture_->Place(square, board::PlaceOf(board_, square));
   }
 }
 
@@ -308,7 +316,7 @@ void BoardWindow::Refresh() {
   const QString comment = Shown(board_.OpponentComment);
   SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);
   opponentComment_->SetText(comment.isEmpty() ? OfflineNotice() : comment);
-  moveList_->ShowMoves(board_.Moves, board_.TopRow());
+  moveList_->ShowMoves(board_.Moves, board::TopRow(board_));
   picture_->ShowDots(board_.MovePointers);
   picture_->ShowCoordinates(board_.CoordsVisible);
   const bool thinking = board_.ComputerThinking;
@@ -316,7 +324,7 @@ void BoardWindow::Refresh() {
   moveList_->setEnabled(!thinking);
   SetButtonEnabled(*this, u"Menu1Button"_s, !thinking);
   SetButtonEnabled(*this, u"Menu2Button"_s, !thinking && board_.Moves.Count() > 0);
-  const board::BoardControls controls = board_.Controls();
+  const board::BoardControls controls = board::Controls(board_);
   playerComment_->setEnabled(controls.playerComment);
   for (QAbstractButton* button : drawButtons_) button->setVisible(controls.answerDraw);
   if (drawAnswers_) drawAnswers_->setVisible(controls.answerDraw);
@@ -346,7 +354,7 @@ void BoardWindow::ClickToolbar(int button) {
                      (button == board::SendButton || button == board::ResendButton);
   if (!sends) {
     if (button == board::SurrenderButton && LeaveComment()) return;
-    board_.ToolbarClick(button);
+    board::ToolbarClick(board_, button);
     return;
   }
   if (platform::Process().ComputerGame) return TakeTurns(button);
@@ -354,7 +362,7 @@ void BoardWindow::ClickToolbar(int button) {
   if (LeaveComment()) return;
   const DisabledWindow disabled(*this);
   const platform::BusyPointer busy;
-  board_.ToolbarClick(button);
+  board::ToolbarClick(board_, button);
 }
 
 /// The window lives on while the computer thinks. It closes when the turn, which is still at work
@@ -362,7 +370,7 @@ void BoardWindow::ClickToolbar(int button) {
 void BoardWindow::TakeTurns(int button) {
   picture_->setFocus();
   takingTurns_ = true;
-  board_.ToolbarClick(button);
+  board::ToolbarClick(board_, button);
   takingTurns_ = false;
   picture_->setFocus();  // which the button that stops the computer may have had
   if (!closesAfterTurns_) return;
@@ -373,7 +381,7 @@ void BoardWindow::TakeTurns(int button) {
 
 /// True where the comment was cleaned and the user told, and should look at it again.
 bool BoardWindow::LeaveComment() {
-  if (board_.ClosingDown || !board_.CleanPlayerComment()) return false;
+  if (board_.ClosingDown || !board::CleanPlayerComment(board_)) return false;
   playerComment_->setPlainText(AsItIs(board_.PlayerComment));
   playerComment_->setFocus();
   return true;
@@ -383,7 +391,7 @@ void BoardWindow::ShowActionsMenu(QPoint place) {
   if (board_.ComputerThinking) return;
   const BoardActions actions{[this](int button) { ClickToolbar(button); },
                              [this] {
-                               if (!LeaveComment()) board_.OfferDraw();
+                               if (!LeaveComment()) board::OfferDraw(board_);
                              }};
   const bool setup = platform::Process().BoardSetupMode;
   (setup ? NewSetupMenu(board_, actions) : NewActionsMenu(board_, actions))->exec(place);
@@ -393,12 +401,12 @@ void BoardWindow::ShowHistoryMenu(QPoint place) {
   if (board_.Moves.Count() == 0 || platform::Process().BoardSetupMode) return;
   const auto toggleHilight = [this] {
     if (board_.HilightVisible) {
-      board_.RemoveHilight();
+      board::RemoveHilight(board_);
     } else {
-      board_.HilightMove(board_.Moves.Selected());
+      board::HilightMove(board_, board_.Moves.Selected());
     }
   };
-  const auto select = [this](int row) { board_.MoveList_RowColChange(row); };
+  const auto select = [this](int row) { board::MoveList_RowColChange(board_, row); };
   NewHistoryMenu(board_, {toggleHilight, select})->exec(place);
 }
 
@@ -406,7 +414,7 @@ void BoardWindow::ShowPiecePalleteMenu(QPoint point) {
   const rules::PieceCode piece = palette_->PieceUnder(point);
   if (piece == rules::NoPiece || rules::KindOf(piece) == rules::WhiteKing) return;
   NewPiecePalleteMenu([this, piece] {
-    board_.RemovePieces(piece);
+    board::RemovePieces(board_, piece);
   })->exec(palette_->mapToGlobal(point));
 }
 
@@ -414,8 +422,8 @@ void BoardWindow::mousePressEvent(QMouseEvent* event) {
   // What arrives here is a press beside the controls, or on the board with no hand for it.
   const bool onBoard = picture_->geometry().contains(event->pos());
   const bool left = event->button() == Qt::LeftButton;
-  if (left && onBoard && board_.CoordsVisible) board_.ToggleCoords();
-  if (board_.HilightVisible) board_.RemoveHilight();
+  if (left && onBoard && board_.CoordsVisible) board::ToggleCoords(board_);
+  if (board_.HilightVisible) board::RemoveHilight(board_);
 }
 
 void BoardWindow::keyPressEvent(QKeyEvent* event) {
@@ -458,7 +466,7 @@ void BoardWindow::closeEvent(QCloseEvent* event) {
   }
   if (board_.ClosingDown) return;
   checkTimer_.stop();
-  board_.Form_Unload();
+  board::Form_Unload(board_);
 }
 
 }  // namespace ui

@@ -9,7 +9,7 @@
 
 #include <array>
 
-#include "board/board.h"
+#include "board/game.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/chess_graphics.h"
 
@@ -42,7 +42,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   /// Whether the window has taken new button pictures, which other windows lack then.
   bool SkinChanged() const { return skinChanged_; }
 
-  const board::Board& Logic() const { return board_; }
+  const board::Game& Logic() const { return board_; }
   const BoardPicture& Picture() const { return *picture_; }
 
  protected:
@@ -77,7 +77,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void ShowPiecePalleteMenu(QPoint point);
 
   const ChessGraphics& graphics_;
-  board::Board board_;
+  board::Game board_;
   QTimer checkTimer_;
 
   BoardPicture* picture_;

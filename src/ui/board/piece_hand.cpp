@@ -6,6 +6,7 @@
 
 #include <utility>
 
+#include "board/moving.h"
 #include "platform/process_state.h"
 #include "ui/board/hand_parts.h"
 
@@ -13,7 +14,7 @@ namespace ui {
 
 using rules::Square;
 
-PieceHand::PieceHand(board::Board& board, BoardPicture& picture, FloatingPiece& floating,
+PieceHand::PieceHand(board::Game& board, BoardPicture& picture, FloatingPiece& floating,
                      QObject* parent)
     : QObject(parent), board_(board), picture_(picture), floating_(floating) {
   picture_.installEventFilter(this);
@@ -116,16 +117,16 @@ bool PieceHand::Touch(Square square) {
     return false;
   }
   LetGo();
-  if (!board_.CBoard_MouseDown(NumberOf(square))) return false;
+  if (!board::CBoard_MouseDown(board_, square)) return false;
   held_ = square;
   return true;
 }
 
 void PieceHand::SetDown() {
   if (!held_) return;
-  const int number = NumberOf(*held_);
+  const Square square = *held_;
   LetGo();
-  board_.CBoard_DragDrop(number, number);
+  board::CBoard_DragDrop(board_, square, square);
 }
 
 void PieceHand::LetGo() {
@@ -143,7 +144,7 @@ void PieceHand::Drop(std::optional<Square> target) {
   floating_.SettleAt(CornerOf(source));
   const int cellBefore = target ? picture_.CellOn(*target) : 0;
   const int entriesBefore = board_.Moves.Count();
-  board_.CBoard_DragDrop(target ? NumberOf(*target) : 0, NumberOf(source));
+  board::CBoard_DragDrop(board_, target.value_or(Square{}), source);
   if (board_.Moves.Count() == entriesBefore || !floating_.IsSettling()) return;
   picture_.Cover(*target, cellBefore);
   floating_.SettleAt(CornerOf(*target));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The user's hand on the board: dragging a piece, clicking it and then its target, or moving a
 // cursor with the arrow keys and picking up and dropping with Enter or Space. All of them end in
-// the same two operations of the logic, a pick-up and a drop on square numbers. While a position is
+// the same two operations of the logic, a pick-up and a drop on squares. While a position is
 // set up it keeps still; SetupHand is at work then.
 #pragma once
 
@@ -10,7 +10,7 @@
 
 #include <optional>
 
-#include "board/board.h"
+#include "board/game.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/floating_piece.h"
 
@@ -24,7 +24,7 @@ class PieceHand : public QObject {
 
  public:
   /// Listens to the picture. All three must outlive the hand.
-  PieceHand(board::Board& board, BoardPicture& picture, FloatingPiece& floating, QObject* parent);
+  PieceHand(board::Game& board, BoardPicture& picture, FloatingPiece& floating, QObject* parent);
 
   /// Puts a held piece back on its square.
   void SetDown();
@@ -48,7 +48,7 @@ class PieceHand : public QObject {
   void PutAway();
   QPoint CornerOf(rules::Square square) const;
 
-  board::Board& board_;
+  board::Game& board_;
   BoardPicture& picture_;
   FloatingPiece& floating_;
   std::optional<rules::Square> held_;  // the square of the piece in the hand

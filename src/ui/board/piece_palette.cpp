@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "board/setup.h"
 #include "skin/look.h"
 #include "ui/board/palette_picture.h"
 
@@ -57,17 +58,17 @@ PalettePicture& PiecePalette::PictureOf(rules::PieceCode piece) const {
   return *pictures_.at(static_cast<std::size_t>(piece - 1));
 }
 
-void PiecePalette::SetPiecePallete(const board::Board& board) {
+void PiecePalette::SetPiecePallete() {
   for (rules::PieceCode piece = rules::WhiteRook; piece <= rules::BlackPawn; ++piece) {
     PictureOf(piece).SetPicture(graphics_.Cell(ClipSetupGraphic(piece)));
   }
-  UpdatePiecePalette(board);
+  UpdatePiecePalette();
 }
 
-void PiecePalette::UpdatePiecePalette(const board::Board& board) {
+void PiecePalette::UpdatePiecePalette() {
   for (const rules::Side side : {rules::White, rules::Black}) {
     const rules::PieceCode king = rules::OfSide(rules::WhiteKing, side);
-    const bool marked = !board.IsOnPalette(king);
+    const bool marked = !board::IsOnPalette(king);
     movePointers_[static_cast<std::size_t>(side)]->setVisible(marked);
     PictureOf(king).setAccessibleDescription(marked ? u"On the board"_s : QString());
   }

@@ -8,7 +8,6 @@
 
 #include <array>
 
-#include "board/board.h"
 #include "ui/board/chess_graphics.h"
 
 namespace ui {
@@ -27,10 +26,10 @@ class PiecePalette : public QWidget {
   explicit PiecePalette(const ChessGraphics& graphics, QWidget* parent = nullptr);
 
   /// Takes the pictures of the chess set that is loaded now.
-  void SetPiecePallete(const board::Board& board);
+  void SetPiecePallete();
 
   /// Marks the kings that stand on the board.
-  void UpdatePiecePalette(const board::Board& board);
+  void UpdatePiecePalette();
 
   /// The picture that the keyboard works on.
   rules::PieceCode Current() const { return current_; }

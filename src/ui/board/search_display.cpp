@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+#include "board/controls.h"
+#include "board/ends.h"
 #include "platform/setting_variables.h"
 #include "skin/look.h"
 #include "widgets/shown_text.h"
@@ -51,13 +53,13 @@ QLabel* NewHint(QWidget& window) {
   return hint;
 }
 
-QString HintFor(const board::Board& board) {
-  const board::BoardControls controls = board.Controls();
+QString HintFor(const board::Game& board) {
+  const board::BoardControls controls = board::Controls(board);
   if (controls.send) {
-    return board.GameIsOver() ? u"Press Send to end the game."_s
-                              : u"Press Send, and the computer answers."_s;
+    return board::GameIsOver(board) ? u"Press Send to end the game."_s
+                                    : u"Press Send, and the computer answers."_s;
   }
-  if (board.GameIsOver()) return Shown(board.Caption).remove(u"Tarvolenix - "_s);
+  if (board::GameIsOver(board)) return Shown(board.Caption).remove(u"Tarvolenix - "_s);
   if (controls.resend) return u"It is the computer's turn: press Resend to let it move."_s;
   return rules::ThePosition().MoveAllowed ? u"It is your turn."_s : QString();
 }
@@ -73,7 +75,7 @@ QProgressBar* NewProgressBar(QWidget& window) {
 
 }  // namespace
 
-SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, board::Board& board)
+SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, board::Game& board)
     : QObject(&window),
       window_(window),
       label_(label),

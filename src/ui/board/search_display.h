@@ -6,7 +6,7 @@
 
 #include <QTimer>
 
-#include "board/board.h"
+#include "board/game.h"
 
 class QAbstractButton;
 class QLabel;
@@ -22,7 +22,7 @@ class SearchDisplay : public QObject {
  public:
   /// Makes the controls in the window. The label is the one over the comment. The board must
   /// outlive them.
-  SearchDisplay(QWidget& window, QLabel& label, board::Board& board);
+  SearchDisplay(QWidget& window, QLabel& label, board::Game& board);
 
   /// Puts them into a column of the plain look, where they are the widget SearchPlace.
   void LayOut(QVBoxLayout& column);
@@ -35,7 +35,7 @@ class SearchDisplay : public QObject {
 
   QWidget& window_;
   QLabel& label_;
-  board::Board& board_;
+  board::Game& board_;
   QLabel* hint_;
   QProgressBar* progress_;
   QAbstractButton* cancel_;

@@ -7,16 +7,17 @@
 
 #include <utility>
 
+#include "board/moving.h"
+#include "board/setup.h"
 #include "platform/process_state.h"
 #include "ui/board/hand_parts.h"
 
 namespace ui {
 
-using rules::FromNumber;
 using rules::ThePosition;
 
-SetupHand::SetupHand(board::Board& board, BoardPicture& picture, PiecePalette& palette,
-                     Trash& trash, FloatingPiece& floating, QObject* parent)
+SetupHand::SetupHand(board::Game& board, BoardPicture& picture, PiecePalette& palette, Trash& trash,
+                     FloatingPiece& floating, QObject* parent)
     : QObject(parent),
       board_(board),
       picture_(picture),
@@ -65,9 +66,9 @@ bool SetupHand::Press(const QMouseEvent& event, QPointF point) {
     LetGo();
     return false;
   }
-  if (place.kind == Place::OnBoard) picture_.MoveCursor(FromNumber(place.number), false);
-  if (place.kind == Place::OnPalette && place.number != rules::NoPiece) {
-    palette_.SetCurrent(place.number);
+  if (place.kind == Place::OnBoard) picture_.MoveCursor(place.square, false);
+  if (place.kind == Place::OnPalette && place.piece != rules::NoPiece) {
+    palette_.SetCurrent(place.piece);
   }
   pressLifts_ = Lifts(place);
   pressed_ = place;
@@ -116,8 +117,8 @@ bool SetupHand::Key(const QKeyEvent& event, bool onBoard) {
     case Qt::Key_Enter:
     case Qt::Key_Space:
       if (fresh) {
-        const Place here = onBoard ? Place{Place::OnBoard, NumberOf(picture_.Cursor())}
-                                   : Place{Place::OnPalette, palette_.Current()};
+        const Place here = onBoard ? Place{Place::OnBoard, picture_.Cursor()}
+                                   : Place{Place::OnPalette, {}, palette_.Current()};
         Click(here, Lifts(here));
         picture_.MoveCursor(picture_.Cursor(), true);
       }
@@ -137,9 +138,8 @@ bool SetupHand::Key(const QKeyEvent& event, bool onBoard) {
 
 void SetupHand::ThrowAway(rules::Square square) {
   LetGo();
-  const Place place{Place::OnBoard, NumberOf(square)};
-  if (!Lifts(place)) return;
-  held_ = place;
+  if (!Lifts({Place::OnBoard, square})) return;
+  held_ = {Place::OnBoard, square};
   Drop({Place::InTrash});
 }
 
@@ -147,9 +147,9 @@ void SetupHand::ThrowAway(rules::Square square) {
 bool SetupHand::Lifts(Place place) {
   switch (place.kind) {
     case Place::OnBoard:
-      return board_.CBoard_MouseDown(place.number);
+      return board::CBoard_MouseDown(board_, place.square);
     case Place::OnPalette:
-      return place.number != rules::NoPiece && board_.PiecePallete_MouseDown(place.number);
+      return place.piece != rules::NoPiece && board::PiecePallete_MouseDown(board_, place.piece);
     default:
       return false;
   }
@@ -190,10 +190,10 @@ void SetupHand::Drop(Place target) {
   if (!dragged) Float(source, {});
   floating_.SettleAt(CornerOf(source));
   const bool onBoard = target.kind == Place::OnBoard;
-  const int cellBefore = onBoard ? picture_.CellOn(FromNumber(target.number)) : 0;
+  const int cellBefore = onBoard ? picture_.CellOn(target.square) : 0;
   if (!Carry(source, target) || !floating_.IsSettling()) return;
   if (onBoard) {
-    picture_.Cover(FromNumber(target.number), cellBefore);
+    picture_.Cover(target.square, cellBefore);
     floating_.SettleAt(CornerOf(target));
   } else {
     floating_.PutAway();
@@ -208,7 +208,11 @@ bool SetupHand::Carry(Place source, Place target) {
       target.kind == Place::Nowhere || (fromPalette && target.kind == Place::OnPalette);
   if (meansNothing) return false;
   const rules::BoardSquares before = ThePosition().BoardState;
-  board_.DropInSetup(target.kind == Place::OnBoard ? target.number : 0, source.number, fromPalette);
+  if (fromPalette) {
+    board::DropInSetup(board_, target.square, source.piece);
+  } else {
+    board::DropInSetup(board_, target.square, source.square);
+  }
   return ThePosition().BoardState != before;
 }
 
@@ -218,25 +222,24 @@ void SetupHand::Float(Place source, QPointF pointer) {
   grab_ = pointer.toPoint() - corner;
   floating_.PickUp(picture_.FloatingPicture(PieceAt(source)), corner);
   if (source.kind != Place::OnBoard) return;
-  const rules::Square square = FromNumber(source.number);
-  picture_.Cover(square, EmptyCell(square));
+  picture_.Cover(source.square, EmptyCell(source.square));
 }
 
 void SetupHand::ShowSelection() {
   const Place shown = held_.value_or(Place{});
   const bool onBoard = shown.kind == Place::OnBoard;
-  picture_.ShowSelection(onBoard ? std::optional(FromNumber(shown.number)) : std::nullopt);
-  palette_.ShowSelection(shown.kind == Place::OnPalette ? shown.number : rules::NoPiece);
+  picture_.ShowSelection(onBoard ? std::optional(shown.square) : std::nullopt);
+  palette_.ShowSelection(shown.piece);
 }
 
 SetupHand::Place SetupHand::PlaceUnder(QPointF point) const {
   const QWidget* window = picture_.window();
   if (const auto square = picture_.SquareUnder(picture_.mapFrom(window, point))) {
-    return {Place::OnBoard, NumberOf(*square)};
+    return {Place::OnBoard, *square};
   }
   const QPoint onPalette = palette_.mapFrom(window, point.toPoint());
   if (palette_.rect().contains(onPalette)) {
-    return {Place::OnPalette, palette_.PieceUnder(onPalette)};
+    return {Place::OnPalette, {}, palette_.PieceUnder(onPalette)};
   }
   if (trash_.rect().contains(trash_.mapFrom(window, point.toPoint()))) return {Place::InTrash};
   return {};
@@ -246,16 +249,16 @@ SetupHand::Place SetupHand::PlaceUnder(QPointF point) const {
 QPoint SetupHand::CornerOf(Place place) const {
   const QWidget* window = picture_.window();
   if (place.kind == Place::OnBoard) {
-    return picture_.mapTo(window, picture_.RectOf(FromNumber(place.number)).topLeft().toPoint());
+    return picture_.mapTo(window, picture_.RectOf(place.square).topLeft().toPoint());
   }
   QRectF rect = picture_.RectOf({1, 1});
-  rect.moveCenter(QRectF(palette_.RectOf(place.number)).center());
+  rect.moveCenter(QRectF(palette_.RectOf(place.piece)).center());
   return palette_.mapTo(window, rect.topLeft().toPoint());
 }
 
 rules::PieceCode SetupHand::PieceAt(Place place) const {
-  if (place.kind == Place::OnPalette) return place.number;
-  return ThePosition().BoardState.At(FromNumber(place.number));
+  if (place.kind == Place::OnPalette) return place.piece;
+  return ThePosition().BoardState.At(place.square);
 }
 
 }  // namespace ui

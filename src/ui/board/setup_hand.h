@@ -12,7 +12,7 @@
 
 #include <optional>
 
-#include "board/board.h"
+#include "board/game.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/floating_piece.h"
 #include "ui/board/piece_palette.h"
@@ -28,7 +28,7 @@ class SetupHand : public QObject {
 
  public:
   /// Listens to the picture, the palette and the bin. All of them must outlive the hand.
-  SetupHand(board::Board& board, BoardPicture& picture, PiecePalette& palette, Trash& trash,
+  SetupHand(board::Game& board, BoardPicture& picture, PiecePalette& palette, Trash& trash,
             FloatingPiece& floating, QObject* parent);
 
   /// Puts a held piece back where it was.
@@ -41,7 +41,8 @@ class SetupHand : public QObject {
   /// Where a piece is taken or dropped.
   struct Place {
     enum Kind { Nowhere, OnBoard, OnPalette, InTrash } kind = Nowhere;
-    int number = 0;  // of the square, or the piece of the palette; 0 beside its pictures
+    rules::Square square{};                   // on the board
+    rules::PieceCode piece = rules::NoPiece;  // of the palette; none beside its pictures
 
     bool operator==(const Place&) const = default;
   };
@@ -63,7 +64,7 @@ class SetupHand : public QObject {
   QPoint CornerOf(Place place) const;
   rules::PieceCode PieceAt(Place place) const;
 
-  board::Board& board_;
+  board::Game& board_;
   BoardPicture& picture_;
   PiecePalette& palette_;
   Trash& trash_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The pending move on its way: into the store, and from there to the opponent.
-#include "board/board.h"
+#include "board/saving.h"
+
+#include "board/ends.h"
 #include "mail/move_files.h"
 #include "mail/sending.h"
 #include "platform/conversions.h"
@@ -17,51 +18,9 @@ namespace board {
 using platform::Process;
 using platform::ZeroFilled;
 
-void Board::ToolbarClick(int button) {
-  if (Process().BoardSetupMode && button >= ResetSetupButton && button <= PlaySetupButton) {
-    if (button == ResetSetupButton) ResetSetup();
-    if (button == ClearSetupButton) ClearSetup();
-    if (button == PlaySetupButton) PlaySetup();
-    return;
-  }
-  switch (button) {
-    case ViewButton:
-      ChangeView();
-      break;
-    case CoordinatesButton:
-      ToggleCoords();
-      break;
-    case UndoButton:
-      UndoLastMove();
-      break;
-    case SendButton:
-      if (!Process().ComputerGame) {
-        SendNewMove();
-      } else if (SaveMove()) {
-        // The move is stored: there is nothing to undo, and a turn that is cancelled can be resent.
-        AwaitingOpponent = true;
-        MakeComputerMove();
-      }
-      break;
-    case ResendButton:
-      if (Process().ComputerGame) {
-        MakeComputerMove();
-      } else {
-        ResendLastMove();
-      }
-      break;
-    case SurrenderButton:
-      SurrenderGame();
-      break;
-    case CloseButton:
-      view_.Close();
-      break;
-    default:
-      break;
-  }
-}
+namespace {
 
-void Board::FillNewGame(store::GameRecord& record, std::int32_t number) const {
+void FillNewGame(const Game& game, store::GameRecord& record, std::int32_t number) {
   const platform::LocalTime now = platform::TheDesktop().clock->Now();
   const std::string day = ZeroFilled(now.day, 2);
   const std::string month = ZeroFilled(now.month, 2);
@@ -77,55 +36,54 @@ void Board::FillNewGame(store::GameRecord& record, std::int32_t number) const {
   record.GAME_HOST = true;
   record.GAME_VS_COMPUTER = Process().ComputerGame;
   if (Process().ComputerGame) record.GAME_OPPONENTS_ID = record.GAME_ID;
-  record.GAME_START_BOARD = StartBoard;
+  record.GAME_START_BOARD = game.StartBoard;
 }
 
-std::int16_t Board::StatusOfPendingMove() const {
-  if (DrawOffered && !GameDrawn) return store::DrawOfferSent;
-  if (rules::ThePosition().CheckmateFlag || Surrendered) {
+std::int16_t StatusOfPendingMove(const Game& game) {
+  if (game.DrawOffered && !game.GameDrawn) return store::DrawOfferSent;
+  if (rules::ThePosition().CheckmateFlag || game.Surrendered) {
     // The computer's last entry was made for Black, whose wins are the user's losses.
     const bool computersMove =
         Process().ComputerGame && rules::ThePosition().SideToMove == rules::Black;
-    if (WonGame() != computersMove) return store::GameWon;
+    if (WonGame(game) != computersMove) return store::GameWon;
   }
-  if (GameIsOver()) return GameDrawn ? store::GameDrawn : store::GameLost;
+  if (GameIsOver(game)) return game.GameDrawn ? store::GameDrawn : store::GameLost;
   return Process().ComputerGame ? store::MoveWaiting : store::WaitingForOpponent;
 }
-
-namespace {
 
 bool IsSameEntry(const store::MoveRecord& one, const store::MoveRecord& other) {
   return one.MoveNumber == other.MoveNumber && one.MoveCoordinates == other.MoveCoordinates &&
          one.MoveText == other.MoveText;
 }
 
-}  // namespace
-
-bool Board::Continues(const store::MoveRecords& stored) const {
-  const int before = Moves.Count() - 1;
+/// Whether the pending entry belongs behind what is stored: nobody has played on meanwhile.
+bool Continues(const Game& game, const store::MoveRecords& stored) {
+  const int before = game.Moves.Count() - 1;
   const auto count = static_cast<int>(stored.size());
-  if (count > Moves.Count()) return false;
+  if (count > game.Moves.Count()) return false;
   for (int row = 1; row <= count; ++row) {
-    if (!IsSameEntry(stored[static_cast<std::size_t>(row - 1)], Moves.Row(row))) return false;
+    if (!IsSameEntry(stored[static_cast<std::size_t>(row - 1)], game.Moves.Row(row))) return false;
   }
   // The pending entry is there itself where a save took place and was told as a failure.
-  if (count > before) return stored.back().MoveComment == PlayerComment;
+  if (count > before) return stored.back().MoveComment == game.PlayerComment;
   // Against the computer the game goes on after an entry that couldn't be stored.
   return count == before || Process().ComputerGame;
 }
 
 /// The pending entry; the whole game where one before it couldn't be stored.
-store::MoveRecords Board::EntriesToStore(const store::MoveRecords& stored) const {
-  const bool oneIsMissing = static_cast<int>(stored.size()) + 1 < Moves.Count();
+store::MoveRecords EntriesToStore(const Game& game, const store::MoveRecords& stored) {
+  const bool oneIsMissing = static_cast<int>(stored.size()) + 1 < game.Moves.Count();
   store::MoveRecords entries;
-  for (int row = oneIsMissing ? 1 : Moves.Count(); row <= Moves.Count(); ++row) {
-    entries.push_back(Moves.Row(row));
+  for (int row = oneIsMissing ? 1 : game.Moves.Count(); row <= game.Moves.Count(); ++row) {
+    entries.push_back(game.Moves.Row(row));
   }
-  entries.back().MoveComment = PlayerComment;
+  entries.back().MoveComment = game.PlayerComment;
   return entries;
 }
 
-Board::Storing Board::StorePendingMove() {
+enum class Storing { Done, Failed, GameChanged };
+
+Storing StorePendingMove(Game& game) {
   try {
     const store::DatabaseLock lock;
     const std::int32_t gameID = Process().CurrentGameID;
@@ -137,19 +95,19 @@ Board::Storing Board::StorePendingMove() {
     }
     // Only a new game has no record yet; another one was deleted behind the board's back.
     const bool isDeleted = games.empty() && gameID >= 1;
-    if (isDeleted || !Continues(stored)) return Storing::GameChanged;
+    if (isDeleted || !Continues(game, stored)) return Storing::GameChanged;
     store::GameRecord record;
     if (games.empty()) {
       const auto number = store::NextGameID();
       if (!number) return Storing::Failed;
-      FillNewGame(record, *number);
+      FillNewGame(game, record, *number);
     } else {
       record = games.front();
     }
-    GameStatus = StatusOfPendingMove();
-    record.GAME_STATUS = GameStatus;
-    SavedGameID = record.GAME_ID;
-    if (!store::SaveGame(record, EntriesToStore(stored))) return Storing::Failed;
+    game.GameStatus = StatusOfPendingMove(game);
+    record.GAME_STATUS = game.GameStatus;
+    game.SavedGameID = record.GAME_ID;
+    if (!store::SaveGame(record, EntriesToStore(game, stored))) return Storing::Failed;
     // Only now: a new game that couldn't be stored is still a new game when that is tried again.
     if (Process().ComputerGame) Process().CurrentGameID = record.GAME_ID;
     return Storing::Done;
@@ -157,8 +115,6 @@ Board::Storing Board::StorePendingMove() {
     return Storing::Failed;
   }
 }
-
-namespace {
 
 void ReportGameChanged() {
   platform::ShowMessage(
@@ -181,28 +137,28 @@ void ReportUnsavedMove() {
       "OK", {}, false, platform::FailureSound);
 }
 
-}  // namespace
-
-bool Board::SaveMove() {
-  const Storing storing = StorePendingMove();
-  if (storing == Storing::GameChanged) ReportGameChanged();
-  if (storing == Storing::Failed) ReportUnsavedMove();
-  return storing == Storing::Done;
-}
-
-void Board::SendGame(std::int32_t gameID) {
+void SendGame(Game& game, std::int32_t gameID) {
   if (!Process().Offline) {
     mail::SendMoveMail(gameID);
   } else if (Process().StandAlone) {
     mail::ExportMoveFile(gameID);
   }
-  view_.Close();
+  game.view.Close();
 }
 
-void Board::SendNewMove() {
-  if (SaveMove()) SendGame(SavedGameID);
+}  // namespace
+
+bool SaveMove(Game& game) {
+  const Storing storing = StorePendingMove(game);
+  if (storing == Storing::GameChanged) ReportGameChanged();
+  if (storing == Storing::Failed) ReportUnsavedMove();
+  return storing == Storing::Done;
 }
 
-void Board::ResendLastMove() { SendGame(Process().CurrentGameID); }
+void SendNewMove(Game& game) {
+  if (SaveMove(game)) SendGame(game, game.SavedGameID);
+}
+
+void ResendLastMove(Game& game) { SendGame(game, Process().CurrentGameID); }
 
 }  // namespace board

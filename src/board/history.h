@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The move list: adding to it, browsing in it, and the replay that every position of a game comes
+// from.
+#pragma once
+
+#include "board/game.h"
+#include "rules/notation.h"
+
+namespace board {
+
+void UpdateMoveList(Game& game, const rules::PlayedMove& move, const std::string& comment);
+void RemoveLastMove(Game& game);
+
+/// Plays the entries up to the selected one on the start position, which is up.
+void MoveThroughHistory(Game& game);
+
+/// The user selects a row.
+void MoveList_RowColChange(Game& game, int row);
+
+void HilightMove(Game& game, int row);
+void RemoveHilight(Game& game);
+void DisplayPlayerComment(Game& game);
+
+/// The first row that the list should show.
+int TopRow(const Game& game);
+
+}  // namespace board

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Opening a game on the board, and closing it.
+#pragma once
+
+#include "board/game.h"
+
+namespace board {
+
+/// Opens the game of CurrentGameID; -1 is a new one. UnloadPending where that failed.
+void Form_Load(Game& game);
+
+void SetupOptions(Game& game);
+bool SetMoves(Game& game);
+void BeginGame(Game& game);
+void SetBoardState(Game& game);
+void SetFormCaptions(Game& game);
+void SetCaptions(Game& game);
+
+/// Stores how the game ended where the opponent's entry brought the end.
+void SetGameStatus(Game& game);
+
+void Form_Unload(Game& game);
+
+}  // namespace board

@@ -18,7 +18,7 @@ using rules::ThePosition;
 namespace {
 
 /// The user can't reach the opponent, and no computer is there to answer.
-bool IsCut() { return !OpponentIsReachable() && !Process().ComputerGame; }
+bool IsCut(const Game& game) { return !OpponentIsReachable(game) && !Process().ComputerGame; }
 
 /// What is left while the computer thinks: the user waits, and may only close the window.
 BoardControls LockedControls(const Game& game) {
@@ -29,16 +29,18 @@ BoardControls LockedControls(const Game& game) {
 
 }  // namespace
 
-bool OpponentIsReachable() { return !Process().Offline || Process().StandAlone; }
+bool OpponentIsReachable(const Game& game) {
+  return !Process().Offline || Process().StandAlone || game.storedOnly;
+}
 
 BoardControls Controls(const Game& game) {
   if (game.ComputerThinking) return LockedControls(game);
-  const bool cut = IsCut();
+  const bool cut = IsCut(game);
   const bool atEnd = game.Moves.AtEnd();
   const bool mine = LastMoveIsMine(game);
   const int count = game.Moves.Count();
   const bool unreachable =
-      !OpponentIsReachable() &&
+      !OpponentIsReachable(game) &&
       (!Process().ComputerGame || ThePosition().CheckmateFlag || game.Surrendered);
   const std::string& lastText = game.Moves.Last().MoveText;
   const bool lastEnded =

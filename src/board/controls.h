@@ -27,8 +27,8 @@ BoardControls Controls(const Game& game);
 /// Lets the window show what it offers now.
 void SetButtonEnable(const Game& game);
 
-/// Whether the user's moves reach the opponent.
-bool OpponentIsReachable();
+/// Whether the user's moves reach the opponent, or needn't.
+bool OpponentIsReachable(const Game& game);
 
 /// Buttons of the action bar. Three have another meaning while a position is set up.
 enum ToolbarButton {

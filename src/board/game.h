@@ -27,6 +27,7 @@ struct Game {
   std::string WhiteName;
   std::string BlackName;
   bool PlaysWhite = true;
+  bool storedOnly = false;  ///< the user's moves needn't reach the opponent
   std::int16_t GameStatus = 0;
   std::int32_t SavedGameID = 0;
   std::string StartBoard;

@@ -87,7 +87,7 @@ void FindTurnAfterReplay(Game& game) {
   const bool usersTurn = (game.Moves.Count() % 2 == 0) == game.PlaysWhite;
   if (!game.Moves.AtEnd() || !usersTurn) return;
   position.MoveAllowed =
-      OpponentIsReachable() || (platform::Process().ComputerGame && game.PlaysWhite);
+      OpponentIsReachable(game) || (platform::Process().ComputerGame && game.PlaysWhite);
 }
 
 std::vector<Square> PathOf(const store::MoveRecord& entry, LastMove move) {

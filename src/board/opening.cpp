@@ -39,7 +39,8 @@ bool StoreStatus(const Game& game) {
 
 }  // namespace
 
-void Form_Load(Game& game) {
+void Form_Load(Game& game, MovesAre moves) {
+  game.storedOnly = moves == MovesAre::StoredOnly;
   game.ListUpdating = true;
   SetupOptions(game);
   if (!SetMoves(game)) {

@@ -6,8 +6,12 @@
 
 namespace board {
 
+/// Whether the user's moves have to find a way to the opponent. Where they are stored and nothing
+/// else, they are allowed without a mail service.
+enum class MovesAre { Sent, StoredOnly };
+
 /// Opens the game of CurrentGameID; -1 is a new one. UnloadPending where that failed.
-void Form_Load(Game& game);
+void Form_Load(Game& game, MovesAre moves = MovesAre::Sent);
 
 void SetupOptions(Game& game);
 bool SetMoves(Game& game);

@@ -5,7 +5,6 @@
 #include <optional>
 
 #include "board/history.h"
-#include "board/opening.h"
 #include "platform/process_state.h"
 #include "store/queries.h"
 #include "store/repair.h"
@@ -29,9 +28,10 @@ store::GameRecord GameArgument(const Arguments& arguments) {
   return *game;
 }
 
-void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messages) {
+void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messages,
+              board::MovesAre moves) {
   platform::Process().CurrentGameID = gameID;
-  board::Form_Load(played.logic);
+  board::Form_Load(played.logic, moves);
   if (played.logic.UnloadPending) throw Refusal(messages.TakeSentence("The game can't be opened."));
   // A first press on a marked board would only clean it, and say nothing.
   board::RemoveHilight(played.logic);

@@ -2,6 +2,7 @@
 // The game that a verb's first argument names.
 #pragma once
 
+#include "board/opening.h"
 #include "cli/arguments.h"
 #include "cli/played_board.h"
 #include "store/game_record.h"
@@ -17,6 +18,7 @@ Refusal GameFileRefusal(const std::string& sentence);
 store::GameRecord GameArgument(const Arguments& arguments);
 
 /// Opens a game on the board. Raises Refusal with the program's message where that fails.
-void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messages);
+void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messages,
+              board::MovesAre moves = board::MovesAre::Sent);
 
 }  // namespace cli

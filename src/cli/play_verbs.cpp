@@ -58,17 +58,14 @@ std::string CheckedBoard(const std::string& text) {
   return text;
 }
 
-/// Where nothing is to be sent, nobody needs to be reached for a move to be allowed. Where
-/// something is, nothing is saved that can't be sent.
-void PrepareSending(bool send, CollectedMessages& messages) {
-  if (!send) {
-    platform::Process().StandAlone = true;
-    return;
-  }
+/// Where something is to be sent, nothing is saved that can't be sent.
+board::MovesAre PrepareSending(bool send, CollectedMessages& messages) {
+  if (!send) return board::MovesAre::StoredOnly;
   LogOn();
   if (platform::Process().Offline) {
     throw Refusal(messages.TakeSentence("There is no connection to your mail service."));
   }
+  return board::MovesAre::Sent;
 }
 
 /// What became of a move once it was played.
@@ -103,11 +100,11 @@ bool New(const Call& call) {
   process.SetupGame = call.arguments.Has("--board");
   const std::string board = process.SetupGame ? CheckedBoard(call.arguments.Value("--board")) : "";
   const bool send = call.arguments.Has("--send");
-  PrepareSending(send, call.messages);
+  const board::MovesAre moves = PrepareSending(send, call.messages);
   process.NewGame = {call.arguments.Value("--name"), call.arguments.Value("--opponent"),
                      call.arguments.Value("--email")};
   PlayedBoard played(call.messages);
-  OpenGame(-1, played, call.messages);
+  OpenGame(-1, played, call.messages, moves);
   if (process.SetupGame && !played.BeginFrom(board)) {
     throw Refusal("The text of --board was refused: " + call.messages.TakeSentence({}));
   }
@@ -132,9 +129,9 @@ bool Move(const Call& call) {
   CheckTexts(call.arguments);
   const store::GameRecord game = GameArgument(call.arguments);
   const bool send = call.arguments.Has("--send");
-  PrepareSending(send, call.messages);
+  const board::MovesAre moves = PrepareSending(send, call.messages);
   PlayedBoard played(call.messages);
-  OpenGame(game.GAME_ID, played, call.messages);
+  OpenGame(game.GAME_ID, played, call.messages, moves);
   played.logic.PlayerComment = call.arguments.Value("--comment");
   const std::string& move = call.arguments.Others()[1];
   const bool accepted = played.PlayEntry(move);

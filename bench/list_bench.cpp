@@ -28,17 +28,13 @@ std::string GameFile(int games) {
   return file;
 }
 
-ui::GameListMenus NoMenus() {
-  return {[](ui::InterfaceMenu, QPoint) {}, [](bool) {}, [](bool) {}, [](int, bool) {}};
-}
-
 void OpenGameList(benchmark::State& state) {
   fakes::FakeDesktop desktop;
   platform::Process().Offline = false;
   platform::Settings().SimpleUI = true;
   desktop.files.content["/program/Data/Tvgdb.dat"] = GameFile(static_cast<int>(state.range(0)));
   for (auto _ : state) {
-    auto* window = new ui::GameInterface(NoMenus());
+    auto* window = new ui::GameInterface({});
     window->show();
     window->repaint();
     QApplication::processEvents();

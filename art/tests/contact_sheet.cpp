@@ -134,8 +134,7 @@ Window NewPromotion(const ChessGraphics& graphics) {
 }
 
 Window NewGameList(const ChessGraphics&) {
-  return std::make_unique<ui::GameInterface>(ui::GameListMenus{
-      [](ui::InterfaceMenu, QPoint) {}, [](bool) {}, [](bool) {}, [](int, bool) {}});
+  return std::make_unique<ui::GameInterface>(ui::OtherErrands{});
 }
 
 Window NewGame(const ChessGraphics&) { return std::make_unique<ui::NewGameInfo>(); }

@@ -2,11 +2,12 @@
 // The two menus of the Board window; the right mouse button opens them, too.
 #pragma once
 
+#include <QMenu>
+
 #include <functional>
 #include <memory>
 
 #include "board/game.h"
-#include "widgets/indexed_menu.h"
 
 namespace ui {
 
@@ -14,16 +15,20 @@ namespace ui {
 struct BoardActions {
   std::function<void(int button)> click;  ///< with a button of the action bar
   std::function<void()> offerDraw;
+
+  std::function<void()> Click(int button) const {
+    return [click = click, button] { click(button); };
+  }
 };
 
 /// `mnuActionsMenu`, the board during play.
-std::unique_ptr<IndexedMenu> NewActionsMenu(const board::Game& board, BoardActions actions);
+std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActions& actions);
 
 /// `mnuSetupMenu`, the board while a position is set up.
-std::unique_ptr<IndexedMenu> NewSetupMenu(const board::Game& board, BoardActions actions);
+std::unique_ptr<QMenu> NewSetupMenu(const board::Game& board, const BoardActions& actions);
 
 /// `mnuPiecePalleteMenu`, whose one entry calls `remove`.
-std::unique_ptr<IndexedMenu> NewPiecePalleteMenu(const std::function<void()>& remove);
+std::unique_ptr<QMenu> NewPiecePalleteMenu(const std::function<void()>& remove);
 
 struct HistoryActions {
   std::function<void()> toggleHilight;
@@ -31,7 +36,6 @@ struct HistoryActions {
 };
 
 /// `mnuHistoryMenu`.
-std::unique_ptr<IndexedMenu> NewHistoryMenu(const board::Game& board,
-                                            const HistoryActions& actions);
+std::unique_ptr<QMenu> NewHistoryMenu(const board::Game& board, const HistoryActions& actions);
 
 }  // namespace ui

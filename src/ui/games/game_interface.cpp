@@ -100,6 +100,13 @@ QString DamageNotice() {
                             damage.empty() ? QString() : u"\n\n"_s + Shown(damage));
 }
 
+/// Where the menu of a button opens.
+QPoint PlaceBelow(const QWidget& button) {
+  const auto* skinned = qobject_cast<const SystemButton*>(&button);
+  const QRect place = skinned ? skinned->Place() : button.geometry();
+  return button.window()->mapToGlobal(place.bottomLeft() + QPoint(0, 1));
+}
+
 void SetTip(const QWidget& window, const char* name, const char* tip) {
   auto* control = window.findChild<QWidget*>(QLatin1StringView(name));
   if (!control) return;
@@ -108,8 +115,8 @@ void SetTip(const QWidget& window, const char* name, const char* tip) {
 
 }  // namespace
 
-GameInterface::GameInterface(GameListMenus menus)
-    : menus_(std::move(menus)), grid_(new GameListGrid(this)) {
+GameInterface::GameInterface(OtherErrands errands)
+    : errands_(std::move(errands)), grid_(new GameListGrid(this)) {
   setObjectName(u"GameInterface"_s);
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(u"Tarvolenix - Game list"_s);
@@ -128,7 +135,7 @@ GameInterface::GameInterface(GameListMenus menus)
   connect(grid_, &GameListGrid::PlayWanted, this, &GameInterface::PlayCurrentGame);
   connect(grid_, &GameListGrid::DeleteWanted, this, &GameInterface::DeleteGame);
   connect(grid_, &GameListGrid::MenuWanted, this,
-          [this](QPoint place) { menus_.popUp(GameListPopup, place); });
+          [this](QPoint place) { PopUp(GameListPopup, place); });
 }
 
 void GameInterface::AddToolbar() {
@@ -168,7 +175,7 @@ void GameInterface::AddMenuButtons() {
     button->setText(QLatin1StringView(IsSimpleUI() ? label.plainCaption : label.caption));
     // As a menu does, on the press; the menu takes the release.
     connect(button, &QAbstractButton::pressed, this, [this, button, menu = label.menu] {
-      PopUp(menu, *button);
+      PopUp(menu, PlaceBelow(*button));
       button->setDown(false);
     });
   }
@@ -224,9 +231,6 @@ void GameInterface::FillGameList(std::int16_t column, std::string order,
   const bool descending = shell::IsDescending(order);
   const QString notice = list.isDamaged ? DamageNotice() : EmptyNotice();
   grid_->Fill(std::move(list), column, descending, notice);
-  if (anyGame) menus_.checkSort(column, descending);
-  menus_.enableGameEntries(anyGame);
-  menus_.enableNewGames(mayStart);
   SetToolbarButton(PlayGameButton, anyGame);
   SetToolbarButton(NewGameButton, mayStart);
   SetToolbarButton(SetupGameButton, mayStart);
@@ -235,6 +239,8 @@ void GameInterface::FillGameList(std::int16_t column, std::string order,
 void GameInterface::Refill(std::optional<std::int32_t> selectGame) {
   FillGameList(Process().GameListSortColumn, Process().GameListSortOrder, selectGame);
 }
+
+bool GameInterface::HasGames() const { return grid_->model()->rowCount() > 0; }
 
 std::optional<std::int32_t> GameInterface::SelectedGame() const {
   const store::GameRecord* game = grid_->SelectedGame();
@@ -273,10 +279,11 @@ void GameInterface::SetToolbarButton(int button, bool enabled) {
   toolbar_[static_cast<std::size_t>(button)]->setEnabled(enabled);
 }
 
-void GameInterface::PopUp(InterfaceMenu menu, const QWidget& below) {
-  const auto* skinned = qobject_cast<const SystemButton*>(&below);
-  const QRect place = skinned ? skinned->Place() : below.geometry();
-  menus_.popUp(menu, mapToGlobal(place.bottomLeft() + QPoint(0, 1)));
+void GameInterface::PopUp(InterfaceMenu menu, QPoint place) {
+  QMenu* opened = NewInterfaceMenu(menu, *this, errands_).release();
+  opened->setAttribute(Qt::WA_DeleteOnClose);
+  connect(this, &QObject::destroyed, opened, &QObject::deleteLater);
+  opened->popup(place);
 }
 
 void GameInterface::SetFace(const QIcon& icon, const QString& caption) {

@@ -9,25 +9,16 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 
-#include "ui/games/interface_menus.h"
+#include "ui/games/game_list_menus.h"
 
 class QAbstractButton;
 
 namespace ui {
 
 class GameListGrid;
-
-/// What the window asks of its menus, which belong to the hidden window. Nothing of it may be null.
-struct GameListMenus {
-  std::function<void(InterfaceMenu menu, QPoint globalPlace)> popUp;
-  std::function<void(bool anyGame)> enableGameEntries;
-  std::function<void(bool enabled)> enableNewGames;
-  std::function<void(int column, bool descending)> checkSort;
-};
 
 /// The buttons of the toolbar by their numbers.
 enum GameListButton { PlayGameButton = 1, NewGameButton, ComputerGameButton, SetupGameButton };
@@ -36,7 +27,7 @@ class GameInterface : public QWidget {
   Q_OBJECT
 
  public:
-  explicit GameInterface(GameListMenus menus);
+  explicit GameInterface(OtherErrands errands);
 
   /// False where the window's skin failed: nothing happens when it closes then.
   bool IsOpen() const { return hasSkin_; }
@@ -46,6 +37,7 @@ class GameInterface : public QWidget {
                     std::optional<std::int32_t> selectGame = {});
   void Refill(std::optional<std::int32_t> selectGame = {});
 
+  bool HasGames() const;
   std::optional<std::int32_t> SelectedGame() const;
 
   void PlayCurrentGame();
@@ -70,9 +62,9 @@ class GameInterface : public QWidget {
   void AddWindowButtons();
   void ClickToolbar(int button);
   void SetToolbarButton(int button, bool enabled);
-  void PopUp(InterfaceMenu menu, const QWidget& below);
+  void PopUp(InterfaceMenu menu, QPoint place);
 
-  GameListMenus menus_;
+  OtherErrands errands_;
   GameListGrid* grid_;
   std::array<QAbstractButton*, SetupGameButton + 1> toolbar_{};  // by number
   bool hasSkin_ = false;

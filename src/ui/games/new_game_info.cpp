@@ -195,7 +195,7 @@ void NewGameInfo::accept() {
 void NewGameInfo::done(int result) {
   pendingResolve_ = false;
   Timer1_->stop();
-  platform::CallHook(platform::TheDesktop().hooks.closeHelp);
+  platform::TheDesktop().help->CloseHelp();
   QDialog::done(result);
 }
 
@@ -224,7 +224,7 @@ bool NewGameInfo::eventFilter(QObject* watched, QEvent* event) {
 void NewGameInfo::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (event->key() == Qt::Key_F1) {
-    if (auto* help = platform::TheDesktop().help) help->ShowHelp(platform::HelpOfNewGame);
+    platform::TheDesktop().help->ShowHelp(platform::HelpOfNewGame);
   } else if (isReturn && !IsSimpleUI()) {
     ok_->click();
   } else {

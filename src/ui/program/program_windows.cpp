@@ -17,9 +17,9 @@
 #include "skin/program_pictures.h"
 #include "skin/skin.h"
 #include "ui/games/held_mail_form.h"
-#include "ui/games/interface_menus.h"
 #include "ui/games/notify_form.h"
 #include "ui/program/about_box.h"
+#include "ui/program/select_sound.h"
 #include "widgets/front_window.h"
 #include "widgets/pointers.h"
 #include "widgets/shown_text.h"
@@ -61,18 +61,11 @@ Window* Made(Arguments&&... arguments) {
   }
 }
 
-GameListMenus MenusOf(InterfaceMenus& menus) {
-  GameListMenus list;
-  list.popUp = [&menus](InterfaceMenu menu, QPoint place) { menus.Menu(menu).popup(place); };
-  list.enableGameEntries = [&menus](bool anyGame) { menus.EnableGameEntries(anyGame); };
-  list.enableNewGames = [&menus](bool enabled) { menus.EnableNewGames(enabled); };
-  list.checkSort = [&menus](int column, bool descending) { menus.CheckSort(column, descending); };
-  return list;
-}
-
 }  // namespace
 
-ProgramWindows::ProgramWindows(InterfaceMenus& menus) : menus_(menus) {}
+ProgramWindows::ProgramWindows(std::function<void()> changeAccount,
+                               std::function<void()> askAboutHeldMails)
+    : errands_{std::move(changeAccount), std::move(askAboutHeldMails), [this] { ShowAbout(); }} {}
 
 ProgramWindows::~ProgramWindows() {
   delete board_;
@@ -101,7 +94,7 @@ void ProgramWindows::CloseSplash() {
 void ProgramWindows::ShowGameList() {
   const bool isNew = !list_;
   if (isNew) {
-    list_ = Made<GameInterface>(MenusOf(menus_));
+    list_ = Made<GameInterface>(errands_);
     if (!list_->IsOpen()) {
       delete list_;
       return;
@@ -183,6 +176,8 @@ platform::HeldMailChoice ProgramWindows::AskAboutHeldMail(
     const platform::HeldMailQuestion& question) {
   return ui::AskAboutHeldMail(question);
 }
+
+std::optional<std::string> ProgramWindows::PickMoveFile() { return ui::PickMoveFile(); }
 
 void ProgramWindows::CloseAll() {
   for (const char* slot : slots_) {

@@ -17,14 +17,11 @@
 
 namespace ui {
 
-class InterfaceMenus;
-
 class ProgramWindows : public QObject, public platform::Windows {
   Q_OBJECT
 
  public:
-  /// The menus must outlive the windows, which pop them up.
-  explicit ProgramWindows(InterfaceMenus& menus);
+  ProgramWindows(std::function<void()> changeAccount, std::function<void()> askAboutHeldMails);
   ~ProgramWindows() override;
 
   bool ApplySkinToSystemTray() override;
@@ -34,19 +31,18 @@ class ProgramWindows : public QObject, public platform::Windows {
   void ShowGameList() override;
   void CloseGameList() override;
   void HideGameList() override;
+  void BringBackGameList() override;
   void FillGameList(std::optional<std::int32_t> selectGame) override;
   std::optional<std::int32_t> SelectedGame() override;
   void SetGameListFace(int trayPicture, const std::string& caption) override;
   void OpenBoard(bool toFront) override;
   std::optional<platform::NewGameFields> AskNewGame() override;
   void HideNewGame() override;
+  void CloseNewGame() override;
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
+  std::optional<std::string> PickMoveFile() override;
   void CloseAll() override;
-
-  /// When the board closes that took the place of the list.
-  void BringBackGameList();
-  void CloseNewGame();
 
   /// The dialog with the program's version, modal.
   void ShowAbout();
@@ -55,7 +51,7 @@ class ProgramWindows : public QObject, public platform::Windows {
   GameInterface* GameList() const { return list_; }
 
  private:
-  InterfaceMenus& menus_;
+  OtherErrands errands_;
   ChessGraphics graphics_;
   QPointer<SplashScreen> splash_;
   QPointer<GameInterface> list_;

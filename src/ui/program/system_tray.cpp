@@ -17,7 +17,6 @@
 #include "shell/tray_status.h"
 #include "store/queries.h"
 #include "ui/games/welcome.h"
-#include "ui/program/select_sound.h"
 #include "widgets/front_window.h"
 #include "widgets/pointers.h"
 
@@ -50,9 +49,7 @@ TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& 
 SystemTray::SystemTray(const std::function<void()>& changeAccount,
                        const std::function<void()>& askAboutHeldMails,
                        TrayIcon::IsTrayThere isTrayThere)
-    : menus_([this](InterfaceMenu menu, int index) { support_.Choose(menu, index); }),
-      windows_(menus_),
-      support_(windows_, menus_, changeAccount, askAboutHeldMails),
+    : windows_(changeAccount, askAboutHeldMails),
       menu_(ActionsOf(windows_, changeAccount, askAboutHeldMails)),
       icon_(menu_, std::move(isTrayThere)) {
   setObjectName(QStringLiteral("SystemTray"));
@@ -60,16 +57,7 @@ SystemTray::SystemTray(const std::function<void()>& changeAccount,
   desktop.windows = &windows_;
   desktop.tray = &icon_;
   desktop.hooks.busyPointer = ShowBusyPointer;
-  desktop.hooks.pickMoveFile = PickMoveFile;
   desktop.hooks.checkTimerChanged = [this] { FollowCheckTimer(); };
-  desktop.hooks.buildTrayGameMenu = [this] {
-    if (platform::Settings().SystrayStartup) menu_.BuildGames();
-  };
-  desktop.hooks.boardClosed = [this] { windows_.BringBackGameList(); };
-  desktop.hooks.closeGameList = [this] {
-    if (platform::Settings().SystrayStartup) windows_.CloseGameList();
-  };
-  desktop.hooks.closeNewGame = [this] { windows_.CloseNewGame(); };
   desktop.hooks.handedOver = [this, changeAccount] { Greet(changeAccount); };
   // Not quit(), which any window may refuse.
   desktop.hooks.stopped = [] {
@@ -78,27 +66,18 @@ SystemTray::SystemTray(const std::function<void()>& changeAccount,
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
   connect(&icon_, &TrayIcon::Opened, this, &SystemTray::OpenByDoubleClick);
   connect(&icon_, &TrayIcon::Missing, this, &SystemTray::LeaveTray);
-  connect(&icon_, &TrayIcon::Come, this, [this] {
-    shell::TrayHasCome();
-    SettleMenus();
-  });
+  connect(&icon_, &TrayIcon::Come, this, &shell::TrayHasCome);
 }
 
 SystemTray::~SystemTray() {
   platform::Desktop& desktop = platform::TheDesktop();
-  desktop.windows = nullptr;
-  desktop.tray = nullptr;
+  desktop.windows = &platform::noWindows;
+  desktop.tray = &platform::noTray;
   desktop.hooks = {};
-}
-
-void SystemTray::SettleMenus() {
-  menus_.ShowHelpEntry(platform::Settings().SimpleUI);
-  menus_.ShowHideEntry(platform::Settings().SystrayStartup);
 }
 
 /// Shows a user without any game how to come by one.
 void SystemTray::Greet(const std::function<void()>& changeAccount) {
-  SettleMenus();
   if (!HasNoGames() || welcome_) return;
   const auto startMailGame = [] {
     if (!shell::MayStartMailGame()) shell::RetrieveByHand();
@@ -135,7 +114,6 @@ void SystemTray::LeaveTray() {
     return;
   }
   shell::LiveWithoutTray();
-  SettleMenus();
 }
 
 void SystemTray::OpenByDoubleClick() {

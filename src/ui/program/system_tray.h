@@ -7,8 +7,6 @@
 
 #include <functional>
 
-#include "ui/games/interface_menus.h"
-#include "ui/program/menu_support.h"
 #include "ui/program/program_windows.h"
 #include "ui/program/tray_icon.h"
 #include "ui/program/tray_menu.h"
@@ -26,10 +24,6 @@ class SystemTray : public QObject {
   ProgramWindows& Windows() { return windows_; }
   TrayIcon& Icon() { return icon_; }
   TrayMenu& Menu() { return menu_; }
-  InterfaceMenus& ListMenus() { return menus_; }
-
-  /// Once the settings are known: what the menus of the game list offer in this run.
-  void SettleMenus();
 
  private:
   void OpenByDoubleClick();
@@ -37,9 +31,7 @@ class SystemTray : public QObject {
   void Greet(const std::function<void()>& changeAccount);
   void FollowCheckTimer();
 
-  InterfaceMenus menus_;
   ProgramWindows windows_;
-  MenuSupport support_;
   TrayMenu menu_;
   TrayIcon icon_;
   QTimer checkTimer_;

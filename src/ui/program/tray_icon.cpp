@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/program/tray_icon.h"
 
-#include <QMenu>
-
 #include <utility>
 
+#include "platform/setting_variables.h"
 #include "skin/program_pictures.h"
+#include "ui/program/tray_menu.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -20,7 +20,8 @@ constexpr std::chrono::milliseconds lateLookEvery = 3s;
 
 }  // namespace
 
-TrayIcon::TrayIcon(QMenu& menu, IsTrayThere isTrayThere) : isTrayThere_(std::move(isTrayThere)) {
+TrayIcon::TrayIcon(TrayMenu& menu, IsTrayThere isTrayThere)
+    : menu_(menu), isTrayThere_(std::move(isTrayThere)) {
   icon_.setContextMenu(&menu);
   connect(&looks_, &QTimer::timeout, this, &TrayIcon::Look);
   connect(&icon_, &QSystemTrayIcon::activated, this, [this](auto reason) {
@@ -29,6 +30,10 @@ TrayIcon::TrayIcon(QMenu& menu, IsTrayThere isTrayThere) : isTrayThere_(std::mov
       Q_EMIT Opened();
     }
   });
+}
+
+void TrayIcon::BuildGameMenu() {
+  if (platform::Settings().SystrayStartup) menu_.BuildGames();
 }
 
 void TrayIcon::Notify(TrayOperation operation, int picture, const std::string& tip) {

@@ -13,9 +13,9 @@
 
 #include "platform/tray.h"
 
-class QMenu;
-
 namespace ui {
+
+class TrayMenu;
 
 class TrayIcon : public QObject, public platform::Tray {
   Q_OBJECT
@@ -25,9 +25,12 @@ class TrayIcon : public QObject, public platform::Tray {
 
   static constexpr std::chrono::seconds patience{10};
 
-  explicit TrayIcon(QMenu& menu, IsTrayThere isTrayThere = &QSystemTrayIcon::isSystemTrayAvailable);
+  explicit TrayIcon(TrayMenu& menu,
+                    IsTrayThere isTrayThere = &QSystemTrayIcon::isSystemTrayAvailable);
 
   void Notify(platform::TrayOperation operation, int picture, const std::string& tip) override;
+
+  void BuildGameMenu() override;
 
   bool IsMissing() const { return missed_; }
   bool IsShown() const { return icon_.isVisible(); }
@@ -48,6 +51,7 @@ class TrayIcon : public QObject, public platform::Tray {
  private:
   void Show();
 
+  TrayMenu& menu_;
   IsTrayThere isTrayThere_;
   QSystemTrayIcon icon_;
   QTimer looks_;

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/games/game_list_menus.h"
+
+#include <utility>
+#include <vector>
+
+#include "platform/desktop.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "shell/game_list.h"
+#include "shell/playing.h"
+#include "shell/shut_down.h"
+#include "ui/games/game_interface.h"
+#include "widgets/menu_rows.h"
+
+namespace ui {
+
+using platform::Process;
+
+namespace {
+
+// Until the windows behind them are there.
+constexpr bool printingIsThere = false;
+constexpr bool optionsAreThere = false;
+
+std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) {
+  const bool prints = list.HasGames() && printingIsThere;
+  std::vector<MenuRow> rows{
+      {"Retrieve games", [&list] { list.GetGames(false); }},
+      {"Import game", [&list] { list.GetGames(true); }},
+      {"Options...", {}, optionsAreThere},
+      {"Mail account...", errands.changeAccount},
+      {"Mails set aside...", errands.askAboutHeldMails},
+      {"-"},
+      {"Print game...", {}, prints},
+      {"Print game notation...", {}, prints},
+      {"-"},
+  };
+  // A program that doesn't live in the tray can't hide in it.
+  if (platform::Settings().SystrayStartup) {
+    rows.push_back({"Hide interface", [&list] { list.close(); }});
+    rows.push_back({"-"});
+  }
+  rows.push_back({"Exit Tarvolenix", [] { shell::ExitFromGameList(); }});
+  return rows;
+}
+
+/// A column keeps the order, and an order the column.
+std::vector<MenuRow> SortRows(GameInterface& list) {
+  const std::int16_t column = Process().GameListSortColumn;
+  const std::string order = Process().GameListSortOrder;
+  const auto by = [&](const char* caption, std::int16_t number) {
+    return MenuRow{caption, [&list, number, order] { list.FillGameList(number, order); }, true,
+                   column == number};
+  };
+  const auto in = [&](const char* caption, const char* wanted) {
+    const bool isDescending = *wanted != '\0';
+    return MenuRow{caption, [&list, column, wanted] { list.FillGameList(column, wanted); }, true,
+                   shell::IsDescending(order) == isDescending};
+  };
+  return {by("Game status", 1),
+          by("Opponents name", 2),
+          by("Game title", 3),
+          by("First move date", 4),
+          {"-"},
+          in("Ascending", ""),
+          in("Descending", "DESC")};
+}
+
+std::vector<MenuRow> GameRows(GameInterface& list) {
+  const bool mayStart = shell::MayStartMailGame();
+  const auto start = [](bool fromSetup) {
+    return [fromSetup] { shell::StartNewGame({.fromSetup = fromSetup, .fromGameList = true}); };
+  };
+  return {{"New game...", start(false), mayStart},
+          {"New setup game...", start(true), mayStart},
+          {"-"},
+          {"Play selected", [&list] { list.PlayCurrentGame(); }, list.HasGames()},
+          {"Delete selected", [&list] { list.DeleteGame(); }, list.HasGames()}};
+}
+
+std::vector<MenuRow> HelpRows(const OtherErrands& errands) {
+  platform::Help& help = *platform::TheDesktop().help;
+  std::vector<MenuRow> rows{
+      {"Contents", [&help] { help.ShowHelp(platform::HelpContents); }},
+      {"Index...", [&help] { help.ShowHelpIndex(); }},
+  };
+  if (platform::Settings().SimpleUI) {
+    rows.push_back({"Help\tF1", [&help] {
+                      help.ShowHelp(Process().BoardOpen ? platform::HelpOfBoard
+                                                        : platform::HelpOfGameList);
+                    }});
+  }
+  rows.push_back({"-"});
+  rows.push_back({"About...", errands.showAbout});
+  return rows;
+}
+
+std::vector<MenuRow> PopupRows(GameInterface& list) {
+  return {{"Play selected game", [&list] { list.PlayCurrentGame(); }},
+          {"Delete selected game...", [&list] { list.DeleteGame(); }},
+          {"-"},
+          {"Print selected game...", {}, printingIsThere}};
+}
+
+std::pair<const char*, std::vector<MenuRow>> NameAndRows(InterfaceMenu menu, GameInterface& list,
+                                                         const OtherErrands& errands) {
+  switch (menu) {
+    case FileMenu:
+      return {"mnuIntFileMenu", FileRows(list, errands)};
+    case SortMenu:
+      return {"mnuIntSortMenu", SortRows(list)};
+    case GameMenu:
+      return {"mnuIntGameMenu", GameRows(list)};
+    case HelpMenu:
+      return {"mnuIntHelpMenu", HelpRows(errands)};
+    case GameListPopup:
+      break;
+  }
+  return {"mnuIntGameListPopupMenu", PopupRows(list)};
+}
+
+}  // namespace
+
+std::unique_ptr<QMenu> NewInterfaceMenu(InterfaceMenu menu, GameInterface& list,
+                                        const OtherErrands& errands) {
+  const auto& [name, rows] = NameAndRows(menu, list, errands);
+  auto opened = NewMenu(name, rows);
+  // A tick mustn't refill the list below an open menu.
+  QObject::connect(opened.get(), &QMenu::aboutToShow, [] { Process().TrayMenuOpen = true; });
+  QObject::connect(opened.get(), &QMenu::aboutToHide, [] { Process().TrayMenuOpen = false; });
+  return opened;
+}
+
+}  // namespace ui

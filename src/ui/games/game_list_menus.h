@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The menus of the game list window: File, Sort, Game, Help, and the one that the right mouse
+// button opens on a game.
+#pragma once
+
+#include <QMenu>
+
+#include <functional>
+#include <memory>
+
+namespace ui {
+
+class GameInterface;
+
+/// The menus by their place in `mnuInterfaceMenuBar`.
+enum InterfaceMenu { FileMenu, SortMenu, GameMenu, HelpMenu, GameListPopup };
+
+/// Where entries lead that are no business of the list. Nothing of it may be null.
+struct OtherErrands {
+  std::function<void()> changeAccount;
+  std::function<void()> askAboutHeldMails;
+  std::function<void()> showAbout;
+};
+
+/// As the list can be used just now. The list must outlive the menu.
+std::unique_ptr<QMenu> NewInterfaceMenu(InterfaceMenu menu, GameInterface& list,
+                                        const OtherErrands& errands);
+
+}  // namespace ui

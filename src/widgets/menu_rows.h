@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A menu told as a table. It is made anew each time that it opens, so that its rows say what can be
+// done then.
+#pragma once
+
+#include <QMenu>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace ui {
+
+struct MenuRow {
+  const char* caption;  ///< "-" is a separator
+  std::function<void()> action = {};
+  bool enabled = true;
+  std::optional<bool> checked = {};  ///< one of its neighbours, up to the next separator, is
+};
+
+std::unique_ptr<QMenu> NewMenu(const char* name, const std::vector<MenuRow>& rows);
+
+}  // namespace ui

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "board/load_board.h"
 
+#include <optional>
+
 #include "platform/process_state.h"
 #include "rules/attack.h"
 #include "rules/board_text.h"
@@ -10,10 +12,10 @@ namespace board {
 namespace {
 
 std::string StartBoardOf(std::int32_t gameID) {
-  store::GameRecords games;
-  if (store::SelectGames(games, "Game_ID;" + std::to_string(gameID)) && !games.empty()) {
+  std::optional<store::GameRecord> game;
+  if (store::FindGame(game, gameID) && game) {
     // A blank start board comes out of a mail as ";;;;;;;".
-    const std::string& text = games.front().GAME_START_BOARD;
+    const std::string& text = game->GAME_START_BOARD;
     if (text.find_first_of("0123456789") != std::string::npos) return text;
   }
   return std::string(rules::normalStart);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "board/opening.h"
 
+#include <optional>
+
 #include "board/controls.h"
 #include "board/ends.h"
 #include "board/history.h"
@@ -27,11 +29,10 @@ namespace {
 bool StoreStatus(const Game& game) {
   try {
     const store::DatabaseLock lock;
-    store::GameRecords games;
-    const std::string selection = "Game_ID;" + std::to_string(Process().CurrentGameID);
-    if (!store::SelectGames(games, selection) || games.empty()) return false;
-    games.front().GAME_STATUS = game.GameStatus;
-    return store::SaveGame(games.front(), {});
+    std::optional<store::GameRecord> record;
+    if (!store::FindGame(record, Process().CurrentGameID) || !record) return false;
+    record->GAME_STATUS = game.GameStatus;
+    return store::SaveGame(*record, {});
   } catch (const std::exception&) {
     return false;
   }
@@ -85,9 +86,8 @@ void SetupOptions(Game& game) {
 bool SetMoves(Game& game) {
   const std::int32_t gameID = Process().CurrentGameID;
   store::MoveRecords moves;
-  store::GameRecords games;
-  if (!store::SelectMoves(moves, gameID) ||
-      !store::SelectGames(games, "Game_ID;" + std::to_string(gameID))) {
+  std::optional<store::GameRecord> record;
+  if (!store::SelectMoves(moves, gameID) || !store::FindGame(record, gameID)) {
     platform::ShowMessage(platform::DatabaseIcon, "Database error.",
                           store::WithDamage("A database error has prevented Tarvolenix from "
                                             "creating the move history!||Please try opening this "
@@ -97,17 +97,16 @@ bool SetMoves(Game& game) {
   }
   game.Moves.Fill(std::move(moves));
   game.GameStatus = 0;
-  if (games.empty()) {
+  if (!record) {
     game.PlaysWhite = true;
     game.WhiteName.clear();
     game.BlackName = Process().NewGame.Game_opponents_name;
   } else {
-    const store::GameRecord& record = games.front();
-    game.PlaysWhite = record.GAME_HOST;
-    game.GameStatus = record.GAME_STATUS;
-    game.WhiteName = record.GAME_WHITE_NAME;
-    game.BlackName = record.GAME_BLACK_NAME;
-    Process().ComputerGame = record.GAME_VS_COMPUTER;
+    game.PlaysWhite = record->GAME_HOST;
+    game.GameStatus = record->GAME_STATUS;
+    game.WhiteName = record->GAME_WHITE_NAME;
+    game.BlackName = record->GAME_BLACK_NAME;
+    Process().ComputerGame = record->GAME_VS_COMPUTER;
   }
   ThePosition().SideToMove = game.PlaysWhite ? rules::White : rules::Black;
   game.ViewSide = platform::Settings().DefaultView ? rules::White : ThePosition().SideToMove;
@@ -178,22 +177,22 @@ void SetGameStatus(Game& game) {
 }
 
 void Form_Unload(Game& game) {
-  const platform::ShellHooks& hooks = platform::TheDesktop().hooks;
+  platform::Desktop& desktop = platform::TheDesktop();
+  const platform::ShellHooks& hooks = desktop.hooks;
   game.ClosingDown = true;
   Process().BoardSetupMode = false;
-  platform::CallHook(hooks.closeHelp);
+  desktop.help->CloseHelp();
   if (Process().ShuttingDown) return;
   SetGameStatus(game);
   if (Process().BoardFromGameList) {
-    platform::CallHook(hooks.boardClosed);
+    desktop.windows->BringBackGameList();
   } else if (Process().PendingGames.empty()) {
-    platform::CallHook(hooks.buildTrayGameMenu);
-    platform::CallHook(hooks.closeGameList);
+    desktop.tray->BuildGameMenu();
+    if (platform::Settings().SystrayStartup) desktop.windows->CloseGameList();
   }
-  platform::CallHook(hooks.closeNewGame);
+  desktop.windows->CloseNewGame();
   Process().NewGame = {};
-  platform::SetCheckTimer(true);
-  Process().CheckTimerHeld = false;
+  platform::ReleasePolling();
   platform::CallHook(hooks.updateTrayStatus);
   // Ahead of the notification, which may open the next board.
   Process().BoardOpen = false;

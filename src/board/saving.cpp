@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "board/saving.h"
 
+#include <optional>
+
 #include "board/ends.h"
 #include "mail/move_files.h"
 #include "mail/sending.h"
@@ -87,22 +89,21 @@ Storing StorePendingMove(Game& game) {
   try {
     const store::DatabaseLock lock;
     const std::int32_t gameID = Process().CurrentGameID;
-    store::GameRecords games;
+    std::optional<store::GameRecord> known;
     store::MoveRecords stored;
-    if (!store::SelectGames(games, "Game_ID;" + std::to_string(gameID)) ||
-        !store::SelectMoves(stored, gameID)) {
+    if (!store::FindGame(known, gameID) || !store::SelectMoves(stored, gameID)) {
       return Storing::Failed;
     }
     // Only a new game has no record yet; another one was deleted behind the board's back.
-    const bool isDeleted = games.empty() && gameID >= 1;
+    const bool isDeleted = !known && gameID >= 1;
     if (isDeleted || !Continues(game, stored)) return Storing::GameChanged;
     store::GameRecord record;
-    if (games.empty()) {
+    if (known) {
+      record = *known;
+    } else {
       const auto number = store::NextGameID();
       if (!number) return Storing::Failed;
       FillNewGame(game, record, *number);
-    } else {
-      record = games.front();
     }
     game.GameStatus = StatusOfPendingMove(game);
     record.GAME_STATUS = game.GameStatus;

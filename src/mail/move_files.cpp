@@ -2,6 +2,7 @@
 #include "mail/move_files.h"
 
 #include <exception>
+#include <optional>
 
 #include "mail/judgement.h"
 #include "mail/move_mail.h"
@@ -91,7 +92,7 @@ std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool
   std::vector<MoveArrival> arrivals;
   if (!TakeFiles(paths, userPicks, arrivals)) return arrivals;
   store::BackupDatabase();
-  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  platform::TheDesktop().tray->BuildGameMenu();
   if (userPicks && arrivals.front().ok) {
     platform::ShowMessage(platform::MailIcon, "Game import",
                           "The game has been successfully imported.", "OK", {}, false,
@@ -109,9 +110,8 @@ std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool
 
 /// Nothing where the user picked none.
 std::optional<std::string> PickMoveFile() {
-  const auto& pick = platform::TheDesktop().hooks.pickMoveFile;
   try {
-    return pick ? pick() : std::nullopt;
+    return platform::TheDesktop().windows->PickMoveFile();
   } catch (const std::exception&) {
     return std::nullopt;
   }

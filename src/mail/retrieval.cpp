@@ -220,7 +220,7 @@ std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
   if (ranThrough && showStatus) TellOfMailLeftOut(findings.leftOut);
   if (ranThrough) {
     store::BackupDatabase();
-    platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+    platform::TheDesktop().tray->BuildGameMenu();
   }
   return std::move(findings.arrivals);
 }

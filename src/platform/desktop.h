@@ -19,6 +19,11 @@
 
 namespace platform {
 
+/// What a program has in the place of windows, tray and help that aren't there.
+inline Help noHelp;
+inline Tray noTray;
+inline Windows noWindows;
+
 struct Desktop {
   MAPISession* MSess = nullptr;
   MAPIMessages* MMess = nullptr;
@@ -29,10 +34,10 @@ struct Desktop {
   Clock* clock = nullptr;
   Events* events = nullptr;
   Files* files = nullptr;
-  Help* help = nullptr;
+  Help* help = &noHelp;
   Screen* screen = nullptr;
-  Tray* tray = nullptr;
-  Windows* windows = nullptr;
+  Tray* tray = &noTray;
+  Windows* windows = &noWindows;
   ShellHooks hooks;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The seam to the viewer of the program's help file.
+// The seam to the viewer of the program's help file. The class itself shows nothing.
 #pragma once
 
 namespace platform {
@@ -22,9 +22,9 @@ class Help {
  public:
   virtual ~Help() = default;
 
-  virtual void ShowHelp(int context) = 0;
-  virtual void ShowHelpIndex() = 0;
-  virtual void CloseHelp() = 0;
+  virtual void ShowHelp(int /*context*/) {}
+  virtual void ShowHelpIndex() {}
+  virtual void CloseHelp() {}
 };
 
 }  // namespace platform

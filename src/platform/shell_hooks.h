@@ -1,24 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What mail and board ask of the layers that stand to their right. Shell and windows fill the
+// What mail and board tell the layers that stand to their right. Shell and windows fill the
 // record; a hook that nobody filled does nothing.
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace platform {
 
 struct ShellHooks {
-  std::function<void()> buildTrayGameMenu;  ///< the tray's list of games may have changed
   std::function<void()> updateTrayStatus;   ///< the tray's icon and tip may have changed
   std::function<void()> notifyNewMoves;     ///< deliver what PendingGames holds
-  std::function<void()> boardClosed;        ///< bring back the window that the board replaced
-  std::function<void()> closeGameList;      ///< of a program that lives in the tray
-  std::function<void()> closeNewGame;  ///< the new game dialog, whose texts are no longer needed
-  std::function<void()> closeHelp;
   std::function<void()> checkTimerChanged;  ///< the polling timer was started, stopped or retimed
-  std::function<std::optional<std::string>()> pickMoveFile;  ///< nothing where the user cancelled
   std::function<void()> removeTrayIcon;
   std::function<void()> handedOver;  ///< the start is over: the windows may greet a new user
   std::function<void()> stopped;     ///< all is saved and closed: the event loop may end

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The seam to the desktop's tray. What the user does to the icon comes back as a call of the
-// shell's operations.
+// shell's operations. The class itself is that of a program without a tray.
 #pragma once
 
 #include <string>
@@ -15,7 +15,10 @@ class Tray {
 
   /// `picture` counts from 1 through the icon sets, three pictures each: nothing new, new move, not
   /// connected. The tip has at most 63 characters.
-  virtual void Notify(TrayOperation operation, int picture, const std::string& tip) = 0;
+  virtual void Notify(TrayOperation, int /*picture*/, const std::string& /*tip*/) {}
+
+  /// The list of games in the tray's menu may have changed.
+  virtual void BuildGameMenu() {}
 };
 
 }  // namespace platform

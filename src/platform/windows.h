@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The seam to the program's windows, for the logic that opens, fills and closes them. A window is
 // made on first use and gone when it is closed; opening one that is open does nothing more than
-// show it.
+// show it. The class itself is that of a program without windows.
 #pragma once
 
 #include <cstdint>
@@ -60,45 +60,56 @@ class Windows {
 
   /// Loads the picture that the buttons of all windows share. False where that failed; it was
   /// reported.
-  virtual bool ApplySkinToSystemTray() = 0;
+  virtual bool ApplySkinToSystemTray() { return true; }
 
   /// Loads the chosen chess set and board. False where that failed; it was reported.
-  virtual bool LoadChessGraphics() = 0;
+  virtual bool LoadChessGraphics() { return true; }
 
   /// Shown without waiting, and painted before this returns. It closes itself some seconds after
   /// the start is complete, and then hands over.
-  virtual void ShowSplash() = 0;
-  virtual void CloseSplash() = 0;  ///< at once and without the hand-over
+  virtual void ShowSplash() {}
+  virtual void CloseSplash() {}  ///< at once and without the hand-over
 
   /// Shown without waiting. May raise.
-  virtual void ShowGameList() = 0;
-  virtual void CloseGameList() = 0;
-  virtual void HideGameList() = 0;
+  virtual void ShowGameList() {}
+  virtual void CloseGameList() {}
+  virtual void HideGameList() {}
+
+  /// The board closes that took the place of the list.
+  virtual void BringBackGameList() {}
 
   /// Reads the list of games anew, by the stored sort, where it is open.
-  virtual void FillGameList(std::optional<std::int32_t> selectGame) = 0;
-  virtual std::optional<std::int32_t> SelectedGame() = 0;
+  virtual void FillGameList(std::optional<std::int32_t> /*selectGame*/) {}
+  virtual std::optional<std::int32_t> SelectedGame() { return std::nullopt; }
 
   /// The game list's icon and title, in a program that doesn't live in the tray.
-  virtual void SetGameListFace(int trayPicture, const std::string& caption) = 0;
+  virtual void SetGameListFace(int /*trayPicture*/, const std::string& /*caption*/) {}
 
   /// Makes the board for CurrentGameID and shows it, in front of all others with `toFront`. May
   /// raise.
-  virtual void OpenBoard(bool toFront) = 0;
+  virtual void OpenBoard(bool /*toFront*/) {}
 
   /// The new game dialog, modal. What the user typed; nothing where he cancelled. It stays up as a
   /// backdrop until the board has come, or HideNewGame.
-  virtual std::optional<NewGameFields> AskNewGame() = 0;
-  virtual void HideNewGame() = 0;
+  virtual std::optional<NewGameFields> AskNewGame() { return std::nullopt; }
+  virtual void HideNewGame() {}
+
+  /// Its texts are no longer needed.
+  virtual void CloseNewGame() {}
 
   /// The dialog about a new move, modal and in front.
-  virtual NotifyChoice AskAboutNewMove(const NewMove& move) = 0;
+  virtual NotifyChoice AskAboutNewMove(const NewMove& /*move*/) { return NotifyChoice::Later; }
 
   /// The dialog about a mail that was set aside, modal and in front. Closing it is Later.
-  virtual HeldMailChoice AskAboutHeldMail(const HeldMailQuestion& question) = 0;
+  virtual HeldMailChoice AskAboutHeldMail(const HeldMailQuestion& /*question*/) {
+    return HeldMailChoice::Later;
+  }
+
+  /// The picker for a file to import, modal. The path; nothing where the user cancelled.
+  virtual std::optional<std::string> PickMoveFile() { return std::nullopt; }
 
   /// Closes every open window, in the order of their slots, and forgets them.
-  virtual void CloseAll() = 0;
+  virtual void CloseAll() {}
 };
 
 }  // namespace platform

@@ -140,7 +140,7 @@ void GameListClosed() {
   Process().NewMoveArrived = false;
   const bool livesInTray = platform::Settings().SystrayStartup;
   if (livesInTray) UpdateTrayStatus(platform::TrayOperation::Modify);
-  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  platform::TheDesktop().tray->BuildGameMenu();
   if (!livesInTray) ExitProgram();
 }
 

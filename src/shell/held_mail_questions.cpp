@@ -195,7 +195,7 @@ void AskAboutHeldMails(HeldMails which) {
     ReportFailure();
   }
   if (!broughtMoves || Process().Stopping) return;
-  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  platform::TheDesktop().tray->BuildGameMenu();
   platform::Windows& windows = *platform::TheDesktop().windows;
   if (Process().GameListOpen) windows.FillGameList(windows.SelectedGame());
   UpdateTrayStatus(platform::TrayOperation::Modify);

@@ -14,7 +14,6 @@ void FillHooks() {
   hooks.notifyNewMoves = NotifyNewMoves;
   hooks.skinMissing = QuitForLackOf;
   hooks.removeTrayIcon = RemoveTrayIcon;
-  hooks.closeHelp = [] { platform::TheDesktop().help->CloseHelp(); };
 }
 
 }  // namespace shell

@@ -122,7 +122,7 @@ bool RunStartSequence() {
   if (splash) Windows().ShowSplash();
   mail::LogonAndCollect(false, false, true);
   if (Process().Stopping) return false;
-  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  platform::TheDesktop().tray->BuildGameMenu();
   if (!splash) HandOver();
   if (Process().Stopping) return false;
   Process().StartupComplete = true;
@@ -252,7 +252,7 @@ void TrayHasCome() {
   Mark("TrayMissed", false);
   Windows().SetGameListFace(NothingNew, "Tarvolenix - Game list");
   platform::Settings().SystrayStartup = true;
-  platform::CallHook(platform::TheDesktop().hooks.buildTrayGameMenu);
+  platform::TheDesktop().tray->BuildGameMenu();
   UpdateTrayStatus(TrayOperation::Add);
 }
 

@@ -441,16 +441,6 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void BoardWindow::changeEvent(QEvent* event) {
-  // Another window may have changed the skin.
-  if (event->type() == QEvent::ActivationChange && isActiveWindow() &&
-      std::exchange(platform::Process().RefreshButtonsPending, false)) {
-    toolbar_->RefreshBoardButtons();
-    skinChanged_ = true;
-  }
-  QWidget::changeEvent(event);
-}
-
 void BoardWindow::closeEvent(QCloseEvent* event) {
   if (!open_) return;
   if (takingTurns_) {

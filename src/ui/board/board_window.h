@@ -40,13 +40,11 @@ class BoardWindow final : public QWidget, private board::BoardView {
   bool IsOpen() const { return open_; }
 
   /// Whether the window has taken new button pictures, which other windows lack then.
-  bool SkinChanged() const { return skinChanged_; }
 
   const board::Game& Logic() const { return board_; }
   const BoardPicture& Picture() const { return *picture_; }
 
  protected:
-  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -100,7 +98,6 @@ class BoardWindow final : public QWidget, private board::BoardView {
   bool open_ = false;
   bool takingTurns_ = false;  // the user's move and the computer's are under way
   bool closesAfterTurns_ = false;
-  bool skinChanged_ = false;  // while the window was open
 };
 
 }  // namespace ui

@@ -15,7 +15,7 @@ inline void GiveHelpKey(QDialog& dialog, platform::HelpContext context) {
   QObject::connect(key, &QShortcut::activated, &dialog,
                    [context] { platform::TheDesktop().help->ShowHelp(context); });
   QObject::connect(&dialog, &QDialog::finished, &dialog,
-                   [] { platform::CallHook(platform::TheDesktop().hooks.closeHelp); });
+                   [] { platform::TheDesktop().help->CloseHelp(); });
 }
 
 }  // namespace ui

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "letters/mail_text.h"
+#include "platform/ascii.h"
 #include "platform/desktop.h"
 #include "platform/process_state.h"
 #include "platform/whole_file.h"
@@ -75,7 +76,7 @@ class CardsByAddress {
 
   void Merge(std::size_t place, const Person& person) {
     Person merged = PersonOf(cards_[place]);
-    const bool hasName = !IsSameAddress(merged.name, merged.addresses.front());
+    const bool hasName = !platform::SameWithoutCase(merged.name, merged.addresses.front());
     if (!hasName) merged.name = person.name;
     for (const std::string& address : person.addresses) {
       if (places_.emplace(Folded(address), place).second) merged.addresses.push_back(address);

@@ -3,29 +3,23 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <optional>
 #include <utility>
 
 #include "letters/mail_library.h"
 #include "letters/mail_text.h"
+#include "platform/ascii.h"
 
 namespace contacts {
 namespace {
 
+using platform::SameWithoutCase;
+using platform::Uppered;
 using std::string_view;
 
 constexpr string_view lineEnd = "\r\n";
 constexpr std::size_t longestLine = 75;      // bytes, by the format's rule
 constexpr std::size_t longestAddress = 255;  // of a game's record
-
-char Upper(char c) { return static_cast<char>(std::toupper(static_cast<unsigned char>(c))); }
-
-std::string Upper(string_view text) {
-  std::string upper(text);
-  for (char& c : upper) c = Upper(c);
-  return upper;
-}
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
@@ -35,9 +29,8 @@ string_view Trimmed(string_view text) {
   return text;
 }
 
-bool IsLine(string_view line, string_view upper) {
-  const string_view text = Trimmed(line);
-  return text.size() == upper.size() && Upper(text) == upper;
+bool IsLine(string_view line, string_view content) {
+  return SameWithoutCase(Trimmed(line), content);
 }
 
 std::vector<std::string> SplitLines(string_view file) {
@@ -69,7 +62,7 @@ std::optional<string_view> HeadOf(string_view line) {
 
 bool IsQuotedPrintable(string_view property) {
   const auto head = HeadOf(property);
-  return head && Upper(*head).find("QUOTED-PRINTABLE") != std::string::npos;
+  return head && Uppered(*head).find("QUOTED-PRINTABLE") != std::string::npos;
 }
 
 bool IsFold(string_view line) { return line.empty() || IsBlank(line.front()); }
@@ -98,7 +91,7 @@ std::vector<string_view> Split(string_view text, char separator) {
 }
 
 std::string Decoded(string_view quotedPrintable) {
-  const auto digit = [](char c) { return string_view("0123456789ABCDEF").find(Upper(c)); };
+  const auto digit = [](char c) { return string_view("0123456789ABCDEF").find(Uppered(c)); };
   std::string bytes;
   while (!quotedPrintable.empty()) {
     const char c = quotedPrintable.front();
@@ -145,7 +138,7 @@ Property Understood(string_view text, bool isOldest) {
   const auto ahead = HeadOf(text);
   if (!ahead) return {};
   Property property;
-  property.name = Upper(Trimmed(Split(*ahead, ';')[0]));
+  property.name = Uppered(Trimmed(Split(*ahead, ';')[0]));
   property.name.erase(0, property.name.rfind('.') + 1);  // a group
   constexpr string_view understood[] = {"FN", "N", "NICKNAME", "EMAIL"};
   if (std::find(std::begin(understood), std::end(understood), property.name) ==
@@ -157,7 +150,7 @@ Property Understood(string_view text, bool isOldest) {
   property.value = line.substr(head.size() + 1);
   std::string charset = "utf-8";
   for (const string_view part : Split(head, ';')) {
-    if (Upper(part).starts_with("CHARSET=")) charset = part.substr(part.find('=') + 1);
+    if (Uppered(part).starts_with("CHARSET=")) charset = part.substr(part.find('=') + 1);
   }
   if (IsQuotedPrintable(line)) property.value = Decoded(property.value);
   property.value =
@@ -200,7 +193,7 @@ std::string NameOfParts(string_view value) {
 
 std::string Address(string_view value) {
   std::string address = Unescaped(value);
-  if (Upper(address).starts_with("MAILTO:")) address.erase(0, 7);
+  if (Uppered(address).starts_with("MAILTO:")) address.erase(0, 7);
   return address;
 }
 
@@ -249,8 +242,6 @@ bool IsUsableAddress(string_view address) {
   return letters::IsMailAddress(address) && address.size() <= longestAddress;
 }
 
-bool IsSameAddress(string_view one, string_view other) { return Upper(one) == Upper(other); }
-
 VCards ReadVCards(string_view file) {
   VCards read;
   std::optional<VCard> open;
@@ -291,7 +282,7 @@ platform::Person PersonOf(const VCard& card) {
     const std::string address = Address(value);
     const bool repeats =
         std::any_of(person.addresses.begin(), person.addresses.end(),
-                    [&](const std::string& other) { return IsSameAddress(other, address); });
+                    [&](const std::string& other) { return SameWithoutCase(other, address); });
     if (!repeats && IsUsableAddress(address)) person.addresses.push_back(address);
   }
   if (person.name.empty() && !person.addresses.empty()) person.name = person.addresses.front();
@@ -329,7 +320,7 @@ VCard WithPerson(VCard card, const platform::Person& person) {
     }
   }
   names.insert(names.end(), addresses.begin(), addresses.end());
-  const bool hasVersion = !others.empty() && Upper(others.front()).starts_with("VERSION");
+  const bool hasVersion = !others.empty() && Uppered(others.front()).starts_with("VERSION");
   others.insert(others.begin() + (hasVersion ? 1 : 0), names.begin(), names.end());
   return {std::move(others)};
 }

@@ -32,8 +32,9 @@ VCards ReadVCards(std::string_view file);
 
 std::string WriteVCards(const std::vector<VCard>& cards);
 
-/// The name and the addresses that can be used, in the order of the card and without repetition.
-/// Without a name he is called by the first address.
+/// The name and the addresses that can be used, in the order of the card and without repetition,
+/// whatever their case: nobody gives two people addresses that differ by nothing else. Without a
+/// name he is called by the first address.
 platform::Person PersonOf(const VCard& card);
 
 VCard NewVCard(const platform::Person& person);
@@ -44,8 +45,5 @@ VCard WithPerson(VCard card, const platform::Person& person);
 
 /// What fits into a mail's header and a game's record.
 bool IsUsableAddress(std::string_view address);
-
-/// Two spellings of one address. Nobody gives two people addresses that differ by case only.
-bool IsSameAddress(std::string_view one, std::string_view other);
 
 }  // namespace contacts

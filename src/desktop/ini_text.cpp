@@ -6,6 +6,9 @@
 #include <charconv>
 #include <utility>
 
+#include "platform/ascii.h"
+#include "platform/utf8.h"
+
 namespace desktop {
 namespace {
 
@@ -28,17 +31,9 @@ std::string Hex(char c) {
   return {digits, end};
 }
 
-void AppendUtf8(std::string& text, unsigned code) {
+void AppendCharacter(std::string& text, unsigned code) {
   const bool isCharacter = code <= 0xFFFF && (code < 0xD800 || code > 0xDFFF);
-  if (!isCharacter) code = 0xFFFD;
-  const auto continued = [](unsigned bits) { return static_cast<char>(0x80 | (bits & 0x3F)); };
-  if (code < 0x80) {
-    text += static_cast<char>(code);
-  } else if (code < 0x800) {
-    text += {static_cast<char>(0xC0 | code >> 6), continued(code)};
-  } else {
-    text += {static_cast<char>(0xE0 | code >> 12), continued(code >> 6), continued(code)};
-  }
+  platform::AppendUtf8(text, isCharacter ? code : platform::replacementCharacter);
 }
 
 bool IsPlain(char c) {
@@ -65,7 +60,7 @@ std::string PlainName(std::string_view written) {
     const char* digits = written.data() + 1;
     if (written.front() == '%' && written.size() > 2 &&
         std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
-      AppendUtf8(plain, code);
+      AppendCharacter(plain, code);
       written.remove_prefix(3);
     } else {
       plain += written.front();
@@ -75,10 +70,7 @@ std::string PlainName(std::string_view written) {
   return plain;
 }
 
-bool IsGeneral(std::string_view name) {
-  return std::ranges::equal(name, std::string_view("general"), {},
-                            [](unsigned char c) { return std::tolower(c); });
-}
+bool IsGeneral(std::string_view name) { return platform::SameWithoutCase(name, "general"); }
 
 std::string WrittenSection(const std::string& group) {
   if (group.empty()) return "[General]";
@@ -161,7 +153,7 @@ class ValueReader {
     const char* begin = rest_.data();
     const char* end = std::from_chars(begin, begin + rest_.size(), code, base).ptr;
     if (end == begin) return false;
-    AppendUtf8(part_, code);
+    AppendCharacter(part_, code);
     rest_.remove_prefix(static_cast<std::size_t>(end - begin));
     return true;
   }

@@ -7,7 +7,9 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/ascii.h"
 #include "platform/text_fields.h"
+#include "platform/utf8.h"
 
 namespace letters {
 namespace {
@@ -46,15 +48,8 @@ bool IsBlank(char c) { return blanks.find(c) != std::string_view::npos; }
 
 std::string Utf8Of(unsigned code) {
   if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return {};
-  if (code < 0x80) return {static_cast<char>(code)};
   std::string bytes;
-  int shift = code < 0x800 ? 6 : code < 0x10000 ? 12 : 18;
-  const unsigned lead = shift == 6 ? 0xC0 : shift == 12 ? 0xE0 : 0xF0;
-  bytes += static_cast<char>(lead | (code >> shift));
-  while (shift > 0) {
-    shift -= 6;
-    bytes += static_cast<char>(0x80 | ((code >> shift) & 0x3F));
-  }
+  platform::AppendUtf8(bytes, code);
   return bytes;
 }
 
@@ -84,10 +79,7 @@ struct HtmlWalk {
   std::string text;
   bool preformatted = false;
 
-  explicit HtmlWalk(std::string_view html) : rest(html), lowered(html) {
-    std::transform(lowered.begin(), lowered.end(), lowered.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  }
+  explicit HtmlWalk(std::string_view html) : rest(html), lowered(platform::Lowered(html)) {}
 
   std::string_view LoweredRest() const {
     return std::string_view(lowered).substr(lowered.size() - rest.size());

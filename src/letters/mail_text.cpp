@@ -5,6 +5,7 @@
 
 #include "letters/mail_library.h"
 #include "letters/mime_text.h"
+#include "platform/ascii.h"
 
 namespace letters {
 namespace {
@@ -13,26 +14,22 @@ using platform::MailError;
 
 const vmime::charset utf8(vmime::charsets::UTF_8);
 
-char Lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
-
 std::string HeaderSubject(const vmime::header& header) {
   const auto value = FieldValue<vmime::text>(header, vmime::fields::SUBJECT);
   return value ? ToUtf8(*value) : std::string{};
 }
 
-bool IsField(std::string_view line, std::string_view loweredName) {
-  const std::string_view name = line.substr(0, line.find_first_of(": \t"));
-  return std::equal(name.begin(), name.end(), loweredName.begin(), loweredName.end(),
-                    [](char a, char b) { return Lowered(a) == b; });
+bool IsField(std::string_view line, std::string_view name) {
+  return platform::SameWithoutCase(line.substr(0, line.find_first_of(": \t")), name);
 }
 
 /// The first field of that name as it stands in a header; empty where there is none.
-std::string_view RawField(std::string_view header, std::string_view loweredName) {
+std::string_view RawField(std::string_view header, std::string_view name) {
   for (std::size_t at = 0, end = 0; at < header.size(); at = end) {
     do {
       end = std::min(header.find('\n', end), header.size() - 1) + 1;
     } while (end < header.size() && (header[end] == ' ' || header[end] == '\t'));
-    if (IsField(header.substr(at), loweredName)) return header.substr(at, end - at);
+    if (IsField(header.substr(at), name)) return header.substr(at, end - at);
   }
   return {};
 }
@@ -62,9 +59,8 @@ Mailbox HeaderSender(const vmime::header& header, std::string_view bytes) {
 bool IsMachinesAnswer(const MimePart& mail) {
   const auto type = FieldValue<vmime::mediaType>(mail.header, vmime::fields::CONTENT_TYPE);
   if (type && *type == vmime::mediaType("multipart/report")) return true;
-  std::string field(RawField(mail.headerBytes, "auto-submitted"));
-  std::transform(field.begin(), field.end(), field.begin(), Lowered);
-  return field.find("auto-replied") != std::string::npos;
+  const std::string_view field = RawField(mail.headerBytes, "auto-submitted");
+  return platform::Lowered(field).find("auto-replied") != std::string::npos;
 }
 
 /// How many bytes the reserved character takes with which `text` begins; 0 for any other character.

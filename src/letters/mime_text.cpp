@@ -9,6 +9,7 @@
 #include "letters/html_text.h"
 #include "letters/mail_library.h"
 #include "letters/text_repair.h"
+#include "platform/ascii.h"
 
 namespace letters {
 namespace {
@@ -43,10 +44,7 @@ std::string Decoded(const MimePart& part) {
 
 bool Says(const contentTypeField& type, const char* parameter, std::string_view value) {
   const auto found = type.findParameter(parameter);
-  if (!found) return false;
-  const std::string& said = found->getValue().getBuffer();
-  return std::equal(said.begin(), said.end(), value.begin(), value.end(),
-                    [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + 32 : a) == b; });
+  return found && platform::SameWithoutCase(found->getValue().getBuffer(), value);
 }
 
 std::string LeafText(const MimePart& part) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/conversions.h"
 
-#include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <chrono>
 #include <cmath>
 #include <limits>
+
+#include "platform/ascii.h"
 
 namespace platform {
 namespace {
@@ -28,12 +28,6 @@ std::optional<Integer> ToInteger(std::string_view text) {
     return std::nullopt;
   }
   return static_cast<Integer>(rounded);
-}
-
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-    return std::tolower(x) == std::tolower(y);
-  });
 }
 
 std::optional<int> ToDigits(std::string_view text) {
@@ -70,8 +64,8 @@ std::optional<std::int16_t> ToInteger16(std::string_view text) {
 }
 
 std::optional<bool> ToBoolean(std::string_view text) {
-  if (EqualsIgnoringCase(text, "true")) return true;
-  if (EqualsIgnoringCase(text, "false")) return false;
+  if (SameWithoutCase(text, "true")) return true;
+  if (SameWithoutCase(text, "false")) return false;
   const auto number = ToNumber(text);
   if (!number) return std::nullopt;
   return *number != 0;

@@ -3,9 +3,10 @@
 // one of this machine's users.
 #pragma once
 
-#include <algorithm>
 #include <string>
 #include <string_view>
+
+#include "platform/ascii.h"
 
 namespace platform {
 
@@ -13,10 +14,8 @@ namespace platform {
 inline std::string ComparableAddress(std::string_view address) {
   const auto first = address.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
-  std::string text(address.substr(first, address.find_last_not_of(' ') - first + 1));
-  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
+  const std::string text =
+      Lowered(address.substr(first, address.find_last_not_of(' ') - first + 1));
   return text.find('@') == std::string::npos ? text + "@localhost" : text;
 }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/process_state.h"
 
-#include <algorithm>
 #include <utility>
+
+#include "platform/ascii.h"
 
 namespace platform {
 namespace {
@@ -34,10 +35,7 @@ void SetupGlobalVariables(std::string programFolder, std::string commandLine) {
   if (!programFolder.ends_with('/')) programFolder += '/';
   state.DataPath = programFolder + "Data/";
   state.ProgramFolder = std::move(programFolder);
-  // In the letters A to Z alone: in some locales the small letter of I isn't i.
-  std::transform(commandLine.begin(), commandLine.end(), commandLine.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
+  commandLine = Lowered(commandLine);
   for (const Option& option : options) {
     if (commandLine.find(option.text) != std::string::npos) state.*option.flag = option.value;
   }

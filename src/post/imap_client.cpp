@@ -9,9 +9,12 @@
 #include <utility>
 
 #include "letters/mail_text.h"
+#include "platform/ascii.h"
 
 namespace post {
 namespace {
+
+using platform::SameWithoutCase;
 
 /// The bytes that one command may bring. Who asks for mails asks for much less at a time.
 constexpr std::size_t greatestAnswer = 32u << 20;
@@ -51,7 +54,7 @@ std::string Quoted(std::string_view name) {
 /// What stands behind `name` in the items of a FETCH; null where it doesn't.
 const ImapValue* Behind(const std::vector<ImapValue>& items, std::string_view name) {
   for (std::size_t i = 0; i + 1 < items.size(); i += 2) {
-    if (SameWord(std::string_view(items[i].text).substr(0, name.size()), name)) {
+    if (SameWithoutCase(std::string_view(items[i].text).substr(0, name.size()), name)) {
       return &items[i + 1];
     }
   }
@@ -156,8 +159,9 @@ void ImapClient::Authenticate(const std::string& mechanism, const std::string& c
 }
 
 bool ImapClient::Can(std::string_view capability) const {
-  return std::any_of(capabilities_.begin(), capabilities_.end(),
-                     [capability](const std::string& own) { return SameWord(own, capability); });
+  return std::any_of(
+      capabilities_.begin(), capabilities_.end(),
+      [capability](const std::string& own) { return SameWithoutCase(own, capability); });
 }
 
 void ImapClient::Command(const std::string& text, const Listener& listen) {
@@ -173,10 +177,10 @@ void ImapClient::AwaitEnd(const std::string& tag, const Listener& listen) {
     const std::string_view line = response.line;
     if (line.starts_with(tag + ' ')) {
       const std::string_view answer = line.substr(tag.size() + 1);
-      if (SameWord(answer.substr(0, 2), "OK")) return;
+      if (SameWithoutCase(answer.substr(0, 2), "OK")) return;
       throw Refusal(answer);
     }
-    if (SameWord(line.substr(0, 5), "* BYE")) {
+    if (SameWithoutCase(line.substr(0, 5), "* BYE")) {
       throw ConnectionLost("The mail server has said goodbye.");
     }
     if (!line.starts_with("* ") && !line.starts_with('+')) {
@@ -203,7 +207,7 @@ Uid ImapClient::SelectInbox() {
   Command("SELECT INBOX", [&validity](const ImapResponse& response) {
     constexpr std::string_view code = "* OK [UIDVALIDITY ";
     const std::string_view line = response.line;
-    if (SameWord(line.substr(0, code.size()), code)) {
+    if (SameWithoutCase(line.substr(0, code.size()), code)) {
       validity = NumberIn<Uid>(line.substr(code.size()));
     }
     return false;
@@ -219,7 +223,8 @@ std::vector<Uid> ImapClient::Search(const std::string& criteria) {
   searched_ = criteria;  // unless the server tells of a change meanwhile
   Command("UID SEARCH " + criteria, [&uids](const ImapResponse& response) {
     constexpr std::string_view start = "* SEARCH";
-    if (!SameWord(std::string_view(response.line).substr(0, start.size()), start)) return false;
+    if (!SameWithoutCase(std::string_view(response.line).substr(0, start.size()), start))
+      return false;
     AddNumbers(std::string_view(response.line).substr(start.size()), uids);
     return true;
   });

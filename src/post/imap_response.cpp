@@ -6,13 +6,13 @@
 #include <optional>
 #include <utility>
 
+#include "platform/ascii.h"
+
 namespace post {
 namespace {
 
 constexpr int greatestDepth = 16;
 constexpr int greatestCount = 100000;
-
-char Lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
 /// The size in a line's "{n}" or "{n+}" at its end.
 std::optional<std::size_t> LiteralSize(std::string_view line) {
@@ -105,13 +105,8 @@ class ValueReader {
 
 }  // namespace
 
-bool SameWord(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Lowered(x) == Lowered(y); });
-}
-
 bool ImapValue::Is(std::string_view word) const {
-  return kind == Kind::Word && SameWord(text, word);
+  return kind == Kind::Word && platform::SameWithoutCase(text, word);
 }
 
 std::vector<ImapValue> ImapResponse::Values() const { return ValueReader(*this).Items(0); }

@@ -34,7 +34,4 @@ struct ImapResponse {
 /// The next response. Raises ConnectionLost for a literal of a size that nobody asked for, too.
 ImapResponse ReadImapResponse(ServerLink& link);
 
-/// Whether two texts are the same but for the case of ASCII letters.
-bool SameWord(std::string_view a, std::string_view b);
-
 }  // namespace post

@@ -2,7 +2,8 @@
 #include "post/known_providers.h"
 
 #include <algorithm>
-#include <cctype>
+
+#include "platform/ascii.h"
 
 namespace post {
 namespace {
@@ -154,16 +155,10 @@ constexpr Provider providers[] = {
 
 std::string_view SecurityAt(int port) { return port == 993 || port == 465 ? "Tls" : "StartTls"; }
 
-std::string LowerCase(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return lower;
-}
-
 /// What stands behind the last "@", in lower case; blank where nothing does.
 std::string DomainOf(std::string_view address) {
   const auto at = address.rfind('@');
-  return at == std::string_view::npos ? std::string{} : LowerCase(address.substr(at + 1));
+  return at == std::string_view::npos ? std::string{} : platform::Lowered(address.substr(at + 1));
 }
 
 bool Fits(std::string_view domain, std::string_view pattern) {
@@ -220,7 +215,7 @@ bool HasGuessedServers(const MailAccount& account) {
 }
 
 std::string_view PasswordAdvice(std::string_view imapHost) {
-  const std::string host = LowerCase(imapHost);
+  const std::string host = platform::Lowered(imapHost);
   for (const Provider& provider : providers) {
     if (host == provider.imap.host) return provider.advice;
   }

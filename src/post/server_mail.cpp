@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "letters/mail_text.h"
+#include "platform/ascii.h"
 #include "post/smtp.h"
 #include "post/token_command.h"
 
@@ -79,7 +80,7 @@ std::optional<std::string> SentFolder(const std::vector<ImapClient::Folder>& fol
   }
   for (const std::string_view name : sentNames) {
     for (const auto& folder : folders) {
-      if (SameWord(folder.leaf, name)) return folder.name;
+      if (platform::SameWithoutCase(folder.leaf, name)) return folder.name;
     }
   }
   return std::nullopt;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "mail/mail_session.h"
+#include "platform/ascii.h"
 #include "platform/busy_pointer.h"
 #include "platform/desktop.h"
 #include "platform/messages.h"
@@ -17,7 +18,6 @@
 #include "shell/shut_down.h"
 #include "shell/tray_status.h"
 #include "store/queries.h"
-#include "store/query_words.h"
 #include "store/repair.h"
 #include "store/saving.h"
 
@@ -74,7 +74,7 @@ std::optional<platform::Date> DayOfGame(const std::string& storedDate) {
   return platform::ToDate(day + "/" + month + "/" + year);
 }
 
-bool IsDescending(const std::string& order) { return store::UpperCase(order) == "DESC"; }
+bool IsDescending(const std::string& order) { return platform::SameWithoutCase(order, "DESC"); }
 
 GameList ReadGameList(std::int16_t& column, std::string& order,
                       std::optional<std::int32_t> selectGame) {

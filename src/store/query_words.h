@@ -17,9 +17,6 @@ struct WordPair {
 /// is then empty) or none: half the number of words is rounded, a half to the even neighbour.
 std::vector<WordPair> WordPairs(std::string_view text);
 
-/// Upper case in the letters A to Z, whatever the locale.
-std::string UpperCase(std::string_view text);
-
 /// Tells of a key that a query doesn't know, which no query of the program has.
 void ReportUnknownKey(const std::string& message, const std::string& key);
 

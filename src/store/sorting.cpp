@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ascii.h"
 #include "platform/conversions.h"
 #include "store/queries.h"
 #include "store/query_words.h"
@@ -66,7 +67,7 @@ SortSteps StepsOf(std::string_view sort) {
         std::find_if(std::begin(sortableKeys), std::end(sortableKeys),
                      [&](const SortableKey& sortable) { return sortable.key == pair.key; });
     const Compare compare = known == std::end(sortableKeys) ? nullptr : known->compare;
-    steps.push_back({std::move(pair.key), compare, UpperCase(pair.value)});
+    steps.push_back({std::move(pair.key), compare, platform::Uppered(pair.value)});
   }
   return steps;
 }

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A picture file that somebody else made: missing, cut off or absurdly large ones are refused
-// before they cost memory, and what is read is whole.
+// A picture file that somebody else made: missing, unreadable and absurdly large ones are refused.
 #pragma once
 
-#include <QBuffer>
-#include <QByteArray>
+#include <QFile>
 #include <QImage>
 #include <QImageReader>
 
@@ -26,8 +24,7 @@ class PictureFile {
   QImageReader& Reader() { return reader_; }
 
  private:
-  QByteArray bytes_;
-  QBuffer buffer_;
+  QFile file_;
   QImageReader reader_;
 };
 

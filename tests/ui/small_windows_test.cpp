@@ -13,7 +13,6 @@
 #include "ui/program/about_box.h"
 #include "ui/program/credits.h"
 #include "ui/program/splash_screen.h"
-#include "widgets/rising_text.h"
 
 namespace ui {
 namespace {
@@ -48,7 +47,6 @@ using NotifyFormTest = SkinTest;
 using HeldMailFormTest = SkinTest;
 using SplashScreenTest = SkinTest;
 using AboutBoxTest = SkinTest;
-using CreditsTest = SkinTest;
 using WelcomeTest = SkinTest;
 
 TEST_F(NotifyFormTest, Choices) {
@@ -259,36 +257,6 @@ TEST_F(AboutBoxTest, TellsTheVersionAndLeadsToTheCredits) {
     Click(u"OkButton"_s)(about);
     EXPECT_FALSE(about.isVisible());
   }
-}
-
-TEST_F(CreditsTest, RiseForEverUntilTheReaderStopsThem) {
-  Credits credits;
-  credits.show();
-  auto& text = *credits.findChild<RisingText*>();
-  const int start = text.Offset();
-  text.Rise();
-  EXPECT_EQ(text.Offset(), start + 1);
-  int lowest = start;
-  for (int i = 0; i < 5000; ++i) {
-    text.Rise();
-    lowest = std::min(lowest, text.Offset());
-  }
-  EXPECT_LT(lowest, start) << "never came up again from below";
-
-  QTest::keyClick(&text, Qt::Key_Space);
-  const int stopped = text.Offset();
-  text.Rise();
-  EXPECT_EQ(text.Offset(), stopped);
-  QTest::keyClick(&text, Qt::Key_Home);
-  EXPECT_EQ(text.Offset(), 0);
-  QTest::keyClick(&text, Qt::Key_Down);
-  EXPECT_GT(text.Offset(), 0);
-  QTest::keyClick(&text, Qt::Key_Space);
-  const int resumed = text.Offset();
-  text.Rise();
-  EXPECT_EQ(text.Offset(), resumed + 1);
-  QTest::keyClick(&text, Qt::Key_Escape);
-  EXPECT_FALSE(credits.isVisible());
 }
 
 TEST_F(WelcomeTest, EachWayIsOneClick) {

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Who and what has a part in the program, in lines that rise.
+// Who and what has a part in the program, in lines that rise slowly, again and again.
 #pragma once
 
 #include <QDialog>
 
 class QAbstractButton;
+class QScrollArea;
 
 namespace ui {
-
-class RisingText;
 
 class Credits : public QDialog {
   Q_OBJECT
@@ -16,10 +15,14 @@ class Credits : public QDialog {
  public:
   explicit Credits(QWidget* parent = nullptr);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void SetSimpleUI();
+  void Rise();
 
-  RisingText* text_;
+  QScrollArea* page_;
   QAbstractButton* ok_;
 };
 

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QCommandLinkButton>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -17,7 +18,6 @@
 #include "skin/program_pictures.h"
 #include "ui/help/help_key.h"
 #include "widgets/shown_text.h"
-#include "widgets/way_button.h"
 
 namespace ui {
 
@@ -26,6 +26,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize bannerSize(560, 168);
+constexpr int pictureSize = 40;
+
+/// The style draws such a button as bare text until it is pointed at.
+constexpr const char* cardStyle =
+    "QCommandLinkButton { background: palette(base); border: 1px solid palette(mid); "
+    "border-radius: 6px; }"
+    "QCommandLinkButton:hover { background: palette(alternate-base); }"
+    "QCommandLinkButton:focus { border: 2px solid palette(highlight); }";
 
 /// The middle of the start picture, without the line round it.
 class Banner : public QWidget {
@@ -122,7 +130,10 @@ QWidget* Welcome::NewPage() {
 
 QWidget* Welcome::NewWay(const char* name, const char* title, const char* text,
                          const QIcon& picture, std::function<void()> way) {
-  auto* button = new WayButton(picture, QLatin1StringView(title), QLatin1StringView(text));
+  auto* button = new QCommandLinkButton(QLatin1StringView(title), QLatin1StringView(text));
+  button->setIcon(picture);
+  button->setStyleSheet(QLatin1StringView(cardStyle));
+  button->setIconSize({pictureSize, pictureSize});
   button->setObjectName(QLatin1StringView(name));
   connect(button, &QAbstractButton::clicked, this, [this, way = std::move(way)] {
     accept();

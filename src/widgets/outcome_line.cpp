@@ -3,8 +3,6 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
-#include <QPainterPath>
 #include <QProgressBar>
 
 #include "widgets/plain_text_view.h"
@@ -22,27 +20,6 @@ bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).li
 
 QColor Green(const QPalette& palette) { return IsDark(palette) ? 0x6fcf7f : 0x1a6b2f; }
 QColor Red(const QPalette& palette) { return IsDark(palette) ? 0xff8a80 : 0xb3201a; }
-
-/// A filled circle with a tick or a cross in it, on a grid of 20 by 20.
-QPixmap Sign(bool success, const QColor& colour, const QColor& ground, qreal ratio) {
-  QPixmap picture(QSize(signSize, signSize) * ratio);
-  picture.setDevicePixelRatio(ratio);
-  picture.fill(Qt::transparent);
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(colour);
-  painter.drawEllipse(QRectF(1, 1, 18, 18));
-  painter.setPen(QPen(ground, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.setBrush(Qt::NoBrush);
-  if (success) {
-    painter.drawPolyline(QPolygonF({{5.8, 10.4}, {8.8, 13.4}, {14.2, 7}}));
-  } else {
-    painter.drawLine(QPointF(6.8, 6.8), QPointF(13.2, 13.2));
-    painter.drawLine(QPointF(13.2, 6.8), QPointF(6.8, 13.2));
-  }
-  return picture;
-}
 
 }  // namespace
 
@@ -81,20 +58,20 @@ void OutcomeLine::ShowBusy(const QString& text) {
   busy_->show();
 }
 
-void OutcomeLine::ShowSuccess(const QString& text) {
-  const QColor green = Green(palette());
-  ShowRemark({});
-  sign_->setPixmap(Sign(true, green, palette().color(QPalette::Window), devicePixelRatioF()));
+void OutcomeLine::ShowSigned(QStyle::StandardPixmap sign, const QString& text,
+                             const QColor& colour) {
+  busy_->hide();
+  sign_->setPixmap(style()->standardIcon(sign).pixmap(signSize));
   sign_->show();
-  Show(text, green);
+  Show(text, colour);
+}
+
+void OutcomeLine::ShowSuccess(const QString& text) {
+  ShowSigned(QStyle::SP_DialogApplyButton, text, Green(palette()));
 }
 
 void OutcomeLine::ShowFailure(const QString& text) {
-  const QColor red = Red(palette());
-  ShowRemark({});
-  sign_->setPixmap(Sign(false, red, palette().color(QPalette::Window), devicePixelRatioF()));
-  sign_->show();
-  Show(text, red);
+  ShowSigned(QStyle::SP_DialogCancelButton, text, Red(palette()));
 }
 
 }  // namespace ui

@@ -3,6 +3,7 @@
 // and failure differ in sign and colour. The text can be selected and copied.
 #pragma once
 
+#include <QStyle>
 #include <QWidget>
 
 class QLabel;
@@ -26,6 +27,7 @@ class OutcomeLine : public QWidget {
 
  private:
   void Show(const QString& text, const QColor& colour);
+  void ShowSigned(QStyle::StandardPixmap sign, const QString& text, const QColor& colour);
 
   QLabel* sign_;
   QProgressBar* busy_;

@@ -51,23 +51,11 @@ void WashOver(QImage& face, QColor colour) {
   painter.fillRect(face.rect(), colour);
 }
 
-SystemButton* Find(QWidget& window, const QString& name) {
-  return window.findChild<SystemButton*>(name);
-}
-
 }  // namespace
 
 QImage& ButtonImages() {
   static QImage strip;
   return strip;
-}
-
-void SystemButton::Draw(bool down, const QString& caption, bool hidden) {
-  setVisible(!hidden);
-  if (hidden) return;
-  setText(caption);
-  setDown(down);
-  raise();
 }
 
 void SystemButton::PaintButton(QPainter& painter, const QRect& button) {
@@ -95,16 +83,8 @@ void SystemButton::PaintCaption(QPainter& painter, const QRect& button) const {
   }
 }
 
-void DrawButtonDown(QWidget& window, const QString& name, const QString& caption, bool hidden) {
-  if (auto* button = Find(window, name)) button->Draw(true, caption, hidden);
-}
-
-void DrawButtonUp(QWidget& window, const QString& name, const QString& caption, bool hidden) {
-  if (auto* button = Find(window, name)) button->Draw(false, caption, hidden);
-}
-
 void SetButtonEnabled(QWidget& window, const QString& name, bool enabled) {
-  if (auto* button = Find(window, name)) button->setEnabled(enabled);
+  if (auto* button = window.findChild<SystemButton*>(name)) button->setEnabled(enabled);
 }
 
 }  // namespace ui

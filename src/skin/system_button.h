@@ -16,8 +16,6 @@ class SystemButton : public SkinButton {
  public:
   using SkinButton::SkinButton;
 
-  void Draw(bool down, const QString& caption, bool hidden);
-
  protected:
   void PaintButton(QPainter& painter, const QRect& button) override;
 
@@ -25,13 +23,7 @@ class SystemButton : public SkinButton {
   void PaintCaption(QPainter& painter, const QRect& button) const;
 };
 
-/// Set the button of that name in a window to its state. With `hidden` they only hide it.
-void DrawButtonDown(QWidget& window, const QString& name, const QString& caption,
-                    bool hidden = false);
-void DrawButtonUp(QWidget& window, const QString& name, const QString& caption,
-                  bool hidden = false);
-
-/// The caption's colour, and whether the face answers the mouse.
+/// Of the button of that name: the caption's colour, and whether the face answers the mouse.
 void SetButtonEnabled(QWidget& window, const QString& name, bool enabled);
 
 }  // namespace ui

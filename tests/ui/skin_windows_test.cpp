@@ -325,15 +325,7 @@ TEST_F(SkinnedWindowsTest, ASystemButtonShowsItsStateAndAnswersMouseAndKeyboard)
   QObject::connect(&button, &QAbstractButton::clicked, [&] { ++clicks; });
   const QPoint place = face - button.pos();
 
-  DrawButtonDown(*form, u"CancelButton"_s, u"Not"_s);
-  EXPECT_EQ(button.text(), u"Not"_s);
-  EXPECT_EQ(SeenAt(*form, face), down);
-  DrawButtonUp(*form, u"CancelButton"_s, u"No"_s);
   EXPECT_EQ(SeenAt(*form, face), up);
-  DrawButtonDown(*form, u"CancelButton"_s, {}, true);
-  EXPECT_FALSE(button.isVisible());
-  DrawButtonUp(*form, u"CancelButton"_s, u"No"_s);
-
   QTest::mousePress(&button, Qt::LeftButton, {}, place);
   EXPECT_EQ(SeenAt(*form, face), down);
   QTest::mouseRelease(&button, Qt::LeftButton, {}, place);

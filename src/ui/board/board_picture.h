@@ -41,7 +41,6 @@ class BoardPicture : public QWidget {
 
   void ShowDots(const std::vector<rules::Square>& dots);
   void ShowCoordinates(bool visible);
-  bool CoordinatesVisible() const { return coordinates_; }
   void ShowSelection(std::optional<rules::Square> square);
 
   /// The square that the keyboard works on. Its ring shows while the board has the focus and the

@@ -20,8 +20,8 @@ std::string AsSentence(std::string text) {
 std::string InPlainWords(const std::exception& failure, const MailAccount& account) {
   std::string sentence = AsSentence(letters::WithoutReserved(failure.what()));
   const bool isRefusal = dynamic_cast<const LoginRefused*>(&failure) != nullptr;
-  const std::string_view advice = isRefusal ? PasswordAdvice(account.ImapHost) : "";
-  if (!advice.empty()) sentence.append(" ").append(advice);
+  const std::string advice = isRefusal ? PasswordAdvice(account.ImapHost) : "";
+  if (!advice.empty()) sentence += " " + advice;
   return sentence;
 }
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The servers of the common mail providers, so that most people need to know their address only.
+// They stand in "providers.ini" beside the program, where anybody can mend them.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "post/mail_account.h"
@@ -20,6 +22,6 @@ bool HasGuessedServers(const MailAccount& account);
 
 /// A sentence for somebody whose right password was refused: that this provider wants a password of
 /// its own for programs, or IMAP switched on first, and where. Blank where nothing is known.
-std::string_view PasswordAdvice(std::string_view imapHost);
+std::string PasswordAdvice(std::string_view imapHost);
 
 }  // namespace post

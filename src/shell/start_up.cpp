@@ -221,9 +221,6 @@ void CheckFirstRun() {
       "again.",
       "OK", {}, false, platform::AttentionSound);
   if (Process().Stopping) return;  // he may not have read it
-  if (platform::IsEmptyValue(platform::ReadRegistry(productSection, "DisplaySplash"))) {
-    platform::CreateRegistryKey(productSection);
-  }
   Mark("RunBefore", true);
 }
 

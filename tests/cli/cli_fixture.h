@@ -5,17 +5,17 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 
-#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <set>
 #include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "fakes/temporary_folder.h"
 
 namespace cli {
 
@@ -26,17 +26,6 @@ struct Answer {
   std::string out;
   std::string err;
 };
-
-inline std::string Slurp(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-inline void Spill(const fs::path& path, const std::string& text) {
-  std::ofstream(path, std::ios::binary) << text;
-}
 
 inline std::string ShellQuoted(const std::string& text) {
   std::string quoted = "'";
@@ -70,31 +59,28 @@ inline std::string Between(const std::string& text, const std::string& from,
 class CliTest : public testing::Test {
  protected:
   CliTest() {
-    std::string name = (fs::temp_directory_path() / "tarvolenix-cli-XXXXXX").string();
-    root_ = mkdtemp(name.data());
     for (const std::string player : {"anna", "bob"}) {
-      fs::create_directories(root_ / player / "Data");
-      Spill(root_ / player / "Tarvolenix.conf",
-            "[Mail]\nMailKind=Post\nMyName=" + player + "\nMyAddress=" + player +
-                "@example.org\nPostFolder=" + (root_ / "post").string() + "/\n");
+      fs::create_directories(root_ / (player + "/Data"));
+      WriteFile(root_ / (player + "/Tarvolenix.conf"),
+                "[Mail]\nMailKind=Post\nMyName=" + player + "\nMyAddress=" + player +
+                    "@example.org\nPostFolder=" + root_ / "post/\n");
     }
   }
-  ~CliTest() override { fs::remove_all(root_); }
 
   /// Runs the companion without a folder of its own.
   Answer Run(const std::vector<std::string>& arguments, const std::string& input = {}) {
-    Spill(root_ / "in", input);
+    WriteFile(root_ / "in", input);
     std::string command = TARVOLENIX_CLI;
     for (const std::string& argument : arguments) command += ' ' + ShellQuoted(argument);
-    const auto path = [&](const char* name) { return ShellQuoted((root_ / name).string()); };
+    const auto path = [&](const char* name) { return ShellQuoted(root_ / name); };
     command += " <" + path("in") + " >" + path("out") + " 2>" + path("err");
     const int status = std::system(command.c_str());
-    return {WEXITSTATUS(status), Slurp(root_ / "out"), Slurp(root_ / "err")};
+    return {WEXITSTATUS(status), ReadFile(root_ / "out"), ReadFile(root_ / "err")};
   }
 
   Answer As(const std::string& player, std::vector<std::string> arguments,
             const std::string& input = {}) {
-    const std::vector<std::string> folder = {"--folder", (root_ / player).string()};
+    const std::vector<std::string> folder = {"--folder", root_ / player};
     arguments.insert(arguments.begin(), folder.begin(), folder.end());
     return Run(arguments, input);
   }
@@ -104,7 +90,7 @@ class CliTest : public testing::Test {
                        "--move", "5254", "--comment", "Grüße", "--send"});
   }
 
-  fs::path root_;
+  TemporaryFolder root_;
 };
 
 }  // namespace cli

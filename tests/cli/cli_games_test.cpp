@@ -14,21 +14,38 @@ TEST_F(CliTest, AGameTravelsBetweenTwoPlayersByMail) {
   EXPECT_EQ(As("bob", {"moves", "1"}).out,
             "{\"MoveNumber\":1,\"MoveCoordinates\":\"5254\",\"MoveText\":\"e4\","
             "\"MoveComment\":\"Grüße\"}\n");
-  const Answer refused = As("bob", {"move", "1", "5253"});
-  EXPECT_EQ(refused.exitCode, 1);
-  EXPECT_EQ(refused.out.substr(0, 22), "{\"game\":1,\"ok\":false,\"");
   EXPECT_EQ(As("bob", {"move", "1", "5755", "--send"}).out,
             "{\"game\":1,\"ok\":true,\"text\":\"e5\",\"status\":2,\"messages\":[]}\n");
   EXPECT_EQ(As("anna", {"retrieve"}).exitCode, 0);
-  const std::string shown = As("anna", {"show", "1"}).out;
-  EXPECT_EQ(shown.substr(0, 42), R"({"game":1,"white":"anna","black":"Bob","bo)") << shown;
-  EXPECT_TRUE(shown.ends_with(R"("toMove":0,"mine":true,"status":1,"check":-1,"mate":false,)"
-                              R"("drawn":false,"surrendered":false,"drawOffered":false,"moves":2})"
-                              "\n"))
-      << shown;
   EXPECT_NE(As("anna", {"show", "1", "--text"}).out.find(" 4  . . . . P . . ."), std::string::npos);
   EXPECT_EQ(As("bob", {"send", "1"}).out, "{\"game\":1,\"ok\":true,\"to\":\"anna@example.org\"}\n");
   EXPECT_NE(As("anna", {"retrieve"}).out.find("\"changed\":false"), std::string::npos);
+}
+
+// An answer from another address than the game's waits for the user's word.
+TEST_F(CliTest, WhatWasSetAsideIsTakenOrRefusedByItsIdentifier) {
+  AnnaStartsGame();
+  As("bob", {"retrieve"});
+  As("bob", {"account", "set", "MyAddress=robert@example.org"});
+  As("bob", {"move", "1", "5755", "--send"});
+  const std::string claim = R"("game":1,"from":"robert@example.org",)";
+  EXPECT_NE(As("anna", {"retrieve"}).out.find(claim + R"("why":"address"})"), std::string::npos);
+  const auto list = As("anna", {"mail", "held"}).out;
+  EXPECT_NE(list.find(claim + R"("name":"bob","why":"address","differs":[],"since":")"),
+            std::string::npos)
+      << list;
+  const std::string id = Between(list, "{\"held\":\"", "\",").substr(9);
+
+  EXPECT_EQ(As("anna", {"mail", "accept", "none"}).exitCode, 1);
+  EXPECT_EQ(As("anna", {"mail", "refuse", id}).out, R"({"held":")" + id +
+                                                        R"(","ok":true,"game":1,"changed":false})"
+                                                        "\n");
+  EXPECT_EQ(As("anna", {"mail", "held"}).out, "");
+  EXPECT_NE(As("anna", {"mail", "held", "--refused"}).out.find(id), std::string::npos);
+  EXPECT_EQ(As("anna", {"mail", "accept", id}).out, R"({"held":")" + id +
+                                                        R"(","ok":true,"game":1,"changed":true})"
+                                                        "\n");
+  EXPECT_NE(As("anna", {"moves", "1"}).out.find("\"e5\""), std::string::npos);
 }
 
 struct Turn {
@@ -47,43 +64,24 @@ struct Course {
 
 void PrintTo(const Course& course, std::ostream* out) { *out << course.name; }
 
-const std::string goesOn =
-    R"("check":-1,"mate":false,"drawn":false,"surrendered":false,"drawOffered":false)";
-const std::string drawn =
-    R"("check":-1,"mate":false,"drawn":true,"surrendered":false,"drawOffered":false)";
-const std::string drawAccepted =
-    R"("check":-1,"mate":false,"drawn":true,"surrendered":false,"drawOffered":true)";
-const std::string surrendered =
-    R"("check":-1,"mate":false,"drawn":false,"surrendered":true,"drawOffered":false)";
-const std::string whiteIsMated =
-    R"("check":0,"mate":true,"drawn":false,"surrendered":false,"drawOffered":false)";
-const std::string blackIsMated =
-    R"("check":1,"mate":true,"drawn":false,"surrendered":false,"drawOffered":false)";
-
 const Course courses[] = {
     {"BlackMates",
      "",
      {{"6263", "f3", 2}, {"5755", "e5", 2}, {"7274", "g4", 2}, {"4884", "Qh4++", 3}},
-     whiteIsMated},
-    {"WhiteMates", "Kg1 Ra1 kg8 pf7 pg7 ph7", {{"1118", "Ra8++", 3}}, blackIsMated},
-    {"Stalemate", "Kf7 Qg1 kh8", {{"7176", "Qg6 1/2-1/2", 6}}, drawn},
-    {"KingsAlone", "Ke1 pe2 ke8", {{"5152", "Kxe2 1/2-1/2", 6}}, drawn},
-    {"OneMinorPiece", "Ke1 Pa7 kg8", {{"1718=N", "a8=N 1/2-1/2", 6}}, drawn},
-    {"BishopsOfOneColour", "Ke1 Bc1 ke8 bf8 pg5", {{"3175", "Bxg5 1/2-1/2", 6}}, drawn},
+     R"("check":0,"mate":true,"drawn":false,"surrendered":false,"drawOffered":false)"},
+    {"OneMinorPiece",
+     "Ke1 Pa7 kg8",
+     {{"1718=N", "a8=N 1/2-1/2", 6}},
+     R"("check":-1,"mate":false,"drawn":true,"surrendered":false,"drawOffered":false)"},
     {"AcceptedOfferByMoveFiles",
      "",
      {{"5254", "e4", 2}, {"offer", "Draw offer", 5}, {"accept", "1/2-1/2", 6}},
-     drawAccepted,
+     R"("check":-1,"mate":false,"drawn":true,"surrendered":false,"drawOffered":true)",
      true},
-    {"DeclinedOffer",
+    {"BlackSurrenders",
      "",
-     {{"5254", "e4", 2}, {"offer", "Draw offer", 5}, {"decline", "Decline", 5}},
-     goesOn},
-    {"BlackSurrenders", "", {{"5254", "e4", 2}, {"surrender", "1-0", 4}}, surrendered},
-    {"WhiteSurrenders",
-     "",
-     {{"5254", "e4", 2}, {"5755", "e5", 2}, {"surrender", "0-1", 4}},
-     surrendered},
+     {{"5254", "e4", 2}, {"surrender", "1-0", 4}},
+     R"("check":-1,"mate":false,"drawn":false,"surrendered":true,"drawOffered":false)"},
 };
 
 class CourseTest : public CliTest, public testing::WithParamInterface<Course> {};
@@ -111,7 +109,7 @@ TEST_P(CourseTest, EndsAlikeForBothPlayers) {
         << answer.out;
     if (course.byFile) {
       EXPECT_EQ(As(mover, {"export", "1"}).out, "{\"file\":\"Cmove1.txt\"}\n");
-      const std::string file = (root_ / mover / "Data/Cmove1.txt").string();
+      const std::string file = root_ / (mover + "/Data/Cmove1.txt");
       EXPECT_EQ(As(other, {"import", file}).exitCode, 0);
       fs::remove(file);
     } else {
@@ -123,20 +121,15 @@ TEST_P(CourseTest, EndsAlikeForBothPlayers) {
   EXPECT_EQ(As(other, {"moves", "1"}).out, moves);
   std::set<std::string> positions;
   for (const std::string& player : {mover, other}) {
-    SCOPED_TRACE(player);
     // Who receives the end has still to look at it.
     const std::string status = std::to_string(player == mover ? course.turns.back().status : 1);
     const std::string shown = As(player, {"show", "1"}).out;
     EXPECT_TRUE(shown.ends_with("\"status\":" + status + "," + course.end +
                                 ",\"moves\":" + std::to_string(course.turns.size()) + "}\n"))
-        << shown;
+        << player << ": " << shown;
     positions.insert(Between(shown, "\"board\"", "\"mine\""));
-    const std::string listed = As(player, {"games"}).out;
-    EXPECT_NE(listed.find("\"GAME_STATUS\":" + status + ","), std::string::npos) << listed;
-    EXPECT_NE(listed.find("\"GAME_START_BOARD\":\"" + board), std::string::npos) << listed;
   }
   EXPECT_EQ(positions.size(), 1u);
-  if (course.end == goesOn) return;
   const Answer late = As(other, {"move", "1", "surrender"});
   EXPECT_EQ(late.exitCode, 1);
   EXPECT_NE(late.err.find("The game is over."), std::string::npos) << late.err;
@@ -152,20 +145,15 @@ TEST_F(CliTest, OffersAnswersAndMovesWaitForTheirTime) {
     const char* refusal;  ///< none where the entry is made and arrives
   };
   const char* notYourTurn = "It is your opponent's turn.";
-  const char* answerFirst = "Your opponent offers a draw: accept or decline it first.";
   const Row rows[] = {
       {"anna", "offer", notYourTurn},
       {"bob", "accept", "There is no offer of a draw to answer."},
-      {"bob", "decline", "There is no offer of a draw to answer."},
       {"bob", "resign", "A move is written as four digits"},
       {"bob", "offer", nullptr},
-      {"bob", "offer", notYourTurn},
       {"bob", "accept", notYourTurn},
       {"anna", "4244", "You are not allowed to make a move right now."},
-      {"anna", "offer", answerFirst},
-      {"anna", "surrender", answerFirst},
+      {"anna", "surrender", "Your opponent offers a draw: accept or decline it first."},
       {"anna", "decline", nullptr},
-      {"bob", "accept", "There is no offer of a draw to answer."},
       {"bob", "5755", nullptr},
   };
   AnnaStartsGame();
@@ -173,8 +161,8 @@ TEST_F(CliTest, OffersAnswersAndMovesWaitForTheirTime) {
   for (const Row& row : rows) {
     SCOPED_TRACE(std::string(row.player) + " " + row.entry);
     const std::string player = row.player;
-    const fs::path file = root_ / player / "Data/Tvgdb.dat";
-    const std::string before = Slurp(file);
+    const std::string file = root_ / (player + "/Data/Tvgdb.dat");
+    const std::string before = ReadFile(file);
     const Answer answer = As(player, {"move", "1", row.entry, "--send"});
     EXPECT_EQ(answer.exitCode, row.refusal == nullptr ? 0 : 1);
     if (row.refusal == nullptr) {
@@ -184,30 +172,28 @@ TEST_F(CliTest, OffersAnswersAndMovesWaitForTheirTime) {
     EXPECT_TRUE(
         answer.out.starts_with(R"({"game":1,"ok":false,"messages":[[")" + std::string(row.refusal)))
         << answer.out;
-    EXPECT_EQ(Slurp(file), before);
+    EXPECT_EQ(ReadFile(file), before);
   }
 }
 
 TEST_F(CliTest, AGameTravelsAsAMoveFile) {
   AnnaStartsGame();
   EXPECT_EQ(As("anna", {"export", "1"}).out, "{\"file\":\"Cmove1.txt\"}\n");
-  const std::string file = (root_ / "anna/Data/Cmove1.txt").string();
+  const std::string file = root_ / "anna/Data/Cmove1.txt";
   EXPECT_EQ(As("bob", {"check", file}).out,
             "{\"file\":\"" + file + "\",\"ok\":true,\"stage\":0}\n");
   const std::string imported = "{\"file\":\"" + file + "\",\"ok\":true,\"game\":1,\"changed\":";
   EXPECT_EQ(As("bob", {"import", file}).out, imported + "true,\"stage\":0}\n");
   EXPECT_EQ(As("bob", {"import", file}).out, imported + "false,\"stage\":0}\n");
   EXPECT_TRUE(fs::exists(file));
-  Spill(root_ / "rubbish.txt", "<<TARVOLENIX:1|2|3:TARVOLENIX>>");
-  const Answer bad = As("bob", {"import", (root_ / "rubbish.txt").string()});
+  const std::string rubbish = root_ / "rubbish.txt";
+  WriteFile(rubbish, "<<TARVOLENIX:1|2|3:TARVOLENIX>>");
+  const Answer bad = As("bob", {"import", rubbish});
   EXPECT_EQ(bad.exitCode, 1);
   EXPECT_NE(bad.out.find("\"ok\":false,\"game\":null,\"changed\":false,\"stage\":1}"),
             std::string::npos)
       << bad.out;
   EXPECT_NE(bad.err.find("failed validation"), std::string::npos);
-  for (const char* name : {"nowhere.txt", "rubbish.txt"}) {
-    EXPECT_NE(As("bob", {"check", (root_ / name).string()}).err.find(name), std::string::npos);
-  }
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 #include <variant>
 
 #include "fakes/fake_desktop.h"
@@ -21,17 +20,17 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* mailsFolder = TARVOLENIX_MAILS "/";
+constexpr const char* knownGame = "known_game";  // has a case of its own
 constexpr const char* greeting = "Grüße & viel Spaß!";
 constexpr const char* longGreeting =
     "Grüße aus der Ferne, und viel Spaß mit der Partie, die nun beginnt";
 constexpr const char* signs = "a < b; c = d > e";
 
-/// Founds Anna's game, with the sender's name and address and two of the three moves' comments.
+/// Founds Anna's game, with the sender's name and two of the three moves' comments.
 struct Game {
   const char* first = greeting;
   const char* last = signs;
   const char* name = "Anna";
-  const char* address = "anna@example.org";
 };
 
 /// Stays in the Inbox, read, and the user hears at which stage its check ended.
@@ -47,77 +46,23 @@ struct Exhibit {
   std::variant<Game, Refused, Foreign> becomes;
 };
 
-const Exhibit museum[] = {
-    // encodings and charsets
-    {"quoted_printable", Game{}},
-    {"quoted_printable_crlf", Game{}},
-    {"quoted_printable_careless", Game{}},
-    {"base64", Game{}},
-    {"base64_odd_lines", Game{}},
-    {"base64_list_footer", Game{}},
+// Those that don't become the game as Anna wrote it. What has no row here does.
+const Exhibit exceptions[] = {
     {"seven_bit", Game{"Have fun & good luck"}},
-    {"eight_bit", Game{}},
-    {"latin1", Game{}},
-    {"latin1_quoted_printable", Game{}},
-    {"latin1_called_ascii", Game{}},
     {"windows1252", Game{"Grüße – „viel Spaß“ für 5 €"}},
     {"windows1252_called_latin1", Game{"Grüße – „viel Spaß“ für 5 €"}},
     {"koi8r", Game{"Удачи!"}},
-    {"utf16", Game{}},
-    {"no_charset_utf8", Game{}},
-    {"no_charset_latin1", Game{}},
-    {"charset_unknown", Game{}},
-    {"encoding_unknown", Game{}},
-    {"two_charsets", Game{}},
-    {"nul_bytes", Game{}},
-    // parts and HTML
-    {"alternative", Game{}},
-    {"alternative_html_first", Game{}},
-    {"alternative_placeholder", Game{}},
-    {"alternative_empty_plain", Game{}},
-    {"html_entities", Game{}},
-    {"html_numeric_references", Game{}},
     {"html_unescaped", Game{greeting, "fine"}},
-    {"html_pre", Game{}},
-    {"html_without_line_breaks", Game{}},
     {"html_editor", Game{"Viel  Spaß"}},
-    {"html_links_rewritten", Game{}},
-    {"mixed_attachment_and_footer", Game{}},
-    {"nested", Game{}},
-    {"tnef", Game{}},
-    {"pgp_signed", Game{}},
-    {"pgp_clear_signed", Game{}},
-    {"smime_signed", Game{}},
-    {"truncated_behind_the_text", Game{}},
-    // what people and their programs do to a text
-    {"text_ahead", Game{}},
-    {"signature_and_footer", Game{}},
-    {"quoted", Game{}},
-    {"quoted_twice", Game{}},
-    {"quoted_broken_end_marker", Game{}},
     {"flowed", Game{longGreeting}},
     {"flowed_delsp", Game{longGreeting}},
     {"flowed_stuffed", Game{longGreeting}},
     {"flowed_quoted", Game{longGreeting}},
     {"rewrapped", Game{longGreeting}},
-    {"broken_markers", Game{}},
-    {"trailing_blanks", Game{}},
-    {"invisible_characters", Game{}},
-    {"mbox_line", Game{}},
-    // headers
-    {"subject_base64", Game{}},
-    {"subject_quoted_printable", Game{}},
-    {"subject_prefix_in_two_words", Game{}},
-    {"subject_folded", Game{}},
-    {"subject_raw_latin1", Game{}},
-    {"many_headers", Game{}},
     {"name_with_signs", Game{greeting, signs, "Ärger, \"Anna\"   <x>"}},
     {"name_encoded", Game{greeting, signs, "Ärger, Anna   Ä"}},
     {"name_missing", Game{greeting, signs, "anna@example.org"}},
     {"name_as_comment", Game{greeting, signs, "anna@example.org"}},
-    {"from_several", Game{}},
-    {"reply_to_differs", Game{}},
-    {"sender_differs", Game{}},
     // damaged beyond help, or of doubtful origin
     {"header_only", Refused{}},
     {"text_cut_off", Refused{}},
@@ -134,15 +79,11 @@ const Exhibit museum[] = {
     // none of ours
     {"forwarded", Foreign{}},
     {"forwarded_as_attachment", Foreign{}},
-    {"reply", Foreign{}},
     {"list_prefix", Foreign{}},
-    {"no_blank_ahead_of_the_colon", Foreign{}},
-    {"bounce", Foreign{}},
     {"bounce_with_our_subject", Foreign{}},
     {"away_and_quoting_us", Foreign{}},
     {"read_receipt", Foreign{}},
     {"only_carriage_returns", Foreign{}},
-    {"newsletter", Foreign{}},
     {"rubbish", Foreign{}},
 };
 
@@ -200,9 +141,9 @@ void Check(const Game& game, const std::string& mail) {
   Reader reader;
   reader.Put("new/1.mail", mail);
   reader.Retrieve();
-  EXPECT_EQ(reader.GameFile(), std::string("1|090320260805|7|Sunday game|09/03/2026|") +
-                                   game.address + "|" + game.name + "|Bernd|0|" + game.name +
-                                   "|1|0|" + MovesLine(game.first, game.last));
+  EXPECT_EQ(reader.GameFile(),
+            std::string("1|090320260805|7|Sunday game|09/03/2026|anna@example.org|") + game.name +
+                "|Bernd|0|" + game.name + "|1|0|" + MovesLine(game.first, game.last));
   EXPECT_TRUE(reader.Files().empty());
   EXPECT_TRUE(reader.desktop.boxes.messages.empty());
 }
@@ -230,17 +171,18 @@ void Check(const Foreign&, const std::string& mail) {
 }
 
 TEST(MailMuseumTest, EachMailBecomesWhatItShould) {
-  std::set<std::string> unnamed = {"known_game.eml"};
+  std::map<std::string, decltype(Exhibit::becomes)> museum;
   for (const auto& entry : fs::directory_iterator(mailsFolder)) {
-    if (entry.path().extension() == ".eml") unnamed.insert(entry.path().filename().string());
+    if (entry.path().extension() == ".eml") museum[entry.path().stem()];
   }
-  for (const Exhibit& exhibit : museum) {
-    SCOPED_TRACE(exhibit.file);
-    std::visit([&](const auto& becomes) { Check(becomes, MailNamed(exhibit.file)); },
-               exhibit.becomes);
-    unnamed.erase(exhibit.file + std::string(".eml"));
+  museum.erase(knownGame);
+  ASSERT_GT(museum.size(), std::size(exceptions));
+  for (const Exhibit& exhibit : exceptions) museum.at(exhibit.file) = exhibit.becomes;
+  for (const auto& [file, becomes] : museum) {
+    SCOPED_TRACE(file);
+    const std::string mail = MailNamed(file);
+    std::visit([&mail](const auto& expected) { Check(expected, mail); }, becomes);
   }
-  EXPECT_EQ(unnamed, std::set<std::string>{"known_game.eml"}) << "mails without a row";
 }
 
 TEST(MailMuseumTest, AKnownGameIsBroughtUpToDateAndKeepsItsNames) {
@@ -249,7 +191,7 @@ TEST(MailMuseumTest, AKnownGameIsBroughtUpToDateAndKeepsItsNames) {
       "12|090320260805|7|Sunday game|09/03/2026|Anna@new.example.org|Anna|Bernd|0|Anna|2|0|;;;;;;;"
       "|1|5254|e4|" +
       std::string(greeting) + "\r\n";
-  reader.Put("cur/1.mail:2,", MailNamed("known_game"));
+  reader.Put("cur/1.mail:2,", MailNamed(knownGame));
   reader.Retrieve();
   EXPECT_EQ(
       reader.GameFile(),

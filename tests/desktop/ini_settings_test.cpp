@@ -29,24 +29,21 @@ class IniSettingsTest : public testing::Test {
 };
 
 TEST_F(IniSettingsTest, TheToolkitReadsTheSameValuesAndWroteThemBefore) {
+  const auto toolkit = [](const std::string& path) {
+    return QSettings(QString::fromStdString(path), QSettings::IniFormat);
+  };
   for (const char* value :
-       {"True", "", " blanks around ", "800,600", "Müller, Jürgen; \"der Große\"", "88;-118;-39",
+       {"", " blanks around ", "800,600", "Müller, Jürgen; \"der Große\"", "88;-118;-39",
         "a=b # no comment", "back\\slash and %percent", "@Invalid()", "line\r\nend\ttab",
         "\x1b"
         "a1\x07",
         "棋 ♔ 😀"}) {
-    for (const std::string group : {"", "Mail"}) {
-      SCOPED_TRACE(group + "/" + value);
-      const auto toolkit = [&](const std::string& path) {
-        return QSettings(QString::fromStdString(path), QSettings::IniFormat);
-      };
-      const QString key = QString::fromStdString(group.empty() ? "Key" : group + "/Key");
-      toolkit(folder_ / "earlier.conf").setValue(key, QString::fromUtf8(value));
-      EXPECT_EQ(IniSettings(files_, folder_ / "earlier.conf").Read(group, "Key"), value);
-      ASSERT_TRUE(settings_.Write(group, {{"Key", value}}));
-      EXPECT_EQ(settings_.Read(group, "Key"), value);
-      EXPECT_EQ(toolkit(path_).value(key).toString().toStdString(), value);
-    }
+    SCOPED_TRACE(value);
+    toolkit(folder_ / "earlier.conf").setValue("Mail/Key", QString::fromUtf8(value));
+    EXPECT_EQ(IniSettings(files_, folder_ / "earlier.conf").Read("Mail", "Key"), value);
+    ASSERT_TRUE(settings_.Write("Mail", {{"Key", value}}));
+    EXPECT_EQ(settings_.Read("Mail", "Key"), value);
+    EXPECT_EQ(toolkit(path_).value("Mail/Key").toString().toStdString(), value);
   }
   EXPECT_EQ(settings_.Read("NoGroup", "Key"), std::nullopt);
 }
@@ -89,9 +86,8 @@ TEST_F(IniSettingsTest, OneChangeLeavesTheOtherLinesAsTheyStand) {
 
 TEST_F(IniSettingsTest, GroupsAndNamesOfAnyLookStayApart) {
   const std::pair<const char*, const char*> keys[] = {
-      {"", "x"},      {"Mail", "x"},     {"General", "x"}, {"2.3.0", "x"},
-      {"", "Mail/x"}, {"a/b", "x"},      {"a", "b/x"},     {"", "Mail"},
-      {"", "50%"},    {"%General", "x"}, {"back\\", "x"}};
+      {"", "x"},      {"Mail", "x"}, {"General", "x"}, {"%General", "x"},
+      {"", "Mail/x"}, {"a/b", "x"},  {"a", "b/x"},     {"back\\", "50%"}};
   for (const auto& [group, name] : keys) {
     ASSERT_TRUE(settings_.Write(group, {{name, std::string(group) + name}}));
   }
@@ -100,8 +96,8 @@ TEST_F(IniSettingsTest, GroupsAndNamesOfAnyLookStayApart) {
   }
   auto groups = settings_.Groups();
   std::sort(groups.begin(), groups.end());
-  EXPECT_EQ(groups, (std::vector<std::string>{"%General", "2.3.0", "General", "Mail", "a", "a/b",
-                                              "back\\"}));
+  EXPECT_EQ(groups,
+            (std::vector<std::string>{"%General", "General", "Mail", "a", "a/b", "back\\"}));
 }
 
 TEST_F(IniSettingsTest, NoFailureLeavesLessThanTheOldFileAndWhatIsReportedIsThere) {
@@ -132,26 +128,26 @@ TEST_F(IniSettingsTest, WhatCantBeReadIsNeitherEmptyNorWrittenOver) {
 
 TEST_F(IniSettingsTest, DamageIsToldAndMendedFromWhatIsKept) {
   const std::string zeros(8, '\0');
-  for (const std::string& damaged : {zeros, std::string("A=1\nSki"), std::string("=x"),
-                                     std::string("[Mail\nA=1"), std::string()}) {
-    for (const std::string& kept : {std::string("A=2\n"), zeros, std::string()}) {
-      Conf(damaged);
-      WriteFile(path_ + ".bak", kept);
-      const bool isDamaged = !damaged.empty() || kept == "A=2\n";
-      if (isDamaged) {
-        EXPECT_THROW(settings_.Read("", "A"), platform::SettingsError);
-        EXPECT_FALSE(settings_.Write("", {{"A", "1"}}));
-        EXPECT_EQ(ReadFile(path_), damaged);
-      }
-      const std::string told = settings_.Mend();
-      EXPECT_EQ(told.find(path_) != std::string::npos, isDamaged);
-      EXPECT_EQ(settings_.Read("", "A").value_or(""), kept == "A=2\n" ? "2" : "");
-      EXPECT_EQ(settings_.Mend(), "");
-      const std::size_t aside = told.find(path_ + ".damaged-");
-      if (isDamaged) {
-        EXPECT_EQ(ReadFile(told.substr(aside, told.find(".  ") - aside)), damaged);
-      }
-    }
+  const std::string good = "A=2\n";
+  const std::pair<std::string, std::string> rows[] = {// the file and what is kept
+                                                      {zeros, good},
+                                                      {"A=1\nSki", good},
+                                                      {"=x", zeros},
+                                                      {"[Mail\nA=1", ""},
+                                                      {"", good}};
+  for (const auto& [damaged, kept] : rows) {
+    SCOPED_TRACE(damaged);
+    Conf(damaged);
+    WriteFile(path_ + ".bak", kept);
+    EXPECT_THROW(settings_.Read("", "A"), platform::SettingsError);
+    EXPECT_FALSE(settings_.Write("", {{"A", "1"}}));
+    EXPECT_EQ(ReadFile(path_), damaged);
+    const std::string told = settings_.Mend();
+    EXPECT_EQ(settings_.Read("", "A").value_or(""), kept == good ? "2" : "");
+    EXPECT_EQ(settings_.Mend(), "");
+    const std::size_t aside = told.find(path_ + ".damaged-");
+    ASSERT_NE(aside, std::string::npos) << told;
+    EXPECT_EQ(ReadFile(told.substr(aside, told.find(".  ") - aside)), damaged);
   }
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A mail service in memory: an Inbox that the test fills, and what was sent. Any member can be made
-// to raise by its name.
+// A mail service in memory: an Inbox that the test fills, and what was sent. Members can be made to
+// raise by their names.
 #pragma once
 
 #include <deque>
@@ -31,9 +31,10 @@ struct SentMail {
   std::string recipientAddress;
 };
 
-class MemoryMail {
+class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
  public:
-  MemoryMail();
+  platform::MAPISession& session = *this;
+  platform::MAPIMessages& messages = *this;
 
   std::vector<InboxMail> inbox;
   std::vector<SentMail> sent;
@@ -45,7 +46,6 @@ class MemoryMail {
   std::string problem;                      ///< what the service says of the last failure
   bool answersLater = false;                ///< a look is ready when the test calls AnswerLook
   bool answersStale = false;  ///< the set of a look is of no use any more when it comes
-  bool prefetched = false;    ///< the set of a look is in memory
   std::vector<std::string>* log = nullptr;  ///< where logons and logoffs are told, too
   std::vector<std::string> calls;           ///< "SignOn", "Fetch", "Delete", "Send", ... in order
 
@@ -53,83 +53,63 @@ class MemoryMail {
   void AnswerLook();
   std::size_t LooksUnderWay() const { return ready_.size(); }
 
-  class Session : public platform::MAPISession {
-   public:
-    explicit Session(MemoryMail& mail) : mail_(mail) {}
-    void SignOn() override;
-    long SessionID() override { return id_; }
-    void SignOff() override;
-    std::string LastProblem() override { return mail_.problem; }
+  void SignOn() override;
+  void SignOff() override;
+  std::string LastProblem() override { return problem; }
+  long SessionID() override { return session_; }
+  void SessionID(long id) override { session_ = id; }
 
-   private:
-    MemoryMail& mail_;
-    long id_ = 0;
-  };
+  void FetchUnreadOnly(bool unreadOnly) override { unreadOnly_ = unreadOnly; }
+  void Prefetch(std::function<void()> ready) override;
+  bool Prefetched() override { return prefetched_; }
+  void Fetch() override;
+  bool MoreToCome() override { return moreToCome_; }
+  int MsgCount() override { return static_cast<int>(set_.size()); }
+  void MsgIndex(int index) override { index_ = index; }
+  std::string MsgSubject() override { return Current().subject; }
+  std::string MsgNoteText() override;
+  std::string MsgOrigDisplayName() override { return Current().senderName; }
+  std::string MsgOrigAddress() override;
+  void LeaveUnread() override { Current().marked = false; }
+  void Delete() override;
+  void Flush() override;
+  void FlushLater() override;
+  bool IsOwnAddress(const std::string& address) override { return address == ownAddress; }
 
-  class Messages : public platform::MAPIMessages {
-   public:
-    explicit Messages(MemoryMail& mail) : mail_(mail) {}
-    long SessionID() override;
-    void SessionID(long id) override { sessionID_ = id; }
-    void FetchUnreadOnly(bool unreadOnly) override;
-    void Prefetch(std::function<void()> ready) override;
-    bool Prefetched() override { return mail_.prefetched; }
-    void Fetch() override;
-    bool MoreToCome() override { return moreToCome_; }
-    int MsgCount() override { return static_cast<int>(set_.size()); }
-    void MsgIndex(int index) override { index_ = index; }
-    std::string MsgSubject() override;
-    void MsgSubject(const std::string& subject) override { outgoing_.subject = subject; }
-    std::string MsgNoteText() override;
-    void MsgNoteText(const std::string& text) override { outgoing_.text = text; }
-    std::string MsgOrigDisplayName() override;
-    std::string MsgOrigAddress() override;
-    int RecipCount() override { return static_cast<int>(recipients_.size()); }
-    void RecipIndex(int index) override;
-    std::string RecipAddress() override { return recipients_.at(recipient_).recipientAddress; }
-    void RecipAddress(const std::string& address) override;
-    std::string RecipDisplayName() override { return recipients_.at(recipient_).recipientName; }
-    void RecipDisplayName(const std::string& name) override;
-    void RecipType(int) override {}
-    void LeaveUnread() override { Current().marked = false; }
-    void Delete() override;
-    void DeleteRecipient() override;
-    void Flush() override;
-    void FlushLater() override;
-    void Send() override;
-    bool IsOwnAddress(const std::string& address) override { return address == mail_.ownAddress; }
-    void AddressCaption(const std::string& caption) override {
-      mail_.Called("AddressCaption " + caption);
-    }
-    void Show(bool details) override;
-    void AddressResolveUI(bool mayAsk) override { addressResolveUI_ = mayAsk; }
-    void ResolveName() override;
-
-   private:
-    void CarryOutMarks();
-    InboxMail& Current();
-    SentMail& CurrentRecipient();
-
-    MemoryMail& mail_;
-    long sessionID_ = 0;
-    bool unreadOnly_ = false;
-    int index_ = 0;
-    std::vector<std::size_t> set_;  // indexes into the inbox
-    bool moreToCome_ = false;
-    SentMail outgoing_;
-    std::vector<SentMail> recipients_;
-    std::size_t recipient_ = 0;
-    bool addressResolveUI_ = false;
-  };
-
-  Session session;
-  Messages messages;
+  void MsgSubject(const std::string& subject) override { subject_ = subject; }
+  void MsgNoteText(const std::string& text) override { text_ = text; }
+  int RecipCount() override { return static_cast<int>(recipients_.size()); }
+  void RecipIndex(int index) override { recipient_ = static_cast<std::size_t>(index); }
+  std::string RecipAddress() override { return recipients_.at(recipient_).address; }
+  void RecipAddress(const std::string& address) override { CurrentRecipient().address = address; }
+  std::string RecipDisplayName() override { return recipients_.at(recipient_).name; }
+  void RecipDisplayName(const std::string& name) override { CurrentRecipient().name = name; }
+  void RecipType(int) override {}
+  void DeleteRecipient() override;
+  void Send() override;
+  void AddressCaption(const std::string& caption) override { Called("AddressCaption " + caption); }
+  void Show(bool details) override;
+  void AddressResolveUI(bool mayAsk) override { mayAsk_ = mayAsk; }
+  void ResolveName() override;
 
  private:
-  std::deque<std::function<void()>> ready_;
-
   /// Records the call and raises where the test wants it.
   void Called(const std::string& member);
+  void CarryOutMarks();
+  InboxMail& Current() { return inbox.at(set_.at(static_cast<std::size_t>(index_))); }
+  platform::Recipient& CurrentRecipient();
+
+  long session_ = 0;
+  std::deque<std::function<void()>> ready_;
+  bool prefetched_ = false;
+  bool unreadOnly_ = false;
+  std::vector<std::size_t> set_;  // indexes into the inbox
+  bool moreToCome_ = false;
+  int index_ = 0;
+  std::string subject_, text_;
+  std::vector<platform::Recipient> recipients_;
+  std::size_t recipient_ = 0;
+  bool mayAsk_ = false;
 };
 
 }  // namespace fakes

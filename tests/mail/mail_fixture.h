@@ -68,28 +68,15 @@ class MailFixture : public testing::Test {
     desktop.mail.inbox.push_back({subject, body, "Sender", address});
   }
 
-  /// Forgets what the user was told, what was done and who was called.
+  /// Forgets what the user was told and what was done.
   void ForgetRecords() {
     desktop.boxes.messages.clear();
-    desktop.sounds.played.clear();
-    desktop.boxes.statusTexts.clear();
-    desktop.hooksCalled.clear();
     desktop.files.operations.clear();
     desktop.settings.writes.clear();
     desktop.mail.calls.clear();
   }
-  /// The last message with icon, title, text, button and sound; empty where there was none.
-  std::string Told() const {
-    if (desktop.boxes.messages.empty()) return {};
-    const platform::Message& message = desktop.boxes.messages.back();
-    const std::string sound = desktop.sounds.played.empty() ? "" : desktop.sounds.played.back();
-    return std::to_string(message.icon) + " " + message.title + "\n" + message.text + "\n[" +
-           message.okCaption + "]" + message.cancelCaption + " " + sound;
-  }
-  /// Whether a retrieval or import came to its orderly end.
-  bool RanThrough() const {
-    return desktop.hooksCalled == std::vector<std::string>{"buildTrayGameMenu"};
-  }
+  /// What the last message says; empty where there was none.
+  std::string Told() const { return desktop.LastMessage().second; }
 
   const std::string folder = "/program/Data/";
   fakes::FakeDesktop desktop;

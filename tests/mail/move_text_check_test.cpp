@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/move_text_check.h"
 
+#include <gtest/gtest.h>
+
 #include <vector>
 
 #include "mail/character_count.h"
-#include "mail/mail_fixture.h"
 
 namespace mail {
 namespace {
@@ -54,8 +55,6 @@ TEST(ExtractMoveText, TakesHugeHostileMails) {
   for (const std::string& body : bodies) EXPECT_EQ(ExtractMoveText(body), "");
 }
 
-using MoveTextCheck = MailFixture;
-
 /// A good text with one field, counted from 1, replaced.
 std::string With(std::size_t field, const std::string& value) {
   std::vector<std::string> fields = {
@@ -67,7 +66,7 @@ std::string With(std::size_t field, const std::string& value) {
   return text;
 }
 
-TEST_F(MoveTextCheck, StopsAtTheStageThatFails) {
+TEST(MoveTextCheck, StopsAtTheStageThatFails) {
   const std::string row16 = "0402030506030204";
   const std::string sevenRows = Repeated(row16 + ";", 7);
   const struct {
@@ -96,21 +95,6 @@ TEST_F(MoveTextCheck, StopsAtTheStageThatFails) {
       {"comment of 201 characters, in the last move", With(17, Repeated("ß", 201)), 12},
   };
   for (const auto& row : rows) EXPECT_EQ(CheckMoveText(row.text), row.stage) << row.name;
-  EXPECT_TRUE(desktop.boxes.messages.empty());
-}
-
-TEST_F(MoveTextCheck, ReportsInTheWordsOfMailAndFile) {
-  const std::string advice =
-      "\n\nIf it is a corrupt chess move email, get your opponent to re-send there last move.  "
-      "Validation progress : 6.\n[OK] /program/Data/Cs006.tvs";
-  EXPECT_FALSE(ValidateMoveText(With(5, "31/02/2026"), false));
-  EXPECT_EQ(
-      Told(),
-      "4 Message retrival error\nTarvolenix found what appeared to be a chess move email, but "
-      "which failed validation." +
-          advice);
-  EXPECT_FALSE(ValidateMoveText(With(5, "31/02/2026"), true));
-  EXPECT_EQ(Told(), "4 Message retrival error\nThe file you selected failed validation." + advice);
 }
 
 TEST(CharacterCount, CountsCodePointsAndStrayBytes) {

@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "fakes/fake_desktop.h"
 #include "mail/move_mail.h"
@@ -31,29 +33,22 @@ class ShellFixture : public testing::Test {
 
   /// As the start leaves a program that is connected.
   void BecomeIdle() {
-    desktop.mail.session.SignOn();
-    desktop.mail.messages.SessionID(1);
+    desktop.mail.SignOn();
     platform::Process().Offline = false;
     platform::Process().CheckTimer.Enabled = true;
     Happened();
   }
 
-  /// What happened since the last question, one event behind the other.
-  std::string Happened() {
+  /// What happened since the last question, one event behind the other; where beginnings are given
+  /// only the events that have one of them.
+  std::string Happened(const std::vector<std::string>& beginnings = {""}) {
     std::string all;
     for (const std::string& event : std::exchange(desktop.log, {})) {
-      all += (all.empty() ? "" : ", ") + event;
+      const bool isMeant = std::any_of(beginnings.begin(), beginnings.end(),
+                                       [&](const auto& word) { return event.starts_with(word); });
+      if (isMeant) all += (all.empty() ? "" : ", ") + event;
     }
     return all;
-  }
-
-  /// How often the word stands in what happened.
-  static int Times(const std::string& word, const std::string& happened) {
-    int times = 0;
-    for (auto at = happened.find(word); at != std::string::npos; at = happened.find(word, at + 1)) {
-      ++times;
-    }
-    return times;
   }
 
   static store::GameRecord Game(std::int32_t id, std::int16_t status, const std::string& opponent,
@@ -76,10 +71,9 @@ class ShellFixture : public testing::Test {
     ASSERT_TRUE(store::SaveGame(game, {{1, "5254", "e4", comment}}));
   }
 
-  /// A first move of a new game comes into the Inbox.
-  void MoveArrives() {
-    desktop.mail.inbox.push_back({"Tarvolenix : e4",
-                                  mail::BuildMailBody(Game(7, 2, "Me"), {{1, "5254", "e4", "Hi"}}),
+  /// A first move of a new game comes into the Inbox, unless told otherwise.
+  void MoveArrives(const store::MoveRecords& moves = {{1, "5254", "e4", "Hi"}}) {
+    desktop.mail.inbox.push_back({"Tarvolenix : e4", mail::BuildMailBody(Game(7, 2, "Me"), moves),
                                   "Anna", "anna@example.org"});
   }
 

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <algorithm>
-
 #include "platform/desktop.h"
 #include "store/store_fixture.h"
 
@@ -143,32 +141,6 @@ TEST_F(SavingTest, AFailureAnywhereLeavesTheGameFileAsItStood) {
         if (!files.happened) break;
       }
     }
-  }
-}
-
-// What a crash of another kind of disk leaves: the file ends anywhere.
-TEST_F(SavingTest, AFileThatEndsAnywhereCostsNoWholeGame) {
-  std::string whole;
-  for (const int id : {1, 2, 3}) whole += Line(Game(id)) + Text(Moves('s', 1, id)) + "\r\n";
-  for (std::size_t length = 0; length <= whole.size(); ++length) {
-    SCOPED_TRACE(length);
-    const std::string cut = whole.substr(0, length);
-    const auto wholeLines = std::count(cut.begin(), cut.end(), '\n');
-    SetGameFile(cut);
-    GameRecords games;
-    if (SelectGames(games, "")) {
-      ASSERT_EQ(static_cast<long>(games.size()),
-                wholeLines + (cut.ends_with('\n') || cut.empty() ? 0 : 1));
-    }
-    for (int id = 1; id <= wholeLines; ++id) {
-      MoveRecords moves;
-      ASSERT_TRUE(SelectMoves(moves, id));
-      EXPECT_EQ(Text(moves), Text(Moves('s', 1, id)));
-    }
-    GameRecord game = Game(9);
-    const bool saved = SaveGame(game, {});
-    ASSERT_EQ(FileText("Tvgdb.dat") != cut, saved);
-    EXPECT_TRUE(FileText("Tvgdb.dat").starts_with(whole.substr(0, cut.rfind('\n') + 1)));
   }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How fast the computer opponent thinks, beside the same opponent written down plainly.
+// How fast the computer opponent thinks, beside the same scores written down plainly.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "ai/evaluation.h"
-#include "ai/literal_opponent.h"
+#include "ai/literal_evaluation.h"
 #include "ai/search.h"
 #include "platform/text_fields.h"
 #include "real_games.h"

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ai/literal_opponent.h"
+#include "ai/literal_evaluation.h"
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
-#include <vector>
 
 #include "ai/heuristics.h"
-#include "ai/search.h"
 #include "rules/attack.h"
 #include "rules/piece_moves.h"
 #include "rules/test_moves.h"
@@ -78,83 +75,6 @@ std::int16_t In16Bits(double score) {
   return static_cast<std::int16_t>(std::clamp(score, -32768.0, 32767.0));
 }
 
-}  // namespace
-
-void GenerateMoves(rules::Side side, rules::PieceCode piece, int x, int y, CandidateList& list,
-                   rules::LastMove lastMove, int sideInCheck) {
-  const auto add = [&](int toX, int toY) {
-    int inCheck = sideInCheck;
-    rules::MakeTestMove(side, {x, y}, {toX, toY}, piece, lastMove, inCheck);
-    const bool legal = !rules::IsInCheck(side);
-    rules::UndoTestMove(inCheck);
-    if (legal) list.push_back({{x, y}, {toX, toY}});
-  };
-  const auto isTarget = [&](int toX, int toY) { return rules::IsTargetSquare(side, {toX, toY}); };
-  const auto addRay = [&](int dx, int dy) {
-    for (int n = 1; isTarget(x + n * dx, y + n * dy); ++n) {
-      add(x + n * dx, y + n * dy);
-      if (Side(x + n * dx, y + n * dy) == 1 - side) break;
-    }
-  };
-  const int kind = piece > 6 ? piece - 6 : piece;
-  const int forward = side == 0 ? 1 : -1;
-  if (kind == 1 || kind == 4) {
-    addRay(-1, 0), addRay(1, 0), addRay(0, -1), addRay(0, 1);
-  }
-  if (kind == 3 || kind == 4) {
-    addRay(-1, -1), addRay(-1, 1), addRay(1, -1), addRay(1, 1);
-  }
-  if (kind == 2) {
-    static constexpr int leaps[8][2] = {{-1, 2}, {1, 2},   {-1, -2}, {1, -2},
-                                        {-2, 1}, {-2, -1}, {2, 1},   {2, -1}};
-    for (const auto& leap : leaps) {
-      if (isTarget(x + leap[0], y + leap[1])) add(x + leap[0], y + leap[1]);
-    }
-  }
-  if (kind == 6) {
-    if (isTarget(x, y + forward) && At(x, y + forward) == 0) {
-      add(x, y + forward);
-      if (isTarget(x, y + 2 * forward) && y == (side == 0 ? 2 : 7) && At(x, y + 2 * forward) == 0) {
-        add(x, y + 2 * forward);
-      }
-    }
-    for (const int toX : {x - 1, x + 1}) {
-      if (isTarget(toX, y + forward) &&
-          rules::EnPassantSquare({x, y}, {toX, y + forward}, lastMove, side)) {
-        add(toX, y + forward);
-      }
-    }
-    for (const int toX : {x - 1, x + 1}) {
-      if (isTarget(toX, y + forward) && Side(toX, y + forward) == 1 - side &&
-          Reaches(piece, side, x, y, toX, y + forward, sideInCheck)) {
-        add(toX, y + forward);
-      }
-    }
-  }
-  if (kind == 5) {
-    for (int toX = x - 1; toX <= x + 1; ++toX) {
-      for (int toY = y - 1; toY <= y + 1; ++toY) {
-        if (isTarget(toX, toY)) add(toX, toY);
-      }
-    }
-    for (const int toX : {x - 2, x + 2}) {
-      if (isTarget(toX, y) &&
-          !rules::KingMoveRefused(side, {x, y}, {toX, y}, false, sideInCheck, false)) {
-        add(toX, y);
-      }
-    }
-  }
-}
-
-void GenerateAllMoves(rules::Side side, CandidateList& list, rules::LastMove lastMove,
-                      int sideInCheck) {
-  for (int y = 1; y <= 8; ++y) {
-    for (int x = 1; x <= 8; ++x) {
-      if (Side(x, y) == side) GenerateMoves(side, At(x, y), x, y, list, lastMove, sideInCheck);
-    }
-  }
-}
-
 int CountAttackers(rules::Side side, int x, int y, int sideInCheck) {
   int count = 0;
   for (int py = 1; py <= 8; ++py) {
@@ -190,6 +110,8 @@ int PinBonus(rules::Side side, int x, int y) {
   }
   return bonus;
 }
+
+}  // namespace
 
 std::int16_t EvaluateMove(int fromX, int fromY, int toX, int toY, int sideInCheck, bool doMove,
                           rules::LastMove lastMove) {
@@ -243,77 +165,6 @@ std::int16_t EvaluateMove(int fromX, int fromY, int toX, int toY, int sideInChec
     score += Heuristics[ofMoving[piece > 6 ? piece - 6 : piece]];
   }
   return In16Bits(score + RightsBonus(mover, piece, fromX));
-}
-
-namespace {
-
-void Sort(CandidateList& list) {
-  const int count = static_cast<int>(list.size());
-  for (int i = 1; i <= count; ++i) {
-    for (int j = count - 1; j >= i; --j) {
-      if (list[j].Score > list[j - 1].Score) std::swap(list[j], list[j - 1]);
-    }
-  }
-}
-
-void Reduce(CandidateList& list, std::uint64_t seed, std::uint64_t path) {
-  const int count = static_cast<int>(list.size());
-  if (count < 5) return;
-  CandidateList kept;
-  std::vector<bool> marked(list.size(), false);
-  for (int n = 0; n < 4; ++n) {
-    int best = -1;
-    for (int i = 0; i < count; ++i) {
-      if (!marked[i] && (best < 0 || list[i].Score > list[best].Score)) best = i;
-    }
-    kept.push_back(list[best]);
-    marked[best] = true;
-  }
-  const int target = count / 3;
-  if (target > 4) {
-    for (int number = 0; static_cast<int>(kept.size()) < target; ++number) {
-      const int drawn =
-          static_cast<int>(std::floor(count * DrawAtNode(seed, path, number) + 1)) - 1;
-      if (marked[drawn]) continue;
-      kept.push_back(list[drawn]);
-      marked[drawn] = true;
-    }
-  }
-  list = kept;
-}
-
-}  // namespace
-
-int SearchBestMove(int maxDepth, int ply, rules::Side computerSide, rules::Side side,
-                   rules::LastMove lastMove, int sideInCheck, std::uint64_t seed,
-                   std::uint64_t path, CandidateList& list, std::int64_t& considered) {
-  list.clear();
-  literal::GenerateAllMoves(side, list, lastMove, sideInCheck);
-  for (CandidateMove& move : list) {
-    if (ply == maxDepth) ++considered;
-    const auto pass = [&](bool doMove) {
-      return EvaluateMove(move.from.x, move.from.y, move.to.x, move.to.y, sideInCheck, doMove,
-                          lastMove);
-    };
-    move.Score = In16Bits(pass(true) - pass(false));
-  }
-  if (ply > 0) Reduce(list, seed, path);
-  Sort(list);
-  if (ply != maxDepth) {
-    for (CandidateMove& move : list) {
-      int checked = sideInCheck;
-      rules::MakeTestMove(side, move.from, move.to, At(move.from.x, move.from.y), lastMove,
-                          checked);
-      CandidateList below;
-      const int value =
-          SearchBestMove(maxDepth, ply + 1, computerSide, 1 - side, {move.from, move.to}, checked,
-                         seed, ExtendPath(path, move), below, considered);
-      rules::UndoTestMove(checked);
-      move.Score = In16Bits(side == computerSide ? move.Score - value : move.Score + value);
-    }
-    Sort(list);
-  }
-  return list.empty() ? 0 : list.front().Score;
 }
 
 }  // namespace ai::literal

@@ -28,6 +28,64 @@ std::uint64_t Mix(std::uint64_t bits) {
   return bits ^ (bits >> 31);
 }
 
+/// The moves that led to a node, as the draws need them. 0 is the root.
+std::uint64_t ExtendPath(std::uint64_t path, const CandidateMove& move) {
+  const int squares = NumberOf(move.from) * 100 + NumberOf(move.to);
+  return Mix(path ^ static_cast<std::uint64_t>(squares));
+}
+
+/// Draw `number`, from 0, of a node: a number from 0 up to but not including 1.
+double DrawAtNode(std::uint64_t seed, std::uint64_t path, int number) {
+  const std::uint64_t bits = Mix(Mix(seed ^ path) + static_cast<std::uint64_t>(number));
+  return static_cast<double>(bits >> 11) * 0x1p-53;
+}
+
+/// Highest score first; equal ones keep their order.
+void SortMoves(CandidateList& list) {
+  for (std::size_t i = 1; i < list.size(); ++i) {
+    const CandidateMove move = list[i];
+    std::size_t place = i;
+    for (; place > 0 && list[place - 1].Score < move.Score; --place) list[place] = list[place - 1];
+    list[place] = move;
+  }
+}
+
+/// Thins a list below the root: the four best, in their order, and others at random up to a third.
+void ReduceMoves(CandidateList& list, std::uint64_t seed, std::uint64_t path) {
+  const std::size_t count = list.size();
+  if (count < smallestReduced) return;
+  const std::size_t target = std::max(keptBest, count / 3);
+  // Kept between calls for their memory alone.
+  thread_local std::vector<bool> taken;
+  thread_local CandidateList kept;
+  taken.assign(count, false);
+  kept.clear();
+  while (kept.size() < keptBest) {
+    std::size_t best = count;
+    for (std::size_t i = 0; i < count; ++i) {
+      if (!taken[i] && (best == count || list[i].Score > list[best].Score)) best = i;
+    }
+    taken[best] = true;
+    kept.push_back(list[best]);
+  }
+  for (int number = 0; kept.size() < target; ++number) {
+    const double place = static_cast<double>(count) * DrawAtNode(seed, path, number);
+    const auto drawn = static_cast<std::size_t>(place);
+    if (taken[drawn]) continue;
+    taken[drawn] = true;
+    kept.push_back(list[drawn]);
+  }
+  list.swap(kept);
+}
+
+/// The number of entries at the start of a sorted list that score as the first one does.
+int CountBestTies(const CandidateList& list) {
+  const auto differs = std::find_if(list.begin(), list.end(), [&](const CandidateMove& move) {
+    return move.Score != list.front().Score;
+  });
+  return static_cast<int>(differs - list.begin());
+}
+
 /// A place among the nodes of the tree.
 struct Node {
   int ply = 0;
@@ -123,59 +181,6 @@ void FollowRoot(const SearchOrder& order, SearchWatch& watch, const Node& root,
 }
 
 }  // namespace
-
-std::uint64_t ExtendPath(std::uint64_t path, const CandidateMove& move) {
-  const int squares = NumberOf(move.from) * 100 + NumberOf(move.to);
-  return Mix(path ^ static_cast<std::uint64_t>(squares));
-}
-
-double DrawAtNode(std::uint64_t seed, std::uint64_t path, int number) {
-  const std::uint64_t bits = Mix(Mix(seed ^ path) + static_cast<std::uint64_t>(number));
-  return static_cast<double>(bits >> 11) * 0x1p-53;
-}
-
-void SortMoves(CandidateList& list) {
-  for (std::size_t i = 1; i < list.size(); ++i) {
-    const CandidateMove move = list[i];
-    std::size_t place = i;
-    for (; place > 0 && list[place - 1].Score < move.Score; --place) list[place] = list[place - 1];
-    list[place] = move;
-  }
-}
-
-void ReduceMoves(CandidateList& list, std::uint64_t seed, std::uint64_t path) {
-  const std::size_t count = list.size();
-  if (count < smallestReduced) return;
-  const std::size_t target = std::max(keptBest, count / 3);
-  // Kept between calls for their memory alone.
-  thread_local std::vector<bool> taken;
-  thread_local CandidateList kept;
-  taken.assign(count, false);
-  kept.clear();
-  while (kept.size() < keptBest) {
-    std::size_t best = count;
-    for (std::size_t i = 0; i < count; ++i) {
-      if (!taken[i] && (best == count || list[i].Score > list[best].Score)) best = i;
-    }
-    taken[best] = true;
-    kept.push_back(list[best]);
-  }
-  for (int number = 0; kept.size() < target; ++number) {
-    const double place = static_cast<double>(count) * DrawAtNode(seed, path, number);
-    const auto drawn = static_cast<std::size_t>(place);
-    if (taken[drawn]) continue;
-    taken[drawn] = true;
-    kept.push_back(list[drawn]);
-  }
-  list.swap(kept);
-}
-
-int CountBestTies(const CandidateList& list) {
-  const auto differs = std::find_if(list.begin(), list.end(), [&](const CandidateMove& move) {
-    return move.Score != list.front().Score;
-  });
-  return static_cast<int>(differs - list.begin());
-}
 
 SearchResult SearchBestMove(const SearchOrder& order, SearchWatch& watch) {
   Node root;

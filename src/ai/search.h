@@ -47,19 +47,4 @@ struct SearchResult {
 /// nothing as its result.
 SearchResult SearchBestMove(const SearchOrder& order, SearchWatch& watch);
 
-/// Highest score first; equal ones keep their order.
-void SortMoves(CandidateList& list);
-
-/// The moves that led to a node, as the draws need them. 0 is the root.
-std::uint64_t ExtendPath(std::uint64_t path, const CandidateMove& move);
-
-/// Draw `number`, from 0, of a node: a number from 0 up to but not including 1.
-double DrawAtNode(std::uint64_t seed, std::uint64_t path, int number);
-
-/// Thins a list below the root: the four best, in their order, and others at random up to a third.
-void ReduceMoves(CandidateList& list, std::uint64_t seed, std::uint64_t path);
-
-/// The number of entries at the start of a sorted list that score as the first one does.
-int CountBestTies(const CandidateList& list);
-
 }  // namespace ai

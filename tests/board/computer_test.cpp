@@ -112,72 +112,52 @@ TEST_F(ComputerTest, ACancelledTurnLeavesEverythingAndCanBeTakenAgain) {
   EXPECT_EQ(StoredTexts(), "e4 " + game->Moves.Last().MoveText + " ");
 }
 
-constexpr int moveAPawn = 20;
-
 struct EndCase {
   const char* game;
   const char* move;
-  const char* lastText;
-  int entries;
+  const char* answer;
   int status;
   const char* caption;
 };
 
 const EndCase ends[] = {
-    {"Kh1 Pg2 Ph2 Pc3 kg8 ra2", "c3c4", "Ra1++", 2, store::GameLost, "CHECKMATE! - Eva won."},
-    {"Kf6 Qb7 kh8", "b7h7", "Qh7+", 2, store::MoveWaiting, "Awaiting your move"},
-    {"Kg6 Qb7 kh8", "b7h7", "Qh7++", 1, store::GameWon, "CHECKMATE! - You won."},
-    {"Kg6 Qa2 kh8", "a2f7", "Qf7 1/2-1/2", 1, store::GameDrawn, "DRAW!"},
-    {"Ke1 bd2 kh8", "e1d2", "Kxd2 1/2-1/2", 1, store::GameDrawn, "DRAW!"},
-    {"Ka1 Ph2 kb3 pa3 ph4", "h2h3", "a2 1/2-1/2", 2, store::GameDrawn, "DRAW!"},
+    {"Kh1 Pg2 Ph2 Pc3 kg8 ra2", "c3c4", "Ra1++", store::GameLost, "CHECKMATE! - Eva won."},
+    {"Ka1 Ph2 kb3 pa3 ph4", "h2h3", "a2 1/2-1/2", store::GameDrawn, "DRAW!"},
 };
 
-TEST_F(ComputerTest, TheEndIsStoredAndToldWhoeverBringsIt) {
+TEST_F(ComputerTest, AnEndThatItBringsIsStoredAndTold) {
+  // Else it sees more in other moves than in the pawn's that ends the game.
+  constexpr int moveAPawn = 20;
+  ai::Heuristics[moveAPawn] = 1000;
   for (const EndCase& row : ends) {
     SCOPED_TRACE(row.game);
     OpenGame(row.game + std::string("||computer"));
-    // Else the computer sees more in other moves than in the one that ends the game.
-    const bool pawnEnds = row.lastText[0] == 'a';
-    ai::Heuristics[moveAPawn] = pawnEnds ? 1000 : ai::GetDefaultHeuristic(moveAPawn);
     Play(row.move);
-    Tick();
-    Told();
     ToolbarClick(*game, SendButton);
-    EXPECT_EQ(game->Moves.Count(), row.entries);
-    const bool usersMove = row.entries == 1 || row.status == store::MoveWaiting;
-    EXPECT_EQ(game->Moves.Row(usersMove ? 1 : 2).MoveText, row.lastText);
+    EXPECT_EQ(game->Moves.Row(2).MoveText, row.answer);
     EXPECT_EQ(StoredStatus(), row.status);
     EXPECT_EQ(game->Caption, std::string("Tarvolenix - ") + row.caption);
+    Told();
     Tick();
-    EXPECT_EQ(Told().empty(), usersMove) << "what the user did he was told before";
+    EXPECT_NE(Told(), "");
     const std::string file = GameFile();
-    if (!GameIsOver(*game)) continue;
     ToolbarClick(*game, ResendButton);
     EXPECT_EQ(GameFile(), file) << "nothing follows the end";
   }
 }
 
 TEST_F(ComputerTest, TheGameGoesOnAsItWillFromTheStore) {
-  struct {
-    const char* game;
-    const char* move;
-  } const rows[] = {
-      {"Ke1 Rh1 Ra1 Pa2 kc8 ba8 ph7", "a2a3"},  // the bishop takes the rook
-      {"", "e2e4"},
-  };
-  for (const auto& row : rows) {
-    OpenGame(row.game + std::string("||computer"));
-    Play(row.move);
-    ToolbarClick(*game, SendButton);
-    OfferDraw(*game);
-    ToolbarClick(*game, SendButton);
-    const auto state = [&] { return view->offers + ' ' + Flags() + ' ' + BoardText(); };
-    EXPECT_TRUE(view->offers.starts_with("move "));
-    EXPECT_EQ(StoredStatus(), store::MoveWaiting);
-    const std::string before = state();
-    Open();
-    EXPECT_EQ(state(), before);
-  }
+  OpenGame("Ke1 Rh1 Ra1 Pa2 kc8 ba8 ph7||computer");
+  Play("a2a3");  // the bishop takes the rook
+  ToolbarClick(*game, SendButton);
+  OfferDraw(*game);
+  ToolbarClick(*game, SendButton);
+  const auto state = [&] { return view->offers + ' ' + Flags() + ' ' + BoardText(); };
+  EXPECT_TRUE(view->offers.starts_with("move "));
+  EXPECT_EQ(StoredStatus(), store::MoveWaiting);
+  const std::string before = state();
+  Open();
+  EXPECT_EQ(state(), before);
 }
 
 }  // namespace

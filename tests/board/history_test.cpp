@@ -73,13 +73,9 @@ TEST_F(BoardTest, AReplayReachesWhatWasPlayed) {
 }
 
 const Case wordCases[] = {
-    {"an offer stands while it is last", "|e1e1 Draw offer", "offered "},
     {"a refusal clears it", "|e1e1 Draw offer, e8e8 Decline", ""},
-    {"acceptance draws", "|e1e1 Draw offer, e8e8 1/2-1/2", "offered drawn "},
     {"a refusal undoes even that", "|e2e4 e4 1/2-1/2, e8e8 Decline", ""},
-    {"but only in the last entry", "|e2e4 e4++, e7e5", ""},
     {"a user who opens on his stalemate", "Kf6 Qa2 kh8|a2f7|guest", "drawn "},
-    {"a check of Black", "Ke1 Rh2 ka8|h2h8 Rh8+", "Black in check "},
     {"a drawn game doesn't look for one", "Ke1 Rh2 ka8|h2h8 Rh8+ 1/2-1/2", "drawn "},
 };
 

@@ -77,10 +77,8 @@ TEST_F(BoardTest, AMoveStaysPendingAndUndoTakesAllOfItBack) {
 
 const Case refusedCases[] = {
     {"a pinned rook", "Ke1 Re2 re8 kh8", "e2d2 Rook"},
-    {"a pinned bishop of Black", "Ka1 Re2 be7 ke8|a1a2|guest", "e7f6 Bishop"},
     {"castling into an attack", "Ke1 Rh1 rg8 kh8", "e1g1 King"},
     {"a promotion, before the choice", "Ke7 Pd7 ra7 kh8", "d7d8 Pawn"},
-    {"en passant that bares the king", "Kh4 Pe5 ra5 pd7 kh8|h4h5, d7d5", "e5d6 Pawn"},
     {"castling with a rook that has moved", "Ke1 Rh1 ke8|h1h2, e8e7, h2h1, e7e8",
      "e1g1 Illegal move: If you are trying to Castle, you must move the king two space left or "
      "right."},
@@ -120,7 +118,6 @@ const Case liftingCases[] = {
     {"an own piece", "|e2e4, e7e5", "g1 "},
     {"the opponent's piece", "|e2e4, e7e5", "e5 Illegal move: That is not one of your pieces!"},
     {"waiting for the opponent", "|e2e4", "g1 not now"},
-    {"an offer stands", "|e1e1 Draw offer|guest", "g8 not now"},
     {"an older row is shown", "|e2e4, e7e5|browse", "g1 not now"},
 };
 
@@ -136,20 +133,6 @@ TEST_F(BoardTest, OnlyAnOwnPieceCanBeLiftedAndOnlyOnTurn) {
     }
     EXPECT_EQ(CBoard_MouseDown(*game, rules::Sq(row.expected)), told.empty());
     EXPECT_EQ(Told(), told);
-  }
-}
-
-TEST_F(BoardTest, UndoOfAnAnswerKeepsTheOfferAndUndoOfAnOfferDropsIt) {
-  for (const bool answered : {true, false}) {
-    OpenGame(answered ? "|e1e1 Draw offer|guest" : "|e2e4 e4|guest");
-    game->DrawOffered = game->DrawButtonsUp = true;
-    game->Undo = rules::SaveGameState(false);
-    game->Moves.Add({2, "5858", answered ? "Decline" : "Draw offer", ""});
-    game->Moves.Select(2);
-    UndoLastMove(*game);
-    EXPECT_EQ(game->DrawOffered, answered);
-    EXPECT_EQ(view->offers,
-              answered ? "move answer comment Cancel" : "move surrender comment Cancel");
   }
 }
 

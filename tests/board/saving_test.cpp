@@ -7,11 +7,8 @@ namespace board {
 namespace {
 
 const Case statusCases[] = {
-    {"a move", "", "2"},
     {"a move against the computer", "computer", "1"},
-    {"an offer, or a refusal that leaves it standing", "offered", "5"},
     {"an offer outranks other ends", "offered mate computer", "5"},
-    {"a drawing move", "drawn", "6"},
     {"mating the computer", "mate computer", "3"},
     {"being mated by the computer", "mate computer's", "4"},
     {"a surrender of the computer", "surrendered computer's", "3"},
@@ -81,7 +78,6 @@ TEST_F(BoardTest, AMoveThatCantBeSavedStaysPendingAndCanBeSentAgain) {
 
 const Case otherHands[] = {
     {"the same player's other program has moved", "|e2e4, e7e5", "|e2e4, e7e5, b1c3"},
-    {"and the opponent has answered", "|e2e4, e7e5", "|e2e4, e7e5, g1f3, b8c6"},
     {"the same move with another comment", "|e2e4, e7e5", "|e2e4, e7e5, g1f3 Nf3#Hi"},
     {"the opponent has given up", "|e2e4, e7e5", "|e2e4, e7e5, e8e8 1-0"},
     {"an earlier state has come back", "|e2e4, e7e5", "|e2e4"},
@@ -120,9 +116,7 @@ TEST_F(BoardTest, AMoveThatCantBeSentIsStoredAllTheSame) {
 }
 
 const Case endCases[] = {
-    {"a game that goes on", "|e2e4|guest", "1 1"},
     {"the opponent surrendered", "|e2e4, e8e8 1-0", "1 3"},
-    {"the opponent accepted", "|e1e1 Draw offer, e8e8 1/2-1/2", "1 6"},
     {"recorded already", "|e2e4, e8e8 1-0", "4 4"},
     {"the user's own last entry", "|e2e4 e4++", "2 2"},
 };

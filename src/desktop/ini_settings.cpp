@@ -140,6 +140,15 @@ bool IniSettings::Write(const std::string& group, const Values& values) {
   }
 }
 
+bool IniSettings::CreateGroup(const std::string&) {
+  try {
+    Load();
+    return true;
+  } catch (const SettingsError&) {
+    return false;
+  }
+}
+
 std::vector<std::string> IniSettings::Groups() { return Load().Groups(); }
 
 std::string IniSettings::Mend() {

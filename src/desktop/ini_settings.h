@@ -26,6 +26,10 @@ class IniSettings : public platform::SettingsStore {
 
   std::optional<std::string> Read(const std::string& group, const std::string& name) override;
   bool Write(const std::string& group, const Values& values) override;
+
+  /// The group is there as soon as it has a value.
+  bool CreateGroup(const std::string& group) override;
+
   std::vector<std::string> Groups() override;
   std::string Mend() override;
 

@@ -47,6 +47,10 @@ bool WriteRegistry(const std::string& section, const SettingsStore::Values& valu
   return TheDesktop().settings->Write(GroupOf(section), values);
 }
 
+bool CreateRegistryKey(const std::string& section) {
+  return TheDesktop().settings->CreateGroup(GroupOf(section));
+}
+
 std::vector<std::string> EnumRegistryKeys() { return TheDesktop().settings->Groups(); }
 
 void SetLogonStatus(bool inProgress) {

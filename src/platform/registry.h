@@ -40,6 +40,8 @@ bool WriteRegistry(const std::string& section, const std::string& valueName,
 /// All of them as text, in one change that takes place whole or not at all.
 bool WriteRegistry(const std::string& section, const SettingsStore::Values& values);
 
+bool CreateRegistryKey(const std::string& section);
+
 /// The names of the groups below the product's own values. Raises SettingsError.
 std::vector<std::string> EnumRegistryKeys();
 

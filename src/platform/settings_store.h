@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The seam to the place where settings persist: a map from group and name to text, in which a group
-// is there as soon as it has a value. The product's own values lie in the group with the empty
-// name; every older version kept a group named by its version.
+// The seam to the place where settings persist: a map from group and name to text. The product's
+// own values lie in the group with the empty name; every older version kept a group named by its
+// version.
 //
 // Settings that can't be read, or are damaged, are not empty: who asks for a value hears of it, and
 // nothing is written over them.
@@ -33,6 +33,9 @@ class SettingsStore {
   /// Written through at once, all in one change: what was reported as stored survives a crash right
   /// after. False, and all as it was, where it can't be stored. Never raises.
   virtual bool Write(const std::string& group, const Values& values) = 0;
+
+  /// False where the settings can't be read. Never raises.
+  virtual bool CreateGroup(const std::string& group) = 0;
 
   /// The names of all groups but the one with the empty name, in no particular order. Raises
   /// SettingsError.

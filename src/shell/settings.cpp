@@ -170,6 +170,10 @@ void UpgradeSettings() {
   }
   {
     const platform::BusyPointer busy;
+    const auto versions = platform::EnumRegistryKeys();
+    if (std::find(versions.begin(), versions.end(), platform::GetVersionText()) == versions.end()) {
+      platform::CreateRegistryKey(productSection);
+    }
     const std::string previous = PreviousSection();
     platform::Settings().Skin = ReadText(Skin, previous);
     platform::ShowStatus(true, "Tarvolenix is upgrading to version " + platform::GetVersionText());

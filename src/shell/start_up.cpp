@@ -221,6 +221,9 @@ void CheckFirstRun() {
       "again.",
       "OK", {}, false, platform::AttentionSound);
   if (Process().Stopping) return;  // he may not have read it
+  if (platform::IsEmptyValue(platform::ReadRegistry(productSection, "DisplaySplash"))) {
+    platform::CreateRegistryKey(productSection);
+  }
   Mark("RunBefore", true);
 }
 

@@ -31,6 +31,11 @@ class MemorySettings : public platform::SettingsStore {
     return true;
   }
 
+  bool CreateGroup(const std::string& group) override {
+    groups[group];
+    return true;
+  }
+
   std::vector<std::string> Groups() override {
     if (unreadable) throw platform::SettingsError("the settings can't be read");
     std::vector<std::string> names;

@@ -117,7 +117,7 @@ TEST(ProcessTest, NumericSettingsAreStoredAsWholeNumbers) {
 TEST(ProcessTest, SettingsLieInTheirGroupsAndBlankOnesTakeTheDefault) {
   FakeDesktop desktop;
   EXPECT_TRUE(WriteRegistry("Tarvolenix/2.3.0", "Skin", "Old"));
-  EXPECT_TRUE(WriteRegistry(mailSection, "MyName", "Eva"));
+  EXPECT_TRUE(CreateRegistryKey(mailSection));
   EXPECT_EQ(desktop.settings.groups["2.3.0"]["Skin"], "Old");
   EXPECT_EQ(EnumRegistryKeys(), (Texts{"2.3.0", "Mail"}));
   EXPECT_EQ(ReadRegistry(productSection, "Skin"), std::nullopt);

@@ -144,11 +144,12 @@ TEST_F(BoardTest, ClosingRecordsAnEndThatTheOpponentBrought) {
 }
 
 const Case closingCases[] = {
-    {"back to the game list", "list", "closeHelp boardClosed updateTrayStatus(polling) "},
+    {"back to the game list", "list",
+     "close help, bring back game list, updateTrayStatus(polling)"},
     {"to the list and on", "list 3;",
-     "closeHelp boardClosed updateTrayStatus(polling) notifyNewMoves "},
-    {"back to the tray", "", "closeHelp buildTrayGameMenu updateTrayStatus(polling) "},
-    {"the program ends", "list 3; end", "closeHelp "},
+     "close help, bring back game list, updateTrayStatus(polling), notifyNewMoves"},
+    {"back to the tray", "", "close help, tray games, close game list, updateTrayStatus(polling)"},
+    {"the program ends", "list 3; end", "close help"},
 };
 
 TEST_F(BoardTest, ClosingGivesPollingBackAndGoesWhereTheBoardCameFrom) {
@@ -160,18 +161,18 @@ TEST_F(BoardTest, ClosingGivesPollingBackAndGoesWhereTheBoardCameFrom) {
     const std::string before = GameFile();
     platform::ProcessState& process = Process();
     process.BoardFromGameList = circumstances.starts_with("list");
-    process.PendingGames = circumstances.find("3;") != circumstances.npos ? "3;" : "";
+    process.PendingGames.assign(circumstances.find("3;") != circumstances.npos ? 1 : 0, 3);
     process.ShuttingDown = circumstances.ends_with("end");
     process.CheckTimer.Enabled = false;
     process.CheckTimerHeld = true;
-    desktop.hooksCalled.clear();
+    desktop.log.clear();
     platform::TheDesktop().hooks.updateTrayStatus = [&] {
       const bool polling = process.CheckTimer.Enabled && !process.CheckTimerHeld;
-      desktop.hooksCalled.emplace_back(polling ? "updateTrayStatus(polling)" : "too early");
+      desktop.log.emplace_back(polling ? "updateTrayStatus(polling)" : "too early");
     };
     Form_Unload(*game);
     std::string called;
-    for (const std::string& hook : desktop.hooksCalled) called += hook + " ";
+    for (const std::string& entry : desktop.log) called += (called.empty() ? "" : ", ") + entry;
     EXPECT_EQ(called, row.expected);
     EXPECT_EQ(process.BoardOpen, process.ShuttingDown);
     EXPECT_EQ(GameFile(), before) << "a pending move is dropped";

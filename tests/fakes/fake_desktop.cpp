@@ -54,11 +54,8 @@ FakeDesktop::FakeDesktop(const std::string& commandLine) {
       log.emplace_back(name);
     };
   };
-  desktop.hooks.buildTrayGameMenu = record("buildTrayGameMenu");
   desktop.hooks.updateTrayStatus = record("updateTrayStatus");
   desktop.hooks.notifyNewMoves = record("notifyNewMoves");
-  desktop.hooks.boardClosed = record("boardClosed");
-  desktop.hooks.closeHelp = record("closeHelp");
   desktop.hooks.removeTrayIcon = record("removeTrayIcon");
   desktop.hooks.endProcess = record("endProcess");
 }

@@ -18,6 +18,9 @@
 
 namespace fakes {
 
+/// Of ProcessState::PendingGames.
+using GameIDs = std::vector<std::int32_t>;
+
 /// Records what the user was told and answers as scripted. A question with two buttons that no
 /// answer was scripted for is a failure of the test.
 class RecordingMessageBoxes : public platform::MessageBoxes {

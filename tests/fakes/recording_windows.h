@@ -29,6 +29,7 @@ class RecordingWindows : public platform::Windows {
   void ShowGameList() override;
   void CloseGameList() override;
   void HideGameList() override { Did("hide game list"); }
+  void BringBackGameList() override { Did("bring back game list"); }
   void FillGameList(std::optional<std::int32_t> selectGame) override;
   std::optional<std::int32_t> SelectedGame() override { return selected; }
   void SetGameListFace(int trayPicture, const std::string& caption) override;
@@ -37,6 +38,7 @@ class RecordingWindows : public platform::Windows {
     return Did("ask new game") ? std::optional(platform::Process().NewGame) : std::nullopt;
   }
   void HideNewGame() override { Did("hide new game"); }
+  std::optional<std::string> PickMoveFile() override { return picked; }
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   void CloseAll() override { Did("close all"); }
@@ -48,6 +50,7 @@ class RecordingWindows : public platform::Windows {
   std::deque<platform::HeldMailChoice> heldChoices;       ///< likewise for mails set aside
   std::vector<platform::HeldMailQuestion> heldQuestions;  ///< that were asked
   std::optional<std::int32_t> selected;                   ///< row of the game list
+  std::optional<std::string> picked;                      ///< file to import
   std::function<void()> duringQuestion;  ///< while the user is asked about a new move
   std::function<void()> gameListClosed;  ///< the close handler
 
@@ -61,6 +64,7 @@ class RecordingTray : public platform::Tray {
  public:
   explicit RecordingTray(EventLog& log) : log_(log) {}
   void Notify(platform::TrayOperation operation, int picture, const std::string& tip) override;
+  void BuildGameMenu() override { log_.emplace_back("tray games"); }
 
  private:
   EventLog& log_;

@@ -14,7 +14,7 @@ class MoveFiles : public MailFixture {
  protected:
   void UserPicks(const std::string& path, const std::string& content) {
     if (!content.empty()) desktop.files.content[path] = content;
-    platform::TheDesktop().hooks.pickMoveFile = [path] { return path; };
+    desktop.windows.picked = path;
   }
 };
 
@@ -39,7 +39,7 @@ TEST_F(MoveFiles, TickTakesTheWaitingFiles) {
             Line("1|090320260805|7|Sunday game|09/03/2026|unknown@tarvolenix.invalid|Unknown|Bernd|"
                  "0|Unknown|1|0|;;;;;;;",
                  2));
-  EXPECT_EQ(Process().PendingGames, "1;1;");
+  EXPECT_EQ(Process().PendingGames, (fakes::GameIDs{1, 1}));
   EXPECT_EQ(ListMoveFiles(), std::vector<std::string>{folder + "Cmove2.txt"});
   EXPECT_TRUE(IsThere("cmove1.txt") && IsThere("Cmove1.txt.bak"));
   EXPECT_EQ(desktop.boxes.messages.size(), 1U);
@@ -53,7 +53,7 @@ TEST_F(MoveFiles, UserImportsASavedMail) {
   UserPicks("/home/anna/mail.eml", mail);
   EXPECT_TRUE(ImportMoveFiles(true, true).at(0).changed);
   EXPECT_EQ(desktop.LastMessage().first, "Game import");
-  EXPECT_EQ(Process().PendingGames, "7;");
+  EXPECT_EQ(Process().PendingGames, fakes::GameIDs{7});
   EXPECT_TRUE(desktop.files.content.contains("/home/anna/mail.eml"));
   EXPECT_EQ(GameFile(), Line("7|090320260805|12|Sunday game|09/03/2026|"
                              "bernd@example.org|Anna|Bernd|-1|Bernd|1|0|",

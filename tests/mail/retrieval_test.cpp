@@ -30,25 +30,25 @@ TEST_F(Retrieval, MailsBecomeGames) {
     std::string stored;
     std::vector<std::string> mails;
     std::string storedAfter;
-    const char* pending;
+    fakes::GameIDs pending;
   } rows[] = {
-      {"first mail founds the game", "", {FromAnna(1)}, Line(FoundedByAnna(1), 1), "1;"},
+      {"first mail founds the game", "", {FromAnna(1)}, Line(FoundedByAnna(1), 1), {1}},
       {"first reply tells the host the number, White's name and the address",
        Line(annas, 1),
        {FromBernd(2)},
        Line("7|090320260805|12|Sunday game|09/03/2026|sender@example.org|Anna|Bernd|-1|Sender|1|0|",
             2),
-       "7;"},
+       {7}},
       {"resent mails change nothing, with our number in them or not yet",
        Line(FoundedByAnna(12, 2), 2),
        {FromAnna(1), FromAnna(2, 12)},
        Line(FoundedByAnna(12, 2), 2),
-       ""},
+       {}},
       {"deleted game is founded anew with all its moves",
        otherGame,
        {FromAnna(3, 12)},
        otherGame + Line(FoundedByAnna(41), 3),
-       "41;"},
+       {41}},
   };
   desktop.mail.perLook = 1;
   for (const auto& row : rows) {
@@ -59,7 +59,7 @@ TEST_F(Retrieval, MailsBecomeGames) {
     RetrieveMoveMails(true, false);
     EXPECT_EQ(GameFile(), row.storedAfter);
     EXPECT_EQ(Process().PendingGames, row.pending);
-    EXPECT_EQ(Process().NewMoveArrived, *row.pending != 0);
+    EXPECT_EQ(Process().NewMoveArrived, !row.pending.empty());
     EXPECT_TRUE(desktop.mail.inbox.empty());
     EXPECT_TRUE(desktop.boxes.messages.empty());
   }

@@ -68,7 +68,6 @@ TEST_F(Session, CollectsFromWhereMovesComeFrom) {
       {"offline stand-alone: the waiting files", "-nonetwork -testingmode",
        "/program/Data/Cmove1.txt"},
   };
-  platform::TheDesktop().hooks.buildTrayGameMenu = [] { EXPECT_TRUE(Process().CheckTimerHeld); };
   for (const auto& row : rows) {
     platform::SetupGlobalVariables("/program", row.options);
     desktop.mail.inbox.clear();

@@ -9,8 +9,8 @@
 
 namespace {
 
-using post::MailAccount;
 using platform::MailError;
+using post::MailAccount;
 using post::ServerMail;
 
 // Nobody waits for so long on purpose: it is for a machine that is busy with other tests.
@@ -57,7 +57,7 @@ const Answers smtpAnswers = {
 };
 
 // Its text ends in the line at which the servers stop swallowing it.
-const desktop::OutgoingMail mailToBob = {
+const letters::OutgoingMail mailToBob = {
     {"Me", "me@example.org"}, {{"Bob", "bob@example.org"}}, "s", "a\n."};
 
 /// An account, and the servers that it is at.

@@ -53,7 +53,7 @@ TEST_F(GameListTest, EachColumnSortsAndIsKeptForTheNextTime) {
 TEST_F(GameListTest, SelectsTheWantedGameElseTheFirstPendingOneElseTheFirst) {
   for (const int id : {1, 2, 3}) Store(id, 1);
   EXPECT_EQ(List(TitleColumn, {}, 9), " 1* 2 3");
-  Process().PendingGames = "2;3;";
+  Process().PendingGames = {2, 3};
   EXPECT_EQ(List(TitleColumn), " 1 2* 3");
   EXPECT_EQ(List(TitleColumn, {}, 3), " 1 2 3*") << "whatever is pending";
 }

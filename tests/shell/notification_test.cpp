@@ -4,6 +4,8 @@
 #include "shell/shell_fixture.h"
 
 namespace shell {
+
+using fakes::GameIDs;
 namespace {
 
 using enum platform::NotifyChoice;
@@ -21,7 +23,7 @@ class NotificationTest : public ShellFixture {
   }
 
   /// The windows that came.
-  std::string Notify(const std::string& pending) {
+  std::string Notify(const GameIDs& pending) {
     Process().NewMoveArrived = true;
     Process().PendingGames = pending;
     Happened();
@@ -38,9 +40,10 @@ TEST_F(NotificationTest, TheMethodSaysHowTheUserHears) {
     Settings().NotificationMethod = method;
     desktop.sounds.played.clear();
     desktop.windows.choices = {Later};
-    EXPECT_EQ(Notify("4;").empty(), !asks);
+    EXPECT_EQ(Notify({4}).empty(), !asks);
     EXPECT_EQ(desktop.sounds.played, std::vector<std::string>(sounds ? 1 : 0, "/sounds/gong.wav"));
-    EXPECT_EQ(Process().PendingGames, asks ? "" : "4;") << "who wasn't asked still has a new move";
+    EXPECT_EQ(Process().PendingGames, asks ? GameIDs{} : GameIDs{4})
+        << "who wasn't asked still has a new move";
   }
 }
 
@@ -48,17 +51,16 @@ TEST_F(NotificationTest, TheFourAnswersLeadOnThroughThePendingGames) {
   const std::string anna = "notify Anna/Game 4/My plan", bernd = ", notify Bernd/Game 5//last";
   const struct {
     const char* name;
-    const char* pending;
+    GameIDs pending;
     std::deque<platform::NotifyChoice> choices;
     std::string came;
-    const char* left;
+    GameIDs left;
   } rows[] = {
-      {"Later drops all", "4;5;", {Later}, anna, ""},
-      {"Game list drops all", "4;5;", {GameList}, anna + ", game list", ""},
-      {"Play leaves the others", "4;5;", {Play}, anna + ", board 4 in front", "5;"},
-      {"a game stands twice", "4;5;4;", {Next, Play}, anna + bernd + ", board 5 in front", ""},
-      {"an empty list is the end", "4;4;", {Next}, anna, ""},
-      {"a number begins alike", "4;44;", {Play}, anna + ", board 4 in front", "44;"},
+      {"Later drops all", {4, 5}, {Later}, anna, {}},
+      {"Game list drops all", {4, 5}, {GameList}, anna + ", game list", {}},
+      {"Play leaves the others", {4, 5}, {Play}, anna + ", board 4 in front", {5}},
+      {"a game stands twice", {4, 5, 4}, {Next, Play}, anna + bernd + ", board 5 in front", {}},
+      {"an empty list is the end", {4, 4}, {Next}, anna, {}},
   };
   desktop.windows.duringQuestion = [] {
     EXPECT_TRUE(Process().CheckTimerHeld && !Process().CheckTimer.Enabled);
@@ -71,26 +73,26 @@ TEST_F(NotificationTest, TheFourAnswersLeadOnThroughThePendingGames) {
     EXPECT_EQ(Notify(row.pending), row.came);
     EXPECT_TRUE(desktop.windows.choices.empty());
     EXPECT_EQ(Process().PendingGames, row.left);
-    EXPECT_EQ(Process().NewMoveArrived, *row.left != '\0');
+    EXPECT_EQ(Process().NewMoveArrived, !row.left.empty());
     EXPECT_EQ(Process().CheckTimerHeld, Process().BoardOpen);
     EXPECT_EQ(Process().CheckTimer.Enabled, !Process().BoardOpen);
   }
 }
 
 TEST_F(NotificationTest, NothingHappensWithoutNewsOrBesideTheGameList) {
-  Process().PendingGames = "4;";
+  Process().PendingGames = {4};
   NotifyNewMoves();
   Process().GameListOpen = true;
-  Notify("4;");
+  Notify({4});
   EXPECT_EQ(Happened(), "");
-  EXPECT_EQ(Process().PendingGames, "4;");
+  EXPECT_EQ(Process().PendingGames, GameIDs{4});
 }
 
 TEST_F(NotificationTest, AGameThatIsGoneIsToldAndCountsAsLater) {
   store::RemoveGame(4);
-  Notify("4;5;");
+  Notify({4, 5});
   EXPECT_EQ(desktop.LastMessage().first, "Notification error.");
-  EXPECT_EQ(Process().PendingGames, "");
+  EXPECT_TRUE(Process().PendingGames.empty());
   EXPECT_FALSE(Process().NewMoveArrived);
 }
 
@@ -100,9 +102,9 @@ TEST_F(NotificationTest, AFailureEndsItAndTheNextCallTriesAgain) {
     desktop.windows.failing = {entry};
     desktop.windows.choices = {Play};
     desktop.boxes.messages.clear();
-    Notify("4;");
+    Notify({4});
     EXPECT_EQ(desktop.LastMessage().first, "Options error");
-    EXPECT_EQ(Process().PendingGames, "4;");
+    EXPECT_EQ(Process().PendingGames, GameIDs{4});
     EXPECT_TRUE(Process().NewMoveArrived);
     EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld);
   }

@@ -12,8 +12,8 @@ using PlayingTest = ShellFixture;
 
 void FromTray() { OpenGameFromTray(4); }
 void FromList() { PlayGame(4); }
-void NewFromTray() { StartNewGame(false); }
-void NewFromList() { StartNewGame(true); }
+void NewFromTray() { StartNewGame({}); }
+void NewFromList() { StartNewGame({.fromGameList = true}); }
 
 struct Way {
   const char* name;

@@ -56,7 +56,7 @@ TEST_F(ShutDownTest, BehindAnIncompleteStartAndAFailingLogoffNothingIsSavedAndNo
   EXPECT_TRUE(desktop.settings.groups.empty());
 
   Process().NewMoveArrived = true;
-  Process().PendingGames = "1;";
+  Process().PendingGames = {1};
   NotifyNewMoves();
   UpdateTrayStatus(platform::TrayOperation::Modify);
   EXPECT_EQ(Happened(), "");

@@ -31,6 +31,12 @@ TEST_F(BoardTest, EntriesAndConnectionTellWhatAGameOpensAs) {
   }
 }
 
+TEST_F(BoardTest, MovesThatAreOnlyStoredNeedNoService) {
+  OpenGame("|e2e4, e7e5|offline");
+  Form_Load(*game, MovesAre::StoredOnly);
+  EXPECT_EQ(Offers(*game), "move surrender comment Cancel");
+}
+
 TEST_F(BoardTest, ANewGameHasNoRecord) {
   Process().Offline = false;
   Open(-1);

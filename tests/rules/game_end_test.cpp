@@ -51,6 +51,7 @@ const ForcedDrawCase forcedDrawCases[] = {
     {"a black knight against a bare king", "Ke1 ke8 ng8", ForcedDraw::OneMinorPiece},
     {"a pawn", "Ke1 Pe2 ke8", ForcedDraw::None},
     {"bishops on dark squares", "Ke1 Bc1 ke8 bf8", ForcedDraw::BishopsOfOneColour},
+    {"bishops on dark squares, and a pawn", "Ke1 Bc1 Pa2 ke8 bf8", ForcedDraw::None},
     {"bishops on different colours", "Ke1 Bc1 ke8 bc8", ForcedDraw::None},
     {"two bishops of one side on one colour", "Ke1 Ba1 Bc1 ke8", ForcedDraw::None},
     {"two knights", "Ke1 Nb1 Ng1 ke8", ForcedDraw::None},

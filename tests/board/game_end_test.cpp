@@ -171,35 +171,5 @@ TEST_F(GameEndTest, NothingIsNoticedBesideAnotherMessageOrAfterTheClosing) {
   EXPECT_EQ(Noticed(), "");
 }
 
-/// Boards and entries that no game of this program would hold.
-TEST_F(GameEndTest, GamesFullOfNonsenseOpenGoOnAndClose) {
-  for (const char* start : {"Pe4 pe5 Ra1", "Ke1 Kd1 ke8 kd8 ra5 Ra4", "Ka8 Qb6 kh1 qg3"}) {
-    for (const char* list : {"", "0000 Draw offer", "0000 0-1", "e2e4 e4++", "a8a8 a8=K, h1h1 ++",
-                             "e4e5 exd 1/2-1/2, 5858 Draw offer", "e8e8 Decline, 1e 1-0, 9e9e"}) {
-      for (const char* circumstances : {"|", "|guest"}) {
-        SCOPED_TRACE(std::string(start) + "|" + list + circumstances);
-        OpenGame(std::string(start) + "|" + list + circumstances);
-        game->SelfCheckFlashes = game->StalemateFlashes = 4;
-        Tick(6);
-        const std::string position = BoardText();
-        const BoardControls controls = Controls(*game);
-        if (controls.answerDraw) DecideDraw(*game, false);
-        if (controls.surrender) SurrenderGame(*game);
-        if (controls.answerDraw || controls.surrender) {
-          const rules::PieceCode king = rules::OfSide(rules::WhiteKing, ThePosition().SideToMove);
-          const bool hasKing = ThePosition().BoardState.Of(king) != 0;
-          EXPECT_EQ(game->Moves.Last().MoveCoordinates != "0000", hasKing);
-          EXPECT_TRUE(SaveMove(*game));
-          Open();
-        }
-        ExpectWindowIsUpToDate();
-        EXPECT_EQ(BoardText(), position);
-        Form_Unload(*game);
-        EXPECT_NE(StoredStatus(), -1);
-      }
-    }
-  }
-}
-
 }  // namespace
 }  // namespace board

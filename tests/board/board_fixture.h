@@ -107,7 +107,7 @@ struct RecordingView : BoardView {
   }
   bool Visible() const override { return visible; }
   void SetTimerInterval(int milliseconds) override { interval = milliseconds; }
-  void Hide() override { ++hidden; }
+  void Hide() override {}
   void Close() override { ++closed; }
 
   const Game* game = nullptr;
@@ -117,7 +117,7 @@ struct RecordingView : BoardView {
   bool acceptsWarnings = true;
   bool visible = true;
   rules::PieceCode promotion = rules::WhiteQueen;
-  int constructed = 0, asked = 0, interval = 250, closed = 0, hidden = 0;
+  int constructed = 0, asked = 0, interval = 250, closed = 0;
 };
 
 struct BoardTest : ::testing::Test {

@@ -24,12 +24,9 @@ const MoveCase moveCases[] = {
     {"castling takes the rook along", "Ke1 Ra1 Rh1 ke8|", "e1g1", "0-0", "h1f1", "011101"},
     {"en passant", "Ke1 Pe5 ke8 pd7|e1f1, d7d5|", "e5d6", "exd6ep", ".d5", "111101"},
     {"a pawn takes and becomes a queen", "Ke1 Pe7 ke8 rd8|", "e7d8", "exd8=Q+", "Qd8", "101101"},
-    {"a new rook counts as its column's", "Ke1 Ra1 Pa7 kh5|", "a7a8", "a8=R", "Ra8", "101111"},
     {"Black castles", "Ke1 ke8 ra8 rh8|e1e2|guest", "e8g8", "0-0", "h8f8", "111011"},
     {"a rook is taken at home", "Ke1 Be5 ke8 rh8 pa7|", "e5h8", "Bxh8", "", "101101"},
     {"a mate", "Ke1 Ra1 kg8 pf7 pg7 ph7|", "a1a8", "Ra8++", "", "101111"},
-    {"a check that only en passant ends", "Kg1 Rb8 Rh6 Nf3 Pe4 Pd2 kc5 pc4|", "d2d4", "d4+", "",
-     "111111"},
     {"stalemate", "Kf6 Qa2 kh8|", "a2f7", "Qf7 1/2-1/2", "", "111111", stalemate},
     {"kings alone", "Ke1 kd5 pe2|", "e1e2", "Kxe2 1/2-1/2", "", "111111", forced + "a king each."},
 };

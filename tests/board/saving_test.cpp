@@ -26,7 +26,6 @@ TEST_F(BoardTest, ThePendingEntryDecidesTheStatus) {
     ThePosition().SideToMove = computersTurn ? rules::Black : rules::White;
     Process().ComputerGame = isSo("computer");
     game->DrawOffered = isSo("offered");
-    game->GameDrawn = isSo("drawn");
     game->Surrendered = isSo("surrendered");
     ThePosition().CheckmateFlag = isSo("mate");
     EXPECT_TRUE(SaveMove(*game));

@@ -1,45 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail_servers/certificates.h"
 
-#include <string>
-
-#include "mail_servers/mail_servers.h"
 #include "mail_servers/server_process.h"
 
 namespace {
 
-constexpr const char* newKey = " -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes";
+constexpr const char* office = R"sh(
+new_key='-newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes'
 
-class Office {
- public:
-  explicit Office(const std::filesystem::path& folder) : folder_(folder) {}
+authority() {  # NAME
+  openssl req -x509 -days 7 -subj "/CN=Test $1" -keyout "$1.key" -out "$1.pem" $new_key
+}
 
-  void MakeAuthority(const std::string& name) const {
-    RunCommand(folder_, "openssl req -x509 -days 7 -subj '/CN=Test " + name + "' -keyout " + name +
-                            ".key -out " + name + ".pem" + newKey);
-  }
+certificate() {  # NAME HOSTS DAYS
+  openssl req -subj "/CN=$1" -addext "subjectAltName=$2" -keyout "$1.key" -out "$1.csr" $new_key &&
+    openssl x509 -req -CA authority.pem -CAkey authority.key -CAcreateserial \
+      -copy_extensions copy -in "$1.csr" -out "$1.pem" -days "$3"
+}
 
-  void MakeCertificate(const std::string& name, const std::string& hosts, int days) const {
-    RunCommand(folder_, "openssl req -subj /CN=" + name + " -addext subjectAltName=" + hosts +
-                            " -keyout " + name + ".key -out " + name + ".csr" + newKey);
-    RunCommand(folder_,
-               "openssl x509 -req -CA authority.pem -CAkey authority.key -CAcreateserial"
-               " -copy_extensions copy -in " +
-                   name + ".csr -out " + name + ".pem -days " + std::to_string(days));
-  }
-
- private:
-  std::filesystem::path folder_;
-};
+authority authority && authority other &&
+  certificate good DNS:localhost,IP:127.0.0.1 7 &&
+  certificate expired IP:127.0.0.2 -1 &&
+  certificate foreign DNS:other.example 7)sh";
 
 }  // namespace
 
-void MakeCertificates(const std::filesystem::path& folder) {
-  const Office office(folder);
-  office.MakeAuthority("authority");
-  office.MakeAuthority("other");
-  office.MakeCertificate(
-      "good", std::string("DNS:") + MailServers::host + ",IP:" + MailServers::numericHost, 7);
-  office.MakeCertificate("expired", std::string("IP:") + MailServers::expiredHost, -1);
-  office.MakeCertificate("foreign", "DNS:other.example", 7);
-}
+void MakeCertificates(const std::filesystem::path& folder) { RunCommand(folder, office); }

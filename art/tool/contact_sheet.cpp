@@ -177,7 +177,9 @@ Window NewChoice(const ChessGraphics&) {
   return std::make_unique<ui::ChooseOpponent>(QStringList{u"Eva Lindqvist"_s, u"Bob Achterberg"_s});
 }
 
-Window NewPicker(const ChessGraphics&) { return std::make_unique<ui::SelectSound>(); }
+Window NewPicker(const ChessGraphics&) {
+  return std::make_unique<ui::SelectSound>(ui::SelectSound::Mode::Sound);
+}
 
 Window NewAbout(const ChessGraphics&) { return std::make_unique<ui::AboutBox>(); }
 

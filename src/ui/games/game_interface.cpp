@@ -280,10 +280,7 @@ void GameInterface::SetToolbarButton(int button, bool enabled) {
 }
 
 void GameInterface::PopUp(InterfaceMenu menu, QPoint place) {
-  QMenu* opened = NewInterfaceMenu(menu, *this, errands_).release();
-  opened->setAttribute(Qt::WA_DeleteOnClose);
-  connect(this, &QObject::destroyed, opened, &QObject::deleteLater);
-  opened->popup(place);
+  errands_.popUp(NewInterfaceMenu(menu, *this, errands_), place);
 }
 
 void GameInterface::SetFace(const QIcon& icon, const QString& caption) {

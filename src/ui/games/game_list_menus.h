@@ -15,8 +15,10 @@ class GameInterface;
 /// The menus by their place in `mnuInterfaceMenuBar`.
 enum InterfaceMenu { FileMenu, SortMenu, GameMenu, HelpMenu, GameListPopup };
 
-/// Where entries lead that are no business of the list. Nothing of it may be null.
+/// What is no business of the list. Nothing of it may be null.
 struct OtherErrands {
+  /// Shows a menu at a place of the screen, and keeps it: what is chosen there may close the list.
+  std::function<void(std::unique_ptr<QMenu> menu, QPoint place)> popUp;
   std::function<void()> changeAccount;
   std::function<void()> askAboutHeldMails;
   std::function<void()> showAbout;

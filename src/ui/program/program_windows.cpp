@@ -65,7 +65,11 @@ Window* Made(Arguments&&... arguments) {
 
 ProgramWindows::ProgramWindows(std::function<void()> changeAccount,
                                std::function<void()> askAboutHeldMails)
-    : errands_{std::move(changeAccount), std::move(askAboutHeldMails), [this] { ShowAbout(); }} {}
+    : errands_{[this](std::unique_ptr<QMenu> menu, QPoint place) {
+                 listMenu_ = std::move(menu);
+                 listMenu_->popup(place);
+               },
+               std::move(changeAccount), std::move(askAboutHeldMails), [this] { ShowAbout(); }} {}
 
 ProgramWindows::~ProgramWindows() {
   delete board_;

@@ -52,6 +52,7 @@ class ProgramWindows : public QObject, public platform::Windows {
 
  private:
   OtherErrands errands_;
+  std::unique_ptr<QMenu> listMenu_;  // the last one that was opened
   ChessGraphics graphics_;
   QPointer<SplashScreen> splash_;
   QPointer<GameInterface> list_;

@@ -22,9 +22,6 @@
 namespace ui {
 namespace {
 
-using namespace Qt::StringLiterals;
-using platform::Process;
-
 constexpr const char* moveText =
     "<<TARVOLENIX:0|5|100320261200|New one|10/03/2026|Dora||False||1|4244|d4|:TARVOLENIX>>";
 

@@ -3,9 +3,6 @@
 #include "app/program.h"
 
 #include <QFile>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTextEdit>
@@ -15,8 +12,6 @@
 
 namespace ui {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class ProgramTest : public testing::Test {
  protected:
@@ -35,15 +30,8 @@ class ProgramTest : public testing::Test {
     return program;
   }
   static void ChangeAccount(app::Program& program) {
-    program.Tray().ListMenus().Menu(FileMenu).Entry(entries::MailAccount).trigger();
+    TakeEntry(*program.Windows().GameList(), "FileMenuButton", "Mail account...");
   }
-  static void Press(QWidget& window, const char* button) {
-    window.findChild<QPushButton*>(QLatin1StringView(button))->click();
-  }
-  static QLineEdit& Field(QWidget& dialog, const char* name) {
-    return *dialog.findChild<QLineEdit*>(QLatin1StringView(name));
-  }
-
   QTemporaryDir folder_;
 };
 
@@ -94,20 +82,17 @@ TEST_F(ProgramTest, AMailboxCanBeTriedOutAndStored) {
   for (const bool again : {false, true}) {
     SCOPED_TRACE(again);
     OnNextDialog([&](QWidget& dialog) {
-      dialog.findChild<QRadioButton*>(u"Imap"_s)->click();
+      Press(dialog, "Imap");
       if (!again) {
-        for (const char* host : {"ImapHost", "SmtpHost"}) {
-          Field(dialog, host).clear();
-          QTest::keyClicks(&Field(dialog, host), u"127.0.0.1"_s);
-        }
+        for (const char* host : {"ImapHost", "SmtpHost"}) Type(dialog, host, "127.0.0.1");
         for (const char* port : {"ImapPort", "SmtpPort"}) {
-          dialog.findChild<QSpinBox*>(QLatin1StringView(port))->setValue(1);  // nobody is there
+          Find<QSpinBox>(dialog, port).setValue(1);  // nobody is there
         }
         Field(dialog, "Password").setText(u"geheim"_s);
       }
       Press(dialog, "TestButton");
-      auto* outcome = dialog.findChild<QTextEdit*>(u"OutcomeText"_s);
-      EXPECT_TRUE(QTest::qWaitFor([&] { return outcome->toPlainText().contains(u"127.0.0.1"_s); }));
+      const auto& outcome = Find<QTextEdit>(dialog, "OutcomeText");
+      EXPECT_TRUE(QTest::qWaitFor([&] { return outcome.toPlainText().contains(u"127.0.0.1"_s); }));
       Press(dialog, "OkButton");
     });
     ChangeAccount(*program);

@@ -8,14 +8,10 @@
 #include "platform/polling.h"
 #include "shell/shell_hooks.h"
 #include "shell/shut_down.h"
-#include "ui/help/help_window.h"
 #include "ui_fixture.h"
 
 namespace ui {
 namespace {
-
-using namespace Qt::StringLiterals;
-using platform::Process;
 
 /// The captions of a menu, a bar between two of them; "-" for a line, brackets where it is off.
 QString Shape(const QMenu& menu) {
@@ -38,16 +34,21 @@ class SystemTrayTest : public testing::Test {
     shell::FillHooks();
   }
 
-  static void Store(std::int32_t id, std::int16_t status, const std::string& opponent) {
+  void Store(std::int32_t id, std::int16_t status, const std::string& opponent) {
     StoreGame(id, status, opponent, {{"5254", "e4"}, {"5755", "e5"}});
+    platform::TheDesktop().tray->BuildGameMenu();
   }
   QMenu& Games() { return *tray_.Menu().findChild<QMenu*>(u"mnuPopupGameList"_s); }
-  ProgramWindows& Windows() { return tray_.Windows(); }
-  void Open(const char* menu) {
+  QAction& Entry(const char* name) {
+    return *tray_.Menu().findChild<QAction*>(QLatin1StringView(name));
+  }
+  void Choose(const char* entry) {
     tray_.Menu().popup({});
-    tray_.Menu().findChild<QAction*>(QLatin1StringView(menu))->trigger();
+    Entry(entry).trigger();
     tray_.Menu().hide();
   }
+  BoardWindow* Board() { return tray_.Windows().OpenedBoard(); }
+  GameInterface* List() { return tray_.Windows().GameList(); }
 
   fakes::FakeDesktop desktop_;
   QTemporaryDir folder_;
@@ -58,63 +59,28 @@ class SystemTrayTest : public testing::Test {
                    [this] { return trayIsThere_; }};
 };
 
-TEST_F(SystemTrayTest, ItsMenusReadAsTold) {
-  tray_.SettleMenus();
-  tray_.Menu().Refresh();
-  EXPECT_EQ(
-      Shape(tray_.Menu()),
-      u"&Open|&New game...|&Games|-|&Retrieve games|Mail account...|Mails set aside...|[O&ptions...]|Help|-|E&xit"_s
-          .replace(u"&Retrieve"_s, u"Retrieve"_s));
-  EXPECT_EQ(Shape(*tray_.Menu().findChild<QMenu*>(u"mnuPopupHelpMenu"_s)),
-            u"&Help|Help &Contents...|Help &Topics|-|&About..."_s);
-  const QString shapes[] = {
-      u"Retrieve games|Import game|[Options...]|Mail account...|Mails set aside...|-|-|"
-      u"[Print game...]|[Print game notation...]|-|Hide interface|-|Exit Tarvolenix"_s,
-      u"Game status|Opponents name|Game title|First move date|-|Ascending|Descending"_s,
-      u"[New game...]|[New setup game...]|-|[Play selected]|[Delete selected]"_s,
-      u"Contents|Index...|Help|-|About..."_s,
-      u"Play selected game|Delete selected game...|-|[Print selected game...]"_s,
-  };
-  for (int menu = 0; menu < interfaceMenuCount; ++menu) {
-    EXPECT_EQ(Shape(tray_.ListMenus().Menu(static_cast<InterfaceMenu>(menu))), shapes[menu]);
-  }
-  tray_.ListMenus().EnableNewGames(true);
-  EXPECT_TRUE(
-      Shape(tray_.ListMenus().Menu(GameMenu)).startsWith(u"New game...|New setup game..."_s));
-  platform::Settings().SimpleUI = false;
-  platform::Settings().SystrayStartup = false;
-  tray_.SettleMenus();
-  EXPECT_FALSE(Shape(tray_.ListMenus().Menu(HelpMenu)).contains(u"|Help|"_s));
-  EXPECT_FALSE(Shape(tray_.ListMenus().Menu(FileMenu)).contains(u"Hide interface"_s));
-}
-
-struct MenuCase {
-  const char* state;
-  bool offline, standAlone, listOpen;
-  const char* expected;  ///< open, new game, games, and what retrieving is called
-};
-
 TEST_F(SystemTrayTest, ItsMenuOffersWhatCanBeDone) {
-  const MenuCase rows[] = {
+  const struct {
+    const char* state;
+    bool offline, standAlone, listOpen;
+    const char* expected;  ///< open, new game, games, and what retrieving is called
+  } rows[] = {
       {"connected", false, false, false, "open new games Retrieve games"},
       {"offline", true, false, false, "open games Logon / Retrieve games"},
       {"stand-alone", true, true, false, "open new games Logon / Retrieve games"},
       {"the list is open", false, false, true, "Retrieve games"},
   };
-  for (const MenuCase& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.state);
     Process().Offline = row.offline;
     Process().StandAlone = row.standAlone;
     Process().GameListOpen = row.listOpen;
     tray_.Menu().popup({});
-    const auto entry = [this](const char* name) {
-      return tray_.Menu().findChild<QAction*>(QLatin1StringView(name));
-    };
     std::string offers;
-    if (entry("mnuPopupOpen")->isEnabled()) offers += "open ";
-    if (entry("mnuPopupNewGame")->isEnabled()) offers += "new ";
+    if (Entry("mnuPopupOpen").isEnabled()) offers += "open ";
+    if (Entry("mnuPopupNewGame").isEnabled()) offers += "new ";
     if (Games().menuAction()->isVisible()) offers += "games ";
-    EXPECT_EQ(offers + entry("mnuPopupRetrieve")->text().toStdString(), row.expected);
+    EXPECT_EQ(offers + Entry("mnuPopupRetrieve").text().toStdString(), row.expected);
     EXPECT_TRUE(Process().TrayMenuOpen) << "ticks are skipped meanwhile";
     tray_.Menu().hide();
     EXPECT_FALSE(Process().TrayMenuOpen);
@@ -125,36 +91,33 @@ TEST_F(SystemTrayTest, WhileSomethingIsUpTheIconBringsItToTheFrontOnly) {
   Process().CheckTimerHeld = true;
   tray_.Menu().popup({});
   QCoreApplication::processEvents();
-  EXPECT_FALSE(tray_.Menu().isVisible());
-  EXPECT_FALSE(Process().TrayMenuOpen);
+  EXPECT_FALSE(tray_.Menu().isVisible() || Process().TrayMenuOpen);
   Q_EMIT tray_.Icon().Opened();
-  EXPECT_EQ(Windows().GameList(), nullptr);
+  EXPECT_EQ(List(), nullptr);
 }
 
 TEST_F(SystemTrayTest, AGameOfTheMenuOpensAndTheTrayHasTheProgramAgainBehindIt) {
   Store(1, store::WaitingForOpponent, "Tom & \u202EAnna\t");
   Store(2, store::MoveWaiting, "Zoé");
-  platform::TheDesktop().hooks.buildTrayGameMenu();
   EXPECT_EQ(Shape(Games()),
             u"[NEW ARRIVALS]|-|Zoé\t\"Game <b>2</b>\"|[]|[AWAITING OPPONENTS MOVE]|"
             u"-|Tom && �Anna \t\"Game <b>1</b>\""_s);
   Games().actions().at(2)->trigger();
-  ASSERT_NE(Windows().OpenedBoard(), nullptr);
+  ASSERT_NE(Board(), nullptr);
   EXPECT_EQ(Process().CurrentGameID, 2);
   EXPECT_TRUE(Process().CheckTimerHeld && !Process().BoardFromGameList);
-  Windows().OpenedBoard()->close();
-  EXPECT_EQ(Windows().GameList(), nullptr);
+  Board()->close();
+  EXPECT_EQ(List(), nullptr);
   EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld && !Process().BoardOpen);
   store::RemoveGame(1);
   store::RemoveGame(2);
-  platform::TheDesktop().hooks.buildTrayGameMenu();
+  platform::TheDesktop().tray->BuildGameMenu();
   EXPECT_EQ(Shape(Games()), u"[No games available]"_s) << "no stale entries";
 }
 
 TEST_F(SystemTrayTest, AMenuThatTheDesktopDrawsOpensNoSecondGame) {
   Store(1, store::MoveWaiting, "Anna");
   Store(2, store::MoveWaiting, "Bob");
-  platform::TheDesktop().hooks.buildTrayGameMenu();
   Games().actions().at(2)->trigger();
   Q_EMIT tray_.Menu().aboutToShow();
   EXPECT_FALSE(Process().TrayMenuOpen) << "its host may never say that it has closed";
@@ -170,28 +133,25 @@ TEST_F(SystemTrayTest, AMenuThatTheDesktopDrawsOpensNoSecondGame) {
 TEST_F(SystemTrayTest, TheBoardTakesThePlaceOfTheListAndGivesItBack) {
   Store(1, store::MoveWaiting, "Anna");
   Store(2, store::WaitingForOpponent, "Bob");
-  Open("mnuPopupOpen");
-  GameInterface& list = *Windows().GameList();
-  list.Refill(2);
-  tray_.ListMenus().Menu(GameMenu).Entry(entries::Play).trigger();
-  ASSERT_NE(Windows().OpenedBoard(), nullptr);
-  EXPECT_TRUE(Windows().OpenedBoard()->isVisible() && !list.isVisible());
+  Choose("mnuPopupOpen");
+  List()->Refill(2);
+  TakeEntry(*List(), "GameMenu_L", "Play selected");
+  ASSERT_NE(Board(), nullptr);
+  EXPECT_TRUE(Board()->isVisible() && !List()->isVisible());
   EXPECT_TRUE(Process().BoardOpen && Process().GameListOpen && !Process().CheckTimer.Enabled);
-  Windows().OpenedBoard()->close();
-  EXPECT_TRUE(list.isVisible());
-  EXPECT_EQ(list.SelectedGame(), 2);
-  Windows().CloseGameList();
+  Board()->close();
+  EXPECT_TRUE(List()->isVisible());
+  EXPECT_EQ(List()->SelectedGame(), 2);
+  tray_.Windows().CloseGameList();
   EXPECT_FALSE(Process().GameListOpen);
 }
 
 TEST_F(SystemTrayTest, ANewMoveOpensBehindTheOneThatCloses) {
   Store(1, store::MoveWaiting, "Anna");
   Store(2, store::MoveWaiting, "Bob");
-  Games();
-  platform::TheDesktop().hooks.buildTrayGameMenu();
   Games().actions().at(2)->trigger();
-  const QPointer<BoardWindow> first = Windows().OpenedBoard();
-  Process().PendingGames = "2;";
+  const QPointer<BoardWindow> first = Board();
+  Process().PendingGames = {2};
   Process().NewMoveArrived = true;
   OnNextDialog([](QWidget& dialog) {
     EXPECT_EQ(dialog.objectName(), u"NotifyForm"_s);
@@ -200,29 +160,24 @@ TEST_F(SystemTrayTest, ANewMoveOpensBehindTheOneThatCloses) {
   first->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(first.isNull());
-  ASSERT_NE(Windows().OpenedBoard(), nullptr);
-  EXPECT_TRUE(Windows().OpenedBoard()->isVisible());
+  ASSERT_NE(Board(), nullptr);
   EXPECT_EQ(Process().CurrentGameID, 2);
   EXPECT_TRUE(Process().BoardOpen && Process().CheckTimerHeld && !Process().CheckTimer.Enabled);
-  EXPECT_EQ(Process().PendingGames, "");
+  EXPECT_TRUE(Process().PendingGames.empty());
 }
 
-TEST_F(SystemTrayTest, TheSortMenuKeepsWhatItDoesNotChange) {
-  Open("mnuPopupOpen");
-  IndexedMenu& sort = tray_.ListMenus().Menu(SortMenu);
-  const auto sorted = [] {
-    return std::to_string(Process().GameListSortColumn) + Process().GameListSortOrder;
-  };
-  sort.Entry(entries::Descending).trigger();
-  EXPECT_EQ(sorted(), "1DESC");
-  sort.Entry(entries::ByDate).trigger();
-  EXPECT_EQ(sorted(), "4DESC");
-  sort.Entry(entries::Ascending).trigger();
-  EXPECT_EQ(sorted(), "4");
-  tray_.ListMenus().Menu(FileMenu).Entry(entries::MailAccount).trigger();
+TEST_F(SystemTrayTest, TheMenusOfTheListDoWhatTheySay) {
+  Choose("mnuPopupOpen");
+  const std::pair<const char*, const char*> sorts[] = {
+      {"Descending", "1DESC"}, {"First move date", "4DESC"}, {"Ascending", "4"}};
+  for (const auto& [entry, sorted] : sorts) {
+    TakeEntry(*List(), "SortMenu_L", entry);
+    EXPECT_EQ(std::to_string(Process().GameListSortColumn) + Process().GameListSortOrder, sorted);
+  }
+  TakeEntry(*List(), "FileMenu_L", "Mail account...");
   EXPECT_EQ(accountChanges_, 1);
-  tray_.ListMenus().Menu(FileMenu).Entry(entries::HeldMails).trigger();
-  Open("mnuPopupHeldMails");
+  TakeEntry(*List(), "FileMenu_L", "Mails set aside...");
+  Choose("mnuPopupHeldMails");
   EXPECT_EQ(heldMailsAsked_, 2);
 }
 
@@ -233,33 +188,31 @@ TEST_F(SystemTrayTest, ATrayIsWaitedForAndStillTakenWhenItComesLate) {
   QObject::connect(&tray_.Icon(), &TrayIcon::Missing, [&] { ++missing; });
   QObject::connect(&tray_.Icon(), &TrayIcon::Come, [&] { ++come; });
   platform::TheDesktop().tray->Notify(platform::TrayOperation::Add, 1, "Tarvolenix - Nothing new");
-  for (int i = 0; i < 39; ++i) tray_.Icon().Look();
+  tray_.Icon().Look();
   EXPECT_EQ(missing, 0) << "it may be on its way";
-  tray_.Icon().Look();
-  tray_.Icon().Look();
+  for (int i = 0; i < 60; ++i) tray_.Icon().Look();
   EXPECT_EQ(missing, 1);
   EXPECT_TRUE(Process().GameListOpen) << "never invisible";
   EXPECT_EQ(desktop_.LastMessage().first, "No system tray");
   trayIsThere_ = true;
   tray_.Icon().Look();
   EXPECT_EQ(come, 1);
-  EXPECT_TRUE(platform::Settings().SystrayStartup);
   EXPECT_EQ(tray_.Icon().Tip(), u"Tarvolenix - Nothing new"_s);
   trayIsThere_ = false;
-  for (int i = 0; i < 5; ++i) tray_.Icon().Look();
+  for (int i = 0; i < 60; ++i) tray_.Icon().Look();
   EXPECT_EQ(missing, 2) << "it may go away again";
 }
 
 TEST_F(SystemTrayTest, TheLastStopClosesEveryWindow) {
   Store(1, store::MoveWaiting, "Anna");
-  Open("mnuPopupOpen");
-  tray_.ListMenus().Menu(GameMenu).Entry(entries::Play).trigger();
-  const QPointer<BoardWindow> board = Windows().OpenedBoard();
-  const QPointer<GameInterface> list = Windows().GameList();
+  Choose("mnuPopupOpen");
+  TakeEntry(*List(), "GameMenu_L", "Play selected");
+  const QPointer<BoardWindow> board = Board();
+  const QPointer<GameInterface> list = List();
   int stops = 0;
   platform::TheDesktop().hooks.stopped = [&] { ++stops; };
   Process().StartupComplete = true;
-  Open("mnuPopupExit");
+  Choose("mnuPopupExit");
   EXPECT_EQ(stops, 0) << "not over an open board";
   shell::ExitProgram();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

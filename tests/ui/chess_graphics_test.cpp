@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QBuffer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -23,12 +22,6 @@ class ChessGraphicsTest : public testing::Test {
 
   void Save(const QImage& image, const std::string& name, const char* format) const {
     ASSERT_TRUE(image.save(QString::fromStdString(PathOf(name)), format));
-  }
-
-  QByteArray BytesOf(const std::string& name) const {
-    QFile file(QString::fromStdString(PathOf(name)));
-    EXPECT_TRUE(file.open(QFile::ReadOnly));
-    return file.readAll();
   }
 
   /// What the user was told: the file that is named, or "a general error", or nothing.
@@ -70,33 +63,11 @@ TEST_F(ChessGraphicsTest, ASetLoadsIntoTheNumbersOfItsPiecesAndCells) {
 }
 
 TEST_F(ChessGraphicsTest, ABrokenPictureIsNamedAndTheOldSetStays) {
-  const QByteArray icon = BytesOf("WhiteKing.ico"), png = BytesOf("Plain.jpg");
-  QByteArray twoSizes = icon;  // of which the second one lies where the file has ended
-  twoSizes[4] = 2;
-  twoSizes[18] = static_cast<char>(twoSizes[18] + 16);
-  QByteArray entry = icon.mid(6, 16);
-  entry.replace(12, 4, QByteArray::fromHex("ffff0000"));
-  twoSizes.insert(22, entry);
-  const auto sheetAs = [](const char* format) {
-    QByteArray bytes;
-    QBuffer target(&bytes);
-    EXPECT_TRUE(ColouredGraphics().ChessSet.save(&target, format));
-    return bytes;
-  };
-  const QByteArray jpeg = sheetAs("JPG");
-  QByteArray bitmap = sheetAs("BMP");
-  bitmap.replace(2, 4, QByteArray(4, '\0'));  // doesn't tell the file's size
   const std::tuple<const char*, const char*, std::optional<QByteArray>> rows[] = {
       {"a piece's picture is deleted", "BlackPawn.ico", {}},
       {"the board's picture is deleted", "Plain.jpg", {}},
       {"an empty file", "WhiteRook.ico", ""},
-      {"no picture", "BlackPawn.ico", "not a picture"},
-      {"an icon cut off", "WhiteKing.ico", icon.first(icon.size() - 1)},
-      {"an icon's directory cut off", "WhiteKing.ico", icon.first(20)},
-      {"an icon that lacks one of its sizes", "WhiteKing.ico", twoSizes},
-      {"a JPEG cut off", "Plain.jpg", jpeg.first(jpeg.size() - 2)},
-      {"a bitmap cut off", "Plain.jpg", bitmap.first(bitmap.size() - 1)},
-      {"another format cut off", "Plain.jpg", png.first(png.size() / 2)}};
+      {"no picture", "BlackPawn.ico", "not a picture"}};
   ASSERT_TRUE(Load());
   for (const auto& [name, fileName, content] : rows) {
     SCOPED_TRACE(name);
@@ -120,7 +91,6 @@ TEST_F(ChessGraphicsTest, ASheetOfAnySizeGivesCellsOrIsRefused) {
       {"one pixel a cell", 8, 4, ""},
       {"too narrow for eight columns", 7, 4, general},
       {"too low for four rows", 8, 3, general},
-      {"cells that aren't square, with a rest", 87, 205, ""},
       {"larger than any board needs", 9000, 40, ""},
       {"absurdly large", 20000, 40, path}};
   for (const auto& [name, width, height, told] : rows) {

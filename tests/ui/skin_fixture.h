@@ -21,9 +21,6 @@
 
 namespace ui {
 
-using namespace Qt::StringLiterals;
-using platform::Process;
-
 /// Every colour of a skin tells the skin and the place that it comes from.
 inline QColor ChartColour(int skin, int column, int row) {
   return {skin * 100 + 20, column * 30, row * 10};
@@ -39,14 +36,8 @@ class SkinTest : public testing::Test {
     Process().ProgramFolder = folder_.path().toStdString() + "/";
     platform::TheDesktop().hooks.skinMissing = shell::QuitForLackOf;
     platform::Settings().NotificationTimeout = 0;
-    for (const int skin : {0, 1}) {
-      platform::Settings().Skin = NameOf(skin);
-      for (const layouts::Layout& window : layouts::allWindows) Draw(skin, window.window);
-      Draw(skin, "SystemTray");
-    }
-    platform::Settings().Skin = NameOf(0);
+    DrawSkin(0);
     EXPECT_TRUE(ApplySkinToSystemTray());
-    Process().RefreshButtonsPending = false;
   }
 
   static std::string NameOf(int skin) { return skin == 0 ? "First" : "Zweite Häut"; }
@@ -132,6 +123,13 @@ class SkinTest : public testing::Test {
     for (int i = platform::CountFields(row.strips, ';'); i > 0; --i) {
       DrawStrip(skin, strips.Next(), ShapeOfStrip(targets.Next()));
     }
+  }
+
+  /// Draws a whole skin, which the settings name then.
+  void DrawSkin(int skin) const {
+    platform::Settings().Skin = NameOf(skin);
+    for (const layouts::Layout& window : layouts::allWindows) Draw(skin, window.window);
+    Draw(skin, "SystemTray");
   }
 
   /// What the user was told of a skin that failed, if he was.

@@ -1,105 +1,147 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An open Board window, and the user's hand on its mouse and keyboard.
+// An open Board window in either look, and the user's hand on its mouse and keyboard.
 #pragma once
 
 #include <QPlainTextEdit>
 #include <QPointer>
-#include <QPushButton>
+#include <QTableWidget>
+#include <QWindow>
 
 #include <map>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "board/controls.h"
+#include "skin_fixture.h"
 #include "ui/board/board_window.h"
 #include "ui/board/floating_piece.h"
-#include "ui_fixture.h"
 
 namespace ui {
 
-using namespace Qt::StringLiterals;
-using platform::Process;
-using rules::FromNumber;
+enum class Look { Skinned, Plain };
 
-class BoardWindowTest : public testing::Test {
+class BoardWindowTest : public SkinTest {
  protected:
   BoardWindowTest() {
-    platform::Settings().SimpleUI = true;
     Process().Offline = false;
     platform::Settings().Verbose = true;
-    platform::Settings().NotificationTimeout = 0;
   }
-  void TearDown() override { delete window_; }
+  ~BoardWindowTest() override { delete window_; }
 
-  void Open(const std::vector<PlayedEntry>& entries) {
+  /// The user is White in a game of these entries.
+  void Open(const std::vector<PlayedEntry>& entries, Look look = Look::Plain) {
     delete window_;
     desktop_.files.content.clear();
+    desktop_.mail.sent.clear();
     StoreGame(1, store::MoveWaiting, "Eva <i>Ü</i>", entries);
-    Process().CurrentGameID = 1;
-    window_ = new BoardWindow(graphics_);
-    window_->show();
-    window_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
-    Picture()->setFocus();
-    desktop_.sounds.played.clear();
-    desktop_.boxes.messages.clear();
+    OpenGame(1, look);
+  }
+  void OpenSetup(Look look = Look::Plain) {
+    Process().SetupGame = true;
+    OpenGame(-1, look);
+  }
+  void OpenAgainstComputer(int depth) {
+    delete window_;
+    desktop_.files.content.clear();
+    platform::Settings().SearchDepth = static_cast<std::int16_t>(depth);
+    Process().ComputerGame = true;
+    Process().NewGame = {"Evening", "The Computer", "n/a"};
+    OpenGame(-1, Look::Plain);
   }
 
-  template <typename Widget>
-  Widget* Find(const char* name) {
-    auto* widget = window_->findChild<Widget*>(QLatin1StringView(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
+  template <typename Control = QWidget>
+  Control& Find(const char* name) const {
+    return ui::Find<Control>(*window_, name);
   }
-  BoardPicture* Picture() { return Find<BoardPicture>("CBoard"); }
-  QPushButton* Button(int number) {
-    return Find<QPushButton>(("Toolbar1S_" + std::to_string(number)).c_str());
+  bool Shows(const char* name) const { return ui::Shows(*window_, name); }
+  QAbstractButton& Button(int number) const {
+    return Find<QAbstractButton>(("Toolbar1_" + std::to_string(number)).c_str());
   }
-  QPlainTextEdit* Comment() { return Find<QPlainTextEdit>("PlayerComment"); }
+  void Click(int button) const { QTest::mouseClick(&Button(button), Qt::LeftButton); }
+  void Click(const char* button) const { QTest::mouseClick(&Find(button), Qt::LeftButton); }
+  QPlainTextEdit& Comment() const { return Find<QPlainTextEdit>("PlayerComment"); }
+  const board::Game& Game() const { return window_->Logic(); }
+  std::string LastMove() const { return Game().Moves.Last().MoveText; }
 
-  QPoint Centre(int square) {
-    return square == 0 ? QPoint(2, 2) : Picture()->RectOf(FromNumber(square)).center().toPoint();
+  /// Chooses an entry of the list of moves, the first being 0.
+  void ChooseEntry(int row) const {
+    auto& list = Find<QTableWidget>("MoveList");
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualItemRect(list.item(row, 2)).center());
   }
 
-  /// Does what is told in pairs of a gesture and the square, or the times a key is pressed.
-  void Do(const std::string& gestures) {
+  /// A point of the window: a square by its number, a picture of the palette by its code behind a
+  /// "p", the trash, the frame of the board's picture, or nowhere.
+  QPoint PointOf(const std::string& place) const {
+    const auto middle = [this](const std::string& name) {
+      const QWidget& widget = Find(name.c_str());
+      return widget.mapTo(window_, widget.rect().center());
+    };
+    if (place == "nowhere") return window_->rect().bottomRight() - QPoint(4, 4);
+    if (place == "frame") return window_->Picture().mapTo(window_, QPoint(2, 2));
+    if (place == "trash") return middle("Trash");
+    if (place[0] == 'p') return middle("PiecePallete_" + place.substr(1));
+    const rules::Square square = rules::FromNumber(std::stoi(place));
+    return window_->Picture().mapTo(window_, window_->Picture().RectOf(square).center().toPoint());
+  }
+
+  /// Does what is told in words: keys, and gestures of the mouse with their places.
+  void Do(const std::string& gestures) const {
+    static const std::map<std::string, Qt::Key> keys = {
+        {"left", Qt::Key_Left},     {"right", Qt::Key_Right}, {"up", Qt::Key_Up},
+        {"down", Qt::Key_Down},     {"enter", Qt::Key_Enter}, {"return", Qt::Key_Return},
+        {"escape", Qt::Key_Escape}, {"space", Qt::Key_Space}, {"delete", Qt::Key_Delete},
+        {"tab", Qt::Key_Tab}};
+    QWindow* screen = window_->windowHandle();
     std::istringstream words(gestures);
+    std::string place;
     for (std::string word; words >> word;) {
-      int number = 0;
-      words >> number;
-      const auto key = keys.find(word);
-      if (key != keys.end()) {
-        while (number-- > 0) QTest::keyClick(Picture(), key->second);
+      if (const auto key = keys.find(word); key != keys.end()) {
+        QTest::keyClick(screen, key->second);
         continue;
       }
-      const QPoint place = Centre(number);
-      if (word == "move") QTest::mouseMove(Picture(), place);
-      if (word == "press" || word == "click") {
-        QTest::mousePress(Picture(), Qt::LeftButton, {}, place);
+      words >> place;
+      const auto button = word == "rightclick" ? Qt::RightButton : Qt::LeftButton;
+      if (word == "press" || word == "drag" || word.ends_with("click")) {
+        QTest::mousePress(screen, button, {}, PointOf(place));
       }
-      if (word == "release" || word == "click") {
-        QTest::mouseRelease(Picture(), Qt::LeftButton, {}, place);
+      if (word == "drag") words >> place;
+      if (word == "move" || word == "drag") QTest::mouseMove(screen, PointOf(place));
+      if (word != "press" && word != "move") {
+        QTest::mouseRelease(screen, button, {}, PointOf(place));
       }
-      if (word == "rightclick") QTest::mouseClick(Picture(), Qt::RightButton, {}, place);
     }
   }
 
-  /// What is really seen in the middle of a square, once pieces have settled.
-  QColor SeenOn(int square) {
+  /// What is really seen in the window, once pieces have settled.
+  QImage Seen() const {
     const auto* floating = window_->findChild<FloatingPiece*>();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !floating->IsSettling(); }));
-    return window_->grab().toImage().pixelColor(Picture()->mapTo(window_, Centre(square)));
+    return window_->grab().toImage();
+  }
+  QColor SeenOn(int square) const { return Seen().pixelColor(PointOf(std::to_string(square))); }
+
+  /// The numbers of the sounds that were heard.
+  std::string Heard() const {
+    std::string numbers;
+    for (const std::string& path : desktop_.sounds.played) numbers += path.at(path.size() - 5);
+    return numbers;
   }
 
-  std::string LastMove() { return window_->Logic().Moves.Last().MoveText; }
-
-  const std::map<std::string, Qt::Key> keys = {
-      {"left", Qt::Key_Left},     {"right", Qt::Key_Right}, {"up", Qt::Key_Up},
-      {"down", Qt::Key_Down},     {"enter", Qt::Key_Enter}, {"return", Qt::Key_Return},
-      {"escape", Qt::Key_Escape}, {"space", Qt::Key_Space}};
-  fakes::FakeDesktop desktop_;
   const ChessGraphics graphics_ = ColouredGraphics();
   QPointer<BoardWindow> window_;
+
+ private:
+  void OpenGame(std::int32_t id, Look look) {
+    delete window_;
+    platform::Settings().SimpleUI = look == Look::Plain;
+    Process().CurrentGameID = id;
+    window_ = new BoardWindow(graphics_);
+    BringUp(*window_);
+    desktop_.sounds.played.clear();
+    desktop_.boxes.messages.clear();
+  }
 };
 
 }  // namespace ui

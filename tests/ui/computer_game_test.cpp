@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 #include "ai/heuristics.h"
-#include "board/controls.h"
 #include "board/ends.h"
 #include "board_window_fixture.h"
 #include "desktop/qt_events.h"
@@ -15,6 +15,18 @@
 namespace ui {
 namespace {
 
+/// The real event loop, with a user who acts before the computer can have ended its turn, however
+/// fast it thinks.
+class QuickUser : public desktop::QtEvents {
+ public:
+  void LetUserActUntil(const std::function<bool()>& done) override {
+    if (act) std::exchange(act, {})();
+    QtEvents::LetUserActUntil(done);
+  }
+
+  std::function<void()> act;
+};
+
 class ComputerGameTest : public BoardWindowTest {
  protected:
   ComputerGameTest() {
@@ -22,53 +34,38 @@ class ComputerGameTest : public BoardWindowTest {
     ai::LoadDefaultHeuristics();
   }
 
-  void OpenNew(int depth) {
-    delete window_;
-    desktop_.files.content.clear();
-    platform::Settings().SearchDepth = static_cast<std::int16_t>(depth);
-    Process().ComputerGame = true;
-    Process().CurrentGameID = -1;
-    Process().NewGame = {"Evening", "The Computer", "n/a"};
-    window_ = new BoardWindow(graphics_);
-    window_->show();
-    window_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
-  }
-
-  QWidget& Part(const char* name) { return *Find<QWidget>(name); }
-  void Click(const char* name) { QTest::mouseClick(&Part(name), Qt::LeftButton); }
-  void Send() { QTest::mouseClick(Button(board::SendButton), Qt::LeftButton); }
-  void Resend() { QTest::mouseClick(Button(board::ResendButton), Qt::LeftButton); }
-
-  /// Does something as the first thing after the computer has begun to think.
-  void Meanwhile(const std::function<void()>& act) {
-    QTimer::singleShot(0, window_, [this, act] {
-      ASSERT_TRUE(window_->Logic().ComputerThinking);
+  /// Sends the move; `meanwhile` happens while the computer thinks about it.
+  void Send(std::function<void()> meanwhile) {
+    bool hasActed = false;
+    events_.act = [&, act = std::move(meanwhile)] {
+      EXPECT_TRUE(Game().ComputerThinking);
       act();
-    });
-  }
-
-  static std::string StoredTexts() {
-    store::MoveRecords moves;
-    EXPECT_TRUE(store::SelectMoves(moves, 1));
-    std::string texts;
-    for (const auto& move : moves) texts += move.MoveText + " ";
-    return texts;
+      hasActed = true;
+    };
+    Click(board::SendButton);
+    EXPECT_TRUE(hasActed);
   }
 
   std::string ShownTexts() {
     std::string texts;
-    const board::MoveList& moves = window_->Logic().Moves;
+    const board::MoveList& moves = Game().Moves;
     for (int row = 1; row <= moves.Count(); ++row) texts += moves.Row(row).MoveText + " ";
     return texts;
   }
 
+  static void ExpectStored(const std::string& texts) {
+    store::MoveRecords moves;
+    EXPECT_TRUE(store::SelectMoves(moves, 1));
+    std::string stored;
+    for (const auto& move : moves) stored += move.MoveText + " ";
+    EXPECT_EQ(stored, texts);
+  }
+
   /// The best that White sees at once; a pawn that would promote stays where it is.
   void PlayAMove() {
-    const board::Game& game = window_->Logic();
     ai::SearchOrder order;
     order.side = rules::White;
-    order.lastMove = game.Moves.MoveOf(game.Moves.Count());
+    order.lastMove = Game().Moves.MoveOf(Game().Moves.Count());
     order.sideInCheck = rules::ThePosition().SideInCheck;
     ai::SearchWatch watch;
     for (const ai::CandidateMove& move : ai::SearchBestMove(order, watch).root) {
@@ -79,91 +76,74 @@ class ComputerGameTest : public BoardWindowTest {
     }
   }
 
-  desktop::QtEvents events_;
+  QuickUser events_;
 };
 
+constexpr const char* e2e4 = "click 52 click 54";
+
 TEST_F(ComputerGameTest, NothingButStoppingItIsOfferedWhileItThinks) {
-  OpenNew(4);
-  Do("click 52 click 54");
-  Meanwhile([this] {
-    for (const char* part : {"SearchProgress", "CancelSearchS", "PlayerComment_L"}) {
-      EXPECT_TRUE(Part(part).isVisible()) << part;
-    }
-    EXPECT_EQ(Find<QLabel>("PlayerComment_L")->text(), u"Thinking..."_s);
+  OpenAgainstComputer(4);
+  Do(e2e4);
+  Send([this] {
+    EXPECT_TRUE(Shows("SearchProgress") && Shows("CancelSearchS"));
+    EXPECT_EQ(Find<QLabel>("PlayerComment_L").text(), u"Thinking..."_s);
     EXPECT_EQ(window_->windowTitle(), u"Tarvolenix - Awaiting The Computer's move"_s);
     for (int number = board::ViewButton; number < board::CloseButton; ++number) {
-      EXPECT_FALSE(Button(number)->isEnabled()) << number;
+      EXPECT_FALSE(Button(number).isEnabled()) << number;
     }
-    EXPECT_EQ(Button(board::CloseButton)->text(), u"&Close"_s);
-    EXPECT_FALSE(Part("MoveList").isEnabled());
+    EXPECT_FALSE(Find("MoveList").isEnabled());
     Do("rightclick 44");
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    const std::size_t logged = desktop_.log.size();
-    QTest::keyClick(window_->focusWidget(), Qt::Key_F1);
-    EXPECT_EQ(desktop_.log.size(), logged) << "no help either";
-    QTest::keyClick(window_->focusWidget(), Qt::Key_Escape);
+    Do("escape");
     EXPECT_FALSE(window_->isMinimized());
   });
-  Send();
-  for (const char* part : {"SearchProgress", "CancelSearchS", "PlayerComment_L"}) {
-    EXPECT_FALSE(Part(part).isVisible()) << part;
-  }
-  EXPECT_TRUE(Part("MoveList").isEnabled());
-  QKeyEvent stillDown(QEvent::KeyPress, Qt::Key_Escape, {}, {}, true);
-  QApplication::sendEvent(window_, &stillDown);
-  EXPECT_FALSE(window_->isMinimized()) << "the key that has stopped the computer";
+  EXPECT_FALSE(Shows("SearchProgress") || Shows("CancelSearchS"));
+  EXPECT_TRUE(Find("MoveList").isEnabled());
 }
 
 TEST_F(ComputerGameTest, AStopIsHeardBeforeTheNextNodeAndTheTurnCanBeTakenAgain) {
-  const std::function<void()> stops[] = {
-      [this] { Click("CancelSearchS"); },
-      [this] { QTest::keyClick(window_->focusWidget(), Qt::Key_Escape); }};
+  const std::function<void()> stops[] = {[this] { Click("CancelSearchS"); },
+                                         [this] { Do("escape"); }};
   for (const auto& stop : stops) {
-    OpenNew(4);
-    Do("click 52 click 54");
-    const ai::SearchWatch& search = window_->Logic().Search;
+    OpenAgainstComputer(4);
+    Do(e2e4);
+    const ai::SearchWatch& search = Game().Search;
     std::int64_t considered = 0;
-    Meanwhile([&] {
+    Send([&] {
       stop();
       EXPECT_TRUE(search.SearchCancelled);
       considered = search.MovesConsidered;
     });
-    Send();
     // Each thread may end the node at which it is; no side has more than 218 moves.
     const auto threads = static_cast<std::int64_t>(std::thread::hardware_concurrency());
     EXPECT_LE(search.MovesConsidered - considered, threads * 218);
-    EXPECT_EQ(ShownTexts(), "e4 ");
-    EXPECT_EQ(StoredTexts(), "e4 ");
-    EXPECT_TRUE(Button(board::ResendButton)->isEnabled());
-    EXPECT_TRUE(Find<QLabel>("TurnHint")->text().contains(u"Resend"_s));
+    ExpectStored("e4 ");
+    EXPECT_TRUE(Find<QLabel>("TurnHint").text().contains(u"Resend"_s));
     platform::Settings().SearchDepth = 1;
-    Resend();
-    EXPECT_EQ(window_->Logic().Moves.Count(), 2);
-    EXPECT_EQ(StoredTexts(), ShownTexts());
-    EXPECT_EQ(window_->windowTitle(), u"Tarvolenix - Awaiting your move"_s);
+    Click(board::ResendButton);
+    EXPECT_EQ(Game().Moves.Count(), 2);
+    ExpectStored(ShownTexts());
   }
 }
 
 TEST_F(ComputerGameTest, WhoClosesTheWindowMeanwhileFindsHisMoveStored) {
-  const std::function<void()> closings[] = {
-      [this] { window_->close(); },
-      [this] { QTest::mouseClick(Button(board::CloseButton), Qt::LeftButton); },
-      [this] {
-        Process().Stopping = true;
-        window_->close();
-        window_->close();
-      }};
+  const std::function<void()> closings[] = {[this] { window_->close(); },
+                                            [this] { Click(board::CloseButton); },
+                                            [this] {
+                                              Process().Stopping = true;
+                                              window_->close();
+                                              window_->close();
+                                            }};
   for (const auto& close : closings) {
-    OpenNew(4);
-    Do("click 52 click 54");
-    Meanwhile([&] {
+    OpenAgainstComputer(4);
+    Do(e2e4);
+    Send([&] {
       close();
       EXPECT_TRUE(window_->isVisible()) << "the turn is still at work in it";
     });
-    Send();
     EXPECT_FALSE(window_->isVisible());
     EXPECT_FALSE(Process().BoardOpen);
-    EXPECT_EQ(StoredTexts(), "e4 ");
+    ExpectStored("e4 ");
     // What comes up for the board's sake goes with the program.
     EXPECT_EQ(std::count(desktop_.log.begin(), desktop_.log.end(), "close all"),
               Process().Stopping ? 1 : 0);
@@ -176,25 +156,26 @@ TEST_F(ComputerGameTest, GamesAtEachDepthAreStoredAsTheyWerePlayed) {
 #else
   constexpr int deepest = ai::deepestSearch;
 #endif
-  constexpr int longest = 12;
+  constexpr int longest = 8, stopped = 3;
   for (int depth = 0; depth <= deepest; ++depth) {
     SCOPED_TRACE(depth);
-    OpenNew(depth);
-    const board::Game& game = window_->Logic();
-    for (int turn = 1; turn <= longest && !GameIsOver(game); ++turn) {
-      // A shorter search may be over before it can be stopped.
-      const bool stops = turn == 3 && depth == deepest;
+    OpenAgainstComputer(depth);
+    for (int turn = 1; turn <= longest && !GameIsOver(Game()); ++turn) {
       PlayAMove();
-      if (stops) Meanwhile([this] { Click("CancelSearchS"); });
-      Send();
-      if (stops) Resend();
-      ASSERT_TRUE(GameIsOver(game) || game.Moves.Count() == 2 * turn) << ShownTexts();
+      if (turn == stopped) {
+        Send([this] { Click("CancelSearchS"); });
+        Click(board::ResendButton);
+      } else {
+        Click(board::SendButton);
+      }
+      ASSERT_TRUE(GameIsOver(Game()) || Game().Moves.Count() == 2 * turn) << ShownTexts();
     }
-    EXPECT_EQ(StoredTexts(), ShownTexts());
+    const std::string played = ShownTexts();
+    ExpectStored(played);
     const rules::BoardSquares end = rules::ThePosition().BoardState;
     delete window_;
     window_ = new BoardWindow(graphics_);
-    EXPECT_EQ(StoredTexts(), ShownTexts());
+    EXPECT_EQ(ShownTexts(), played);
     EXPECT_TRUE(rules::ThePosition().BoardState == end);
   }
 }

@@ -176,8 +176,7 @@ void NewGameInfo::SetSimpleUI() {
 }
 
 std::optional<platform::NewGameFields> NewGameInfo::Ask() {
-  FormCanceled_ = !hasLook_ || exec() != Accepted;
-  if (FormCanceled_) return std::nullopt;
+  if (!hasLook_ || exec() != Accepted) return std::nullopt;
   show();
   repaint();
   return platform::NewGameFields{Game_name_->text().toStdString(),

@@ -27,8 +27,6 @@ class NewGameInfo : public QDialog {
   /// until it is hidden. Nothing where the user cancelled or the window has no skin.
   std::optional<platform::NewGameFields> Ask();
 
-  bool FormCanceled() const { return FormCanceled_; }
-
   void accept() override;
   void done(int result) override;
 
@@ -62,7 +60,6 @@ class NewGameInfo : public QDialog {
   QAbstractButton* ok_;
   QAbstractButton* cancel_;
   QTimer* Timer1_;
-  bool FormCanceled_ = false;
   bool pendingResolve_ = false;
   bool hasLook_ = false;
 };

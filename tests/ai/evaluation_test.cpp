@@ -17,7 +17,7 @@ TEST(EvaluationTest, AgreesWithTheLiteralOneScoreForScore) {
     ScoreCandidates(list, turn.side, turn.sideInCheck, turn.lastMove);
     for (const CandidateMove& move : list) {
       const auto [from, to, score] = move;
-      const auto literal = [&](bool doMove) {
+      const auto literal = [&turn, from = from, to = to](bool doMove) {
         return literal::EvaluateMove(from.x, from.y, to.x, to.y, turn.sideInCheck, doMove,
                                      turn.lastMove);
       };

@@ -59,8 +59,8 @@ class RandomPositions {
   Turn FromPlay() {
     static constexpr const char* starts[] = {
         "start",
-        "Ra1 Ke1 Rh1 Pa2 Pb2 Pc2 Bd2 Be2 Pf2 Pg2 Ph2 Nc3 Qf3 ph3 pb4 Pe4 Pd5 Ne5 ba6 nb6 pe6 nf6 "
-        "pg6 pa7 pc7 pd7 qe7 pf7 bg7 ra8 ke8 rh8",
+        ("Ra1 Ke1 Rh1 Pa2 Pb2 Pc2 Bd2 Be2 Pf2 Pg2 Ph2 Nc3 Qf3 ph3 pb4 Pe4 Pd5 Ne5 ba6 nb6 pe6 nf6 "
+         "pg6 pa7 pc7 pd7 qe7 pf7 bg7 ra8 ke8 rh8"),
         "Ka5 Pb5 Rb4 pc7 pd6 pf4 kh4 rh5 Pe2 Pg2",
         "Ra1 Qd1 Ke1 Rh1 ra8 qd8 ke8 rh8",
         "Ke1 Pa7 Pb7 Qg2 ke8 pa2 qb2 pg7",

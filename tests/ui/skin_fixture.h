@@ -17,7 +17,7 @@
 #include "skin/skin.h"
 #include "skin/window_region.h"
 #include "skin/window_skin.h"
-#include "ui_fixture.h"
+#include "ui/ui_fixture.h"
 
 namespace ui {
 

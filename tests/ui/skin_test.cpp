@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The skins: what a window needs of one, and what happens where that fails.
 #include "skin/window_region.h"
-#include "skin_fixture.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 namespace {

@@ -14,7 +14,6 @@
 #include "shell/playing.h"
 #include "skin/strip_button.h"
 #include "skin/system_button.h"
-#include "skin_fixture.h"
 #include "ui/board/board_window.h"
 #include "ui/board/exchange_pawn.h"
 #include "ui/board/setup_warning.h"
@@ -22,6 +21,7 @@
 #include "ui/program/msg_form.h"
 #include "ui/program/status_window.h"
 #include "ui/program/system_tray.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 namespace {

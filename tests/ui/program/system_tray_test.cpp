@@ -8,7 +8,7 @@
 #include "platform/polling.h"
 #include "shell/shell_hooks.h"
 #include "shell/shut_down.h"
-#include "ui_fixture.h"
+#include "ui/ui_fixture.h"
 
 namespace ui {
 namespace {

@@ -17,7 +17,7 @@
 #include "store/queries.h"
 #include "ui/program/system_tray.h"
 #include "ui/program/waiting_windows.h"
-#include "ui_fixture.h"
+#include "ui/ui_fixture.h"
 
 namespace ui {
 namespace {

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "board_window_fixture.h"
 #include "ui/board/board_menus.h"
+#include "ui/board/board_window_fixture.h"
 
 namespace ui {
 namespace {

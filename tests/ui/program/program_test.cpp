@@ -8,7 +8,7 @@
 #include <QTextEdit>
 
 #include "platform/registry.h"
-#include "ui_fixture.h"
+#include "ui/ui_fixture.h"
 
 namespace ui {
 namespace {

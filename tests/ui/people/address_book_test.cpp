@@ -6,7 +6,7 @@
 
 #include "contacts/contacts_book.h"
 #include "ui/people/address_book_dialog.h"
-#include "ui_fixture.h"
+#include "ui/ui_fixture.h"
 
 namespace ui {
 namespace {

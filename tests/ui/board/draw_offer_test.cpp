@@ -2,8 +2,8 @@
 // What the Board window offers beside moves: a draw and its answer, and a surrender.
 #include <QMenu>
 
-#include "board_window_fixture.h"
 #include "store/queries.h"
+#include "ui/board/board_window_fixture.h"
 
 namespace ui {
 namespace {

@@ -4,9 +4,9 @@
 #include <QComboBox>
 
 #include "contacts/contacts_book.h"
-#include "skin_fixture.h"
 #include "ui/games/choose_opponent.h"
 #include "ui/games/new_game_info.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 namespace {

@@ -3,8 +3,8 @@
 #include <QMenu>
 #include <QTextEdit>
 
-#include "board_window_fixture.h"
 #include "rules/position.h"
+#include "ui/board/board_window_fixture.h"
 
 namespace ui {
 namespace {

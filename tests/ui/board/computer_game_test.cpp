@@ -8,9 +8,9 @@
 
 #include "ai/heuristics.h"
 #include "board/ends.h"
-#include "board_window_fixture.h"
 #include "desktop/qt_events.h"
 #include "store/queries.h"
+#include "ui/board/board_window_fixture.h"
 
 namespace ui {
 namespace {

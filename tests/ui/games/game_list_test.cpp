@@ -6,9 +6,9 @@
 #include <QRegularExpression>
 #include <QToolTip>
 
-#include "skin_fixture.h"
 #include "ui/games/game_interface.h"
 #include "ui/games/game_list_grid.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 namespace {

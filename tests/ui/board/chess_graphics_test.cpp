@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "ui_fixture.h"
+#include "ui/ui_fixture.h"
 
 namespace ui {
 namespace {

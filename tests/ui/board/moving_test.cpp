@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ways in which a user moves a piece on the Board window.
-#include "board_window_fixture.h"
+#include "ui/board/board_window_fixture.h"
 
 namespace ui {
 namespace {

@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "board/controls.h"
-#include "skin_fixture.h"
 #include "ui/board/board_window.h"
 #include "ui/board/floating_piece.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 

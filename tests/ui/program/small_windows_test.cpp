@@ -4,13 +4,13 @@
 #include <QTableWidget>
 #include <QTextEdit>
 
-#include "skin_fixture.h"
 #include "ui/games/held_mail_form.h"
 #include "ui/games/notify_form.h"
 #include "ui/games/welcome.h"
 #include "ui/program/about_box.h"
 #include "ui/program/credits.h"
 #include "ui/program/splash_screen.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <QTextEdit>
 
-#include "ui_fixture.h"
+#include "ui/ui_fixture.h"
 
 namespace ui {
 namespace {

@@ -7,9 +7,9 @@
 
 #include <set>
 
-#include "skin_fixture.h"
 #include "ui/help/help_book.h"
 #include "ui/help/help_window.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 namespace {

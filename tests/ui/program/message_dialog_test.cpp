@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTextEdit>
 
-#include "skin_fixture.h"
 #include "ui/board/exchange_pawn.h"
 #include "ui/program/msg_form.h"
 #include "ui/program/qt_message_boxes.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <QListWidget>
 
-#include "skin_fixture.h"
+#include "ui/skin_fixture.h"
 
 namespace ui {
 namespace {

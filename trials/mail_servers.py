@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Real mail servers on this machine for the trials: Dovecot keeps the mailboxes and takes the users'
-mail, OpenSMTPD behind it delivers. Every address is a user's name. Without encryption, so that the
-wire can be cut at a place that is known. They go with this process, whatever ends it."""
+"""Real mail servers on this machine and for nobody else: Dovecot keeps the mailboxes and takes the
+users' mail, OpenSMTPD behind it delivers. Every address is a user's name. Where encryption starts on
+demand it may stay off, so that the wire can be cut at a place that is known. They go with this
+process, whatever ends it."""
 
 import os
 import pwd
@@ -12,12 +13,16 @@ import subprocess
 import time
 from pathlib import Path
 
+from certificates import make_certificates
 from players import PASSWORD, end_with_parent
 from scripted_server import UID_STEP
 
 DOVECOT = "/usr/sbin/dovecot"
 SMTPD = "/usr/sbin/smtpd"
 OWNER = "mail"
+
+# Nothing can be sent there.
+REFUSED = "full@localhost"
 
 # Where OpenSMTPD of any folder has its one control socket.
 RUN_FOLDER = "/run"
@@ -32,8 +37,21 @@ base_dir = {folder}/run
 state_dir = {folder}/run
 log_path = {folder}/dovecot.log
 protocols = imap submission
-listen = 127.0.0.1
-ssl = no
+listen = 127.0.0.1, 127.0.0.2, 127.0.0.3, 127.0.0.4
+ssl = yes
+ssl_cert = <{folder}/good.pem
+ssl_key = <{folder}/good.key
+local 127.0.0.2 {{
+  ssl_cert = <{folder}/expired.pem
+  ssl_key = <{folder}/expired.key
+}}
+local 127.0.0.3 {{
+  ssl_cert = <{folder}/foreign.pem
+  ssl_key = <{folder}/foreign.key
+}}
+local 127.0.0.4 {{
+  ssl = no
+}}
 disable_plaintext_auth = no
 auth_failure_delay = 0
 service imap-login {{
@@ -41,12 +59,16 @@ service imap-login {{
     port = {imap}
   }}
   inet_listener imaps {{
-    port = 0
+    port = {imaps}
   }}
 }}
 service submission-login {{
   inet_listener submission {{
     port = {smtp}
+  }}
+  inet_listener submissions {{
+    port = {smtps}
+    ssl = yes
   }}
 }}
 submission_relay_host = 127.0.0.1
@@ -80,6 +102,7 @@ SMTPD_SETTINGS = """
 listen on 127.0.0.1 port {relay}
 action deliver maildir "{folder}/mail/%{{rcpt.user:lowercase}}@%{{rcpt.domain:lowercase}}" \\
   user {owner} virtual {{ "@" = {owner} }}
+match from any for rcpt-to "{refused}" reject
 match from any for any action deliver
 """
 
@@ -141,7 +164,9 @@ class MailServers:
         self.mail.mkdir()
         self.owner = pwd.getpwnam(OWNER)
         os.chown(self.mail, self.owner.pw_uid, self.owner.pw_gid)
-        self.imap_port, self.smtp_port, self.relay_port = free_ports(3)
+        make_certificates(self.folder)
+        ports = free_ports(5)
+        self.imap_port, self.imaps_port, self.smtp_port, self.smtps_port, self.relay_port = ports
         self.write_settings()
         self.accepted_before = 0
         self.delivery = self.start_delivery()
@@ -150,7 +175,8 @@ class MailServers:
     def write_settings(self):
         values = {
             "folder": self.folder, "owner": OWNER, "password": PASSWORD,
-            "imap": self.imap_port, "smtp": self.smtp_port, "relay": self.relay_port,
+            "imap": self.imap_port, "imaps": self.imaps_port, "smtp": self.smtp_port,
+            "smtps": self.smtps_port, "relay": self.relay_port, "refused": REFUSED,
         }
         for name, text in (("dovecot", DOVECOT_SETTINGS), ("smtpd", SMTPD_SETTINGS)):
             (self.folder / f"{name}.conf").write_text(text.format(**values))
@@ -220,12 +246,21 @@ class MailServers:
             shutil.rmtree(box)
         self.accepted_before = self.taken()
 
-    def put(self, address, content):
-        """Beside the server, while nobody looks, with a number of our choice."""
+    def passwords_seen(self):
+        """How often somebody has shown a password so far, a right one or a wrong one."""
+        log = (self.folder / "dovecot.log").read_text("utf-8", "replace")
+        return len(re.findall(r": Login: user=|\(auth failed", log))
+
+    def make_box(self, address):
         box = self.mail / address
         for part in ("", "cur", "new", "tmp"):
             (box / part).mkdir(exist_ok=True)
             os.chown(box / part, self.owner.pw_uid, self.owner.pw_gid)
+        return box
+
+    def put(self, address, content):
+        """Beside the server, while nobody looks, with a number of our choice."""
+        box = self.make_box(address)
         numbered = box / "dovecot-uidlist"
         lines = numbered.read_text().splitlines()[1:] if numbered.exists() else []
         uid = (len(lines) + 2) * UID_STEP

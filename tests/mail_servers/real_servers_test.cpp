@@ -5,53 +5,45 @@
 #include <stdlib.h>
 
 #include "letters/mail_text.h"
-#include "mail_servers/imap_world.h"
-#include "mail_servers/other_client.h"
 #include "mail_servers/the_servers.h"
 #include "post/account_check.h"
 #include "post/server_mail.h"
 
 namespace {
 
-using post::MailAccount;
-using letters::FetchedMail;
+using servers::Told;
 
-const std::string user = userAddress;
-const std::string opponent = "you@localhost";
+const std::string prefix = "Tarvolenix : ";
 
-const letters::OutgoingMail mailToOpponent = {
-    {"", user}, {{"", opponent}}, "Tarvolenix : a", "text"};
-
-MailServers& EmptyServers() {
-  TheServers().Empty();
-  return TheServers();
+/// Subjects, without the prefix and with a Maildir's flags in brackets.
+std::string Shown(const servers::Box& box) {
+  std::string all;
+  for (const auto& [file, mail] : box.Mails()) {
+    std::string subject = letters::SubjectOf(mail);
+    if (subject.starts_with(prefix)) subject.erase(0, prefix.size());
+    const std::string flags = servers::FlagsOf(file);
+    all += subject + (flags.empty() ? "" : "(" + flags + ")") + ' ';
+  }
+  return all;
 }
 
 class RealServersTest : public testing::Test {
  protected:
-  /// `subject` begins with "Tarvolenix : " where it begins with a small letter.
-  void Deliver(const std::string& subject, const std::string& flags = "") {
-    const bool ours = subject[0] >= 'a';
-    other_.Append("INBOX", flags,
-                  "From: you@localhost\r\nSubject: " + std::string(ours ? "Tarvolenix : " : "") +
-                      subject + "\r\n\r\ntext");
-  }
+  void SetUp() override { servers::Empty(); }
 
-  /// Subjects, with flags in brackets.
-  std::string InboxOf(const std::string& owner) {
-    std::string all;
-    for (const auto& mail : OtherClient(servers_, owner).Mails("INBOX")) {
-      std::string subject = letters::SubjectOf(mail.bytes);
-      if (subject.starts_with("Tarvolenix : ")) subject.erase(0, 13);
-      all += subject + (mail.flags.empty() ? "" : "(" + mail.flags + ")") + ' ';
-    }
-    return all;
+  /// `subject` gets the prefix where it begins with a small letter.
+  void Deliver(const std::string& subject, const std::string& flags = "") {
+    inbox_.Put(
+        "From: you@localhost\nSubject: " + (subject[0] >= 'a' ? prefix : "") + subject + "\n\ntext",
+        flags);
   }
 
   /// Lists, and answers the identifiers by subject behind the prefix.
   std::map<std::string, std::string> Ids(bool unreadOnly = false) {
     std::map<std::string, std::string> ids;
-    for (const FetchedMail& mail : mail_.List(unreadOnly)) ids[mail.subject.substr(13)] = mail.id;
+    for (const letters::FetchedMail& mail : mail_.List(unreadOnly)) {
+      ids[mail.subject.substr(prefix.size())] = mail.id;
+    }
     return ids;
   }
 
@@ -71,45 +63,43 @@ class RealServersTest : public testing::Test {
     mail_.Flush();
   }
 
-  MailServers& servers_ = EmptyServers();
-  OtherClient other_{servers_, user};  // has the Inbox open all the time
-  post::ServerMail mail_{ServerAccount(user), MailServers::password};
+  const servers::Box inbox_{Told("MAIL_USER")};
+  post::ServerMail mail_{servers::Account(), Told("MAIL_PASSWORD")};
 };
 
 TEST_F(RealServersTest, OtherMailsKeepTheirMarksAndStayUnread) {
-  const std::string others =
-      "Tarvolenix is fun Hello(\\Flagged) Read(\\Answered \\Seen) Draft(\\Draft Important) ";
+  const std::string others = "Tarvolenix is fun Hello(F) Read(RS) Draft(D) ";
   Deliver("Tarvolenix is fun");
-  Deliver("Hello", "\\Flagged");
-  Deliver("Read", "\\Answered \\Seen");
-  Deliver("Draft", "\\Draft Important");
+  Deliver("Hello", "F");
+  Deliver("Read", "RS");
+  Deliver("Draft", "D");
   for (const char* subject : {"a", "b"}) Deliver(subject);
   EXPECT_EQ(Subjects(), "a b ");
-  EXPECT_EQ(InboxOf(user), others + "a b ") << "a look changes nothing";
+  EXPECT_EQ(Shown(inbox_), others + "a b ") << "a look changes nothing";
   const auto ids = Ids(true);
   MarkRead(ids.at("a"));
   Remove(ids.at("b"));
   EXPECT_EQ(Subjects(true), "");
-  EXPECT_EQ(InboxOf(user), others + "a(\\Seen) ");
+  EXPECT_EQ(Shown(inbox_), others + "a(S) ");
 }
 
 TEST_F(RealServersTest, WhatAnotherProgramHasMarkedAsDeletedSurvivesOurDeletion) {
   Deliver("a");
-  Deliver("b", "\\Deleted");
-  Deliver("Hello", "\\Deleted");
+  Deliver("b", "T");
+  Deliver("Hello", "T");
   EXPECT_EQ(Subjects(), "a ");
   Remove(Ids().at("a"));
   mail_.Close();
-  EXPECT_EQ(InboxOf(user), "b(\\Deleted) Hello(\\Deleted) ");
+  EXPECT_EQ(Shown(inbox_), "b(T) Hello(T) ");
 }
 
 TEST_F(RealServersTest, AnotherProgramMayChangeTheInboxMeanwhile) {
   for (const char* subject : {"First", "a", "b", "c", "Last"}) Deliver(subject);
   const auto ids = Ids();
-  other_.Command("SELECT INBOX");
-  other_.Command("STORE 1,3 +FLAGS (\\Deleted)");
-  other_.Command("EXPUNGE");
-  other_.Command("STORE 3 +FLAGS (\\Flagged)");
+  std::map<std::string, std::filesystem::path> files;
+  for (const auto& [file, mail] : inbox_.Mails()) files[letters::SubjectOf(mail)] = file;
+  for (const std::string gone : {"First", "Tarvolenix : b"}) std::filesystem::remove(files[gone]);
+  std::filesystem::rename(files["Last"], files["Last"].string() + "F");
   Deliver("d");
   for (const char* gone : {"b", "b"}) {
     EXPECT_NO_THROW(MarkRead(ids.at(gone)));
@@ -117,7 +107,7 @@ TEST_F(RealServersTest, AnotherProgramMayChangeTheInboxMeanwhile) {
   }
   MarkRead(ids.at("a"));
   Remove(ids.at("c"));
-  EXPECT_EQ(InboxOf(user), "a(\\Seen) Last(\\Flagged) d ") << "both had shared the numbers 2 and 3";
+  EXPECT_EQ(Shown(inbox_), "a(S) Last(F) d ");
   EXPECT_EQ(Subjects(), "a d ");
 }
 
@@ -130,48 +120,45 @@ struct SecurityCase {
 };
 
 const SecurityCase securityCases[] = {
-    {"TLS from the first byte", MailServers::host, "Tls", ""},
-    {"STARTTLS", MailServers::host, "StartTls", ""},
-    {"a host given by its number", MailServers::numericHost, "Tls", ""},
-    {"an unknown authority", MailServers::host, "Tls", "doesn't trust", true},
-    {"an unknown authority behind STARTTLS", MailServers::host, "StartTls", "doesn't trust", true},
-    {"an expired certificate", MailServers::expiredHost, "Tls", "has expired"},
-    {"another host's certificate behind STARTTLS", MailServers::foreignHost, "StartTls",
+    {"TLS from the first byte", "GOOD_HOST", "Tls", ""},
+    {"STARTTLS", "GOOD_HOST", "StartTls", ""},
+    {"a host given by its number", "GOOD_HOST_BY_NUMBER", "Tls", ""},
+    {"an unknown authority", "GOOD_HOST", "Tls", "doesn't trust", true},
+    {"an unknown authority behind STARTTLS", "GOOD_HOST", "StartTls", "doesn't trust", true},
+    {"an expired certificate", "EXPIRED_HOST", "Tls", "has expired"},
+    {"another host's certificate behind STARTTLS", "FOREIGN_HOST", "StartTls",
      "certificate of another one"},
-    {"no STARTTLS where it was asked for", MailServers::plainHost, "StartTls",
-     "offers no STARTTLS"},
+    {"no STARTTLS where it was asked for", "PLAIN_HOST", "StartTls", "offers no STARTTLS"},
 };
 
 TEST_F(RealServersTest, NoPasswordAndNoMailGoesToAServerThatProvesNothing) {
+  const std::string authority = Told("SSL_CERT_FILE");
+  const std::string opponent = "you@localhost";
+  const letters::OutgoingMail move = {
+      {"", Told("MAIL_USER")}, {{"", opponent}}, prefix + "a", "text"};
   for (const SecurityCase& row : securityCases) {
     SCOPED_TRACE(row.name);
-    servers_.Empty();
-    MailAccount account = ServerAccount(user);
-    account.ImapHost = account.SmtpHost = row.host;
-    account.ImapSecurity = account.SmtpSecurity = row.security;
-    account.ImapPort = servers_.ImapPort(row.security);
-    account.SmtpPort = servers_.SmtpPort(row.security);
-    const std::string authority =
-        row.otherAuthority ? servers_.OtherAuthority() : servers_.Authority();
-    ::setenv("SSL_CERT_FILE", authority.c_str(), 1);
-    const int passwordsBefore = servers_.PasswordsSeen();
-    post::ServerMail mail(account, MailServers::password);
+    servers::Empty();
+    const post::MailAccount account = servers::Account(row.host, row.security);
+    if (row.otherAuthority) ::setenv("SSL_CERT_FILE", Told("OTHER_AUTHORITY").c_str(), 1);
+    const int passwordsBefore = servers::PasswordsSeen();
+    post::ServerMail mail(account, Told("MAIL_PASSWORD"));
     const bool works = *row.says == '\0';
-    const std::string problem = post::WhatIsWrongWith(account, MailServers::password);
+    const std::string problem = post::WhatIsWrongWith(account, Told("MAIL_PASSWORD"));
     EXPECT_NE(problem.find(row.says), std::string::npos) << problem;
     EXPECT_EQ(problem.empty(), works);
     if (works) {
-      EXPECT_NO_THROW(mail.Send(mailToOpponent));
+      EXPECT_NO_THROW(mail.Send(move));
     } else {
       EXPECT_THROW(mail.Open(), platform::MailError);
       EXPECT_THROW(mail.TryOutgoing(), platform::MailError);
-      EXPECT_THROW(mail.Send(mailToOpponent), platform::MailError);
+      EXPECT_THROW(mail.Send(move), platform::MailError);
     }
-    ::setenv("SSL_CERT_FILE", servers_.Authority().c_str(), 1);
-    servers_.AwaitDelivery();
+    ::setenv("SSL_CERT_FILE", authority.c_str(), 1);
+    servers::AwaitDelivery();
     // The check's two, the mail's and its copy's.
-    EXPECT_EQ(servers_.PasswordsSeen() - passwordsBefore, works ? 4 : 0);
-    EXPECT_EQ(InboxOf(opponent), works ? "a " : "");
+    EXPECT_EQ(servers::PasswordsSeen() - passwordsBefore, works ? 4 : 0);
+    EXPECT_EQ(Shown(servers::Box(opponent)), works ? "a " : "");
   }
 }
 

@@ -37,9 +37,3 @@ class MailWorld {
 
 inline constexpr const char* userName = "Jürgen Müller";
 inline constexpr const char* userAddress = "user@localhost";
-
-/// The local post office.
-std::unique_ptr<MailWorld> MakePostWorld();
-
-/// The system's own mail.
-std::unique_ptr<MailWorld> MakeSystemWorld();

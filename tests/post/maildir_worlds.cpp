@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The kinds of mail whose boxes are Maildirs in the test's folder: the local post office, and the
-// system's own mail with a script for its sendmail program. A file where a box should be stands for
-// one that takes nothing.
+// The kinds of mail that need no server keep the contract of every mail service. Their boxes are
+// Maildirs in the test's folder: the local post office's, and those of the system's own mail, with
+// a script for its sendmail program. A file where a box should be stands for one that takes
+// nothing.
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
 #include "fakes/temporary_folder.h"
 #include "letters/mail_text.h"
-#include "mail_world.h"
+#include "post/mail_contract.h"
 #include "post/mail_service.h"
 #include "post/post_office.h"
 #include "post/system_mail.h"
@@ -105,8 +106,14 @@ class SystemWorld : public MaildirWorld {
   }
 };
 
+template <typename World>
+std::unique_ptr<MailWorld> Make() {
+  return std::make_unique<World>();
+}
+
 }  // namespace
 
-std::unique_ptr<MailWorld> MakePostWorld() { return std::make_unique<PostWorld>(); }
-
-std::unique_ptr<MailWorld> MakeSystemWorld() { return std::make_unique<SystemWorld>(); }
+INSTANTIATE_TEST_SUITE_P(Maildirs, MailContractTest,
+                         testing::Values(MailKind{"Post", Make<PostWorld>},
+                                         MailKind{"System", Make<SystemWorld>}),
+                         NameOfKind);

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include "platform/mail_client.h"
 #include "fakes/temporary_folder.h"
+#include "platform/mail_client.h"
 
 namespace {
 

@@ -43,10 +43,6 @@ struct CardCase {
 
 TEST(VCardTest, Museum) {
   const CardCase rows[] = {
-      {"an empty file", "", ""},
-      {"version 3.0",
-       Card("VERSION:3.0\nFN:Eva Muster\nEMAIL;TYPE=INTERNET,PREF:eva@example.org\n"),
-       "Eva Muster: eva@example.org"},
       {"version 4.0, addresses as links, a quoted parameter with a colon",
        Card("VERSION:4.0\nFN:Eva\nEMAIL;X=\"a:b\";PREF=1:mailto:eva@example.org\n"),
        "Eva: eva@example.org"},
@@ -62,26 +58,16 @@ TEST(VCardTest, Museum) {
        Card("VERSION:2.1\nFN;CHARSET=ISO-8859-1;ENCODING=QUOTED-PRINTABLE:J=FCrgen =\nM=FCller\n"
             "EMAIL;INTERNET:j@x.org\n"),
        "Jürgen Müller: j@x.org"},
-      {"quoted-printable cut off ahead of the end",
-       Card("FN;QUOTED-PRINTABLE:Eva=\n"
-            "EMAIL:e@x.org\n") +
-           Card("FN;QUOTED-PRINTABLE:Eva=Z1=4\nEMAIL:f@x.org\n"),
-       "EvaEMAIL:e@x.org:; Eva=Z1=4: f@x.org"},
       {"bytes that are no UTF-8", Card("FN:J\xFCrgen\nEMAIL:j@x.org\n"), "Jürgen: j@x.org"},
       {"escaped characters", Card("VERSION:3.0\nFN:Muster\\, Eva\\; the\\nElder\nEMAIL:e@x.org\n"),
        "Muster, Eva; the Elder: e@x.org"},
       {"a name in parts only", Card("N:Muster;Eva;Maria;Dr.;\nEMAIL:e@x.org\n"),
        "Dr. Eva Maria Muster: e@x.org"},
-      {"several addresses; one twice, and one that is none",
-       Card("FN:Eva\nEMAIL:e@x.org\nEMAIL:at home\nEMAIL:E@X.ORG\nEMAIL:eva@y.org\n"),
-       "Eva: e@x.org eva@y.org"},
       {"what would damage a game", Card("FN:E|va\t\x01M\nEMAIL:e|va@x.org\nEMAIL:e@x.org\n"),
        "E va  M: e@x.org"},
       {"a header's line smuggled into an address", Card("FN:Eva\nEMAIL:e@x.org\\nBcc:f@x.org\n"),
        "Eva:"},
       {"a card that another one cuts off", "BEGIN:VCARD\nFN:Max\n" + Card("FN:E\nEMAIL:e@x.org\n"),
-       "E: e@x.org (1 damaged)"},
-      {"a card without an end", Card("FN:E\nEMAIL:e@x.org\n") + "BEGIN:VCARD\nFN:Max\nEMAIL:m@x",
        "E: e@x.org (1 damaged)"},
   };
   for (const CardCase& row : rows)
@@ -166,17 +152,6 @@ TEST_F(ContactsBookTest, HoldsThePeopleOfTheGamesAndThoseWrittenIntoIt) {
   book_.Add({"eva\t|Muster", {"e@x.org", "no address", "E@x.org"}});
   book_.Add({"Zoe", {"MAX@x.org"}});
   EXPECT_EQ(People(), "eva Muster: e@x.org; Zoe: MAX@x.org");
-}
-
-TEST_F(ContactsBookTest, AddsChangesAndRemovesWithoutDoubles) {
-  book_.Add({"", {"e@x.org"}});
-  book_.Add({"Eva", {"E@X.org", "eva@y.org"}});
-  EXPECT_EQ(Stored(), "Eva: e@x.org eva@y.org");
-  book_.Change({"Eva", {"e@x.org", "eva@y.org"}}, {"Eva M", {"eva@y.org"}});
-  book_.Change({"Max", {"max@x.org"}}, {"Max", {"m@x.org"}});
-  EXPECT_EQ(Stored(), "Eva M: eva@y.org; Max: m@x.org");
-  book_.Remove({"Eva M", {"eva@y.org"}});
-  EXPECT_EQ(Stored(), "Max: m@x.org");
 }
 
 TEST_F(ContactsBookTest, ImportsMergesAndLeavesOut) {

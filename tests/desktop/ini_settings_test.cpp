@@ -4,8 +4,6 @@
 #include <QSettings>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "desktop/folders.h"
 #include "desktop/posix_files.h"
 #include "fakes/memory_files.h"
@@ -82,22 +80,6 @@ TEST_F(IniSettingsTest, OneChangeLeavesTheOtherLinesAsTheyStand) {
   EXPECT_EQ(mode(path_), std::filesystem::perms::owner_all);
   EXPECT_EQ(mode(path_ + ".bak"),
             std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
-}
-
-TEST_F(IniSettingsTest, GroupsAndNamesOfAnyLookStayApart) {
-  const std::pair<const char*, const char*> keys[] = {
-      {"", "x"},      {"Mail", "x"}, {"General", "x"}, {"%General", "x"},
-      {"", "Mail/x"}, {"a/b", "x"},  {"a", "b/x"},     {"back\\", "50%"}};
-  for (const auto& [group, name] : keys) {
-    ASSERT_TRUE(settings_.Write(group, {{name, std::string(group) + name}}));
-  }
-  for (const auto& [group, name] : keys) {
-    EXPECT_EQ(settings_.Read(group, name), std::string(group) + name);
-  }
-  auto groups = settings_.Groups();
-  std::sort(groups.begin(), groups.end());
-  EXPECT_EQ(groups,
-            (std::vector<std::string>{"%General", "General", "Mail", "a", "a/b", "back\\"}));
 }
 
 TEST_F(IniSettingsTest, NoFailureLeavesLessThanTheOldFileAndWhatIsReportedIsThere) {

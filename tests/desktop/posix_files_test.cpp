@@ -18,21 +18,6 @@ class PosixFilesTest : public testing::Test {
   desktop::PosixFiles files_;
 };
 
-TEST_F(PosixFilesTest, KeepsEveryByteAndReplacesWhole) {
-  std::string all(70000, '\0');
-  for (std::size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char>(i * 7);
-  files_.Write(folder_ / "a", all);
-  EXPECT_EQ(files_.Read(folder_ / "a"), all);
-  files_.Write(folder_ / "a", "short");
-  files_.Write(folder_ / "b", "");
-  EXPECT_EQ(files_.Read(folder_ / "b"), "");
-  files_.Rename(folder_ / "a", folder_ / "b");
-  EXPECT_FALSE(files_.Exists(folder_ / "a"));
-  EXPECT_EQ(files_.Read(folder_ / "b"), "short");
-  files_.Remove(folder_ / "b");
-  EXPECT_FALSE(files_.Exists(folder_ / "b"));
-}
-
 TEST_F(PosixFilesTest, ARenameKeepsThePlacesPermissionsAndALinkToIt) {
   namespace fs = std::filesystem;
   fs::create_directory(folder_ / "a folder isn't listed");

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <sstream>
 
-#include "letters/html_text.h"
 #include "platform/mail_client.h"
 
 namespace {
@@ -24,19 +23,10 @@ struct ReadCase {
 
 /// Mails as other programs write them.
 const ReadCase readCases[] = {
-    {"encoded words of two charsets, the blank between them belongs to none",
-     "From: =?iso-8859-1?Q?J=FCrgen?= =?utf-8?B?IE3DvGxsZXI=?= <j@x.y>\n"
-     "Subject: =?utf-8?Q?Tarvolenix_=3A_?= =?iso-8859-15?Q?e4=A4?=\n\nbody",
-     "Tarvolenix : e4€", "Jürgen Müller/j@x.y", "body"},
     {"a character cut in two between encoded words",
      "From: a@b\nSubject: =?utf-8?Q?Gr=C3?= =?utf-8?Q?=BC=C3=9Fe?=\n\n", "Grüße", "/a@b", ""},
     {"an address of another script", "From: \"X, Y\" <=?utf-8?Q?j=C3=B6rg?=@xn--tr-xka.de>\n\n", "",
      "X, Y/jörg@tür.de", ""},
-    {"texts follow each other, attachments and pictures don't count",
-     "From: a@b\nContent-Type: multipart/mixed; boundary=X\n\n--X\n\none,\n--X\n"
-     "Content-Type: text/plain\nContent-Disposition: attachment; filename=x\n\nattached\n--X\n"
-     "Content-Type: image/png\n\npixels\n--X\nContent-Type: text/html\n\ntwo\n--X--\n",
-     "", "/a@b", "one,two"},
     {"a compound in a compound, with lines that only begin like a boundary",
      "From: a@b\nContent-Type: multipart/mixed; boundary=\"X Y\"\n\npreamble\n--X Y \n"
      "Content-Type: multipart/alternative; boundary=\"X Y-2\"\n\n--X Y-2\n\none\n--X Y3\n\n--X "
@@ -166,13 +156,6 @@ TEST(MailTextTest, ReservedCharactersBecomeBlanks) {
 
 TEST(MailTextTest, RefusesMailsThatAreBuiltToHarm) {
   EXPECT_THROW(letters::SubjectOf("Subject: =??B?eg?==??B?eCg?=\n\n"), platform::MailError);
-  std::string nested = "From: a@b\r\n";
-  for (int i = 0; i < 20000; ++i) {
-    const std::string boundary = std::to_string(i);
-    nested.append("Content-Type: multipart/mixed; boundary=").append(boundary);
-    nested.append("\r\n\r\n--").append(boundary).append("\r\n");
-  }
-  EXPECT_THROW(ParseMail(nested), platform::MailError);
   std::string many = "From: a@b\r\nContent-Type: multipart/mixed; boundary=X\r\n\r\n";
   for (int i = 0; i < 1000000; ++i) many += "--X\r\n";
   EXPECT_THROW(ParseMail(many), platform::MailError);
@@ -183,15 +166,6 @@ TEST(MailTextTest, RefusesMailsThatAreBuiltToHarm) {
     chain.append("\n\n--").append(boundary).append("\n");
   }
   EXPECT_THROW(ParseMail(chain), platform::MailError);
-}
-
-TEST(HtmlTextTest, WhatMakesNoSenseStays) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"a < b & c; d &bogus; &#0; &#xZ; &", "a < b & c; d &bogus; &#0; &#xZ; &"},
-      {"<!-- <b>hidden</b> -->x<!-- open", "x"},
-      {"<script>if (a < b) { }</SCRIPT>x", "x"},
-      {"<<br>1|\n 2 <br> 3&nbsp; x", "<<br>1|\r\n2\r\n3  x"}};
-  for (const auto& [html, text] : rows) EXPECT_EQ(letters::HtmlToText(html), text) << html;
 }
 
 }  // namespace

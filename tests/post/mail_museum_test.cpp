@@ -10,17 +10,16 @@
 #include "fakes/fake_desktop.h"
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
+#include "fakes/temporary_folder.h"
 #include "mail/retrieval.h"
 #include "post/mail_service.h"
 #include "post/system_mail.h"
-#include "fakes/temporary_folder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr const char* mailsFolder = TARVOLENIX_MAILS "/";
-constexpr const char* knownGame = "known_game";  // has a case of its own
 constexpr const char* greeting = "Grüße & viel Spaß!";
 constexpr const char* longGreeting =
     "Grüße aus der Ferne, und viel Spaß mit der Partie, die nun beginnt";
@@ -175,7 +174,6 @@ TEST(MailMuseumTest, EachMailBecomesWhatItShould) {
   for (const auto& entry : fs::directory_iterator(mailsFolder)) {
     if (entry.path().extension() == ".eml") museum[entry.path().stem()];
   }
-  museum.erase(knownGame);
   ASSERT_GT(museum.size(), std::size(exceptions));
   for (const Exhibit& exhibit : exceptions) museum.at(exhibit.file) = exhibit.becomes;
   for (const auto& [file, becomes] : museum) {
@@ -183,21 +181,6 @@ TEST(MailMuseumTest, EachMailBecomesWhatItShould) {
     const std::string mail = MailNamed(file);
     std::visit([&mail](const auto& expected) { Check(expected, mail); }, becomes);
   }
-}
-
-TEST(MailMuseumTest, AKnownGameIsBroughtUpToDateAndKeepsItsNames) {
-  Reader reader;
-  reader.GameFile() =
-      "12|090320260805|7|Sunday game|09/03/2026|Anna@new.example.org|Anna|Bernd|0|Anna|2|0|;;;;;;;"
-      "|1|5254|e4|" +
-      std::string(greeting) + "\r\n";
-  reader.Put("cur/1.mail:2,", MailNamed(knownGame));
-  reader.Retrieve();
-  EXPECT_EQ(
-      reader.GameFile(),
-      "12|090320260805|7|Sunday game|09/03/2026|anna@new.example.org|Anna|Bernd|0|Anna B|1|0|" +
-          MovesLine(greeting, signs));
-  EXPECT_TRUE(reader.Files().empty());
 }
 
 /// The text behind an attachment of so many bytes.

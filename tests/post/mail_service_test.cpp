@@ -16,9 +16,9 @@
 
 namespace {
 
-using post::MailAccount;
 using letters::FetchedMail;
 using platform::MailError;
+using post::MailAccount;
 using post::MailService;
 
 /// What the test and the transport on the mail thread share.
@@ -258,26 +258,6 @@ TEST_F(MailServiceTest, WhileOneOperationWaitsAnotherIsRefused) {
     waiting();
   }
   EXPECT_EQ(script_.Calls(), "open all send:" + account_.MyAddress + ">you@x.y ");
-}
-
-TEST_F(MailServiceTest, AStoredAccountIsTakenAsItIs) {
-  platform::Process().ProgramFolder = "/program/";
-  Stored("MailKind") = "Imap";
-  Stored("MyAddress") = "me@x.y";
-  Stored("UserName") = "me";
-  Stored("ImapHost") = "x.y";
-  Stored("PostFolder") = "our post";
-  Stored("ImapPort") = "10143";
-  Stored("SmtpPort") = "nonsense";
-  passwords_.kept["me@x.y"] = "secret";
-  SignOn();
-  EXPECT_EQ(account_.MailKind + account_.MyAddress, "Imapme@x.y");
-  EXPECT_EQ(account_.PostFolder, "/program/our post/");
-  EXPECT_EQ(account_.ImapPort, 10143);
-  EXPECT_EQ(account_.SmtpPort, 465);
-  EXPECT_EQ(givenPassword_, "secret");
-  EXPECT_EQ(questions_, 0);
-  EXPECT_TRUE(desktop_.settings.writes.empty());
 }
 
 TEST_F(MailServiceTest, AsksForWhatIsMissingOnceAndKeepsThePasswordApart) {

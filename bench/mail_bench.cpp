@@ -10,8 +10,8 @@
 #include <future>
 #include <thread>
 
-#include "post/rude_server.h"
 #include "mail_player.h"
+#include "post/rude_server.h"
 
 namespace {
 

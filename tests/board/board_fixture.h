@@ -94,7 +94,7 @@ inline std::string Offers(const Game& game) {
 }
 
 struct RecordingView : BoardView {
-  void ConstructBoard() override { ++constructed; }
+  void ConstructBoard() override {}
   void PaintSquare(Square square, int cell) override { cells.at(IndexOf(square)) = cell; }
   void Refresh() override { offers = Offers(*game); }
   rules::PieceCode ExchangePawn(rules::Side side) override {
@@ -106,7 +106,7 @@ struct RecordingView : BoardView {
     return acceptsWarnings;
   }
   bool Visible() const override { return visible; }
-  void SetTimerInterval(int milliseconds) override { interval = milliseconds; }
+  void SetTimerInterval(int) override {}
   void Hide() override {}
   void Close() override { ++closed; }
 
@@ -117,7 +117,7 @@ struct RecordingView : BoardView {
   bool acceptsWarnings = true;
   bool visible = true;
   rules::PieceCode promotion = rules::WhiteQueen;
-  int constructed = 0, asked = 0, interval = 250, closed = 0;
+  int asked = 0, closed = 0;
 };
 
 struct BoardTest : ::testing::Test {
@@ -209,16 +209,6 @@ struct BoardTest : ::testing::Test {
       told += message.title + ": " + message.text;
     }
     return told;
-  }
-
-  /// The numbers of the sounds since the last call, and then what Told tells.
-  std::string Noticed() {
-    std::string noticed;
-    for (const std::string& path : std::exchange(desktop.sounds.played, {})) {
-      noticed += path[path.size() - 5];
-    }
-    const std::string told = Told();
-    return told.empty() ? noticed : noticed + " " + told;
   }
 
   void Tick(int times = 3) {

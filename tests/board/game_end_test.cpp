@@ -18,28 +18,28 @@ struct EndCase {
 };
 
 const std::string mated =
-    "1 CHECKMATE!: Congratulations!\n\nYou have won by getting your opponent "
+    "CHECKMATE!: Congratulations!\n\nYou have won by getting your opponent "
     "in checkmate.";
-const std::string lost = "7 CHECKMATE!: You lost!\n\nEva ";
+const std::string lost = "CHECKMATE!: You lost!\n\nEva ";
 const std::string surrendered =
-    "1 SURRENDER!: Congratulations!\n\nYou have won because your "
+    "SURRENDER!: Congratulations!\n\nYou have won because your "
     "opponent surrendered";
-const std::string gaveUp = "7 SURRENDER!: You lost!\n\n";
+const std::string gaveUp = "SURRENDER!: You lost!\n\n";
 const std::string offer =
-    "6 Offer of a draw: Your opponent has offered a draw.  Please either "
+    "Offer of a draw: Your opponent has offered a draw.  Please either "
     "accept or decline with the buttons to the top right.";
-const std::string draw = "6 DRAW!: The game ended in a ";
+const std::string draw = "DRAW!: The game ended in a ";
 const std::string force =
-    "345 Forced draw: This move will force a draw because you cannot "
+    "Forced draw: This move will force a draw because you cannot "
     "checkmate with only ";
 const std::string mine = draw + "draw because you forced a draw.";
 const std::string hers = draw + "draw because your opponent forced a draw.";
 
 const EndCase endCases[] = {
-    {"White mates", "Ke1 Ra1 kg8 pf7 pg7 ph7||", "a1a8", "1118 Ra8++", "34" + mated, mated,
+    {"White mates", "Ke1 Ra1 kg8 pf7 pg7 ph7||", "a1a8", "1118 Ra8++", mated, mated,
      lost + "has won the game by getting you in checkmate.", 3, 4},
     {"Black mates and comments", "Kg1 Pf2 Pg2 Ph2 ra8 ke8|g1h1 Kh1|guest", "a8a1#Bye", "1811 Ra1++",
-     "34" + mated, mated, lost + "got you in checkmate and had a parting comment: Bye", 3, 4},
+     mated, mated, lost + "got you in checkmate and had a parting comment: Bye", 3, 4},
     {"White surrenders", "|e2e4 e4, e7e5 e5|", "surrender", "5151 0-1", "",
      gaveUp + "Eva won the game because you surrendered.", surrendered + ".", 4, 3},
     {"Black surrenders and comments", "|e2e4 e4|guest", "surrender#Bye", "5858 1-0", "",
@@ -53,7 +53,7 @@ const EndCase endCases[] = {
     {"White declines", "|e2e4 e4, e8e8 Draw offer|", "decline#No", "5151 Decline", "", "", "", 5,
      1},
     {"stalemate", "Kf6 Qa2 kh8||", "a2f7", "1267 Qf7 1/2-1/2",
-     "34 Stalemate!: This move will force a draw.",
+     "Stalemate!: This move will force a draw.",
      draw + "forced draw because you put your opponent in stalemate.",
      draw + "forced draw because your opponent put you in stalemate.", 6, 6},
     {"one knight", "Kd4 ke7 Pe6 nb8|d4e4 Ke4|guest", "e7e6", "5756 Kxe6 1/2-1/2",
@@ -92,11 +92,11 @@ struct GameEndTest : BoardTest {
     Open();
     view->visible = false;
     Tick();
-    EXPECT_EQ(Noticed(), "");
+    EXPECT_EQ(Told(), "");
     game->SetupWarned = true;
     view->visible = true;
     Tick();
-    return Noticed();
+    return Told();
   }
 };
 
@@ -119,10 +119,10 @@ TEST_F(GameEndTest, EachEndIsSeenFromBothSides) {
     Tick(game->StalemateFlashes + 1);
     ExpectWindowIsUpToDate();
 
-    Noticed();
+    Told();
     Act(row);
     Tick();
-    EXPECT_EQ(Noticed(), row.noticed) << "once";
+    EXPECT_EQ(Told(), row.noticed) << "once";
     EXPECT_EQ(game->Moves.Last().MoveCoordinates + " " + game->Moves.Last().MoveText, row.entry);
     EXPECT_EQ(game->Moves.Last().MoveComment, GetField(row.act, 2, '#'));
     EXPECT_EQ(Offers(*game), "undo send comment Cancel");
@@ -142,29 +142,6 @@ TEST_F(GameEndTest, EachEndIsSeenFromBothSides) {
       StoreGame(AtTheOpponents(row));
     }
   }
-}
-
-TEST_F(GameEndTest, NoticesWaitForOneAnotherWhileTheKingFlashesOn) {
-  OpenGame("Ke1 Pe2 ke8|e1e1 0-1|guest");
-  desktop.boxes.whileUp = [&] {
-    const int cell = CellOf("e1");
-    CheckTimer(*game);
-    EXPECT_NE(CellOf("e1"), cell);
-    EXPECT_EQ(desktop.boxes.messages.size(), 1u);
-  };
-  Tick();
-  EXPECT_FALSE(desktop.boxes.whileUp);
-  EXPECT_EQ(Noticed(), "61 Setup game: This game was started with a custom board setup." +
-                           surrendered.substr(2) + ".");
-}
-
-TEST_F(GameEndTest, NothingIsNoticedAfterTheClosing) {
-  OpenGame("|e2e4, e8e8 1-0|");
-  const int king = CellOf("e8");
-  Form_Unload(*game);
-  Tick(1);
-  EXPECT_NE(CellOf("e8"), king);
-  EXPECT_EQ(Noticed(), "");
 }
 
 }  // namespace

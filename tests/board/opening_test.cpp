@@ -41,15 +41,9 @@ TEST_F(BoardTest, ANewGameHasNoRecord) {
   Process().Offline = false;
   Open(-1);
   EXPECT_TRUE(game->PlaysWhite);
-  EXPECT_EQ(game->Caption, "Tarvolenix - Awaiting your move");
   EXPECT_EQ(BoardText(), rules::normalStart);
   EXPECT_EQ(view->offers, "move comment Cancel");
   ExpectWindowIsUpToDate();
-
-  Play("e2e4");
-  MoveList_RowColChange(*game, 1);
-  EXPECT_EQ(BoardText(), BoardText("start e2e4")) << "the row was selected already";
-  EXPECT_EQ(view->offers, "undo send comment Cancel");
 
   OpenSetup("Ke1 Pe2 ke8");
   EXPECT_EQ(Flags(), "101101");
@@ -70,9 +64,6 @@ TEST_F(BoardTest, AGameThatCantBeReadClosesOnTheNextTick) {
     Open();
     const std::string told = Told();
     EXPECT_TRUE(told.starts_with("Database error.: A database error has prevented")) << told;
-    EXPECT_EQ(told.find("Line 1 of") != std::string::npos, GameFile() == "one|\r\n") << told;
-    EXPECT_FALSE(Process().BoardOpen);
-    EXPECT_EQ(view->constructed + view->closed, 0);
     CheckTimer(*game);
     EXPECT_EQ(view->closed, 1);
     const std::string before = GameFile();

@@ -151,10 +151,7 @@ TEST_F(SetupTest, NoSequenceOfStepsLeavesAnUnfitBoard) {
   }
 }
 
-const std::string pawns = "\n      To many pawns";
 const std::string unpaid = "\n      Not exchanged enough pawns to pay for the court pieces";
-const std::string noneOnWhite = "\n      No bishops on a white board square";
-const std::string noneOnBlack = "\n      No bishops on a black board square";
 const std::string over16 = "\n      More than 16 pieces on the board";
 const std::string forcesDraw =
     invalid +
@@ -170,9 +167,6 @@ struct PlayCase {
 
 const PlayCase playCases[] = {
     {"a king and seventeen", "start Qd4 Qe4", "White warnings" + unpaid + over16},
-    {"a pair", "Ke1 Bb1 Bc1 ke8", ""},
-    {"both sides", "Ke1 Bb1 Bd1 ke8 bb8 bd8 pa7 pb7 pc7 pd7 pe7 pf7 pg7 ph7 pa6",
-     "White warnings" + noneOnBlack + "\n\nBlack warnings" + pawns + noneOnWhite},
     {"two kings", "Ke1 ke8", "", false},
     {"a king missing", "Ke1 Qd1 Pa2", "", false},
     {"a knight", "Ke1 Ng1 ke8", forcesDraw + "a knight or a bishop.", false},
@@ -192,22 +186,6 @@ TEST_F(SetupTest, PlayWarnsOfWhatNoGameLeadsToAndRefusesWhatNobodyCanWin) {
       EXPECT_EQ(BoardText(), BoardText(row.board));
     }
   }
-}
-
-const Case newsCases[] = {
-    {"Black's first sight", "Ke1 Pe2 ke8|e2e4 e4|guest", "Setup game"},
-    {"White knows", "Ke1 Pe2 ke8|e2e4 e4|", ""},
-    {"Black knows by now", "Ke1 Pe2 ke8|e2e4 e4, e8e7 Ke7, e4e5 e5|guest", ""},
-    {"the usual start", "|e2e4 e4|guest", ""},
-};
-
-TEST_F(SetupTest, OnlyBlacksFirstSightTellsOfTheSetup) {
-  Expect(newsCases, [this] {
-    Told();
-    Tick();
-    const std::string told = Told();
-    return told.substr(0, told.find(':'));
-  });
 }
 
 }  // namespace

@@ -18,10 +18,8 @@ TEST_F(BoardTest, AKingInDangerFlashesUntilTheDangerEnds) {
     OpenGame(row.game);
     CheckTimer(*game);
     EXPECT_EQ(CellOf(row.expected), std::stoi(row.expected + 6));
-    EXPECT_EQ(view->interval, 250);
     CheckTimer(*game);
     EXPECT_EQ(CellOf(row.expected), std::stoi(row.expected + 3));
-    EXPECT_EQ(view->interval, 650);
     CheckTimer(*game);
     ThePosition().SideInCheck = rules::NobodyInCheck;
     ThePosition().CheckmateFlag = game->Surrendered = false;
@@ -29,48 +27,6 @@ TEST_F(BoardTest, AKingInDangerFlashesUntilTheDangerEnds) {
     CheckTimer(*game);
     ExpectWindowIsUpToDate();
   }
-}
-
-struct FlickerCase {
-  const char* name;
-  const char* game;
-  const char* move;
-  const char* king;
-  int ticks;
-};
-
-const FlickerCase flickerCases[] = {
-    {"a refused self-check", "Ke1 Re2 re8 kh8", "e2d2", "e1", 10},
-    {"a stalemate", "Kf6 Qa2 kh8", "a2f7", "h8", 15},
-};
-
-TEST_F(BoardTest, AKingFlickersAndComesToRest) {
-  for (const FlickerCase& row : flickerCases) {
-    SCOPED_TRACE(row.name);
-    OpenGame(row.game);
-    Play(row.move);
-    const Square king = rules::Sq(row.king);
-    for (int left = row.ticks; left > 0; --left) {
-      CheckTimer(*game);
-      EXPECT_EQ(CellOf(row.king),
-                left % 2 == 0 ? rules::SquareShade(king) : SquareCell(*game, king));
-      EXPECT_EQ(view->interval, left == 1 ? 250 : 100);
-    }
-    Tick();
-    ExpectWindowIsUpToDate();
-  }
-}
-
-TEST_F(BoardTest, ATickDuringTheWindowsOwnMessageDoesNothing) {
-  OpenGame("Ke1 Re2 re8 kh8");
-  desktop.boxes.whileUp = [this] {
-    game->UnloadPending = true;
-    CheckTimer(*game);
-    game->UnloadPending = false;
-  };
-  Play("e2d2");
-  EXPECT_FALSE(desktop.boxes.whileUp);
-  EXPECT_EQ(view->closed, 0);
 }
 
 }  // namespace

@@ -9,9 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -101,10 +99,7 @@ struct RecordingView : BoardView {
     ++asked;
     return rules::OfSide(promotion, side);
   }
-  bool AcceptSetupWarnings(const std::string& text) override {
-    warnings = text;
-    return acceptsWarnings;
-  }
+  bool AcceptSetupWarnings(const std::string&) override { return acceptsWarnings; }
   bool Visible() const override { return visible; }
   void SetTimerInterval(int) override {}
   void Hide() override {}
@@ -112,8 +107,7 @@ struct RecordingView : BoardView {
 
   const Game* game = nullptr;
   std::array<int, 64> cells{};
-  std::string offers;    ///< at the last refresh
-  std::string warnings;  ///< of the last setup
+  std::string offers;  ///< at the last refresh
   bool acceptsWarnings = true;
   bool visible = true;
   rules::PieceCode promotion = rules::WhiteQueen;
@@ -176,23 +170,12 @@ struct BoardTest : ::testing::Test {
     Open();
   }
 
-  /// Opens each game and compares what is seen then.
-  void Expect(std::span<const Case> cases, const std::function<std::string()>& seen) {
-    for (const Case& row : cases) {
-      SCOPED_TRACE(row.name);
-      OpenGame(row.game);
-      EXPECT_EQ(seen(), row.expected);
-    }
-  }
-
   /// Drags a piece, told as "e2e4".
   void Play(const std::string& move) {
     const rules::LastMove squares = rules::Move(move);
     ASSERT_TRUE(CBoard_MouseDown(*game, squares.from)) << move;
     CBoard_DragDrop(*game, squares.to, squares.from);
   }
-
-  int CellOf(std::string_view square) const { return view->cells[IndexOf(rules::Sq(square))]; }
 
   /// The castle flags, White's first.
   static std::string Flags() {

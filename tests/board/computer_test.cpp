@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Games against the computer.
+#include <functional>
+
 #include "ai/heuristics.h"
 #include "board/board_fixture.h"
 #include "fakes/plain_events.h"

@@ -72,21 +72,6 @@ TEST_F(BoardTest, AReplayReachesWhatWasPlayed) {
   }
 }
 
-const Case wordCases[] = {
-    {"a refusal clears it", "|e1e1 Draw offer, e8e8 Decline", ""},
-    {"a refusal undoes even that", "|e2e4 e4 1/2-1/2, e8e8 Decline", ""},
-    {"a user who opens on his stalemate", "Kf6 Qa2 kh8|a2f7|guest", "drawn "},
-    {"a drawn game doesn't look for one", "Ke1 Rh2 ka8|h2h8 Rh8+ 1/2-1/2", "drawn "},
-};
-
-TEST_F(BoardTest, TheListTellsHowAGameStands) {
-  Expect(wordCases, [this] {
-    std::string words = game->DrawOffered ? "offered " : "";
-    if (game->GameDrawn) words += "drawn ";
-    return words + (ThePosition().SideInCheck == rules::NobodyInCheck ? "" : "in check");
-  });
-}
-
 TEST_F(BoardTest, BrowsingComesBackToTheSamePresent) {
   OpenGame("|e2e4, e7e5, g1f3 Nf3#well, b8c6 Nc6#Hi");
   EXPECT_EQ(game->OpponentComment, "Eva said: Hi");

@@ -36,12 +36,9 @@ TEST_F(GameListTest, EachColumnSortsAndIsKeptForTheNextTime) {
     const char* games;
     std::int16_t keptColumn;
   } rows[] = {
-      {StatusColumn, "DESC", " 3* 1 2", StatusColumn},
-      {GameIDColumn, "", " 2* 1 3", StatusColumn},
       {OpponentColumn, "", " 2* 1 3", OpponentColumn},
-      {TitleColumn, "desc", " 3* 2 1", TitleColumn},
       {DateColumn, "up", " 3* 1 2", DateColumn},
-      {OpponentsIDColumn, "DESC", " 2* 1 3", DateColumn},
+      {GameIDColumn, "", " 2* 1 3", StatusColumn},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(List(row.column, row.order), row.games) << row.column << row.order;
@@ -56,16 +53,6 @@ TEST_F(GameListTest, SelectsTheWantedGameElseTheFirstPendingOneElseTheFirst) {
   Process().PendingGames = {2, 3};
   EXPECT_EQ(List(TitleColumn), " 1 2* 3");
   EXPECT_EQ(List(TitleColumn, {}, 3), " 1 2 3*") << "whatever is pending";
-}
-
-TEST_F(GameListTest, DaysAreReadByThePlacesOfTheirDigits) {
-  const std::optional<platform::Date> day{{2026, 3, 9}};
-  for (const char* read : {"09/03/2026", "09032026", "09/3/2026"}) {
-    EXPECT_EQ(DayOfGame(read), day) << read;
-  }
-  for (const char* none : {"31/02/2026", "9/3/2026", "", "March 9, 2026", "09/+3/2026"}) {
-    EXPECT_EQ(DayOfGame(none), std::nullopt) << none;
-  }
 }
 
 TEST_F(GameListTest, GamesWithADateThatCannotBeReadAreThereAllTheSame) {
@@ -98,12 +85,8 @@ TEST_F(GameListTest, ARetrieveWithoutATrayLiftsTheGuard) {
 }
 
 TEST_F(GameListTest, TheProgramEndsWithTheListWhereThereIsNoTray) {
-  Process().NewMoveArrived = true;
-  GameListOpened();
-  EXPECT_TRUE(Process().GameListOpen && !Process().NewMoveArrived);
   GameListClosed();
-  EXPECT_FALSE(Process().GameListOpen || Process().Stopping);
-
+  EXPECT_FALSE(Process().Stopping);
   Settings().SystrayStartup = false;
   Process().ShuttingDown = true;
   GameListClosed();

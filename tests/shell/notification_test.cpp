@@ -56,11 +56,9 @@ TEST_F(NotificationTest, TheFourAnswersLeadOnThroughThePendingGames) {
     std::string came;
     GameIDs left;
   } rows[] = {
-      {"Later drops all", {4, 5}, {Later}, anna, {}},
       {"Game list drops all", {4, 5}, {GameList}, anna + ", game list", {}},
       {"Play leaves the others", {4, 5}, {Play}, anna + ", board 4 in front", {5}},
       {"a game stands twice", {4, 5, 4}, {Next, Play}, anna + bernd + ", board 5 in front", {}},
-      {"an empty list is the end", {4, 4}, {Next}, anna, {}},
   };
   desktop.windows.duringQuestion = [] {
     EXPECT_TRUE(Process().CheckTimerHeld && !Process().CheckTimer.Enabled);
@@ -79,15 +77,6 @@ TEST_F(NotificationTest, TheFourAnswersLeadOnThroughThePendingGames) {
   }
 }
 
-TEST_F(NotificationTest, NothingHappensWithoutNewsOrBesideTheGameList) {
-  Process().PendingGames = {4};
-  NotifyNewMoves();
-  Process().GameListOpen = true;
-  Notify({4});
-  EXPECT_EQ(Happened(), "");
-  EXPECT_EQ(Process().PendingGames, GameIDs{4});
-}
-
 TEST_F(NotificationTest, AGameThatIsGoneIsToldAndCountsAsLater) {
   store::RemoveGame(4);
   Notify({4, 5});
@@ -97,17 +86,13 @@ TEST_F(NotificationTest, AGameThatIsGoneIsToldAndCountsAsLater) {
 }
 
 TEST_F(NotificationTest, AFailureEndsItAndTheNextCallTriesAgain) {
-  for (const char* entry : {"notify Anna/Game 4/My plan/last", "graphics", "board 4 in front"}) {
-    SCOPED_TRACE(entry);
-    desktop.windows.failing = {entry};
-    desktop.windows.choices = {Play};
-    desktop.boxes.messages.clear();
-    Notify({4});
-    EXPECT_EQ(desktop.LastMessage().first, "Options error");
-    EXPECT_EQ(Process().PendingGames, GameIDs{4});
-    EXPECT_TRUE(Process().NewMoveArrived);
-    EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld);
-  }
+  desktop.windows.failing = {"board 4 in front"};
+  desktop.windows.choices = {Play};
+  Notify({4});
+  EXPECT_EQ(desktop.LastMessage().first, "Options error");
+  EXPECT_EQ(Process().PendingGames, GameIDs{4});
+  EXPECT_TRUE(Process().NewMoveArrived);
+  EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld);
 }
 
 }  // namespace

@@ -12,7 +12,6 @@ using PlayingTest = ShellFixture;
 
 void FromTray() { OpenGameFromTray(4); }
 void FromList() { PlayGame(4); }
-void NewFromTray() { StartNewGame({}); }
 void NewFromList() { StartNewGame({.fromGameList = true}); }
 
 struct Way {
@@ -26,14 +25,11 @@ struct Way {
 const Way ways[] = {
     {"tray", FromTray, "", "", "board 4"},
     {"game list gives its place to the board", FromList, "", "", "board 4, hide game list"},
-    {"new game", NewFromTray, "", "", "board -1, hide new game"},
     {"new game of the list", NewFromList, "", "", "board -1, hide game list, hide new game"},
     {"new game cancelled", NewFromList, "ask new game", "", "hide new game"},
     {"no chess set", NewFromList, "graphics", "", ""},
     {"board that goes again for its game can't be read", FromList, "board 4", "", "board 4"},
     {"board fails", FromList, "", "board 4", "board 4, message Options error"},
-    {"new game fails", NewFromList, "", "board -1",
-     "board -1, hide new game, message Options error"},
 };
 
 TEST_F(PlayingTest, EachWayToTheBoardHoldsPollingWhileTheBoardIsThere) {

@@ -43,29 +43,6 @@ TEST_F(SettingsTest, UpgradeCopiesFromTheGreatestOlderVersionAsTextCompares) {
   }
 }
 
-TEST_F(SettingsTest, UpgradeReadsTheOlderNameOfTheNotificationSoundFirst) {
-  for (const auto& [older, expected] : {std::pair("old.wav", "old.wav"), {"None", "new.wav"}}) {
-    desktop_.settings.groups = {
-        {"2.4.1", {{"NotificationSoundSav", older}, {"NotificationSoundWav", "new.wav"}}}};
-    shell::UpgradeSettings();
-    EXPECT_EQ(Stored()["NotificationSoundWav"], expected);
-  }
-}
-
-TEST_F(SettingsTest, UpgradeForcesThePlainLookAndNothingElseOnAStoreThatIsComplete) {
-  Stored() = {{"DisplaySplash", "False"}, {"SimpleUI", "False"}};
-  shell::UpgradeSettings();
-  EXPECT_TRUE(desktop_.settings.writes.empty());
-  Process().ForcedSimpleUI = true;
-  shell::UpgradeSettings();
-  EXPECT_EQ(Stored(), (Values{{"DisplaySplash", "False"}, {"SimpleUI", "True"}}));
-
-  desktop_.settings.groups = {{"2.4.1", {{"SimpleUI", "False"}, {"Skin", "Blue"}}}};
-  shell::UpgradeSettings();
-  EXPECT_EQ(Stored()["SimpleUI"], "True");
-  EXPECT_EQ(Settings().Skin, "Blue") << "the status popup needs the skin before the settings load";
-}
-
 std::string FieldsOfHeuristics(int count, const std::string& last = "3") {
   std::string text;
   for (int i = 1; i < count; ++i) text += "3;";

@@ -29,7 +29,6 @@ TEST_F(ShutDownTest, EveryWayOutSavesAndEndsOnce) {
     void (*leave)();
   } rows[] = {
       {"Exit of the tray", true, ExitProgram},
-      {"Exit of the game list", true, ExitFromGameList},
       {"Exit of the game list that is the program, whose closing is a way out itself", false,
        ExitFromGameList},
   };

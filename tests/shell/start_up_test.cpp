@@ -9,7 +9,6 @@ namespace shell {
 namespace {
 
 using platform::Process;
-using platform::Settings;
 
 class StartUpTest : public ShellFixture {
  protected:
@@ -51,7 +50,6 @@ TEST_F(StartUpTest, TheProgramComesInTheTrayOrAsItsListOrBehindTheSplashWindow) 
 TEST_F(StartUpTest, AnAbortSavesNothingAndShowsNothingMore) {
   const std::pair<const char*, std::function<void()>> rows[] = {
       {"settings that can't be read", [this] { desktop.settings.unreadable = true; }},
-      {"skin", [this] { desktop.windows.refusing = {"skin"}; }},
       {"second instance", [this] { desktop.screen.anotherInstance = true; }},
       {"motivations that are too few", [this] { Setting("Heuristics") = "1;2"; }},
       {"splash window", [this] { desktop.windows.failing = {"splash"}; }},
@@ -124,77 +122,6 @@ TEST_F(StartUpTest, ADamagedGameFileIsRepairedAsTheUserChooses) {
     EXPECT_EQ(desktop.files.content[file], row.after);
     EXPECT_TRUE(desktop.boxes.answers.empty());
   }
-}
-
-TEST_F(StartUpTest, DisplayChecksForceThePlainLook) {
-  const struct {
-    const char* name;
-    platform::DisplaySettings display;
-    const char* options;
-    std::size_t told;
-  } rows[] = {
-      {"untold", {}, "", 0},
-      {"narrow", {"96", "96", "799,1200", 32}, "", 1},
-      {"dots in Y alone", {"96", "97", "1920,1200", 32}, "", 1},
-      {"both", {"120", "120", "640,480", 32}, "", 2},
-      {"skipped", {"120", "120", "640,480", 32}, "-NoDPI-nores", 0},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    platform::SetupGlobalVariables("/program", row.options);
-    Settings().SimpleUI = false;
-    desktop.screen.settings = row.display;
-    desktop.boxes.plainBoxes.clear();
-    CheckDisplaySettings();
-    EXPECT_EQ(desktop.boxes.plainBoxes.size(), row.told);
-    EXPECT_EQ(Process().ForcedSimpleUI, row.told > 0);
-    EXPECT_EQ(Settings().SimpleUI, row.told > 0);
-  }
-}
-
-TEST_F(StartUpTest, FewColoursAreToldOnceUntilThereWereMore) {
-  const struct {
-    std::optional<int> depth;
-    std::size_t told;
-  } starts[] = {{8, 1}, {8, 1}, {16, 1}, {15, 2}, {std::nullopt, 2}, {8, 3}};
-  for (const auto& start : starts) {
-    desktop.screen.settings.BitsPerPixel = start.depth;
-    CheckColourDepth();
-    EXPECT_EQ(desktop.boxes.messages.size(), start.told);
-  }
-}
-
-TEST_F(StartUpTest, WithoutATrayTheGameListStandsInAndTheUserHearsOfItOnce) {
-  EXPECT_TRUE(StartUp());
-  Happened();
-  LiveWithoutTray();
-  LiveWithoutTray();
-  EXPECT_EQ(Came(), "game list, message No system tray");
-  EXPECT_FALSE(Settings().SystrayStartup);
-  EXPECT_TRUE(Settings().SystrayStartupSaved);
-
-  TrayHasCome();
-  TrayHasCome();
-  EXPECT_EQ(Came(), "tray add 1 Tarvolenix - Nothing new");
-  LiveWithoutTray();
-  EXPECT_EQ(Came(), "game list, message No system tray") << "there was one in between";
-
-  // A start on the same desktop, where the list can't be had.
-  Settings().SystrayStartup = true;
-  Process().GameListOpen = false;
-  desktop.windows.lacking = {"game list"};
-  LiveWithoutTray();
-  EXPECT_EQ(Came(), "game list, message Automation error");
-  EXPECT_TRUE(Process().Stopping) << "else it would run unseen";
-}
-
-TEST_F(StartUpTest, WithoutATrayTheListComesBehindAnOpenBoard) {
-  EXPECT_TRUE(StartUp());
-  Process().BoardOpen = true;
-  Process().BoardFromGameList = false;
-  LiveWithoutTray();
-  EXPECT_FALSE(Process().GameListOpen);
-  EXPECT_TRUE(Process().BoardFromGameList);
 }
 
 }  // namespace

@@ -5,8 +5,6 @@
 
 #include <vector>
 
-#include "mail/character_count.h"
-
 namespace mail {
 namespace {
 
@@ -95,14 +93,6 @@ TEST(MoveTextCheck, StopsAtTheStageThatFails) {
       {"comment of 201 characters, in the last move", With(17, Repeated("ß", 201)), 12},
   };
   for (const auto& row : rows) EXPECT_EQ(CheckMoveText(row.text), row.stage) << row.name;
-}
-
-TEST(CharacterCount, CountsCodePointsAndStrayBytes) {
-  EXPECT_EQ(CharacterCount("aä♔😀"), 4U);
-  EXPECT_EQ(CharacterCount("\x80\xBF"), 2U);
-  EXPECT_EQ(CharacterCount("\xE2\x99z"), 3U) << "cut off";
-  EXPECT_EQ(FirstCharacters("äöü", 2), "äö");
-  EXPECT_EQ(FirstCharacters("äö", 5), "äö");
 }
 
 }  // namespace

@@ -77,22 +77,6 @@ TEST_F(Retrieval, OtherMailIsLeftAloneAndUnread) {
   ASSERT_EQ(arrivals.size(), 2U);
   EXPECT_EQ(arrivals[1].stage, 1);
   EXPECT_EQ(desktop.boxes.messages.size(), 1U);
-
-  // The refused mail is read now: a tick passes it over. At the next start it was told already, and
-  // the user's own retrieve reports it, until he has heard enough.
-  RetrieveMoveMails(false, false);
-  EXPECT_FALSE(Process().NewMoveArrived);
-  RetrieveMoveMails(false, true);
-  EXPECT_EQ(desktop.boxes.messages.size(), 1U);
-  desktop.boxes.answers = {false};
-  RetrieveMoveMails(true, true);
-  EXPECT_EQ(desktop.boxes.messages.size(), 2U);
-  RetrieveMoveMails(true, true);
-  EXPECT_EQ(desktop.boxes.messages.size(), 2U);
-
-  for (const char* text : {"one", "two", "three"}) Arrives(text);
-  RetrieveMoveMails(false, false);
-  EXPECT_EQ(desktop.boxes.messages.size(), 3U) << "several new ones are one message";
 }
 
 TEST_F(Retrieval, AMailOfGoodFormThatCantBeStoredStandsInNobodysWay) {

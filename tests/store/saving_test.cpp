@@ -109,7 +109,6 @@ TEST_F(SavingTest, WhatStandsAroundTheGamesIsReadOverAndGoesWithTheNextChange) {
   } rows[] = {
       {"a byte order mark", "\xEF\xBB\xBF" + a + "\r\n" + b + "\n"},
       {"NUL bytes", a + "\n" + b + "\r\n" + nul},
-      {"NUL bytes behind a line that was cut off", a + "\n" + b + nul},
       {"blanks and blank lines", a + "\n" + b + "\n \t\r\n\n" + nul + " \r\n  "},
       {"a blank line between games is damage", a + "\n \n" + b + "\n", false},
       {"a file of NUL bytes has lost its games", nul, false},

@@ -34,8 +34,8 @@ FakeDesktop::FakeDesktop(const std::string& commandLine) {
   platform::Settings() = {};
   platform::Desktop& desktop = platform::TheDesktop();
   desktop = {};
-  desktop.MSess = &mail.session;
-  desktop.MMess = &mail.messages;
+  desktop.MSess = &mail;
+  desktop.MMess = &mail;
   desktop.settings = &settings;
   desktop.messageBoxes = &boxes;
   desktop.sounds = &sounds;

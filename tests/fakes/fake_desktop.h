@@ -29,7 +29,6 @@ class RecordingMessageBoxes : public platform::MessageBoxes {
   void ShowStatus(const std::string& text) override { statusTexts.push_back(text); }
   void HideStatus() override { statusTexts.emplace_back(); }
   void PlainBox(platform::PlainIcon, const std::string& title, const std::string& text) override {
-    if (log) log->push_back("plain box " + title);
     plainBoxes.emplace_back(title, text);
   }
 
@@ -86,7 +85,7 @@ class FakeDesktop {
   RecordingWindows windows{log};
   RecordingTray tray{log};
   RecordingHelp help{log};
-  ScriptedScreen screen{log};
+  ScriptedScreen screen;
 
   std::vector<std::string> hooksCalled;
 

@@ -102,8 +102,8 @@ void MemoryMail::Send() {
   for (const auto& [name, address] : recipients_) sent.push_back({subject_, text_, name, address});
 }
 
-void MemoryMail::Show(bool details) {
-  Called(details ? "Show details" : "Show");
+void MemoryMail::Show(bool) {
+  Called("Show");
   recipients_ = picked;
   recipient_ = 0;
 }

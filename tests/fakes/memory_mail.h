@@ -33,9 +33,6 @@ struct SentMail {
 
 class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
  public:
-  platform::MAPISession& session = *this;
-  platform::MAPIMessages& messages = *this;
-
   std::vector<InboxMail> inbox;
   std::vector<SentMail> sent;
   std::string ownAddress = "me@example.org";
@@ -43,7 +40,6 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
   std::vector<platform::Recipient> picked;  ///< in the address book, where it is shown
   std::size_t perLook = 1000;               ///< mails that one look brings
   std::set<std::string> failing;            ///< names of the members that raise
-  std::string problem;                      ///< what the service says of the last failure
   bool answersLater = false;                ///< a look is ready when the test calls AnswerLook
   bool answersStale = false;  ///< the set of a look is of no use any more when it comes
   std::vector<std::string>* log = nullptr;  ///< where logons and logoffs are told, too
@@ -55,7 +51,7 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
 
   void SignOn() override;
   void SignOff() override;
-  std::string LastProblem() override { return problem; }
+  std::string LastProblem() override { return {}; }
   long SessionID() override { return session_; }
   void SessionID(long id) override { session_ = id; }
 
@@ -87,7 +83,7 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
   void RecipType(int) override {}
   void DeleteRecipient() override;
   void Send() override;
-  void AddressCaption(const std::string& caption) override { Called("AddressCaption " + caption); }
+  void AddressCaption(const std::string&) override {}
   void Show(bool details) override;
   void AddressResolveUI(bool mayAsk) override { mayAsk_ = mayAsk; }
   void ResolveName() override;

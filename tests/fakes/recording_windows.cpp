@@ -11,17 +11,6 @@ namespace fakes {
 
 using platform::Process;
 
-namespace {
-
-std::string Of(std::optional<std::int32_t> game) {
-  if (!game) return {};
-  std::string text = std::to_string(*game);
-  text.insert(text.begin(), ' ');
-  return text;
-}
-
-}  // namespace
-
 bool RecordingWindows::Did(const std::string& entry) {
   log_.push_back(entry);
   if (lacking.contains(entry)) throw platform::WindowError("no platform");
@@ -39,16 +28,9 @@ void RecordingWindows::CloseGameList() {
   if (gameListClosed) gameListClosed();
 }
 
-void RecordingWindows::FillGameList(std::optional<std::int32_t> selectGame) {
-  Did("fill" + Of(selectGame));
-}
-
-void RecordingWindows::SetGameListFace(int trayPicture, const std::string& caption) {
-  Did("face " + std::to_string(trayPicture) + " " + caption);
-}
-
 void RecordingWindows::OpenBoard(bool toFront) {
-  if (Did("board" + Of(Process().CurrentGameID) + (toFront ? " in front" : ""))) {
+  const std::string game = std::to_string(Process().CurrentGameID);
+  if (Did("board " + game + (toFront ? " in front" : ""))) {
     Process().BoardOpen = true;
   }
 }

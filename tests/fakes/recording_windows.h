@@ -25,14 +25,9 @@ class RecordingWindows : public platform::Windows {
   bool ApplySkinToSystemTray() override { return Did("skin"); }
   bool LoadChessGraphics() override { return Did("graphics"); }
   void ShowSplash() override { Did("splash"); }
-  void CloseSplash() override { Did("close splash"); }
   void ShowGameList() override;
   void CloseGameList() override;
   void HideGameList() override { Did("hide game list"); }
-  void BringBackGameList() override { Did("bring back game list"); }
-  void FillGameList(std::optional<std::int32_t> selectGame) override;
-  std::optional<std::int32_t> SelectedGame() override { return selected; }
-  void SetGameListFace(int trayPicture, const std::string& caption) override;
   void OpenBoard(bool toFront) override;
   std::optional<platform::NewGameFields> AskNewGame() override {
     return Did("ask new game") ? std::optional(platform::Process().NewGame) : std::nullopt;
@@ -49,7 +44,6 @@ class RecordingWindows : public platform::Windows {
   std::deque<platform::NotifyChoice> choices;             ///< for the next new moves, in order
   std::deque<platform::HeldMailChoice> heldChoices;       ///< likewise for mails set aside
   std::vector<platform::HeldMailQuestion> heldQuestions;  ///< that were asked
-  std::optional<std::int32_t> selected;                   ///< row of the game list
   std::optional<std::string> picked;                      ///< file to import
   std::function<void()> duringQuestion;  ///< while the user is asked about a new move
   std::function<void()> gameListClosed;  ///< the close handler
@@ -64,7 +58,6 @@ class RecordingTray : public platform::Tray {
  public:
   explicit RecordingTray(EventLog& log) : log_(log) {}
   void Notify(platform::TrayOperation operation, int picture, const std::string& tip) override;
-  void BuildGameMenu() override { log_.emplace_back("tray games"); }
 
  private:
   EventLog& log_;
@@ -74,7 +67,6 @@ class RecordingHelp : public platform::Help {
  public:
   explicit RecordingHelp(EventLog& log) : log_(log) {}
   void ShowHelp(int context) override { log_.push_back("help " + std::to_string(context)); }
-  void ShowHelpIndex() override { log_.emplace_back("help index"); }
   void CloseHelp() override { log_.emplace_back("close help"); }
 
  private:
@@ -84,18 +76,11 @@ class RecordingHelp : public platform::Help {
 /// An ordinary screen until the test says otherwise.
 class ScriptedScreen : public platform::Screen {
  public:
-  explicit ScriptedScreen(EventLog& log) : log_(log) {}
   platform::DisplaySettings Settings() override { return settings; }
-  bool IsAnotherInstanceRunning() override {
-    log_.emplace_back("other instance?");
-    return anotherInstance;
-  }
+  bool IsAnotherInstanceRunning() override { return anotherInstance; }
 
   platform::DisplaySettings settings{"96", "96", "1920,1200", 32};
   bool anotherInstance = false;
-
- private:
-  EventLog& log_;
 };
 
 }  // namespace fakes

@@ -2,7 +2,6 @@
 #include "ai/search.h"
 
 #include <algorithm>
-#include <set>
 #include <thread>
 
 #include "ai/random_positions.h"
@@ -39,20 +38,6 @@ TEST(SearchTest, FindsWhatItHasAlwaysFoundWithAnyNumberOfThreads) {
   }
 }
 
-TEST(SearchTest, TheBestOfEqualMovesAreAllTakenOverTime) {
-  rules::Place("Ka1 kh8 ph7 pg7 pf7");
-  Heuristics.fill(0);
-  Heuristics[20] = 10;
-  std::set<int> taken;
-  for (std::uint64_t seed = 0; seed < 100; ++seed) {
-    SearchWatch watch;
-    const SearchResult result = SearchBestMove({0, rules::Black, {}, -1, seed, 1}, watch);
-    EXPECT_EQ(result.value, 10);
-    taken.insert(NumberOf(result.best.from) * 100 + NumberOf(result.best.to));
-  }
-  EXPECT_EQ(taken, (std::set<int>{6766, 6765, 7776, 7775, 8786, 8785}));
-}
-
 TEST(SearchTest, WhoCantMoveGetsNoMove) {
   rules::Place("Kf6 Qf7 kh8");
   SearchWatch watch;
@@ -79,16 +64,6 @@ TEST(SearchTest, ACancelledSearchEndsWithTheNodesAtWhichItIs) {
     EXPECT_TRUE(result.root.empty());
     EXPECT_LE(watch.MovesConsidered - considered, threads * 218) << "one node of each thread";
     EXPECT_EQ(rules::Untouched(), before);
-  }
-}
-
-TEST(SearchTest, ProgressEndsWithTheSearch) {
-  rules::Place("start e2e4");
-  LoadDefaultHeuristics();
-  for (int depth = 0; depth <= 3; ++depth) {
-    SearchWatch watch;
-    SearchBestMove({depth, rules::Black, {}, -1, 1, 2}, watch);
-    EXPECT_NEAR(watch.progress, fullSpan, 0.01) << depth;
   }
 }
 

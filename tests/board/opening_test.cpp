@@ -17,6 +17,9 @@ const Case turnCases[] = {
      "move surrender comment Cancel; Awaiting your move"},
     {"but not when mated", "|e2e4 e4++|offline computer", "Close; CHECKMATE! - You won."},
     {"she surrendered", "|e2e4, e8e8 1-0", "Close; OPPONENT SURRENDER! - You won."},
+    {"a refusal undoes even a draw", "|e2e4 e4 1/2-1/2, e8e8 Decline",
+     "move surrender comment Cancel; Awaiting your move"},
+    {"a user who opens on his stalemate", "Kf6 Qa2 kh8|a2f7|guest", "Cancel; DRAW!"},
     {"a draw outranks other ends", "|e2e4 e4 1/2-1/2, e8e8 1-0|guest", "resend Close; DRAW!"},
 };
 

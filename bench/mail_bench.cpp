@@ -19,7 +19,7 @@ constexpr const char* anna = "anna@example.org";
 
 /// She sends all her mail to herself.
 void SendGame(int number) {
-  platform::MAPIMessages& mail = *platform::TheDesktop().MMess;
+  platform::MAPIMessages& mail = *platform::TheSeams().MMess;
   const auto [subject, text] = GameMail(number);
   mail.MsgIndex(-1);
   while (mail.RecipCount() > 0) {
@@ -77,7 +77,7 @@ void ClickWhileTheServerStalls(benchmark::State& state) {
                            {"ImapPort", std::to_string(server.Port())},
                            {"ImapSecurity", "None"}},
                           std::string(anna) + "@127.0.0.1", "secret");
-  platform::Desktop& desktop = platform::TheDesktop();
+  platform::Seams& desktop = platform::TheSeams();
   for (auto _ : state) {
     std::thread clicking([&] {
       while (server.Count("NOOP") == 0) std::this_thread::yield();

@@ -11,12 +11,12 @@
 
 #include "mail/mail_session.h"
 #include "mail/move_mail.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "rules/board_text.h"
-#include "wiring/real_desktop.h"
+#include "wiring/real_seams.h"
 
 class SilentBoxes : public platform::MessageBoxes {
  public:
@@ -44,7 +44,7 @@ class MailPlayer {
                       const std::string& password = {})
       : folder_(EmptyProgramFolder()), desktop_(folder_.string() + "/") {
     platform::SetupGlobalVariables(folder_.string(), "-nosound");
-    platform::TheDesktop().messageBoxes = &boxes_;
+    platform::TheSeams().messageBoxes = &boxes_;
     for (const auto& [name, value] : mailSettings) {
       platform::WriteRegistry(platform::mailSection, name, value, true);
     }
@@ -60,7 +60,7 @@ class MailPlayer {
 
  private:
   std::filesystem::path folder_;
-  wiring::RealDesktop desktop_;
+  wiring::RealSeams desktop_;
   SilentBoxes boxes_;
 };
 

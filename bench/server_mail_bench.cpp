@@ -80,7 +80,7 @@ void IdleTick(benchmark::State& state) {
   servers::Empty();
   DeliverOthers(state.range(0));
   const ServerPlayer player;
-  platform::Desktop& desktop = platform::TheDesktop();
+  platform::Seams& desktop = platform::TheSeams();
   desktop.MMess->FetchUnreadOnly(true);
   desktop.MMess->Fetch();  // the server makes its index
   for (auto _ : state) {

@@ -8,8 +8,8 @@
 
 #include "desktop/posix_files.h"
 #include "platform/conversions.h"
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "store/game_file.h"
 #include "store/queries.h"
 #include "store/saving.h"
@@ -45,7 +45,7 @@ class GameFile {
     std::string pattern = std::filesystem::temp_directory_path() / "store_bench_XXXXXX";
     folder_ = mkdtemp(pattern.data());
     platform::Process().DataPath = folder_ + "/";
-    platform::TheDesktop().files = &files_;
+    platform::TheSeams().files = &files_;
     std::string content;
     for (int id = 1; id <= gameCount; ++id) {
       store::AppendGame(content, Game(id));

@@ -14,8 +14,8 @@
 #include "ai/heuristics.h"
 #include "desktop/qt_events.h"
 #include "fakes/fake_desktop.h"
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
 #include "real_games.h"
@@ -54,7 +54,7 @@ struct Witness {
 void LetThink(int depth, const Witness& witness) {
   fakes::FakeDesktop desktop;
   desktop::QtEvents events;
-  platform::TheDesktop().events = &events;
+  platform::TheSeams().events = &events;
   platform::Settings().SimpleUI = true;
   platform::Settings().SearchDepth = static_cast<std::int16_t>(depth);
   ai::LoadDefaultHeuristics();

@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "desktop/posix_files.h"
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "store/queries.h"
 
 namespace demo {
@@ -48,10 +48,10 @@ void TellMoves(const store::MoveRecords& moves) {
 
 bool EndEqual(const std::string& winner, const std::string& loser) {
   desktop::PosixFiles files;
-  platform::TheDesktop().files = &files;
+  platform::TheSeams().files = &files;
   const auto won = LastGame(winner);
   const auto lost = LastGame(loser);
-  platform::TheDesktop().files = nullptr;
+  platform::TheSeams().files = nullptr;
   if (!won || !lost) {
     std::printf("A player has no game, or it can't be read.\n");
     return false;

@@ -11,11 +11,11 @@
 
 #include "desktop/folders.h"
 #include "mail/mail_session.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "post/account_check.h"
 #include "post/known_providers.h"
@@ -60,7 +60,7 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
   QApplication::setQuitOnLastWindowClosed(false);
   platform::SetupGlobalVariables(programFolder, commandLine);
   SetUpFolders();
-  desktop_ = std::make_unique<wiring::RealDesktop>(
+  desktop_ = std::make_unique<wiring::RealSeams>(
       programFolder, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
       post::MailService::AskRecipients{
           [this](const auto& caption) { return ui::PickRecipients(contacts_, caption); },
@@ -69,15 +69,15 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
           }});
   desktop_->Events().OnWait([this](bool waiting) { waiting_.Wait(waiting); });
   instance_ = std::make_unique<desktop::SingleInstance>(programFolder);
-  platform::Desktop& desktop = platform::TheDesktop();
-  desktop.messageBoxes = &boxes_;
-  desktop.help = &help_;
-  desktop.addressBook = &contacts_;
-  desktop.screen = &screen_;
+  platform::Seams& seams = platform::TheSeams();
+  seams.messageBoxes = &boxes_;
+  seams.help = &help_;
+  seams.addressBook = &contacts_;
+  seams.screen = &screen_;
   tray_ = std::make_unique<ui::SystemTray>([this] { ChangeAccount(); },
                                            [] { shell::AskAboutHeldMails(shell::HeldMails::All); });
   shell::FillHooks();
-  desktop.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
+  seams.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
   QApplication::setWindowIcon(QIcon(ui::ProgramPicturePath(QStringLiteral("tarvolenix.png"))));
 }
 
@@ -142,7 +142,7 @@ void Program::TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::To
       answer.password.value_or(KeptPassword(answer.account).value_or(std::string{}));
   auto check = std::make_shared<post::AccountCheck>(answer.account, password);
   auto end = std::async(std::launch::async,
-                        [check, told = std::move(told), &events = *platform::TheDesktop().events] {
+                        [check, told = std::move(told), &events = *platform::TheSeams().events] {
                           const std::string problem = check->Problem();
                           events.Post([told, problem] { told(problem); });
                         });

@@ -18,7 +18,7 @@
 #include "ui/program/qt_screen.h"
 #include "ui/program/system_tray.h"
 #include "ui/program/waiting_windows.h"
-#include "wiring/real_desktop.h"
+#include "wiring/real_seams.h"
 
 namespace app {
 
@@ -56,7 +56,7 @@ class Program {
   ui::QtMessageBoxes boxes_;
   contacts::ContactsBook contacts_;
   ui::HelpViewer help_;
-  std::unique_ptr<wiring::RealDesktop> desktop_;
+  std::unique_ptr<wiring::RealSeams> desktop_;
   ui::QtScreen screen_;
   std::unique_ptr<desktop::SingleInstance> instance_;
   std::unique_ptr<ui::SystemTray> tray_;

@@ -15,7 +15,7 @@
 #include "board/saving.h"
 #include "board/squares.h"
 #include "board/timer.h"
-#include "platform/desktop.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "rules/attack.h"
 #include "rules/game_end.h"
@@ -47,7 +47,7 @@ ai::CandidateMove SearchForMove(Game& game) {
   order.threads = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
   ai::SearchResult result;
   std::atomic<bool> done = false;
-  platform::Events& events = *platform::TheDesktop().events;
+  platform::Events& events = *platform::TheSeams().events;
   try {
     const std::jthread search([&, position = ThePosition()] {
       ThePosition() = position;

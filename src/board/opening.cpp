@@ -9,10 +9,10 @@
 #include "board/load_board.h"
 #include "board/setup.h"
 #include "board/squares.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "store/database_lock.h"
 #include "store/queries.h"
@@ -177,20 +177,20 @@ void SetGameStatus(Game& game) {
 }
 
 void Form_Unload(Game& game) {
-  platform::Desktop& desktop = platform::TheDesktop();
-  const platform::ShellHooks& hooks = desktop.hooks;
+  platform::Seams& seams = platform::TheSeams();
+  const platform::ShellHooks& hooks = seams.hooks;
   game.ClosingDown = true;
   Process().BoardSetupMode = false;
-  desktop.help->CloseHelp();
+  seams.help->CloseHelp();
   if (Process().ShuttingDown) return;
   SetGameStatus(game);
   if (Process().BoardFromGameList) {
-    desktop.windows->BringBackGameList();
+    seams.windows->BringBackGameList();
   } else if (Process().PendingGames.empty()) {
-    desktop.tray->BuildGameMenu();
-    if (platform::Settings().SystrayStartup) desktop.windows->CloseGameList();
+    seams.tray->BuildGameMenu();
+    if (platform::Settings().SystrayStartup) seams.windows->CloseGameList();
   }
-  desktop.windows->CloseNewGame();
+  seams.windows->CloseNewGame();
   Process().NewGame = {};
   platform::ReleasePolling();
   platform::CallHook(hooks.updateTrayStatus);

@@ -7,9 +7,9 @@
 #include "mail/move_files.h"
 #include "mail/sending.h"
 #include "platform/conversions.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "store/database_lock.h"
 #include "store/queries.h"
 #include "store/repair.h"
@@ -23,7 +23,7 @@ using platform::ZeroFilled;
 namespace {
 
 void FillNewGame(const Game& game, store::GameRecord& record, std::int32_t number) {
-  const platform::LocalTime now = platform::TheDesktop().clock->Now();
+  const platform::LocalTime now = platform::TheSeams().clock->Now();
   const std::string day = ZeroFilled(now.day, 2);
   const std::string month = ZeroFilled(now.month, 2);
   const std::string year = ZeroFilled(now.year, 4);

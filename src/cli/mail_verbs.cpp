@@ -8,9 +8,9 @@
 #include "mail/move_text_check.h"
 #include "mail/retrieval.h"
 #include "mail/sending.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 
 namespace cli {
 
@@ -53,7 +53,7 @@ bool SendGame(std::int32_t gameID) {
 }
 
 std::string WithServiceReason(const std::string& said) {
-  const std::string reason = platform::TheDesktop().MSess->LastProblem();
+  const std::string reason = platform::TheSeams().MSess->LastProblem();
   const bool isNews = !reason.empty() && said.find(reason) == std::string::npos;
   return isNews ? said + ' ' + reason : said;
 }
@@ -65,7 +65,7 @@ bool Check(const Call& call) {
     int stage = 0;
     bool read = true;
     try {
-      const std::string text = platform::TheDesktop().files->Read(file);
+      const std::string text = platform::TheSeams().files->Read(file);
       stage = mail::CheckMoveText(mail::ExtractMoveText(text));
     } catch (const platform::FileError&) {
       read = false;

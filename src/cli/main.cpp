@@ -14,13 +14,13 @@
 
 #include "cli/verbs.h"
 #include "desktop/folders.h"
-#include "platform/desktop.h"
 #include "platform/harmless_text.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "post/passwords.h"
-#include "wiring/real_desktop.h"
+#include "wiring/real_seams.h"
 
 namespace {
 
@@ -106,13 +106,13 @@ int Run(int argc, char** argv) {
   qInstallMessageHandler(DropToolkitMessages);
   const QCoreApplication application(argc, argv);
   cli::CollectedMessages messages;
-  wiring::RealDesktop desktop(folder);
+  wiring::RealSeams desktop(folder);
   const std::string dataFolder = desktop::DataFolderFor(folder);
   desktop::PrepareDataFolder(folder, dataFolder);
   platform::SetupGlobalVariables(folder, "-nosound");
   platform::Process().DataPath = dataFolder + "Data/";
   platform::Settings().Verbose = true;
-  platform::TheDesktop().messageBoxes = &messages;
+  platform::TheSeams().messageBoxes = &messages;
   if (NeedsSettings(verb, parsed)) LookAtSettings();
   const bool done = verb.run({parsed, messages, desktop.KeptPasswords()});
   if (!std::cout.flush()) throw cli::Refusal("The answer could not be written.");

@@ -12,8 +12,8 @@
 
 #include "letters/mail_text.h"
 #include "platform/ascii.h"
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/whole_file.h"
 
 namespace contacts {
@@ -24,7 +24,7 @@ using platform::Recipient;
 
 namespace {
 
-platform::Files& Files() { return *platform::TheDesktop().files; }
+platform::Files& Files() { return *platform::TheSeams().files; }
 
 std::string PathOf(const char* name) { return platform::Process().DataPath + name; }
 

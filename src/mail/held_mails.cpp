@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "platform/conversions.h"
-#include "platform/desktop.h"
 #include "platform/mail_address.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/whole_file.h"
 
 namespace mail {
@@ -25,7 +25,7 @@ constexpr std::array<std::string_view, 6> objectionNames = {"",      "address", 
                                                             "ended", "flood",   "form"};
 constexpr std::array<std::string_view, 4> stateEndings = {".new", ".asked", ".refused", ".taken"};
 
-platform::Files& Files() { return *platform::TheDesktop().files; }
+platform::Files& Files() { return *platform::TheSeams().files; }
 
 std::string Folder() { return platform::Process().DataPath + "Held/"; }
 
@@ -155,7 +155,7 @@ std::optional<HeldMail> Hold(HeldMail mail) {
     return platform::SameAddress(other.mail.address, mail.mail.address);
   });
   if (std::ssize(waiting) >= mostWaiting || ofSender >= mostOfSender) return std::nullopt;
-  mail.since = platform::TheDesktop().clock->Seconds();
+  mail.since = platform::TheSeams().clock->Seconds();
   Write(mail);
   return mail;
 }

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "mail/games_locked.h"
-#include "platform/desktop.h"
 #include "platform/mail_address.h"
+#include "platform/seams.h"
 #include "store/queries.h"
 
 namespace mail {
@@ -55,7 +55,7 @@ bool IsKnownPerson(std::string_view address) {
   const auto isHis = [address](const std::string& other) {
     return platform::SameAddress(address, other);
   };
-  if (platform::AddressBook* book = platform::TheDesktop().addressBook) {
+  if (platform::AddressBook* book = platform::TheSeams().addressBook) {
     for (const auto& [person, isWritten] : book->People()) {
       if (isWritten && std::any_of(person.addresses.begin(), person.addresses.end(), isHis)) {
         return true;
@@ -115,7 +115,7 @@ Objection ObjectionTo(const Claim& claim, const ReceivedMail& mail, const Stored
 Objection ObjectionToNewGame(const Claim& claim, const ReceivedMail& mail, MailMemory& memory) {
   if (!HasOrderlyNumbers(claim.moves)) return Objection::Form;
   if (mail.isFile || IsKnownPerson(mail.address)) return Objection::None;
-  const std::int64_t now = platform::TheDesktop().clock->Seconds();
+  const std::int64_t now = platform::TheSeams().clock->Seconds();
   KeepLastHour(memory.foundings, now);
   if (memory.foundings.size() >= mostNewGames) return Objection::Flood;
   memory.foundings.push_back(now);

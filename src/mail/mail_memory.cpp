@@ -5,9 +5,9 @@
 #include <charconv>
 
 #include "platform/conversions.h"
-#include "platform/desktop.h"
 #include "platform/mail_address.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/text_fields.h"
 #include "platform/whole_file.h"
 
@@ -75,7 +75,7 @@ void MailMemory::Remember(std::string_view address, const store::GameRecord& gam
 }
 
 MailMemory LoadMailMemory() {
-  platform::Files& files = *platform::TheDesktop().files;
+  platform::Files& files = *platform::TheSeams().files;
   MailMemory memory;
   if (!files.Exists(MemoryPath())) return memory;
   const std::string content = files.Read(MemoryPath());

@@ -8,18 +8,18 @@
 #include "mail/move_files.h"
 #include "mail/retrieval.h"
 #include "mail/status_popup.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 
 namespace mail {
 namespace {
 
 bool SessionIsUp() {
   try {
-    return platform::TheDesktop().MMess->SessionID() > 0;
+    return platform::TheSeams().MMess->SessionID() > 0;
   } catch (const std::exception&) {
     return false;
   }
@@ -32,7 +32,7 @@ class LogonGuard {
  public:
   LogonGuard() {
     try {
-      lock_ = platform::TheDesktop().files->TryLock(platform::Process().DataPath + "logon.lock");
+      lock_ = platform::TheSeams().files->TryLock(platform::Process().DataPath + "logon.lock");
       another_ = !lock_;
     } catch (const platform::FileError&) {
       // The folder can't be written to.
@@ -54,12 +54,12 @@ class LogonGuard {
 /// Raises std::exception. A failing SignOn leaves the guard standing as a crash would, so that the
 /// next logon warns.
 void SignOn() {
-  platform::MAPISession& session = *platform::TheDesktop().MSess;
+  platform::MAPISession& session = *platform::TheSeams().MSess;
   const LogonGuard guard;
   guard.Set(true);
   session.SignOn();
   guard.Set(false);
-  platform::TheDesktop().MMess->SessionID(session.SessionID());
+  platform::TheSeams().MMess->SessionID(session.SessionID());
 }
 
 void ReportEarlierCrash() {
@@ -74,7 +74,7 @@ void ReportEarlierCrash() {
 
 /// In the mail service's own words, too, where it has any.
 void ReportLogonFailure() {
-  const std::string problem = platform::TheDesktop().MSess->LastProblem();
+  const std::string problem = platform::TheSeams().MSess->LastProblem();
   platform::ShowMessage(
       platform::MailIcon, "Network error.",
       "Tarvolenix failed to connect to your mail service.||Please ensure you are logged onto a "
@@ -122,7 +122,7 @@ void MailLogoff(bool showStatus) {
   const StatusPopup popup(showStatus);
   popup.Show("Quiting Tarvolenix...");
   try {
-    platform::TheDesktop().MSess->SignOff();
+    platform::TheSeams().MSess->SignOff();
   } catch (const std::exception&) {
     // The session ends with the process at the latest.
   }

@@ -9,11 +9,11 @@
 #include "mail/move_text_check.h"
 #include "mail/sending.h"
 #include "mail/status_popup.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "platform/whole_file.h"
 #include "store/database_lock.h"
 #include "store/repair.h"
@@ -31,7 +31,7 @@ constexpr const char* unfinishedName = "Cmove.new";
 /// A file has no sender.
 constexpr const char* unknownName = "Unknown";
 
-platform::Files& Files() { return *platform::TheDesktop().files; }
+platform::Files& Files() { return *platform::TheSeams().files; }
 
 std::string FirstFreeName() {
   for (int number = 1;; ++number) {
@@ -92,7 +92,7 @@ std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool
   std::vector<MoveArrival> arrivals;
   if (!TakeFiles(paths, userPicks, arrivals)) return arrivals;
   store::BackupDatabase();
-  platform::TheDesktop().tray->BuildGameMenu();
+  platform::TheSeams().tray->BuildGameMenu();
   if (userPicks && arrivals.front().ok) {
     platform::ShowMessage(platform::MailIcon, "Game import",
                           "The game has been successfully imported.", "OK", {}, false,
@@ -111,7 +111,7 @@ std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool
 /// Nothing where the user picked none.
 std::optional<std::string> PickMoveFile() {
   try {
-    return platform::TheDesktop().windows->PickMoveFile();
+    return platform::TheSeams().windows->PickMoveFile();
   } catch (const std::exception&) {
     return std::nullopt;
   }

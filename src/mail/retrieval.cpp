@@ -12,10 +12,10 @@
 #include "mail/move_mail.h"
 #include "mail/move_text_check.h"
 #include "mail/status_popup.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "store/repair.h"
 #include "store/saving.h"
 
@@ -24,7 +24,7 @@ namespace {
 
 using platform::MAPIMessages;
 
-MAPIMessages& Messages() { return *platform::TheDesktop().MMess; }
+MAPIMessages& Messages() { return *platform::TheSeams().MMess; }
 
 /// What a retrieval has met so far.
 struct Findings {
@@ -37,7 +37,7 @@ bool FetchInbox(bool fetchAll, Findings& findings) {
   try {
     Messages().FetchUnreadOnly(!fetchAll);
     Messages().Fetch();
-    const std::string problem = platform::TheDesktop().MSess->LastProblem();
+    const std::string problem = platform::TheSeams().MSess->LastProblem();
     if (!problem.empty()) findings.leftOut = problem;
     return true;
   } catch (const std::exception&) {
@@ -220,7 +220,7 @@ std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
   if (ranThrough && showStatus) TellOfMailLeftOut(findings.leftOut);
   if (ranThrough) {
     store::BackupDatabase();
-    platform::TheDesktop().tray->BuildGameMenu();
+    platform::TheSeams().tray->BuildGameMenu();
   }
   return std::move(findings.arrivals);
 }

@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "mail/move_mail.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
+#include "platform/seams.h"
 #include "store/queries.h"
 #include "store/saving.h"
 
@@ -17,7 +17,7 @@ namespace mail {
 namespace {
 
 void Compose(const OutgoingGame& game) {
-  platform::MAPIMessages& messages = *platform::TheDesktop().MMess;
+  platform::MAPIMessages& messages = *platform::TheSeams().MMess;
   messages.MsgIndex(-1);
   // The address book and an earlier mail leave their recipients in the buffer.
   while (messages.RecipCount() > 0) {
@@ -57,7 +57,7 @@ bool SendMoveMail(std::int32_t gameID) {
   const platform::PollingHold hold;
   try {
     Compose(LoadOutgoingGame(gameID));
-    platform::TheDesktop().MMess->Send();
+    platform::TheSeams().MMess->Send();
   } catch (const std::exception&) {
     ReportTransmissionError();
     return false;

@@ -2,7 +2,7 @@
 // The pointer that asks the user for a moment's patience.
 #pragma once
 
-#include "platform/desktop.h"
+#include "platform/seams.h"
 
 namespace platform {
 
@@ -16,7 +16,7 @@ class BusyPointer {
 
  private:
   static void Show(bool busy) {
-    if (const auto& hook = TheDesktop().hooks.busyPointer) hook(busy);
+    if (const auto& hook = TheSeams().hooks.busyPointer) hook(busy);
   }
 };
 

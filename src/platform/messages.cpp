@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "platform/conversions.h"
-#include "platform/desktop.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 
 namespace platform {
@@ -17,7 +17,7 @@ bool Ask(Message message, std::optional<int> sound) {
   const PollingHold hold;
   std::replace(message.text.begin(), message.text.end(), '|', '\n');
   if (sound) PlayNumberedSound(*sound);
-  return TheDesktop().messageBoxes->Ask(message);
+  return TheSeams().messageBoxes->Ask(message);
 }
 
 }  // namespace
@@ -48,14 +48,14 @@ void VerboseMessage(const std::string& text, const std::string& title, int sound
 
 void ShowStatus(bool show, const std::string& text) {
   if (show) {
-    TheDesktop().messageBoxes->ShowStatus(text);
+    TheSeams().messageBoxes->ShowStatus(text);
   } else {
-    TheDesktop().messageBoxes->HideStatus();
+    TheSeams().messageBoxes->HideStatus();
   }
 }
 
 void PlayWave(const std::string& path) {
-  if (Process().SoundEnabled) TheDesktop().sounds->Play(path);
+  if (Process().SoundEnabled) TheSeams().sounds->Play(path);
 }
 
 void PlayNumberedSound(int number) { PlayWave(SoundPath(number)); }

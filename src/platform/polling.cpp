@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/polling.h"
 
-#include "platform/desktop.h"
+#include "platform/seams.h"
 
 namespace platform {
 
 void SetCheckTimer(bool enabled) {
   if (enabled == Process().CheckTimer.Enabled) return;
   Process().CheckTimer.Enabled = enabled;
-  CallHook(TheDesktop().hooks.checkTimerChanged);
+  CallHook(TheSeams().hooks.checkTimerChanged);
 }
 
 void ReleasePolling() {

@@ -2,7 +2,7 @@
 #include "platform/registry.h"
 
 #include "platform/conversions.h"
-#include "platform/desktop.h"
+#include "platform/seams.h"
 
 namespace platform {
 namespace {
@@ -21,7 +21,7 @@ std::string ReturnValue(const StoredValue& value, std::string_view defaultValue)
 }
 
 StoredValue ReadRegistryOrRaise(const std::string& section, const std::string& valueName) {
-  return TheDesktop().settings->Read(GroupOf(section), valueName);
+  return TheSeams().settings->Read(GroupOf(section), valueName);
 }
 
 StoredValue ReadRegistry(const std::string& section, const std::string& valueName) {
@@ -44,14 +44,14 @@ bool WriteRegistry(const std::string& section, const std::string& valueName,
 }
 
 bool WriteRegistry(const std::string& section, const SettingsStore::Values& values) {
-  return TheDesktop().settings->Write(GroupOf(section), values);
+  return TheSeams().settings->Write(GroupOf(section), values);
 }
 
 bool CreateRegistryKey(const std::string& section) {
-  return TheDesktop().settings->CreateGroup(GroupOf(section));
+  return TheSeams().settings->CreateGroup(GroupOf(section));
 }
 
-std::vector<std::string> EnumRegistryKeys() { return TheDesktop().settings->Groups(); }
+std::vector<std::string> EnumRegistryKeys() { return TheSeams().settings->Groups(); }
 
 void SetLogonStatus(bool inProgress) {
   WriteRegistry(productSection, "LogonStatus", BooleanText(inProgress));
@@ -62,7 +62,7 @@ bool GetLogonStatus() {
 }
 
 std::string MendSettings() {
-  std::string told = TheDesktop().settings->Mend();
+  std::string told = TheSeams().settings->Mend();
   // The state before the latest change is mostly that of a logon, which has long come back.
   if (!told.empty()) SetLogonStatus(false);
   return told;

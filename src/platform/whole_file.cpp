@@ -3,12 +3,12 @@
 
 #include <exception>
 
-#include "platform/desktop.h"
+#include "platform/seams.h"
 
 namespace platform {
 
 void ReplaceFile(const std::string& path, std::string_view content, std::string unfinished) {
-  Files& files = *TheDesktop().files;
+  Files& files = *TheSeams().files;
   if (unfinished.empty()) unfinished = path + ".new";
   try {
     files.Write(unfinished, content);

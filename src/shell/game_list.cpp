@@ -7,11 +7,11 @@
 #include "mail/mail_session.h"
 #include "platform/ascii.h"
 #include "platform/busy_pointer.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
 #include "shell/held_mail_questions.h"
@@ -134,13 +134,13 @@ void GameListOpened() {
 }
 
 void GameListClosed() {
-  platform::TheDesktop().help->CloseHelp();
+  platform::TheSeams().help->CloseHelp();
   if (Process().ShuttingDown) return;
   Process().GameListOpen = false;
   Process().NewMoveArrived = false;
   const bool livesInTray = platform::Settings().SystrayStartup;
   if (livesInTray) UpdateTrayStatus(platform::TrayOperation::Modify);
-  platform::TheDesktop().tray->BuildGameMenu();
+  platform::TheSeams().tray->BuildGameMenu();
   if (!livesInTray) ExitProgram();
 }
 

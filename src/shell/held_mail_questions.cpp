@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "mail/held_answers.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "shell/notification.h"
 #include "shell/tray_status.h"
 
@@ -117,7 +117,7 @@ void ReportFailure() {
 /// Where the games or the held mail can't be read or written that is told, and the next one asked.
 void AskAbout(const mail::HeldMail& held, bool& broughtMoves) {
   try {
-    switch (platform::TheDesktop().windows->AskAboutHeldMail(QuestionAbout(held))) {
+    switch (platform::TheSeams().windows->AskAboutHeldMail(QuestionAbout(held))) {
       case HeldMailChoice::Accept:
         broughtMoves |= mail::AcceptHeldMail(held).changed;
         break;
@@ -195,8 +195,8 @@ void AskAboutHeldMails(HeldMails which) {
     ReportFailure();
   }
   if (!broughtMoves || Process().Stopping) return;
-  platform::TheDesktop().tray->BuildGameMenu();
-  platform::Windows& windows = *platform::TheDesktop().windows;
+  platform::TheSeams().tray->BuildGameMenu();
+  platform::Windows& windows = *platform::TheSeams().windows;
   if (Process().GameListOpen) windows.FillGameList(windows.SelectedGame());
   UpdateTrayStatus(platform::TrayOperation::Modify);
   NotifyNewMoves();

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/failed_opening.h"
 #include "shell/playing.h"
@@ -95,7 +95,7 @@ void NotifyNewMoves() {
 NotifyChoice ShowNotification() {
   const platform::PollingHold hold;
   const auto newMove = FirstNewMove();
-  if (newMove) return platform::TheDesktop().windows->AskAboutNewMove(*newMove);
+  if (newMove) return platform::TheSeams().windows->AskAboutNewMove(*newMove);
   platform::ShowMessage(platform::InformationIcon, "Notification error.",
                         "The new game appears to be missing from the database.||Please try "
                         "deleting this game and getting your opponent to send the move agian.",

@@ -4,10 +4,10 @@
 #include <exception>
 
 #include "platform/busy_pointer.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "shell/failed_opening.h"
 
 namespace shell {
@@ -16,7 +16,7 @@ using platform::Process;
 
 namespace {
 
-platform::Windows& Windows() { return *platform::TheDesktop().windows; }
+platform::Windows& Windows() { return *platform::TheSeams().windows; }
 
 /// Raises what the window raised. A board that has come keeps polling off until it closes; one that
 /// found its game unreadable has gone by itself.

@@ -9,10 +9,10 @@
 #include "mail/move_files.h"
 #include "mail/retrieval.h"
 #include "platform/busy_pointer.h"
-#include "platform/desktop.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "shell/held_mail_questions.h"
 #include "shell/notification.h"
 #include "shell/tray_status.h"
@@ -25,8 +25,8 @@ using platform::TrayOperation;
 
 namespace {
 
-platform::MAPIMessages& Messages() { return *platform::TheDesktop().MMess; }
-platform::Windows& Windows() { return *platform::TheDesktop().windows; }
+platform::MAPIMessages& Messages() { return *platform::TheSeams().MMess; }
+platform::Windows& Windows() { return *platform::TheSeams().windows; }
 
 bool MayCollect() {
   const platform::ProcessState& process = Process();

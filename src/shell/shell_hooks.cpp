@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/shell_hooks.h"
 
-#include "platform/desktop.h"
+#include "platform/seams.h"
 #include "shell/notification.h"
 #include "shell/shut_down.h"
 #include "shell/tray_status.h"
@@ -9,7 +9,7 @@
 namespace shell {
 
 void FillHooks() {
-  platform::ShellHooks& hooks = platform::TheDesktop().hooks;
+  platform::ShellHooks& hooks = platform::TheSeams().hooks;
   hooks.updateTrayStatus = [] { UpdateTrayStatus(platform::TrayOperation::Modify); };
   hooks.notifyNewMoves = NotifyNewMoves;
   hooks.skinMissing = QuitForLackOf;

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "mail/mail_session.h"
-#include "platform/desktop.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "shell/settings.h"
 #include "shell/tray_status.h"
 #include "store/saving.h"
@@ -17,10 +17,10 @@ using platform::Process;
 
 namespace {
 
-platform::Windows& Windows() { return *platform::TheDesktop().windows; }
+platform::Windows& Windows() { return *platform::TheSeams().windows; }
 
 void Stop() {
-  platform::TheDesktop().help->CloseHelp();
+  platform::TheSeams().help->CloseHelp();
   if (Process().ShuttingDown) return;
   platform::SetCheckTimer(false);
   RemoveTrayIcon();
@@ -45,7 +45,7 @@ void CloseSystemTray() {
   // A game list that the program lives in closes the hidden window when it is closed itself.
   if (std::exchange(Process().Stopping, true)) return;
   Stop();
-  platform::CallHook(platform::TheDesktop().hooks.stopped);
+  platform::CallHook(platform::TheSeams().hooks.stopped);
 }
 
 void ShutdownProgram(bool save) {
@@ -56,12 +56,12 @@ void ShutdownProgram(bool save) {
 void QuitForLackOf(const std::string& skinFile) {
   {
     const platform::PollingHold hold;
-    platform::TheDesktop().messageBoxes->PlainBox(
+    platform::TheSeams().messageBoxes->PlainBox(
         platform::PlainIcon::Stop, "Invalid skin file",
         "Tarvolenix could not locate the following skin file and will now quit;\n\n" + skinFile);
   }
   Process().ShuttingDown = true;
-  const platform::ShellHooks& hooks = platform::TheDesktop().hooks;
+  const platform::ShellHooks& hooks = platform::TheSeams().hooks;
   platform::CallHook(hooks.removeTrayIcon);
   mail::MailLogoff(false);
   // They leave their usual closing work out now.

@@ -8,11 +8,11 @@
 
 #include "mail/mail_session.h"
 #include "platform/conversions.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
 #include "shell/game_file_check.h"
@@ -37,9 +37,9 @@ constexpr int leastWidth = 800;
 constexpr int usualDepth = 16;
 constexpr int leastDepth = 16;
 
-platform::Windows& Windows() { return *platform::TheDesktop().windows; }
+platform::Windows& Windows() { return *platform::TheSeams().windows; }
 
-platform::DisplaySettings Display() { return platform::TheDesktop().screen->Settings(); }
+platform::DisplaySettings Display() { return platform::TheSeams().screen->Settings(); }
 
 bool IsMarked(const char* setting) {
   return platform::ReturnValue(platform::ReadRegistry(productSection, setting), "False") == "True";
@@ -50,7 +50,7 @@ void Mark(const char* setting, bool value) {
 }
 
 void ForceSimpleUI(const std::string& title, const std::string& text) {
-  platform::TheDesktop().messageBoxes->PlainBox(platform::PlainIcon::Warning, title, text);
+  platform::TheSeams().messageBoxes->PlainBox(platform::PlainIcon::Warning, title, text);
   Process().ForcedSimpleUI = true;
   platform::Settings().SimpleUI = true;
 }
@@ -66,7 +66,7 @@ bool IsWideEnough(const std::optional<std::string>& stored) {
 }
 
 bool IsOnlyInstance() {
-  if (!platform::TheDesktop().screen->IsAnotherInstanceRunning()) return true;
+  if (!platform::TheSeams().screen->IsAnotherInstanceRunning()) return true;
   platform::ShowMessage(platform::ErrorIcon, "Initialisation error",
                         "You already have Tarvolenix running.||You cannot have more than one copy "
                         "of Tarvolenix running at any one time.",
@@ -83,7 +83,7 @@ void ReportFailedStart() {
 
 /// False where the program can't go on with its settings. There is no skin yet to tell it in.
 bool SettingsAreThere() {
-  platform::MessageBoxes& boxes = *platform::TheDesktop().messageBoxes;
+  platform::MessageBoxes& boxes = *platform::TheSeams().messageBoxes;
   try {
     const std::string mended = platform::MendSettings();
     if (!mended.empty()) boxes.PlainBox(platform::PlainIcon::Warning, "Settings", mended);
@@ -122,7 +122,7 @@ bool RunStartSequence() {
   if (splash) Windows().ShowSplash();
   mail::LogonAndCollect(false, false, true);
   if (Process().Stopping) return false;
-  platform::TheDesktop().tray->BuildGameMenu();
+  platform::TheSeams().tray->BuildGameMenu();
   if (!splash) HandOver();
   if (Process().Stopping) return false;
   Process().StartupComplete = true;
@@ -138,7 +138,7 @@ void BecomeIdle() {
     Process().HeldMailArrived = true;  // perhaps in a run that ended before he was asked
     AskAboutHeldMails(HeldMails::New);
   }
-  platform::CallHook(platform::TheDesktop().hooks.handedOver);
+  platform::CallHook(platform::TheSeams().hooks.handedOver);
 }
 
 /// The failure may be the very one that keeps its own report from being shown.
@@ -252,7 +252,7 @@ void TrayHasCome() {
   Mark("TrayMissed", false);
   Windows().SetGameListFace(NothingNew, "Tarvolenix - Game list");
   platform::Settings().SystrayStartup = true;
-  platform::TheDesktop().tray->BuildGameMenu();
+  platform::TheSeams().tray->BuildGameMenu();
   UpdateTrayStatus(TrayOperation::Add);
 }
 

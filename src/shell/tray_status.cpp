@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/tray_status.h"
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
 #include "store/queries.h"
@@ -32,11 +32,11 @@ bool IsDisconnected() { return Process().Offline && !Process().StandAlone; }
 void SetTrayIcon(TrayOperation operation, int kind, const std::string& tip) {
   // What closes behind the icon has news for it too.
   if (Process().Stopping && operation != TrayOperation::Delete) return;
-  platform::Desktop& desktop = platform::TheDesktop();
+  platform::Seams& seams = platform::TheSeams();
   if (platform::Settings().SystrayStartup) {
-    desktop.tray->Notify(operation, PictureOf(kind), tip.substr(0, longestTip));
+    seams.tray->Notify(operation, PictureOf(kind), tip.substr(0, longestTip));
   } else if (operation != TrayOperation::Delete) {
-    desktop.windows->SetGameListFace(PictureOf(kind), CaptionOf(tip));
+    seams.windows->SetGameListFace(PictureOf(kind), CaptionOf(tip));
   }
 }
 

@@ -12,9 +12,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "platform/text_fields.h"
 #include "skin/colour_chart.h"
@@ -106,7 +106,7 @@ SkinPictures ReadSkin(const SkinRow& row) {
 /// Messages that come up while the program ends would lack their skin too, so this happens once.
 void TellOfLackOf(std::string_view background) {
   static bool telling = false;
-  const auto& skinMissing = platform::TheDesktop().hooks.skinMissing;
+  const auto& skinMissing = platform::TheSeams().hooks.skinMissing;
   if (!skinMissing || std::exchange(telling, true)) return;
   skinMissing(SkinPath(background));
   telling = false;

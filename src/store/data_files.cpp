@@ -3,15 +3,15 @@
 
 #include <exception>
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/whole_file.h"
 #include "store/game_file.h"
 
 namespace store {
 namespace {
 
-platform::Files& Files() { return *platform::TheDesktop().files; }
+platform::Files& Files() { return *platform::TheSeams().files; }
 
 }  // namespace
 

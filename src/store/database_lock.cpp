@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 
 namespace store {
 namespace {
@@ -25,7 +25,7 @@ Nesting& TheNesting() {
 DatabaseLock::DatabaseLock() {
   Nesting& nesting = TheNesting();
   if (nesting.depth == 0) {
-    nesting.held = platform::TheDesktop().files->Lock(platform::Process().DataPath + "tvgdb.lock");
+    nesting.held = platform::TheSeams().files->Lock(platform::Process().DataPath + "tvgdb.lock");
   }
   ++nesting.depth;
 }

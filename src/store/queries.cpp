@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/desktop.h"
+#include "platform/seams.h"
 #include "store/data_files.h"
 #include "store/game_file.h"
 
@@ -65,7 +65,7 @@ bool FindGame(std::optional<GameRecord>& game, std::int32_t gameID) {
 
 std::string GameFileStamp() {
   try {
-    return platform::TheDesktop().files->Stamp(GameFilePath());
+    return platform::TheSeams().files->Stamp(GameFilePath());
   } catch (const std::exception&) {
     return {};
   }

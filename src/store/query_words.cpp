@@ -3,7 +3,7 @@
 
 #include "platform/ascii.h"
 #include "platform/conversions.h"
-#include "platform/desktop.h"
+#include "platform/seams.h"
 #include "platform/text_fields.h"
 
 namespace store {
@@ -20,8 +20,8 @@ std::vector<WordPair> WordPairs(std::string_view text) {
 }
 
 void ReportUnknownKey(const std::string& message, const std::string& key) {
-  platform::TheDesktop().messageBoxes->PlainBox(platform::PlainIcon::Stop, "Tarvolenix",
-                                                message + key);
+  platform::TheSeams().messageBoxes->PlainBox(platform::PlainIcon::Stop, "Tarvolenix",
+                                              message + key);
 }
 
 }  // namespace store

@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "platform/conversions.h"
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "store/data_files.h"
 #include "store/database_lock.h"
 #include "store/game_file.h"
@@ -20,7 +20,7 @@ namespace {
 
 using platform::ZeroFilled;
 
-platform::Files& Files() { return *platform::TheDesktop().files; }
+platform::Files& Files() { return *platform::TheSeams().files; }
 
 struct Line {
   std::string_view text;
@@ -94,7 +94,7 @@ std::optional<int> GamesInBackup() {
 
 /// A name that no file of the data folder has.
 std::string NameForDamagedFile() {
-  platform::Clock& clock = *platform::TheDesktop().clock;
+  platform::Clock& clock = *platform::TheSeams().clock;
   const platform::LocalTime now = clock.Now();
   const auto second = static_cast<int>(clock.Seconds() % 60);
   const std::string name = "Tvgdb.damaged-" + ZeroFilled(now.year, 4) + ZeroFilled(now.month, 2) +

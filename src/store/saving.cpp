@@ -11,8 +11,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "store/data_files.h"
 #include "store/database_lock.h"
 #include "store/game_file.h"
@@ -21,7 +21,7 @@
 namespace store {
 namespace {
 
-platform::Files& Files() { return *platform::TheDesktop().files; }
+platform::Files& Files() { return *platform::TheSeams().files; }
 
 /// Whether every query reads this. A backup of a damaged file would cost the last good one.
 bool IsWorthABackup(std::string_view content) {

@@ -5,7 +5,7 @@
 #include "ai/heuristics.h"
 #include "board/board_fixture.h"
 #include "fakes/plain_events.h"
-#include "platform/desktop.h"
+#include "platform/seams.h"
 
 namespace board {
 namespace {
@@ -23,7 +23,7 @@ struct ComputerTest : BoardTest {
   MeddlingEvents events;
 
   ComputerTest() {
-    platform::TheDesktop().events = &events;
+    platform::TheSeams().events = &events;
     ai::LoadDefaultHeuristics();
     platform::Settings().SearchDepth = 1;
   }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The pending move's way into the store and to the opponent, and what closing the window leaves.
 #include "board/board_fixture.h"
-#include "platform/desktop.h"
+#include "platform/seams.h"
 
 namespace board {
 namespace {

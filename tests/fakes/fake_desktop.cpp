@@ -32,7 +32,7 @@ void ImmediateEvents::RunUntil(const std::function<bool()>& done) {
 FakeDesktop::FakeDesktop(const std::string& commandLine) {
   platform::SetupGlobalVariables("/program", commandLine);
   platform::Settings() = {};
-  platform::Desktop& desktop = platform::TheDesktop();
+  platform::Seams& desktop = platform::TheSeams();
   desktop = {};
   desktop.MSess = &mail;
   desktop.MMess = &mail;
@@ -60,7 +60,7 @@ FakeDesktop::FakeDesktop(const std::string& commandLine) {
   desktop.hooks.endProcess = record("endProcess");
 }
 
-FakeDesktop::~FakeDesktop() { platform::TheDesktop() = {}; }
+FakeDesktop::~FakeDesktop() { platform::TheSeams() = {}; }
 
 std::pair<std::string, std::string> FakeDesktop::LastMessage() const {
   if (boxes.messages.empty()) return {};

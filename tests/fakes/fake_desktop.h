@@ -14,7 +14,7 @@
 #include "fakes/memory_mail.h"
 #include "fakes/memory_settings.h"
 #include "fakes/recording_windows.h"
-#include "platform/desktop.h"
+#include "platform/seams.h"
 
 namespace fakes {
 

@@ -94,8 +94,8 @@ class Reader {
   Reader() {
     post::Maildir(folder_ / "").Create();
     desktop.settings.groups["Mail"] = {{"MailKind", "System"}, {"MyAddress", "bernd@example.org"}};
-    platform::TheDesktop().MSess = &service_;
-    platform::TheDesktop().MMess = &service_;
+    platform::TheSeams().MSess = &service_;
+    platform::TheSeams().MMess = &service_;
     service_.SignOn();
   }
 

@@ -23,7 +23,7 @@ class ShellFixture : public testing::Test {
  protected:
   explicit ShellFixture(const std::string& commandLine = {}) : desktop(commandLine) {
     FillHooks();
-    platform::ShellHooks& hooks = platform::TheDesktop().hooks;
+    platform::ShellHooks& hooks = platform::TheSeams().hooks;
     hooks.checkTimerChanged = [this] {
       desktop.log.emplace_back(platform::Process().CheckTimer.Enabled ? "timer on" : "timer off");
     };

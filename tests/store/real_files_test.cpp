@@ -12,7 +12,7 @@
 #include <filesystem>
 
 #include "desktop/posix_files.h"
-#include "platform/desktop.h"
+#include "platform/seams.h"
 #include "store/database_lock.h"
 #include "store/store_fixture.h"
 
@@ -24,7 +24,7 @@ struct RealFilesTest : StoreTest {
     std::string pattern = ::testing::TempDir() + "store_XXXXXX";
     folder = mkdtemp(pattern.data());
     platform::Process().DataPath = folder + "/";
-    platform::TheDesktop().files = &files;
+    platform::TheSeams().files = &files;
   }
   ~RealFilesTest() override {
     chmod(folder.c_str(), 0755);
@@ -61,7 +61,7 @@ TEST_F(RealFilesTest, AProcessKilledAnywhereLeavesTheOldFileOrTheNewOne) {
         if (change.before != "no file") files.Write(DataFile("Tvgdb.dat"), change.before);
         const int result = InChild([&] {
           AccidentFiles accident(files, operation, moment, [] { raise(SIGKILL); });
-          platform::TheDesktop().files = &accident;
+          platform::TheSeams().files = &accident;
           return change.make() ? 0 : 1;
         });
         const std::string now = Content();

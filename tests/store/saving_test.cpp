@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/desktop.h"
+#include "platform/seams.h"
 #include "store/store_fixture.h"
 
 namespace store {
@@ -132,7 +132,7 @@ TEST_F(SavingTest, AFailureAnywhereLeavesTheGameFileAsItStood) {
         if (change.before != "no file") SetGameFile(change.before);
         AccidentFiles files(desktop.files, operation, moment,
                             [] { throw platform::FileError("accident"); });
-        platform::TheDesktop().files = &files;
+        platform::TheSeams().files = &files;
         const bool done = change.make();
         EXPECT_EQ(done, !files.happened);
         EXPECT_EQ(FileText("Tvgdb.dat"), files.happened ? change.before : change.after);

@@ -34,7 +34,7 @@ class SkinTest : public testing::Test {
  protected:
   SkinTest() {
     Process().ProgramFolder = folder_.path().toStdString() + "/";
-    platform::TheDesktop().hooks.skinMissing = shell::QuitForLackOf;
+    platform::TheSeams().hooks.skinMissing = shell::QuitForLackOf;
     platform::Settings().NotificationTimeout = 0;
     DrawSkin(0);
     EXPECT_TRUE(ApplySkinToSystemTray());

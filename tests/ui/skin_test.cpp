@@ -109,7 +109,7 @@ TEST_F(SkinFilesTest, AFileThatIsNoPictureOfItsKindIsAFailureAndEndsTheProgram) 
 
 TEST_F(SkinFilesTest, TheProgramEndsOnceWhateverFailsMeanwhile) {
   std::vector<std::string> missing;
-  platform::TheDesktop().hooks.skinMissing = [&](const std::string& file) {
+  platform::TheSeams().hooks.skinMissing = [&](const std::string& file) {
     missing.push_back(file);
     EXPECT_FALSE(Apply("MsgForm")) << "while the user reads of the first";
   };

@@ -23,8 +23,8 @@
 #include "board/squares.h"
 #include "board/timer.h"
 #include "platform/busy_pointer.h"
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "skin/layouts/board_layout.h"
 #include "skin/look.h"
@@ -376,7 +376,7 @@ void BoardWindow::TakeTurns(int button) {
   if (!closesAfterTurns_) return;
   close();
   // The list that comes back for the board is too late for the end of the program.
-  if (platform::Process().Stopping) platform::TheDesktop().windows->CloseAll();
+  if (platform::Process().Stopping) platform::TheSeams().windows->CloseAll();
 }
 
 /// True where the comment was cleaned and the user told, and should look at it again.
@@ -435,7 +435,7 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
     // One that is still down has stopped the computer.
     if (!event->isAutoRepeat()) showMinimized();
   } else if (event->key() == Qt::Key_F1) {
-    platform::TheDesktop().help->ShowHelp(platform::HelpOfBoard);
+    platform::TheSeams().help->ShowHelp(platform::HelpOfBoard);
   } else {
     QWidget::keyPressEvent(event);
   }

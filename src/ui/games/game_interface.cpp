@@ -12,9 +12,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
 #include "shell/playing.h"
@@ -77,7 +77,7 @@ constexpr int margin = 8;
 constexpr int buttonWidth = 96;
 constexpr int buttonHeight = 28;
 
-void ShowHelp() { platform::TheDesktop().help->ShowHelp(platform::HelpOfGameList); }
+void ShowHelp() { platform::TheSeams().help->ShowHelp(platform::HelpOfGameList); }
 
 QString EmptyNotice() {
   const QString address =

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
 #include "shell/playing.h"
@@ -80,7 +80,7 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
 }
 
 std::vector<MenuRow> HelpRows(const OtherErrands& errands) {
-  platform::Help& help = *platform::TheDesktop().help;
+  platform::Help& help = *platform::TheSeams().help;
   std::vector<MenuRow> rows{
       {"Contents", [&help] { help.ShowHelp(platform::HelpContents); }},
       {"Index...", [&help] { help.ShowHelpIndex(); }},

@@ -14,9 +14,9 @@
 #include <exception>
 
 #include "mail/move_mail.h"
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "skin/layouts/new_game_info_layout.h"
 #include "skin/look.h"
 #include "skin/system_button.h"
@@ -36,7 +36,7 @@ constexpr int longestAddress = 255;
 constexpr int lookupDelay = 1500;  // milliseconds
 constexpr int rememberGap = 2;
 
-platform::MAPIMessages& MMess() { return *platform::TheDesktop().MMess; }
+platform::MAPIMessages& MMess() { return *platform::TheSeams().MMess; }
 
 void ClearRecipients() {
   while (MMess().RecipCount() > 0) {
@@ -194,7 +194,7 @@ void NewGameInfo::accept() {
 void NewGameInfo::done(int result) {
   pendingResolve_ = false;
   Timer1_->stop();
-  platform::TheDesktop().help->CloseHelp();
+  platform::TheSeams().help->CloseHelp();
   QDialog::done(result);
 }
 
@@ -223,7 +223,7 @@ bool NewGameInfo::eventFilter(QObject* watched, QEvent* event) {
 void NewGameInfo::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (event->key() == Qt::Key_F1) {
-    platform::TheDesktop().help->ShowHelp(platform::HelpOfNewGame);
+    platform::TheSeams().help->ShowHelp(platform::HelpOfNewGame);
   } else if (isReturn && !IsSimpleUI()) {
     ok_->click();
   } else {
@@ -315,7 +315,7 @@ void NewGameInfo::ChooseName() {
 
 /// What was typed as an address needn't be typed again.
 void NewGameInfo::OfferToRemember() {
-  auto* book = platform::TheDesktop().addressBook;
+  auto* book = platform::TheSeams().addressBook;
   if (!book) return;
   const auto people = book->People();
   const std::string address = Game_opponents_email_->text().toStdString();
@@ -330,8 +330,8 @@ void NewGameInfo::OfferToRemember() {
 void NewGameInfo::Remember() {
   if (remember_->isHidden() || !remember_->isChecked()) return;
   try {
-    platform::TheDesktop().addressBook->Add({Game_opponents_name_->text().toStdString(),
-                                             {Game_opponents_email_->text().toStdString()}});
+    platform::TheSeams().addressBook->Add({Game_opponents_name_->text().toStdString(),
+                                           {Game_opponents_email_->text().toStdString()}});
   } catch (const std::exception& error) {
     platform::ShowMessage(platform::ErrorIcon, "Address book",
                           std::string("The address can't be stored.||") + error.what(), "OK");

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QShortcut>
 
-#include "platform/desktop.h"
+#include "platform/seams.h"
 
 namespace ui {
 
@@ -13,9 +13,9 @@ namespace ui {
 inline void GiveHelpKey(QDialog& dialog, platform::HelpContext context) {
   auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &dialog);
   QObject::connect(key, &QShortcut::activated, &dialog,
-                   [context] { platform::TheDesktop().help->ShowHelp(context); });
+                   [context] { platform::TheSeams().help->ShowHelp(context); });
   QObject::connect(&dialog, &QDialog::finished, &dialog,
-                   [] { platform::TheDesktop().help->CloseHelp(); });
+                   [] { platform::TheSeams().help->CloseHelp(); });
 }
 
 }  // namespace ui

@@ -8,9 +8,9 @@
 #include <algorithm>
 #include <new>
 
-#include "platform/desktop.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/playing.h"
 #include "shell/start_up.h"

@@ -11,10 +11,10 @@
 #include <QPushButton>
 #include <QStorageInfo>
 
-#include "platform/desktop.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "skin/layouts/select_sound_layout.h"
 #include "skin/look.h"
@@ -208,13 +208,13 @@ void SelectSound::Choose() {
 void SelectSound::Play() { platform::PlayWave(Folder() + SelectedFile()); }
 
 void SelectSound::done(int result) {
-  platform::TheDesktop().help->CloseHelp();
+  platform::TheSeams().help->CloseHelp();
   QDialog::done(result);
 }
 
 void SelectSound::ShowHelp() const {
-  platform::TheDesktop().help->ShowHelp(choosesSound_ ? platform::HelpOfSounds
-                                                      : platform::HelpOfImport);
+  platform::TheSeams().help->ShowHelp(choosesSound_ ? platform::HelpOfSounds
+                                                    : platform::HelpOfImport);
 }
 
 void SelectSound::keyPressEvent(QKeyEvent* event) {

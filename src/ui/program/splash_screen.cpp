@@ -9,8 +9,8 @@
 
 #include <utility>
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "skin/layouts/splash_screen_layout.h"
 #include "skin/program_pictures.h"
 #include "widgets/shown_text.h"
@@ -28,7 +28,7 @@ constexpr int unknownDepth = 8;
 constexpr int highColour = 16;
 
 QPixmap StartPicture() {
-  const int depth = platform::TheDesktop().screen->Settings().BitsPerPixel.value_or(unknownDepth);
+  const int depth = platform::TheSeams().screen->Settings().BitsPerPixel.value_or(unknownDepth);
   return QPixmap(AsItIs(Process().ProgramFolder) + u"UI Graphics/"_s +
                  (depth < highColour ? u"Splash8.bmp"_s : u"Splash16.bmp"_s));
 }

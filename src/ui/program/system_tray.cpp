@@ -6,8 +6,8 @@
 
 #include <utility>
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
 #include "shell/playing.h"
@@ -53,14 +53,14 @@ SystemTray::SystemTray(const std::function<void()>& changeAccount,
       menu_(ActionsOf(windows_, changeAccount, askAboutHeldMails)),
       icon_(menu_, std::move(isTrayThere)) {
   setObjectName(QStringLiteral("SystemTray"));
-  platform::Desktop& desktop = platform::TheDesktop();
-  desktop.windows = &windows_;
-  desktop.tray = &icon_;
-  desktop.hooks.busyPointer = ShowBusyPointer;
-  desktop.hooks.checkTimerChanged = [this] { FollowCheckTimer(); };
-  desktop.hooks.handedOver = [this, changeAccount] { Greet(changeAccount); };
+  platform::Seams& seams = platform::TheSeams();
+  seams.windows = &windows_;
+  seams.tray = &icon_;
+  seams.hooks.busyPointer = ShowBusyPointer;
+  seams.hooks.checkTimerChanged = [this] { FollowCheckTimer(); };
+  seams.hooks.handedOver = [this, changeAccount] { Greet(changeAccount); };
   // Not quit(), which any window may refuse.
-  desktop.hooks.stopped = [] {
+  seams.hooks.stopped = [] {
     if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit(0);
   };
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
@@ -70,10 +70,10 @@ SystemTray::SystemTray(const std::function<void()>& changeAccount,
 }
 
 SystemTray::~SystemTray() {
-  platform::Desktop& desktop = platform::TheDesktop();
-  desktop.windows = &platform::noWindows;
-  desktop.tray = &platform::noTray;
-  desktop.hooks = {};
+  platform::Seams& seams = platform::TheSeams();
+  seams.windows = &platform::noWindows;
+  seams.tray = &platform::noTray;
+  seams.hooks = {};
 }
 
 /// Shows a user without any game how to come by one.

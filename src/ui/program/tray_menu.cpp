@@ -4,8 +4,8 @@
 #include <QApplication>
 #include <QTimer>
 
-#include "platform/desktop.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "shell/tray_games.h"
 #include "shell/tray_status.h"
 #include "widgets/front_window.h"
@@ -77,14 +77,14 @@ TrayMenu::TrayMenu(const TrayMenuActions& actions)
 
 void TrayMenu::AddHelp(const std::function<void()>& about) {
   const auto showContext = [](int context) {
-    return [context] { platform::TheDesktop().help->ShowHelp(context); };
+    return [context] { platform::TheSeams().help->ShowHelp(context); };
   };
   QMenu& help = *addMenu(u"Help"_s);
   help.setObjectName(u"mnuPopupHelpMenu"_s);
   AddEntry(help, "mnuPopupHelp", u"&Help"_s, showContext(platform::HelpOfTray));
   AddEntry(help, "mnuPopupContents", u"Help &Contents..."_s, showContext(platform::HelpContents));
   AddEntry(help, "mnuPopupTopics", u"Help &Topics"_s,
-           [] { platform::TheDesktop().help->ShowHelpIndex(); });
+           [] { platform::TheSeams().help->ShowHelpIndex(); });
   help.addSeparator();
   AddEntry(help, "mnuPopupAbout", u"&About..."_s, about);
 }

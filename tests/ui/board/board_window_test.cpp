@@ -97,7 +97,7 @@ TEST_F(BoardWindowTest, SendingSavesMailsAndClosesOnce) {
   Do(e2e4);
   Comment().insertPlainText(u"Grüße"_s);
   bool waited = false;
-  platform::TheDesktop().hooks.busyPointer = [&](bool busy) {
+  platform::TheSeams().hooks.busyPointer = [&](bool busy) {
     if (!busy || waited) return;
     waited = true;
     window_->close();

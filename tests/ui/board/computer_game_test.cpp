@@ -30,7 +30,7 @@ class QuickUser : public desktop::QtEvents {
 class ComputerGameTest : public BoardWindowTest {
  protected:
   ComputerGameTest() {
-    platform::TheDesktop().events = &events_;
+    platform::TheSeams().events = &events_;
     ai::LoadDefaultHeuristics();
   }
 

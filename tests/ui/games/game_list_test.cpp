@@ -191,7 +191,7 @@ TEST_F(GameInterfaceTest, RetrievingKeepsTheSelectionAndLetsNobodyCloseTheWindow
   Open();
   window_->Refill(3);
   std::vector<bool> closed;
-  platform::TheDesktop().hooks.busyPointer = [&](bool busy) {
+  platform::TheSeams().hooks.busyPointer = [&](bool busy) {
     if (busy) closed.push_back(window_->close());
   };
   const std::string whole =

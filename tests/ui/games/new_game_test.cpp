@@ -15,7 +15,7 @@ class NewGameTest : public SkinTest {
  protected:
   NewGameTest() {
     Process().Offline = false;
-    platform::TheDesktop().addressBook = &book_;
+    platform::TheSeams().addressBook = &book_;
     desktop_.mail.people = {{"Eva", "e@x.org"}, {"Max", "m@x.org"}};
   }
 

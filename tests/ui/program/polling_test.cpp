@@ -58,9 +58,9 @@ TEST(PollingTest, AClickIsHandledBeforeTheServerAnswersTheTick) {
       [gate = answer.get_future().share(), &hasAnswered](const auto&, const auto&) {
         return std::make_unique<StallingTransport>(gate, hasAnswered);
       });
-  platform::TheDesktop().events = &events;
-  platform::TheDesktop().MSess = &service;
-  platform::TheDesktop().MMess = &service;
+  platform::TheSeams().events = &events;
+  platform::TheSeams().MSess = &service;
+  platform::TheSeams().MMess = &service;
   platform::WriteRegistry(platform::mailSection, {{"MailKind", "Post"}});
   service.SignOn();
   Process().Offline = false;

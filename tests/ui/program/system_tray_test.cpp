@@ -36,7 +36,7 @@ class SystemTrayTest : public testing::Test {
 
   void Store(std::int32_t id, std::int16_t status, const std::string& opponent) {
     StoreGame(id, status, opponent, {{"5254", "e4"}, {"5755", "e5"}});
-    platform::TheDesktop().tray->BuildGameMenu();
+    platform::TheSeams().tray->BuildGameMenu();
   }
   QMenu& Games() { return *tray_.Menu().findChild<QMenu*>(u"mnuPopupGameList"_s); }
   QAction& Entry(const char* name) {
@@ -111,7 +111,7 @@ TEST_F(SystemTrayTest, AGameOfTheMenuOpensAndTheTrayHasTheProgramAgainBehindIt) 
   EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld && !Process().BoardOpen);
   store::RemoveGame(1);
   store::RemoveGame(2);
-  platform::TheDesktop().tray->BuildGameMenu();
+  platform::TheSeams().tray->BuildGameMenu();
   EXPECT_EQ(Shape(Games()), u"[No games available]"_s) << "no stale entries";
 }
 
@@ -187,7 +187,7 @@ TEST_F(SystemTrayTest, ATrayIsWaitedForAndStillTakenWhenItComesLate) {
   int come = 0;
   QObject::connect(&tray_.Icon(), &TrayIcon::Missing, [&] { ++missing; });
   QObject::connect(&tray_.Icon(), &TrayIcon::Come, [&] { ++come; });
-  platform::TheDesktop().tray->Notify(platform::TrayOperation::Add, 1, "Tarvolenix - Nothing new");
+  platform::TheSeams().tray->Notify(platform::TrayOperation::Add, 1, "Tarvolenix - Nothing new");
   tray_.Icon().Look();
   EXPECT_EQ(missing, 0) << "it may be on its way";
   for (int i = 0; i < 60; ++i) tray_.Icon().Look();
@@ -210,7 +210,7 @@ TEST_F(SystemTrayTest, TheLastStopClosesEveryWindow) {
   const QPointer<BoardWindow> board = Board();
   const QPointer<GameInterface> list = List();
   int stops = 0;
-  platform::TheDesktop().hooks.stopped = [&] { ++stops; };
+  platform::TheSeams().hooks.stopped = [&] { ++stops; };
   Process().StartupComplete = true;
   Choose("mnuPopupExit");
   EXPECT_EQ(stops, 0) << "not over an open board";
@@ -228,10 +228,10 @@ TEST_F(SystemTrayTest, WhoHasNoGameIsShownTheWaysToOne) {
     return static_cast<QWidget*>(nullptr);
   };
   Store(1, store::MoveWaiting, "Anna");
-  platform::TheDesktop().hooks.handedOver();
+  platform::TheSeams().hooks.handedOver();
   EXPECT_EQ(welcome(), nullptr);
   store::RemoveGame(1);
-  platform::TheDesktop().hooks.handedOver();
+  platform::TheSeams().hooks.handedOver();
   ASSERT_NE(welcome(), nullptr);
   welcome()->close();
 }

@@ -24,7 +24,7 @@ inline Help noHelp;
 inline Tray noTray;
 inline Windows noWindows;
 
-struct Desktop {
+struct Seams {
   MAPISession* MSess = nullptr;
   MAPIMessages* MMess = nullptr;
   AddressBook* addressBook = nullptr;
@@ -41,6 +41,6 @@ struct Desktop {
   ShellHooks hooks;
 };
 
-Desktop& TheDesktop();
+Seams& TheSeams();
 
 }  // namespace platform

@@ -18,15 +18,15 @@ namespace wiring {
 
 /// Installs itself for its lifetime. Waits in the event loop of the application object, which must
 /// be there already.
-class RealDesktop {
+class RealSeams {
  public:
   /// `ask` is the dialog for the mail account; without it there must be one. `askRecipients` is
   /// the address book's; without it nobody is found.
-  explicit RealDesktop(const std::string& programFolder, post::MailService::AskAccount ask = {},
-                       post::MailService::AskRecipients askRecipients = {});
-  ~RealDesktop();
-  RealDesktop(const RealDesktop&) = delete;
-  RealDesktop& operator=(const RealDesktop&) = delete;
+  explicit RealSeams(const std::string& programFolder, post::MailService::AskAccount ask = {},
+                     post::MailService::AskRecipients askRecipients = {});
+  ~RealSeams();
+  RealSeams(const RealSeams&) = delete;
+  RealSeams& operator=(const RealSeams&) = delete;
 
   post::Passwords& KeptPasswords() { return *passwords_; }
   desktop::QtEvents& Events() { return events_; }

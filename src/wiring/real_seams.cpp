@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wiring/real_seams.h"
+
+#include <utility>
+
+#include "desktop/folders.h"
+#include "desktop/qt_sounds.h"
+#include "platform/seams.h"
+
+namespace wiring {
+
+RealSeams::RealSeams(const std::string& programFolder, post::MailService::AskAccount ask,
+                     post::MailService::AskRecipients askRecipients)
+    : settings_(files_, desktop::SettingsFileFor(programFolder)),
+      passwords_(post::PasswordsBeside(desktop::SettingsFileFor(programFolder))),
+      sounds_(std::make_unique<desktop::QtSounds>()),
+      mail_(events_, *passwords_, std::move(ask)) {
+  mail_.SetAskRecipients(std::move(askRecipients));
+  platform::Seams& seams = platform::TheSeams();
+  seams.MSess = &mail_;
+  seams.MMess = &mail_;
+  seams.settings = &settings_;
+  seams.sounds = sounds_.get();
+  seams.clock = &clock_;
+  seams.events = &events_;
+  seams.files = &files_;
+}
+
+RealSeams::~RealSeams() { platform::TheSeams() = {}; }
+
+}  // namespace wiring

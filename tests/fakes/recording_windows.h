@@ -28,6 +28,7 @@ class RecordingWindows : public platform::Windows {
   void ShowGameList() override;
   void CloseGameList() override;
   void HideGameList() override { Did("hide game list"); }
+  void BringBackGameList() override { Did("bring back game list"); }
   void OpenBoard(bool toFront) override;
   std::optional<platform::NewGameFields> AskNewGame() override {
     return Did("ask new game") ? std::optional(platform::Process().NewGame) : std::nullopt;

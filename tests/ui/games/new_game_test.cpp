@@ -107,7 +107,7 @@ TEST_F(NewGameTest, ThePickFromTheAddressBookReplacesTheLookup) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     Open();
-    desktop_.mail.messages.RecipDisplayName("left from an earlier mail");
+    desktop_.mail.RecipDisplayName("left from an earlier mail");
     desktop_.mail.picked = row.picked;
     Type("Game_opponents_name", "Ev");
     if (row.choice >= 0) {

@@ -123,6 +123,7 @@ std::string RudeServer::AnswerTo(const std::string& line) {
 
 /// False where the conversation is over.
 bool RudeServer::Reply(int client, const std::string& line) {
+  const int releasedBefore = released_;
   const std::string answer = AnswerTo(line);
   const auto special = answer.find_first_of(hang + hangUp + flood);
   swallowing_ = answer.starts_with("354") || answer.starts_with("+ go on");
@@ -130,10 +131,11 @@ bool RudeServer::Reply(int client, const std::string& line) {
   if (special == std::string::npos) return true;
   if (answer.substr(special) == hang) {
     // Whoever gives up waiting closes the connection.
-    while (!stopping_) {
+    while (!stopping_ && released_ == releasedBefore) {
       pollfd entry{client, POLLRDHUP, 0};
       if (::poll(&entry, 1, 20) > 0) return false;
     }
+    return Reply(client, line);
   }
   const std::string drivel(65536, 'x');
   while (answer.substr(special) == flood && !stopping_ && SendAll(client, drivel)) {

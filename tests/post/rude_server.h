@@ -21,7 +21,7 @@ inline const std::string emptyLine =
     "(an empty line)";  ///< what the client sends, not the greeting
 
 // Answers that are none. What stands ahead of them in an answer is sent first.
-inline const std::string hang = "\x01";    ///< says nothing until the client gives up
+inline const std::string hang = "\x01";    ///< says nothing, until it is told to go on
 inline const std::string hangUp = "\x02";  ///< closes the connection
 inline const std::string flood = "\x03";   ///< never stops
 
@@ -36,6 +36,9 @@ class RudeServer {
 
   /// Answers `command` that way from now on; "" as `answer` makes it polite again.
   void Answer(const std::string& command, const std::string& answer);
+
+  /// Lets everything that hangs go on, politely.
+  void GoOn() { ++released_; }
 
   /// How many client lines contained `text`.
   int Count(const std::string& text);
@@ -58,6 +61,7 @@ class RudeServer {
   std::string tag_;          // of the client's last command
   bool swallowing_ = false;  // a mail
   std::atomic<int> client_ = -1;
+  std::atomic<int> released_ = 0;
   std::atomic<bool> stopping_ = false;
   std::thread thread_;
 };

@@ -2,7 +2,10 @@
 #include "post/post_office.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <set>
@@ -134,6 +137,21 @@ TEST_F(MaildirTest, DeliversAtOnceFromManySides) {
   }
   for (std::thread& sender : senders) sender.join();
   EXPECT_TRUE(fs::is_empty(path_ + "tmp"));
+}
+
+TEST_F(MaildirTest, ADeliveryThatIsCutOffLeavesNoHalfMail) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const rlimit shorterThanTheMail{100, 100};
+    ::setrlimit(RLIMIT_FSIZE, &shorterThanTheMail);  // the system kills whoever writes more
+    box_.Deliver("From: a@b.c\nSubject: Tarvolenix : x\n\n" + std::string(1000, 'x'));
+    ::_exit(0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  EXPECT_EQ(Ids(), "");
+  EXPECT_FALSE(fs::is_empty(path_ + "tmp"));
 }
 
 TEST_F(MaildirTest, AbandonedDeliveriesGoAndNothingElse) {

@@ -22,9 +22,10 @@ struct Refusal : std::runtime_error {
 
 /// Which options a verb takes, and how many other arguments.
 struct ArgumentRules {
-  std::vector<std::string_view> valueOptions;  ///< such as "--name": the next argument is the value
-  std::vector<std::string_view> flags;         ///< such as "--send"
-  std::vector<std::string_view> required;      ///< value options that must be there
+  std::vector<std::string_view> valueOptions =
+      {};                                    ///< such as "--name": the next argument is the value
+  std::vector<std::string_view> flags = {};  ///< such as "--send"
+  std::vector<std::string_view> required = {};  ///< value options that must be there
   std::size_t least = 0;
   std::size_t most = 0;
 };

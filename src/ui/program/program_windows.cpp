@@ -31,11 +31,11 @@ using platform::Process;
 
 namespace {
 
-/// In this order the windows close and are forgotten.
-constexpr const char* slots_[] = {"AboutBox",     "Board",         "ChooseOpponent", "Credits",
-                                  "ExchangePawn", "GameInterface", "MsgForm",        "NewGameInfo",
-                                  "OptionsPage",  "SelectSound",   "SplashScreen",   "StatusWindow",
-                                  "SystemTray",   "NotifyForm"};
+/// In this order the windows close and are forgotten, whichever of them are there.
+constexpr const char* closingOrder[] = {
+    "AboutBox",      "Board",        "ChooseOpponent", "Credits",     "ExchangePawn",
+    "GameInterface", "MsgForm",      "NewGameInfo",    "OptionsPage", "SelectSound",
+    "SplashScreen",  "StatusWindow", "SystemTray",     "NotifyForm"};
 
 /// Shows one of the program's windows where the other one stands, as far as the screen has room
 /// for it there.
@@ -184,7 +184,7 @@ platform::HeldMailChoice ProgramWindows::AskAboutHeldMail(
 std::optional<std::string> ProgramWindows::PickMoveFile() { return ui::PickMoveFile(); }
 
 void ProgramWindows::CloseAll() {
-  for (const char* slot : slots_) {
+  for (const char* slot : closingOrder) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
       if (window->objectName() == QLatin1StringView(slot) && window->isVisible()) window->close();
     }

@@ -26,7 +26,6 @@
 namespace ui {
 
 using namespace Qt::StringLiterals;
-using platform::Process;
 using platform::Settings;
 
 namespace {

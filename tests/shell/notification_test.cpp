@@ -93,6 +93,12 @@ TEST_F(NotificationTest, AFailureEndsItAndTheNextCallTriesAgain) {
   EXPECT_EQ(Process().PendingGames, GameIDs{4});
   EXPECT_TRUE(Process().NewMoveArrived);
   EXPECT_TRUE(Process().CheckTimer.Enabled && !Process().CheckTimerHeld);
+
+  desktop.windows.failing = {};
+  desktop.windows.refusing = {"graphics"};
+  desktop.windows.choices = {Play};
+  Notify({4});
+  EXPECT_EQ(Process().PendingGames, GameIDs{4}) << "no board came";
 }
 
 }  // namespace

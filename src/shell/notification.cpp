@@ -29,11 +29,12 @@ bool Notifies(NotificationMethod method) {
   return chosen == method || chosen == ByBoth;
 }
 
-/// With all its repetitions.
-void DropFirstPending() {
-  const std::int32_t first = Process().PendingGames.front();
-  std::erase(Process().PendingGames, first);
+std::int32_t FirstPending() {
+  return Process().PendingGames.empty() ? -1 : Process().PendingGames.front();
 }
+
+/// With all its repetitions.
+void DropFirstPending() { std::erase(Process().PendingGames, FirstPending()); }
 
 void PlayNotificationSound() {
   const platform::SettingVariables& settings = platform::Settings();
@@ -58,7 +59,7 @@ std::optional<platform::NewMove> FirstNewMove() {
 bool GoesOnAfter(NotifyChoice choice) {
   switch (choice) {
     case NotifyChoice::Play:
-      if (OpenNewMove(Process().PendingGames.front())) DropFirstPending();
+      if (OpenNewMove(FirstPending())) DropFirstPending();
       return false;
     case NotifyChoice::GameList:
       ShowGameList();

@@ -242,6 +242,8 @@ void GameInterface::Refill(std::optional<std::int32_t> selectGame) {
 
 bool GameInterface::HasGames() const { return grid_->model()->rowCount() > 0; }
 
+bool GameInterface::OffersMailGames() const { return toolbar_[NewGameButton]->isEnabled(); }
+
 std::optional<std::int32_t> GameInterface::SelectedGame() const {
   const store::GameRecord* game = grid_->SelectedGame();
   if (!game) return std::nullopt;

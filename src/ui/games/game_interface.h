@@ -38,6 +38,7 @@ class GameInterface : public QWidget {
   void Refill(std::optional<std::int32_t> selectGame = {});
 
   bool HasGames() const;
+  bool OffersMailGames() const;  ///< as it was when the list was last filled
   std::optional<std::int32_t> SelectedGame() const;
 
   void PlayCurrentGame();

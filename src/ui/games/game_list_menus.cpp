@@ -68,7 +68,7 @@ std::vector<MenuRow> SortRows(GameInterface& list) {
 }
 
 std::vector<MenuRow> GameRows(GameInterface& list) {
-  const bool mayStart = shell::MayStartMailGame();
+  const bool mayStart = list.OffersMailGames();
   const auto start = [](bool fromSetup) {
     return [fromSetup] { shell::StartNewGame({.fromSetup = fromSetup, .fromGameList = true}); };
   };

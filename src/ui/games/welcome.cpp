@@ -94,6 +94,9 @@ Welcome::Welcome(WaysToAGame ways, QWidget* parent) : QDialog(parent), ways_(std
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addWidget(new Banner);
   layout->addWidget(NewPage());
+  // Else Enter on the check box would take the first way.
+  findChild<QPushButton*>(u"Later"_s)->setDefault(true);
+  findChild<QWidget*>(u"AgainstTheComputer"_s)->setFocus();
   GiveHelpKey(*this, platform::HelpContents);
 }
 
@@ -117,7 +120,6 @@ QWidget* Welcome::NewPage() {
   auto* later = new QPushButton(u"&Later"_s);
   later->setObjectName(u"Later"_s);
   later->setMinimumSize(96, 28);
-  later->setAutoDefault(false);
   connect(later, &QPushButton::clicked, this, &QDialog::reject);
   auto* bottom = new QHBoxLayout;
   bottom->addWidget(NewVerboseBox());
@@ -135,6 +137,7 @@ QWidget* Welcome::NewWay(const char* name, const char* title, const char* text,
   button->setStyleSheet(QLatin1StringView(cardStyle));
   button->setIconSize({pictureSize, pictureSize});
   button->setObjectName(QLatin1StringView(name));
+  button->setAccessibleDescription(QLatin1StringView(text));
   connect(button, &QAbstractButton::clicked, this, [this, way = std::move(way)] {
     accept();
     QTimer::singleShot(0, QApplication::instance(), way);

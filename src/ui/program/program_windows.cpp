@@ -66,6 +66,8 @@ Window* Made(Arguments&&... arguments) {
 ProgramWindows::ProgramWindows(std::function<void()> changeAccount,
                                std::function<void()> askAboutHeldMails)
     : errands_{[this](std::unique_ptr<QMenu> menu, QPoint place) {
+                 // The last one may still be at the work that was chosen there.
+                 if (listMenu_) listMenu_.release()->deleteLater();
                  listMenu_ = std::move(menu);
                  listMenu_->popup(place);
                },

@@ -177,6 +177,23 @@ TEST_F(WelcomeTest, EachWayIsOneClick) {
   }
 }
 
+TEST_F(WelcomeTest, EnterTakesTheWayThatHasTheFocusAndElseNone) {
+  for (const auto& [name, taken] :
+       {std::pair{"AgainstTheComputer", 1}, {"Verbose", 0}, {"Later", 0}}) {
+    SCOPED_TRACE(name);
+    int games = 0;
+    Welcome welcome({[&] { ++games; }, {}, {}});
+    welcome.show();
+    welcome.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&welcome));
+    EXPECT_EQ(welcome.focusWidget(), &Find<QWidget>(welcome, "AgainstTheComputer"));
+    Find<QWidget>(welcome, name).setFocus();
+    QTest::keyClick(&Find<QWidget>(welcome, name), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(games, taken);
+  }
+}
+
 TEST_F(WelcomeTest, AsksWhetherRefusedMovesShallBeExplained) {
   platform::Settings().Verbose = true;
   const Welcome welcome({});

@@ -30,6 +30,7 @@ namespace {
 constexpr int smallestText = 12;
 constexpr int largestText = 13;
 constexpr int panelMargin = 4;
+constexpr int panelMarginUpright = 2;
 
 QRect InQt(const layouts::Rect& rect) { return {rect.x, rect.y, rect.width, rect.height}; }
 
@@ -97,7 +98,7 @@ void WindowSkin::PlaceControls() {
     // A text is part of the surface by which the window is dragged.
     if (auto* text = qobject_cast<PlainTextView*>(widget)) {
       text->BecomeSurface();
-      if (control.surface == Surface::Panel) text->document()->setDocumentMargin(panelMargin);
+      if (control.surface == Surface::Panel) text->SetMargins(panelMargin, panelMarginUpright);
     }
   }
 }

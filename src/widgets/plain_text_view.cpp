@@ -3,6 +3,7 @@
 
 #include <QScrollBar>
 #include <QTextDocument>
+#include <QTextFrame>
 
 #include <cmath>
 #include <memory>
@@ -46,7 +47,24 @@ void PlainTextView::BecomeSurface() {
 void PlainTextView::SetText(const QString& text) {
   if (text == toPlainText()) return;
   setPlainText(text);
+  KeepMargins();
   updateGeometry();
+}
+
+void PlainTextView::SetMargins(int sideways, int upright) {
+  sideways_ = sideways;
+  upright_ = upright;
+  KeepMargins();
+}
+
+/// A new text forgets them.
+void PlainTextView::KeepMargins() {
+  QTextFrameFormat format = document()->rootFrame()->frameFormat();
+  format.setLeftMargin(sideways_);
+  format.setRightMargin(sideways_);
+  format.setTopMargin(upright_);
+  format.setBottomMargin(upright_);
+  document()->rootFrame()->setFrameFormat(format);
 }
 
 void PlainTextView::SetMostLines(int lines) {

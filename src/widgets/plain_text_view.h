@@ -22,6 +22,9 @@ class PlainTextView : public QTextEdit {
   /// the mouse's buttons.
   void BecomeSurface();
 
+  /// Room round the text, in pixels.
+  void SetMargins(int sideways, int upright);
+
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;
   QSize sizeHint() const override;
@@ -29,6 +32,9 @@ class PlainTextView : public QTextEdit {
 
  private:
   void ChooseFocus();
+  void KeepMargins();
+
+  int sideways_ = 0, upright_ = 0;
 };
 
 }  // namespace ui

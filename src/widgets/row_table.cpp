@@ -3,10 +3,28 @@
 
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QStyledItemDelegate>
 
 #include "widgets/cut_text.h"
 
 namespace ui {
+
+namespace {
+
+/// A selected row is seen by its colour: a rectangle round one of its cells would only dim the
+/// text.
+class RowDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->state & QStyle::State_Selected) option->state &= ~QStyle::State_HasFocus;
+  }
+};
+
+}  // namespace
 
 void BecomeRowTable(QTableView& table, int rowPadding) {
   table.verticalHeader()->hide();
@@ -20,6 +38,7 @@ void BecomeRowTable(QTableView& table, int rowPadding) {
   table.setTabKeyNavigation(false);
   table.setShowGrid(false);
   table.setWordWrap(false);
+  table.setItemDelegate(new RowDelegate(&table));
 }
 
 RowTable::RowTable(const QStringList& headings, int rowPadding, QWidget* parent)

@@ -40,11 +40,17 @@ QSize GameListHeading::sizeHint() const {
 }
 
 void GameListHeading::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const {
-  painter->save();
-  QHeaderView::paintSection(painter, rect, logicalIndex);
-  painter->restore();
-  if (logicalIndex != sortIndicatorSection()) return;
-  mark_.paint(painter, rect.adjusted(0, 0, -markMargin, 0).right() - markSize + 1,
+  if (logicalIndex != sortIndicatorSection()) {
+    return QHeaderView::paintSection(painter, rect, logicalIndex);
+  }
+  QStyleOptionHeader section;
+  initStyleOption(&section);
+  initStyleOptionForIndex(&section, logicalIndex);
+  section.rect = rect;
+  style()->drawControl(QStyle::CE_HeaderSection, &section, painter, this);
+  section.rect.adjust(0, 0, -markMargin - markSize, 0);  // the text keeps clear of the mark
+  style()->drawControl(QStyle::CE_HeaderLabel, &section, painter, this);
+  mark_.paint(painter, rect.right() + 1 - markMargin - markSize,
               rect.center().y() - markSize / 2 + 1, markSize, markSize);
 }
 

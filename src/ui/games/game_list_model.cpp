@@ -67,6 +67,11 @@ QString TextOf(const store::GameRecord& game, int column) {
   }
 }
 
+QVariant AlignmentOf(int column) {
+  return QVariant::fromValue<Qt::Alignment>(
+      (column == shell::DateColumn ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
 }  // namespace
 
 QString ShownDate(const std::string& storedDate) {
@@ -113,8 +118,7 @@ QVariant GameListModel::data(const QModelIndex& index, int role) const {
       if (column == shell::StatusColumn) return StandingOf(game->GAME_STATUS);
       return TextOf(*game, column);
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue<Qt::Alignment>(
-          (column == shell::DateColumn ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+      return AlignmentOf(column);
     default:
       return {};
   }
@@ -125,6 +129,7 @@ QVariant GameListModel::headerData(int section, Qt::Orientation orientation, int
       "Game_ID", "", "Opponent", "Game title", "Date started", "Game_opponents_ID"};
   if (orientation != Qt::Horizontal || section < 0 || section >= shell::gameListColumns) return {};
   if (role == Qt::DisplayRole) return QString(QLatin1StringView(headings[section]));
+  if (role == Qt::TextAlignmentRole) return AlignmentOf(section);
   return {};
 }
 

@@ -85,6 +85,7 @@ NewGameInfo::NewGameInfo(QWidget* owner)
   SetToolTips();
   SetUpOpponent();
   Resolve_->installEventFilter(this);
+  ok_->installEventFilter(this);
   Connect();
   hasLook_ = TakeLook(*this, layouts::newGameInfo, [this] { SetSimpleUI(); });
   if (!IsSimpleUI()) {
@@ -200,10 +201,11 @@ void NewGameInfo::done(int result) {
 
 bool NewGameInfo::eventFilter(QObject* watched, QEvent* event) {
   // Enter is OK wherever the focus is, but on Cancel.
-  if (watched == Resolve_ && IsReturn(*event) && ok_->isEnabled()) {
+  if (watched == Resolve_ && IsReturn(*event) && LookUpForOk()) {
     ok_->click();
     return true;
   }
+  if (watched == ok_ && event->type() == QEvent::MouseButtonPress) LookUpForOk();
   if (isVisible() && LeavesField(*event)) {
     if (watched == Game_opponents_name_) LeaveName();
     if (watched == Game_name_) {
@@ -224,7 +226,10 @@ void NewGameInfo::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (event->key() == Qt::Key_F1) {
     platform::TheSeams().help->ShowHelp(platform::HelpOfNewGame);
-  } else if (isReturn && !IsSimpleUI()) {
+    return;
+  }
+  if (isReturn) LookUpForOk();
+  if (isReturn && !IsSimpleUI()) {
     ok_->click();
   } else {
     QDialog::keyPressEvent(event);
@@ -270,6 +275,12 @@ void NewGameInfo::Tick() {
   if (!pendingResolve_) return;
   ResolveName();
   ButtonSet();
+}
+
+/// Who presses OK doesn't wait for the lookup first. True where OK can be pressed.
+bool NewGameInfo::LookUpForOk() {
+  Tick();
+  return ok_->isEnabled();
 }
 
 void NewGameInfo::ResolveName() {

@@ -47,6 +47,7 @@ class NewGameInfo : public QDialog {
   void ChangeName();
   void LeaveName();
   void Tick();
+  bool LookUpForOk();
   void ChooseName();
   void ResolveName();
   void OfferToRemember();

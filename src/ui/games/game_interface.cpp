@@ -79,16 +79,25 @@ constexpr int buttonHeight = 28;
 
 void ShowHelp() { platform::TheSeams().help->ShowHelp(platform::HelpOfGameList); }
 
-QString EmptyNotice() {
-  const QString address =
-      Shown(platform::ReturnValue(platform::ReadRegistry(platform::mailSection, "MyAddress"),
-                                  "not set yet (the first mail asks for it)"));
-  return u"There are no games yet.\n\n"
-         u"To begin one, choose New game: your opponent gets your first move by mail.\n"
-         u"Or play against the computer, without any mail.\n"
-         u"If somebody has invited you, wait for the mail with the first move, and choose Retrieve "
-         u"games from the File menu.\n\n"
-         u"Your own address, for those who want to play with you: %1"_s.arg(address);
+/// What a game by mail takes, or still lacks.
+QString MailNotice(bool mayStart, bool hasAddress) {
+  if (mayStart) {
+    return u"To begin one, choose New game: your opponent gets your first move by mail.\n"
+           u"If somebody has invited you, wait for the mail with the first move, and choose "
+           u"Retrieve games from the File menu."_s;
+  }
+  return hasAddress ? u"Tarvolenix isn't connected to your mail. To play by mail, choose Retrieve "
+                      u"games from the File menu, or look at your mail account."_s
+                    : u"To play by mail, Tarvolenix has to know your mail account first."_s;
+}
+
+QString EmptyNotice(bool mayStart) {
+  const auto address = platform::ReadRegistry(platform::mailSection, "MyAddress");
+  return u"There are no games yet.\n\n%1\n\n"
+         u"Or play against the computer, without any mail.\n\n"
+         u"Your own address, for those who want to play with you: %2"_s.arg(
+             MailNotice(mayStart, !platform::IsEmptyValue(address)),
+             Shown(platform::ReturnValue(address, "not set yet")));
 }
 
 QString DamageNotice() {
@@ -105,6 +114,13 @@ QPoint PlaceBelow(const QWidget& button) {
   const auto* skinned = qobject_cast<const SystemButton*>(&button);
   const QRect place = skinned ? skinned->Place() : button.geometry();
   return button.window()->mapToGlobal(place.bottomLeft() + QPoint(0, 1));
+}
+
+/// A button below which a menu was open was never told that the pointer has left it.
+void TellWhereThePointerIs(QAbstractButton& button) {
+  if (button.rect().contains(button.mapFromGlobal(QCursor::pos()))) return;
+  QEvent left(QEvent::Leave);
+  QCoreApplication::sendEvent(&button, &left);
 }
 
 void SetTip(const QWidget& window, const char* name, const char* tip) {
@@ -134,6 +150,7 @@ GameInterface::GameInterface(OtherErrands errands)
   });
   connect(grid_, &GameListGrid::PlayWanted, this, &GameInterface::PlayCurrentGame);
   connect(grid_, &GameListGrid::DeleteWanted, this, &GameInterface::DeleteGame);
+  connect(grid_, &GameListGrid::AccountWanted, this, [this] { errands_.changeAccount(); });
   connect(grid_, &GameListGrid::MenuWanted, this,
           [this](QPoint place) { PopUp(GameListPopup, place); });
 }
@@ -175,7 +192,7 @@ void GameInterface::AddMenuButtons() {
     button->setText(QLatin1StringView(IsSimpleUI() ? label.plainCaption : label.caption));
     // As a menu does, on the press; the menu takes the release.
     connect(button, &QAbstractButton::pressed, this, [this, button, menu = label.menu] {
-      PopUp(menu, PlaceBelow(*button));
+      PopUp(menu, PlaceBelow(*button), button);
       button->setDown(false);
     });
   }
@@ -229,7 +246,8 @@ void GameInterface::FillGameList(std::int16_t column, std::string order,
   shell::GameList list = shell::ReadGameList(column, order, selectGame);
   const bool anyGame = !list.games.empty(), mayStart = shell::MayStartMailGame();
   const bool descending = shell::IsDescending(order);
-  const QString notice = list.isDamaged ? DamageNotice() : EmptyNotice();
+  const ListNotice notice{list.isDamaged ? DamageNotice() : EmptyNotice(mayStart),
+                          !list.isDamaged && !mayStart};
   grid_->Fill(std::move(list), column, descending, notice);
   SetToolbarButton(PlayGameButton, anyGame);
   SetToolbarButton(NewGameButton, mayStart);
@@ -281,8 +299,14 @@ void GameInterface::SetToolbarButton(int button, bool enabled) {
   toolbar_[static_cast<std::size_t>(button)]->setEnabled(enabled);
 }
 
-void GameInterface::PopUp(InterfaceMenu menu, QPoint place) {
-  errands_.popUp(NewInterfaceMenu(menu, *this, errands_), place);
+void GameInterface::PopUp(InterfaceMenu menu, QPoint place, QAbstractButton* opener) {
+  auto opened = NewInterfaceMenu(menu, *this, errands_);
+  // The keys are the games' again, whoever had them before.
+  connect(opened.get(), &QMenu::aboutToHide, grid_, [this, opener] {
+    grid_->setFocus();
+    if (opener) TellWhereThePointerIs(*opener);
+  });
+  errands_.popUp(std::move(opened), place);
 }
 
 void GameInterface::SetFace(const QIcon& icon, const QString& caption) {

@@ -63,7 +63,7 @@ class GameInterface : public QWidget {
   void AddWindowButtons();
   void ClickToolbar(int button);
   void SetToolbarButton(int button, bool enabled);
-  void PopUp(InterfaceMenu menu, QPoint place);
+  void PopUp(InterfaceMenu menu, QPoint place, QAbstractButton* opener = nullptr);
 
   OtherErrands errands_;
   GameListGrid* grid_;

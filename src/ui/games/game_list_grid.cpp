@@ -5,7 +5,9 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollBar>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
@@ -31,6 +33,7 @@ constexpr int rowsWithScrollBar = 9;  ///< with the heading
 constexpr int rowPadding = 8;
 constexpr int statusPicture = 22;
 constexpr int noticeMargin = 12;
+constexpr int noticeButtonHeight = 28;
 constexpr int dateMargin = 6;
 constexpr const char* longDate = "30/09/2026";  ///< a Wednesday
 
@@ -42,7 +45,8 @@ GameListGrid::GameListGrid(QWidget* parent)
     : QTableView(parent),
       model_(new GameListModel(this)),
       heading_(new GameListHeading(this)),
-      notice_(new QLabel(viewport())) {
+      noticeText_(new QLabel),
+      account_(new QPushButton(u"&Mail account..."_s)) {
   setObjectName(u"GameList"_s);
   setAccessibleName(u"Games"_s);
   setHorizontalHeader(heading_);
@@ -54,18 +58,31 @@ GameListGrid::GameListGrid(QWidget* parent)
   setIconSize({statusPicture, statusPicture});
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
-  notice_->setObjectName(u"Notice"_s);
-  notice_->setTextFormat(Qt::PlainText);
-  notice_->setWordWrap(true);
-  notice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  notice_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  notice_->setMargin(noticeMargin);
+  notice_ = NewNotice();
   connect(heading_, &GameListHeading::SortWanted, this, &GameListGrid::SortWanted);
   connect(this, &QTableView::doubleClicked, this, &GameListGrid::PlayWanted);
 }
 
+QWidget* GameListGrid::NewNotice() {
+  noticeText_->setObjectName(u"Notice"_s);
+  noticeText_->setTextFormat(Qt::PlainText);
+  noticeText_->setWordWrap(true);
+  noticeText_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  account_->setObjectName(u"NoticeAccount"_s);
+  account_->setMinimumHeight(noticeButtonHeight);
+  connect(account_, &QPushButton::clicked, this, &GameListGrid::AccountWanted);
+  auto* notice = new QWidget(viewport());
+  auto* column = new QVBoxLayout(notice);
+  column->setContentsMargins(noticeMargin, noticeMargin, noticeMargin, noticeMargin);
+  column->setSpacing(noticeMargin);
+  column->addWidget(noticeText_);
+  column->addWidget(account_, 0, Qt::AlignLeft);
+  column->addStretch();
+  return notice;
+}
+
 void GameListGrid::Fill(shell::GameList list, std::int16_t sortColumn, bool descending,
-                        const QString& notice) {
+                        const ListNotice& notice) {
   setUpdatesEnabled(false);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);  // of the look
   const bool empty = list.games.empty();
@@ -73,7 +90,8 @@ void GameListGrid::Fill(shell::GameList list, std::int16_t sortColumn, bool desc
       empty ? -1 : sortColumn, descending,
       model_->Picture(descending ? shell::DescendingIcon : shell::AscendingIcon));
   model_->Show(std::move(list.games));
-  notice_->setText(notice);
+  noticeText_->setText(notice.text);
+  account_->setVisible(notice.offersAccount);
   notice_->setVisible(empty);
   FitColumns();
   if (!empty) {

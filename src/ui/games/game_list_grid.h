@@ -11,11 +11,18 @@
 #include "shell/game_list.h"
 
 class QLabel;
+class QPushButton;
 
 namespace ui {
 
 class GameListHeading;
 class GameListModel;
+
+/// What stands in place of the games.
+struct ListNotice {
+  QString text;
+  bool offersAccount = false;  ///< with a button that leads to the mail account
+};
 
 class GameListGrid : public QTableView {
   Q_OBJECT
@@ -25,7 +32,8 @@ class GameListGrid : public QTableView {
 
   /// Shows the list in one update, its selected row on top. `notice` stands below the heading of an
   /// empty one.
-  void Fill(shell::GameList list, std::int16_t sortColumn, bool descending, const QString& notice);
+  void Fill(shell::GameList list, std::int16_t sortColumn, bool descending,
+            const ListNotice& notice);
 
   /// Null where no row is selected. Stands until the next fill.
   const store::GameRecord* SelectedGame() const;
@@ -38,6 +46,7 @@ class GameListGrid : public QTableView {
   void PlayWanted();
   void DeleteWanted();
   void MenuWanted(QPoint globalPlace);
+  void AccountWanted();
 
  protected:
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -48,10 +57,13 @@ class GameListGrid : public QTableView {
 
  private:
   void FitColumns();
+  QWidget* NewNotice();
 
   GameListModel* model_;
   GameListHeading* heading_;
-  QLabel* notice_;
+  QWidget* notice_;  // holds the two
+  QLabel* noticeText_;
+  QPushButton* account_;
 };
 
 }  // namespace ui

@@ -22,6 +22,7 @@ class GameInterfaceTest : public SkinTest {
     platform::Settings().SimpleUI = simple;
     const auto popUp = [this](std::unique_ptr<QMenu> menu, QPoint) {
       menuUp_ = menu->objectName().toStdString();
+      Q_EMIT menu->aboutToHide();
     };
     window_ = new GameInterface({popUp, [] {}, [] {}, [] {}});
     window_->show();
@@ -120,6 +121,7 @@ TEST_F(GameInterfaceTest, ToolbarButtonsFollowTheConnectionAndBegin) {
     EXPECT_EQ(Can("Toolbar1_2"), standAlone);
     EXPECT_EQ(Can("Toolbar1_4"), standAlone);
     EXPECT_TRUE(Can("Toolbar1_3")) << "the computer needs no mail";
+    EXPECT_EQ(Find(*window_, "NoticeAccount").isHidden(), standAlone);
   }
   desktop_.windows.refusing = {"graphics", "ask new game"};
   Process().SetupGame = Process().ComputerGame = true;
@@ -181,6 +183,7 @@ TEST_F(GameInterfaceTest, MenuButtonsPopUpTheirMenusOnThePressInBothLooks) {
       const std::string button = name + std::string(simple ? "Menu_L" : "MenuButton");
       QTest::mousePress(&Find(*window_, button.c_str()), Qt::LeftButton);
       EXPECT_EQ(MenuUp(), std::string("mnuInt") + name + "Menu");
+      EXPECT_EQ(window_->focusWidget(), &Grid()) << "the keys are the games' again";
     }
     delete window_;
   }

@@ -67,16 +67,20 @@ const std::array<HeuristicEntry, heuristicCount> heuristicEntries = {{
     // clang-format on
 }};
 
-std::array<std::int16_t, heuristicCount> Heuristics{};
+HeuristicTable Heuristics{};
 
 std::int16_t GetDefaultHeuristic(int index) {
   assert(index >= 0 && index < heuristicCount);
   return heuristicEntries[static_cast<std::size_t>(index)].factory;
 }
 
-void LoadDefaultHeuristics() {
-  for (int i = 0; i < heuristicCount; ++i) Heuristics[i] = GetDefaultHeuristic(i);
+HeuristicTable DefaultHeuristics() {
+  HeuristicTable table{};
+  for (int i = 0; i < heuristicCount; ++i) table[i] = GetDefaultHeuristic(i);
+  return table;
 }
+
+void LoadDefaultHeuristics() { Heuristics = DefaultHeuristics(); }
 
 std::string HeuristicsText() {
   std::string text;
@@ -88,7 +92,7 @@ std::string HeuristicsText() {
 }
 
 bool SetHeuristicsFromText(std::string_view text) {
-  std::array<std::int16_t, heuristicCount> values{};
+  HeuristicTable values{};
   platform::FieldWalk fields(text, ';');
   for (std::int16_t& value : values) {
     const auto number = platform::ToInteger16(fields.Next());

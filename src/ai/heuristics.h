@@ -19,14 +19,20 @@ struct HeuristicEntry {
   std::int16_t factory;
 };
 
+/// A value for each motivation, by index.
+using HeuristicTable = std::array<std::int16_t, heuristicCount>;
+
 /// All motivations by index. Groups of five are Rook, Knight, Bishop, Queen, Pawn.
 extern const std::array<HeuristicEntry, heuristicCount> heuristicEntries;
 
-/// The current values. Changed by the settings, the options page and the console only.
-extern std::array<std::int16_t, heuristicCount> Heuristics;
+/// The current values. Changed by the settings, the options page and the console only. A search in
+/// progress goes on with those that it began with.
+extern HeuristicTable Heuristics;
 
 /// `index` from 0 to 53.
 std::int16_t GetDefaultHeuristic(int index);
+
+HeuristicTable DefaultHeuristics();
 
 void LoadDefaultHeuristics();
 

@@ -50,6 +50,7 @@ void SetUpFolders() {
   const std::string dataFolder = desktop::DataFolderFor(Process().ProgramFolder);
   desktop::PrepareDataFolder(Process().ProgramFolder, dataFolder);
   Process().DataPath = dataFolder + "Data/";
+  Process().AIFilesPath = dataFolder + "AI Files/";
 }
 
 }  // namespace

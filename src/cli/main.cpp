@@ -111,6 +111,7 @@ int Run(int argc, char** argv) {
   desktop::PrepareDataFolder(folder, dataFolder);
   platform::SetupGlobalVariables(folder, "-nosound");
   platform::Process().DataPath = dataFolder + "Data/";
+  platform::Process().AIFilesPath = dataFolder + "AI Files/";
   platform::Settings().Verbose = true;
   platform::TheSeams().messageBoxes = &messages;
   if (NeedsSettings(verb, parsed)) LookAtSettings();

@@ -34,6 +34,7 @@ void SetupGlobalVariables(std::string programFolder, std::string commandLine) {
   ProcessState state;
   if (!programFolder.ends_with('/')) programFolder += '/';
   state.DataPath = programFolder + "Data/";
+  state.AIFilesPath = programFolder + "AI Files/";
   state.ProgramFolder = std::move(programFolder);
   commandLine = Lowered(commandLine);
   for (const Option& option : options) {

@@ -58,6 +58,7 @@ struct ProcessState {
 
   std::string ProgramFolder;  ///< ends in "/"
   std::string DataPath;       ///< folder of the game file and the sounds; ends in "/"
+  std::string AIFilesPath;    ///< folder of the computer opponent's styles; ends in "/"
   std::string DatabaseFile = "Tvgdb.dat";
 };
 

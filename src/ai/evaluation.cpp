@@ -38,8 +38,6 @@ enum HeuristicIndex {
   PerformCastling = 53
 };
 
-int Motivation(int index) { return Heuristics[static_cast<std::size_t>(index)]; }
-
 /// The place of a kind in a group of five; -1 for an empty square and a king.
 constexpr std::array<int, 7> placeInGroup{-1, 0, 1, 2, 3, -1, 4};
 
@@ -94,10 +92,10 @@ class Goal {
 /// What each piece is worth in a group, by code.
 using Worths = std::array<int, 13>;
 
-Worths WorthsIn(HeuristicGroup group) {
+Worths WorthsIn(HeuristicGroup group, const HeuristicTable& table) {
   Worths worths{};
   for (std::size_t piece = 0; piece < worths.size(); ++piece) {
-    worths[piece] = PieceMotivation(static_cast<PieceCode>(piece), group);
+    worths[piece] = PieceMotivation(static_cast<PieceCode>(piece), group, table);
   }
   return worths;
 }
@@ -136,17 +134,17 @@ Bitboard ReachOf(PieceCode piece, int from) {
 }
 
 /// What the place where the moving piece stands in a pass is worth, under attack by `theirs`.
-int StandSum(Side side, Square square, Bitboard theirs) {
+int StandSum(Side side, Square square, Bitboard theirs, const HeuristicTable& table) {
   const bool defended = rules::AttackersOf(square, side) != 0;
   int sum = 0;
   if (theirs != 0 && !defended) {
-    sum += PieceMotivation(ThePosition().BoardState.At(square), AllowUndefended);
+    sum += PieceMotivation(ThePosition().BoardState.At(square), AllowUndefended, table);
   }
-  if (theirs == 0 || defended) sum += PinBonus(side, square);
+  if (theirs == 0 || defended) sum += PinBonus(side, square, table);
   return sum;
 }
 
-int PinsOnRay(Side side, PieceCode pinner, int from, std::size_t ray) {
+int PinsOnRay(Side side, PieceCode pinner, int from, std::size_t ray, const HeuristicTable& table) {
   const BoardSquares& board = ThePosition().BoardState;
   const PieceCode enemyKing = rules::OfSide(rules::WhiteKing, rules::OtherSide(side));
   PieceCode first = rules::NoPiece;
@@ -156,7 +154,7 @@ int PinsOnRay(Side side, PieceCode pinner, int from, std::size_t ray) {
     met ^= Bitboard{1} << at;
     const PieceCode piece = board[at];
     if (rules::SideOfPiece(piece) == side) return 0;
-    if (piece == enemyKing && first != rules::NoPiece) return PinMotivation(pinner, first);
+    if (piece == enemyKing && first != rules::NoPiece) return PinMotivation(pinner, first, table);
     if (piece != enemyKing && first == rules::NoPiece) first = piece;
   }
   return 0;
@@ -183,8 +181,9 @@ class TestMove {
 /// what those of one piece have in common when the piece changes.
 class Passes {
  public:
-  Passes(Side side, int sideInCheck, rules::LastMove lastMove)
-      : side_(side),
+  Passes(Side side, int sideInCheck, rules::LastMove lastMove, const HeuristicTable& table)
+      : table_(table),
+        side_(side),
         sideInCheck_(sideInCheck),
         lastMove_(lastMove),
         standing_(rules::GameState(enemy_, true, sideInCheck)) {
@@ -216,6 +215,8 @@ class Passes {
   }
 
  private:
+  int Motivation(int index) const { return table_[index]; }
+
   Square FindEnemy(PieceCode kind) const { return rules::FindPiece(rules::OfSide(kind, enemy_)); }
 
   void TurnTo(Square from) {
@@ -223,8 +224,8 @@ class Passes {
     from_ = from;
     piece_ = ThePosition().BoardState.At(from);
     attackers_ = rules::AttackersOf(from, enemy_);
-    stand_ = StandSum(side_, from, attackers_);
-    rights_ = CastlingRightsBonus(side_, piece_, from.x);
+    stand_ = StandSum(side_, from, attackers_, table_);
+    rights_ = CastlingRightsBonus(side_, piece_, from.x, table_);
   }
 
   /// How much the own pieces suffer from the attacker on a square.
@@ -264,7 +265,7 @@ class Passes {
       reaching |= rules::AttackersOf(rules::SquareAt(rules::TakeLowest(others)), enemy_);
     }
     return sum + VulnerableSum(taken, reaching & ~taken) + ProtectSum(to) +
-           StandSum(side_, to, theirs);
+           StandSum(side_, to, theirs, table_);
   }
 
   /// How far the own pieces are attacked now that the enemy's on `taken` are gone. No attackers do
@@ -285,13 +286,14 @@ class Passes {
   int MoveSum(Square from, Square to) const {
     const PieceCode taken = ThePosition().BoardState.At(to);
     int sum = king_.RewardOf(from, to) + queen_.RewardOf(from, to) + centre_.RewardOf(from, to);
-    sum += PieceMotivation(taken, Take);
+    sum += PieceMotivation(taken, Take, table_);
     if (rules::SideOfPiece(taken) == enemy_ && CountAttackers(enemy_, to) == 0) {
-      sum += PieceMotivation(taken, TakeUndefended);
+      sum += PieceMotivation(taken, TakeUndefended, table_);
     }
     return sum + Motivation(MoveAPiece + placeInMoves[rules::KindOf(piece_)]);
   }
 
+  const HeuristicTable& table_;
   const Side side_;
   const Side enemy_ = rules::OtherSide(side_);
   const int sideInCheck_;
@@ -301,8 +303,8 @@ class Passes {
   const Goal queen_{FindEnemy(rules::WhiteQueen), lengthsCut,
                     rules::IsOnBoard(FindEnemy(rules::WhiteQueen)) ? Motivation(CloserToQueen) : 0};
   const Goal centre_{{4, 4}, lengthsRounded, Motivation(CloserToCentre)};
-  const Worths vulnerableWorths_ = WorthsIn(Vulnerable);
-  const Worths protectWorths_ = WorthsIn(Protect);
+  const Worths vulnerableWorths_ = WorthsIn(Vulnerable, table_);
+  const Worths protectWorths_ = WorthsIn(Protect, table_);
   std::array<int, 64> harm_;  // by the square of the attacker; elsewhere without a meaning
   int vulnerable_ = 0;
   // The piece whose moves are being scored.
@@ -320,16 +322,16 @@ std::int16_t Saturate(int score) {
   return static_cast<std::int16_t>(std::clamp<int>(score, Limits::min(), Limits::max()));
 }
 
-int PieceMotivation(PieceCode piece, HeuristicGroup group) {
+int PieceMotivation(PieceCode piece, HeuristicGroup group, const HeuristicTable& table) {
   const int place = placeInGroup[static_cast<std::size_t>(rules::KindOf(piece))];
-  return place < 0 ? 0 : Motivation(group + place);
+  return place < 0 ? 0 : table[group + place];
 }
 
 int CountAttackers(Side side, Square square) {
   return rules::CountSquares(rules::AttackersOf(square, side));
 }
 
-int PinBonus(Side side, Square square) {
+int PinBonus(Side side, Square square, const HeuristicTable& table) {
   const BoardSquares& board = ThePosition().BoardState;
   const PieceCode pinner = board.At(square);
   const int from = rules::IndexOf(square);
@@ -338,47 +340,48 @@ int PinBonus(Side side, Square square) {
   if (aimedAt == 0) return 0;
   int bonus = 0;
   for (std::size_t ray = 0; ray < rules::rayReach.size(); ++ray) {
-    if ((rules::rayReach[ray][from] & aimedAt) != 0) bonus += PinsOnRay(side, pinner, from, ray);
+    if ((rules::rayReach[ray][from] & aimedAt) != 0)
+      bonus += PinsOnRay(side, pinner, from, ray, table);
   }
   return bonus;
 }
 
-int PinMotivation(PieceCode pinner, PieceCode pinned) {
+int PinMotivation(PieceCode pinner, PieceCode pinned, const HeuristicTable& table) {
   switch (rules::KindOf(pinner)) {
     case rules::WhiteRook:
-      return PieceMotivation(pinned, PinByRook);
+      return PieceMotivation(pinned, PinByRook, table);
     case rules::WhiteBishop:
-      return PieceMotivation(pinned, PinByBishop);
+      return PieceMotivation(pinned, PinByBishop, table);
     case rules::WhiteQueen:
-      return PieceMotivation(pinned, PinByQueen);
+      return PieceMotivation(pinned, PinByQueen, table);
     default:
       return 0;
   }
 }
 
-int CastlingRightsBonus(Side side, PieceCode piece, int fromX) {
+int CastlingRightsBonus(Side side, PieceCode piece, int fromX, const HeuristicTable& table) {
   rules::Position& position = ThePosition();
   const bool kingMoved = position.HasMoved(side, rules::KingItself);
   const PieceCode kind = rules::KindOf(piece);
-  if (kind == rules::WhiteKing) return kingMoved ? 0 : Motivation(MoveUncastledKing);
+  if (kind == rules::WhiteKing) return kingMoved ? 0 : table[MoveUncastledKing];
   if (kind != rules::WhiteRook || (fromX != 1 && fromX != 8)) return 0;
   const auto own = fromX == 1 ? rules::Column1Rook : rules::Column8Rook;
   const auto other = fromX == 1 ? rules::Column8Rook : rules::Column1Rook;
   if (kingMoved || position.HasMoved(side, own)) return 0;
-  return Motivation(position.HasMoved(side, other) ? MoveLastCastlingRook : MoveCastlingRook);
+  return table[position.HasMoved(side, other) ? MoveLastCastlingRook : MoveCastlingRook];
 }
 
 std::int16_t EvaluateMove(Square from, Square to, int sideInCheck, bool doMove,
-                          rules::LastMove lastMove) {
+                          rules::LastMove lastMove, const HeuristicTable& table) {
   const Side side = rules::SideOf(from);
   assert(side != rules::NoSide);
-  Passes passes(side, sideInCheck, lastMove);
+  Passes passes(side, sideInCheck, lastMove, table);
   return Saturate(doMove ? passes.Played(from, to) : passes.Before(from, to));
 }
 
 void ScoreCandidates(CandidateList& list, Side side, int sideInCheck, rules::LastMove lastMove,
-                     const std::atomic<bool>* cancelled) {
-  Passes passes(side, sideInCheck, lastMove);
+                     const HeuristicTable& table, const std::atomic<bool>* cancelled) {
+  Passes passes(side, sideInCheck, lastMove, table);
   for (CandidateMove& move : list) {
     if (cancelled && cancelled->load(std::memory_order_relaxed)) return;
     move.Score = Saturate(Saturate(passes.Played(move.from, move.to)) -

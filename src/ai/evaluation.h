@@ -4,6 +4,9 @@
 // the difference of the two is the move's static score. Nothing is known here of material or of a
 // position's worth by itself.
 //
+// The values come from a table that is handed in, the program's own where there is none: a search
+// goes on with the one that it began with, whatever becomes of the program's.
+//
 // A score is computed as a whole number and saturates at the ends of 16 bits.
 #pragma once
 
@@ -29,28 +32,32 @@ enum HeuristicGroup {
 };
 
 /// The entry for the kind of `piece`, of either colour; 0 for an empty square and for a king.
-int PieceMotivation(rules::PieceCode piece, HeuristicGroup group);
+int PieceMotivation(rules::PieceCode piece, HeuristicGroup group,
+                    const HeuristicTable& table = Heuristics);
 
 /// The pieces of `side` that attack or defend the square, whatever stands there.
 int CountAttackers(rules::Side side, rules::Square square);
 
 /// What the piece of `side` on the square earns for pinning enemy pieces to their king.
-int PinBonus(rules::Side side, rules::Square square);
+int PinBonus(rules::Side side, rules::Square square, const HeuristicTable& table = Heuristics);
 
-int PinMotivation(rules::PieceCode pinner, rules::PieceCode pinned);
+int PinMotivation(rules::PieceCode pinner, rules::PieceCode pinned,
+                  const HeuristicTable& table = Heuristics);
 
 /// The three motivations to keep castling open, for a move of this piece.
-int CastlingRightsBonus(rules::Side side, rules::PieceCode piece, int fromX);
+int CastlingRightsBonus(rules::Side side, rules::PieceCode piece, int fromX,
+                        const HeuristicTable& table = Heuristics);
 
 /// The score of one pass. Leaves the position as it was.
 std::int16_t EvaluateMove(rules::Square from, rules::Square to, int sideInCheck, bool doMove,
-                          rules::LastMove lastMove);
+                          rules::LastMove lastMove, const HeuristicTable& table = Heuristics);
 
 /// Scores the moves of one position: EvaluateMove of each with the move played, less EvaluateMove
 /// before it. What the moves have in common is worked out once. Leaves off when `cancelled`, where
 /// given, becomes true.
 void ScoreCandidates(CandidateList& list, rules::Side side, int sideInCheck,
-                     rules::LastMove lastMove, const std::atomic<bool>* cancelled = nullptr);
+                     rules::LastMove lastMove, const HeuristicTable& table = Heuristics,
+                     const std::atomic<bool>* cancelled = nullptr);
 
 /// A score in 16 bits; what lies beyond them becomes the nearest that doesn't.
 std::int16_t Saturate(int score);

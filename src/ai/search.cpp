@@ -111,7 +111,8 @@ class TreeWalk {
     CandidateList list;
     list.reserve(usualMoves);
     GenerateAllMoves(node.side, list, node.lastMove, node.sideInCheck);
-    ScoreCandidates(list, node.side, node.sideInCheck, node.lastMove, &watch_.SearchCancelled);
+    ScoreCandidates(list, node.side, node.sideInCheck, node.lastMove, order_.heuristics,
+                    &watch_.SearchCancelled);
     if (node.ply == order_.maxDepth) {
       const auto count = static_cast<std::int64_t>(list.size());
       watch_.MovesConsidered.fetch_add(count, std::memory_order_relaxed);

@@ -11,6 +11,7 @@
 #include <cstdint>
 
 #include "ai/candidates.h"
+#include "ai/heuristics.h"
 #include "rules/position.h"
 
 namespace ai {
@@ -28,6 +29,7 @@ struct SearchOrder {
   int sideInCheck = rules::NobodyInCheck;
   std::uint64_t seed = 0;
   int threads = 1;
+  HeuristicTable heuristics = Heuristics;  ///< as they are when the order is given
 };
 
 /// What a search in progress tells, and hears, from another thread. New for each search, or reset.

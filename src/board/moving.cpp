@@ -154,7 +154,8 @@ void UndoLastMove(Game& game) {
   RemoveLastMove(game);
   CopyBoard(game);
   rules::RestoreGameState(game.Undo, game.Surrendered, true);
-  if (game.Moves.Row(game.Moves.Selected()).MoveText != "Draw offer") game.DrawOffered = false;
+  // Browsing may have passed the row that set this, or one that cleared it.
+  game.DrawOffered = game.Moves.Last().MoveText == "Draw offer";
   game.GameDrawn = false;
   SetButtonEnable(game);
   DisplayBoardState(game, false);

@@ -109,6 +109,9 @@ TEST_F(GameEndTest, EachEndIsSeenFromBothSides) {
     const rules::Untouched before;
     const BoardControls offered = Controls(*game);
     Act(row);
+    for (const int selected : {game->Moves.Count() - 1, game->Moves.Count()}) {
+      if (game->Moves.Count() > 1) MoveList_RowColChange(*game, selected);
+    }
     ToolbarClick(*game, UndoButton);
     EXPECT_EQ(rules::Untouched(), before);
     EXPECT_FALSE(GameIsOver(*game));

@@ -70,7 +70,8 @@ void FindCheckAfterReplay(Game& game) {
     position.SideInCheck = rules::Black;
     return;
   }
-  if (game.Moves.AtEnd() &&
+  // A stalemate of the opponent's stands in the text of the user's move, which ended the game.
+  if (game.Moves.AtEnd() && !LastMoveIsMine(game) &&
       rules::NoLegalMoves(position.SideToMove, game.Moves.MoveOf(game.Moves.Count()),
                           position.SideInCheck)) {
     game.GameDrawn = true;
@@ -84,8 +85,7 @@ void FindTurnAfterReplay(Game& game) {
   // Mate is read from the text of the list and never worked out again.
   position.CheckmateFlag = game.Moves.Row(game.Moves.Selected()).MoveText.ends_with("++");
   if (position.CheckmateFlag || game.Surrendered || game.GameDrawn) return;
-  const bool usersTurn = (game.Moves.Count() % 2 == 0) == game.PlaysWhite;
-  if (!game.Moves.AtEnd() || !usersTurn) return;
+  if (!game.Moves.AtEnd() || LastMoveIsMine(game)) return;
   position.MoveAllowed =
       OpponentIsReachable(game) || (platform::Process().ComputerGame && game.PlaysWhite);
 }

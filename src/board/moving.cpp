@@ -60,17 +60,19 @@ void PlayMove(Game& game, Square to, Square from, bool capture) {
     return;
   }
   if (rules::IsPromotion(piece, to.y)) {
+    DisplayBoardState(game, false);
     piece = game.view.ExchangePawn(side);
     position.BoardState.Put(to, piece);
   }
   rules::LogCastleState(piece, from.x);
   rules::CarryCastlingRook(side, castling);
+  // Ahead of the messages, which a piece that is still on its old square would make a refusal of.
+  DisplayBoardState(game, false);
   ClassifyMove(game, {from, to});
   if (!game.GameDrawn) DeterminIfDrawForced(game);
   UpdateMoveList(game, {piece, from, to, capture, castling != rules::Castling::None},
                  game.PlayerComment);
   DisplayPlayerComment(game);
-  DisplayBoardState(game, false);
   game.MateMessageShown = false;
 }
 

@@ -207,6 +207,10 @@ struct BoardTest : ::testing::Test {
 
   void ExpectWindowIsUpToDate() {
     EXPECT_EQ(view->offers, Offers(*game));
+    ExpectPictureIsUpToDate();
+  }
+
+  void ExpectPictureIsUpToDate() {
     for (int i = 0; i < 64; ++i) {
       const Square square = rules::SquareAt(i);
       EXPECT_EQ(view->cells[i], SquareCell(*game, square)) << rules::NameOf(square);

@@ -123,7 +123,9 @@ TEST_F(GameEndTest, EachEndIsSeenFromBothSides) {
     ExpectWindowIsUpToDate();
 
     Told();
+    desktop.boxes.whileUp = [this] { ExpectPictureIsUpToDate(); };
     Act(row);
+    desktop.boxes.whileUp = {};
     Tick();
     EXPECT_EQ(Told(), row.noticed) << "once";
     EXPECT_EQ(game->Moves.Last().MoveCoordinates + " " + game->Moves.Last().MoveText, row.entry);

@@ -96,6 +96,7 @@ void BoardPicture::PaintSquare(Square square, int cell) {
   cells_[IndexIn64(square)] = cell;
   UpdateSquare(square);
   if (square == cursor_) DescribeCursor();
+  Q_EMIT Painted(square);
 }
 
 int BoardPicture::CellOn(Square square) const { return cells_[IndexIn64(square)]; }

@@ -59,6 +59,9 @@ class BoardPicture : public QWidget {
 
   QSize sizeHint() const override;
 
+ Q_SIGNALS:
+  void Painted(rules::Square square);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;

@@ -136,18 +136,22 @@ void PieceHand::LetGo() {
   PutAway();
 }
 
-/// Drops the held piece. Until the logic has taken the move, the piece is on its way back.
+/// Drops the held piece. Until the logic has taken the move, the piece is on its way back; from
+/// then on, whatever messages follow, to its new square.
 void PieceHand::Drop(std::optional<Square> target) {
   const Square source = *std::exchange(held_, std::nullopt);
   picture_.ShowSelection(std::nullopt);
   if (!floating_.isVisible()) Float(source, {});
   floating_.SettleAt(CornerOf(source));
   const int cellBefore = target ? picture_.CellOn(*target) : 0;
-  const int entriesBefore = board_.Moves.Count();
+  const auto turning = connect(&picture_, &BoardPicture::Painted, this, [&](Square painted) {
+    const bool taken = rules::SideOf(source) == rules::NoSide;
+    if (painted != target || !taken || !floating_.IsSettling()) return;
+    picture_.Cover(*target, cellBefore);
+    floating_.SettleAt(CornerOf(*target));
+  });
   board::CBoard_DragDrop(board_, target.value_or(Square{}), source);
-  if (board_.Moves.Count() == entriesBefore || !floating_.IsSettling()) return;
-  picture_.Cover(*target, cellBefore);
-  floating_.SettleAt(CornerOf(*target));
+  disconnect(turning);
 }
 
 QPoint PieceHand::CornerOf(Square square) const {

@@ -92,7 +92,10 @@ bool CBoard_MouseDown(Game& game, Square square) {
     return true;
   }
   if (cleaning) return false;
-  if (!mayMove) {
+  if (game.ComputerThinking) {
+    // The computer's move would wait behind a box.
+    platform::PlayNumberedSound(platform::FailureSound);
+  } else if (!mayMove) {
     platform::VerboseMessage("You are not allowed to make a move right now.",
                              "Tarvolenix information", platform::FailureSound);
   } else if (owner != rules::NoSide) {

@@ -58,7 +58,7 @@ TEST_F(ComputerTest, AnswersEachMoveAndBothAreStored) {
     };
     Told();
     ToolbarClick(*game, SendButton);
-    EXPECT_EQ(Told(), "Tarvolenix information: You are not allowed to make a move right now.");
+    EXPECT_EQ(Told(), "") << "the answer would wait behind a message";
     ASSERT_EQ(game->Moves.Count() % 2, 0);
     EXPECT_EQ(view->offers, "move surrender comment Cancel");
     EXPECT_TRUE(game->OpponentComment.starts_with("Moves considered : "));

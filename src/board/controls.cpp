@@ -47,7 +47,7 @@ BoardControls Controls(const Game& game) {
       lastText.ends_with("++") || lastText == "Surrender" || lastText == "0-1" || lastText == "1-0";
 
   BoardControls controls;
-  controls.undo = controls.send = !cut && atEnd && mine && !game.AwaitingOpponent;
+  controls.undo = controls.send = !cut && atEnd && EntryIsPending(game);
   controls.resend = atEnd && mine && game.AwaitingOpponent && !unreachable;
   controls.answerDraw =
       !cut && atEnd && !mine && !game.AwaitingOpponent && game.DrawOffered && game.DrawButtonsUp;
@@ -59,7 +59,9 @@ BoardControls Controls(const Game& game) {
   controls.firstAndLast = count >= 2;
   controls.playSetup = game.SetupPlayable;
   controls.viewIsMine = game.ViewSide == ThePosition().SideToMove;
-  controls.closeReadsClose = (lastEnded && !mine) || (game.AwaitingOpponent && mine) || cut;
+  // An older row may be selected, which doesn't know how the game ended.
+  controls.closeReadsClose = (lastEnded && !mine) || (game.AwaitingOpponent && mine) || cut ||
+                             (GameIsOver(game) && !EntryIsPending(game));
   return controls;
 }
 

@@ -82,4 +82,9 @@ inline bool LastMoveIsMine(const Game& game) {
   return (game.Moves.Count() % 2 == 1) == game.PlaysWhite;
 }
 
+/// Whether the last entry is the user's and was not sent yet.
+inline bool EntryIsPending(const Game& game) {
+  return LastMoveIsMine(game) && !game.AwaitingOpponent;
+}
+
 }  // namespace board

@@ -19,7 +19,9 @@ const Case turnCases[] = {
     {"she surrendered", "|e2e4, e8e8 1-0", "Close; OPPONENT SURRENDER! - You won."},
     {"a refusal undoes even a draw", "|e2e4 e4 1/2-1/2, e8e8 Decline",
      "move surrender comment Cancel; Awaiting your move"},
-    {"a user who opens on his stalemate", "Kf6 Qa2 kh8|a2f7|guest", "Cancel; DRAW!"},
+    {"a user who opens on his stalemate", "Kf6 Qa2 kh8|a2f7|guest", "Close; DRAW!"},
+    {"whose pieces are stuck while she is to move", "Kh1 Pa3 kb8 rg8 rb2 pa5 pe7|a3a4",
+     "resend Close; Awaiting Eva's move"},
     {"a draw outranks other ends", "|e2e4 e4 1/2-1/2, e8e8 1-0|guest", "resend Close; DRAW!"},
 };
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "board/controls.h"
+#include "board/dialog_lock.h"
 #include "board/ends.h"
 #include "board/history.h"
 #include "board/load_board.h"
@@ -14,6 +15,7 @@
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
+#include "rules/board_text.h"
 #include "store/database_lock.h"
 #include "store/queries.h"
 #include "store/repair.h"
@@ -36,6 +38,20 @@ bool StoreStatus(const Game& game) {
   } catch (const std::exception&) {
     return false;
   }
+}
+
+bool SetupIsUnsaved(const Game& game) {
+  return Process().CurrentGameID == -1 &&
+         rules::normalStart != (Process().BoardSetupMode
+                                    ? rules::WriteBoardText(ThePosition().BoardState)
+                                    : game.StartBoard);
+}
+
+/// What would be lost, as a sentence begins; blank for nothing.
+std::string LostByClosing(const Game& game) {
+  if (EntryIsPending(game)) return "Your move has not been sent yet";
+  if (SetupIsUnsaved(game)) return "The position that you have set up has not been saved yet";
+  return game.PlayerComment.empty() ? "" : "Your comment has not been sent yet";
 }
 
 }  // namespace
@@ -174,6 +190,17 @@ void SetGameStatus(Game& game) {
                         "game correctly||It will still be listed as not played on the main game "
                         "display."),
       "OK");
+}
+
+bool MayClose(Game& game) {
+  if (Process().ShuttingDown || Process().Stopping || game.UnloadPending) return true;
+  const std::string lost = LostByClosing(game);
+  if (lost.empty()) return true;
+  const DialogLock lock(game.LockedForDialog);
+  // Neither Enter nor Escape closes, either of which may be meant for the board.
+  return !platform::AskWithExtra(platform::InformationIcon, "Close the board?",
+                                 lost + " and will be lost if you close the board now.", "Go back",
+                                 "Close", platform::AttentionSound);
 }
 
 void Form_Unload(Game& game) {

@@ -23,6 +23,10 @@ void SetCaptions(Game& game);
 /// Stores how the game ended where the opponent's entry brought the end.
 void SetGameStatus(Game& game);
 
+/// False where closing now would take something from the user that he hasn't sent, and he thinks
+/// better of it. The end of the program asks nothing.
+bool MayClose(Game& game);
+
 void Form_Unload(Game& game);
 
 }  // namespace board

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The pending move's way into the store and to the opponent, and what closing the window leaves.
+#include <functional>
+
 #include "board/board_fixture.h"
 #include "platform/seams.h"
 
@@ -106,6 +108,41 @@ TEST_F(BoardTest, AMoveThatCantBeSentIsStoredAllTheSame) {
     EXPECT_EQ(Told().empty(), offline) << "cut off meanwhile, nothing is tried";
     EXPECT_EQ(StoredStatus(), store::WaitingForOpponent);
     EXPECT_EQ(view->closed, 1);
+  }
+}
+
+TEST_F(BoardTest, ClosingAsksOnceWhereSomethingWouldBeLost) {
+  const struct {
+    const char* name;
+    std::function<void()> act;
+    bool asks;
+  } rows[] = {
+      {"nothing", [this] { OpenGame("|e2e4, e7e5"); }, false},
+      {"an answered game", [this] { OpenGame("|e2e4 e4#Hi"); }, false},
+      {"a pending move", [this] { OpenGame("|e2e4, e7e5"), Play("g1f3"); }, true},
+      {"a comment", [this] { OpenGame("|e2e4, e7e5"), game->PlayerComment = "Hi"; }, true},
+      {"what was set up",
+       [this] {
+         Process().SetupGame = true;
+         Open(-1);
+         ApplySetupDrop(*game, {}, Square{4, 1});
+       },
+       true},
+      {"the same in play", [this] { OpenSetup("Ke1 Pe2 ke8"); }, true},
+      {"the usual start", [this] { OpenSetup("start"); }, false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    row.act();
+    for (const bool goesBack : {true, false}) {
+      if (row.asks) desktop.boxes.answers = {goesBack};
+      EXPECT_EQ(MayClose(*game), !row.asks || !goesBack);
+      EXPECT_EQ(desktop.boxes.messages.size(), row.asks ? 1u : 0u);
+      desktop.boxes.messages.clear();
+    }
+    Process().Stopping = true;
+    EXPECT_TRUE(MayClose(*game));
+    Process().Stopping = false;
   }
 }
 

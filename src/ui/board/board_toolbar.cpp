@@ -2,6 +2,7 @@
 #include "ui/board/board_toolbar.h"
 
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QPushButton>
 
 #include <iterator>
@@ -54,13 +55,15 @@ struct ButtonState {  // NOLINT(clang-analyzer-optin.performance.Padding)
 
 }  // namespace
 
-BoardToolbar::BoardToolbar(QWidget& window, const std::function<void(int button)>& click)
+BoardToolbar::BoardToolbar(QWidget& window, const Click& click)
     : QObject(&window), window_(window) {
   for (const ToolbarEntry& entry : entries) {
     QAbstractButton* button = NewToolbarButton(window, entry.button);
     buttons_[Slot(entry.button)] = button;
+    connect(button, &QAbstractButton::pressed, this,
+            [this] { pressedByMouse_ = QGuiApplication::mouseButtons() != Qt::NoButton; });
     connect(button, &QAbstractButton::clicked, this,
-            [click, number = entry.button] { click(number); });
+            [this, click, number = entry.button] { click(number, pressedByMouse_); });
   }
   TakeMode(false);
 }

@@ -20,9 +20,11 @@ class BoardToolbar : public QObject {
   Q_OBJECT
 
  public:
+  using Click = std::function<void(int button, bool byMouse)>;
+
   /// Makes the buttons of the chosen look; they call `click` with their numbers. Belongs to the
   /// window, as they do.
-  BoardToolbar(QWidget& window, const std::function<void(int button)>& click);
+  BoardToolbar(QWidget& window, const Click& click);
 
   /// In the plain look: where the buttons stand from now on. The layout must live as long.
   void LayOut(QGridLayout& layout);
@@ -41,7 +43,8 @@ class BoardToolbar : public QObject {
 
   QWidget& window_;
   QGridLayout* layout_ = nullptr;
-  bool setup_ = false;  // what the buttons stand for now
+  bool pressedByMouse_ = false;  // the button that is clicked now
+  bool setup_ = false;           // what the buttons stand for now
   std::array<QAbstractButton*, board::CloseButton + 1> buttons_{};  // by number; some are null
 };
 

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -100,7 +101,8 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics)
   playerCommentLabel_->setObjectName(u"PlayerComment_L"_s);
   playerCommentLabel_->setBuddy(playerComment_);
   AddDrawButtons();
-  toolbar_ = new BoardToolbar(*this, [this](int button) { ClickToolbar(button); });
+  toolbar_ =
+      new BoardToolbar(*this, [this](int button, bool byMouse) { ClickToolbar(button, byMouse); });
   if (!IsSimpleUI()) AddSkinnedControls();
   hand_ = new PieceHand(board_, *picture_, *floating_, this);
   setupHand_ = new SetupHand(board_, *picture_, *palette_, *trash_, *floating_, this);
@@ -307,6 +309,7 @@ void BoardWindow::PaintSquare(rules::Square square, int cell) {
 }
 
 void BoardWindow::Refresh() {
+  const QWidget* focused = focusWidget();
   if (!rules::ThePosition().MoveAllowed || board_.DrawOffered) hand_->LetGo();
   setupHand_->LetGo();
   toolbar_->Show(board_);
@@ -330,6 +333,9 @@ void BoardWindow::Refresh() {
   if (drawAnswers_) drawAnswers_->setVisible(controls.answerDraw);
   if (logo_) logo_->setVisible(!board_.DrawButtonsUp);
   if (drawLogo_) drawLogo_->setVisible(board_.DrawButtonsUp);
+  // The next one in the row, which the toolkit gives the focus of a control that goes, may close
+  // the window.
+  if (focused && focused != focusWidget()) picture_->setFocus();
 }
 
 rules::PieceCode BoardWindow::ExchangePawn(rules::Side side) {
@@ -349,11 +355,13 @@ void BoardWindow::Close() {
   close();
 }
 
-void BoardWindow::ClickToolbar(int button) {
+void BoardWindow::ClickToolbar(int button, bool byMouse) {
   const bool sends = !platform::Process().BoardSetupMode &&
                      (button == board::SendButton || button == board::ResendButton);
   if (!sends) {
     if (button == board::SurrenderButton && LeaveComment()) return;
+    // A press of the mouse on the button is no accident.
+    if (button == board::CloseButton && !byMouse && !board::MayClose(board_)) return;
     board::ToolbarClick(board_, button);
     return;
   }
@@ -455,6 +463,13 @@ void BoardWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   if (board_.ClosingDown) return;
+  // The user's own close, by a key or the frame's button.
+  if (event->spontaneous()) {
+    const QPointer<BoardWindow> self(this);
+    const bool mayClose = board::MayClose(board_);
+    if (!self || board_.ClosingDown) return;
+    if (!mayClose) return event->ignore();
+  }
   checkTimer_.stop();
   board::Form_Unload(board_);
 }

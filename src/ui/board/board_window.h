@@ -67,7 +67,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void Connect();
   void SetToolTips();
   void ShowGameBits(bool show);
-  void ClickToolbar(int button);
+  void ClickToolbar(int button, bool byMouse = false);
   void TakeTurns(int button);
   bool LeaveComment();
   void ShowActionsMenu(QPoint place);

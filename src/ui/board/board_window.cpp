@@ -56,6 +56,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int firstInterval = 250;
+constexpr int lateEscapeMilliseconds = 1500;
 constexpr int longestBoldComment = 100;
 constexpr int mostCommentLines = 10;
 constexpr int mostTagLines = 4;
@@ -380,7 +381,7 @@ void BoardWindow::TakeTurns(int button) {
   takingTurns_ = true;
   board::ToolbarClick(board_, button);
   takingTurns_ = false;
-  picture_->setFocus();  // which the button that stops the computer may have had
+  lateEscape_.setRemainingTime(lateEscapeMilliseconds);
   if (!closesAfterTurns_) return;
   close();
   // The list that comes back for the board is too late for the end of the program.
@@ -440,8 +441,8 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (event->key() == Qt::Key_Escape) {
-    // One that is still down has stopped the computer.
-    if (!event->isAutoRepeat()) showMinimized();
+    // One that is still down has stopped the computer; another came too late for that.
+    if (!event->isAutoRepeat() && lateEscape_.hasExpired()) showMinimized();
   } else if (event->key() == Qt::Key_F1) {
     platform::TheSeams().help->ShowHelp(platform::HelpOfBoard);
   } else {

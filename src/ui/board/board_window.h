@@ -4,6 +4,7 @@
 // it closes; it deletes itself then.
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QTimer>
 #include <QWidget>
 
@@ -98,6 +99,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   bool open_ = false;
   bool takingTurns_ = false;  // the user's move and the computer's are under way
   bool closesAfterTurns_ = false;
+  QDeadlineTimer lateEscape_;  // until then one is meant for the computer's turn that is over
 };
 
 }  // namespace ui

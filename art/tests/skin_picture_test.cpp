@@ -142,9 +142,9 @@ TEST_P(Skin, ButtonsAreLightUnderTheirCaptions) {
     layouts::Rect caption;
   } strips[] = {
       {"SystemButtons.bmp", layouts::systemButtons, {8, 6, 80, 16}},
-      {"BoardButtons.bmp", layouts::toolbarButtons, layouts::toolCaption},
-      {"BoardSetupButtons.bmp", layouts::toolbarButtons, layouts::toolCaption},
-      {"InterfaceButtons.bmp", layouts::interfaceButtons, layouts::toolCaption},
+      {"BoardButtons.bmp", layouts::toolbarButtons, layouts::toolbarButtons.caption},
+      {"BoardSetupButtons.bmp", layouts::toolbarButtons, layouts::toolbarButtons.caption},
+      {"InterfaceButtons.bmp", layouts::interfaceButtons, layouts::interfaceButtons.caption},
   };
   for (const auto& [file, strip, caption] : strips) {
     const QImage picture = Load(file);

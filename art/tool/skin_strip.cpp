@@ -138,7 +138,7 @@ QImage PaintToolStrip(const SkinParameters& skin, const Strip& strip, const QStr
   QImage picture(width * strip.columns, height * strip.rows, QImage::Format_RGB32);
   QPainter painter(&picture);
   const State* states = strip.columns == 3 ? kToolStatesWithoutHover : kToolStates;
-  const ui::layouts::Rect& icon = ui::layouts::toolIcon;
+  const ui::layouts::Rect& icon = strip.icon;
   const QPoint place(icon.x * kSkinScale, icon.y * kSkinScale);
   const QSize size(icon.width * kSkinScale, icon.height * kSkinScale);
   for (int row = 0; row < strip.rows; ++row) {

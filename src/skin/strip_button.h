@@ -21,6 +21,7 @@ class StripButton : public SkinButton {
   void PaintButton(QPainter& painter, const QRect& button) override;
 
  private:
+  static void PaintCaption(QPainter& painter, const QRect& place, const QStringList& lines);
   int ColumnOf(State state) const;
 
   layouts::Strip shape_;

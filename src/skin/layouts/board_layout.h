@@ -20,14 +20,14 @@ inline constexpr Control boardControls[] = {
     {"CBoard", Surface::Board, boardSquares.Grown(boardBand)},
 
     // Left column, as high as the frame of the board.
-    {"Menu1Button", Surface::Button, {24, 21, 72, 28}},
-    {"Toolbar1_1", Surface::Tool, {24, 57, 72, 48}},
-    {"Toolbar1_2", Surface::Tool, {24, 115, 72, 48}},
-    {"Toolbar1_3", Surface::Tool, {24, 173, 72, 48}},
-    {"Toolbar1_4", Surface::Tool, {24, 231, 72, 48}},
-    {"Toolbar1_5", Surface::Tool, {24, 289, 72, 48}},
-    {"Toolbar1_6", Surface::Tool, {24, 347, 72, 48}},
-    {"Toolbar1_7", Surface::Tool, {24, 405, 72, 48}},
+    {"Menu1Button", Surface::Button, {22, 21, 76, 28}},
+    {"Toolbar1_1", Surface::Tool, {22, 58, 76, 52}},
+    {"Toolbar1_2", Surface::Tool, {22, 115, 76, 52}},
+    {"Toolbar1_3", Surface::Tool, {22, 172, 76, 52}},
+    {"Toolbar1_4", Surface::Tool, {22, 229, 76, 52}},
+    {"Toolbar1_5", Surface::Tool, {22, 286, 76, 52}},
+    {"Toolbar1_6", Surface::Tool, {22, 343, 76, 52}},
+    {"Toolbar1_7", Surface::Tool, {22, 400, 76, 52}},
 
     // Right column, as high as well.
     {"TVLogo", Surface::Picture, {549, 21, 40, 40}},

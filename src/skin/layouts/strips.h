@@ -11,6 +11,8 @@ struct Strip {
   Size cell;  ///< logical pixels
   int columns;
   int rows;
+  Rect icon = {};     ///< in a cell of an action bar
+  Rect caption = {};  ///< the same
 };
 
 /// The program cuts the corners of every button round, so strips need no transparency.
@@ -26,12 +28,10 @@ inline constexpr int systemButtonCorner = 10;
 
 /// "BoardButtons.bmp" and "BoardSetupButtons.bmp": a row for each button of the action bar, from
 /// the first to the seventh, a column for each state. A cell is the whole button but its caption,
-/// which the program writes, in black or 0x808080 as above, into `toolCaption` of the cell: a light
-/// face again, with the icon above the caption.
-inline constexpr Strip toolbarButtons{{72, 48}, 4, 7};
+/// which the program writes, in black or 0x808080 as above, into `caption` of the cell, in one line
+/// or two: a light face again, with the icon above the caption.
+inline constexpr Strip toolbarButtons{{76, 52}, 4, 7, {26, 2, 24, 24}, {3, 27, 70, 24}};
 enum ToolbarColumn { ToolUp, ToolHover, ToolDown, ToolDisabled };
-inline constexpr Rect toolIcon{24, 5, 24, 24};
-inline constexpr Rect toolCaption{2, 29, 68, 16};
 
 /// The rows of "BoardButtons.bmp" by what the buttons do; those of "BoardSetupButtons.bmp" are
 /// View, Coords, an unused one, Reset, Clear, Play, Close.
@@ -45,9 +45,10 @@ enum BoardButtonRow {
   CloseRow,  ///< Close and Cancel
 };
 
-/// "InterfaceButtons.bmp": the same cells for the game list's four buttons, without a state of its
-/// own for hover. The rows don't follow the buttons: the third button is the last row.
-inline constexpr Strip interfaceButtons{toolbarButtons.cell, 3, 4};
+/// "InterfaceButtons.bmp": such cells for the game list's four buttons, with captions of one line
+/// and without a state of its own for hover. The rows don't follow the buttons: the third button is
+/// the last row.
+inline constexpr Strip interfaceButtons{{72, 48}, 3, 4, {24, 5, 24, 24}, {2, 29, 68, 16}};
 enum InterfaceColumn { InterfaceUp, InterfaceDown, InterfaceDisabled };
 enum InterfaceButtonRow { PlayGameRow, NewGameRow, NewSetupRow, NewComputerRow };
 

@@ -101,15 +101,22 @@ void BoardToolbar::TakeMode(bool setup) {
 
 namespace {
 
+const char* ViewCaption(bool mine) { return mine ? "View from\nopponent" : "View\nfrom me"; }
+
+const char* CoordinatesCaption(bool visible) {
+  return visible ? "Hide\ncoordinates" : "Show\ncoordinates";
+}
+
 std::array<ButtonState, board::CloseButton> StatesInPlay(const board::Game& board) {
   const board::BoardControls controls = board::Controls(board);
   const bool coordinates = board.CoordsVisible, mine = controls.viewIsMine;
   const char* close = controls.closeReadsClose ? "Close" : "Cancel";
   return {{
-      {board::ViewButton, mine ? "&View opponent" : "&View", "View",
+      {board::ViewButton, mine ? "&View opponent" : "&View", ViewCaption(mine),
        mine ? "View from opponent" : "View from me", controls.viewAndCoordinates},
-      {board::CoordinatesButton, coordinates ? "C&oords off" : "C&oords on", "Coords",
-       coordinates ? "Hide coordinates" : "Show coordinates", controls.viewAndCoordinates},
+      {board::CoordinatesButton, coordinates ? "C&oords off" : "C&oords on",
+       CoordinatesCaption(coordinates), coordinates ? "Hide coordinates" : "Show coordinates",
+       controls.viewAndCoordinates},
       {board::UndoButton, "&Undo", "Undo", "Undo current move", controls.undo},
       {board::SendButton, "&Send", "Send", "Send new move", controls.send},
       {board::ResendButton, "&Resend", "Resend", "Re-send last move", controls.resend},
@@ -121,9 +128,9 @@ std::array<ButtonState, board::CloseButton> StatesInPlay(const board::Game& boar
 std::array<ButtonState, board::CloseButton> StatesInSetup(const board::Game& board) {
   const board::BoardControls controls = board::Controls(board);
   return {{
-      {board::ViewButton, "&View", "View",
+      {board::ViewButton, "&View", ViewCaption(controls.viewIsMine),
        controls.viewIsMine ? "View from opponent" : "View from me", true},
-      {board::CoordinatesButton, "C&oordinates", "Coords",
+      {board::CoordinatesButton, "C&oordinates", CoordinatesCaption(board.CoordsVisible),
        board.CoordsVisible ? "Hide coordinates" : "Show coordinates", true},
       {board::UndoButton, "", "", "", false},
       {board::ResetSetupButton, "&Reset", "Reset", "Reset board", true},

@@ -76,6 +76,9 @@ QAbstractButton* BoardToolbar::NewToolbarButton(QWidget& window, int button) {
   auto* plain = new QPushButton(&window);
   plain->setObjectName(u"Toolbar1S_%1"_s.arg(button));
   plain->setAutoDefault(true);  // so that Enter presses it too
+  // All are as wide as the longest caption, also while none of them has it.
+  plain->setText(u"View opponent"_s);
+  plain->setMinimumWidth(plain->sizeHint().width());
   return plain;
 }
 

@@ -70,6 +70,19 @@ QString OfflineNotice() {
          u"reached."_s;
 }
 
+/// A place for widgets of which one is seen at a time: as large as any of them wants it, so that
+/// nothing else moves when they change.
+QGridLayout* NewSharedPlace(std::initializer_list<QWidget*> widgets) {
+  auto* place = new QGridLayout;
+  for (QWidget* widget : widgets) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+    place->addWidget(widget, 0, 0);
+  }
+  return place;
+}
+
 void SetBold(QWidget* widget, bool bold) {
   if (widget->font().bold() == bold) return;
   QFont font = widget->font();
@@ -130,12 +143,9 @@ void BoardWindow::SetSimpleUI() {
   side->setSpacing(8);
   side->addWidget(playersTag_);
   side->addWidget(drawAnswers_);
-  side->addWidget(moveList_, 1);
-  side->addWidget(palette_, 1);
+  side->addLayout(NewSharedPlace({moveList_, palette_}), 1);
   side->addWidget(opponentComment_);
-  side->addWidget(playerComment_);
-  searchDisplay_->LayOut(*side);
-  side->addWidget(trash_);
+  side->addLayout(NewSharedPlace({playerComment_, searchDisplay_->NewPlace(), trash_}));
   side->addSpacing(8);
   side->addLayout(buttons);
 

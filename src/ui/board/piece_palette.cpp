@@ -102,7 +102,8 @@ void PiecePalette::ShowSelection(rules::PieceCode selected) {
   }
 }
 
-QSize PiecePalette::sizeHint() const { return SizeFor(72); }
+/// Beside a board of the usual size nothing is left over.
+QSize PiecePalette::sizeHint() const { return SizeFor(62); }
 
 QSize PiecePalette::minimumSizeHint() const { return SizeFor(40); }
 

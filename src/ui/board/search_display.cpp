@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -92,7 +91,7 @@ SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, board::Game& board)
   connect(cancel_, &QAbstractButton::clicked, this, &SearchDisplay::Cancel);
 }
 
-void SearchDisplay::LayOut(QVBoxLayout& column) {
+QWidget* SearchDisplay::NewPlace() {
   auto* place = new QWidget(&window_);
   place->setObjectName(u"SearchPlace"_s);
   auto* grid = new QGridLayout(place);
@@ -110,7 +109,7 @@ void SearchDisplay::LayOut(QVBoxLayout& column) {
     policy.setRetainSizeWhenHidden(true);
     part->setSizePolicy(policy);
   }
-  column.addWidget(place);
+  return place;
 }
 
 void SearchDisplay::Refresh() {

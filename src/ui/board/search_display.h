@@ -11,7 +11,6 @@
 class QAbstractButton;
 class QLabel;
 class QProgressBar;
-class QVBoxLayout;
 class QWidget;
 
 namespace ui {
@@ -24,8 +23,8 @@ class SearchDisplay : public QObject {
   /// outlive them.
   SearchDisplay(QWidget& window, QLabel& label, board::Game& board);
 
-  /// Puts them into a column of the plain look, where they are the widget SearchPlace.
-  void LayOut(QVBoxLayout& column);
+  /// In the plain look: the widget SearchPlace, with all of them.
+  QWidget* NewPlace();
 
   void Refresh();
   void Cancel() { board_.Search.SearchCancelled = true; }

@@ -135,7 +135,11 @@ TEST_F(SetupBoardTest, FromAnEmptyBoardToTheFirstMove) {
     EXPECT_TRUE(Shows("MovePointer_1") && Shows("MovePointer_2"));
     EXPECT_FALSE(Button(board::PlaySetupButton).isEnabled()) << "two kings alone";
     Do("drag p6 52");
+    const auto places = [this] { return std::pair{window_->size(), PointOf("11")}; };
+    const auto before = places();
     Click(board::PlaySetupButton);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(places(), before) << "nothing slides under the pointer";
     EXPECT_FALSE(Process().BoardSetupMode);
     expectSetup(false);
     Do("drag 52 54");

@@ -39,6 +39,7 @@ inline constexpr Control boardControls[] = {
     {"DeclineDraw", Surface::Occasion, {633, 117, 76, 28}},
     {"Menu2Button", Surface::Button, {549, 149, 160, 28}},
     {"MoveList", Surface::Grid, {549, 185, 160, 268}},
+    {"PiecePallete_L", Surface::Occasion, {549, 165, 160, 16}},
     {"PiecePallete", Surface::Occasion, {549, 185, 160, 268}},
 
     // Below the board.

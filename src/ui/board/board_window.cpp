@@ -174,6 +174,9 @@ void BoardWindow::AddSkinnedControls() {
   logo_ = newLogo("TVLogo"_L1, u"tarvolenix.png"_s);
   drawLogo_ = newLogo("DrawLogo"_L1, u"draw.png"_s);
 
+  auto* paletteLabel = new QLabel(u"Pieces for the board"_s, this);
+  paletteLabel->setObjectName(u"PiecePallete_L"_s);
+
   struct MenuButton {
     const char* name;
     const char* caption;
@@ -289,6 +292,7 @@ void BoardWindow::ShowGameBits(bool show) {
       {"Menu2Button", show},
       {"PlayerComment", comment},
       {"PiecePallete", !show},
+      {"PiecePallete_L", !show},
       {"PlayerComment_L", label},
       {"Trash", !show},
       {"SearchPlace", show && computerGame},

@@ -5,6 +5,7 @@
 #include <QTextEdit>
 
 #include <algorithm>
+#include <functional>
 
 #include "ui/board/board_menus.h"
 #include "ui/board/board_window_fixture.h"
@@ -113,6 +114,46 @@ TEST_F(BoardWindowTest, SendingSavesMailsAndClosesOnce) {
       << "however often it is closed";
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(window_.isNull());
+}
+
+/// As the desktop asks for it.
+void CloseByFrame(QWidget& window) {
+  QCloseEvent event;
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  qApp->notify(window.windowHandle(), &event);
+}
+
+TEST_F(BoardWindowTest, OnlyAClickOnTheButtonClosesWithoutAQuestion) {
+  const struct {
+    const char* name;
+    std::function<void()> close;
+    bool asks;
+  } rows[] = {
+      {"the mouse", [this] { Click(board::CloseButton); }, false},
+      {"a key", [this] { QTest::keyClick(&Button(board::CloseButton), Qt::Key_Return); }, true},
+      {"the frame's button", [this] { CloseByFrame(*window_); }, true},
+      {"the end of the session",
+       [this] {
+         Process().Stopping = true;
+         CloseByFrame(*window_);
+       },
+       false},
+  };
+  for (const Look look : {Look::Plain, Look::Skinned}) {
+    for (const auto& row : rows) {
+      SCOPED_TRACE(row.name);
+      Process().Stopping = false;
+      Open({}, look);
+      Do(e2e4);
+      for (const bool stays : {true, false}) {
+        if (!row.asks && stays) continue;
+        if (row.asks) desktop_.boxes.answers = {stays};
+        row.close();
+        EXPECT_EQ(window_ && window_->isVisible(), stays);
+      }
+      EXPECT_EQ(desktop_.boxes.messages.size(), row.asks ? 2U : 0U);
+    }
+  }
 }
 
 TEST_F(BoardWindowTest, AGameThatCannotBeReadClosesItsWindowAtTheNextTick) {

@@ -73,6 +73,7 @@ TEST_F(DrawOfferTest, AnOfferIsAnsweredByItsButtonsAndTheAnswerCanBeTakenBack) {
       Click(row.otherButton);
       EXPECT_FALSE(IsAsked());
       Click(board::UndoButton);
+      EXPECT_EQ(window_->focusWidget(), &Find("CBoard")) << "and not the button that closes";
       ASSERT_TRUE(IsAsked());
       EXPECT_FALSE(Button(board::SendButton).isEnabled());
       Find(row.button).setFocus();

@@ -63,10 +63,6 @@ QRectF RailOf(const Layout& layout) {
   return rail;
 }
 
-// Where a title will stand in a window that is not laid out yet: below the crest, clear of the
-// corners.
-QRectF TitlePlaceOf(const Layout& layout) { return {36, 24, layout.size.width - 72.0, 26}; }
-
 }  // namespace
 
 QImage PaintBackground(const SkinParameters& skin, const Layout& layout) {
@@ -79,7 +75,9 @@ QImage PaintBackground(const SkinParameters& skin, const Layout& layout) {
   const QRectF rail = RailOf(layout);
   if (!rail.isEmpty()) surface.SinkRail(Grown(rail, kRailMargin));
   for (const Control& control : layout.controls) DrawControl(surface, control);
-  if (layout.controls.empty()) surface.Engrave(TitlePlaceOf(layout), 13);
+  if (layout.controls.empty()) {
+    surface.Engrave(RectOf(ui::layouts::TitlePlaceOf(layout.size)), 13);
+  }
   return surface.Picture();
 }
 

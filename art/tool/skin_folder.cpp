@@ -26,8 +26,9 @@ using ui::layouts::Strip;
 
 // Texts that are headings, and those that lead somewhere; all others are plain.
 constexpr std::string_view kTitles[] = {
-    "AboutBox.lblTitle",  "Board.PlayersTag",  "ExchangePawn.Label1",  "MsgForm.FormCaption",
-    "NewGameInfo.Label3", "NotifyForm.Label3", "SelectPrinter.Label3", "StatusWindow.StatusText"};
+    "AboutBox.lblTitle",   "Board.PlayersTag",     "Dialog.Title",
+    "ExchangePawn.Label1", "MsgForm.FormCaption",  "NewGameInfo.Label3",
+    "NotifyForm.Label3",   "SelectPrinter.Label3", "StatusWindow.StatusText"};
 constexpr std::string_view kLinks[] = {"AboutBox.Email", "AboutBox.Web1", "AboutBox.Web2"};
 
 /// Writes one file; false with a reason on failure.
@@ -94,10 +95,14 @@ class SkinJobs {
                          : Holds(kLinks, window + control) ? skin_.text.link
                                                            : skin_.text.text};
     });
+    AddChart(row.fieldChart, row.fieldControls, [this](const QString& control) {
+      return control == u"Page"_s   ? std::vector{skin_.paper.back, skin_.paper.fore}
+             : control == u"Link"_s ? std::vector{skin_.paper.back, skin_.paper.link}
+                                    : std::vector{skin_.field.back, skin_.field.fore};
+    });
     const auto always = [](std::vector<QColor> colours) {
       return [colours = std::move(colours)](const QString&) { return colours; };
     };
-    AddChart(row.fieldChart, row.fieldControls, always({skin_.field.back, skin_.field.fore}));
     AddChart(row.gridChart, row.gridControls,
              always({grid.backFixed, grid.foreFixed, grid.back, grid.fore, grid.backSelected,
                      grid.foreSelected}));

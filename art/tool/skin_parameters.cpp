@@ -48,6 +48,8 @@ void ReadColours(ParameterFile& in, SkinParameters& skin) {
   skin.text = {in.Colour("text"), in.Colour("title"), in.Colour("link")};
   in.Enter(u"field"_s);
   skin.field = {in.Colour("back"), in.Colour("fore")};
+  in.Enter(u"paper"_s);
+  skin.paper = {in.Colour("back"), in.Colour("fore"), in.Colour("link")};
   in.Enter(u"grid"_s);
   skin.grid = {in.Colour("backFixed"), in.Colour("foreFixed"),    in.Colour("back"),
                in.Colour("fore"),      in.Colour("backSelected"), in.Colour("foreSelected")};

@@ -52,6 +52,11 @@ struct SkinFieldColours {
   QColor back, fore;
 };
 
+/// What longer texts are read on.
+struct SkinPaper {
+  QColor back, fore, link;
+};
+
 struct SkinGridColours {
   QColor backFixed, foreFixed, back, fore, backSelected, foreSelected;
 };
@@ -67,6 +72,7 @@ struct SkinParameters {
   SkinButtons buttons;
   SkinTextColours text;
   SkinFieldColours field;
+  SkinPaper paper;
   SkinGridColours grid;
   QColor page;  // of the options pages
 };

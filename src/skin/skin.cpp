@@ -6,7 +6,6 @@
 #include <QPointer>
 #include <QWindow>
 
-#include <algorithm>
 #include <exception>
 #include <optional>
 #include <utility>
@@ -77,19 +76,34 @@ GridColours ReadGrid(const QImage& chart, int row) {
           SkinColour(chart, 4, row), SkinColour(chart, 5, row), SkinColour(chart, 6, row)};
 }
 
-/// In the colours of its list, which every skin has, a window is plain but legible.
-void DoWithoutBackground(SkinPictures& pictures) {
-  const GridColours& list = pictures.gridColours.front();
-  pictures.background = QImage(1, 1, QImage::Format_RGB32);
-  pictures.background.fill(list.BackColor);
-  std::fill(pictures.textColours.begin(), pictures.textColours.end(), list.ForeColor);
+GridColours ReadGameList() {
+  const SkinRow& row = *FindSkinRow("GameInterface");
+  return ReadChart(row.gridChart, row.gridControls, ReadGrid).front();
 }
 
-SkinPictures ReadSkin(const SkinRow& row) {
+/// In the colours of the game list, which every skin has, a window is plain but legible.
+SkinPictures PlainPictures(const SkinRow& row) {
+  const GridColours list = ReadGameList();
+  const auto each = [](std::string_view controls) {
+    return static_cast<std::size_t>(platform::CountFields(controls, ';'));
+  };
   SkinPictures pictures;
-  const bool lacksBackground =
-      row.borrows && !QFile::exists(QString::fromStdString(SkinPath(row.background)));
-  if (!row.background.empty() && !lacksBackground) pictures.background = ReadBackground(row);
+  pictures.background = QImage(1, 1, QImage::Format_RGB32);
+  pictures.background.fill(list.BackColor);
+  pictures.textColours.assign(each(row.textControls), list.ForeColor);
+  pictures.fieldColours.assign(each(row.fieldControls), {list.BackColor, list.ForeColor});
+  pictures.gridColours.assign(each(row.gridControls), list);
+  return pictures;
+}
+
+bool MayLackFiles(const SkinRow& row) { return row.borrows || row.isExtra; }
+
+SkinPictures ReadSkin(const SkinRow& row) {
+  if (MayLackFiles(row) && !QFile::exists(QString::fromStdString(SkinPath(row.background)))) {
+    return PlainPictures(row);
+  }
+  SkinPictures pictures;
+  if (!row.background.empty()) pictures.background = ReadBackground(row);
   platform::FieldWalk targets(row.stripTargets, ';'), files(row.strips, ';');
   for (int i = platform::CountFields(row.strips, ';'); i > 0; --i) {
     const std::string target(targets.Next());
@@ -99,7 +113,6 @@ SkinPictures ReadSkin(const SkinRow& row) {
   pictures.fieldColours = ReadChart(row.fieldChart, row.fieldControls, ReadField);
   pictures.gridColours = ReadChart(row.gridChart, row.gridControls, ReadGrid);
   pictures.tabColours = ReadChart(row.tabChart, row.tabPages, FirstColumn);
-  if (lacksBackground) DoWithoutBackground(pictures);
   return pictures;
 }
 

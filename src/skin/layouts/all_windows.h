@@ -6,6 +6,7 @@
 #include "skin/layouts/board_layout.h"
 #include "skin/layouts/choose_opponent_layout.h"
 #include "skin/layouts/credits_layout.h"
+#include "skin/layouts/dialog_layout.h"
 #include "skin/layouts/exchange_pawn_layout.h"
 #include "skin/layouts/game_interface_layout.h"
 #include "skin/layouts/held_mail_form_layout.h"
@@ -35,6 +36,7 @@ inline constexpr Layout allWindows[] = {
     gameInterface,
     heldMailForm,
     heldMailNote,
+    dialog,
 };
 
 }  // namespace ui::layouts

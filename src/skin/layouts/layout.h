@@ -57,6 +57,10 @@ struct Layout {
   bool draggable = true;                   ///< by any point of its surface
 };
 
+/// Where a window that isn't laid out by a table has its title: below the crest, clear of the
+/// corners.
+constexpr Rect TitlePlaceOf(const Size& window) { return {36, 24, window.width - 72, 26}; }
+
 /// The rectangle of a control, which must be one of the window's.
 constexpr const Rect& RectOf(const Layout& layout, std::string_view control) {
   for (const Control& candidate : layout.controls) {

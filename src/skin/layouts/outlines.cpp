@@ -6,6 +6,8 @@
 #include <iterator>
 #include <numbers>
 
+#include "skin/layouts/dialog_layout.h"
+
 namespace ui::layouts {
 namespace {
 
@@ -92,7 +94,13 @@ Outline OutlineOf(const Plaque& plaque) {
 
 }  // namespace
 
+Outline DialogOutline(const Size& size) {
+  return OutlineOf(Plaque{dialog.window, 1, size.width - 1.0, 1, size.height - 1.0, 14, 22, 21,
+                          dialogCrest - 8.0, dialogCrestHeight});
+}
+
 Outline OutlineOf(std::string_view window) {
+  if (window == dialog.window) return DialogOutline(dialog.size);
   if (window == "StatusWindow") return {std::begin(statusWindow), std::end(statusWindow)};
   for (const Plaque& plaque : plaques) {
     if (plaque.window == window) return OutlineOf(plaque);

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "skin/layouts/layout.h"
+
 namespace ui::layouts {
 
 struct Point {
@@ -14,6 +16,9 @@ struct Point {
 };
 
 using Outline = std::vector<Point>;
+
+/// Of a dialog of that size.
+Outline DialogOutline(const Size& size);
 
 /// Empty where no shaped window has that name.
 Outline OutlineOf(std::string_view window);

@@ -3,7 +3,8 @@
 //
 // A skin is a folder below "UI Graphics/" of the program folder. Pictures are loaded by name, so
 // other files in it are harmless and a missing one ends the program. There is no index file. A
-// window that came later than the skins of others have to wear borrows all but its background.
+// window that came later than the skins of others have to wear borrows all but its background, or
+// does without its own files.
 #pragma once
 
 #include <string_view>
@@ -28,6 +29,7 @@ struct SkinRow {
   std::string_view tabChart = {};
   std::string_view tabPages = {};
   bool borrows = false;  ///< its charts are other windows', and a skin may lack its background
+  bool isExtra = false;  ///< its files are its own, and a skin may lack them all
 };
 
 /// Null where the window has no row.

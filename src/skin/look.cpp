@@ -4,9 +4,9 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include "skin/placed_skin.h"
 #include "skin/skin.h"
 #include "skin/system_button.h"
-#include "skin/window_skin.h"
 
 namespace ui {
 
@@ -40,7 +40,7 @@ bool TakeLook(QWidget& window, const layouts::Layout& layout,
     setSimpleUI();
     return true;
   }
-  new WindowSkin(window, layout);  // the window's own
+  new PlacedSkin(window, layout);  // the window's own
   return ApplySkin(window);
 }
 

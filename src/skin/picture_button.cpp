@@ -8,18 +8,18 @@
 namespace ui {
 
 void PictureButton::PaintButton(QPainter& painter, const QRect& button) {
-  const State state = CurrentState();
-  if (state == State::Hover || state == State::Down) {
+  const FaceState state = CurrentState();
+  if (state == FaceState::Hover || state == FaceState::Down) {
     QColor glow = window()->palette().color(QPalette::WindowText);
-    glow.setAlpha(state == State::Down ? 90 : 50);
+    glow.setAlpha(state == FaceState::Down ? 90 : 50);
     painter.setPen(Qt::NoPen);
     painter.setBrush(glow);
     painter.drawRoundedRect(button, layouts::buttonRadius, layouts::buttonRadius);
   }
-  painter.setOpacity(state == State::Disabled ? 0.5 : 1);
+  painter.setOpacity(state == FaceState::Disabled ? 0.5 : 1);
   constexpr int pressed = 1;
   const QSize pixels = (QSizeF(button.size()) * devicePixelRatioF()).toSize();
-  painter.drawImage(state == State::Down ? button.translated(pressed, pressed) : button,
+  painter.drawImage(state == FaceState::Down ? button.translated(pressed, pressed) : button,
                     picture_.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 

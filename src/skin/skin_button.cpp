@@ -11,10 +11,6 @@
 
 namespace ui {
 
-namespace {
-constexpr int ringRoom = 4;
-}  // namespace
-
 SkinButton::SkinButton(const QString& name, QWidget* window) : QAbstractButton(window) {
   setObjectName(name);
   setFocusPolicy(Qt::StrongFocus);
@@ -22,19 +18,19 @@ SkinButton::SkinButton(const QString& name, QWidget* window) : QAbstractButton(w
 }
 
 void SkinButton::PlaceAt(const QRect& place) {
-  setGeometry(place.adjusted(-ringRoom, -ringRoom, ringRoom, ringRoom));
+  setGeometry(place.adjusted(-buttonRingRoom, -buttonRingRoom, buttonRingRoom, buttonRingRoom));
 }
 
 QRect SkinButton::Inner() const {
-  return rect().adjusted(ringRoom, ringRoom, -ringRoom, -ringRoom);
+  return rect().adjusted(buttonRingRoom, buttonRingRoom, -buttonRingRoom, -buttonRingRoom);
 }
 
 QRect SkinButton::Place() const { return Inner().translated(pos()); }
 
-SkinButton::State SkinButton::CurrentState() const {
-  if (!isEnabled()) return State::Disabled;
-  if (isDown()) return State::Down;
-  return underMouse() ? State::Hover : State::Up;
+FaceState SkinButton::CurrentState() const {
+  if (!isEnabled()) return FaceState::Disabled;
+  if (isDown()) return FaceState::Down;
+  return underMouse() ? FaceState::Hover : FaceState::Up;
 }
 
 void SkinButton::paintEvent(QPaintEvent*) {
@@ -57,7 +53,7 @@ void SkinButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void DrawFocusRing(QPainter& painter, const QRect& control, qreal radius, const QColor& colour) {
-  constexpr qreal width = ringRoom / 2.0, inner = width / 2, outer = inner + width;
+  constexpr qreal width = buttonRingRoom / 2.0, inner = width / 2, outer = inner + width;
   const QColor contrast = qGray(colour.rgb()) < 128 ? Qt::white : Qt::black;
   painter.setBrush(Qt::NoBrush);
   for (const auto& [line, room] : {std::pair{contrast, inner}, std::pair{colour, outer}}) {

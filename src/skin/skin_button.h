@@ -10,6 +10,11 @@
 
 namespace ui {
 
+enum class FaceState { Up, Hover, Down, Disabled };
+
+/// What a button is larger than its picture on each side: the room of the ring.
+inline constexpr int buttonRingRoom = 4;
+
 class SkinButton : public QAbstractButton {
   Q_OBJECT
 
@@ -23,8 +28,7 @@ class SkinButton : public QAbstractButton {
   QSize sizeHint() const override { return size(); }
 
  protected:
-  enum class State { Up, Hover, Down, Disabled };
-  State CurrentState() const;
+  FaceState CurrentState() const;
 
   virtual void PaintButton(QPainter& painter, const QRect& button) = 0;
 

@@ -3,14 +3,12 @@
 
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
-#include <QApplication>
 #include <QComboBox>
-#include <QFrame>
 #include <QHeaderView>
-#include <QPointer>
-#include <QProxyStyle>
 #include <QScrollBar>
 #include <QTableView>
+
+#include "skin/skin_style.h"
 
 namespace ui {
 
@@ -18,34 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The style that takes every colour from the palette.
-class PaletteStyle : public QProxyStyle {
- public:
-  PaletteStyle() : QProxyStyle(u"Fusion"_s) { setParent(qApp); }
-
-  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                QStyleHintReturn* answer) const override {
-    // A menu would open, in the colours that the desktop's menus have.
-    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, answer);
-  }
-};
-
-QStyle* ThePaletteStyle() {
-  static QPointer<QStyle> style;
-  if (!style) style = new PaletteStyle;
-  return style;
-}
-
 void UsePaletteOnly(QWidget& control) {
-  control.setStyle(ThePaletteStyle());
-  for (QWidget* part : control.findChildren<QWidget*>()) part->setStyle(ThePaletteStyle());
-  // The background draws the recess in which the control lies.
-  if (auto* frame = qobject_cast<QFrame*>(&control)) frame->setFrameShape(QFrame::NoFrame);
-}
-
-QColor Between(const QColor& one, const QColor& other) {
-  return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2,
-                (one.blue() + other.blue()) / 2);
+  control.setStyle(TheSkinStyle());
+  for (QWidget* part : control.findChildren<QWidget*>()) part->setStyle(TheSkinStyle());
 }
 
 /// No wider than it must be, and without anything of the desktop's own look.
@@ -55,12 +28,15 @@ void ColourScrollBars(QWidget& control, const QColor& backColor, const QColor& f
   const QString handle =
       u"rgba(%1, %2, %3, 60%)"_s.arg(foreColor.red()).arg(foreColor.green()).arg(foreColor.blue());
   const QString sheet =
-      u"QScrollBar:vertical { width: 10px; background: %2; } "
+      u"QScrollBar { background: %2; } QScrollBar:vertical { width: 10px; } "
+      u"QScrollBar:horizontal { height: 10px; } "
       u"QScrollBar::handle { background: %1; border-radius: 3px; "
-      u"min-height: 24px; margin: 2px; } "
-      u"QScrollBar::add-line, QScrollBar::sub-line { height: 0; } "
+      u"min-height: 24px; min-width: 24px; margin: 2px; } "
+      u"QScrollBar::add-line, QScrollBar::sub-line { height: 0; width: 0; } "
       u"QScrollBar::add-page, QScrollBar::sub-page { background: none; }"_s;
-  area->verticalScrollBar()->setStyleSheet(sheet.arg(handle, backColor.name(QColor::HexArgb)));
+  for (QScrollBar* bar : {area->verticalScrollBar(), area->horizontalScrollBar()}) {
+    bar->setStyleSheet(sheet.arg(handle, backColor.name(QColor::HexArgb)));
+  }
 }
 
 QPalette PaletteOf(const QColor& back, const QColor& fore, const QColor& backSelected,
@@ -82,6 +58,16 @@ QPalette PaletteOf(const QColor& back, const QColor& fore, const QColor& backSel
 
 }  // namespace
 
+QColor Between(const QColor& one, const QColor& other) {
+  return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2,
+                (one.blue() + other.blue()) / 2);
+}
+
+QPalette GridPalette(const GridColours& colours) {
+  return PaletteOf(colours.BackColor, colours.ForeColor, colours.BackColorSel,
+                   colours.ForeColorSel);
+}
+
 void ColourText(QWidget& control, const QColor& foreColor) {
   QPalette palette = control.palette();
   palette.setColor(QPalette::Text, foreColor);
@@ -96,19 +82,15 @@ void ColourField(QWidget& control, const FieldColours& colours) {
   auto* combo = qobject_cast<QComboBox*>(&control);
   QWidget* list = combo ? combo->view() : nullptr;  // is made here, to be coloured too
   UsePaletteOnly(control);
-  QPalette palette =
-      PaletteOf(colours.BackColor, colours.ForeColor, colours.ForeColor, colours.BackColor);
-  // The style shades it round a lighter colour: the field's own in the end.
-  if (combo) palette.setColor(QPalette::Button, colours.BackColor.darker(112));
-  control.setPalette(palette);
+  control.setPalette(
+      PaletteOf(colours.BackColor, colours.ForeColor, colours.ForeColor, colours.BackColor));
   ColourScrollBars(control, colours.BackColor, colours.ForeColor);
   if (list) ColourScrollBars(*list, colours.BackColor, colours.ForeColor);
 }
 
 void ColourGrid(QWidget& control, const GridColours& colours) {
   UsePaletteOnly(control);
-  control.setPalette(
-      PaletteOf(colours.BackColor, colours.ForeColor, colours.BackColorSel, colours.ForeColorSel));
+  control.setPalette(GridPalette(colours));
   ColourScrollBars(control, colours.BackColor, colours.ForeColor);
   const auto* table = qobject_cast<QTableView*>(&control);
   if (!table) return;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 #include <QWidget>
 
 namespace ui {
@@ -21,6 +22,12 @@ struct GridColours {
   QColor BackColorSel;
   QColor ForeColorSel;
 };
+
+/// A colour between two others.
+QColor Between(const QColor& one, const QColor& other);
+
+/// What a control of those colours draws with.
+QPalette GridPalette(const GridColours& colours);
 
 /// The background shows behind the text.
 void ColourText(QWidget& control, const QColor& foreColor);

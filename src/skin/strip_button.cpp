@@ -17,10 +17,10 @@ void StripButton::SetStrip(const QImage& strip) {
 }
 
 /// A strip without a column for the hover shows the button up.
-int StripButton::ColumnOf(State state) const {
+int StripButton::ColumnOf(FaceState state) const {
   const int column = static_cast<int>(state);  // in the order of ToolbarColumn
   const bool hasHover = shape_.columns > layouts::InterfaceDisabled + 1;
-  return hasHover || state == State::Up ? column : column - 1;
+  return hasHover || state == FaceState::Up ? column : column - 1;
 }
 
 /// Lines that share the place stand closer than the font would have them, and smaller.
@@ -42,12 +42,12 @@ void StripButton::PaintCaption(QPainter& painter, const QRect& place, const QStr
 }
 
 void StripButton::PaintButton(QPainter& painter, const QRect& button) {
-  const State state = CurrentState();
+  const FaceState state = CurrentState();
   DrawRounded(painter, button, StripCell(strip_, shape_, ColumnOf(state), row_));
   const layouts::Rect& caption = shape_.caption;
   QRect place =
       QRect(caption.x, caption.y, caption.width, caption.height).translated(button.topLeft());
-  if (state == State::Down) place.translate(1, 1);
+  if (state == FaceState::Down) place.translate(1, 1);
   painter.setPen(isEnabled() ? captionColour : disabledCaptionColour);
   PaintCaption(painter, place, text().split(u'\n'));
 }

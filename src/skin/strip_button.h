@@ -22,7 +22,7 @@ class StripButton : public SkinButton {
 
  private:
   static void PaintCaption(QPainter& painter, const QRect& place, const QStringList& lines);
-  int ColumnOf(State state) const;
+  int ColumnOf(FaceState state) const;
 
   layouts::Strip shape_;
   int row_;

@@ -10,6 +10,11 @@ namespace ui {
 /// program and not to a window, and is there before the first of them.
 QImage& ButtonImages();
 
+/// One button of that strip, with its caption. `textFlags` are the toolkit's, such as that for the
+/// mark of a key.
+void PaintSystemButton(QPainter& painter, const QRect& button, FaceState state, const QString& text,
+                       int textFlags = 0);
+
 class SystemButton : public SkinButton {
   Q_OBJECT
 
@@ -18,9 +23,6 @@ class SystemButton : public SkinButton {
 
  protected:
   void PaintButton(QPainter& painter, const QRect& button) override;
-
- private:
-  void PaintCaption(QPainter& painter, const QRect& button) const;
 };
 
 /// Of the button of that name: the caption's colour, and whether the face answers the mouse.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The skinned look of one window: a frameless, shaped picture that can be dragged by its surface,
-// with the window's controls in their places on it. What it wears comes from ApplySkin and can
-// change while the window is open.
+// The skinned look of one window: a frameless, shaped picture that can be dragged by its surface.
+// What it wears comes from ApplySkin and can change while the window is open. Its heirs know the
+// window's shape and its controls.
 #pragma once
 
 #include <QImage>
@@ -9,6 +9,7 @@
 #include <QPixmap>
 #include <QPoint>
 #include <QPolygonF>
+#include <QRegion>
 
 #include <map>
 #include <optional>
@@ -16,9 +17,9 @@
 #include <string_view>
 #include <vector>
 
-#include "skin/composited_screen.h"
-#include "skin/layouts/layout.h"
 #include "skin/skin_colours.h"
+
+class QPainter;
 
 namespace ui {
 
@@ -36,17 +37,11 @@ class WindowSkin : public QObject {
   Q_OBJECT
 
  public:
-  /// Shapes the window and places its controls, which must be there. Belongs to the window. What
-  /// lies behind a composited window shows through its smooth edge; else its edge is made of whole
-  /// pixels.
-  WindowSkin(QWidget& window, const layouts::Layout& layout,
-             bool composited = ScreenIsComposited());
-
   /// Null for a window in the plain look.
   static WindowSkin* Of(const QWidget& window);
 
-  /// The layout's, by which the skin table knows the window.
-  std::string_view Name() const { return layout_.window; }
+  /// By which the skin table knows the window.
+  std::string_view Name() const { return name_; }
 
   void Wear(SkinPictures pictures);
 
@@ -61,22 +56,38 @@ class WindowSkin : public QObject {
   void Worn();
 
  protected:
+  /// Belongs to the window. What lies behind a composited window shows through its smooth edge;
+  /// else its edge is made of whole pixels.
+  WindowSkin(QWidget& window, std::string_view name, bool draggable, bool composited);
+
+  QWidget& Window() const { return window_; }
+  const SkinPictures& Pictures() const { return pictures_; }
+
+  /// From now on the window is of this shape, told both ways.
+  void TakeShape(const QPolygonF& outline, const QRegion& mask);
+
+  /// Gives the window and its controls their colours.
+  virtual void Colour() = 0;
+
+  /// The background of a window that is so many pixels large.
+  virtual QImage Ground(QSize pixels) const;
+
+  /// What the window has on its ground.
+  virtual void PaintOnGround(QPainter& painter) const = 0;
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void ShapeWindow(bool composited);
-  void PlaceControls();
-  void Colour();
   void Paint();
-  void PaintFocus(QPainter& painter) const;
   void MoveToMiddle();
   void MoveWith(QPoint pointer);
 
   QWidget& window_;
-  const layouts::Layout& layout_;
+  std::string_view name_;
+  bool draggable_;
   QPolygonF outline_;
   SkinPictures pictures_;
-  QPixmap scaled_;  // the background for the screen's pixels
+  QPixmap ground_;  // for the screen's pixels
   std::optional<QPoint> pressedAt_;
   std::optional<QPoint> grab_;  // from the window's corner, where the desktop can't move it itself
   bool failed_ = false;

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "shell/playing.h"
+#include "skin/placed_skin.h"
 #include "skin/strip_button.h"
 #include "skin/system_button.h"
 #include "ui/board/board_window.h"
@@ -146,7 +147,7 @@ TEST_F(SkinnedWindowsTest, AnEdgeIsSmoothOnACompositedScreenAndCutElsewhere) {
     SCOPED_TRACE(composited);
     QWidget window;
     window.setObjectName(u"MsgForm"_s);
-    const WindowSkin skin(window, layouts::msgForm, composited);
+    const PlacedSkin skin(window, layouts::msgForm, composited);
     ASSERT_TRUE(ApplySkin(window));
     EXPECT_EQ(window.mask().isEmpty(), composited);
     const QImage picture = window.grab().toImage();
@@ -168,7 +169,7 @@ TEST_F(SkinnedWindowsTest, TheFocusIsSeenOnEverySurfaceAndWithoutATextChart) {
   auto* list = new QTableWidget(&window);
   list->setObjectName(u"GameList"_s);
   auto* button = new SystemButton(u"Button"_s, &window);
-  const WindowSkin skin(window, layout);
+  const PlacedSkin skin(window, layout);
   ASSERT_TRUE(ApplySkin(window));
   BringUp(window);
   EXPECT_GE(std::abs(qGray(window.palette().color(QPalette::WindowText).rgb()) -

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include "skin/dialog_skin.h"
 #include "skin/placed_skin.h"
 #include "skin/skin.h"
 #include "skin/system_button.h"
@@ -42,6 +43,12 @@ bool TakeLook(QWidget& window, const layouts::Layout& layout,
   }
   new PlacedSkin(window, layout);  // the window's own
   return ApplySkin(window);
+}
+
+bool TakeDialogLook(QWidget& dialog) {
+  if (IsSimpleUI()) return true;
+  new DialogSkin(dialog);  // the dialog's own
+  return ApplySkin(dialog);
 }
 
 }  // namespace ui

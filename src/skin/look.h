@@ -46,4 +46,9 @@ QHBoxLayout* NewButtonRow(std::initializer_list<QAbstractButton*> buttons);
 bool TakeLook(QWidget& window, const layouts::Layout& layout,
               const std::function<void()>& setSimpleUI);
 
+/// The same for a dialog that is laid out in one way in both looks, once its controls are there: in
+/// the skinned look it gets a frame round them. It wears it from now on, whatever the settings say
+/// later.
+bool TakeDialogLook(QWidget& dialog);
+
 }  // namespace ui

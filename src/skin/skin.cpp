@@ -91,7 +91,7 @@ SkinPictures PlainPictures(const SkinRow& row) {
   pictures.background = QImage(1, 1, QImage::Format_RGB32);
   pictures.background.fill(list.BackColor);
   pictures.textColours.assign(each(row.textControls), list.ForeColor);
-  pictures.fieldColours.assign(each(row.fieldControls), {list.BackColor, list.ForeColor});
+  pictures.fieldColours.assign(each(row.fieldControls), {list.BackColorFixed, list.ForeColorFixed});
   pictures.gridColours.assign(each(row.gridControls), list);
   return pictures;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The buttons of the dialogs that keep the desktop's look in both looks.
+// The buttons of the dialogs that lay themselves out, in either look.
 #pragma once
 
 #include <QPushButton>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/outcome_line.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -18,6 +19,7 @@ constexpr int mostLines = 8;
 
 bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
 
+QColor Plain(const QPalette& palette) { return palette.color(QPalette::WindowText); }
 QColor Green(const QPalette& palette) { return IsDark(palette) ? 0x6fcf7f : 0x1a6b2f; }
 QColor Red(const QPalette& palette) { return IsDark(palette) ? 0xff8a80 : 0xb3201a; }
 
@@ -39,18 +41,28 @@ OutcomeLine::OutcomeLine(QWidget* parent)
   ShowRemark({});
 }
 
-void OutcomeLine::Show(const QString& text, const QColor& colour) {
-  QPalette palette = text_->palette();
-  palette.setColor(QPalette::Text, colour);
-  text_->setPalette(palette);
+void OutcomeLine::Show(const QString& text, Colour colour) {
+  colour_ = colour;
+  ColourText();
   text_->SetText(text);
   setVisible(!text.isEmpty());
+}
+
+void OutcomeLine::ColourText() {
+  QPalette palette = text_->palette();
+  palette.setColor(QPalette::Text, colour_(this->palette()));
+  text_->setPalette(palette);
+}
+
+void OutcomeLine::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && colour_) ColourText();
 }
 
 void OutcomeLine::ShowRemark(const QString& text) {
   sign_->hide();
   busy_->hide();
-  Show(text, palette().color(QPalette::WindowText));
+  Show(text, Plain);
 }
 
 void OutcomeLine::ShowBusy(const QString& text) {
@@ -58,8 +70,7 @@ void OutcomeLine::ShowBusy(const QString& text) {
   busy_->show();
 }
 
-void OutcomeLine::ShowSigned(QStyle::StandardPixmap sign, const QString& text,
-                             const QColor& colour) {
+void OutcomeLine::ShowSigned(QStyle::StandardPixmap sign, const QString& text, Colour colour) {
   busy_->hide();
   sign_->setPixmap(style()->standardIcon(sign).pixmap(signSize));
   sign_->show();
@@ -67,11 +78,11 @@ void OutcomeLine::ShowSigned(QStyle::StandardPixmap sign, const QString& text,
 }
 
 void OutcomeLine::ShowSuccess(const QString& text) {
-  ShowSigned(QStyle::SP_DialogApplyButton, text, Green(palette()));
+  ShowSigned(QStyle::SP_DialogApplyButton, text, Green);
 }
 
 void OutcomeLine::ShowFailure(const QString& text) {
-  ShowSigned(QStyle::SP_DialogCancelButton, text, Red(palette()));
+  ShowSigned(QStyle::SP_DialogCancelButton, text, Red);
 }
 
 }  // namespace ui

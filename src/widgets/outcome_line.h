@@ -25,13 +25,20 @@ class OutcomeLine : public QWidget {
   void ShowSuccess(const QString& text);
   void ShowFailure(const QString& text);
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
-  void Show(const QString& text, const QColor& colour);
-  void ShowSigned(QStyle::StandardPixmap sign, const QString& text, const QColor& colour);
+  using Colour = QColor (*)(const QPalette& ofWindow);
+
+  void Show(const QString& text, Colour colour);
+  void ShowSigned(QStyle::StandardPixmap sign, const QString& text, Colour colour);
+  void ColourText();
 
   QLabel* sign_;
   QProgressBar* busy_;
   PlainTextView* text_;
+  Colour colour_ = nullptr;
 };
 
 }  // namespace ui

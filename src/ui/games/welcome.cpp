@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCommandLinkButton>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -11,10 +12,12 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <cstdlib>
 #include <utility>
 
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
+#include "skin/look.h"
 #include "skin/program_pictures.h"
 #include "ui/help/help_key.h"
 #include "widgets/shown_text.h"
@@ -35,7 +38,20 @@ constexpr const char* cardStyle =
     "QCommandLinkButton:hover { background: palette(alternate-base); }"
     "QCommandLinkButton:focus { border: 2px solid palette(highlight); }";
 
-/// The middle of the start picture, without the line round it.
+/// The same light and shade in another hue.
+QImage InHueOf(const QColor& ground, QImage picture) {
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const QColor own = picture.pixelColor(x, y);
+      picture.setPixelColor(
+          x, y, QColor::fromHsl(ground.hslHue(), ground.hslSaturation(), own.lightness()));
+    }
+  }
+  return picture;
+}
+
+/// The middle of the start picture, without the line round it. It is wooden, and takes the hue of a
+/// skin that is not.
 class Banner : public QWidget {
  public:
   Banner() : picture_(AsItIs(platform::Process().ProgramFolder) + u"UI Graphics/Splash16.bmp"_s) {
@@ -50,12 +66,26 @@ class Banner : public QWidget {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     const int margin = picture_.width() / 36;
     const int from = picture_.width() - 2 * margin;
-    painter.drawPixmap(rect(), picture_,
+    painter.drawPixmap(rect(), shown_,
                        {margin, picture_.height() / 11, from, from * height() / width()});
   }
 
+  void changeEvent(QEvent* event) override {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) FollowSkin();
+  }
+
  private:
+  void FollowSkin() {
+    constexpr int wood = 25, near = 60;  // degrees
+    const QColor ground = palette().color(QPalette::Window);
+    const bool fits = IsSimpleUI() || std::abs(ground.hslHue() - wood) < near;
+    shown_ = fits ? picture_ : QPixmap::fromImage(InHueOf(ground, picture_.toImage()));
+    update();
+  }
+
   QPixmap picture_;
+  QPixmap shown_ = picture_;
 };
 
 QIcon PieceIcon(const char* piece) {
@@ -97,6 +127,7 @@ Welcome::Welcome(WaysToAGame ways, QWidget* parent) : QDialog(parent), ways_(std
   // Else Enter on the check box would take the first way.
   findChild<QPushButton*>(u"Later"_s)->setDefault(true);
   findChild<QWidget*>(u"AgainstTheComputer"_s)->setFocus();
+  TakeDialogLook(*this);
   GiveHelpKey(*this, platform::HelpContents);
 }
 
@@ -109,7 +140,8 @@ QWidget* Welcome::NewPage() {
   column->addSpacing(4);
   column->addWidget(NewWay("AgainstTheComputer", "Against the &computer",
                            "It is always there, and plays as you tell it to.",
-                           PieceIcon("BlackKnight"), ways_.againstTheComputer));
+                           PieceIcon(IsSimpleUI() ? "BlackKnight" : "WhiteKnight"),
+                           ways_.againstTheComputer));
   column->addWidget(NewWay("OnThisMachine", "With someone on this &machine",
                            "Or on your network: a shared folder is your post office. No server, "
                            "and no password.",

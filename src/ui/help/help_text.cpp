@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/help/help_text.h"
 
+#include <QEvent>
 #include <QUrl>
 
 namespace ui {
@@ -23,7 +24,7 @@ QUrl UrlOf(const QString& page, const QString& name) {
 /// Read for a while, by people who may not see well: lines apart, and no more in a line than the
 /// eye holds.
 const QString pageStyle =
-    u"h1, h2 { margin-top: 8px; margin-bottom: 12px; } "
+    u"a[href] { color: %1; } h1, h2 { margin-top: 8px; margin-bottom: 12px; } "
     u"h3 { margin-top: 16px; margin-bottom: 4px; } "
     u"p, li { line-height: 130%; margin-top: 0px; margin-bottom: 10px; } "
     u"td, th { padding: 4px 12px 4px 0px; }"_s;
@@ -32,9 +33,21 @@ const QString pageStyle =
 
 HelpText::HelpText(const HelpBook& book, QWidget* parent) : QTextBrowser(parent), book_(book) {
   setOpenExternalLinks(false);
-  document()->setDefaultStyleSheet(pageStyle);
+  Style();
   document()->setDocumentMargin(20);
   setFrameShape(QFrame::StyledPanel);
+}
+
+/// Links have the colour of the window that shows them.
+void HelpText::Style() {
+  document()->setDefaultStyleSheet(pageStyle.arg(palette().color(QPalette::Link).name()));
+}
+
+void HelpText::changeEvent(QEvent* event) {
+  QTextBrowser::changeEvent(event);
+  if (event->type() != QEvent::PaletteChange) return;
+  Style();
+  reload();
 }
 
 void HelpText::Open(const QString& name) { setSource(QUrl(u'#' + name)); }

@@ -21,10 +21,13 @@ class HelpText : public QTextBrowser {
   std::size_t PageAt(const QUrl& url) const;
 
  protected:
+  void changeEvent(QEvent* event) override;
   QVariant loadResource(int type, const QUrl& url) override;
   void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
 
  private:
+  void Style();
+
   const HelpBook& book_;
 };
 

@@ -21,6 +21,7 @@
 
 #include "platform/messages.h"
 #include "platform/process_state.h"
+#include "skin/look.h"
 #include "ui/help/help_text.h"
 #include "widgets/front_window.h"
 #include "widgets/shown_text.h"
@@ -78,6 +79,7 @@ HelpWindow::HelpWindow(HelpBook book)
   Connect();
   ChangeTextSize(1);  // read at a greater distance than a button
   resize(usualSize.boundedTo(screen()->availableGeometry().size() * 0.9));
+  TakeDialogLook(*this);
 }
 
 QWidget* HelpWindow::NewContents() {
@@ -134,7 +136,15 @@ QHBoxLayout* HelpWindow::NewTools() {
   for (QWidget* tool : {back, forward}) tools->addWidget(tool);
   tools->addStretch();
   for (QWidget* tool : {smaller, larger}) tools->addWidget(tool);
+  if (!IsSimpleUI()) tools->addWidget(NewClose());
   return tools;
+}
+
+/// What the desktop's own frame would have.
+QWidget* HelpWindow::NewClose() {
+  auto* button = NewTool(u"Close"_s, u"Close"_s, u"Close the help"_s, QKeySequence(Qt::Key_Escape));
+  connect(button, &QToolButton::clicked, this, &QWidget::close);
+  return button;
 }
 
 void HelpWindow::Connect() {
@@ -223,7 +233,9 @@ HelpWindow* HelpViewer::Prepare() {
     window_ = new HelpWindow(std::move(book));
   }
   // A dialog lets nobody use any window but its own.
-  if (dialog != window_->parentWidget()) window_->setParent(dialog, Qt::Window);
+  if (dialog != window_->parentWidget()) {
+    window_->setParent(dialog, window_->windowFlags());
+  }
   if (!window_->isVisible()) ShowInTheMiddle(*window_);
   BringToFront(*window_);
   return window_;

@@ -36,6 +36,7 @@ class HelpWindow : public QWidget {
   QWidget* NewContents();
   QWidget* NewIndex();
   QHBoxLayout* NewTools();
+  QWidget* NewClose();
   void Connect();
   void FollowPage(const QUrl& url);
   void FilterIndex(const QString& text);

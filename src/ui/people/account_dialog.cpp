@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "skin/look.h"
 #include "ui/help/help_key.h"
 #include "ui/people/server_fields.h"
 #include "widgets/dialog_button.h"
@@ -109,6 +110,7 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
   Connect();
   servers_->ShowAccount(suggestion_);
   ShowProvider();
+  TakeDialogLook(*this);
   page->Settle();  // a window that changes its size while it comes up loses its place
   FitHeight();
   // What is only suggested makes room for the first key.

@@ -15,6 +15,7 @@
 #include <exception>
 
 #include "platform/messages.h"
+#include "skin/look.h"
 #include "ui/help/help_key.h"
 #include "ui/people/person_dialog.h"
 #include "widgets/dialog_button.h"
@@ -96,6 +97,7 @@ AddressBookDialog::AddressBookDialog(platform::AddressBook& book, const QString&
   layout->addSpacing(8);
   layout->addLayout(NewButtons());
   resize(600, 420);
+  TakeDialogLook(*this);
   Connect();
   Reload();
   search_->setFocus();

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "skin/look.h"
 #include "ui/help/help_key.h"
 #include "widgets/dialog_button.h"
 #include "widgets/form_rows.h"
@@ -82,6 +83,7 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
   layout->addWidget(outcome_);
   layout->addLayout(buttons);
   resize(440, sizeHint().height());
+  TakeDialogLook(*this);
 
   connect(name_, &QLineEdit::textChanged, this, &PersonDialog::Refresh);
   connect(addresses_, &QPlainTextEdit::textChanged, this, &PersonDialog::Refresh);

@@ -26,6 +26,7 @@ ProviderGuess GuessFor(MailAccount account) {
 class AccountDialogTest : public testing::Test {
  protected:
   AccountDialogTest() {
+    platform::Settings().SimpleUI = true;
     suggestion_.MyName = "root";
     suggestion_.MyAddress = "root@localhost";
     suggestion_.PostFolder = "/post";

@@ -18,6 +18,7 @@
 #include "platform/text_fields.h"
 #include "skin/colour_chart.h"
 #include "skin/layouts/skin_table.h"
+#include "skin/menu_colours.h"
 #include "skin/picture_file.h"
 #include "skin/system_button.h"
 #include "skin/window_region.h"
@@ -142,6 +143,16 @@ void Give(SkinPictures pictures, WindowSkin* skin) {
   if (skin) skin->Wear(std::move(pictures));
 }
 
+/// In the colours of the game list; a skin that lacks them fails where that is opened.
+void DressMenus() {
+  std::optional<GridColours> colours;
+  try {
+    if (!platform::Settings().SimpleUI) colours = ReadGameList();
+  } catch (const std::exception&) {
+  }
+  ColourMenus(colours);
+}
+
 /// The windows that wear a skin, from the oldest on.
 std::vector<QPointer<QWidget>> OpenSkinnedWindows() {
   const QWidgetList widgets = QApplication::topLevelWidgets();
@@ -176,6 +187,7 @@ bool ApplySkinToSystemTray() {
   auto pictures = Load(*FindSkinRow("SystemTray"));
   if (!pictures) return false;
   Give(std::move(*pictures), nullptr);
+  DressMenus();
   return true;
 }
 

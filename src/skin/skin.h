@@ -15,8 +15,8 @@ namespace ui {
 /// the skin failed.
 bool ApplySkin(QWidget& window);
 
-/// The same for the hidden window, whose strip the buttons of all others show; the program needs it
-/// in both looks, before its first window.
+/// The same for the hidden window, whose strip the buttons of all others show, and for all menus;
+/// the program needs it in both looks, before its first window.
 bool ApplySkinToSystemTray();
 
 /// Chooses another skin and puts it on all open windows, in their order. The first failure stops

@@ -6,6 +6,7 @@
 // PROGRAM_FOLDER is a laid out program folder, whose pictures the windows load. Games and settings
 // are imaginary. QT_SCALE_FACTOR=2 makes the sheet for a finer screen.
 #include <QApplication>
+#include <QFile>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -33,7 +34,11 @@
 #include "ui/games/held_mail_form.h"
 #include "ui/games/new_game_info.h"
 #include "ui/games/notify_form.h"
+#include "ui/games/welcome.h"
+#include "ui/help/help_window.h"
 #include "ui/people/account_dialog.h"
+#include "ui/people/address_book_dialog.h"
+#include "ui/people/person_dialog.h"
 #include "ui/program/about_box.h"
 #include "ui/program/credits.h"
 #include "ui/program/msg_form.h"
@@ -94,7 +99,9 @@ QImage Grabbed(QWidget& window) {
   shaped.setDevicePixelRatio(grabbed.devicePixelRatio());
   shaped.fill(Qt::transparent);
   QPolygonF outline;
-  for (const auto& point : ui::layouts::OutlineOf(window.objectName().toStdString())) {
+  auto points = ui::layouts::OutlineOf(window.objectName().toStdString());
+  if (points.empty()) points = ui::layouts::DialogOutline({window.width(), window.height()});
+  for (const auto& point : points) {
     outline << QPointF(point.x, point.y);
   }
   QPainterPath path;
@@ -213,6 +220,48 @@ Window NewAccount(const ChessGraphics&) {
   return std::make_unique<ui::AccountDialog>(account, help);
 }
 
+// Anna's friends, in no file.
+class SmallBook : public platform::AddressBook {
+ public:
+  std::vector<platform::BookEntry> People() override {
+    return {{{"Bob Achterberg", {"bob@example.org"}}, true},
+            {{"Eva Lindqvist", {"eva@example.org", "eva.lindqvist@example.net"}}, true},
+            {{"Max", {"max@example.org"}}, false}};
+  }
+  std::vector<platform::Recipient> Matches(const std::string&) override { return {}; }
+  void Add(const platform::Person&) override {}
+  void Change(const platform::Person&, const platform::Person&) override {}
+  void Remove(const platform::Person&) override {}
+  platform::ImportOutcome Import(const std::string&) override { return {}; }
+  bool IsUsableAddress(const std::string&) override { return true; }
+};
+
+Window NewAddressBook(const ChessGraphics&) {
+  static SmallBook book;
+  auto window = std::make_unique<ui::AddressBookDialog>(book, u"Whom do you want to play with?"_s,
+                                                        ui::AddressBookDialog::Pick::Many);
+  window->ImportFrom(u"empty.vcf"_s);
+  window->LookFor(u"eva"_s);
+  return window;
+}
+
+Window NewPerson(const ChessGraphics&) {
+  return std::make_unique<ui::PersonDialog>(u"Edit a person"_s,
+                                            platform::Person{"Eva Lindqvist", {"eva@example"}},
+                                            [](const std::string&) { return false; });
+}
+
+Window NewWelcome(const ChessGraphics&) { return std::make_unique<ui::Welcome>(ui::WaysToAGame{}); }
+
+Window NewHelp(const ChessGraphics&) {
+  QFile file(QString::fromStdString(platform::Process().ProgramFolder) + u"tvchess.hlp"_s);
+  if (!file.open(QFile::ReadOnly)) return std::make_unique<QWidget>();
+  auto window =
+      std::make_unique<ui::HelpWindow>(ui::ReadHelpBook(QString::fromUtf8(file.readAll())));
+  window->Open(ui::NameOfContext(platform::HelpOfBoard));
+  return window;
+}
+
 constexpr const char* states[] = {"Up", "Hover", "Down", "Disabled", "Focused"};
 
 void Place(QAbstractButton& button, int state, const QRect& place) {
@@ -283,6 +332,10 @@ constexpr NewWindow windows[] = {
     NewAbout,         // the program
     NewCredits,       // as they begin
     NewAccount,       // for a mailbox
+    NewAddressBook,   // while somebody is looked for
+    NewPerson,        // with a wrong address
+    NewWelcome,       // to one who has no game
+    NewHelp,          // on the board
     NewQuestion,      // two buttons
     NewReport,        // one button
     NewWarnings,      // about a position

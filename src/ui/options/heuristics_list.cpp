@@ -3,7 +3,10 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
+
+#include <algorithm>
 
 #include "ui/options/legible_blue.h"
 
@@ -20,27 +23,40 @@ constexpr int columnWidths[] = {350, 3000, 1000, 500, 1000, 500};
 constexpr int widthOfAll = 6350;
 
 constexpr int rowPadding = 4;
+constexpr int captionMargin = 5;
 
 bool IsHeading(int row) { return row > 0 && ai::HeuristicOnRow(row) < 0; }
 
 int HeadingAbove(int row) { return ai::heuristicRows[static_cast<std::size_t>(row)].under; }
 
-/// The captions of the values begin before their columns, which are as narrow as the values.
+int WidthOfCaption(const QHeaderView& heading, int column) {
+  const QString caption = heading.model()->headerData(column, Qt::Horizontal).toString();
+  return heading.fontMetrics().horizontalAdvance(caption) + 2 * captionMargin;
+}
+
+/// The captions of the values stand over two columns, and begin still earlier where those are too
+/// narrow: there is nothing above the ends of the names.
 class PairedHeading : public QHeaderView {
  public:
   explicit PairedHeading(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
 
  protected:
-  QSize sectionSizeFromContents(int section) const override {
-    return QHeaderView::sectionSizeFromContents(section) + QSize(0, fontMetrics().lineSpacing());
+  void paintSection(QPainter* painter, const QRect& rect, int section) const override {
+    if (section < BeforeCurrent) QHeaderView::paintSection(painter, rect, section);
+    if (section == Name) section = BeforeCurrent;
+    if (section < BeforeCurrent) return;
+    const int first = section - section % 2;
+    QHeaderView::paintSection(painter, PlaceOfCaption(first, rect), first);
   }
 
-  void paintSection(QPainter* painter, const QRect& rect, int section) const override {
-    if (section < BeforeCurrent) return QHeaderView::paintSection(painter, rect, section);
-    const int first = section - section % 2;
-    const QRect both(sectionViewportPosition(first), rect.y(),
-                     sectionSize(first) + sectionSize(first + 1), rect.height());
-    QHeaderView::paintSection(painter, both, first);
+ private:
+  QRect PlaceOfCaption(int first, QRect place) const {
+    const int end = sectionViewportPosition(first + 1) + sectionSize(first + 1);
+    const int width =
+        std::max(sectionSize(first) + sectionSize(first + 1), WidthOfCaption(*this, first));
+    place.setLeft(end - width);
+    place.setWidth(width);
+    return place;
   }
 };
 
@@ -73,11 +89,12 @@ HeuristicsList::HeuristicsList(QWidget* parent)
     : RowTable(QStringList(columns, {}), rowPadding, parent) {
   setHorizontalHeader(new PairedHeading(this));
   BecomeRowTable(*this, rowPadding);
-  horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter |
-                                          Qt::Alignment::fromInt(Qt::TextWordWrap));
   horizontalHeader()->setMinimumSectionSize(1);
   setHorizontalHeaderLabels(
       {{}, u"Heuristic"_s, u"Current Motivation"_s, {}, u"New Motivation"_s, {}});
+  for (const int column : {BeforeCurrent, BeforeNew}) {
+    horizontalHeaderItem(column)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  }
   setItemDelegate(new HeuristicsDelegate(*this));
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerPixel);
@@ -214,6 +231,14 @@ bool HeuristicsList::ActOn(int row, int key) {
     default:
       return false;
   }
+}
+
+/// The last caption has no room but its own two columns.
+QSize HeuristicsList::minimumSizeHint() const {
+  const int twips = columnWidths[BeforeNew] + columnWidths[New];
+  const int inside = WidthOfCaption(*horizontalHeader(), BeforeNew) * widthOfAll / twips;
+  return {inside + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
+          RowTable::minimumSizeHint().height()};
 }
 
 void HeuristicsList::keyPressEvent(QKeyEvent* event) {

@@ -42,6 +42,8 @@ class HeuristicsList : public RowTable {
   bool IsFolded(int heading) const { return folded_[static_cast<std::size_t>(heading)]; }
   void SetFolded(int heading, bool folded);
 
+  QSize minimumSizeHint() const override;
+
  Q_SIGNALS:
   void RowSelected();
 

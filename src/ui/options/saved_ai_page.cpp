@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int rowPadding = 4;
 constexpr int fileName = Qt::UserRole;  // as bytes, which may be no text
 
 void ReportError(const std::string& title, const std::string& text) {
@@ -55,12 +56,12 @@ SavedAIPage::SavedAIPage(HeuristicsPage& heuristics, QWidget* parent)
       heuristics_(heuristics),
       filesLabel_(new QLabel(u"Saved heuristics data files:"_s, this)),
       opSavedAIFiles_(new QListWidget(this)),
-      nameLabel_(new QLabel(u"Save current heuristic settings as:"_s, this)),
-      opSaveAIName_(new QLineEdit(this)),
-      save_(NewButton(*this, {"SaveAI", "SaveAIS"}, u"Save"_s, u"&Save"_s)),
       load_(NewButton(*this, {"LoadAI", "LoadAIS"}, u"Load"_s, u"&Load"_s)),
       delete_(NewButton(*this, {"DeleteAI", "DeleteAIS"}, u"Delete"_s, u"&Delete"_s)),
-      defaults_(NewButton(*this, {"AIDefault", "AIDefaultS"}, u"Defaults"_s, u"De&faults"_s)) {
+      defaults_(NewButton(*this, {"AIDefault", "AIDefaultS"}, u"Defaults"_s, u"De&faults"_s)),
+      nameLabel_(new QLabel(u"Save current heuristic settings as:"_s, this)),
+      opSaveAIName_(new QLineEdit(this)),
+      save_(NewButton(*this, {"SaveAI", "SaveAIS"}, u"Save"_s, u"&Save"_s)) {
   filesLabel_->setObjectName(u"Label13"_s);
   filesLabel_->setBuddy(opSavedAIFiles_);
   opSavedAIFiles_->setObjectName(u"opSavedAIFiles"_s);
@@ -131,6 +132,7 @@ void SavedAIPage::FillList() {
   opSavedAIFiles_->clear();
   for (const std::string& name : ai::ListAIFiles()) {
     auto* item = new QListWidgetItem(ShownLine(name), opSavedAIFiles_);
+    item->setSizeHint({0, opSavedAIFiles_->fontMetrics().height() + rowPadding});
     item->setData(fileName, QByteArray::fromStdString(name));
   }
   if (opSavedAIFiles_->count() > 0) opSavedAIFiles_->setCurrentRow(0);

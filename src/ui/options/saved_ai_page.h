@@ -46,12 +46,12 @@ class SavedAIPage : public QWidget {
   HeuristicsPage& heuristics_;
   QLabel* filesLabel_;
   QListWidget* opSavedAIFiles_;
-  QLabel* nameLabel_;
-  QLineEdit* opSaveAIName_;
-  QAbstractButton* save_;
   QAbstractButton* load_;
   QAbstractButton* delete_;
   QAbstractButton* defaults_;
+  QLabel* nameLabel_;
+  QLineEdit* opSaveAIName_;
+  QAbstractButton* save_;
 };
 
 }  // namespace ui

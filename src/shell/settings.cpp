@@ -133,12 +133,18 @@ bool LoadSettings() {
   variables.SearchDepth = ReadNumber(SearchDepth, 0, 4);
   variables.SysTrayIcons = ReadNumber(SysTrayIcons, 1, noLimit);
   variables.ShowToolTips = ReadFlag(ShowToolTips);
-  if (!LoadHeuristics()) return false;
   variables.Skin = ReadText(Skin);
   variables.DefaultView = ReadFlag(DefaultView);
   variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
   variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
-  return true;
+  return LoadHeuristics();
+}
+
+bool SetHeuristicsAside() {
+  const std::string name = "HeuristicsUnread";
+  std::string aside = name;
+  for (int i = 2; ReadRegistryOrRaise(productSection, aside); ++i) aside = name + std::to_string(i);
+  return WriteRegistry(productSection, {{aside, ReadText(Heuristics)}, {Heuristics.name, ""}});
 }
 
 void SaveSettings() {

@@ -6,10 +6,16 @@
 namespace shell {
 
 /// Sets all variables, the table of motivations and the polling interval from the store, the
-/// default standing in for what is missing. False where a number can't be read: the program must
-/// not start then. Raises platform::SettingsError, as UpgradeSettings does, where the store can't
-/// be read: a default that is saved later would take the place of what is there.
+/// default standing in for what is missing. False where that table can't be used: the others are
+/// set, but the program must not start then. Raises platform::SettingsError, as UpgradeSettings
+/// does, where the store can't be read: a default that is saved later would take the place of what
+/// is there.
 bool LoadSettings();
+
+/// Makes way for the factory's motivations where the stored ones can't be used: those are kept as
+/// HeuristicsUnread, or with a number behind that where such a one is kept already. False where
+/// they can't be; all is as it was then.
+bool SetHeuristicsAside();
 
 /// Writes all of them. A value that can't be written keeps its old content without a word.
 void SaveSettings();

@@ -3,7 +3,6 @@
 
 #include <exception>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 #include "mail/mail_session.h"
@@ -96,6 +95,26 @@ bool SettingsAreThere() {
   }
 }
 
+/// The motivations that are stored can't be used. True where the user goes on with the factory's.
+bool GoOnWithFactoryMotivations() {
+  ReportFailedStart();
+  if (Process().Stopping ||
+      !platform::ShowMessage(
+          platform::ErrorIcon, "Heuristics",
+          "The setting Heuristics can't be used: it must be 54 whole numbers from -32768 to 32767 "
+          "with a semicolon between each two.||Start with the computer's factory motivations?  "
+          "What the setting holds is kept beside it as HeuristicsUnread.",
+          "Start", "Quit")) {
+    return false;
+  }
+  if (SetHeuristicsAside()) return LoadSettings();
+  platform::ShowMessage(platform::ErrorIcon, "Heuristics",
+                        "The settings file can't be changed, so what the setting holds can't be "
+                        "kept, and Tarvolenix doesn't start.",
+                        "OK");
+  return false;
+}
+
 /// What must stand before the first skinned dialog, up to the first skinned dialogs themselves.
 /// False where the program must not start.
 bool PrepareLook() {
@@ -103,8 +122,9 @@ bool PrepareLook() {
   CheckDisplaySettings();
   if (Process().Stopping) return false;
   UpgradeSettings();
-  if (!LoadSettings()) throw std::runtime_error("a setting can't be read");
+  const bool hasMotivations = LoadSettings();  // told in the skin, which must be there first
   if (!Windows().ApplySkinToSystemTray()) return false;
+  if (!hasMotivations && !GoOnWithFactoryMotivations()) return false;
   CheckColourDepth();
   return !Process().Stopping;
 }

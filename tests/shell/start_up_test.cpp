@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/start_up.h"
 
+#include "ai/heuristics.h"
 #include "shell/game_file_check.h"
 #include "shell/shell_fixture.h"
 #include "shell/shut_down.h"
@@ -51,7 +52,11 @@ TEST_F(StartUpTest, AnAbortSavesNothingAndShowsNothingMore) {
   const std::pair<const char*, std::function<void()>> rows[] = {
       {"settings that can't be read", [this] { desktop.settings.unreadable = true; }},
       {"second instance", [this] { desktop.screen.anotherInstance = true; }},
-      {"motivations that are too few", [this] { Setting("Heuristics") = "1;2"; }},
+      {"motivations that are too few",
+       [this] {
+         Setting("Heuristics") = "1;2";
+         desktop.boxes.answers = {false};
+       }},
       {"splash window", [this] { desktop.windows.failing = {"splash"}; }},
   };
   Setting("DisplaySplash") = "True";
@@ -68,6 +73,25 @@ TEST_F(StartUpTest, AnAbortSavesNothingAndShowsNothingMore) {
     EXPECT_TRUE(Process().ShuttingDown);
     EXPECT_EQ(desktop.settings.groups, stored);
   }
+}
+
+TEST_F(StartUpTest, MotivationsThatCantBeUsedMakeWayForTheFactorysButAreKept) {
+  Setting("HeuristicsUnread") = "older";
+  Setting("Heuristics") = "88;two";
+  desktop.boxes.answers = {true, true};
+  desktop.settings.readOnly = true;
+  EXPECT_FALSE(StartUp());
+  EXPECT_EQ(Setting("Heuristics"), "88;two");
+  desktop.settings.readOnly = false;
+  Process() = {};
+  Happened();
+  EXPECT_TRUE(StartUp());
+  EXPECT_EQ(
+      Came(),
+      "message Initialisation error, message Heuristics, tray add 1 Tarvolenix - Nothing new");
+  EXPECT_EQ(Setting("HeuristicsUnread"), "older");
+  EXPECT_EQ(Setting("HeuristicsUnread2"), "88;two");
+  EXPECT_EQ(ai::Heuristics, ai::DefaultHeuristics());
 }
 
 TEST_F(StartUpTest, WithoutItsOneWindowTheProgramDoesNotRunUnseen) {

@@ -30,7 +30,7 @@ inline constexpr int systemButtonCorner = 10;
 /// the first to the seventh, a column for each state. A cell is the whole button but its caption,
 /// which the program writes, in black or 0x808080 as above, into `caption` of the cell, in one line
 /// or two: a light face again, with the icon above the caption.
-inline constexpr Strip toolbarButtons{{76, 52}, 4, 7, {26, 2, 24, 24}, {3, 27, 70, 24}};
+inline constexpr Strip toolbarButtons{{76, 52}, 4, 7, {26, 2, 24, 24}, {4, 27, 68, 23}};
 enum ToolbarColumn { ToolUp, ToolHover, ToolDown, ToolDisabled };
 
 /// The rows of "BoardButtons.bmp" by what the buttons do; those of "BoardSetupButtons.bmp" are

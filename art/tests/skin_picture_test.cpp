@@ -22,7 +22,7 @@ namespace {
 namespace layouts = ui::layouts;
 
 constexpr double kLegible = 4.5;
-constexpr int kScale = 2;
+constexpr int kScale = 3;
 // As much of a text's ground may be worse than legible: no letter is lost in it.
 constexpr double kSpeck = 0.02;
 

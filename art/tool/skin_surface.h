@@ -20,7 +20,7 @@
 namespace art {
 
 /// Backgrounds and button strips are drawn at twice the logical size.
-inline constexpr int kSkinScale = 2;
+inline constexpr int kSkinScale = 3;
 
 class SkinSurface {
  public:

@@ -7,6 +7,7 @@
 #include "app/display.h"
 #include "app/end_requests.h"
 #include "app/program.h"
+#include "app/screen_scale.h"
 #include "desktop/folders.h"
 #include "platform/process_state.h"
 #include "post/passwords.h"
@@ -30,7 +31,9 @@ int main(int argc, char** argv) {
     return 1;
   }
   const std::string commandLine = CommandLine(argc, argv);
+  app::ScaleWindows(desktop::ProgramFolder(), argc, argv);
   QApplication application(argc, argv);
+  app::KeepScaleToOneself();
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 

@@ -20,6 +20,7 @@ struct SettingVariables {
   int SysTrayIcons = 1;
   bool ShowToolTips = true;
   std::string Skin = "Tarvolenix Classic";
+  std::string WindowSize = "100";  ///< of the skinned windows, from the next start on
   bool DefaultView = false;  ///< always show the board from White's side
 
   // These two take effect at the next start: the live value rules this run, the saved one is

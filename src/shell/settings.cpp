@@ -48,6 +48,8 @@ constexpr Default SysTrayIcons{"SysTrayIcons", "1"};
 constexpr Default ShowToolTips{"ShowToolTips", "True"};
 constexpr Default Heuristics{"Heuristics", ""};
 constexpr Default Skin{"Skin", "Tarvolenix Classic"};
+constexpr Default WindowSize{"WindowSize", "100"};
+constexpr const char* newUsersWindowSize = "Auto";
 constexpr Default DefaultView{"DefaultView", "False"};
 constexpr Default SimpleUI{"SimpleUI", "False"};
 constexpr Default SystrayStartup{"SystrayStartup", "True"};
@@ -115,6 +117,7 @@ void CopySettings(const std::string& from) {
   }
   copy(SystrayStartup);
   copy(BppChecked);
+  WriteText(WindowSize, newUsersWindowSize);
 }
 
 }  // namespace
@@ -134,10 +137,20 @@ bool LoadSettings() {
   variables.SysTrayIcons = ReadNumber(SysTrayIcons, 1, noLimit);
   variables.ShowToolTips = ReadFlag(ShowToolTips);
   variables.Skin = ReadText(Skin);
+  variables.WindowSize = ReadText(WindowSize);
   variables.DefaultView = ReadFlag(DefaultView);
   variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
   variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
   return LoadHeuristics();
+}
+
+std::optional<std::string> WindowSizeAtStart() {
+  const auto read = [](const Default& setting) {
+    return platform::ReadRegistry(productSection, setting.name);
+  };
+  if (read(SimpleUI) == "True") return std::nullopt;
+  const bool isNew = platform::IsEmptyValue(read(DisplaySplash));
+  return ReturnValue(read(WindowSize), isNew ? newUsersWindowSize : WindowSize.value);
 }
 
 bool SetHeuristicsAside() {
@@ -164,6 +177,7 @@ void SaveSettings() {
   WriteFlag(ShowToolTips, variables.ShowToolTips);
   WriteText(Heuristics, ai::HeuristicsText());
   WriteText(Skin, variables.Skin);
+  WriteText(WindowSize, variables.WindowSize);
   WriteFlag(DefaultView, variables.DefaultView);
   WriteFlag(SimpleUI, variables.SimpleUISaved);
   WriteFlag(SystrayStartup, variables.SystrayStartupSaved);

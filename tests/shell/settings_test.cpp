@@ -75,7 +75,7 @@ TEST_F(SettingsTest, LoadTakesTheDefaultForNonsenseButRefusesABadTableOfMotivati
 // The first start leaves a complete store.
 TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   shell::UpgradeSettings();
-  EXPECT_EQ(Stored().size(), 18U);
+  EXPECT_EQ(Stored().size(), 19U);
   Stored().erase("BppChecked");
   for (auto& [name, value] : Stored()) {
     if (value == "True" || value == "False") value = value == "True" ? "False" : "True";
@@ -85,6 +85,7 @@ TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   Stored()["NotificationSoundWav"] = "";
   Stored()["NotificationMethod"] = "1";
   Stored()["ChessSet"] = "2000";
+  Stored()["WindowSize"] = "150";
   Stored()["ChessBoard"] = "Märmor";
   Stored()["Heuristics"] = FieldsOfHeuristics(54, "-32768");
   Values expected = Stored();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The skins: what a window needs of one, and what happens where that fails.
 #include "skin/window_region.h"
+#include "skin/window_scale.h"
 #include "ui/skin_fixture.h"
 
 namespace ui {
@@ -14,6 +15,28 @@ TEST(OutlineTest, EveryControlLiesWithinItsWindowsShape) {
       const QRect rect(control.rect.x, control.rect.y, control.rect.width, control.rect.height);
       EXPECT_TRUE(QRegion(rect).subtracted(shape).isEmpty()) << control.name;
     }
+  }
+}
+
+TEST(WindowScaleTest, TheBoardTakesItsShareAndAlwaysFits) {
+  const struct {
+    const char* size;
+    ScreenRoom screen;
+    double factor;
+  } rows[] = {
+      {"Auto", {1080, {1920, 1040}, 1}, 1.5},
+      {"Auto", {2160, {3840, 2160}, 1}, 3},
+      {"Auto", {4320, {7680, 4320}, 1}, 3},
+      {"Auto", {600, {1024, 600}, 1}, 1},
+      {"Auto", {2560, {1440, 2560}, 1}, 1440 / 733.0},
+      {"150", {2160, {3840, 2160}, 1}, 1.5},
+      {"200", {1080, {1920, 1080}, 1}, 1080 / 566.0},
+      {"100", {500, {800, 500}, 2}, 500 / 566.0},
+      {"100", {480, {800, 480}, 1}, 1},
+      {"huge", {2160, {3840, 2160}, 1}, 1},
+  };
+  for (const auto& [size, screen, factor] : rows) {
+    EXPECT_DOUBLE_EQ(WindowScaleFor(size, screen), factor) << size << " " << screen.height;
   }
 }
 

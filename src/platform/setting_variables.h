@@ -21,6 +21,8 @@ struct SettingVariables {
   bool ShowToolTips = true;
   std::string Skin = "Tarvolenix Classic";
   std::string WindowSize = "100";  ///< of the skinned windows, from the next start on
+  int BoardWidth = 0;  ///< of the plain board window; 0 until it was resized, as the next
+  int BoardHeight = 0;
   bool DefaultView = false;  ///< always show the board from White's side
 
   // These two take effect at the next start: the live value rules this run, the saved one is

@@ -50,6 +50,8 @@ constexpr Default Heuristics{"Heuristics", ""};
 constexpr Default Skin{"Skin", "Tarvolenix Classic"};
 constexpr Default WindowSize{"WindowSize", "100"};
 constexpr const char* newUsersWindowSize = "Auto";
+constexpr Default BoardWidth{"BoardWidth", "0"};
+constexpr Default BoardHeight{"BoardHeight", "0"};
 constexpr Default DefaultView{"DefaultView", "False"};
 constexpr Default SimpleUI{"SimpleUI", "False"};
 constexpr Default SystrayStartup{"SystrayStartup", "True"};
@@ -138,6 +140,8 @@ bool LoadSettings() {
   variables.ShowToolTips = ReadFlag(ShowToolTips);
   variables.Skin = ReadText(Skin);
   variables.WindowSize = ReadText(WindowSize);
+  variables.BoardWidth = ReadNumber(BoardWidth, 0, noLimit);
+  variables.BoardHeight = ReadNumber(BoardHeight, 0, noLimit);
   variables.DefaultView = ReadFlag(DefaultView);
   variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
   variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
@@ -178,6 +182,8 @@ void SaveSettings() {
   WriteText(Heuristics, ai::HeuristicsText());
   WriteText(Skin, variables.Skin);
   WriteText(WindowSize, variables.WindowSize);
+  WriteText(BoardWidth, std::to_string(variables.BoardWidth));
+  WriteText(BoardHeight, std::to_string(variables.BoardHeight));
   WriteFlag(DefaultView, variables.DefaultView);
   WriteFlag(SimpleUI, variables.SimpleUISaved);
   WriteFlag(SystrayStartup, variables.SystrayStartupSaved);

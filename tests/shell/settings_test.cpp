@@ -86,6 +86,7 @@ TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   Stored()["NotificationMethod"] = "1";
   Stored()["ChessSet"] = "2000";
   Stored()["WindowSize"] = "150";
+  Stored()["BoardWidth"] = Stored()["BoardHeight"] = "800";
   Stored()["ChessBoard"] = "Märmor";
   Stored()["Heuristics"] = FieldsOfHeuristics(54, "-32768");
   Values expected = Stored();

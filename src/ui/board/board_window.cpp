@@ -83,6 +83,12 @@ QGridLayout* NewSharedPlace(std::initializer_list<QWidget*> widgets) {
   return place;
 }
 
+/// Of the plain window, as the user has left it. Empty until he has resized it.
+QSize RememberedSize() {
+  const platform::SettingVariables& settings = platform::Settings();
+  return {settings.BoardWidth, settings.BoardHeight};
+}
+
 void SetBold(QWidget* widget, bool bold) {
   if (widget->font().bold() == bold) return;
   QFont font = widget->font();
@@ -158,7 +164,8 @@ void BoardWindow::SetSimpleUI() {
   layout->addWidget(picture_, 1);
   layout->addLayout(side);
   // As large as it likes, where the screen has room for it and its title bar.
-  resize(sizeHint().boundedTo(screen()->availableSize() - QSize(16, 48)));
+  const QSize size = RememberedSize().isEmpty() ? sizeHint() : RememberedSize();
+  resize(size.boundedTo(screen()->availableSize() - QSize(16, 48)));
 }
 
 /// What a window without a frame and a menu has of its own.
@@ -462,6 +469,13 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
   } else {
     QWidget::keyPressEvent(event);
   }
+}
+
+void BoardWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (!IsSimpleUI() || !isVisible() || isMaximized() || isFullScreen()) return;
+  platform::Settings().BoardWidth = width();
+  platform::Settings().BoardHeight = height();
 }
 
 void BoardWindow::closeEvent(QCloseEvent* event) {

@@ -40,8 +40,6 @@ class BoardWindow final : public QWidget, private board::BoardView {
   /// False where the window's skin failed: there is no game in it then.
   bool IsOpen() const { return open_; }
 
-  /// Whether the window has taken new button pictures, which other windows lack then.
-
   const board::Game& Logic() const { return board_; }
   const BoardPicture& Picture() const { return *picture_; }
 
@@ -49,6 +47,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   // What the logic asks for.

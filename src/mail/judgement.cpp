@@ -85,7 +85,7 @@ std::optional<StoredGame> FindGame(const Claim& claim, const ReceivedMail& mail)
     return platform::SameAddress(mail.address, game.GAME_OPPONENTS_EMAIL);
   });
   StoredGame found{his == games.end() ? games.front() : *his, {}};
-  if (!store::SelectMoves(found.moves, found.record.GAME_ID)) {
+  if (!store::SelectWholeMoves(found.moves, found.record.GAME_ID)) {
     throw StoreFailure("the moves can't be read");
   }
   return found;

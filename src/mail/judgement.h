@@ -22,7 +22,7 @@ inline constexpr const char* unknownAddress = "unknown@tarvolenix.invalid";
 
 struct StoredGame {
   store::GameRecord record;
-  store::MoveRecords moves;
+  store::MoveRecords moves;  ///< but a last one that is cut off, which a mail may bring again
 };
 
 /// The game that a claim is about: by our own number of it, which the sender knows since our first

@@ -34,6 +34,8 @@ std::string_view WithoutSurroundings(std::string_view content) {
   return content.substr(0, content.find('\0', last));
 }
 
+int FieldsOfMoves(std::string_view line) { return platform::CountFields(line, '|') - fixedFields; }
+
 void AppendValue(std::string& line, std::int32_t value) { line += std::to_string(value); }
 void AppendValue(std::string& line, bool value) { line += value ? "-1" : "0"; }
 void AppendValue(std::string& line, const std::string& value) { line += value; }
@@ -89,8 +91,17 @@ void ReadGameLine(std::string_view line, GameRecord& record) {
 }
 
 int StoredMoves(std::string_view line) {
-  const int fields = platform::CountFields(line, '|') - fixedFields;
-  return std::max(0, platform::RoundedQuotient(fields, fieldsOfMove));
+  return std::max(0, platform::RoundedQuotient(FieldsOfMoves(line), fieldsOfMove));
+}
+
+bool HoldsFewerMoves(std::string_view line, std::int32_t count) {
+  return FieldsOfMoves(line) < std::int64_t{count} * fieldsOfMove;
+}
+
+MoveRecords ReadWholeMoves(std::string_view line) {
+  MoveRecords moves = ReadMoves(line);
+  while (HoldsFewerMoves(line, static_cast<std::int32_t>(moves.size()))) moves.pop_back();
+  return moves;
 }
 
 MoveRecords ReadMoves(std::string_view line) {

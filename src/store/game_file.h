@@ -82,6 +82,13 @@ void ReadGameLine(std::string_view line, GameRecord& record);
 /// of their fields is rounded, a half to the even neighbour.
 int StoredMoves(std::string_view line);
 
+/// Whether a line holds fewer moves than `count`. One that is cut off isn't there: a game that
+/// brings it again mends the line.
+bool HoldsFewerMoves(std::string_view line, std::int32_t count);
+
+/// The moves of a line but a last one that is cut off. Raises as ReadMoves does.
+MoveRecords ReadWholeMoves(std::string_view line);
+
 /// The moves of a line. Raises std::invalid_argument where the number of one can't be read.
 MoveRecords ReadMoves(std::string_view line);
 

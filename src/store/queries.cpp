@@ -24,12 +24,22 @@ GameRecords MatchingGames(std::string_view content, std::string_view selection) 
   return games;
 }
 
-MoveRecords MovesOfGame(std::string_view content, std::int32_t gameID) {
-  LineWalk lines(content);
-  while (const auto line = lines.Next()) {
-    if (GameIDOfLine(*line) == gameID) return ReadMoves(*line);
+/// Fills `moves` with what `read` makes of the game's line.
+bool SelectMovesBy(MoveRecords (*read)(std::string_view line), MoveRecords& moves,
+                   std::int32_t gameID) {
+  moves.clear();
+  try {
+    const std::string content = ReadGameFile().value_or("");
+    LineWalk lines(content);
+    while (const auto line = lines.Next()) {
+      if (GameIDOfLine(*line) != gameID) continue;
+      moves = read(*line);
+      break;
+    }
+    return true;
+  } catch (const std::exception&) {
+    return false;
   }
-  return {};
 }
 
 }  // namespace
@@ -46,13 +56,11 @@ bool SelectGames(GameRecords& games, std::string_view selection, std::string_vie
 }
 
 bool SelectMoves(MoveRecords& moves, std::int32_t gameID) {
-  moves.clear();
-  try {
-    moves = MovesOfGame(ReadGameFile().value_or(""), gameID);
-    return true;
-  } catch (const std::exception&) {
-    return false;
-  }
+  return SelectMovesBy(ReadMoves, moves, gameID);
+}
+
+bool SelectWholeMoves(MoveRecords& moves, std::int32_t gameID) {
+  return SelectMovesBy(ReadWholeMoves, moves, gameID);
 }
 
 bool FindGame(std::optional<GameRecord>& game, std::int32_t gameID) {
@@ -69,6 +77,11 @@ std::string GameFileStamp() {
   } catch (const std::exception&) {
     return {};
   }
+}
+
+bool IsGameFileUnchanged(std::string& stamp) {
+  const std::string before = std::exchange(stamp, GameFileStamp());
+  return !stamp.empty() && stamp == before;
 }
 
 std::optional<std::int32_t> NextGameID() {

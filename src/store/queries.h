@@ -24,12 +24,19 @@ bool SelectGames(GameRecords& games, std::string_view selection, std::string_vie
 /// on any failure; damage behind the game's line disturbs nothing.
 bool SelectMoves(MoveRecords& moves, std::int32_t gameID);
 
+/// The same but for a last move that is cut off: what may stand when the game is sent again.
+bool SelectWholeMoves(MoveRecords& moves, std::int32_t gameID);
+
 /// Looks for one game; `game` is empty where it isn't there. False on any failure.
 bool FindGame(std::optional<GameRecord>& game, std::int32_t gameID);
 
 /// A text that differs from all earlier ones once the game file has changed, by this program or
 /// another; empty where there is none, or it can't be reached.
 std::string GameFileStamp();
+
+/// Whether the game file surely is what it was when `stamp` was taken here; takes it anew. Where
+/// what follows from that fails, clear it: the next look then reads the file again.
+bool IsGameFileUnchanged(std::string& stamp);
 
 /// The greatest GAME_ID plus 1; 1 without games. Nothing where the file can't be read: a number
 /// that wasn't worked out from the games could be one of theirs.

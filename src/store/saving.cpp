@@ -88,7 +88,7 @@ bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed) {
     std::string saved;
     const auto oldLine = CopyOtherGames(content, record.GAME_ID, saved);
     const bool newMove =
-        oldLine && !moves.empty() && StoredMoves(*oldLine) < moves.back().MoveNumber;
+        oldLine && !moves.empty() && HoldsFewerMoves(*oldLine, moves.back().MoveNumber);
     const bool news = !oldLine || newMove;
     if (changed && news) {
       *changed = true;
@@ -96,7 +96,8 @@ bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed) {
     }
     AppendGame(saved, record);
     const bool movesCount = news && !moves.empty();
-    const bool movesContinue = newMove && moves.size() == 1;
+    // Ahead of a first move there can only be what was left of it when it was cut off.
+    const bool movesContinue = newMove && moves.size() == 1 && moves.back().MoveNumber > 1;
     if (oldLine && (!movesCount || movesContinue)) saved += MovesText(*oldLine);
     if (movesCount) {
       for (const MoveRecord& move : moves) AppendMove(saved, move);

@@ -64,7 +64,8 @@ std::string PieceMove(const PlayedMove& move, const BoardSquares& boardBefore, L
   text += ColumnLetter(move.to);
   text += RowDigit(move.to);
   if (enPassant) text += "ep";
-  if (promotion) (text += '=') += LetterOf(move.piece);
+  // A pawn may have stayed one: nobody exchanges the computer's.
+  if (promotion && !IsPawn(move.piece)) (text += '=') += LetterOf(move.piece);
   return text;
 }
 

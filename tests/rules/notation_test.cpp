@@ -24,6 +24,7 @@ const NotationCase notationCases[] = {
     {"Black en passant with check", "pe4 Pd4", "e4d3", "exd3ep+", "d2d4", "+"},
     {"promotion with capture and check", "Pe7 rd8", "e7d8Q", "exd8=Q+", "", "+"},
     {"underpromotion of Black", "pa2", "a2a1n", "a1=N"},
+    {"a pawn that nobody exchanges", "pb2", "b2b1", "b1"},
     {"two rooks of one row", "Ra1 Rh1", "a1d1", "Rad1"},
     {"two rooks of one row, to the nearer's far side", "Ra1 Rb1", "b1d1", "Rbd1"},
     {"two rooks of one column", "Ra1 Ra5", "a1a3", "R1a3"},

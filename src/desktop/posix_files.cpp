@@ -7,10 +7,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <system_error>
 #include <thread>
@@ -141,6 +143,17 @@ std::string BehindLinks(const std::string& path) {
   return place ? place.get() : path;
 }
 
+/// The coarsest clock of a file system, that of a memory stick, strikes every two seconds. A time
+/// that lies ahead is another machine's, and tells nothing.
+bool WasJustChanged(const struct stat& status) {
+  return status.st_ctim.tv_sec + 3 > std::time(nullptr);
+}
+
+std::string NewNumber() {
+  static std::atomic<long> last = 0;
+  return std::to_string(++last).append(" new ");
+}
+
 bool IsFolder(const std::string& path, const dirent& entry) {
   if (entry.d_type == DT_DIR) return true;
   if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
@@ -171,9 +184,9 @@ std::string PosixFiles::Stamp(const std::string& path) {
     if (errno == ENOENT || errno == ENOTDIR) return {};
     Fail("look for", path);
   }
-  // A replaced file has another number, a rewritten one another time; what the clock is too coarse
-  // for, the size mostly tells.
-  std::string stamp;
+  // A replaced file has another number, a rewritten one another time. One more change within the
+  // same stroke of the file system's clock would show in neither.
+  std::string stamp = WasJustChanged(status) ? NewNumber() : "";
   for (const auto part :
        {static_cast<long long>(status.st_ino), static_cast<long long>(status.st_size),
         static_cast<long long>(status.st_mtim.tv_sec),

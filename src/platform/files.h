@@ -29,7 +29,8 @@ class Files {
   virtual std::string Read(const std::string& path) = 0;
 
   /// A text that differs from all earlier ones once the file was written or replaced, whoever did
-  /// it; empty where there is no file. Cheap: the content isn't read.
+  /// it; empty where there is no file. Cheap: the content isn't read. Of a file that has just been
+  /// changed it may differ each time.
   virtual std::string Stamp(const std::string& path) = 0;
 
   /// Creates the file or replaces what it held, and returns when it is on the disk. A failure may

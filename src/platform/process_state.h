@@ -55,6 +55,8 @@ struct ProcessState {
   long SessionLookedAt = 0;         ///< the mail session whose Inbox a tick looks at; 0 none
   std::string BackedUpGameFile;     ///< the stamp of the game file that the backup equals
   std::string ListedGameFileStamp;  ///< of the game file that a tick filled the game list from
+  std::string ArrivalsStamp;        ///< of the game file that ArrivalsSeen tells of
+  bool ArrivalsSeen = false;        ///< a game in it waits for the user's move
 
   std::string ProgramFolder;  ///< ends in "/"
   std::string DataPath;       ///< folder of the game file and the sounds; ends in "/"

@@ -38,9 +38,7 @@ bool MayCollect() {
 /// so it is never older than what was noted here.
 void RefillGameList() {
   if (!Process().GameListOpen) return;
-  std::string stamp = store::GameFileStamp();
-  if (stamp == Process().ListedGameFileStamp) return;
-  Process().ListedGameFileStamp = std::move(stamp);
+  if (store::IsGameFileUnchanged(Process().ListedGameFileStamp)) return;
   Windows().FillGameList(Windows().SelectedGame());
 }
 

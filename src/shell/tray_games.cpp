@@ -21,9 +21,11 @@ std::string HeadingOf(const store::GameRecord& game) {
 
 }  // namespace
 
-std::vector<TrayGameEntry> TrayGameEntries() {
+std::optional<std::vector<TrayGameEntry>> NewTrayGameEntries(std::string& shown) {
+  if (store::IsGameFileUnchanged(shown)) return std::nullopt;
   store::GameRecords games;
-  store::SelectGames(games, {}, "Game_status;A;Game_opponents_name;A;Game_date;D");
+  const char* const sort = "Game_status;A;Game_opponents_name;A;Game_date;D";
+  if (!store::SelectGames(games, {}, sort)) shown.clear();
   std::vector<TrayGameEntry> entries;
   std::string group;
   for (const store::GameRecord& game : games) {

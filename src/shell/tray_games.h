@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,9 @@ struct TrayGameEntry {
   std::int32_t gameID = -1;  ///< of a game
 };
 
-/// The entries from top to bottom; at least one.
-std::vector<TrayGameEntry> TrayGameEntries();
+/// The entries from top to bottom, at least one; nothing where they are those that the menu shows
+/// already. `shown`: the stamp of the game file that they were made from, which is kept up to date
+/// here.
+std::optional<std::vector<TrayGameEntry>> NewTrayGameEntries(std::string& shown);
 
 }  // namespace shell

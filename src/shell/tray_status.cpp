@@ -41,8 +41,12 @@ void SetTrayIcon(TrayOperation operation, int kind, const std::string& tip) {
 }
 
 bool AnyNewArrivals() {
+  platform::ProcessState& process = Process();
+  if (store::IsGameFileUnchanged(process.ArrivalsStamp)) return process.ArrivalsSeen;
   store::GameRecords games;
-  return store::SelectGames(games, "Game_status;1") && !games.empty();
+  if (!store::SelectGames(games, "Game_status;1")) process.ArrivalsStamp.clear();
+  process.ArrivalsSeen = !games.empty();
+  return process.ArrivalsSeen;
 }
 
 void UpdateTrayStatus(TrayOperation operation) {

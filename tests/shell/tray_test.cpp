@@ -28,6 +28,10 @@ TEST_F(TrayTest, TheIconTellsTheConnectionFirstAndThenTheGameFile) {
     Store(1, row.status);
     UpdateTrayStatus(TrayOperation::Modify);
     EXPECT_TRUE(Happened().starts_with(row.shown)) << row.name;
+    desktop.files.operations.clear();
+    UpdateTrayStatus(TrayOperation::Modify);
+    EXPECT_TRUE(Happened().starts_with(row.shown)) << row.name;
+    EXPECT_TRUE(desktop.files.operations.empty()) << "the games are as they were";
   }
 }
 

@@ -116,8 +116,10 @@ void TrayMenu::Refresh() {
 }
 
 void TrayMenu::BuildGames() {
+  const auto entries = shell::NewTrayGameEntries(gameFileStamp_);
+  if (!entries) return;
   games_->clear();
-  for (const shell::TrayGameEntry& entry : shell::TrayGameEntries()) {
+  for (const shell::TrayGameEntry& entry : *entries) {
     if (entry.kind == shell::TrayGameEntry::Separator) {
       games_->addSeparator();
       continue;

@@ -27,7 +27,7 @@ class TrayMenu : public QMenu {
  public:
   explicit TrayMenu(const TrayMenuActions& actions);
 
-  /// `mnuPopupGameList`: what the store holds just now.
+  /// `mnuPopupGameList`: what the store holds just now; left as it is while that doesn't change.
   void BuildGames();
 
   bool OffersOpen() const { return open_->isEnabled(); }
@@ -45,6 +45,7 @@ class TrayMenu : public QMenu {
   QAction* open_;
   QAction* newGame_;
   QMenu* games_;
+  std::string gameFileStamp_;  // of the game file that the games are from
   QAction* retrieve_;
   QAction* account_;
   QAction* heldMails_;

@@ -89,6 +89,7 @@ std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool
   const StatusPopup popup(showStatus);
   popup.Show("Retrieving games...");
   platform::Process().PendingGames.clear();
+  platform::Process().NewMoveArrived = false;  // no file may come that would say so
   std::vector<MoveArrival> arrivals;
   if (!TakeFiles(paths, userPicks, arrivals)) return arrivals;
   store::BackupDatabase();

@@ -50,6 +50,15 @@ TEST_F(PollingLoopTest, ATickDoesWhatItsStateAllows) {
   }
 }
 
+TEST_F(PollingLoopTest, AMoveFileIsHeardOfOnce) {
+  Process().StandAlone = true;
+  platform::Settings().NotificationMethod = 1;
+  desktop.files.content["/program/Data/Cmove1.txt"] =
+      mail::BuildMailBody(Game(7, 2, "Me"), {{1, "5254", "e4", "Hi"}});
+  for (int tick = 1; tick <= 3; ++tick) CheckTimerTick();
+  EXPECT_EQ(desktop.sounds.played.size(), 1U);
+}
+
 TEST_F(PollingLoopTest, AnAnswerIsTakenWithoutWaiting) {
   desktop.mail.answersLater = true;
   MoveArrives();

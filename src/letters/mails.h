@@ -30,6 +30,7 @@ struct OutgoingMail {
   std::vector<Mailbox> to;
   std::string subject;
   std::string text;
+  std::string thread = {};  ///< letters, digits and "-"; blank where the mail belongs to nothing
 };
 
 }  // namespace letters

@@ -29,11 +29,18 @@ void Compose(const OutgoingGame& game) {
   messages.RecipAddress(record.GAME_OPPONENTS_EMAIL);
   messages.RecipDisplayName(record.GAME_HOST ? record.GAME_BLACK_NAME : record.GAME_WHITE_NAME);
   messages.RecipType(1);
+  messages.MsgThread(ThreadOf(record));
   messages.MsgSubject(BuildMailSubject(game.moves));
   messages.MsgNoteText(BuildMailBody(record, game.moves));
 }
 
 }  // namespace
+
+std::string ThreadOf(const store::GameRecord& record) {
+  const std::int32_t hostsID = record.GAME_HOST ? record.GAME_ID : record.GAME_OPPONENTS_ID;
+  std::string thread = record.GAME_DATESTAMP;
+  return thread.append("-").append(std::to_string(hostsID));
+}
 
 OutgoingGame LoadOutgoingGame(std::int32_t gameID) {
   std::optional<store::GameRecord> record;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "store/game_record.h"
 
@@ -13,6 +14,9 @@ struct OutgoingGame {
   store::GameRecord record;
   store::MoveRecords moves;  ///< at least one
 };
+
+/// What all mails of a game have in common, in both players' copies.
+std::string ThreadOf(const store::GameRecord& record);
 
 /// Raises std::exception where the store can't be read, and where it has no move of such a game.
 OutgoingGame LoadOutgoingGame(std::int32_t gameID);

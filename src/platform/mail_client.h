@@ -76,6 +76,10 @@ class MAPIMessages {
   virtual std::string MsgNoteText() = 0;
   virtual void MsgNoteText(const std::string& text) = 0;
 
+  /// What the outgoing mail belongs to: a newer mail of the same thread says all that an older one
+  /// says. Blank where it belongs to nothing.
+  virtual void MsgThread(const std::string& thread) = 0;
+
   virtual std::string MsgOrigDisplayName() = 0;
   virtual std::string MsgOrigAddress() = 0;
 

@@ -71,6 +71,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void MsgSubject(const std::string& subject) override { outgoing_.subject = subject; }
   std::string MsgNoteText() override;
   void MsgNoteText(const std::string& text) override { outgoing_.text = text; }
+  void MsgThread(const std::string& thread) override { outgoing_.thread = thread; }
   std::string MsgOrigDisplayName() override;
   std::string MsgOrigAddress() override;
   int RecipCount() override { return static_cast<int>(outgoing_.to.size()); }

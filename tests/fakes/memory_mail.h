@@ -74,6 +74,7 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
 
   void MsgSubject(const std::string& subject) override { subject_ = subject; }
   void MsgNoteText(const std::string& text) override { text_ = text; }
+  void MsgThread(const std::string&) override {}
   int RecipCount() override { return static_cast<int>(recipients_.size()); }
   void RecipIndex(int index) override { recipient_ = static_cast<std::size_t>(index); }
   std::string RecipAddress() override { return recipients_.at(recipient_).address; }

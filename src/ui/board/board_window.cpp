@@ -46,6 +46,7 @@
 #include "ui/board/trash.h"
 #include "widgets/cut_text.h"
 #include "widgets/disabled_window.h"
+#include "widgets/menu_opener.h"
 #include "widgets/plain_text_view.h"
 #include "widgets/shown_text.h"
 
@@ -187,7 +188,7 @@ void BoardWindow::AddSkinnedControls() {
   struct MenuButton {
     const char* name;
     const char* caption;
-    void (BoardWindow::*show)(QPoint place);
+    void (BoardWindow::*show)(QPoint place, QAbstractButton* opener);
   };
   static constexpr MenuButton menus[] = {
       {"Menu1Button", "Actions", &BoardWindow::ShowActionsMenu},
@@ -197,7 +198,7 @@ void BoardWindow::AddSkinnedControls() {
     button->setText(QLatin1StringView(entry.caption));
     // As a menu does, on the press; the menu takes the release.
     connect(button, &SystemButton::pressed, this, [this, button, show = entry.show] {
-      (this->*show)(mapToGlobal(button->Place().bottomLeft() + QPoint(0, 1)));
+      (this->*show)(mapToGlobal(button->Place().bottomLeft() + QPoint(0, 1)), button);
       button->setDown(false);
     });
   }
@@ -417,17 +418,23 @@ bool BoardWindow::LeaveComment() {
   return true;
 }
 
-void BoardWindow::ShowActionsMenu(QPoint place) {
+/// Opened by a button, the menu leaves the keys to the board. What is chosen may close the window.
+void BoardWindow::PopUp(const std::unique_ptr<QMenu>& menu, QPoint place, QAbstractButton* opener) {
+  if (opener) GiveKeysBack(*menu, *picture_, opener);
+  menu->exec(place);
+}
+
+void BoardWindow::ShowActionsMenu(QPoint place, QAbstractButton* opener) {
   if (board_.ComputerThinking) return;
   const BoardActions actions{[this](int button) { ClickToolbar(button); },
                              [this] {
                                if (!LeaveComment()) board::OfferDraw(board_);
                              }};
   const bool setup = platform::Process().BoardSetupMode;
-  (setup ? NewSetupMenu(board_, actions) : NewActionsMenu(board_, actions))->exec(place);
+  PopUp(setup ? NewSetupMenu(board_, actions) : NewActionsMenu(board_, actions), place, opener);
 }
 
-void BoardWindow::ShowHistoryMenu(QPoint place) {
+void BoardWindow::ShowHistoryMenu(QPoint place, QAbstractButton* opener) {
   if (board_.Moves.Count() == 0 || platform::Process().BoardSetupMode) return;
   const auto toggleHilight = [this] {
     if (board_.HilightVisible) {
@@ -437,7 +444,7 @@ void BoardWindow::ShowHistoryMenu(QPoint place) {
     }
   };
   const auto select = [this](int row) { board::MoveList_RowColChange(board_, row); };
-  NewHistoryMenu(board_, {toggleHilight, select})->exec(place);
+  PopUp(NewHistoryMenu(board_, {toggleHilight, select}), place, opener);
 }
 
 void BoardWindow::ShowPiecePalleteMenu(QPoint point) {

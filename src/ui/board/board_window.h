@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include <array>
+#include <memory>
 
 #include "board/game.h"
 #include "ui/board/board_picture.h"
@@ -16,6 +17,7 @@
 
 class QAbstractButton;
 class QLabel;
+class QMenu;
 
 namespace ui {
 
@@ -70,8 +72,9 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void ClickToolbar(int button, bool byMouse = false);
   void TakeTurns(int button);
   bool LeaveComment();
-  void ShowActionsMenu(QPoint place);
-  void ShowHistoryMenu(QPoint place);
+  void PopUp(const std::unique_ptr<QMenu>& menu, QPoint place, QAbstractButton* opener);
+  void ShowActionsMenu(QPoint place, QAbstractButton* opener = nullptr);
+  void ShowHistoryMenu(QPoint place, QAbstractButton* opener = nullptr);
   void ShowPiecePalleteMenu(QPoint point);
 
   const ChessGraphics& graphics_;

@@ -30,6 +30,7 @@
 #include "ui/games/game_list_grid.h"
 #include "ui/games/game_list_model.h"
 #include "widgets/disabled_window.h"
+#include "widgets/menu_opener.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -114,13 +115,6 @@ QPoint PlaceBelow(const QWidget& button) {
   const auto* skinned = qobject_cast<const SystemButton*>(&button);
   const QRect place = skinned ? skinned->Place() : button.geometry();
   return button.window()->mapToGlobal(place.bottomLeft() + QPoint(0, 1));
-}
-
-/// A button below which a menu was open was never told that the pointer has left it.
-void TellWhereThePointerIs(QAbstractButton& button) {
-  if (button.rect().contains(button.mapFromGlobal(QCursor::pos()))) return;
-  QEvent left(QEvent::Leave);
-  QCoreApplication::sendEvent(&button, &left);
 }
 
 void SetTip(const QWidget& window, const char* name, const char* tip) {
@@ -301,11 +295,7 @@ void GameInterface::SetToolbarButton(int button, bool enabled) {
 
 void GameInterface::PopUp(InterfaceMenu menu, QPoint place, QAbstractButton* opener) {
   auto opened = NewInterfaceMenu(menu, *this, errands_);
-  // The keys are the games' again, whoever had them before.
-  connect(opened.get(), &QMenu::aboutToHide, grid_, [this, opener] {
-    grid_->setFocus();
-    if (opener) TellWhereThePointerIs(*opener);
-  });
+  GiveKeysBack(*opened, *grid_, opener);
   errands_.popUp(std::move(opened), place);
 }
 

@@ -43,8 +43,8 @@ BoardControls Controls(const Game& game) {
       !OpponentIsReachable(game) &&
       (!Process().ComputerGame || ThePosition().CheckmateFlag || game.Surrendered);
   const std::string& lastText = game.Moves.Last().MoveText;
-  const bool lastEnded =
-      lastText.ends_with("++") || lastText == "Surrender" || lastText == "0-1" || lastText == "1-0";
+  const bool lastEnded = lastText.ends_with("++") || lastText.ends_with("1/2-1/2") ||
+                         lastText == "Surrender" || lastText == "0-1" || lastText == "1-0";
 
   BoardControls controls;
   controls.undo = controls.send = !cut && atEnd && EntryIsPending(game);

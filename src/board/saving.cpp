@@ -91,7 +91,7 @@ Storing StorePendingMove(Game& game) {
     const std::int32_t gameID = Process().CurrentGameID;
     std::optional<store::GameRecord> known;
     store::MoveRecords stored;
-    if (!store::FindGame(known, gameID) || !store::SelectMoves(stored, gameID)) {
+    if (!store::FindGame(known, gameID) || !store::SelectWholeMoves(stored, gameID)) {
       return Storing::Failed;
     }
     // Only a new game has no record yet; another one was deleted behind the board's back.

@@ -131,6 +131,17 @@ std::string_view MovesText(std::string_view line) {
   return end == std::string_view::npos ? std::string_view{} : line.substr(end);
 }
 
+std::string_view WholeMovesText(std::string_view line) {
+  const std::string_view text = MovesText(line);
+  std::size_t whole = 0;
+  std::size_t field = 0;  // each begins with its "|"
+  for (int i = 1; field != std::string_view::npos && field < text.size(); ++i) {
+    field = text.find('|', field + 1);
+    if (i % fieldsOfMove == 0) whole = std::min(field, text.size());
+  }
+  return text.substr(0, whole);
+}
+
 void AppendGame(std::string& line, const GameRecord& record) {
   for (const GameField& field : gameFields) {
     if (&field != &gameFields.front()) line += '|';

@@ -95,6 +95,9 @@ MoveRecords ReadMoves(std::string_view line);
 /// All that stands behind the fixed fields, with its leading "|"; empty where nothing does.
 std::string_view MovesText(std::string_view line);
 
+/// The same without a last move that is cut off.
+std::string_view WholeMovesText(std::string_view line);
+
 /// Appends the fixed fields of a line, or the fields of one more move.
 void AppendGame(std::string& line, const GameRecord& record);
 void AppendMove(std::string& line, const MoveRecord& move);

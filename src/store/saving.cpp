@@ -96,9 +96,9 @@ bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed) {
     }
     AppendGame(saved, record);
     const bool movesCount = news && !moves.empty();
-    // Ahead of a first move there can only be what was left of it when it was cut off.
-    const bool movesContinue = newMove && moves.size() == 1 && moves.back().MoveNumber > 1;
-    if (oldLine && (!movesCount || movesContinue)) saved += MovesText(*oldLine);
+    const bool movesContinue = newMove && moves.size() == 1;
+    if (movesContinue) saved += WholeMovesText(*oldLine);
+    if (oldLine && !movesCount) saved += MovesText(*oldLine);
     if (movesCount) {
       for (const MoveRecord& move : moves) AppendMove(saved, move);
     }

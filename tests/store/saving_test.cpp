@@ -60,6 +60,16 @@ TEST_F(SavingTest, SaveGameKeepsAppendsOrReplacesMoves) {
   }
 }
 
+TEST_F(SavingTest, AMoveThatIsCutOffMakesWayForTheNext) {
+  for (const char* rest : {"|2", "|2|5755", "|2|5755|e5"}) {
+    SetGameFile(Line(Game(1)) + Text(Moves('s', 1, 1)) + rest + "\r\n");
+    GameRecord game = Game(1);
+    EXPECT_TRUE(SaveGame(game, Moves('p', 2, 2)));
+    EXPECT_EQ(FileText("Tvgdb.dat"),
+              Line(game) + Text(Moves('s', 1, 1) + Moves('p', 2, 2)) + "\r\n");
+  }
+}
+
 TEST_F(SavingTest, OtherLinesAreCopiedAsTheyAre) {
   const std::string odd = "2| odd \xFF\x80 |||\r|";
   SetGameFile(odd + "\n" + "7.0|damaged" + "\r\n" + Line(Game(1)));

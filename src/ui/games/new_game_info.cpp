@@ -279,6 +279,7 @@ void NewGameInfo::Tick() {
 
 /// Who presses OK doesn't wait for the lookup first. True where OK can be pressed.
 bool NewGameInfo::LookUpForOk() {
+  if (Game_opponents_name_->hasFocus() && Game_opponents_email_->text().isEmpty()) LeaveName();
   Tick();
   return ok_->isEnabled();
 }

@@ -31,14 +31,15 @@ std::optional<std::string> ChosenSize(const std::string& programFolder) {
   return size;
 }
 
-/// The one on which the windows open.
-ui::ScreenRoom LookAtScreen(int argc, char** argv) {
+/// The one on which the windows open, where there is one just now.
+std::optional<ui::ScreenRoom> LookAtScreen(int argc, char** argv) {
   std::vector<char*> arguments(argv, argv + argc + 1);  // the toolkit takes some of them out
   const QGuiApplication look(argc, arguments.data());
-  const QScreen& screen = *QGuiApplication::primaryScreen();
-  const QSize available = screen.availableSize();
-  return {
-      screen.size().height(), {available.width(), available.height()}, screen.devicePixelRatio()};
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  if (!screen) return std::nullopt;
+  const QSize available = screen->availableSize();
+  return ui::ScreenRoom{
+      screen->size().height(), {available.width(), available.height()}, screen->devicePixelRatio()};
 }
 
 }  // namespace
@@ -46,8 +47,9 @@ ui::ScreenRoom LookAtScreen(int argc, char** argv) {
 void ScaleWindows(const std::string& programFolder, int argc, char** argv) {
   before = qgetenv(variable);
   const auto size = ChosenSize(programFolder);
-  if (!size) return;
-  const double factor = ui::WindowScaleFor(*size, LookAtScreen(argc, argv));
+  const auto screen = size ? LookAtScreen(argc, argv) : std::nullopt;
+  if (!screen) return;
+  const double factor = ui::WindowScaleFor(*size, *screen);
   const double own = before.isEmpty() ? 1 : before.toDouble();
   qputenv(variable, QByteArray::number(own * factor));
 }

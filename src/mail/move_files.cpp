@@ -16,7 +16,6 @@
 #include "platform/seams.h"
 #include "platform/whole_file.h"
 #include "store/database_lock.h"
-#include "store/queries.h"
 #include "store/repair.h"
 #include "store/saving.h"
 
@@ -84,20 +83,6 @@ bool TakeFiles(const std::vector<std::string>& paths, bool userPicks,
   return false;
 }
 
-/// Where the game's next move goes, because a file doesn't say who sent it.
-std::string WhereMovesGo(std::int32_t gameID) {
-  std::optional<store::GameRecord> game;
-  if (!store::FindGame(game, gameID) || !game) return {};
-  const std::string& address = game->GAME_OPPONENTS_EMAIL;
-  if (address != unknownAddress) {
-    return "||A file has no sender, so your moves go to " + game->GAME_OPPONENTS_NAME + " at " +
-           address + " as before.";
-  }
-  return "||A file has no sender, so your moves can't be mailed to your opponent until a mail of "
-         "his "
-         "has come for this game.";
-}
-
 std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool showStatus,
                                      bool userPicks) {
   const platform::PollingHold hold;
@@ -111,9 +96,8 @@ std::vector<MoveArrival> ImportPaths(const std::vector<std::string>& paths, bool
   platform::TheSeams().tray->BuildGameMenu();
   if (userPicks && arrivals.front().ok) {
     platform::ShowMessage(platform::MailIcon, "Game import",
-                          "The game has been successfully imported." +
-                              WhereMovesGo(arrivals.front().gameID.value_or(0)),
-                          "OK", {}, false, platform::AttentionSound);
+                          "The game has been successfully imported.", "OK", {}, false,
+                          platform::AttentionSound);
   }
   if (userPicks && !arrivals.front().held.empty()) {
     platform::ShowMessage(platform::MailIcon, "Mails set aside",

@@ -92,7 +92,7 @@ TEST_F(NewGameTest, ANameIsLookedForAfterADelay) {
   EXPECT_TRUE(desktop_.mail.calls.empty()) << "it is looked for once";
   Field(*dialog_, "Game_opponents_name").setFocus();
   Field(*dialog_, "Game_opponents_name").selectAll();
-  QTest::keyClicks(&Field(*dialog_, "Game_opponents_name"), "Ma");
+  QTest::keyClicks(&Field(*dialog_, "Game_opponents_name"), QStringLiteral("Ma"));
   QTest::mouseClick(&Find(*dialog_, "OkButton"), Qt::LeftButton);
   EXPECT_EQ(Opponent(), "Max, m@x.org") << "OK doesn't wait for the delay";
   EXPECT_FALSE(dialog_->isVisible());

@@ -87,6 +87,7 @@ Program::~Program() { HurryTests(); }
 bool Program::Start() { return shell::StartUp(); }
 
 void Program::End() {
+  HurryTests();
   if (desktop_->Events().IsWaiting()) {
     desktop_->Mail().Hurry();
     if (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();

@@ -23,7 +23,7 @@ class AccountCheck {
   /// isn't there yet. Takes its time: not for the window's thread.
   std::string Problem();
 
-  /// Callable from any thread: nobody wants to know any more. Ends in a few seconds.
+  /// Callable from any thread: nobody wants to know any more. Ends within a second.
   void Hurry();
 
  private:

@@ -126,17 +126,26 @@ void MailService::SignOn() {
   Telling([this] {
     const AccountAnswer answer = Account();
     account_ = answer.account;
-    // Made and, where it can't be opened, destroyed on its own thread.
-    const auto opened = std::make_shared<std::shared_ptr<MailTransport>>();
-    thread_.Run([opened, make = make_, answer] {
-      std::shared_ptr<MailTransport> transport =
-          make(answer.account, answer.password.value_or(std::string{}));
-      transport->Open();
-      *opened = std::move(transport);
-    });
-    transport_ = std::move(*opened);
+    Open(answer);
     session_ = ++lastSession_;
   });
+}
+
+/// The transport is made and, where it can't be opened, destroyed on its own thread. It is known
+/// here ahead of that, so that it can be hurried.
+void MailService::Open(const AccountAnswer& answer) {
+  const auto made = std::make_shared<std::shared_ptr<MailTransport>>();
+  thread_.Run([made, make = make_, answer] {
+    *made = make(answer.account, answer.password.value_or(std::string{}));
+  });
+  opening_ = std::move(*made);
+  try {
+    thread_.Run([transport = opening_] { transport->Open(); });
+  } catch (...) {
+    thread_.Post([transport = std::exchange(opening_, nullptr)] {});
+    throw;
+  }
+  transport_ = std::move(opening_);
 }
 
 void MailService::SignOff() {

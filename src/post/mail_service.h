@@ -41,9 +41,11 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   MailService(platform::Events& events, Passwords& passwords, AskAccount ask = {},
               MakeTransport make = MakeMailTransport);
 
-  /// The user is waiting to leave: what is under way is given up in a few seconds. A logon is not.
+  /// The user is waiting to leave: what is under way is given up within a second.
   void Hurry() {
-    if (transport_) transport_->Hurry();
+    for (const auto& transport : {opening_, transport_}) {
+      if (transport) transport->Hurry();
+    }
   }
 
   // SignOn, Fetch and Send let events run while they wait. An event that calls one of the three
@@ -102,6 +104,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
 
   AccountAnswer Account();
   AccountAnswer StoredAccount() const;
+  void Open(const AccountAnswer& answer);
   std::shared_ptr<Listing> List();
   bool IsCurrent(const std::shared_ptr<Listing>& listing) const;
   template <typename Work>
@@ -120,6 +123,7 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
 
   MailAccount account_;
   std::shared_ptr<MailTransport> transport_;  // used on the mail thread only
+  std::shared_ptr<MailTransport> opening_;    // the same, while a logon is under way
   long session_ = 0;                          // 0 while not signed on
   long lastSession_ = 0;
   std::shared_ptr<const bool> audience_;  // goes when nobody wants to hear of prefetches any more

@@ -49,7 +49,7 @@ class MailTransport {
 
   virtual void Close() = 0;
 
-  /// Callable from any thread: the user is waiting to leave. What isn't done in a few seconds more
+  /// Callable from any thread: the user is waiting to leave. What isn't done within half a second
   /// raises, and so does everything behind it.
   virtual void Hurry() {}
 };

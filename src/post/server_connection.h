@@ -43,12 +43,18 @@ class ServerConnection {
   /// encryption for another machine.
   ServerConnection(const char* protocol, const ServerAddress& server, const Patience& patience);
 
+  /// Says goodbye where that is due, and doesn't wait for an answer.
+  ~ServerConnection();
+  ServerConnection(const ServerConnection&) = delete;
+  ServerConnection& operator=(const ServerConnection&) = delete;
+
   CURL* Handle() const { return curl_.get(); }
 
   /// Has the user logged on as soon as the connection stands. For SMTP only.
   void LogOnAs(const Login& login);
 
-  /// Goes as far as the handle's options say. Raises LoginRefused, ConnectionLost or MailError.
+  /// Goes as far as the handle's options say, once. Raises LoginRefused, ConnectionLost or
+  /// MailError.
   void Perform();
 
  private:
@@ -59,8 +65,13 @@ class ServerConnection {
   [[noreturn]] void Raise(CURLcode code) const;
   std::string CertificateProblem() const;
 
+  CURLcode WorkUntilDone();
+
   struct Cleanup {
     void operator()(CURL* curl) const { curl_easy_cleanup(curl); }
+  };
+  struct MultiCleanup {
+    void operator()(CURLM* connections) const { curl_multi_cleanup(connections); }
   };
 
   std::string protocol_;
@@ -70,6 +81,7 @@ class ServerConnection {
   bool isStranger_ = false;            // what answers is no such server
   char reason_[CURL_ERROR_SIZE] = "";  // where the library explains a failure
   std::unique_ptr<CURL, Cleanup> curl_;
+  std::unique_ptr<CURLM, MultiCleanup> connections_;  // the library's, of which there is one
 };
 
 }  // namespace post

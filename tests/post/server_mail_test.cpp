@@ -370,4 +370,27 @@ TEST_F(ServerMailTest, WhoeverIsInAHurryIsNotHeldUpForLong) {
   EXPECT_THROW(patient.Flush(), MailError) << "nor by what is left to do";
 }
 
+// However often one hurries, and wherever the server has stopped to speak.
+TEST_F(ServerMailTest, AHurryEndsALogonAndASendToo) {
+  const std::pair<RudeServer*, const char*> rows[] = {{&imap_, ""},
+                                                      {&imap_, "LOGIN"},
+                                                      {&smtp_, ""},
+                                                      {&smtp_, "MAIL FROM"},
+                                                      {&smtp_, endOfMail.c_str()}};
+  for (const auto& [server, command] : rows) {
+    SCOPED_TRACE(command);
+    server->Answer(command, hang);
+    ServerMail patient(Account(), "secret", std::chrono::hours(1));
+    std::jthread leaving([&patient](const std::stop_token& over) {
+      while (!over.stop_requested()) {
+        patient.Hurry();
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      }
+    });
+    EXPECT_THROW(server == &imap_ ? patient.Open() : patient.Send(mailToBob), MailError);
+    server->Answer(command, "");
+    server->GoOn();
+  }
+}
+
 }  // namespace

@@ -121,7 +121,8 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
 }
 
 std::optional<post::AccountAnswer> Program::AskAtLogon(const post::MailAccount& suggestion) {
-  auto answer = AskAccount(suggestion);
+  // The program may have been ended over the keyring's question.
+  auto answer = Process().Stopping ? std::nullopt : AskAccount(suggestion);
   if (!answer) {
     // The logon fails and would leave its guard standing, as after a crash; but nothing crashed.
     platform::SetLogonStatus(false);

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/process_state.h"
+
 namespace post {
 
 using namespace Qt::StringLiterals;
@@ -46,10 +48,10 @@ bool KeyringPasswords::Succeeds(QKeychain::Job& job, const std::string& key,
   limit.start(longestWait);
   job.start();
   QEventLoop loop;
-  while (!done && !late) {
+  while (!done && !late && !platform::Process().Stopping) {
     loop.processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents);
   }
-  answers_ = done;
+  answers_ = done || !late;
   return success;
 }
 

@@ -7,8 +7,11 @@
 #include <utility>
 
 #include "mail/move_mail.h"
+#include "platform/conversions.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/registry.h"
 #include "platform/seams.h"
 #include "store/queries.h"
 #include "store/saving.h"
@@ -34,6 +37,13 @@ void Compose(const OutgoingGame& game) {
   messages.MsgNoteText(BuildMailBody(record, game.moves));
 }
 
+constexpr const char* unsentGame = "UnsentGame";
+
+/// The game's number as it is kept until the user has heard of it; blank takes it away.
+void NoteUnsent(const std::string& gameID) {
+  platform::WriteRegistry(platform::productSection, unsentGame, gameID, true);
+}
+
 }  // namespace
 
 std::string ThreadOf(const store::GameRecord& record) {
@@ -53,10 +63,11 @@ OutgoingGame LoadOutgoingGame(std::int32_t gameID) {
   return game;
 }
 
-void ReportTransmissionError() {
+void ReportTransmissionError(const std::string& more) {
   platform::ShowMessage(platform::MailIcon, "Transmission error.",
                         "Tarvolenix was unable to send your chess move.||Please re-open the game "
-                        "and re-send it.",
+                        "and re-send it." +
+                            more,
                         "OK", {}, false, platform::FailureSound);
 }
 
@@ -67,11 +78,26 @@ bool SendMoveMail(std::int32_t gameID) {
     platform::TheSeams().MMess->Send();
   } catch (const std::exception&) {
     ReportTransmissionError();
+    // The end of the program has taken the report away.
+    if (platform::Process().Stopping) NoteUnsent(std::to_string(gameID));
     return false;
   }
   // The mail is on its way: a failing backup, which is silent everywhere, doesn't unsend it.
   store::BackupDatabase();
   return true;
+}
+
+void TellOfUnsentMove() {
+  const auto noted = platform::ReadRegistry(platform::productSection, unsentGame);
+  if (platform::IsEmptyValue(noted)) return;
+  std::optional<store::GameRecord> game;
+  if (!store::FindGame(game, platform::ToInteger32(*noted).value_or(0))) return;
+  if (game) {
+    ReportTransmissionError("||It is your last move of the game \"" + game->GAME_NAME + "\" with " +
+                            game->GAME_OPPONENTS_NAME +
+                            ", which had not been sent when the program was ended.");
+  }
+  if (!platform::Process().Stopping) NoteUnsent({});
 }
 
 }  // namespace mail

@@ -21,10 +21,15 @@ std::string ThreadOf(const store::GameRecord& record);
 /// Raises std::exception where the store can't be read, and where it has no move of such a game.
 OutgoingGame LoadOutgoingGame(std::int32_t gameID);
 
-void ReportTransmissionError();
+/// `more` is a paragraph of its own.
+void ReportTransmissionError(const std::string& more = {});
 
 /// Mails the game with this GAME_ID. True where the mail was accepted for delivery, else the user
 /// was told. Holds polling meanwhile. A failure isn't retried and changes nothing.
 bool SendMoveMail(std::int32_t gameID);
+
+/// Tells of the move that the last run couldn't send while it was being ended, when nobody could
+/// read of it.
+void TellOfUnsentMove();
 
 }  // namespace mail

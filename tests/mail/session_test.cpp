@@ -102,6 +102,15 @@ TEST_F(Session, FailureToSendIsTold) {
     desktop.mail.failing.clear();
     EXPECT_TRUE(desktop.mail.sent.empty());
   }
+  TellOfUnsentMove();
+  desktop.mail.failing = {"Send"};
+  desktop.boxes.whileUp = [] { Process().Stopping = true; };
+  SendMoveMail(7);
+  Process().Stopping = false;
+  ForgetRecords();
+  for (int start = 0; start < 2; ++start) TellOfUnsentMove();
+  ASSERT_EQ(desktop.boxes.messages.size(), 1U) << "whose report nobody can have read, once";
+  EXPECT_NE(desktop.LastMessage().second.find(AnnasGame().GAME_NAME), std::string::npos);
 }
 
 }  // namespace

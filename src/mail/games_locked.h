@@ -15,14 +15,19 @@ struct StoreFailure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Raises what `work` raises, but what the file system refuses as StoreFailure.
+/// The file system refuses it; what() names the file.
+struct FileFailure : StoreFailure {
+  using StoreFailure::StoreFailure;
+};
+
+/// Raises what `work` raises, but what the file system refuses as FileFailure.
 template <typename Work>
 void WithGamesLocked(const Work& work) {
   try {
     const store::DatabaseLock lock;
     work();
   } catch (const platform::FileError& error) {
-    throw StoreFailure(error.what());
+    throw FileFailure(error.what());
   }
 }
 

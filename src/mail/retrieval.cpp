@@ -141,10 +141,15 @@ void ReportNetworkError(const std::string& text) {
 }
 
 /// The mail that couldn't be saved is met again by each tick, which tries it anew and says so once.
-void ReportSaveFailure(bool isTick) {
+void ReportSaveFailure(const StoreFailure& failure, bool isTick) {
   if (isTick && std::exchange(platform::Process().SaveFailureTold, true)) return;
-  ReportNetworkError(store::WithDamage(
-      TryAgain("An error occured trying to save the game information to the database.")));
+  std::string text = store::WithDamage(
+      TryAgain("An error occured trying to save the game information to the database."));
+  // It needn't be the game file, and another one may be mended at once.
+  if (dynamic_cast<const FileFailure*>(&failure)) {
+    text.append("||The cause: ").append(failure.what()).append(".");
+  }
+  ReportNetworkError(text);
 }
 
 /// False where a failure was reported.
@@ -154,9 +159,9 @@ bool TakeMoveMails(Findings& findings, bool isTick) {
     Flush(isTick);
     platform::Process().SaveFailureTold = false;
     return true;
-  } catch (const StoreFailure&) {
+  } catch (const StoreFailure& failure) {
     FlushQuietly(isTick);
-    ReportSaveFailure(isTick);
+    ReportSaveFailure(failure, isTick);
   } catch (const std::exception&) {
     FlushQuietly(isTick);
     ReportNetworkError(TryAgain(

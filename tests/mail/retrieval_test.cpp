@@ -139,6 +139,7 @@ TEST_F(Retrieval, FailingDiskNeverLosesAMail) {
     SCOPED_TRACE(failing);
     ForgetRecords();
     GameFile() = otherGame;
+    File("Tvmail.dat") = "";
     desktop.mail.inbox.clear();
     Arrives(FromAnna(1));
     desktop.files.FailOperation(failing);
@@ -146,6 +147,9 @@ TEST_F(Retrieval, FailingDiskNeverLosesAMail) {
     const bool taken = desktop.mail.inbox.empty();
     EXPECT_EQ(GameFile() != otherGame, taken);
     EXPECT_EQ(IsToldOf("trying to save"), !taken);
+    const auto nth = static_cast<std::size_t>(failing) - 1;
+    EXPECT_EQ(IsToldOf("The cause: can't read /program/Data/Tvmail.dat."),
+              !taken && desktop.files.operations[nth].ends_with("Tvmail.dat"));
     desktop.files.FailOperation(0);
     operations = desktop.files.operations.size() + 1;
     // The next tick still sees it.

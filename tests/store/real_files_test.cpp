@@ -137,6 +137,7 @@ TEST_F(RealFilesTest, AFullDiskCostsTheChangeAndNothingElse) {
 
 TEST_F(RealFilesTest, ALinkToADriveThatIsGoneFailsEverythingAndFoundsNoFile) {
   std::filesystem::create_symlink("/no such drive/Tvgdb.dat", DataFile("Tvgdb.dat"));
+  files.Write(DataFile("tvgdb.bak"), "an earlier state");
   GameRecord game = Game(1);
   GameRecords games;
   EXPECT_FALSE(SaveGame(game, Moves('p', 1, 1)) || RemoveGame(1) || BackupDatabase() ||

@@ -41,11 +41,6 @@ ui::ProviderGuess Guess(const post::MailAccount& account) {
           post::PasswordAdvice(guessed.ImapHost)};
 }
 
-void ReportAccountTrouble(const std::string& text) {
-  platform::ShowMessage(platform::ErrorIcon, "Mail account", text, "Ok", {}, false,
-                        platform::FailureSound);
-}
-
 void SetUpFolders() {
   const std::string dataFolder = desktop::DataFolderFor(Process().ProgramFolder);
   desktop::PrepareDataFolder(Process().ProgramFolder, dataFolder);
@@ -156,7 +151,7 @@ void Program::ChangeAccount() {
   try {
     ChangeAccountFrom(post::LoadMailAccount());
   } catch (const platform::SettingsError& error) {
-    ReportAccountTrouble(error.what());
+    post::ReportAccountTrouble(error.what());
   }
 }
 
@@ -164,10 +159,7 @@ void Program::ChangeAccountFrom(const post::MailAccount& stored) {
   const platform::PollingHold hold;
   const auto answer = AskAccount(post::WithLoginName(stored));
   if (!answer || (answer->account == stored && !answer->password)) return;
-  if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) {
-    ReportAccountTrouble("Your mail account can't be stored.");
-    return;
-  }
+  if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) return;
   // The next logon is the new account's, whatever became of the old one's.
   mail::ForgetEarlierCrash();
   mail::MailLogoff(false);

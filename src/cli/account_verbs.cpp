@@ -224,9 +224,8 @@ bool SetAccount(const Call& call) {
     }
     answer.password = ReadPassword();
   }
-  if (!post::SaveAccountAnswer(answer, call.passwords)) {
-    throw Refusal("The mail account can't be stored.");
-  }
+  const bool stored = post::SaveAccountAnswer(answer, call.passwords);
+  if (!stored || !call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
   PrintAccount(answer.account, call.passwords);
   return true;
 }

@@ -20,9 +20,7 @@ class FilePasswords : public Passwords {
 
   std::optional<std::string> Read(const std::string& key) override;
   bool Write(const std::string& key, const std::string& password) override;
-
-  /// False where a password is there and stays.
-  bool Forget(const std::string& key);
+  bool Forget(const std::string& key) override;
 
  private:
   std::string path_;

@@ -72,4 +72,11 @@ bool KeyringPasswords::Write(const std::string& key, const std::string& password
   return file_.Write(key, password);
 }
 
+bool KeyringPasswords::Forget(const std::string& key) {
+  if (!file_.Forget(key)) return false;
+  if (!Read(key)) return true;
+  auto& job = *std::make_unique<QKeychain::DeletePasswordJob>(Service()).release();
+  return Succeeds(job, key, [] {});
+}
+
 }  // namespace post

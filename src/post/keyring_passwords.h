@@ -23,6 +23,7 @@ class KeyringPasswords : public Passwords {
 
   std::optional<std::string> Read(const std::string& key) override;
   bool Write(const std::string& key, const std::string& password) override;
+  bool Forget(const std::string& key) override;
 
  private:
   bool IsReachable() const;

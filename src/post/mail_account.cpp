@@ -9,6 +9,7 @@
 #include "desktop/folders.h"
 #include "letters/mail_text.h"
 #include "platform/conversions.h"
+#include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "post/post_office.h"
@@ -117,12 +118,29 @@ std::string PasswordKey(const MailAccount& account) {
   return account.UserName + '@' + account.ImapHost;
 }
 
+void ReportAccountTrouble(const std::string& text) {
+  if (platform::Process().Stopping) return;  // he has ended the program over the keyring's question
+  platform::ShowMessage(platform::ErrorIcon, "Mail account", text, "Ok", {}, false,
+                        platform::FailureSound);
+}
+
 bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords) {
   const MailAccount& account = answer.account;
-  // The password first: an account without its password would be of no use.
-  const bool keeps = answer.password && NeedsPassword(account);
-  if (keeps && !passwords.Write(PasswordKey(account), *answer.password)) return false;
-  return SaveMailAccount(account);
+  const MailAccount before = LoadMailAccount();
+  if (!SaveMailAccount(account)) {
+    ReportAccountTrouble("Your mail account can't be stored.");
+    return false;
+  }
+  const bool given = answer.password && NeedsPassword(account);
+  if (given && !passwords.Write(PasswordKey(account), *answer.password)) {
+    ReportAccountTrouble(
+        "Your password could not be kept: Tarvolenix will ask for it again at the next start.");
+  }
+  const bool another = !NeedsPassword(account) || PasswordKey(account) != PasswordKey(before);
+  if (NeedsPassword(before) && another && !passwords.Forget(PasswordKey(before))) {
+    ReportAccountTrouble("The password of your earlier mail account could not be removed.");
+  }
+  return true;
 }
 
 }  // namespace post

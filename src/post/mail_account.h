@@ -39,7 +39,12 @@ bool NeedsPassword(const MailAccount& account);
 /// Where the account's password is kept.
 std::string PasswordKey(const MailAccount& account);
 
-/// The account, and the password where one was given. False where either can't be stored.
+/// Tells the user what is wrong with his account.
+void ReportAccountTrouble(const std::string& text);
+
+/// Stores the account, and the password where one was given, and forgets that of the account before
+/// where it is another's. What can't be done is told. False where the account can't be stored.
+/// Raises as LoadMailAccount does.
 bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords);
 
 }  // namespace post

@@ -4,19 +4,55 @@
 #include <sys/resource.h>
 
 #include <filesystem>
+#include <map>
+#include <utility>
 
 #include "desktop/folders.h"
 #include "post/file_passwords.h"
 #include "post/keyring_passwords.h"
 
 namespace post {
+namespace {
 
-std::unique_ptr<Passwords> PasswordsBeside(const std::string& settingsFile) {
+/// Knows the passwords that can't be kept, so that no user is asked for one twice in a run.
+class PasswordsOfThisRun : public Passwords {
+ public:
+  explicit PasswordsOfThisRun(std::unique_ptr<Passwords> kept) : kept_(std::move(kept)) {}
+
+  std::optional<std::string> Read(const std::string& key) override {
+    const auto found = unkept_.find(key);
+    return found != unkept_.end() ? found->second : kept_->Read(key);
+  }
+
+  bool Write(const std::string& key, const std::string& password) override {
+    const bool keeps = kept_->Write(key, password);
+    unkept_.erase(key);
+    if (!keeps) unkept_[key] = password;
+    return keeps;
+  }
+
+  bool Forget(const std::string& key) override {
+    unkept_.erase(key);
+    return kept_->Forget(key);
+  }
+
+ private:
+  std::unique_ptr<Passwords> kept_;
+  std::map<std::string, std::string> unkept_;
+};
+
+std::unique_ptr<Passwords> KeptBeside(const std::string& settingsFile) {
   const std::string file =
       std::filesystem::path(settingsFile).replace_filename("Tarvolenix.passwords").string();
   const bool portable = !settingsFile.starts_with(desktop::ConfigHome());
   if (portable) return std::make_unique<FilePasswords>(file);
   return std::make_unique<KeyringPasswords>(file);
+}
+
+}  // namespace
+
+std::unique_ptr<Passwords> PasswordsBeside(const std::string& settingsFile) {
+  return std::make_unique<PasswordsOfThisRun>(KeptBeside(settingsFile));
 }
 
 void ForbidCoreDumps() {

@@ -19,10 +19,14 @@ class Passwords {
 
   /// False where it can't be kept; what was kept before then stands.
   virtual bool Write(const std::string& key, const std::string& password) = 0;
+
+  /// False where a password is there and stays.
+  virtual bool Forget(const std::string& key) = 0;
 };
 
 /// The passwords that belong to the settings of that file. Those of a portable program folder lie
-/// in it, as all it knows does; the user's own go to his keyring.
+/// in it, as all it knows does; the user's own go to his keyring. One that can't be kept is known
+/// until the program ends.
 std::unique_ptr<Passwords> PasswordsBeside(const std::string& settingsFile);
 
 /// A crash then leaves no picture of the memory behind, which has passwords in it.

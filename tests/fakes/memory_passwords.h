@@ -21,6 +21,11 @@ class MemoryPasswords : public post::Passwords {
     return !readOnly;
   }
 
+  bool Forget(const std::string& key) override {
+    if (!readOnly) kept.erase(key);
+    return !kept.contains(key);
+  }
+
   std::map<std::string, std::string> kept;
   bool readOnly = false;
 };

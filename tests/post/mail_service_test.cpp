@@ -288,6 +288,23 @@ TEST_F(MailServiceTest, AsksForWhatIsMissingOnceAndKeepsThePasswordApart) {
   for (const auto& [name, value] : desktop_.settings.groups["Mail"]) {
     EXPECT_EQ(value.find("s3cret"), std::string::npos) << name;
   }
+  const auto sentence = [this] {
+    const auto told = std::exchange(desktop_.boxes.messages, {});
+    return told.empty() ? std::string{} : told.front().text.substr(0, told.front().text.find(':'));
+  };
+  EXPECT_EQ(sentence(), "");
+  answer_->account.ImapHost = "imap.other.org";
+  EXPECT_TRUE(SaveAccountAnswer(*answer_, passwords_));
+  EXPECT_EQ(passwords_.kept.size(), 1U) << "that of an account that is gone is forgotten";
+  passwords_.readOnly = true;
+  EXPECT_TRUE(SaveAccountAnswer(*answer_, passwords_));
+  EXPECT_EQ(sentence(), "Your password could not be kept");
+  answer_->account.MailKind = "Post";
+  EXPECT_TRUE(SaveAccountAnswer(*answer_, passwords_));
+  EXPECT_EQ(sentence(), "The password of your earlier mail account could not be removed.");
+  desktop_.settings.readOnly = true;
+  EXPECT_FALSE(SaveAccountAnswer(*answer_, passwords_));
+  EXPECT_EQ(sentence(), "Your mail account can't be stored.");
   desktop_.settings.unreadable = true;
   EXPECT_THROW(service_.SignOn(), platform::AccountError);
   EXPECT_EQ(questions_, 2) << "an account that can't be read is none that is missing";

@@ -97,6 +97,12 @@ TEST_F(KeyringPasswordsTest, WithoutAKeyringTheFileBesideTheSettingsStandsIn) {
   }
   EXPECT_EQ(FilePasswords(folder_ / "config/Norlewick/Tarvolenix.passwords").Read("a@b"),
             "config/Norlewick/Tarvolenix.conf");
+  std::filesystem::create_directories(folder_ / "full/Tarvolenix.passwords");
+  const auto passwords = post::PasswordsBeside(folder_ / "full/Tarvolenix.conf");
+  EXPECT_FALSE(passwords->Write("a@b", "1"));
+  EXPECT_EQ(passwords->Read("a@b"), "1") << "in this run";
+  passwords->Forget("a@b");
+  EXPECT_EQ(passwords->Read("a@b"), std::nullopt);
 }
 
 }  // namespace

@@ -46,9 +46,13 @@ QColor LegibleOn(const QImage& picture) {
 template <typename Colours>
 void ForEachControl(const QWidget& window, std::string_view controls,
                     const std::vector<Colours>& colours, void (*give)(QWidget&, const Colours&)) {
-  platform::FieldWalk names(controls, ';');
+  platform::FieldWalk rows(controls, ';');
   for (const Colours& own : colours) {
-    if (QWidget* control = FindControl(window, names.Next())) give(*control, own);
+    const std::string_view row = rows.Next();
+    platform::FieldWalk names(row, ',');
+    for (int i = platform::CountFields(row, ','); i > 0; --i) {
+      if (QWidget* control = FindControl(window, names.Next())) give(*control, own);
+    }
   }
 }
 
@@ -68,10 +72,13 @@ void PlacedSkin::PlaceControls() {
   for (const layouts::Control& control : layout_.controls) {
     QWidget* widget = FindControl(Window(), control.name);
     if (!widget) continue;
+    // Of those on a page, too, the place is told in the window; the page has its own by then.
+    const QRect place =
+        InQt(control.rect).translated(-widget->parentWidget()->mapTo(&Window(), QPoint()));
     if (auto* button = qobject_cast<SkinButton*>(widget)) {
-      button->PlaceAt(InQt(control.rect));
+      button->PlaceAt(place);
     } else {
-      widget->setGeometry(InQt(control.rect));
+      widget->setGeometry(place);
     }
     // The background draws the recess in which a field or a list lies.
     if (control.surface == Surface::Field || control.surface == Surface::Grid) {

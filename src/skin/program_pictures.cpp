@@ -2,6 +2,7 @@
 #include "skin/program_pictures.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QIcon>
 #include <QStyle>
 
@@ -26,13 +27,25 @@ QPixmap MessagePicture(int icon, int size) {
   return QApplication::style()->standardIcon(standard).pixmap(size);
 }
 
-QIcon TrayPicture(int picture) {
+namespace {
+
+QString TrayPicturePath(int index) {
   static constexpr const char* kinds[] = {"normal", "new-move", "no-network"};
-  const int index = picture - 1;
-  const QIcon icon(
-      ProgramPicturePath(u"tray/set-%1-%2.ico"_s.arg(index / 3 + 1)
-                             .arg(QLatin1StringView(kinds[index < 0 ? 0 : index % 3]))));
+  return ProgramPicturePath(u"tray/set-%1-%2.ico"_s.arg(index / 3 + 1)
+                                .arg(QLatin1StringView(kinds[index < 0 ? 0 : index % 3])));
+}
+
+}  // namespace
+
+QIcon TrayPicture(int picture) {
+  const QIcon icon(TrayPicturePath(picture - 1));
   return icon.availableSizes().isEmpty() ? QIcon(ProgramPicturePath(u"tarvolenix.png"_s)) : icon;
+}
+
+int TrayPictureCount() {
+  int count = 0;
+  while (QFile::exists(TrayPicturePath(count))) ++count;
+  return count;
 }
 
 }  // namespace ui

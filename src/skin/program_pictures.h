@@ -18,4 +18,7 @@ QPixmap MessagePicture(int icon, int size);
 /// no connection. An unknown number gives the program's own picture.
 QIcon TrayPicture(int picture);
 
+/// How many of them there are, one after the other.
+int TrayPictureCount();
+
 }  // namespace ui

@@ -29,7 +29,7 @@ QRect SkinButton::Place() const { return Inner().translated(pos()); }
 
 FaceState SkinButton::CurrentState() const {
   if (!isEnabled()) return FaceState::Disabled;
-  if (isDown()) return FaceState::Down;
+  if (isDown() || isChecked()) return FaceState::Down;
   return underMouse() ? FaceState::Hover : FaceState::Up;
 }
 

@@ -3,29 +3,44 @@
 
 #include <QActionGroup>
 
-#include <string_view>
+#include "widgets/shown_text.h"
 
 namespace ui {
 
-std::unique_ptr<QMenu> NewMenu(const char* name, const std::vector<MenuRow>& rows) {
-  auto menu = std::make_unique<QMenu>();
-  menu->setObjectName(QLatin1StringView(name));
-  auto* neighbours = new QActionGroup(menu.get());
+namespace {
+
+/// A "&" of a caption is meant.
+QString CaptionOf(const MenuRow& row) {
+  return ShownLine(row.caption).replace(u'&', QStringLiteral("&&"));
+}
+
+void Fill(QMenu& menu, const std::vector<MenuRow>& rows) {
+  auto* neighbours = new QActionGroup(&menu);
   for (const MenuRow& row : rows) {
-    if (std::string_view(row.caption) == "-") {
-      menu->addSeparator();
-      neighbours = new QActionGroup(menu.get());
+    if (row.caption == "-") {
+      menu.addSeparator();
+      neighbours = new QActionGroup(&menu);
       continue;
     }
-    QAction* entry = menu->addAction(QLatin1StringView(row.caption));
+    QAction* entry = row.rows.empty() ? menu.addAction(CaptionOf(row))
+                                      : menu.addMenu(CaptionOf(row))->menuAction();
+    if (!row.rows.empty()) Fill(*entry->menu(), row.rows);
     entry->setEnabled(row.enabled);
     if (row.checked) {
       entry->setCheckable(true);
       neighbours->addAction(entry);
       entry->setChecked(*row.checked);
     }
-    if (row.action) QObject::connect(entry, &QAction::triggered, menu.get(), row.action);
+    if (row.action) QObject::connect(entry, &QAction::triggered, &menu, row.action);
   }
+}
+
+}  // namespace
+
+std::unique_ptr<QMenu> NewMenu(const char* name, const std::vector<MenuRow>& rows) {
+  auto menu = std::make_unique<QMenu>();
+  menu->setObjectName(QLatin1StringView(name));
+  Fill(*menu, rows);
   return menu;
 }
 

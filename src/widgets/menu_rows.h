@@ -8,15 +8,17 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace ui {
 
 struct MenuRow {
-  const char* caption;  ///< "-" is a separator
+  std::string caption;  ///< "-" is a separator
   std::function<void()> action = {};
   bool enabled = true;
   std::optional<bool> checked = {};  ///< one of its neighbours, up to the next separator, is
+  std::vector<MenuRow> rows = {};    ///< of a menu of its own that it opens
 };
 
 std::unique_ptr<QMenu> NewMenu(const char* name, const std::vector<MenuRow>& rows);

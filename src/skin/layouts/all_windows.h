@@ -13,6 +13,7 @@
 #include "skin/layouts/msg_form_layout.h"
 #include "skin/layouts/new_game_info_layout.h"
 #include "skin/layouts/notify_form_layout.h"
+#include "skin/layouts/options_page_layout.h"
 #include "skin/layouts/select_sound_layout.h"
 #include "skin/layouts/setup_warning_layout.h"
 #include "skin/layouts/status_window_layout.h"
@@ -27,7 +28,7 @@ inline constexpr Layout allWindows[] = {
     exchangePawn,
     credits,
     newGameInfo,
-    {"OptionsPage", {528, 359}},
+    optionsPage,
     board,
     setupWarning,
     {"SelectPrinter", {351, 191}},

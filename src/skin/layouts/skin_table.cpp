@@ -84,10 +84,14 @@ constexpr SkinRow rows[] = {
      .textControls =
          "Label1;opDisplaySplash_L;opVerbose_L;opShowToolTips_L;opDefaultView_L;Label2;"
          "vsCSearchDepth_L;opNotifySound_L;opNotificationSound;opNotifyDialog_L;Label4;Label8;"
-         "Label9;HLabelLow;HLabelDontCare;HLabelHigh;Label13;Label11;SkinsList_L;SkinPreview_L;"
+         "Label9;HLabelLow;HLabelDontCare;HLabelHigh;Label13;Label11;SkinsList_L,opWindowSize_L;"
+         "SkinPreview_L;"
          "opSimpleUI_L;opSystrayStartup_L",
      .fieldChart = "OptionsPageField.bmp",
-     .fieldControls = "opSysTrayTimerCombo;vsCSearchDepth;opTimeoutCombo;opSaveAIName",
+     .fieldControls =
+         "opSysTrayTimerCombo,opDisplaySplash,opVerbose,opShowToolTips,opDefaultView,opSimpleUI,"
+         "opSystrayStartup;vsCSearchDepth;opTimeoutCombo,opNotifySound,opNotifyDialog,"
+         "opWindowSize;opSaveAIName",
      .gridChart = "OptionsPageGrid.bmp",
      .gridControls =
          "opIconList;opChessSet;opChessBoard;opHeuristicsList;opSavedAIFiles;opSkinsList",

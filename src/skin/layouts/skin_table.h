@@ -14,7 +14,7 @@
 namespace ui {
 
 /// Lists are separated by ";". A chart's rows are the controls of its list, in that order; a strip
-/// goes to the target at its own place of the list.
+/// goes to the target at its own place of the list. Controls with "," between them share a row.
 struct SkinRow {
   std::string_view window;
   std::string_view background;

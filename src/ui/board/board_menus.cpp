@@ -9,7 +9,6 @@ namespace ui {
 namespace {
 
 // Until what they lead to is there.
-constexpr bool optionsAreThere = false;
 constexpr bool printingIsThere = false;
 
 /// What both of the board's first menus begin with.
@@ -41,7 +40,7 @@ std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActio
               {"Surrender game", actions.Click(board::SurrenderButton), controls.surrender},
               {"Offer a draw", actions.offerDraw, controls.surrender},
               {"-"},
-              {"Options...", {}, optionsAreThere},
+              {"Options...", actions.openOptions},
               {"Print board state...", {}, printingIsThere},
               {"Close", actions.Click(board::CloseButton)}}));
 }
@@ -55,7 +54,7 @@ std::unique_ptr<QMenu> NewSetupMenu(const board::Game& board, const BoardActions
                          {"Play current setup", actions.Click(board::PlaySetupButton),
                           board::Controls(board).playSetup},
                          {"-"},
-                         {"Options...", {}, optionsAreThere},
+                         {"Options...", actions.openOptions},
                          {"Close", actions.Click(board::CloseButton)}}));
 }
 

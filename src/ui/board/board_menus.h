@@ -15,6 +15,7 @@ namespace ui {
 struct BoardActions {
   std::function<void(int button)> click;  ///< with a button of the action bar
   std::function<void()> offerDraw;
+  std::function<void()> openOptions;
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };

@@ -151,6 +151,11 @@ QPixmap BoardPicture::FloatingPicture(rules::PieceCode piece) const {
   return picture;
 }
 
+void BoardPicture::TakeGraphics() {
+  scaledPixels_ = 0;
+  update();
+}
+
 const QPixmap& BoardPicture::ScaledCell(int cell, qreal size) {
   const qreal ratio = devicePixelRatioF();
   const int pixels = std::max(1, static_cast<int>(std::lround(size * ratio)));

@@ -54,6 +54,9 @@ class BoardPicture : public QWidget {
   std::optional<rules::Square> SquareUnder(QPointF point) const;
   QRectF RectOf(rules::Square square) const;
 
+  /// Shows the squares in the chess set that is loaded now.
+  void TakeGraphics();
+
   /// The picture of the piece whose icon this is, as large as a square.
   QPixmap FloatingPicture(rules::PieceCode piece) const;
 

@@ -11,6 +11,7 @@
 #include "skin/look.h"
 #include "skin/strip_button.h"
 #include "skin/window_skin.h"
+#include "widgets/tool_tips.h"
 
 namespace ui {
 
@@ -167,8 +168,8 @@ void BoardToolbar::RefreshBoardButtons() {
 
 void BoardToolbar::SetToolTips() {
   for (const ToolbarEntry& entry : entries) {
-    buttons_[Slot(entry.button)]->setToolTip(
-        QLatin1StringView(setup_ && entry.setupToolTip ? entry.setupToolTip : entry.toolTip));
+    SetTip(*buttons_[Slot(entry.button)],
+           setup_ && entry.setupToolTip ? entry.setupToolTip : entry.toolTip);
   }
 }
 

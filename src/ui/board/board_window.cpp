@@ -49,6 +49,7 @@
 #include "widgets/menu_opener.h"
 #include "widgets/plain_text_view.h"
 #include "widgets/shown_text.h"
+#include "widgets/tool_tips.h"
 
 namespace ui {
 
@@ -99,8 +100,9 @@ void SetBold(QWidget* widget, bool bold) {
 
 }  // namespace
 
-BoardWindow::BoardWindow(const ChessGraphics& graphics)
+BoardWindow::BoardWindow(const ChessGraphics& graphics, std::function<void()> openOptions)
     : graphics_(graphics),
+      openOptions_(std::move(openOptions)),
       board_(*this),
       picture_(new BoardPicture(graphics,
                                 IsSimpleUI() ? BoardPicture::plainEdge : layouts::boardBand, this)),
@@ -239,7 +241,7 @@ void BoardWindow::AddDrawButtons() {
       button = new SystemButton(QLatin1StringView(answer.name), this);
       button->setText(QLatin1StringView(answer.caption));
     }
-    if (platform::Settings().ShowToolTips) button->setToolTip(QLatin1StringView(answer.toolTip));
+    SetTip(*button, answer.toolTip);
     connect(button, &QAbstractButton::clicked, this, [this, accept = i == 0] {
       if (!LeaveComment()) board::DecideDraw(board_, accept);
     });
@@ -270,7 +272,6 @@ void BoardWindow::Connect() {
 }
 
 void BoardWindow::SetToolTips() {
-  if (!platform::Settings().ShowToolTips) return;
   toolbar_->SetToolTips();
   const bool setup = platform::Process().BoardSetupMode;
   const std::pair<const char*, QString> tips[] = {
@@ -284,7 +285,7 @@ void BoardWindow::SetToolTips() {
       {"TVLogo", u"Tarvolenix v"_s + Shown(platform::GetVersionText())},
   };
   for (const auto& [name, tip] : tips) {
-    if (auto* control = findChild<QWidget*>(QLatin1StringView(name))) control->setToolTip(tip);
+    if (auto* control = findChild<QWidget*>(QLatin1StringView(name))) SetTip(*control, tip);
   }
 }
 
@@ -429,9 +430,23 @@ void BoardWindow::ShowActionsMenu(QPoint place, QAbstractButton* opener) {
   const BoardActions actions{[this](int button) { ClickToolbar(button); },
                              [this] {
                                if (!LeaveComment()) board::OfferDraw(board_);
-                             }};
+                             },
+                             [this] { ShowOptions(); }};
   const bool setup = platform::Process().BoardSetupMode;
   PopUp(setup ? NewSetupMenu(board_, actions) : NewActionsMenu(board_, actions), place, opener);
+}
+
+/// The chess set may be another one behind that.
+void BoardWindow::ShowOptions() {
+  const QPointer<BoardWindow> self(this);
+  openOptions_();
+  if (!self || !platform::TheSeams().windows->LoadChessGraphics()) {
+    if (self) close();
+    return;
+  }
+  picture_->TakeGraphics();
+  if (platform::Process().BoardSetupMode) palette_->SetPiecePallete();
+  SetToolTips();
 }
 
 void BoardWindow::ShowHistoryMenu(QPoint place, QAbstractButton* opener) {

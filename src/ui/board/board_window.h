@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
 #include <memory>
 
 #include "board/game.h"
@@ -36,8 +37,9 @@ class BoardWindow final : public QWidget, private board::BoardView {
   Q_OBJECT
 
  public:
-  /// The graphics must outlive the window.
-  explicit BoardWindow(const ChessGraphics& graphics);
+  /// The graphics must outlive the window. `openOptions` shows the options, and returns when they
+  /// are closed.
+  explicit BoardWindow(const ChessGraphics& graphics, std::function<void()> openOptions = {});
 
   /// False where the window's skin failed: there is no game in it then.
   bool IsOpen() const { return open_; }
@@ -68,6 +70,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void AddDrawButtons();
   void Connect();
   void SetToolTips();
+  void ShowOptions();
   void ShowGameBits(bool show);
   void ClickToolbar(int button, bool byMouse = false);
   void TakeTurns(int button);
@@ -78,6 +81,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void ShowPiecePalleteMenu(QPoint point);
 
   const ChessGraphics& graphics_;
+  const std::function<void()> openOptions_;
   board::Game board_;
   QTimer checkTimer_;
 

@@ -32,6 +32,7 @@
 #include "widgets/disabled_window.h"
 #include "widgets/menu_opener.h"
 #include "widgets/shown_text.h"
+#include "widgets/tool_tips.h"
 
 namespace ui {
 
@@ -119,8 +120,7 @@ QPoint PlaceBelow(const QWidget& button) {
 
 void SetTip(const QWidget& window, const char* name, const char* tip) {
   auto* control = window.findChild<QWidget*>(QLatin1StringView(name));
-  if (!control) return;
-  control->setToolTip(platform::Settings().ShowToolTips ? QLatin1StringView(tip) : QString());
+  if (control) ui::SetTip(*control, tip);
 }
 
 }  // namespace

@@ -21,14 +21,14 @@ namespace {
 
 // Until the windows behind them are there.
 constexpr bool printingIsThere = false;
-constexpr bool optionsAreThere = false;
 
 std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) {
   const bool prints = list.HasGames() && printingIsThere;
   std::vector<MenuRow> rows{
       {"Retrieve games", [&list] { list.GetGames(false); }},
       {"Import game", [&list] { list.GetGames(true); }},
-      {"Options...", {}, optionsAreThere},
+      {"Options...", errands.openOptions},
+      {"Look", {}, true, {}, errands.lookRows()},
       {"Mail account...", errands.changeAccount},
       {"Mails set aside...", errands.askAboutHeldMails},
       {"-"},

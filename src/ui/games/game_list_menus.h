@@ -7,6 +7,9 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
+
+#include "widgets/menu_rows.h"
 
 namespace ui {
 
@@ -22,6 +25,8 @@ struct OtherErrands {
   std::function<void()> changeAccount;
   std::function<void()> askAboutHeldMails;
   std::function<void()> showAbout;
+  std::function<void()> openOptions;
+  std::function<std::vector<MenuRow>()> lookRows;
 };
 
 /// As the list can be used just now. The list must outlive the menu.

@@ -9,10 +9,10 @@
 #include <cstdlib>
 
 #include "ai/heuristic_rows.h"
-#include "platform/setting_variables.h"
 #include "skin/look.h"
 #include "ui/options/heuristics_list.h"
 #include "ui/options/motivation_slider.h"
+#include "widgets/tool_tips.h"
 
 namespace ui {
 
@@ -70,13 +70,10 @@ void HeuristicsPage::SetSimpleUI() {
 }
 
 void HeuristicsPage::SetToolTips() {
-  const auto tip = [](const char* text) {
-    return platform::Settings().ShowToolTips ? QString::fromUtf8(text) : QString();
-  };
-  opHeuristicsList_->setToolTip(
-      tip("All the motivations to perform chess actions used to determin the computers next move"));
-  opHeuristicSlider_->setToolTip(
-      tip("Set the value for a given heuristic from very low motivation to very high"));
+  SetTip(*opHeuristicsList_,
+         "All the motivations to perform chess actions used to determin the computers next move");
+  SetTip(*opHeuristicSlider_,
+         "Set the value for a given heuristic from very low motivation to very high");
 }
 
 void HeuristicsPage::PopulateHeuristicsList() { opHeuristicsList_->Fill(ai::Heuristics); }

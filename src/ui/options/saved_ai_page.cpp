@@ -12,10 +12,10 @@
 
 #include "ai/ai_files.h"
 #include "platform/messages.h"
-#include "platform/setting_variables.h"
 #include "skin/look.h"
 #include "ui/options/heuristics_page.h"
 #include "widgets/shown_text.h"
+#include "widgets/tool_tips.h"
 
 namespace ui {
 
@@ -111,7 +111,7 @@ void SavedAIPage::SetToolTips() {
       {defaults_, "Return the heuristics data to its origional factory default values"},
   };
   for (const auto& [control, text] : tips) {
-    control->setToolTip(platform::Settings().ShowToolTips ? QString::fromUtf8(text) : QString());
+    SetTip(*control, text);
   }
 }
 

@@ -18,6 +18,8 @@
 #include "skin/skin.h"
 #include "ui/games/held_mail_form.h"
 #include "ui/games/notify_form.h"
+#include "ui/options/look_menu.h"
+#include "ui/options/options_page.h"
 #include "ui/program/about_box.h"
 #include "ui/program/select_sound.h"
 #include "widgets/front_window.h"
@@ -71,7 +73,11 @@ ProgramWindows::ProgramWindows(std::function<void()> changeAccount,
                  listMenu_ = std::move(menu);
                  listMenu_->popup(place);
                },
-               std::move(changeAccount), std::move(askAboutHeldMails), [this] { ShowAbout(); }} {}
+               std::move(changeAccount),
+               std::move(askAboutHeldMails),
+               [this] { ShowAbout(); },
+               [this] { OpenOptions(); },
+               LookRows} {}
 
 ProgramWindows::~ProgramWindows() {
   delete board_;
@@ -141,7 +147,7 @@ void ProgramWindows::SetGameListFace(int trayPicture, const std::string& caption
 }
 
 void ProgramWindows::OpenBoard(bool toFront) {
-  QPointer<BoardWindow> board = Made<BoardWindow>(graphics_);
+  QPointer<BoardWindow> board = Made<BoardWindow>(graphics_, [this] { OpenOptions(); });
   if (!board->IsOpen()) {
     delete board;
     return;
@@ -198,6 +204,21 @@ void ProgramWindows::CloseAll() {
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->isVisible() && IsOfProgram(*window)) window->close();
   }
+}
+
+void ProgramWindows::OpenOptions() {
+  const platform::PollingHold hold;
+  const auto pickSound = [] {
+    SelectSound picker(SelectSound::Mode::Sound, QApplication::activeWindow());
+    if (picker.IsOpen()) picker.exec();
+  };
+  try {
+    OptionsPage options(pickSound, QApplication::activeWindow());
+    if (options.IsOpen()) options.exec();
+  } catch (const std::exception&) {
+    // A window that can't be shown is none.
+  }
+  if (list_) list_->SetToolTips();
 }
 
 void ProgramWindows::ShowAbout() {

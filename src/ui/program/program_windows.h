@@ -44,6 +44,9 @@ class ProgramWindows : public QObject, public platform::Windows {
   std::optional<std::string> PickMoveFile() override;
   void CloseAll() override;
 
+  /// The options, modal.
+  void OpenOptions();
+
   /// The dialog with the program's version, modal.
   void ShowAbout();
 

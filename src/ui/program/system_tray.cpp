@@ -40,6 +40,7 @@ TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& 
           .retrieve = [] { shell::RetrieveByHand(); },
           .changeAccount = changeAccount,
           .askAboutHeldMails = askAboutHeldMails,
+          .openOptions = [&windows] { windows.OpenOptions(); },
           .about = [&windows] { windows.ShowAbout(); },
           .exit = [] { shell::ExitProgram(); }};
 }

@@ -18,9 +18,6 @@ using platform::Process;
 
 namespace {
 
-// Until the window behind it is there.
-constexpr bool optionsAreThere = false;
-
 constexpr int widestEntryPart = 320;
 
 bool IsHeld() {
@@ -67,7 +64,7 @@ TrayMenu::TrayMenu(const TrayMenuActions& actions)
   account_ = AddEntry(*this, "mnuPopupAccount", u"Mail account..."_s, actions.changeAccount);
   heldMails_ =
       AddEntry(*this, "mnuPopupHeldMails", u"Mails set aside..."_s, actions.askAboutHeldMails);
-  AddEntry(*this, "mnuPopupOptions", u"O&ptions..."_s, {})->setEnabled(optionsAreThere);
+  options_ = AddEntry(*this, "mnuPopupOptions", u"O&ptions..."_s, actions.openOptions);
   AddHelp(actions.about);
   addSeparator();
   exit_ = AddEntry(*this, "mnuPopupExit", u"E&xit"_s, actions.exit);
@@ -112,7 +109,7 @@ void TrayMenu::Refresh() {
   games_->menuAction()->setVisible(state.games);
   games_->setEnabled(free);
   retrieve_->setText(Shown(state.retrieveCaption));
-  for (QAction* entry : {retrieve_, account_, heldMails_, exit_}) entry->setEnabled(free);
+  for (QAction* entry : {retrieve_, account_, heldMails_, options_, exit_}) entry->setEnabled(free);
 }
 
 void TrayMenu::BuildGames() {

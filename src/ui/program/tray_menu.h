@@ -18,6 +18,7 @@ struct TrayMenuActions {
   std::function<void()> retrieve;
   std::function<void()> changeAccount;
   std::function<void()> askAboutHeldMails;
+  std::function<void()> openOptions;
   std::function<void()> about;
   std::function<void()> exit;
 };
@@ -48,6 +49,7 @@ class TrayMenu : public QMenu {
   std::string gameFileStamp_;  // of the game file that the games are from
   QAction* retrieve_;
   QAction* account_;
+  QAction* options_;
   QAction* heldMails_;
   QAction* exit_;
 };

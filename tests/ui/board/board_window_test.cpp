@@ -41,7 +41,7 @@ TEST_F(BoardWindowTest, TheControlsFollowTheStateOfTheTurn) {
     EXPECT_EQ(Find<QTextEdit>("PlayersTag").toPlainText(), u"You are playing Eva <i>Ü</i>"_s);
     std::vector<int> offered;
     const auto menu =
-        NewActionsMenu(Game(), {[&](int button) { offered.push_back(button); }, [] {}});
+        NewActionsMenu(Game(), {[&](int button) { offered.push_back(button); }, [] {}, {}});
     for (QAction* action : menu->actions()) action->trigger();
     const int buttons[] = {board::UndoButton, board::SendButton, board::ResendButton};
     for (int i = 0; i < 3; ++i) {

@@ -24,7 +24,8 @@ class GameInterfaceTest : public SkinTest {
       menuUp_ = menu->objectName().toStdString();
       Q_EMIT menu->aboutToHide();
     };
-    window_ = new GameInterface({popUp, [] {}, [] {}, [] {}});
+    window_ =
+        new GameInterface({popUp, [] {}, [] {}, [] {}, {}, [] { return std::vector<MenuRow>{}; }});
     window_->show();
   }
   std::string MenuUp() { return std::exchange(menuUp_, {}); }

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/options/chess_set_page.h"
+
+#include <QDir>
+#include <QGridLayout>
+#include <QImageReader>
+#include <QLabel>
+
+#include <exception>
+
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "skin/look.h"
+#include "ui/options/name_list.h"
+#include "ui/options/set_preview.h"
+#include "widgets/shown_text.h"
+#include "widgets/tool_tips.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using platform::Settings;
+
+namespace {
+
+constexpr QLatin1StringView boardFile(".jpg");
+
+QString GraphicsFolder() { return AsItIs(platform::Process().ProgramFolder) + u"Graphics/"_s; }
+
+QLabel* NewLabel(QWidget* page, const char* name, const QString& caption) {
+  auto* label = new QLabel(caption, page);
+  label->setObjectName(QLatin1StringView(name));
+  return label;
+}
+
+/// The stems of the board pictures in a set's folder.
+QStringList BoardsOf(const QString& set) {
+  QStringList boards;
+  for (const QString& file : QDir(GraphicsFolder() + set).entryList(QDir::Files, QDir::Name)) {
+    if (file.endsWith(boardFile)) boards << file.chopped(boardFile.size());
+  }
+  return boards;
+}
+
+}  // namespace
+
+ChessSetPage::ChessSetPage(QWidget* parent)
+    : QWidget(parent),
+      Label8_(NewLabel(this, "Label8", u"Chess set"_s)),
+      opChessSet_(new NameList("opChessSet", Label8_->text(), this)),
+      Label9_(NewLabel(this, "Label9", u"Chess board"_s)),
+      opChessBoard_(new NameList("opChessBoard", Label9_->text(), this)),
+      pCBoard_(new SetPreview(this)) {
+  Label8_->setBuddy(opChessSet_);
+  Label9_->setBuddy(opChessBoard_);
+  connect(opChessSet_, &NameList::UserSelected, this, [this] {
+    PopulateBoardList(opChessBoard_->Selected());
+    PreviewSet();
+    Q_EMIT ApplyWanted();
+  });
+  connect(opChessBoard_, &NameList::UserSelected, this, [this] {
+    PreviewSet();
+    Q_EMIT ApplyWanted();
+  });
+  if (IsSimpleUI()) SetSimpleUI();
+}
+
+void ChessSetPage::SetSimpleUI() {
+  auto* layout = new QGridLayout(this);
+  layout->setSpacing(8);
+  layout->addWidget(Label8_, 0, 0);
+  layout->addWidget(opChessSet_, 1, 0);
+  layout->addWidget(Label9_, 2, 0);
+  layout->addWidget(opChessBoard_, 3, 0);
+  layout->addWidget(pCBoard_, 0, 1, 4, 1);
+  layout->setColumnStretch(0, 2);
+  layout->setColumnStretch(1, 3);
+}
+
+void ChessSetPage::LoadOptions() {
+  PopulateSetList();
+  PopulateBoardList();
+}
+
+void ChessSetPage::SetOptions() {
+  Settings().ChessSet = opChessSet_->Selected().toStdString();
+  Settings().ChessBoard = opChessBoard_->Selected().toStdString();
+}
+
+bool ChessSetPage::HasSet() const { return !opChessSet_->Selected().isEmpty(); }
+
+bool ChessSetPage::HasBoard() const { return !opChessBoard_->Selected().isEmpty(); }
+
+void ChessSetPage::PopulateSetList() {
+  opChessSet_->Clear();
+  try {
+    const QStringList sets = FoldersIn(GraphicsFolder());
+    opChessSet_->AddNames(sets);
+    if (!opChessSet_->Mark(AsItIs(Settings().ChessSet)) && !sets.isEmpty()) {
+      opChessSet_->Select(sets.front());
+    }
+  } catch (const std::exception&) {
+    platform::ShowMessage(
+        platform::ErrorIcon, "Chess set error",
+        "There was an error locating your chess sets.  Please ensure you have a folder called "
+        "Graphics within your Tarvolenix install folder.",
+        "OK");
+  }
+}
+
+void ChessSetPage::PopulateBoardList(const QString& previous) {
+  const QString set = opChessSet_->Selected();
+  opChessBoard_->Clear();
+  if (set.isEmpty()) return;
+  opChessBoard_->AddNames(BoardsOf(set));
+  if (set == AsItIs(Settings().ChessSet)) {
+    opChessBoard_->Mark(AsItIs(Settings().ChessBoard));
+  } else if (!previous.isEmpty()) {
+    opChessBoard_->Select(previous);
+  }
+}
+
+void ChessSetPage::PreviewSet() {
+  const QString set = opChessSet_->Selected(), board = opChessBoard_->Selected();
+  const bool both = !set.isEmpty() && !board.isEmpty();
+  pCBoard_->ShowSheet(both ? QImage(GraphicsFolder() + set + u'/' + board + boardFile) : QImage());
+}
+
+void ChessSetPage::SetToolTips() {
+  SetTip(*opChessSet_, "The chess set to use when playing chess");
+  SetTip(*opChessBoard_, "The chess board variant to use when playing chess");
+}
+
+}  // namespace ui

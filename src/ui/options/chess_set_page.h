@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The options page of chess sets and of the boards that each of them has.
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace ui {
+
+class NameList;
+class SetPreview;
+
+class ChessSetPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// In the skinned look its controls are placed by their names.
+  explicit ChessSetPage(QWidget* parent);
+
+  void LoadOptions();
+  void SetOptions();
+  void SetToolTips();
+
+  bool HasSet() const;
+  bool HasBoard() const;
+
+  void PreviewSet();
+
+ Q_SIGNALS:
+  /// There is something to apply.
+  void ApplyWanted();
+
+ private:
+  void PopulateSetList();
+
+  /// Without the program's own board the `previous` one is selected, where the set has it.
+  void PopulateBoardList(const QString& previous = {});
+
+  void SetSimpleUI();
+
+  QLabel* Label8_;
+  NameList* opChessSet_;
+  QLabel* Label9_;
+  NameList* opChessBoard_;
+  SetPreview* pCBoard_;
+};
+
+}  // namespace ui

@@ -55,4 +55,16 @@ int Arguments::Number(std::size_t index, int least, int most) const {
   return number;
 }
 
+std::uint64_t Arguments::OptionNumber(std::string_view option, std::uint64_t least,
+                                      std::uint64_t most) const {
+  const std::string text = Value(option);
+  std::uint64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{} || end != text.data() + text.size() || number < least || number > most) {
+    throw UsageError(std::string(option) + " takes a whole number from " + std::to_string(least) +
+                     " to " + std::to_string(most) + ".");
+  }
+  return number;
+}
+
 }  // namespace cli

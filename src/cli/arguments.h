@@ -2,6 +2,7 @@
 // The arguments of one verb, taken apart: options by name, and what stands between them in order.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -44,6 +45,10 @@ class Arguments {
 
   /// Argument `index` from 0 as a whole number from `least` to `most`. Raises UsageError.
   int Number(std::size_t index, int least, int most) const;
+
+  /// The option's value as such a number. Raises UsageError.
+  std::uint64_t OptionNumber(std::string_view option, std::uint64_t least,
+                             std::uint64_t most) const;
 
  private:
   std::map<std::string, std::string, std::less<>> options_;

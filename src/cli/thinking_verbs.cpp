@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The verbs that ask the computer opponent about positions from standard input.
-#include <charconv>
 #include <chrono>
 #include <random>
 #include <thread>
@@ -22,18 +21,6 @@ void TakeHeuristics(const Arguments& arguments) {
   if (!ai::SetHeuristicsFromText(arguments.Value("--heuristics"))) {
     throw Refusal("The text of --heuristics doesn't hold 54 whole numbers joined by \";\".");
   }
-}
-
-/// An option's value as a whole number from 0 to `most`.
-std::uint64_t NumberOfOption(const Arguments& arguments, const char* option, std::uint64_t most) {
-  const std::string text = arguments.Value(option);
-  std::uint64_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc{} || end != text.data() + text.size() || number > most) {
-    throw UsageError(std::string(option) + " takes a whole number from 0 to " +
-                     std::to_string(most) + ".");
-  }
-  return number;
 }
 
 void EvaluateLine(const PositionLine& line, CollectedMessages& messages) {
@@ -97,9 +84,9 @@ bool Evaluate(const Call& call) {
 
 bool Search(const Call& call) {
   TakeHeuristics(call.arguments);
-  const auto depth = static_cast<int>(NumberOfOption(call.arguments, "--depth", ai::deepestSearch));
+  const auto depth = static_cast<int>(call.arguments.OptionNumber("--depth", 0, ai::deepestSearch));
   const std::uint64_t seed = call.arguments.Has("--seed")
-                                 ? NumberOfOption(call.arguments, "--seed", UINT64_MAX)
+                                 ? call.arguments.OptionNumber("--seed", 0, UINT64_MAX)
                                  : std::random_device{}();
   ForEachPosition([&](const PositionLine& line) { SearchLine(line, call.messages, depth, seed); });
   return true;

@@ -37,6 +37,9 @@ bool Perft(const Call& call);
 bool Evaluate(const Call& call);
 bool Search(const Call& call);
 
+// The computer opponent against itself.
+bool Match(const Call& call);
+
 // The game file.
 bool Games(const Call& call);
 bool Moves(const Call& call);

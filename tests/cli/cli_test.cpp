@@ -23,6 +23,7 @@ TEST_F(CliTest, WrongUsageExitsWith2AndOneSentence) {
       {"argument missing", {"moves"}},
       {"identifier that is no number", {"moves", "one"}},
       {"folder option without a folder", {"--folder"}},
+      {"a match of no games", {"match", "factory", "factory", "--games", "0", "--depth", "1"}},
       {"nothing to set", {"account", "set"}},
       {"unknown setting", {"account", "set", "Foo=hunter2"}},
       {"setting without a value", {"account", "set", "--password", "hunter2"}},
@@ -93,6 +94,29 @@ TEST_F(CliTest, TheComputerOpponentTellsItsScoresAndRepeatsASearchWithItsSeed) {
   };
   EXPECT_EQ(search("4"), search("4"));
   EXPECT_TRUE(search("4").starts_with("{\"value\":")) << search("4");
+}
+
+TEST_F(CliTest, AMatchTellsItsGamesAndWhoIsAhead) {
+  fs::create_directories(root_ / "anna/AI Files");
+  std::string nothing;  // no move is worth more than another, not even mate
+  for (int row = 2; row < 64; ++row) {
+    const bool heading =
+        std::string(" 3 14 30 31 37 43 49 59 ").find(' ' + std::to_string(row) + ' ') !=
+        std::string::npos;
+    if (!heading) nothing += std::to_string(row) + ",0\n";
+  }
+  WriteFile(root_ / "anna/AI Files/Idle.AI", nothing);
+  WriteFile(root_ / "torn.AI", "2,88,4");
+  const auto match = [&](const std::string& one, const std::string& other) {
+    return As("anna", {"match", one, other, "--games", "4", "--depth", "1", "--seed", "7"});
+  };
+  const std::string told = match("Idle", "factory").out;
+  EXPECT_TRUE(told.starts_with("{\"game\":1,\"white\":\"A\",\"result\":")) << told;
+  EXPECT_NE(told.find("\n{\"won\":0,\"drawn\":"), std::string::npos) << told;
+  EXPECT_EQ(told.find("\"lost\":0"), std::string::npos) << told;
+  EXPECT_EQ(match("Idle", "factory").out, told);
+  EXPECT_NE(match("factory", root_ / "torn.AI").err.find("Field 4 is missing"), std::string::npos);
+  EXPECT_NE(match("factory", "Nobody").err.find("no AI file \"Nobody\""), std::string::npos);
 }
 
 TEST_F(CliTest, GamesAreSelectedSortedAndRemoved) {

@@ -8,6 +8,7 @@
 #include <limits>
 #include <optional>
 
+#include "ai/goal.h"
 #include "rules/attack.h"
 #include "rules/piece_moves.h"
 #include "rules/test_moves.h"
@@ -43,51 +44,6 @@ constexpr std::array<int, 7> placeInGroup{-1, 0, 1, 2, 3, -1, 4};
 
 /// The place of a kind among those that move.
 constexpr std::array<int, 7> placeInMoves{-1, 0, 1, 2, 3, 5, 4};
-
-/// Lengths by the difference of columns and of rows.
-using Lengths = std::array<std::array<int, 9>, 9>;
-
-constexpr int RootCut(int square) {
-  int root = 0;
-  while ((root + 1) * (root + 1) <= square) ++root;
-  return root;
-}
-
-constexpr int RootRounded(int square) { return (RootCut(4 * square) + 1) / 2; }
-
-constexpr Lengths LengthsBy(int (*root)(int)) {
-  Lengths lengths{};
-  for (int dx = 0; dx <= 8; ++dx) {
-    for (int dy = 0; dy <= 8; ++dy) lengths[dx][dy] = root(dx * dx + dy * dy);
-  }
-  return lengths;
-}
-
-constexpr Lengths lengthsCut = LengthsBy(RootCut);
-constexpr Lengths lengthsRounded = LengthsBy(RootRounded);
-
-/// A square that moves are rewarded for coming closer to.
-class Goal {
- public:
-  Goal(Square square, const Lengths& lengths, int reward)
-      : square_(square), lengths_(lengths), rewards_{-FloorOfHalf(reward), 0, reward} {}
-
-  int RewardOf(Square from, Square to) const {
-    const int before = LengthFrom(from), after = LengthFrom(to);
-    return rewards_[1 + (after < before) - (after > before)];
-  }
-
- private:
-  static int FloorOfHalf(int value) { return value >> 1; }
-
-  int LengthFrom(Square square) const {
-    return lengths_[std::abs(square.x - square_.x)][std::abs(square.y - square_.y)];
-  }
-
-  Square square_;
-  const Lengths& lengths_;
-  std::array<int, 3> rewards_;  // for leaving it, for neither, for nearing it
-};
 
 /// What each piece is worth in a group, by code.
 using Worths = std::array<int, 13>;
@@ -126,29 +82,18 @@ constexpr std::array<rules::tables::SquareTable, 13> emptyReach = [] {
 
 /// What a piece on `from` attacks, or defends. The lines are looked along for every kind: kings and
 /// pawns take the first step of them, and to ask which kind it is costs more than to do without.
-Bitboard ReachOf(PieceCode piece, int from) {
-  const Bitboard occupied = ThePosition().BoardState.Occupied();
+Bitboard ReachOf(PieceCode piece, int from, Bitboard occupied) {
   return emptyReach[piece][from] &
          (rules::ReachStraight(from, occupied) | rules::ReachDiagonally(from, occupied) |
           rules::knightReach[from]);
 }
 
-/// What the place where the moving piece stands in a pass is worth, under attack by `theirs`.
-int StandSum(Side side, Square square, Bitboard theirs, const HeuristicTable& table) {
-  const bool defended = rules::AttackersOf(square, side) != 0;
-  int sum = 0;
-  if (theirs != 0 && !defended) {
-    sum += PieceMotivation(ThePosition().BoardState.At(square), AllowUndefended, table);
-  }
-  if (theirs == 0 || defended) sum += PinBonus(side, square, table);
-  return sum;
-}
-
-int PinsOnRay(Side side, PieceCode pinner, int from, std::size_t ray, const HeuristicTable& table) {
+int PinsOnRay(Side side, PieceCode pinner, int from, std::size_t ray, Bitboard occupied,
+              const HeuristicTable& table) {
   const BoardSquares& board = ThePosition().BoardState;
   const PieceCode enemyKing = rules::OfSide(rules::WhiteKing, rules::OtherSide(side));
   PieceCode first = rules::NoPiece;
-  Bitboard met = rules::rayReach[ray][from] & board.Occupied();
+  Bitboard met = rules::rayReach[ray][from] & occupied;
   while (met != 0) {
     const int at = rules::NearestOnRay(met, ray);
     met ^= Bitboard{1} << at;
@@ -158,6 +103,31 @@ int PinsOnRay(Side side, PieceCode pinner, int from, std::size_t ray, const Heur
     if (piece != enemyKing && first == rules::NoPiece) first = piece;
   }
   return 0;
+}
+
+/// PinBonus of a piece, wherever it is, that would stand on a square, where rays meet what stands
+/// on `occupied`.
+int PinsFrom(Side side, PieceCode pinner, Square square, Bitboard occupied,
+             const HeuristicTable& table) {
+  const BoardSquares& board = ThePosition().BoardState;
+  const int from = rules::IndexOf(square);
+  const Bitboard kings = board.Of(rules::OfSide(rules::WhiteKing, rules::OtherSide(side)));
+  const Bitboard aimedAt = emptyReach[pinner][from] & kings;
+  if (aimedAt == 0) return 0;
+  int bonus = 0;
+  for (std::size_t ray = 0; ray < rules::rayReach.size(); ++ray) {
+    if ((rules::rayReach[ray][from] & aimedAt) != 0) {
+      bonus += PinsOnRay(side, pinner, from, ray, occupied, table);
+    }
+  }
+  return bonus;
+}
+
+/// The ray on which a square lies, seen from another on a line with it.
+std::size_t RayBetween(Square from, Square to) {
+  constexpr std::size_t rays[3][3] = {{4, 0, 5}, {2, 8, 3}, {6, 1, 7}};  // by step of x and of y
+  const auto step = [](int a, int b) { return 1 + (b > a) - (b < a); };
+  return rays[step(from.x, to.x)][step(from.y, to.y)];
 }
 
 /// Takes a test move back at the latest when the scope ends.
@@ -179,6 +149,10 @@ class TestMove {
 
 /// Both passes of the moves of one position. What the moves have in common is worked out once, and
 /// what those of one piece have in common when the piece changes.
+///
+/// Played and Before are the passes as they are told. Nearly all moves change no squares but their
+/// own two and give no check: the difference that these make is worked out from the position as it
+/// stands, of which little changes, without playing them.
 class Passes {
  public:
   Passes(Side side, int sideInCheck, rules::LastMove lastMove, const HeuristicTable& table)
@@ -187,12 +161,21 @@ class Passes {
         sideInCheck_(sideInCheck),
         lastMove_(lastMove),
         standing_(rules::GameState(enemy_, true, sideInCheck)) {
-    Bitboard attackers = ThePosition().BoardState.OfSide(enemy_);
+    Bitboard attackers = Board().OfSide(enemy_);
     while (attackers != 0) {
       const int from = rules::TakeLowest(attackers);
-      harm_[from] = HarmFrom(from);
+      Bitboard reach = ReachOf(Board()[from], from, Board().Occupied());
+      harm_[from] = SumOver(reach & Board().OfSide(side_), vulnerableWorths_);
       vulnerable_ += harm_[from];
+      while (reach != 0) attackersOn_[rules::TakeLowest(reach)] |= Bitboard{1} << from;
     }
+  }
+
+  /// The move's static score.
+  std::int16_t ScoreOf(Square from, Square to) {
+    TurnTo(from);
+    if (const auto score = QuietScore(from, to)) return *score;
+    return Saturate(Saturate(Played(from, to)) - Saturate(Before(from, to)));
   }
 
   /// The pass without the move.
@@ -219,35 +202,115 @@ class Passes {
 
   Square FindEnemy(PieceCode kind) const { return rules::FindPiece(rules::OfSide(kind, enemy_)); }
 
+  const BoardSquares& Board() const { return ThePosition().BoardState; }
+
   void TurnTo(Square from) {
     if (from == from_) return;
     from_ = from;
-    piece_ = ThePosition().BoardState.At(from);
-    attackers_ = rules::AttackersOf(from, enemy_);
-    stand_ = StandSum(side_, from, attackers_, table_);
+    piece_ = Board().At(from);
+    attackers_ = attackersOn_[rules::IndexOf(from)];
+    stand_ = StandSum(from, attackers_, Board().Occupied());
     rights_ = CastlingRightsBonus(side_, piece_, from.x, table_);
+    const PieceCode kind = rules::KindOf(piece_);
+    isSlider_ = kind == rules::WhiteRook || kind == rules::WhiteBishop || kind == rules::WhiteQueen;
+    mayOpenLine_ = (kingLines_ & rules::BitOf(from)) != 0;
   }
 
-  /// How much the own pieces suffer from the attacker on a square.
-  int HarmFrom(int attacker) const {
-    const BoardSquares& board = ThePosition().BoardState;
-    return SumOver(ReachOf(board[attacker], attacker) & board.OfSide(side_), vulnerableWorths_);
+  /// What the place is worth on which the moving piece stands in a pass, under attack by `theirs`.
+  int StandSum(Square square, Bitboard theirs, Bitboard occupied) const {
+    // Where the move isn't played, the piece doesn't defend itself from where it comes.
+    const bool defended =
+        theirs == 0 || (rules::AttackersOf(square, side_, occupied) & occupied) != 0;
+    return defended ? PinsFrom(side_, piece_, square, occupied, table_)
+                    : allowUndefendedWorths_[piece_];
+  }
+
+  /// How far the own pieces are attacked.
+  int VulnerableSum() const {
+    int sum = 0;
+    Bitboard attackers = Board().OfSide(enemy_);
+    while (attackers != 0) {
+      const int from = rules::TakeLowest(attackers);
+      const Bitboard reach = ReachOf(Board()[from], from, Board().Occupied());
+      sum += SumOver(reach & Board().OfSide(side_), vulnerableWorths_);
+    }
+    return sum;
   }
 
   /// What the own pieces are worth that the moving one protects from a square. All but a knight and
   /// a pawn reach their own square too, for nothing lies in their way there.
   int ProtectSum(Square square) const {
+    Bitboard reach = ReachOf(piece_, rules::IndexOf(square), Board().Occupied());
+    if (ReachesItself()) reach |= rules::BitOf(square);
+    return SumOver(reach & Board().OfSide(side_), protectWorths_);
+  }
+
+  bool ReachesItself() const { return isSlider_ || rules::KindOf(piece_) == rules::WhiteKing; }
+
+  /// Whether the move changes more squares than its own two.
+  bool MovesTwoPieces(Square from, Square to) const {
     const PieceCode kind = rules::KindOf(piece_);
-    Bitboard reach = ReachOf(piece_, rules::IndexOf(square));
-    if (kind != rules::WhiteKnight && kind != rules::WhitePawn) reach |= rules::BitOf(square);
-    return SumOver(reach & ThePosition().BoardState.OfSide(side_), protectWorths_);
+    if (kind == rules::WhiteKing) return std::abs(from.x - to.x) > 1;
+    return kind == rules::WhitePawn && rules::TakesEnPassant(from, to, lastMove_, side_);
+  }
+
+  /// Whether the piece that leaves its square lets another one attack the enemy's king.
+  bool OpensLine(Bitboard occupied) const {
+    return mayOpenLine_ && (rules::AttackersOf(enemyKing_, side_, occupied) & occupied) != 0;
+  }
+
+  /// The static score of a move that changes no squares but its own two and gives no check; nothing
+  /// for others.
+  std::optional<std::int16_t> QuietScore(Square from, Square to) const {
+    if (standing_ != Standing::Neither || MovesTwoPieces(from, to)) return std::nullopt;
+    const int at = rules::IndexOf(to);
+    const Bitboard occupied = (Board().Occupied() ^ rules::BitOf(from)) | rules::BitOf(to);
+    const Bitboard reach = isSlider_ ? ReachOf(piece_, at, occupied) : emptyReach[piece_][at];
+    if ((reach & enemyKingBit_) != 0 || OpensLine(occupied)) return std::nullopt;
+
+    // An attacker of the square that is left may see beyond it now.
+    const Bitboard theirs =
+        attackers_ == 0 ? attackersOn_[at] : rules::AttackersOf(to, enemy_, occupied);
+    const Bitboard others = Board().OfSide(side_) ^ rules::BitOf(from);
+    const int protect = SumOver(reach & others, protectWorths_) + rights_;
+    const int before = vulnerable_ + stand_ + protect + ProtectedBefore(from, to);
+    const int played = VulnerableAfter(to, attackers_ | theirs, occupied, others) +
+                       StandSum(to, theirs, occupied) + protect +
+                       (ReachesItself() ? protectWorths_[piece_] : 0) + MoveSum(from, to);
+    return Saturate(Saturate(played) - Saturate(before));
+  }
+
+  /// How far the own pieces, the moved one and the `others`, are attacked after such a move. Of the
+  /// attackers none but those of its two squares do anything else than before, and the one that it
+  /// takes does nothing.
+  int VulnerableAfter(Square to, Bitboard attackers, Bitboard occupied, Bitboard others) const {
+    const Bitboard toBit = rules::BitOf(to);
+    int sum = vulnerable_ - harm_[rules::IndexOf(to)];
+    attackers &= ~toBit;
+    while (attackers != 0) {
+      const int from = rules::TakeLowest(attackers);
+      const Bitboard reach = ReachOf(Board()[from], from, occupied);
+      sum += SumOver(reach & others, vulnerableWorths_) - harm_[from];
+      if ((reach & toBit) != 0) sum += vulnerableWorths_[piece_];
+    }
+    return sum;
+  }
+
+  /// What the piece protects from a square while it still stands on `from`, beyond the others that
+  /// it protects from there afterwards: itself, where it sees that square, less what it hides.
+  int ProtectedBefore(Square from, Square to) const {
+    if (rules::KindOf(piece_) == rules::WhitePawn) return 0;
+    int sum = protectWorths_[piece_];
+    if (!isSlider_) return sum;
+    const std::size_t ray = RayBetween(to, from);
+    const Bitboard hidden = rules::rayReach[ray][rules::IndexOf(from)] & Board().Occupied();
+    if (hidden == 0) return sum;
+    const PieceCode first = Board()[rules::NearestOnRay(hidden, ray)];
+    return rules::SideOfPiece(first) == side_ ? sum - protectWorths_[first] : sum;
   }
 
   /// What is scored while the move stands on the board; nothing for checkmate.
   std::optional<int> WhilePlayed(Square from, Square to) const {
-    const BoardSquares& board = ThePosition().BoardState;
-    const Bitboard ownBefore = board.OfSide(side_);
-    const Bitboard enemyBefore = board.OfSide(enemy_);
     const TestMove played(side_, from, to, lastMove_, sideInCheck_);
     int sum = 0;
     // The test move has seen already whether it gives check at all.
@@ -256,38 +319,16 @@ class Passes {
       if (standing == Standing::Checkmate) return std::nullopt;
       sum += Motivation(GoForCheck);
     }
-    const Bitboard taken = enemyBefore & ~board.OfSide(enemy_);
-    const Bitboard changed = taken | (ownBefore ^ board.OfSide(side_));
-    const Bitboard theirs = rules::AttackersOf(to, enemy_);
-    Bitboard reaching = attackers_ | theirs;
-    Bitboard others = changed & ~(rules::BitOf(from) | rules::BitOf(to));
-    while (others != 0) {
-      reaching |= rules::AttackersOf(rules::SquareAt(rules::TakeLowest(others)), enemy_);
-    }
-    return sum + VulnerableSum(taken, reaching & ~taken) + ProtectSum(to) +
-           StandSum(side_, to, theirs, table_);
-  }
-
-  /// How far the own pieces are attacked now that the enemy's on `taken` are gone. No attackers do
-  /// anything else than before but those `reaching` a square that the move has changed. It makes
-  /// no difference whether they are sought before the move or after it: as far as the first such
-  /// square their lines are the same.
-  int VulnerableSum(Bitboard taken, Bitboard reaching) const {
-    int sum = vulnerable_;
-    while (taken != 0) sum -= harm_[rules::TakeLowest(taken)];
-    while (reaching != 0) {
-      const int attacker = rules::TakeLowest(reaching);
-      sum += HarmFrom(attacker) - harm_[attacker];
-    }
-    return sum;
+    return sum + VulnerableSum() + ProtectSum(to) +
+           StandSum(to, rules::AttackersOf(to, enemy_), Board().Occupied());
   }
 
   /// What counts only for a move that is played, on the board before it.
   int MoveSum(Square from, Square to) const {
-    const PieceCode taken = ThePosition().BoardState.At(to);
+    const PieceCode taken = Board().At(to);
     int sum = king_.RewardOf(from, to) + queen_.RewardOf(from, to) + centre_.RewardOf(from, to);
     sum += PieceMotivation(taken, Take, table_);
-    if (rules::SideOfPiece(taken) == enemy_ && CountAttackers(enemy_, to) == 0) {
+    if (rules::SideOfPiece(taken) == enemy_ && attackersOn_[rules::IndexOf(to)] == 0) {
       sum += PieceMotivation(taken, TakeUndefended, table_);
     }
     return sum + Motivation(MoveAPiece + placeInMoves[rules::KindOf(piece_)]);
@@ -299,18 +340,28 @@ class Passes {
   const int sideInCheck_;
   const rules::LastMove lastMove_;
   const Standing standing_;
-  const Goal king_{FindEnemy(rules::WhiteKing), lengthsCut, Motivation(CloserToKing)};
-  const Goal queen_{FindEnemy(rules::WhiteQueen), lengthsCut,
-                    rules::IsOnBoard(FindEnemy(rules::WhiteQueen)) ? Motivation(CloserToQueen) : 0};
-  const Goal centre_{{4, 4}, lengthsRounded, Motivation(CloserToCentre)};
+  const Square enemyKing_ = FindEnemy(rules::WhiteKing);
+  const Square enemyQueen_ = FindEnemy(rules::WhiteQueen);
+  const Bitboard enemyKingBit_ = rules::IsOnBoard(enemyKing_) ? rules::BitOf(enemyKing_) : 0;
+  /// Where a piece may stand in another's way to the enemy's king.
+  const Bitboard kingLines_ =
+      enemyKingBit_ == 0 ? 0 : emptyReach[rules::WhiteQueen][rules::IndexOf(enemyKing_)];
+  const Goal king_{lengthsCut[enemyKing_.x][enemyKing_.y], Motivation(CloserToKing)};
+  const Goal queen_{lengthsCut[enemyQueen_.x][enemyQueen_.y],
+                    rules::IsOnBoard(enemyQueen_) ? Motivation(CloserToQueen) : 0};
+  const Goal centre_{lengthsToCentre, Motivation(CloserToCentre)};
   const Worths vulnerableWorths_ = WorthsIn(Vulnerable, table_);
   const Worths protectWorths_ = WorthsIn(Protect, table_);
-  std::array<int, 64> harm_;  // by the square of the attacker; elsewhere without a meaning
+  const Worths allowUndefendedWorths_ = WorthsIn(AllowUndefended, table_);
+  std::array<Bitboard, 64> attackersOn_{};  // the enemy's, by square
+  std::array<int, 64> harm_{};              // to the own pieces, by the square of the attacker
   int vulnerable_ = 0;
   // The piece whose moves are being scored.
   Square from_;
   PieceCode piece_ = rules::NoPiece;
   Bitboard attackers_ = 0;
+  bool isSlider_ = false;
+  bool mayOpenLine_ = false;
   int stand_ = 0;
   int rights_ = 0;
 };
@@ -333,17 +384,7 @@ int CountAttackers(Side side, Square square) {
 
 int PinBonus(Side side, Square square, const HeuristicTable& table) {
   const BoardSquares& board = ThePosition().BoardState;
-  const PieceCode pinner = board.At(square);
-  const int from = rules::IndexOf(square);
-  const Bitboard kings = board.Of(rules::OfSide(rules::WhiteKing, rules::OtherSide(side)));
-  const Bitboard aimedAt = emptyReach[pinner][from] & kings;
-  if (aimedAt == 0) return 0;
-  int bonus = 0;
-  for (std::size_t ray = 0; ray < rules::rayReach.size(); ++ray) {
-    if ((rules::rayReach[ray][from] & aimedAt) != 0)
-      bonus += PinsOnRay(side, pinner, from, ray, table);
-  }
-  return bonus;
+  return PinsFrom(side, board.At(square), square, board.Occupied(), table);
 }
 
 int PinMotivation(PieceCode pinner, PieceCode pinned, const HeuristicTable& table) {
@@ -384,8 +425,7 @@ void ScoreCandidates(CandidateList& list, Side side, int sideInCheck, rules::Las
   Passes passes(side, sideInCheck, lastMove, table);
   for (CandidateMove& move : list) {
     if (cancelled && cancelled->load(std::memory_order_relaxed)) return;
-    move.Score = Saturate(Saturate(passes.Played(move.from, move.to)) -
-                          Saturate(passes.Before(move.from, move.to)));
+    move.Score = passes.ScoreOf(move.from, move.to);
   }
 }
 

@@ -7,8 +7,13 @@
 #include "rules/piece_moves.h"
 
 namespace rules {
-// ValidMove's tests turned round, from the target outward.
+
 Bitboard AttackersOf(Square target, Side attacker) {
+  return AttackersOf(target, attacker, ThePosition().BoardState.Occupied());
+}
+
+// ValidMove's tests turned round, from the target outward.
+Bitboard AttackersOf(Square target, Side attacker, Bitboard occupied) {
   const BoardSquares& board = ThePosition().BoardState;
   const int index = IndexOf(target);
   const auto pieces = [&](PieceCode whitePiece) { return board.Of(OfSide(whitePiece, attacker)); };
@@ -19,7 +24,7 @@ Bitboard AttackersOf(Square target, Side attacker) {
                      (diagonalReach[index] & (pieces(WhiteBishop) | pieces(WhiteQueen)));
   while (aligned != 0) {
     const int from = TakeLowest(aligned);
-    if ((squaresBetween[from][index] & board.Occupied()) == 0) attackers |= Bitboard{1} << from;
+    if ((squaresBetween[from][index] & occupied) == 0) attackers |= Bitboard{1} << from;
   }
   return attackers;
 }

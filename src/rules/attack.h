@@ -15,6 +15,10 @@ namespace rules {
 /// what stands on the target: its own side's pieces defend it.
 Bitboard AttackersOf(Square target, Side attacker);
 
+/// The same where lines end on the squares of `occupied` alone, as they would after a move. What
+/// has left its square, or was taken there, is still among them.
+Bitboard AttackersOf(Square target, Side attacker, Bitboard occupied);
+
 /// The pieces of `side` that can't leave their lines without laying their king open to an attack
 /// along a line. None where the side has no king; the first one counts where it has several.
 Bitboard PinnedPieces(Side side);

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ai/ai_files.h"
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+
 #include "ai/heuristic_rows.h"
 #include "fakes/fake_desktop.h"
 
@@ -51,6 +57,22 @@ TEST(AIFilesTest, AReaderHandsOnPairsUntilTheFirstThatIsNone) {
     EXPECT_EQ(taken, row.taken);
     EXPECT_EQ(fault ? fault->field : 0, row.faultAt);
   }
+}
+
+TEST(AIFilesTest, TheReadyMadeStylesAreWholeAndFitTheSlider) {
+  std::set<HeuristicTable> styles{DefaultHeuristics()};
+  for (const auto& file : std::filesystem::directory_iterator(TARVOLENIX_STYLES)) {
+    SCOPED_TRACE(file.path());
+    std::stringstream text;
+    text << std::ifstream(file.path(), std::ios::binary).rdbuf();
+    HeuristicTable table{};
+    ReadAIText(text.str(), [&](int row, auto value) { table[HeuristicOnRow(row)] = value; });
+    EXPECT_EQ(text.str(), AIFileText(table));
+    const auto [low, high] = std::minmax_element(table.begin(), table.end());
+    EXPECT_TRUE(*low >= -200 && *high <= 200) << *low << " " << *high;
+    styles.insert(table);
+  }
+  EXPECT_EQ(styles.size(), 7U);
 }
 
 TEST(AIFilesTest, AFileIsReplacedWholeOrNotAtAll) {

@@ -24,9 +24,10 @@ constexpr const char* players[] = {"A", "B"};
 /// By ai::GameEnd.
 constexpr const char* endNames[] = {"mate", "stalemate", "draw", "repetition", "limit"};
 
-/// By ai::MoveFigure, from the second on.
-constexpr const char* figureNames[] = {"captures", "checks", "castled", "pawn",
-                                       "king",     "queen",  "advanced"};
+/// By ai::MoveFigure.
+constexpr const char* figureNames[] = {"moves", "captures", "checks", "castled",
+                                       "pawn",  "king",     "queen",  "advanced"};
+static_assert(std::size(figureNames) == ai::moveFigureCount);
 
 // A signal's handler may touch nothing else.
 std::atomic<bool> stopped = false;
@@ -114,7 +115,7 @@ class Totals {
   JsonObject Figures(std::size_t table) const {
     JsonObject figures;
     for (std::size_t n = 0; n < std::size(figureNames); ++n) {
-      figures.Add(figureNames[n], PerGame(figures_[table][n + 1]));
+      figures.Add(figureNames[n], PerGame(figures_[table][n]));
     }
     return figures;
   }
@@ -139,25 +140,27 @@ void PrintGame(const ai::PlayedGame& game) {
       .Print();
 }
 
-/// A line of the terminal that is written over and over.
+/// The line at the bottom of the terminal that tells how far the match has come.
 class ProgressLine {
  public:
-  explicit ProgressLine(std::uint64_t games) : games_(games) {}
+  explicit ProgressLine(int games) : games_(games) {}
 
-  void Show(const Totals& totals) const {
-    if (!shown_) return;
-    std::cerr << '\r' << totals.Games() << " of " << games_ << " games, A " << totals.ShortText()
-              << "   " << std::flush;
+  void Show(const Totals& totals) {
+    if (!onTerminal_) return;
+    line_ = std::to_string(totals.Games()) + " of " + std::to_string(games_) + " games, A " +
+            totals.ShortText();
+    std::cerr << line_ << std::flush;
   }
 
-  void End() const {
-    if (shown_) std::cerr << '\n';
+  /// Before anything else is printed, which may go to the same terminal.
+  void Wipe() {
+    if (onTerminal_) std::cerr << '\r' << std::string(line_.size(), ' ') << '\r' << std::flush;
   }
 
  private:
-  const std::uint64_t games_;
-  // Where the games themselves go to the terminal nothing else need be told.
-  const bool shown_ = ::isatty(STDERR_FILENO) != 0 && ::isatty(STDOUT_FILENO) == 0;
+  const int games_;
+  const bool onTerminal_ = ::isatty(STDERR_FILENO) != 0;
+  std::string line_;
 };
 
 }  // namespace
@@ -175,17 +178,18 @@ bool Match(const Call& call) {
 
   std::signal(SIGINT, [](int) { stopped = true; });
   Totals totals;
-  const ProgressLine progress(order.games);
+  ProgressLine progress(order.games);
   progress.Show(totals);
   ai::PlayMatch(
       order,
       [&](const ai::PlayedGame& game) {
         totals.Add(game);
+        progress.Wipe();
         PrintGame(game);
         progress.Show(totals);
       },
       stopped);
-  progress.End();
+  progress.Wipe();
   totals.Print(order.seed);
   if (totals.Games() == order.games) return true;
   throw Refusal("The match was ended after " + std::to_string(totals.Games()) + " of " +

@@ -39,10 +39,10 @@ const std::vector<VerbRow>& Verbs() {
        "Lets two styles of the computer opponent play N games, each of twenty openings with either "
        "colour in turn. A and B are AI files, their names in the program folder, or factory. Drawn "
        "are stalemates, what nobody can win any more (draw), the third time of a position "
-       "(repetition), and what nobody has won after 150 moves (limit). The last line has A's "
-       "result, "
-       "how far A is ahead in Elo points, give or take the error of 95 %, and what each did in a "
-       "game; S makes it repeatable. Ctrl+C ends it with what was played.",
+       "(repetition), and what nobody has won after 150 moves (limit). The last line tells how A "
+       "did, how far A is ahead in Elo points, give or take the error of 95 %, and of either how "
+       "many moves of which sort a game had; S makes it repeatable. Ctrl+C ends it with what was "
+       "played.",
        {.valueOptions = {"--games", "--depth", "--seed"},
         .required = {"--games", "--depth"},
         .least = 2,

@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QStackedLayout>
 #include <QTabBar>
 #include <QVBoxLayout>
 
@@ -64,7 +65,6 @@ OptionsPage::OptionsPage(std::function<void()> pickSound, QWidget* parent) : QDi
   AddPages(std::move(pickSound));
   AddButtons();
   if (!TakeLook(*this, layouts::optionsPage, [this] { SetSimpleUI(); })) return;
-  for (QWidget* page : pages_) page->setVisible(page == &Page(1));
   ChangeTab(1);
   open_ = Load();
 }
@@ -99,7 +99,10 @@ void OptionsPage::AddPages(std::function<void()> pickSound) {
   savedAI_ = new SavedAIPage(*heuristics_, this);
   skins_ = new SkinsPage(this);
   pages_ = {general_, notification_, chessSet_, heuristics_, savedAI_, skins_};
-  for (int tab = 1; tab <= tabCount; ++tab) Page(tab).setObjectName(u"Page_%1"_s.arg(tab));
+  for (int tab = 1; tab <= tabCount; ++tab) {
+    Page(tab).setObjectName(u"Page_%1"_s.arg(tab));
+    Page(tab).hide();
+  }
   const auto enable = [this] { EnableApply(true); };
   connect(general_, &GeneralPage::ApplyWanted, this, enable);
   connect(notification_, &NotificationPage::ApplyWanted, this, enable);
@@ -133,7 +136,9 @@ void OptionsPage::SetSimpleUI() {
   layout->setContentsMargins(margin, margin, margin, margin);
   layout->setSpacing(8);
   layout->addWidget(tabStrip_);
-  for (QWidget* page : pages_) layout->addWidget(page, 1);
+  plainPages_ = new QStackedLayout;
+  layout->addLayout(plainPages_, 1);
+  for (int tab = 1; tab <= plainTabCount; ++tab) plainPages_->addWidget(&Page(tab));
   layout->addLayout(buttons);
   resize(plainSize.expandedTo(sizeHint()));
 }
@@ -207,12 +212,14 @@ void OptionsPage::RefreshInterfaceButtons() {
 }
 
 void OptionsPage::ChangeTab(int tab) {
+  const int before = std::exchange(tab_, tab);
   if (tabStrip_) {
     tabStrip_->setCurrentIndex(tab - 1);
-  } else {
-    tabs_[static_cast<std::size_t>(tab - 1)]->setChecked(true);
+    plainPages_->setCurrentIndex(tab - 1);
+    return;
   }
-  Page(std::exchange(tab_, tab)).hide();
+  tabs_[static_cast<std::size_t>(tab - 1)]->setChecked(true);
+  Page(before).hide();
   Page(tab).show();
 }
 

@@ -10,6 +10,7 @@
 #include <functional>
 
 class QAbstractButton;
+class QStackedLayout;
 class QTabBar;
 
 namespace ui {
@@ -70,7 +71,8 @@ class OptionsPage : public QDialog {
   SkinsPage* skins_;
   std::array<QWidget*, tabCount> pages_{};
   std::array<QAbstractButton*, tabCount> tabs_{};  // of the skinned look
-  QTabBar* tabStrip_ = nullptr;                    // of the plain look
+  QTabBar* tabStrip_ = nullptr;                    // of the plain look, as the next
+  QStackedLayout* plainPages_ = nullptr;
   QAbstractButton* ok_;
   QAbstractButton* cancel_;
   QAbstractButton* apply_;

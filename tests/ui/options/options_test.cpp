@@ -83,6 +83,7 @@ TEST_F(OptionsTest, NothingCountsBeforeApplyButThreeThings) {
     Open(simple);
     ASSERT_TRUE(window_->IsOpen());
     EXPECT_FALSE(Apply().isEnabled());
+    EXPECT_TRUE(Shows(*window_, "Page_1"));
     Pick("opSysTrayTimerCombo", 30);
     Pick("vsCSearchDepth", 4);
     Pick("opTimeoutCombo", 19);

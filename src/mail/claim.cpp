@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "mail/character_count.h"
+#include "mail/move_mail.h"
 #include "platform/conversions.h"
 #include "platform/text_fields.h"
 
@@ -26,7 +28,7 @@ store::MoveRecords RemainingMoves(platform::FieldWalk& fields, int count) {
     move.MoveNumber = Number(fields.Next());
     move.MoveCoordinates = fields.Next();
     move.MoveText = fields.Next();
-    move.MoveComment = fields.Next();
+    move.MoveComment = FirstCharacters(fields.Next(), longestComment);
   }
   return moves;
 }

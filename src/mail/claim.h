@@ -24,7 +24,8 @@ struct Claim {
   store::MoveRecords moves;
 };
 
-/// Reads a move text of good form. Raises std::exception where a number is out of range.
+/// Reads a move text of good form; comments that are too long are cut. Raises std::exception where
+/// a number is out of range.
 Claim ReadClaim(std::string_view text);
 
 /// Whether the moves are numbered 1, 2, 3 and so on.

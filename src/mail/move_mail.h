@@ -16,7 +16,7 @@
 //   8  "True" where the receiver is the host, else "False"
 //   9  GAME_START_BOARD, eight rows separated by ";" (may come empty)
 //   10 on: MoveNumber, MoveCoordinates, MoveText (at most 15 characters) and MoveComment (at most
-//      200 characters) of every move of the game
+//      200 characters, of a longer one the first 200 count) of every move of the game
 //
 // The opponent's name and address don't travel: the receiver takes them from the mail's sender.
 // There is no version in the text; compatibility rests on the layout alone.
@@ -32,6 +32,9 @@ namespace mail {
 
 /// Characters of a title or a player's name.
 inline constexpr std::size_t longestName = 50;
+
+/// Characters of a comment.
+inline constexpr std::size_t longestComment = 200;
 
 inline constexpr std::string_view startMarker = "<<TARVOLENIX:";
 inline constexpr std::string_view endMarker = ":TARVOLENIX>>";

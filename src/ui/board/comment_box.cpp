@@ -5,8 +5,10 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QToolTip>
 
 #include <algorithm>
+#include <utility>
 
 #include "widgets/typed_text.h"
 
@@ -31,6 +33,16 @@ CommentBox::CommentBox(QWidget* parent) : QPlainTextEdit(parent) {
   setTabChangesFocus(true);
   setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  connect(this, &QPlainTextEdit::textChanged, this, &CommentBox::WarnOfLink);
+}
+
+/// Filters replace links by longer ones of their own, and what is too long is cut.
+void CommentBox::WarnOfLink() {
+  const bool hasLink = toPlainText().contains(u"://"_s);
+  if (std::exchange(hasLink_, hasLink) || !hasLink) return;
+  QToolTip::showText(mapToGlobal(rect().bottomLeft()),
+                     u"Mail filters may change links, so a link may not arrive as you type it."_s,
+                     this);
 }
 
 QSize CommentBox::sizeHint() const {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The box for the comment that goes with a move: several lines to the eye, one to the game file.
+// A link in it gets a word of warning beside the box, once.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -29,6 +30,9 @@ class CommentBox : public QPlainTextEdit {
 
  private:
   QString Fitting(const QString& text) const;
+  void WarnOfLink();
+
+  bool hasLink_ = false;
 };
 
 }  // namespace ui

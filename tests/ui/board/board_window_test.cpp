@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QTextEdit>
+#include <QToolTip>
 
 #include <algorithm>
 #include <functional>
@@ -62,6 +63,9 @@ TEST_F(BoardWindowTest, TheCommentTakesOneLineOfTwoHundredCharactersWithoutBars)
   QTest::keyClick(&Comment(), Qt::Key_Return);
   paste(u"|ü\r\n<b>\nz|"_s);
   EXPECT_EQ(Game().PlayerComment, "abcü <b> z");
+  EXPECT_EQ(QToolTip::text(), QString());
+  paste(u"see http://x"_s);
+  EXPECT_TRUE(QToolTip::text().contains(u"link"_s));
 
   Comment().clear();
   paste(u"ü"_s.repeated(150) + u"\U0001F600"_s.repeated(100));

@@ -39,7 +39,7 @@ std::string Encoded(const std::string& bytes, const vmime::encoding& encoding) {
   vmime::utility::outputStreamStringAdapter out(result);
   const auto encoder = encoding.getEncoder();
   encoder->getProperties()["text"] = true;
-  encoder->getProperties()["maxlinelength"] = 76;
+  encoder->getProperties()["maxlinelength"] = 74;
   encoder->encode(in, out);
   return result;
 }
@@ -58,12 +58,29 @@ std::string EncodedWords(std::string_view text) {
   return words;
 }
 
+/// A text with its lines broken at single blanks, as a reader joins them again; blank where a line
+/// would still be too long.
+std::string Folded(std::string_view text) {
+  std::string lines;
+  while (text.size() > longestPlainValue) {
+    std::size_t at = text.rfind(' ', longestPlainValue);
+    while (at != text.npos && at > 0 && (text[at - 1] == ' ' || text[at + 1] == ' ')) {
+      at = text.rfind(' ', at - 1);
+    }
+    if (at == text.npos || at == 0) return {};
+    lines.append(text.substr(0, at)).append("\r\n");
+    text.remove_prefix(at);
+  }
+  return lines.append(text);
+}
+
 /// The prefix stays readable in any case: servers that look for it in subjects may not decode them.
 std::string SubjectValue(const std::string& subject) {
   std::string clean = WithoutReserved(subject);
-  const bool plain = clean.size() <= longestPlainValue && IsAscii(clean) &&
-                     clean.find("=?") == std::string::npos && Trimmed(clean) == clean;
-  if (plain) return clean;
+  const bool plain =
+      IsAscii(clean) && clean.find("=?") == std::string::npos && Trimmed(clean) == clean;
+  const std::string folded = plain ? Folded(clean) : std::string{};
+  if (!folded.empty()) return folded;
   const std::size_t ahead = subjectPrefix.size() + 1;
   const bool ours = clean.size() > ahead && clean.starts_with(std::string(subjectPrefix) + ' ');
   if (!ours) return EncodedWords(clean);
@@ -117,11 +134,15 @@ std::string WithMailLineEnds(const std::string& text) {
   return platform::ReplaceAll(bare, "\n", "\r\n");
 }
 
-/// Whether a text may travel as it is: short lines and no zero byte.
+/// Whoever keeps many mails in one file tells by such a line where the next one begins, and would
+/// change it.
+constexpr std::string_view nextMail = "From ";
+
+/// Whether a text may travel as it is: short lines that mean nothing, and no zero byte.
 bool FitsMailLines(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = std::min(text.find("\r\n", at), text.size());
-    if (end - at > longestLine) return false;
+    if (end - at > longestLine || text.substr(at).starts_with(nextMail)) return false;
     at = end + 2;
   }
   return text.find('\0') == std::string_view::npos;
@@ -132,6 +153,14 @@ const char* EncodingFor(std::string_view text, Lines lines) {
   const bool ascii = IsAscii(text);
   if (!FitsMailLines(text) || (lines == Lines::SevenBit && !ascii)) return types::QUOTED_PRINTABLE;
   return ascii ? types::SEVEN_BIT : types::EIGHT_BIT;
+}
+
+std::string EncodedBody(const std::string& text, const std::string& encoding) {
+  const std::string body = Encoded(text, vmime::encoding(encoding));
+  if (encoding != vmime::encodingTypes::QUOTED_PRINTABLE) return body;
+  const std::string harmless = "\r\n=46" + std::string(nextMail.substr(1));
+  const std::string harmful = "\r\n" + std::string(nextMail);
+  return platform::ReplaceAll("\r\n" + body, harmful, harmless).substr(2);
 }
 
 }  // namespace
@@ -164,7 +193,7 @@ std::string ComposeMail(const OutgoingMail& mail, Lines lines) {
     for (const auto& [name, value] : fields) {
       bytes.append(name).append(": ").append(value).append("\r\n");
     }
-    return bytes + "\r\n" + Encoded(text, vmime::encoding(encoding));
+    return bytes + "\r\n" + EncodedBody(text, encoding);
   });
 }
 

@@ -84,6 +84,8 @@ const SubjectCase subjectCases[] = {
     {"Tarvolenix : =?utf-8?Q?x?=", encoded},
     {"Tarvolenix : " + std::string(300, 'x'), encoded},
     {"Tarvolenix : x" + std::string(30, 'y') + "♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔",
+    {"Tarvolenix : e4,  " + std::string(50, 'a') + "  b " + std::string(60, 'c') + " d.",
+     "Tarvolenix :\r\n e4,  aaa"},
      "Tarvolenix :\r\n =?utf-8?B?eHl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eeKZlOKZlA==?=\r\n"},
     {"Grüße", ""},
 };
@@ -116,6 +118,7 @@ TEST(MailTextTest, TextsTravelInTheirPlainestForm) {
       {"Grüße \r\n.\r\n\r\n From me\r\n", "8bit", "quoted-printable"},
       {std::string(2000, 'x') + " \r\n\ty", "quoted-printable", "quoted-printable"},
       {std::string("a\0b", 3), "quoted-printable", "quoted-printable"},
+      {"a\r\nFrom Paris|\r\nFrom b", "quoted-printable", "quoted-printable"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text.substr(0, 20));
@@ -125,6 +128,7 @@ TEST(MailTextTest, TextsTravelInTheirPlainestForm) {
       const std::string encoding = seven ? row.sevenBit : row.eightBit;
       EXPECT_NE(bytes.find("\r\nContent-Transfer-Encoding: " + encoding + "\r\n"), bytes.npos);
       std::string text = row.text;
+      EXPECT_EQ(bytes.find("\nFrom ", bytes.find("\r\n\r\n")), bytes.npos);
       std::erase(text, '\0');
       EXPECT_EQ(ParseMail(bytes).text, text);
       EXPECT_EQ(seven && std::any_of(bytes.begin(), bytes.end(), [](char c) { return c < 0; }),

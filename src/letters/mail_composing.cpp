@@ -3,6 +3,7 @@
 
 #include "letters/mail_library.h"
 #include "letters/mail_text.h"
+#include "letters/message_ids.h"
 #include "platform/text_fields.h"
 
 namespace letters {
@@ -122,11 +123,6 @@ std::string RecipientsValue(const std::vector<Mailbox>& recipients) {
   return value;
 }
 
-/// Made of the sender's domain: this machine's own name is nobody's business.
-std::string NewMessageId(const std::string& sender) {
-  return '<' + vmime::messageId::generateId().getLeft() + sender.substr(sender.rfind('@')) + '>';
-}
-
 /// Every line end as a mail has it.
 std::string WithMailLineEnds(const std::string& text) {
   const std::string bare =
@@ -163,6 +159,13 @@ std::string EncodedBody(const std::string& text, const std::string& encoding) {
   return platform::ReplaceAll("\r\n" + body, harmful, harmless).substr(2);
 }
 
+/// What the mail belongs to, in each mail client's eyes.
+std::string ThreadFields(const std::string& thread) {
+  if (thread.empty()) return {};
+  const std::string root = RootIDOf(thread);
+  return "In-Reply-To: " + root + "\r\nReferences: " + root + "\r\n";
+}
+
 }  // namespace
 
 std::string EnvelopeAddress(std::string_view address) {
@@ -184,7 +187,8 @@ std::string ComposeMail(const OutgoingMail& mail, Lines lines) {
         {"To", RecipientsValue(mail.to)},
         {"Subject", SubjectValue(mail.subject)},
         {"Date", vmime::datetime::now().generate()},
-        {"Message-ID", NewMessageId(EnvelopeAddress(mail.from.address))},
+        {"Message-ID",
+         WithoutReserved(mail.messageID.empty() ? NewMessageID(mail) : mail.messageID)},
         {"MIME-Version", "1.0"},
         {"Content-Type", "text/plain; charset=utf-8"},
         {"Content-Transfer-Encoding", encoding},
@@ -193,7 +197,7 @@ std::string ComposeMail(const OutgoingMail& mail, Lines lines) {
     for (const auto& [name, value] : fields) {
       bytes.append(name).append(": ").append(value).append("\r\n");
     }
-    return bytes + "\r\n" + EncodedBody(text, encoding);
+    return bytes + ThreadFields(mail.thread) + "\r\n" + EncodedBody(text, encoding);
   });
 }
 

@@ -30,7 +30,8 @@ struct OutgoingMail {
   std::vector<Mailbox> to;
   std::string subject;
   std::string text;
-  std::string thread = {};  ///< letters, digits and "-"; blank where the mail belongs to nothing
+  std::string thread = {};     ///< letters, digits and "-"; blank where the mail belongs to nothing
+  std::string messageID = {};  ///< with its angle brackets; made anew where it is blank
 };
 
 }  // namespace letters

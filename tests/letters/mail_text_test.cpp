@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "letters/message_ids.h"
 #include "platform/mail_client.h"
 
 namespace {
@@ -83,9 +84,9 @@ const SubjectCase subjectCases[] = {
     {"Tarvolenix : e4, Grüße 棋", encoded},
     {"Tarvolenix : =?utf-8?Q?x?=", encoded},
     {"Tarvolenix : " + std::string(300, 'x'), encoded},
-    {"Tarvolenix : x" + std::string(30, 'y') + "♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔",
     {"Tarvolenix : e4,  " + std::string(50, 'a') + "  b " + std::string(60, 'c') + " d.",
      "Tarvolenix :\r\n e4,  aaa"},
+    {"Tarvolenix : x" + std::string(30, 'y') + "♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔♔",
      "Tarvolenix :\r\n =?utf-8?B?eHl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eXl5eeKZlOKZlA==?=\r\n"},
     {"Grüße", ""},
 };
@@ -117,8 +118,8 @@ TEST(MailTextTest, TextsTravelInTheirPlainestForm) {
       {"1|5254|e4|Good luck \r\n", "7bit", "7bit"},
       {"Grüße \r\n.\r\n\r\n From me\r\n", "8bit", "quoted-printable"},
       {std::string(2000, 'x') + " \r\n\ty", "quoted-printable", "quoted-printable"},
-      {std::string("a\0b", 3), "quoted-printable", "quoted-printable"},
       {"a\r\nFrom Paris|\r\nFrom b", "quoted-printable", "quoted-printable"},
+      {std::string("a\0b", 3), "quoted-printable", "quoted-printable"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text.substr(0, 20));
@@ -127,14 +128,26 @@ TEST(MailTextTest, TextsTravelInTheirPlainestForm) {
       const std::string bytes = ComposeMail({{"", "a@b"}, {{"", "c@d"}}, "Ü", row.text}, lines);
       const std::string encoding = seven ? row.sevenBit : row.eightBit;
       EXPECT_NE(bytes.find("\r\nContent-Transfer-Encoding: " + encoding + "\r\n"), bytes.npos);
-      std::string text = row.text;
       EXPECT_EQ(bytes.find("\nFrom ", bytes.find("\r\n\r\n")), bytes.npos);
+      std::string text = row.text;
       std::erase(text, '\0');
       EXPECT_EQ(ParseMail(bytes).text, text);
       EXPECT_EQ(seven && std::any_of(bytes.begin(), bytes.end(), [](char c) { return c < 0; }),
                 false);
     }
   }
+}
+
+TEST(MailTextTest, AMailNamesTheThreadThatItBelongsTo) {
+  letters::OutgoingMail mail{{"", "a@b.c"}, {{"", "d@e.f"}}, "s", "t", "0903-7\r\nX: y"};
+  mail.messageID = letters::NewMessageID(mail);
+  EXPECT_NE(letters::NewMessageID(mail), mail.messageID);
+  EXPECT_TRUE(mail.messageID.starts_with("<tarvolenix.0903-7--X--y.")) << mail.messageID;
+  EXPECT_TRUE(mail.messageID.ends_with("@b.c>"));
+  const std::string bytes = ComposeMail(mail);
+  EXPECT_NE(bytes.find("\r\nMessage-ID: " + mail.messageID + "\r\n"), bytes.npos);
+  EXPECT_NE(bytes.find("\r\nReferences: <tarvolenix.0903-7--X--y@tarvolenix.invalid>\r\n"),
+            bytes.npos);
 }
 
 TEST(MailTextTest, RefusesWhatIsNoAddress) {

@@ -4,12 +4,14 @@
 #include "letters/mail_library.h"
 #include "letters/mail_text.h"
 #include "letters/message_ids.h"
+#include "platform/move_subject.h"
 #include "platform/text_fields.h"
 
 namespace letters {
 namespace {
 
 using platform::MailError;
+using platform::subjectPrefix;
 
 /// A line of a mail may have 998 bytes; some programs count its end.
 constexpr std::size_t longestLine = 990;

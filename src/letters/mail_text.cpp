@@ -6,6 +6,7 @@
 #include "letters/mail_library.h"
 #include "letters/mime_text.h"
 #include "platform/ascii.h"
+#include "platform/move_subject.h"
 
 namespace letters {
 namespace {
@@ -98,6 +99,14 @@ std::string SubjectOf(std::string_view bytes) {
     header.parse(std::string(bytes));
     return HeaderSubject(header);
   });
+}
+
+bool CanBeOurs(std::string_view header) {
+  try {
+    return platform::IsMoveSubject(SubjectOf(header));
+  } catch (const MailError&) {
+    return false;  // what can't be read as a mail isn't one
+  }
 }
 
 FetchedMail ParseMail(const std::string& bytes) {

@@ -11,9 +11,6 @@
 
 namespace letters {
 
-/// How the subject of every mail of the program begins.
-inline constexpr std::string_view subjectPrefix = "Tarvolenix :";
-
 /// More than this is never read of one mail.
 inline constexpr std::size_t greatestMail = 8u << 20;
 
@@ -44,10 +41,15 @@ std::string ComposeMail(const OutgoingMail& mail, Lines lines = Lines::EightBit)
 /// Raises MailError for what can't be read.
 std::string SubjectOf(std::string_view bytes);
 
-/// Subject, sender and text of a whole mail. The text keeps the mail's line ends. A mail without a
-/// usable sender's address has a blank one and no text: nobody could ever be answered. Raises
-/// MailError for what can't be read, for a mail of so many parts that it can only be meant to be
-/// expensive, and for one that a program wrote by itself as an answer.
+/// Whether a mail with this header may be a move mail. False for a header that can't be
+/// read.
+bool CanBeOurs(std::string_view header);
+
+/// Subject, sender and text of a whole mail. The text
+/// keeps the mail's line ends. A mail without a usable sender's address has a blank one and no
+/// text: nobody could ever be answered. Raises MailError for what can't be read, for a mail of so
+/// many parts that it can only be meant to be expensive, and for one that a program wrote by
+/// itself as an answer.
 FetchedMail ParseMail(const std::string& bytes);
 
 }  // namespace letters

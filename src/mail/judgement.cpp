@@ -91,6 +91,14 @@ std::optional<StoredGame> FindGame(const Claim& claim, const ReceivedMail& mail)
   return found;
 }
 
+bool IsOwnClaim(const Claim& claim, const ReceivedMail& mail) {
+  const auto games = Select("GAME_ID", claim.sendersID, claim.dateStamp);
+  return std::any_of(games.begin(), games.end(), [&](const store::GameRecord& game) {
+    return game.GAME_HOST != claim.receiverIsHost &&
+           platform::SameAddress(mail.address, game.GAME_OPPONENTS_EMAIL);
+  });
+}
+
 bool IsOpponent(std::string_view address, const store::GameRecord& game, const MailMemory& memory) {
   if (platform::SameAddress(address, unknownAddress)) return false;  // it is nobody's
   return platform::SameAddress(address, game.GAME_OPPONENTS_EMAIL) ||

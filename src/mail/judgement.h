@@ -29,6 +29,10 @@ struct StoredGame {
 /// mail, else by his. Raises StoreFailure where the games can't be read.
 std::optional<StoredGame> FindGame(const Claim& claim, const ReceivedMail& mail);
 
+/// Whether the claim is our own mail, quoted in an opponent's answer: its numbers of the game stand
+/// the wrong way round. Raises StoreFailure.
+bool IsOwnClaim(const Claim& claim, const ReceivedMail& mail);
+
 /// Whether the game's moves go to this address, or the user has accepted it for the game.
 bool IsOpponent(std::string_view address, const store::GameRecord& game, const MailMemory& memory);
 

@@ -5,6 +5,7 @@
 
 #include "mail/character_count.h"
 #include "platform/messages.h"
+#include "platform/move_subject.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/text_fields.h"
@@ -58,7 +59,7 @@ std::string BuildMailBanner() {
 std::string BuildMailSubject(const store::MoveRecords& moves) {
   assert(!moves.empty());
   const store::MoveRecord& last = moves.back();
-  return std::string(subjectPrefix) + " " + last.MoveText + ", " +
+  return std::string(platform::subjectPrefix) + " " + last.MoveText + ", " +
          platform::ReturnValue(last.MoveComment, "No comment.");
 }
 

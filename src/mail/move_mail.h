@@ -39,9 +39,6 @@ inline constexpr std::size_t longestComment = 200;
 inline constexpr std::string_view startMarker = "<<TARVOLENIX:";
 inline constexpr std::string_view endMarker = ":TARVOLENIX>>";
 
-/// How the subject of every move mail begins. What follows is for people.
-inline constexpr std::string_view subjectPrefix = "Tarvolenix :";
-
 /// What tells a person who opens the mail what to do. Lines end in CR LF.
 std::string BuildMailBanner();
 

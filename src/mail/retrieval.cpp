@@ -9,10 +9,12 @@
 
 #include "mail/bad_mails.h"
 #include "mail/claim.h"
+#include "mail/judgement.h"
 #include "mail/move_mail.h"
 #include "mail/move_text_check.h"
 #include "mail/status_popup.h"
 #include "platform/messages.h"
+#include "platform/move_subject.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
@@ -76,11 +78,30 @@ std::optional<Claim> ClaimOf(const std::string& text, Findings& findings) {
   return std::nullopt;
 }
 
+/// Whether a mail with tags in front of its subject is only talk about a move: a person's answer,
+/// in which no move stands, or the one that it answers.
+bool IsTalk(const std::string& text) {
+  if (Messages().MsgSubject().starts_with(platform::subjectPrefix)) return false;
+  const std::string moveText = ExtractMoveText(text);
+  try {
+    return moveText.empty() || (StageOfForm(moveText) == 0 &&
+                                IsOwnClaim(ReadClaim(moveText), {{}, AddressIfKnown(), {}, text}));
+  } catch (const StoreFailure&) {
+    throw;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 /// Takes the current message; a game's own mail is deleted once the game is safe. False where the
 /// message stays: bad ones, and those set aside.
 bool TakeCurrentMail(Findings& findings) {
-  MoveArrival& arrival = findings.arrivals.emplace_back();
   const std::string text = Messages().MsgNoteText();
+  if (IsTalk(text)) {
+    Messages().LeaveUnread();
+    return false;
+  }
+  MoveArrival& arrival = findings.arrivals.emplace_back();
   const auto claim = ClaimOf(text, findings);
   if (!claim) return false;
   const ReceivedMail mail{Messages().MsgOrigDisplayName(), Messages().MsgOrigAddress(),
@@ -98,7 +119,7 @@ bool TakeCurrentMail(Findings& findings) {
 
 /// A mail that the user sent himself and that came back to him is no move for him.
 bool IsMoveMail() {
-  return Messages().MsgSubject().starts_with(subjectPrefix) &&
+  return platform::IsMoveSubject(Messages().MsgSubject()) &&
          !Messages().IsOwnAddress(AddressIfKnown());
 }
 

@@ -222,7 +222,7 @@ std::optional<letters::FetchedMail> Maildir::Read(const Entry& entry) {
   }
   try {
     const auto header = HeaderOf(*start);
-    if (header && letters::SubjectOf(*header).starts_with(letters::subjectPrefix)) {
+    if (header && letters::CanBeOurs(*header)) {
       const auto bytes = StartOf(entry.path, letters::greatestMail + 1);
       if (!bytes) {
         NoteUnread(entry.path);

@@ -8,6 +8,7 @@
 
 #include "letters/mail_text.h"
 #include "platform/ascii.h"
+#include "platform/move_subject.h"
 #include "post/smtp.h"
 #include "post/token_command.h"
 
@@ -45,12 +46,7 @@ std::vector<Uid> UidsOf(const std::vector<std::string>& ids, Uid validity) {
 
 /// Whether the mail can be ours by its header and size.
 bool CanBeOurs(const ImapClient::Summary& summary) {
-  try {
-    return summary.size <= letters::greatestMail &&
-           letters::SubjectOf(summary.header).starts_with(letters::subjectPrefix);
-  } catch (const MailError&) {
-    return false;  // what can't be read as a mail isn't one
-  }
+  return summary.size <= letters::greatestMail && letters::CanBeOurs(summary.header);
 }
 
 std::optional<letters::FetchedMail> Parsed(const std::string& bytes) {
@@ -144,7 +140,7 @@ std::vector<letters::FetchedMail> ServerMail::Listed(bool unreadOnly) {
   // Servers search decoded subjects, but not all see every sign in them: the name alone is sought.
   const auto found = imap_->Search(
       std::string("UNDELETED ") + (unreadOnly ? "UNSEEN " : "") + "SUBJECT \"" +
-      std::string(letters::subjectPrefix.substr(0, letters::subjectPrefix.find(' '))) + '"');
+      std::string(platform::subjectPrefix.substr(0, platform::subjectPrefix.find(' '))) + '"');
   const auto first = std::upper_bound(found.begin(), found.end(), brought_);
   const auto last = first + std::min(greatestCount, found.end() - first);
   auto summaries = imap_->Summaries({first, last}, "SUBJECT");

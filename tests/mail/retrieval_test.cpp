@@ -77,7 +77,7 @@ TEST_F(Retrieval, MailsBecomeGames) {
 
 TEST_F(Retrieval, OtherMailIsLeftAloneAndUnread) {
   Arrives(FromAnna(1), "TARVOLENIX : e4");
-  Arrives(FromAnna(1), "Re: Tarvolenix : e4");
+  Arrives("Well played!", "Re: Tarvolenix : e4");
   Arrives(FromAnna(1), "Tarvolenix :e4");
   Arrives("<<TARVOLENIX:1|2|3:TARVOLENIX>>", "Tarvolenix : cut off");
   const auto arrivals = RetrieveMoveMails(false, false);
@@ -87,6 +87,19 @@ TEST_F(Retrieval, OtherMailIsLeftAloneAndUnread) {
   ASSERT_EQ(arrivals.size(), 2U);
   EXPECT_EQ(arrivals[1].stage, 1);
   EXPECT_EQ(desktop.boxes.messages.size(), 1U);
+}
+
+TEST_F(Retrieval, AnAnswerThatQuotesOurMoveIsNone) {
+  Store(BerndsGame(), 2);
+  const std::string before = GameFile();
+  const std::string address = BerndsGame().GAME_OPPONENTS_EMAIL;
+  Arrives(FromBernd(2), "Re: Tarvolenix : e5", address);
+  EXPECT_TRUE(RetrieveMoveMails(false, false).empty());
+  EXPECT_EQ(GameFile(), before);
+  EXPECT_FALSE(desktop.mail.inbox.at(0).read);
+  Arrives(FromAnna(3, 12), "[EXTERNAL] Tarvolenix : Nf3", address);
+  RetrieveMoveMails(false, false);
+  EXPECT_EQ(Process().PendingGames, fakes::GameIDs{12});
 }
 
 TEST_F(Retrieval, AMailOfGoodFormThatCantBeStoredStandsInNobodysWay) {

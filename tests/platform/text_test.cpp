@@ -7,10 +7,24 @@
 
 #include "platform/conversions.h"
 #include "platform/harmless_text.h"
+#include "platform/move_subject.h"
 #include "platform/text_fields.h"
 
 namespace platform {
 namespace {
+
+TEST(TextTest, AMoveMailIsKnownBehindTheTagsOfOthers) {
+  for (const char* subject :
+       {"Tarvolenix :e4", "[EXTERNAL] Tarvolenix : e4",
+        "***** SPAM *****  RE: Fwd:Tarvolenix :", "AW: [chess][x] Re[2]: WG : Tarvolenix : e4"}) {
+    EXPECT_TRUE(IsMoveSubject(subject)) << subject;
+  }
+  for (const char* subject :
+       {"", "TARVOLENIX : e4", "Tarvolenix: e4", "Re: Tarvolenix: e4", "About Tarvolenix : e4",
+        "Question: Tarvolenix : e4", "[x Tarvolenix : e4", "*x Tarvolenix : e4", "Re:", "**"}) {
+    EXPECT_FALSE(IsMoveSubject(subject)) << subject;
+  }
+}
 
 const struct {
   const char* name;

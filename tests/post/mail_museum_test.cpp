@@ -76,9 +76,7 @@ const Exhibit exceptions[] = {
     {"name_of_sixty", Refused{5}},
     {"away_with_our_subject", Refused{}},
     // none of ours
-    {"forwarded", Foreign{}},
     {"forwarded_as_attachment", Foreign{}},
-    {"list_prefix", Foreign{}},
     {"bounce_with_our_subject", Foreign{}},
     {"away_and_quoting_us", Foreign{}},
     {"read_receipt", Foreign{}},

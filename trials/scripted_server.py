@@ -177,7 +177,7 @@ class ImapTalk(Talk):
         (r"AUTHENTICATE PLAIN (\S+)", authenticate),
         (r"SELECT INBOX", select),
         (r"NOOP", lambda self: None),
-        (r'UID SEARCH UNDELETED (UNSEEN )?SUBJECT "(\w+)"', search),
+        (r'UID SEARCH UNDELETED (UNSEEN )?OR SUBJECT "(\w+)" \(SINCE .*\)', search),
         (r"UID FETCH ([\d,:]+) \((.*)\)", fetch),
         (r"UID STORE ([\d,:]+) \+FLAGS\.SILENT \((\\\w+)\)", store),
         (r"UID EXPUNGE ([\d,:]+)", expunge),

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "letters/delivery_report.h"
 #include "letters/mail_library.h"
 #include "letters/mime_text.h"
 #include "platform/ascii.h"
@@ -103,7 +104,8 @@ std::string SubjectOf(std::string_view bytes) {
 
 bool CanBeOurs(std::string_view header) {
   try {
-    return platform::IsMoveSubject(SubjectOf(header));
+    if (platform::IsMoveSubject(SubjectOf(header))) return true;
+    return RaisingMailErrors([header] { return CanBeReport(MimePart(header)); });
   } catch (const MailError&) {
     return false;  // what can't be read as a mail isn't one
   }
@@ -112,12 +114,14 @@ bool CanBeOurs(std::string_view header) {
 FetchedMail ParseMail(const std::string& bytes) {
   return RaisingMailErrors([&bytes] {
     const MimePart whole(bytes);
-    if (IsMachinesAnswer(whole)) throw MailError("a machine's answer");
     const Mailbox sender = HeaderSender(whole.header, whole.headerBytes);
     FetchedMail mail;
     mail.subject = HeaderSubject(whole.header);
     mail.name = sender.name;
     mail.address = sender.address;
+    if (CanBeReport(whole)) mail.undelivered = ReadReport(whole);
+    if (mail.undelivered) return mail;
+    if (IsMachinesAnswer(whole)) throw MailError("a machine's answer");
     if (!mail.address.empty()) mail.text = TextOf(whole);
     return mail;
   });

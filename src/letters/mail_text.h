@@ -41,14 +41,14 @@ std::string ComposeMail(const OutgoingMail& mail, Lines lines = Lines::EightBit)
 /// Raises MailError for what can't be read.
 std::string SubjectOf(std::string_view bytes);
 
-/// Whether a mail with this header may be a move mail. False for a header that can't be
-/// read.
+/// Whether a mail with this header may be a move mail, or a report on one of ours. False for a
+/// header that can't be read.
 bool CanBeOurs(std::string_view header);
 
-/// Subject, sender and text of a whole mail. The text
+/// Subject, sender and text of a whole mail; of a report on one of ours what it says. The text
 /// keeps the mail's line ends. A mail without a usable sender's address has a blank one and no
 /// text: nobody could ever be answered. Raises MailError for what can't be read, for a mail of so
-/// many parts that it can only be meant to be expensive, and for one that a program wrote by
+/// many parts that it can only be meant to be expensive, and for any other that a program wrote by
 /// itself as an answer.
 FetchedMail ParseMail(const std::string& bytes);
 

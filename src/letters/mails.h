@@ -3,8 +3,11 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/mail_client.h"
 
 namespace letters {
 
@@ -20,6 +23,8 @@ struct FetchedMail {
   std::string address;  ///< the sender's
   std::string text;     ///< plain text, UTF-8
   bool read = false;
+  bool isSpam = false;  ///< lies in the folder of spam; has no text then
+  std::optional<platform::Undelivered> undelivered = {};  ///< what a mail server reports by it
 
   /// About the bytes of memory that it takes.
   std::size_t Size() const { return subject.size() + name.size() + address.size() + text.size(); }

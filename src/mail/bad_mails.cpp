@@ -26,30 +26,17 @@ MailMemory MemoryOrNone() {
 
 bool IsNews(const BadMail& mail, const MailMemory& memory, bool byHand) {
   if (memory.silenced.contains(mail.id)) return false;
-  return byHand || std::find(memory.told.begin(), memory.told.end(), mail.id) == memory.told.end();
+  return byHand || !memory.WasTold(mail.id);
 }
 
-/// "Anna, Bob and 3 others"
-std::string Senders(const std::vector<BadMail>& mails) {
-  std::vector<std::string> names;
-  for (const BadMail& mail : mails) {
-    const std::string name = mail.from.empty() ? "somebody unknown" : mail.from;
-    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
-  }
-  const std::size_t named = std::min(names.size(), mostNamed);
-  std::string text;
-  for (std::size_t i = 0; i < named; ++i) {
-    if (i > 0) text += i + 1 == names.size() ? " and " : ", ";
-    text += names[i];
-  }
-  if (names.size() > named) {
-    text += " and " + std::to_string(names.size() - named) + " others";
-  }
-  return text;
+std::string SendersOf(const std::vector<BadMail>& mails) {
+  std::vector<std::string> senders;
+  for (const BadMail& mail : mails) senders.push_back(mail.from);
+  return SendersListed(senders);
 }
 
 std::string TextAbout(const std::vector<BadMail>& mails) {
-  const std::string senders = "||Written by " + Senders(mails) + ".";
+  const std::string senders = "||Written by " + SendersOf(mails) + ".";
   if (mails.size() == 1) return BadFormText(mails.front().stage, false) + senders;
   return "Tarvolenix found " + std::to_string(mails.size()) +
          " mails that appeared to be chess moves, but which failed validation.||If they are "
@@ -73,6 +60,24 @@ void Remember(const std::vector<BadMail>& mails, bool silenced) {
 }
 
 }  // namespace
+
+std::string SendersListed(const std::vector<std::string>& senders) {
+  std::vector<std::string> names;
+  for (const std::string& sender : senders) {
+    const std::string name = sender.empty() ? "somebody unknown" : sender;
+    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+  }
+  const std::size_t named = std::min(names.size(), mostNamed);
+  std::string text;
+  for (std::size_t i = 0; i < named; ++i) {
+    if (i > 0) text += i + 1 == names.size() ? " and " : ", ";
+    text += names[i];
+  }
+  if (names.size() > named) {
+    text += " and " + std::to_string(names.size() - named) + " others";
+  }
+  return text;
+}
 
 void TellOfBadMails(const std::vector<BadMail>& mails, bool byHand) {
   const MailMemory memory = MemoryOrNone();

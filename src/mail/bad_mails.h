@@ -15,6 +15,9 @@ struct BadMail {
   int stage = 0;     ///< of the form check; 0 where it failed unexpectedly
 };
 
+/// "anna@x.y, bob@x.y and 3 others": each once, as somebody where his address is blank.
+std::string SendersListed(const std::vector<std::string>& senders);
+
 /// Silent where there is nothing that he must hear of. What can't be remembered is told again.
 void TellOfBadMails(const std::vector<BadMail>& mails, bool byHand);
 

@@ -46,6 +46,9 @@ void ReadLine(std::string_view line, MailMemory& memory) {
     const std::string id(fields.Next());
     if (kind == "silenced") memory.silenced.insert(id);
     memory.told.push_back(id);
+  } else if (kind == "undelivered") {
+    const std::string thread(fields.Next());
+    memory.undelivered[thread] = fields.Next();
   }
 }
 
@@ -74,6 +77,10 @@ void MailMemory::Remember(std::string_view address, const store::GameRecord& gam
   addresses.push_back(entry);
 }
 
+bool MailMemory::WasTold(std::string_view id) const {
+  return std::find(told.begin(), told.end(), id) != told.end();
+}
+
 MailMemory LoadMailMemory() {
   platform::Files& files = *platform::TheSeams().files;
   MailMemory memory;
@@ -94,6 +101,9 @@ void SaveMailMemory(const MailMemory& memory) {
   }
   for (const std::int64_t seconds : memory.foundings) {
     content.append("founded|").append(std::to_string(seconds)).append("\n");
+  }
+  for (const auto& [thread, reason] : memory.undelivered) {
+    content.append("undelivered|").append(thread).append("|").append(reason).append("\n");
   }
   const std::size_t forgotten = memory.told.size() - std::min(memory.told.size(), mostTold);
   for (std::size_t i = forgotten; i < memory.told.size(); ++i) {

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the program remembers of mails beyond its games, in the file "Tvmail.dat" beside them: which
-// further addresses the user took or refused for a game, when strangers began games, and which bad
-// mails he has been told of. A line an entry, its kind in front, fields separated by "|".
+// further addresses the user took or refused for a game, when strangers began games, which bad
+// mails and reports he has been told of, and whose last mail couldn't be delivered. A line an
+// entry, its kind in front, fields separated by "|".
 //
 // Losing the file loses no game: the user is asked again. Loading and saving raise
 // platform::FileError; who decides by what is remembered must not go on without it.
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -30,11 +32,15 @@ enum class AddressStanding { Unknown, Accepted, Refused };
 struct MailMemory {
   std::vector<KnownAddress> addresses;
   std::vector<std::int64_t> foundings;  ///< seconds since 1970 at which strangers began games
-  std::vector<std::string> told;        ///< identifiers of bad mails, the latest last
+  std::vector<std::string> told;        ///< identifiers of bad mails and reports, the latest last
   std::set<std::string> silenced;       ///< those of which the user doesn't want to hear again
+
+  /// Of a thread, why its last mail couldn't be delivered.
+  std::map<std::string, std::string, std::less<>> undelivered;
 
   AddressStanding StandingOf(std::string_view address, const store::GameRecord& game) const;
   void Remember(std::string_view address, const store::GameRecord& game, bool accepted);
+  bool WasTold(std::string_view id) const;
 };
 
 MailMemory LoadMailMemory();

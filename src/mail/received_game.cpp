@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "mail/judgement.h"
+#include "mail/sending.h"
+#include "mail/undelivered.h"
 #include "platform/mail_address.h"
 #include "platform/process_state.h"
 #include "store/queries.h"
@@ -87,6 +89,7 @@ void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<Stor
     saved = store::SaveGame(game, moves, &changed);
   }
   if (!saved) throw StoreFailure("the game can't be saved");
+  if (!mail.isFile) ForgetUndelivered(ThreadOf(game));
   platform::ProcessState& process = platform::Process();
   process.NewMoveArrived = changed;
   if (changed) process.PendingGames.push_back(game.GAME_ID);

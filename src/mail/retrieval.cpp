@@ -12,7 +12,9 @@
 #include "mail/judgement.h"
 #include "mail/move_mail.h"
 #include "mail/move_text_check.h"
+#include "mail/spam.h"
 #include "mail/status_popup.h"
+#include "mail/undelivered.h"
 #include "platform/messages.h"
 #include "platform/move_subject.h"
 #include "platform/polling.h"
@@ -32,6 +34,8 @@ MAPIMessages& Messages() { return *platform::TheSeams().MMess; }
 struct Findings {
   std::vector<MoveArrival> arrivals;
   std::vector<BadMail> badMails;
+  std::vector<platform::Undelivered> reports;
+  std::vector<std::string> spamSenders;
   std::string leftOut;  ///< what the mail service says of a mail that it couldn't read
 };
 
@@ -123,13 +127,28 @@ bool IsMoveMail() {
          !Messages().IsOwnAddress(AddressIfKnown());
 }
 
+/// What the service tells by a message that nobody wrote to the user as a move. A report on a game
+/// stays in the Inbox, marked as read.
+bool IsNotice(Findings& findings) {
+  if (Messages().MsgIsSpam()) {
+    findings.spamSenders.push_back(AddressIfKnown());
+    return true;
+  }
+  const auto report = Messages().MsgUndelivered();
+  if (report && NoteUndelivered(*report)) {
+    Messages().MsgNoteText();
+    findings.reports.push_back(*report);
+  }
+  return report.has_value();
+}
+
 void WalkInbox(Findings& findings) {
   int index = 1;
   // The user may have ended the program over the report of a mail.
   while (!platform::Process().Stopping && index <= Messages().MsgCount()) {
     Messages().MsgIndex(index - 1);
     // A deleted message leaves its index to the next one.
-    if (!IsMoveMail() || !TakeCurrentMail(findings)) ++index;
+    if (IsNotice(findings) || !IsMoveMail() || !TakeCurrentMail(findings)) ++index;
   }
 }
 
@@ -243,6 +262,8 @@ std::vector<MoveArrival> RetrieveMoveMails(bool showStatus, bool fetchAll) {
   const bool ranThrough = TakeAll(fetchAll, !showStatus && !fetchAll, popup, findings);
   TellOfBadMails(findings.badMails, showStatus);
   TellOfDropped(findings.arrivals);
+  TellOfUndelivered(findings.reports);
+  TellOfSpam(findings.spamSenders);
   if (ranThrough && showStatus) TellOfMailLeftOut(findings.leftOut);
   if (ranThrough) {
     store::BackupDatabase();

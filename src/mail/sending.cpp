@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "mail/move_mail.h"
+#include "mail/undelivered.h"
 #include "platform/conversions.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
@@ -73,8 +74,11 @@ void ReportTransmissionError(const std::string& more) {
 
 bool SendMoveMail(std::int32_t gameID) {
   const platform::PollingHold hold;
+  std::string thread;
   try {
-    Compose(LoadOutgoingGame(gameID));
+    const OutgoingGame game = LoadOutgoingGame(gameID);
+    thread = ThreadOf(game.record);
+    Compose(game);
     platform::TheSeams().MMess->Send();
   } catch (const std::exception&) {
     ReportTransmissionError();
@@ -82,6 +86,7 @@ bool SendMoveMail(std::int32_t gameID) {
     if (platform::Process().Stopping) NoteUnsent(std::to_string(gameID));
     return false;
   }
+  ForgetUndelivered(thread);
   // The mail is on its way: a failing backup, which is silent everywhere, doesn't unsend it.
   store::BackupDatabase();
   return true;

@@ -7,11 +7,13 @@
 // a subject or a sender, changes nothing; reading MsgNoteText marks that one message as read, but
 // not before the next Flush, so that a mail that was taken stays unread until its game is safe.
 // Delete is final. Send returns only when the next hop has accepted the mail. Every failure raises
-// MailError. A service may leave mails out of the set whose subject can't begin with the program's
-// prefix. Display names, addresses and subjects come without control characters and without "|".
+// MailError. A service may leave mails out of the set that are neither move mails by their
+// subject (IsMoveSubject) nor reports on our own. Display names, addresses and subjects come
+// without control characters and without "|".
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -19,6 +21,13 @@ namespace platform {
 
 struct MailError : std::runtime_error {
   using std::runtime_error::runtime_error;
+};
+
+/// A mail server's report that one of our mails couldn't be delivered.
+struct Undelivered {
+  std::string thread;     ///< what that mail belonged to
+  std::string messageID;  ///< that mail's own
+  std::string reason;     ///< the remote server's sentence; blank where it gives none
 };
 
 /// There is no account to sign on with. What it says is a plain sentence for the user.
@@ -82,6 +91,13 @@ class MAPIMessages {
 
   virtual std::string MsgOrigDisplayName() = 0;
   virtual std::string MsgOrigAddress() = 0;
+
+  /// Nothing for a mail that somebody wrote.
+  virtual std::optional<Undelivered> MsgUndelivered() = 0;
+
+  /// The message doesn't lie in the Inbox but in the folder of spam: subject and sender are all
+  /// that is known of it. Each session tells of those once.
+  virtual bool MsgIsSpam() = 0;
 
   virtual int RecipCount() = 0;
   virtual void RecipIndex(int index) = 0;  ///< from 0; the count itself starts a new recipient

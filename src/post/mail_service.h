@@ -76,6 +76,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void MsgThread(const std::string& thread) override { outgoing_.thread = thread; }
   std::string MsgOrigDisplayName() override;
   std::string MsgOrigAddress() override;
+  std::optional<platform::Undelivered> MsgUndelivered() override { return Current().undelivered; }
+  bool MsgIsSpam() override { return Current().isSpam; }
   int RecipCount() override { return static_cast<int>(outgoing_.to.size()); }
   void RecipIndex(int index) override { recipient_ = index; }
   std::string RecipAddress() override { return Recipient().address; }

@@ -22,9 +22,9 @@ class MailTransport {
 
   virtual void Open() = 0;
 
-  /// The Inbox's mails whose subject begins with the program's prefix, in the order of arrival. Of
+  /// The Inbox's move mails, and reports on those that went out, in the order of arrival. Of
   /// more than can be held at a time the first ones: the next look then goes on behind them.
-  /// Changes no marks.
+  /// Changes no marks. Once, the move mails in the folder of spam come behind them.
   virtual std::vector<letters::FetchedMail> List(bool unreadOnly) = 0;
 
   /// True where the last look left mails out.

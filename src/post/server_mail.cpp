@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "post/server_mail.h"
 
+#include <QDate>
+#include <QLocale>
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -26,6 +29,29 @@ constexpr std::ptrdiff_t greatestCount = 5000;
 /// What folders of sent mails are called where the server doesn't say which one it is.
 constexpr std::string_view sentNames[] = {"Sent", "Sent Items", "Sent Messages", "Sent Mail",
                                           "Gesendet"};
+
+/// The header's fields by which a mail of ours is known.
+constexpr const char* tellingFields = "SUBJECT FROM CONTENT-TYPE";
+
+/// Who writes the reports on mails that couldn't be delivered, and how old such a report may be:
+/// nobody wants to hear of one from long ago, and an Inbox may hold thousands.
+constexpr const char* reports =
+    "OR FROM \"mailer-daemon\" OR FROM \"postmaster\" FROM \"microsoftexchange\"";
+constexpr int daysOfReports = 14;
+
+/// Servers search decoded subjects, but not all see every sign in them: the name alone is sought.
+std::string OurSubject() {
+  const std::string_view prefix = platform::subjectPrefix;
+  return "SUBJECT \"" + std::string(prefix.substr(0, prefix.find(' '))) + '"';
+}
+
+/// Move mails, and reports on them.
+std::string OurMails() {
+  const QDate since = QDate::currentDate().addDays(-daysOfReports);
+  return "OR " + OurSubject() + " (SINCE " +
+         QLocale::c().toString(since, QStringLiteral("d-MMM-yyyy")).toStdString() + ' ' + reports +
+         ')';
+}
 
 std::string IdOf(Uid validity, Uid uid) {
   return std::to_string(validity) + '.' + std::to_string(uid);
@@ -137,13 +163,11 @@ std::vector<letters::FetchedMail> ServerMail::List(bool unreadOnly) {
 }
 
 std::vector<letters::FetchedMail> ServerMail::Listed(bool unreadOnly) {
-  // Servers search decoded subjects, but not all see every sign in them: the name alone is sought.
-  const auto found = imap_->Search(
-      std::string("UNDELETED ") + (unreadOnly ? "UNSEEN " : "") + "SUBJECT \"" +
-      std::string(platform::subjectPrefix.substr(0, platform::subjectPrefix.find(' '))) + '"');
+  const auto found =
+      imap_->Search(std::string("UNDELETED ") + (unreadOnly ? "UNSEEN " : "") + OurMails());
   const auto first = std::upper_bound(found.begin(), found.end(), brought_);
   const auto last = first + std::min(greatestCount, found.end() - first);
-  auto summaries = imap_->Summaries({first, last}, "SUBJECT");
+  auto summaries = imap_->Summaries({first, last}, tellingFields);
   // Nor is anything taken that wasn't asked for: a round of looks must come to its end.
   std::erase_if(summaries, [this](const auto& summary) {
     return summary.uid <= brought_ || foreign_.contains(summary.uid) || !CanBeOurs(summary);

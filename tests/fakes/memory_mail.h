@@ -22,6 +22,8 @@ struct InboxMail {
   bool read = false;
   bool marked = false;   ///< read at the next flush
   bool brought = false;  ///< by a look of the round that is under way
+  bool isSpam = false;
+  std::optional<platform::Undelivered> undelivered = {};
 };
 
 struct SentMail {
@@ -66,6 +68,8 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
   std::string MsgNoteText() override;
   std::string MsgOrigDisplayName() override { return Current().senderName; }
   std::string MsgOrigAddress() override;
+  std::optional<platform::Undelivered> MsgUndelivered() override { return Current().undelivered; }
+  bool MsgIsSpam() override { return Current().isSpam; }
   void LeaveUnread() override { Current().marked = false; }
   void Delete() override;
   void Flush() override;

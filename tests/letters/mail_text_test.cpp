@@ -150,6 +150,57 @@ TEST(MailTextTest, AMailNamesTheThreadThatItBelongsTo) {
             bytes.npos);
 }
 
+struct ReportCase {
+  const char* name;
+  std::string mail;
+  const char* says;  ///< the thread, "/" and the reason; blank where it is no report on ours
+};
+
+const std::string ourID = "<tarvolenix.0-7.1.2@b.c>";
+
+const std::string ourHeader =
+    "References: <tarvolenix.0-7@tarvolenix.invalid>\r\nMessage-ID:\r\n " + ourID +
+    "\r\nSubject: Tarvolenix : e4\r\n\r\n554 moves\r\n";
+
+std::string StandardReport(const std::string& status) {
+  return "From: a@b\r\nContent-Type: multipart/report; boundary=X\r\n\r\n--X\r\n\r\nHi! 5 of 550 "
+         "mails\r\n--X\r\nContent-Type: message/delivery-status\r\n\r\n" +
+         status + "\r\n\r\n--X\r\n\r\n" + ourHeader + "--X--\r\n";
+}
+
+const std::string daemonSays = "From: Mailer-Daemon@x.y (Mail System)\nSubject: Returned mail\n\n";
+
+const ReportCase reportCases[] = {
+    {"standard",
+     StandardReport(
+         "Action: failed\r\nDiagnostic-Code: smtp; 550 5.1.1 <a@b>:\r\n Unknown | user "),
+     "0-7/550 5.1.1 <a@b>: Unknown   user"},
+    {"standard, without the server's words", StandardReport("Action: Failed"), "0-7/550 mails"},
+    {"only late", StandardReport("Action: delayed\r\nDiagnostic-Code: smtp; 451 wait"), ""},
+    {"a text for people",
+     daemonSays + "host x[1.5.1.2] said: 552-5.2.2\n  Mailbox full\n\n" + ourHeader,
+     "0-7/552-5.2.2 Mailbox full"},
+    {"without any reason", daemonSays + "Sorry. 5\n" + ourHeader, "0-7/"},
+    {"a warning", "From: postmaster@x.y\nSubject: Warning: Delayed\n\n" + ourHeader, ""},
+    {"on a mail of another program", daemonSays + "550 no\n\nMessage-ID: <x@b.c>\n", ""},
+    {"a person's", "From: a@b\nSubject: Tarvolenix : e4\n\n550 no\n\n" + ourHeader, ""},
+};
+
+TEST(MailTextTest, ReportsOnOurMailsAreUnderstood) {
+  for (const ReportCase& row : reportCases) {
+    std::string says;
+    EXPECT_TRUE(letters::CanBeOurs(row.mail)) << row.name;
+    try {
+      const auto report = ParseMail(row.mail).undelivered;
+      if (report) says = report->thread + '/' + report->reason;
+      EXPECT_EQ(report ? report->messageID : ourID, ourID) << row.name;
+    } catch (const platform::MailError&) {
+      // a machine's answer, but none that matters
+    }
+    EXPECT_EQ(says, row.says) << row.name;
+  }
+}
+
 TEST(MailTextTest, RefusesWhatIsNoAddress) {
   EXPECT_THROW(ComposeMail({{"", "me@x.y"}, {{"", "unknown@x.invalid"}}, "s", "t"}),
                platform::MailError);

@@ -2,6 +2,8 @@
 #include "mail/retrieval.h"
 
 #include "mail/mail_fixture.h"
+#include "mail/sending.h"
+#include "mail/undelivered.h"
 
 namespace mail {
 namespace {
@@ -100,6 +102,45 @@ TEST_F(Retrieval, AnAnswerThatQuotesOurMoveIsNone) {
   Arrives(FromAnna(3, 12), "[EXTERNAL] Tarvolenix : Nf3", address);
   RetrieveMoveMails(false, false);
   EXPECT_EQ(Process().PendingGames, fakes::GameIDs{12});
+}
+
+TEST_F(Retrieval, ACommentThatHasGrownIsCutAndAnOldOneStays) {
+  Store(BerndsGame(), 2);
+  std::string body = FromAnna(3, 12);
+  body.replace(body.find("Good luck!"), 10, "Good luck! >From far, with https://filter.example/?x");
+  body.replace(body.find("für dich"), 9, std::string(300, 'x'));
+  Arrives(body, "Tarvolenix : Nf3", BerndsGame().GAME_OPPONENTS_EMAIL);
+  RetrieveMoveMails(false, false);
+  EXPECT_NE(GameFile().find("|e4|Good luck!|"), std::string::npos) << GameFile();
+  EXPECT_TRUE(GameFile().ends_with("|Nf3|" + std::string(200, 'x') + "\r\n")) << GameFile();
+}
+
+TEST_F(Retrieval, AReportIsToldOfOnceAndStandsUntilAMailGoesEitherWay) {
+  Store(BerndsGame(), 2);
+  const std::string thread = ThreadOf(BerndsGame());
+  for (const bool sends : {true, false}) {
+    ForgetRecords();
+    fakes::InboxMail report{"Returned mail", "", "Daemon", "daemon@example.org"};
+    report.undelivered = {thread, sends ? "<1>" : "<2>", "550 no such user"};
+    desktop.mail.inbox = {report, report};
+    desktop.mail.inbox[1].undelivered->thread = "of nobody's game";
+    for (int look = 0; look < 2; ++look) RetrieveMoveMails(false, true);
+    EXPECT_EQ(desktop.boxes.messages.size(), 1U);
+    EXPECT_TRUE(IsToldOf("\"Sunday game\"") && IsToldOf("550 no such user")) << Told();
+    EXPECT_EQ(UndeliveredReason(thread), "550 no such user");
+    EXPECT_TRUE(desktop.mail.inbox[0].read && !desktop.mail.inbox[1].read);
+    if (!sends) Arrives(FromAnna(3, 12), "Tarvolenix : x", BerndsGame().GAME_OPPONENTS_EMAIL);
+    sends ? (void)SendMoveMail(12) : (void)RetrieveMoveMails(false, true);
+    EXPECT_EQ(UndeliveredReason(thread), std::nullopt);
+  }
+}
+
+TEST_F(Retrieval, SpamIsToldOfAndLeftThere) {
+  desktop.mail.inbox = {{"Tarvolenix : x", "", "Anna", "anna@example.org"}};
+  desktop.mail.inbox[0].isSpam = true;
+  EXPECT_TRUE(RetrieveMoveMails(false, false).empty());
+  EXPECT_TRUE(IsToldOf("anna@example.org") && IsToldOf("spam folder"));
+  EXPECT_FALSE(desktop.mail.inbox.at(0).read);
 }
 
 TEST_F(Retrieval, AMailOfGoodFormThatCantBeStoredStandsInNobodysWay) {

@@ -130,6 +130,14 @@ class ImapTalk(Talk):
     def select(self):
         self.send(f"* {len(self.mails())} EXISTS\r\n* OK [UIDVALIDITY 7001] valid\r\n")
 
+    def examine(self):
+        self.send(f"* {len(self.boxes.mails.get(self.user + '/Sent', []))} EXISTS\r\n")
+
+    def search_sent(self, message_id):
+        sent = self.boxes.mails.get(self.user + "/Sent", [])
+        found = [str(m.uid) for m in sent if message_id.encode() in m.header()]
+        self.send("* SEARCH " + " ".join(found) + "\r\n")
+
     def search(self, unseen, word):
         hidden = {"\\Deleted"} | ({"\\Seen"} if unseen else set())
         found = [
@@ -177,7 +185,9 @@ class ImapTalk(Talk):
         (r"AUTHENTICATE PLAIN (\S+)", authenticate),
         (r"SELECT INBOX", select),
         (r"NOOP", lambda self: None),
+        (r'EXAMINE "Sent"', examine),
         (r'UID SEARCH UNDELETED (UNSEEN )?OR SUBJECT "(\w+)" \(SINCE .*\)', search),
+        (r'UID SEARCH HEADER Message-ID "(.+)"', search_sent),
         (r"UID FETCH ([\d,:]+) \((.*)\)", fetch),
         (r"UID STORE ([\d,:]+) \+FLAGS\.SILENT \((\\\w+)\)", store),
         (r"UID EXPUNGE ([\d,:]+)", expunge),

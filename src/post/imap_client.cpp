@@ -204,6 +204,7 @@ void ImapClient::AwaitGoOn(const std::string& tag) {
 
 Uid ImapClient::SelectInbox() {
   Uid validity = 0;
+  searched_.clear();
   Command("SELECT INBOX", [&validity](const ImapResponse& response) {
     constexpr std::string_view code = "* OK [UIDVALIDITY ";
     const std::string_view line = response.line;
@@ -213,6 +214,11 @@ Uid ImapClient::SelectInbox() {
     return false;
   });
   return validity;
+}
+
+void ImapClient::Examine(const std::string& folder) {
+  searched_.clear();
+  Command("EXAMINE " + Quoted(folder));
 }
 
 std::vector<Uid> ImapClient::Search(const std::string& criteria) {
@@ -303,7 +309,12 @@ void ImapClient::Remove(const std::vector<Uid>& uids) {
   searched_.clear();
   CommandOn(uids, "UID STORE", " +FLAGS.SILENT (\\Deleted)");
   // A plain EXPUNGE would take along whatever the user's other programs have marked.
-  if (Can("UIDPLUS")) CommandOn(uids, "UID EXPUNGE", "");
+  if (CanDestroy()) CommandOn(uids, "UID EXPUNGE", "");
+}
+
+void ImapClient::Move(const std::vector<Uid>& uids, const std::string& folder) {
+  searched_.clear();
+  CommandOn(uids, "UID MOVE", ' ' + Quoted(folder));
 }
 
 std::vector<ImapClient::Folder> ImapClient::Folders() {
@@ -312,8 +323,9 @@ std::vector<ImapClient::Folder> ImapClient::Folders() {
     const auto values = response.Values();  // "*", "LIST", flags, separator, name
     if (values.size() < 5 || !values[1].Is("LIST")) return false;
     if (Contains(values[2], "\\Noselect")) return true;
-    folders.push_back(
-        {values[4].text, LastPart(values[4].text, values[3].text), Contains(values[2], "\\Sent")});
+    Folder folder{values[4].text, LastPart(values[4].text, values[3].text), {}};
+    for (const ImapValue& flag : values[2].items) folder.flags.push_back(flag.text);
+    folders.push_back(std::move(folder));
     return true;
   });
   return folders;

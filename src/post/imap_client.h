@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The few things that the program asks of an IMAP server (RFC 3501 and 4315), on one connection.
-// Mails are addressed by their UIDs only. Nothing here marks a mail as read unasked.
+// The few things that the program asks of an IMAP server (RFC 3501, 4315 and 6851), on one
+// connection. Mails are addressed by their UIDs only. Nothing here marks a mail as read unasked.
 //
 // Each operation raises CommandRefused where the server says no: the connection then goes on. After
 // any other exception it is of no more use.
@@ -34,6 +34,9 @@ class ImapClient {
   /// Answers its validity: as long as that is the same, so are its UIDs.
   Uid SelectInbox();
 
+  /// Opens another folder, only to look.
+  void Examine(const std::string& folder);
+
   /// What the search says is there, in ascending order, so in that of arrival. The server isn't
   /// asked again for what it has said and has told of no change since.
   std::vector<Uid> Search(const std::string& criteria);
@@ -56,13 +59,19 @@ class ImapClient {
 
   void MarkSeen(const std::vector<Uid>& uids);
 
-  /// Destroys the mails where the server can destroy single ones; else they are only marked to be.
+  /// Whether the server can destroy single mails.
+  bool CanDestroy() const { return Can("UIDPLUS"); }
+
+  /// Destroys the mails, or only marks them to be where the server can't destroy single ones.
   void Remove(const std::vector<Uid>& uids);
 
+  /// Only a server that can "MOVE" takes it.
+  void Move(const std::vector<Uid>& uids, const std::string& folder);
+
   struct Folder {
-    std::string name;  ///< as the server has it
-    std::string leaf;  ///< its last part
-    bool isSent;       ///< the server itself says that it holds sent mails
+    std::string name;                ///< as the server has it
+    std::string leaf;                ///< its last part
+    std::vector<std::string> flags;  ///< such as "\\Sent", by which servers tell what it is for
   };
   std::vector<Folder> Folders();
 

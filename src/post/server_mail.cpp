@@ -10,8 +10,9 @@
 #include <utility>
 
 #include "letters/mail_text.h"
-#include "platform/ascii.h"
+#include "letters/message_ids.h"
 #include "platform/move_subject.h"
+#include "post/server_folders.h"
 #include "post/smtp.h"
 #include "post/token_command.h"
 
@@ -26,9 +27,8 @@ constexpr std::uint64_t greatestBatch = 8u << 20;
 /// Mails that one look looks at: the rest comes with the next.
 constexpr std::ptrdiff_t greatestCount = 5000;
 
-/// What folders of sent mails are called where the server doesn't say which one it is.
-constexpr std::string_view sentNames[] = {"Sent", "Sent Items", "Sent Messages", "Sent Mail",
-                                          "Gesendet"};
+/// Mails in the folder of spam that are told of.
+constexpr std::ptrdiff_t mostSpam = 20;
 
 /// The header's fields by which a mail of ours is known.
 constexpr const char* tellingFields = "SUBJECT FROM CONTENT-TYPE";
@@ -96,16 +96,12 @@ std::vector<Uid> TakeBatch(std::vector<ImapClient::Summary>::const_iterator& nex
   return batch;
 }
 
-std::optional<std::string> SentFolder(const std::vector<ImapClient::Folder>& folders) {
-  for (const auto& folder : folders) {
-    if (folder.isSent) return folder.name;
-  }
-  for (const std::string_view name : sentNames) {
-    for (const auto& folder : folders) {
-      if (platform::SameWithoutCase(folder.leaf, name)) return folder.name;
-    }
-  }
-  return std::nullopt;
+/// What is told of a mail in the folder of spam; nothing for one that isn't ours.
+std::optional<letters::FetchedMail> SpamOf(const ImapClient::Summary& summary) {
+  auto mail = Parsed(summary.header);
+  if (!mail || !platform::IsMoveSubject(mail->subject)) return std::nullopt;
+  mail->isSpam = true;
+  return mail;
 }
 
 }  // namespace
@@ -159,7 +155,9 @@ void ServerMail::Open() {
 
 std::vector<letters::FetchedMail> ServerMail::List(bool unreadOnly) {
   Flush();
-  return OnInbox([this, unreadOnly](ImapClient&) { return Listed(unreadOnly); });
+  auto list = OnInbox([this, unreadOnly](ImapClient&) { return Listed(unreadOnly); });
+  if (!std::exchange(sawSpam_, true)) AddSpam(list);
+  return list;
 }
 
 std::vector<letters::FetchedMail> ServerMail::Listed(bool unreadOnly) {
@@ -220,11 +218,50 @@ void ServerMail::Flush() {
     std::erase_if(
         seen, [&gone](Uid uid) { return std::find(gone.begin(), gone.end(), uid) != gone.end(); });
     imap.MarkSeen(seen);
-    imap.Remove(gone);
+    const auto trash = TrashFor(gone);
+    if (trash) {
+      imap.Move(gone, *trash);
+    } else {
+      imap.Remove(gone);
+    }
   });
 }
 
-void ServerMail::Send(const letters::OutgoingMail& mail) {
+/// Where mails go that the server can't destroy by themselves, if it can move them instead.
+std::optional<std::string> ServerMail::TrashFor(const std::vector<Uid>& uids) {
+  if (uids.empty() || imap_->CanDestroy() || !imap_->Can("MOVE")) return std::nullopt;
+  return TrashFolder(imap_->Folders());
+}
+
+/// Does `work` in another folder, and goes back to the Inbox, if it still is the same.
+template <typename Work>
+void ServerMail::Within(const std::string& folder, const Work& work) {
+  imap_->Examine(folder);
+  work();
+  if (imap_->SelectInbox() != validity_) imap_.reset();
+}
+
+/// The unread mails in the folder of spam that look like moves. A look at the Inbox is none the
+/// worse where that folder can't be looked at.
+void ServerMail::AddSpam(std::vector<letters::FetchedMail>& list) {
+  try {
+    const auto folder = JunkFolder(imap_->Folders());
+    if (!folder) return;
+    Within(*folder, [this, &list] {
+      const auto found = imap_->Search("UNDELETED UNSEEN " + OurSubject());
+      const auto first = found.end() - std::min(mostSpam, std::ssize(found));
+      for (const auto& summary : imap_->Summaries({first, found.end()}, tellingFields)) {
+        if (auto mail = SpamOf(summary)) list.push_back(std::move(*mail));
+      }
+    });
+  } catch (const std::exception&) {
+    imap_.reset();  // whatever it was, the next operation begins afresh
+  }
+}
+
+void ServerMail::Send(const letters::OutgoingMail& given) {
+  letters::OutgoingMail mail = given;
+  if (mail.messageID.empty()) mail.messageID = letters::NewMessageID(mail);
   const std::string bytes = letters::ComposeMail(mail, letters::Lines::SevenBit);
   std::vector<std::string> recipients;
   for (const letters::Mailbox& recipient : mail.to)
@@ -232,19 +269,24 @@ void ServerMail::Send(const letters::OutgoingMail& mail) {
   SendBySmtp({account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(), patience_,
              letters::EnvelopeAddress(mail.from.address), recipients, bytes);
   try {
-    KeepCopy(bytes);
+    KeepCopy(bytes, mail.messageID);
   } catch (const std::exception&) {
     imap_.reset();  // whatever it was, the next operation begins afresh
   }
 }
 
-void ServerMail::KeepCopy(const std::string& bytes) {
+void ServerMail::KeepCopy(const std::string& bytes, const std::string& messageID) {
   const auto folder = OnInbox([](ImapClient& imap) -> std::optional<std::string> {
     // With this extension the server files what its users send by itself.
     if (imap.Can("X-GM-EXT-1")) return std::nullopt;
     return SentFolder(imap.Folders());
   });
-  if (folder) imap_->Append(*folder, bytes);  // not tried twice: it might be there twice then
+  if (!folder) return;
+  // Others keep a copy without saying so beforehand.
+  Within(*folder, [this, &folder, &bytes, &messageID] {
+    const bool isKept = !imap_->Search("HEADER Message-ID \"" + messageID + '"').empty();
+    if (!isKept) imap_->Append(*folder, bytes);  // not tried twice: it might be there twice then
+  });
 }
 
 void ServerMail::Close() {

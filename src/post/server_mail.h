@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -50,7 +51,11 @@ class ServerMail : public MailTransport {
   using Summaries = std::vector<ImapClient::Summary>;
   std::unordered_map<Uid, letters::FetchedMail> Download(Summaries::const_iterator& next,
                                                          Summaries::const_iterator end);
-  void KeepCopy(const std::string& bytes);
+  std::optional<std::string> TrashFor(const std::vector<Uid>& uids);
+  template <typename Work>
+  void Within(const std::string& folder, const Work& work);
+  void AddSpam(std::vector<letters::FetchedMail>& list);
+  void KeepCopy(const std::string& bytes, const std::string& messageID);
 
   MailAccount account_;
   std::string password_;
@@ -58,6 +63,7 @@ class ServerMail : public MailTransport {
   std::size_t lookSize_;
   std::unique_ptr<ImapClient> imap_;  // null while not connected
   Uid validity_ = 0;                  // of the Inbox that is open
+  bool sawSpam_ = false;              // the folder of spam has been looked at
   Uid brought_ = 0;                   // the last mail of a look that left some out; else 0
   std::unordered_set<Uid> foreign_;   // mails found to be none of ours, in spite of their subjects
   std::vector<std::string> marked_;   // and not yet at the server

@@ -30,6 +30,8 @@ const Answers imapAnswers = {
     {emptyLine, "$ NO go away\n"},
     {"SELECT INBOX", "* FLAGS (\\Seen)\n* 2 EXISTS\n* OK [UIDVALIDITY 7] fine\n$ OK done\n"},
     {"NOOP", "* 3 EXISTS\n$ OK done\n"},
+    {"EXAMINE", "* 2 EXISTS\n$ OK done\n"},
+    {"HEADER Message-ID", "* SEARCH\n$ OK done\n"},
     {"UID SEARCH", "* SEARCH 9 4\n$ OK done\n"},
     {"RFC822.SIZE",
      "* 1 FETCH (UID 4 FLAGS (\\Seen) RFC822.SIZE 80 BODY[HEADER.FIELDS (SUBJECT)] {28}\n"
@@ -41,6 +43,7 @@ const Answers imapAnswers = {
      "* 1 FETCH (UID 4 BODY[]<0> {63}\n"
      "From: Bob <bob@example.org>\nSubject: Tarvolenix : e4\n\ntext\n)\n$ OK done\n"},
     {"UID STORE", "$ OK done\n"},
+    {"UID MOVE", "* 1 EXPUNGE\n$ OK done\n"},
     {"UID EXPUNGE", "* 1 EXPUNGE\n$ OK done\n"},
     {"LIST", "* LIST (\\Sent) \"/\" \"Out \\\"going\\\"\"\n$ OK done\n"},
     {"APPEND", "+ go on\n"},
@@ -235,6 +238,25 @@ TEST_F(ServerMailTest, OnlyTheMailsThatAreMeantAreMarkedAndDestroyedInFewCommand
   mail_.Flush();
   EXPECT_EQ(imap_.Count("UID STORE 4 +FLAGS.SILENT (\\Deleted)"), 1);
   EXPECT_EQ(imap_.Count("EXPUNGE"), 1) << "it would take along what others have marked";
+
+  imap_.Answer("CAPABILITY", "* CAPABILITY IMAP4rev1 MOVE\n$ OK done\n");
+  imap_.Answer("LIST", "* LIST (\\HasNoChildren \\Trash) \"/\" Bin\n$ OK done\n");
+  mail_.Close();
+  mail_.Remove("9.4");
+  mail_.Flush();
+  EXPECT_EQ(imap_.Count("UID MOVE 4 \"Bin\""), 1);
+  EXPECT_EQ(imap_.Count("\\Deleted"), 2);
+}
+
+TEST_F(ServerMailTest, AMoveAmongTheSpamIsToldOfOnceALogon) {
+  imap_.Answer("LIST", "* LIST () \"/\" Spam\n$ OK done\n");
+  const auto list = mail_.List(true);
+  ASSERT_EQ(list.size(), 2u);
+  EXPECT_FALSE(list[0].isSpam);
+  EXPECT_TRUE(list[1].isSpam);
+  EXPECT_EQ(mail_.List(true).size(), 1u);
+  EXPECT_EQ(imap_.Count("EXAMINE \"Spam\""), 1);
+  EXPECT_EQ(imap_.Count("SELECT INBOX"), 2);
 }
 
 TEST_F(ServerMailTest, WhatCannotBeCarriedOutIsToldOnceAndLeavesTheConnection) {
@@ -258,6 +280,8 @@ TEST_F(ServerMailTest, ASentMailIsFiledWhereTheServerSays) {
   imap_.Answer("LIST", "* LIST () \".\" INBOX.Sent\n* LIST (\\Noselect) \".\" Sent\n$ OK\n");
   Send();
   EXPECT_EQ(imap_.Count("APPEND \"INBOX.Sent\""), 1);
+  imap_.Answer("HEADER Message-ID", "* SEARCH 3\n$ OK the server has kept it\n");
+  Send();
   imap_.Cut();
   imap_.Answer("LIST", "$ OK no folders\n");
   Send();
@@ -265,7 +289,8 @@ TEST_F(ServerMailTest, ASentMailIsFiledWhereTheServerSays) {
 }
 
 TEST(RudeServersTest, ACopyThatCannotBeKeptIsNoFailure) {
-  const std::vector<std::string> asked = {"LIST", "APPEND", endOfMail};
+  const std::vector<std::string> asked = {"LIST", "EXAMINE", "HEADER Message-ID", "APPEND",
+                                          endOfMail};
   WithEvery(asked, {imapRefusal}, [](RudeWorld& world, auto& command, auto& answer) {
     world.mail_.Open();
     world.imap_.Answer(command, answer);

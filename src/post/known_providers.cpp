@@ -56,11 +56,18 @@ std::string ProviderOf(const IniText& providers, std::string_view domain) {
   return {};
 }
 
+/// A program on this machine that stands for the provider has no certificate that others trust.
+const char* SecurityOf(std::string_view host, int port) {
+  if (host == "127.0.0.1") return "None";
+  return port == 993 || port == 465 ? "Tls" : "StartTls";
+}
+
 /// Host, port and security of "imap.example.org:993".
 std::tuple<std::string, int, std::string> ServerAt(const std::string& place) {
   const std::size_t end = std::min(place.rfind(':'), place.size());
   const int port = platform::ToInteger16(place.substr(std::min(end + 1, place.size()))).value_or(0);
-  return {place.substr(0, end), port, port == 993 || port == 465 ? "Tls" : "StartTls"};
+  const std::string host = place.substr(0, end);
+  return {host, port, SecurityOf(host, port)};
 }
 
 }  // namespace

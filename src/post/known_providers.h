@@ -21,7 +21,8 @@ MailAccount WithGuessedServers(MailAccount account);
 bool HasGuessedServers(const MailAccount& account);
 
 /// A sentence for somebody whose right password was refused: that this provider wants a password of
-/// its own for programs, or IMAP switched on first, and where. Blank where nothing is known.
+/// its own for programs, or IMAP switched on first, and where. Blank where nothing is known. The
+/// blank host is that of a provider who lets no program in.
 std::string PasswordAdvice(std::string_view imapHost);
 
 }  // namespace post

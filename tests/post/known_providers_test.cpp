@@ -25,6 +25,8 @@ TEST(KnownProvidersTest, AnAddressTellsItsServers) {
       {"Anna@ICloud.com", "imap.mail.me.com:993Tls smtp.mail.me.com:587StartTls Anna@ICloud.com"},
       {"in@hotmail.co.uk",  // as in any country
        "outlook.office365.com:993Tls smtp-mail.outlook.com:587StartTls in@hotmail.co.uk"},
+      {"anna@proton.me", "127.0.0.1:1143None 127.0.0.1:1025None anna@proton.me"},
+      {"anna@tuta.com", ":993Tls :465Tls anna@tuta.com"},
       {"short@yahoo.co.jp", "imap.mail.yahoo.co.jp:993Tls smtp.mail.yahoo.co.jp:465Tls short"},
       {"x@live.example.org",  // only begins like a provider's
        "imap.live.example.org:993Tls smtp.live.example.org:465Tls x@live.example.org", false},
@@ -47,6 +49,7 @@ TEST(KnownProvidersTest, WithoutADomainNothingIsGuessed) {
 
 TEST(KnownProvidersTest, AdviceGoesByTheServer) {
   EXPECT_NE(post::PasswordAdvice("IMAP.gmail.com").find("app password"), std::string::npos);
+  EXPECT_NE(post::PasswordAdvice("").find("Tuta"), std::string::npos);
   EXPECT_EQ(post::PasswordAdvice("imap.example.org"), "");
 }
 

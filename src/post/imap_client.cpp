@@ -117,6 +117,17 @@ ImapClient::ImapClient(const ServerAddress& server, const Login& login, const Pa
                        WithoutSecrets(refusal.what(), login));
   }
   AskCapabilities();  // most servers say more to those whom they know
+  Introduce();
+}
+
+/// Some servers open no folder for a program that hasn't said what it is (RFC 2971).
+void ImapClient::Introduce() {
+  if (!Can("ID")) return;
+  try {
+    Command(R"(ID ("name" "Tarvolenix"))");
+  } catch (const CommandRefused&) {
+    // then it wasn't needed
+  }
 }
 
 void ImapClient::AskCapabilities() {

@@ -89,6 +89,7 @@ class ImapClient {
   void AskCapabilities();
   void LogOn(const Login& login);
   void Authenticate(const std::string& mechanism, const std::string& credentials);
+  void Introduce();
   void Command(const std::string& text, const Listener& listen = {});
   void AwaitGoOn(const std::string& tag);
   void AwaitEnd(const std::string& tag, const Listener& listen);

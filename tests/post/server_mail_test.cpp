@@ -28,6 +28,7 @@ const Answers imapAnswers = {
     {"AUTHENTICATE PLAIN", "+ \n"},
     {"AG1l", "T2 OK done\n"},
     {emptyLine, "$ NO go away\n"},
+    {" ID (\"name\"", "$ BAD what?\n"},
     {"SELECT INBOX", "* FLAGS (\\Seen)\n* 2 EXISTS\n* OK [UIDVALIDITY 7] fine\n$ OK done\n"},
     {"NOOP", "* 3 EXISTS\n$ OK done\n"},
     {"EXAMINE", "* 2 EXISTS\n$ OK done\n"},
@@ -335,11 +336,12 @@ TEST_F(ServerMailTest, NoPasswordTravelsUnencryptedUnasked) {
 TEST_F(ServerMailTest, LogsOnInTheWayThatTheServerOffers) {
   MailAccount account = Account();
   account.UserName = "me@\"home\"";
-  for (const std::string offer : {"", "AUTH=PLAIN", "AUTH=GSSAPI AUTH=PLAIN SASL-IR"}) {
+  for (const std::string offer : {"", "AUTH=PLAIN", "AUTH=GSSAPI AUTH=PLAIN SASL-IR ID"}) {
     imap_.Answer("CAPABILITY", "* CAPABILITY IMAP4rev1 " + offer + "\n$ OK done\n");
     EXPECT_NO_THROW(ServerMail(account, "sec\\ret", patience).Open()) << offer;
   }
   EXPECT_EQ(imap_.Count(R"(LOGIN "me@\"home\"" "sec\\ret")"), 1);
+  EXPECT_EQ(imap_.Count(" ID ("), 1) << "said where it is wanted, and no matter if it is refused";
   const std::string encoded = "AG1lQCJob21lIgBzZWNccmV0";
   EXPECT_EQ(imap_.Count("AUTHENTICATE PLAIN"), 2);
   EXPECT_EQ(imap_.Count("AUTHENTICATE PLAIN " + encoded), 1);

@@ -8,8 +8,8 @@
 #include <optional>
 #include <utility>
 
-#include "letters/mail_text.h"
 #include "platform/ascii.h"
+#include "post/login_failure.h"
 
 namespace post {
 namespace {
@@ -74,10 +74,6 @@ void AddNumbers(std::string_view line, std::vector<Uid>& numbers) {
   }
 }
 
-CommandRefused Refusal(std::string_view answer) {
-  return CommandRefused("The server says: " + std::string(answer.substr(0, 200)));
-}
-
 std::string Encoded(const std::string& bytes) {
   return QByteArray::fromStdString(bytes).toBase64().toStdString();
 }
@@ -90,14 +86,14 @@ std::string PlainCredentials(const Login& login) {
   return std::string(1, '\0') + login.userName + std::string(1, '\0') + login.password;
 }
 
-/// What the server says, behind a blank; nothing where it says the password aloud.
+/// What the server says; nothing where it says the password aloud.
 std::string WithoutSecrets(const std::string& said, const Login& login) {
   for (const std::string& secret :
        {login.password, login.token, Quoted(login.password), Encoded(login.password),
         Encoded(PlainCredentials(login)), Encoded(TokenCredentials(login))}) {
     if (!secret.empty() && said.find(secret) != std::string::npos) return {};
   }
-  return ' ' + letters::WithoutReserved(said);
+  return said;
 }
 
 std::string LastPart(const std::string& name, const std::string& separator) {
@@ -107,14 +103,16 @@ std::string LastPart(const std::string& name, const std::string& separator) {
 
 }  // namespace
 
+CommandRefused::CommandRefused(std::string answer)
+    : MailError("The mail server refuses. " + ServersOwnWords(answer)), reply(std::move(answer)) {}
+
 ImapClient::ImapClient(const ServerAddress& server, const Login& login, const Patience& patience)
     : link_(server, patience) {
   AskCapabilities();
   try {
     LogOn(login);
   } catch (const CommandRefused& refusal) {
-    throw LoginRefused("The server \"" + server.host + "\" refuses the user name or the password." +
-                       WithoutSecrets(refusal.what(), login));
+    RaiseLoginFailure(server.host, 0, WithoutSecrets(refusal.reply, login));
   }
   AskCapabilities();  // most servers say more to those whom they know
   Introduce();
@@ -189,7 +187,7 @@ void ImapClient::AwaitEnd(const std::string& tag, const Listener& listen) {
     if (line.starts_with(tag + ' ')) {
       const std::string_view answer = line.substr(tag.size() + 1);
       if (SameWithoutCase(answer.substr(0, 2), "OK")) return;
-      throw Refusal(answer);
+      throw CommandRefused(std::string(answer));
     }
     if (SameWithoutCase(line.substr(0, 5), "* BYE")) {
       throw ConnectionLost("The mail server has said goodbye.");
@@ -207,7 +205,7 @@ void ImapClient::AwaitGoOn(const std::string& tag) {
     const ImapResponse response = ReadImapResponse(link_);
     if (response.line.starts_with('+')) return;
     if (response.line.starts_with(tag + ' ')) {
-      throw Refusal(std::string_view(response.line).substr(tag.size() + 1));
+      throw CommandRefused(response.line.substr(tag.size() + 1));
     }
     searched_.clear();
   }

@@ -18,7 +18,9 @@
 namespace post {
 
 struct CommandRefused : platform::MailError {
-  using MailError::MailError;
+  explicit CommandRefused(std::string answer);
+
+  std::string reply;  ///< as the server has worded it
 };
 
 using Uid = std::uint32_t;

@@ -38,7 +38,7 @@ namespace {
 ui::ProviderGuess Guess(const post::MailAccount& account) {
   const post::MailAccount guessed = post::WithGuessedServers(account);
   return {guessed, post::IsKnownProvider(account.MyAddress),
-          post::PasswordAdvice(guessed.ImapHost)};
+          post::PasswordAdvice(guessed)};
 }
 
 void SetUpFolders() {

@@ -20,7 +20,7 @@ std::string AsSentence(std::string text) {
 std::string InPlainWords(const std::exception& failure, const MailAccount& account) {
   std::string sentence = AsSentence(letters::WithoutReserved(failure.what()));
   const bool isRefusal = dynamic_cast<const LoginRefused*>(&failure) != nullptr;
-  const std::string advice = isRefusal ? PasswordAdvice(account.ImapHost) : "";
+  const std::string advice = isRefusal ? PasswordAdvice(account) : "";
   if (!advice.empty()) sentence += " " + advice;
   return sentence;
 }

@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 #include "desktop/folders.h"
 #include "desktop/ini_text.h"
 #include "desktop/posix_files.h"
 #include "platform/ascii.h"
 #include "platform/conversions.h"
+#include "post/domain_names.h"
 
 namespace post {
 namespace {
@@ -25,11 +27,7 @@ IniText KnownProviders() {
   }
 }
 
-/// What stands behind the last "@", in lower case; blank where nothing does.
-std::string DomainOf(std::string_view address) {
-  const auto at = address.rfind('@');
-  return at == std::string_view::npos ? std::string{} : platform::Lowered(address.substr(at + 1));
-}
+using Fit = bool (*)(std::string_view name, std::string_view pattern);
 
 bool Fits(std::string_view domain, std::string_view pattern) {
   if (!pattern.ends_with(".*")) return domain == pattern;
@@ -39,10 +37,10 @@ bool Fits(std::string_view domain, std::string_view pattern) {
          domain.size() <= start.size() + longestCountry;
 }
 
-bool IsOneOf(std::string_view domain, std::string_view patterns) {
+bool IsOneOf(std::string_view name, std::string_view patterns, Fit fits) {
   while (!patterns.empty()) {
     const std::string_view pattern = patterns.substr(0, patterns.find(' '));
-    if (Fits(domain, pattern)) return true;
+    if (fits(name, pattern)) return true;
     patterns.remove_prefix(std::min(patterns.size(), pattern.size() + 1));
   }
   return false;
@@ -51,7 +49,7 @@ bool IsOneOf(std::string_view domain, std::string_view patterns) {
 /// The domains of the provider that has this one among his; blank where nobody has.
 std::string ProviderOf(const IniText& providers, std::string_view domain) {
   for (const std::string& domains : providers.Groups()) {
-    if (IsOneOf(domain, domains)) return domains;
+    if (IsOneOf(domain, domains, Fits)) return domains;
   }
   return {};
 }
@@ -70,17 +68,10 @@ std::tuple<std::string, int, std::string> ServerAt(const std::string& place) {
   return {host, port, SecurityOf(host, port)};
 }
 
-}  // namespace
-
-bool IsKnownProvider(std::string_view address) {
-  return !ProviderOf(KnownProviders(), DomainOf(address)).empty();
-}
-
-MailAccount WithGuessedServers(MailAccount account) {
+/// A provider's servers, or those that the domain's name suggests.
+MailAccount WithServersOf(const IniText& providers, const std::string& provider,
+                          MailAccount account) {
   const std::string domain = DomainOf(account.MyAddress);
-  if (domain.empty()) return account;
-  const IniText providers = KnownProviders();
-  const std::string provider = ProviderOf(providers, domain);
   const auto server = [&](const char* name, const std::string& guessed) {
     return ServerAt(providers.Value(provider, name).value_or(guessed));
   };
@@ -94,16 +85,38 @@ MailAccount WithGuessedServers(MailAccount account) {
   return account;
 }
 
+}  // namespace
+
+bool IsKnownProvider(std::string_view address) {
+  return !ProviderOf(KnownProviders(), DomainOf(address)).empty();
+}
+
+MailAccount WithGuessedServers(MailAccount account) {
+  const std::string domain = DomainOf(account.MyAddress);
+  if (domain.empty()) return account;
+  const IniText providers = KnownProviders();
+  return WithServersOf(providers, ProviderOf(providers, domain), std::move(account));
+}
+
+std::optional<MailAccount> WithServersBehind(std::string_view mailHost, MailAccount account) {
+  const IniText providers = KnownProviders();
+  for (const std::string& provider : providers.Groups()) {
+    if (!IsOneOf(mailHost, providers.Value(provider, "MailHosts").value_or(""), IsWithin)) continue;
+    return WithServersOf(providers, provider, std::move(account));
+  }
+  return std::nullopt;
+}
+
 bool HasGuessedServers(const MailAccount& account) {
   if (account.ImapHost.empty() && account.SmtpHost.empty()) return true;
   return !DomainOf(account.MyAddress).empty() && WithGuessedServers(account) == account;
 }
 
-std::string PasswordAdvice(std::string_view imapHost) {
+std::string PasswordAdvice(const MailAccount& account) {
   const IniText providers = KnownProviders();
+  const std::string place = account.ImapHost + ':' + std::to_string(account.ImapPort);
   for (const std::string& provider : providers.Groups()) {
-    const std::string imap = providers.Value(provider, "Imap").value_or("");
-    if (!platform::SameWithoutCase(imapHost, std::get<0>(ServerAt(imap)))) continue;
+    if (!platform::SameWithoutCase(place, providers.Value(provider, "Imap").value_or(""))) continue;
     return providers.Value(provider, "Advice").value_or("");
   }
   return {};

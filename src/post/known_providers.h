@@ -3,6 +3,7 @@
 // They stand in "providers.ini" beside the program, where anybody can mend them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,13 +17,17 @@ bool IsKnownProvider(std::string_view address);
 /// provider's, else names made of the address's domain. What the address says nothing about stays.
 MailAccount WithGuessedServers(MailAccount account);
 
+/// `account` with the servers of the known provider on whose host the mail of its domain arrives;
+/// nothing where that host is nobody's.
+std::optional<MailAccount> WithServersBehind(std::string_view mailHost, MailAccount account);
+
 /// Whether nobody has chosen the account's servers yet: they are blank, or what its address
 /// suggests.
 bool HasGuessedServers(const MailAccount& account);
 
 /// A sentence for somebody whose right password was refused: that this provider wants a password of
-/// its own for programs, or IMAP switched on first, and where. Blank where nothing is known. The
-/// blank host is that of a provider who lets no program in.
-std::string PasswordAdvice(std::string_view imapHost);
+/// its own for programs, or IMAP switched on first, and where. Goes by the account's server; one
+/// without a name is that of a provider who lets no program in. Blank where nothing is known.
+std::string PasswordAdvice(const MailAccount& account);
 
 }  // namespace post

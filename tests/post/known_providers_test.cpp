@@ -48,9 +48,15 @@ TEST(KnownProvidersTest, WithoutADomainNothingIsGuessed) {
 }
 
 TEST(KnownProvidersTest, AdviceGoesByTheServer) {
-  EXPECT_NE(post::PasswordAdvice("IMAP.gmail.com").find("app password"), std::string::npos);
-  EXPECT_NE(post::PasswordAdvice("").find("Tuta"), std::string::npos);
-  EXPECT_EQ(post::PasswordAdvice("imap.example.org"), "");
+  MailAccount account;
+  for (const auto& [host, advice] : {std::pair("IMAP.gmail.com", "app password"), {"", "Tuta"}}) {
+    account.ImapHost = host;
+    EXPECT_NE(post::PasswordAdvice(account).find(advice), std::string::npos) << advice;
+  }
+  for (const char* host : {"imap.example.org", "127.0.0.1"}) {
+    account.ImapHost = host;
+    EXPECT_EQ(post::PasswordAdvice(account), "") << host;
+  }
 }
 
 }  // namespace

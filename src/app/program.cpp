@@ -18,7 +18,9 @@
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "post/account_check.h"
+#include "post/discovery_network.h"
 #include "post/known_providers.h"
+#include "post/patience.h"
 #include "shell/held_mail_questions.h"
 #include "shell/past_opponents.h"
 #include "shell/settings.h"
@@ -37,8 +39,7 @@ namespace {
 
 ui::ProviderGuess Guess(const post::MailAccount& account) {
   const post::MailAccount guessed = post::WithGuessedServers(account);
-  return {guessed, post::IsKnownProvider(account.MyAddress),
-          post::PasswordAdvice(guessed)};
+  return {guessed, post::IsKnownProvider(account.MyAddress), post::PasswordAdvice(guessed)};
 }
 
 void SetUpFolders() {
@@ -77,12 +78,12 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
   QApplication::setWindowIcon(QIcon(ui::ProgramPicturePath(QStringLiteral("tarvolenix.png"))));
 }
 
-Program::~Program() { HurryTests(); }
+Program::~Program() { HurryInquiries(); }
 
 bool Program::Start() { return shell::StartUp(); }
 
 void Program::End() {
-  HurryTests();
+  HurryInquiries();
   if (desktop_->Events().IsWaiting()) {
     desktop_->Mail().Hurry();
     if (QWidget* dialog = QApplication::activeModalWidget()) dialog->close();
@@ -106,12 +107,13 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
   const bool isKept = KeptPassword(suggestion).has_value();
   const ui::AccountHelp help{
       post::HasUsableAddress, Guess,
+      [this](const auto& account, auto found) { LookUpServers(account, std::move(found)); },
       [isKept, key = post::PasswordKey(suggestion)](const post::MailAccount& account) {
         return isKept && post::PasswordKey(account) == key;
       },
       [this](const auto& answer, auto told) { TestAccount(answer, std::move(told)); }};
   auto answer = ui::AskForAccount(suggestion, help);
-  HurryTests();  // nobody hears of them any more
+  HurryInquiries();  // nobody hears of them any more
   return answer;
 }
 
@@ -127,24 +129,42 @@ std::optional<post::AccountAnswer> Program::AskAtLogon(const post::MailAccount& 
   return answer;
 }
 
-void Program::HurryTests() {
-  for (const AccountTest& test : tests_) test.check->Hurry();
+void Program::HurryInquiries() {
+  for (const Inquiry& inquiry : inquiries_) inquiry.hurry();
+}
+
+void Program::Inquire(std::function<void()> work, std::function<void()> hurry) {
+  HurryInquiries();
+  std::erase_if(inquiries_, [](const Inquiry& inquiry) {
+    return inquiry.end.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+  });
+  inquiries_.push_back({std::move(hurry), std::async(std::launch::async, std::move(work))});
 }
 
 void Program::TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told) {
-  HurryTests();  // only the last one counts
-  std::erase_if(tests_, [](const AccountTest& test) {
-    return test.end.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-  });
   const std::string password =
       answer.password.value_or(KeptPassword(answer.account).value_or(std::string{}));
-  auto check = std::make_shared<post::AccountCheck>(answer.account, password);
-  auto end = std::async(std::launch::async,
-                        [check, told = std::move(told), &events = *platform::TheSeams().events] {
-                          const std::string problem = check->Problem();
-                          events.Post([told, problem] { told(problem); });
-                        });
-  tests_.push_back({std::move(check), std::move(end)});
+  const auto check = std::make_shared<post::AccountCheck>(answer.account, password);
+  Inquire(
+      [check, told = std::move(told), &events = *platform::TheSeams().events] {
+        const std::string problem = check->Problem();
+        events.Post([told, problem] { told(problem); });
+      },
+      [check] { check->Hurry(); });
+}
+
+void Program::LookUpServers(const post::MailAccount& account, ui::AccountHelp::Found found) {
+  const auto patience = std::make_shared<post::Patience>(std::chrono::seconds(5));
+  Inquire(
+      [account, patience, found = std::move(found), &events = *platform::TheSeams().events] {
+        const auto facts = post::AskAboutDomainOf(account.MyAddress, *patience);
+        const auto discovery = post::DiscoveryIn(facts, account);
+        const ui::ProviderGuess guess =
+            discovery ? ui::ProviderGuess{discovery->account, true, discovery->remark}
+                      : ui::ProviderGuess{};
+        events.Post([found, guess] { found(guess); });
+      },
+      [patience] { patience->Hurry(); });
 }
 
 void Program::ChangeAccount() {

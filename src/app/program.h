@@ -2,6 +2,7 @@
 // The program from its start to its orderly stop.
 #pragma once
 
+#include <functional>
 #include <future>
 #include <memory>
 #include <optional>
@@ -10,7 +11,6 @@
 
 #include "contacts/contacts_book.h"
 #include "desktop/single_instance.h"
-#include "post/account_check.h"
 #include "post/mail_account.h"
 #include "ui/help/help_window.h"
 #include "ui/people/account_dialog.h"
@@ -52,6 +52,7 @@ class Program {
 
   std::optional<std::string> KeptPassword(const post::MailAccount& account);
   void TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told);
+  void LookUpServers(const post::MailAccount& account, ui::AccountHelp::Found found);
 
   ui::QtMessageBoxes boxes_;
   contacts::ContactsBook contacts_;
@@ -61,13 +62,15 @@ class Program {
   std::unique_ptr<desktop::SingleInstance> instance_;
   std::unique_ptr<ui::SystemTray> tray_;
   ui::WaitingWindows waiting_;
-  struct AccountTest {
-    std::shared_ptr<post::AccountCheck> check;
+  /// What the account dialog wants to know of the network. Only the last one counts.
+  struct Inquiry {
+    std::function<void()> hurry;
     std::future<void> end;
   };
-  void HurryTests();
+  void Inquire(std::function<void()> work, std::function<void()> hurry);
+  void HurryInquiries();
 
-  std::vector<AccountTest> tests_;  // each is waited for before what it uses goes
+  std::vector<Inquiry> inquiries_;  // each is waited for before what it uses goes
 };
 
 }  // namespace app

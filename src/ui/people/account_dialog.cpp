@@ -85,6 +85,7 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       help_(std::move(help)),
       serversAreGuessed_((suggestion.ImapHost.empty() && suggestion.SmtpHost.empty()) ||
                          help_.guess(suggestion).account == suggestion),
+      lookedUp_(suggestion.ImapHost.empty() ? "" : suggestion.MyAddress),  // it works already
       kinds_(new QButtonGroup(this)),
       explanation_(NewText(u"Explanation"_s)),
       form_(new FormRows),
@@ -223,7 +224,7 @@ void AccountDialog::Connect() {
   }
   connect(servers_, &ServerFields::ServersEdited, this, [this] {
     serversAreGuessed_ = false;
-    Refresh();
+    ShowProvider();
   });
   connect(servers_, &ServerFields::TokenCommandEdited, this, &AccountDialog::Refresh);
   connect(fold_, &QToolButton::clicked, this, [this] {
@@ -294,28 +295,69 @@ void AccountDialog::ChangeAddress() {
   Refresh();
 }
 
+/// What was found for the address, else what it suggests.
+ProviderGuess AccountDialog::Guess(const MailAccount& account) const {
+  if (!found_.isKnown || account.MyAddress != lookedUp_) return help_.guess(account);
+  ProviderGuess guess = found_;
+  guess.account.TokenCommand = account.TokenCommand;
+  return guess;
+}
+
 void AccountDialog::GuessServers() {
   MailAccount account = suggestion_;
   servers_->FillIn(account);
   account.MyAddress = Trimmed(*address_);
-  servers_->ShowAccount(help_.guess(account).account);
+  servers_->ShowAccount(Guess(account).account);
+}
+
+/// Once for each address, and never for servers that somebody has chosen.
+void AccountDialog::LookUpServers() {
+  const MailAccount account = Answer().account;
+  if (!IsKind("Imap") || !serversAreGuessed_ || account.MyAddress == lookedUp_) return;
+  if (!HasDomain(address_->text()) || !help_.hasUsableAddress(account)) return;
+  if (help_.guess(account).isKnown) return;
+  lookedUp_ = account.MyAddress;
+  lookingUp_ = true;
+  found_ = {};
+  help_.lookUp(account, [dialog = QPointer(this), address = lookedUp_](const ProviderGuess& found) {
+    if (dialog) dialog->TellFound(address, found);
+  });
+}
+
+bool AccountDialog::IsLookingUp() const {
+  return lookingUp_ && IsKind("Imap") && serversAreGuessed_ && Trimmed(*address_) == lookedUp_;
+}
+
+/// Who has pressed Test meanwhile waits for what is tested.
+void AccountDialog::TellFound(const std::string& address, const ProviderGuess& found) {
+  if (address != lookedUp_) return;
+  const bool isAwaited = IsLookingUp();
+  const bool wantsTest = testing_;
+  lookingUp_ = false;
+  found_ = found;
+  if (!isAwaited) return;
+  ShowProvider();
+  if (wantsTest && test_->isEnabled()) Test();
+}
+
+QString AccountDialog::NoteOn(const ProviderGuess& guess) const {
+  if (!serversAreGuessed_) return {};
+  if (IsLookingUp()) return u"Looking for your provider's servers..."_s;
+  if (guess.isKnown) return Shown(guess.advice);
+  return u"Guessed: please press Test. If it fails, look for \"IMAP\" in your provider's help."_s;
 }
 
 /// Tells what is known about the address's provider. The servers of an unknown one, and those that
 /// the user has chosen, are better seen.
 void AccountDialog::ShowProvider() {
+  LookUpServers();
   if (serversAreGuessed_) GuessServers();
   QString note;
   bool open = false;
   if (HasDomain(address_->text())) {
-    const ProviderGuess guess = help_.guess(Answer().account);
-    open = !serversAreGuessed_ || !guess.isKnown;
-    if (serversAreGuessed_) {
-      note = guess.isKnown ? Shown(guess.advice)
-                           : u"Tarvolenix doesn't know this provider and has guessed the names of "
-                             u"its servers. If the test fails, look for \"IMAP\" in the provider's "
-                             u"help."_s;
-    }
+    const ProviderGuess guess = Guess(Answer().account);
+    open = !serversAreGuessed_ || !(guess.isKnown || IsLookingUp());
+    note = NoteOn(guess);
   }
   providerNote_->setText(note);
   if (!foldIsUsers_) isOpen_ = open;
@@ -380,6 +422,10 @@ void AccountDialog::Test() {
   }
   testing_ = true;
   test_->setText(u"S&top"_s);
+  if (IsLookingUp()) {
+    outcome_->ShowBusy(u"Looking for your provider's servers..."_s);
+    return;
+  }
   outcome_->ShowBusy(u"Signing on at your mail service..."_s);
   help_.test(Answer(), [dialog = QPointer(this), test = ++tests_](const std::string& problem) {
     if (dialog) dialog->TellOutcome(test, problem);

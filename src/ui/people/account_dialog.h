@@ -32,7 +32,8 @@ using platform::MailAccount;
 struct ProviderGuess {
   MailAccount account;  ///< with the servers that the address suggests
   bool isKnown = false;
-  std::string advice;  ///< what the provider wants for a password, in a sentence; may be blank
+  std::string advice;  ///< what there is to say of it, such as what the provider wants for a
+                       ///< password; may be blank
 };
 
 /// What the dialog has to ask others.
@@ -41,6 +42,11 @@ struct AccountHelp {
   std::function<bool(const MailAccount&)> hasUsableAddress;
 
   std::function<ProviderGuess(const MailAccount&)> guess;
+
+  /// Asks the network about a provider that isn't known, without making anybody wait, and tells a
+  /// better guess, or one that isn't known either. Asked again, it may forget the question before.
+  using Found = std::function<void(const ProviderGuess&)>;
+  std::function<void(const MailAccount&, Found)> lookUp;
 
   std::function<bool(const MailAccount&)> hasKeptPassword;
 
@@ -76,7 +82,12 @@ class AccountDialog : public QDialog {
 
   void ChangeKind();
   void ChangeAddress();
+  ProviderGuess Guess(const MailAccount& account) const;
   void GuessServers();
+  void LookUpServers();
+  bool IsLookingUp() const;
+  void TellFound(const std::string& address, const ProviderGuess& found);
+  QString NoteOn(const ProviderGuess& guess) const;
   void ShowProvider();
   void ShowRows();
   void Refresh();
@@ -90,6 +101,9 @@ class AccountDialog : public QDialog {
   bool serversAreGuessed_;
   bool isOpen_ = false;       // the fold with the server settings
   bool foldIsUsers_ = false;  // he has opened or closed it himself
+  std::string lookedUp_;      // the address that was last asked about
+  bool lookingUp_ = false;
+  ProviderGuess found_;  // for it
   bool testing_ = false;
   int tests_ = 0;  // the number of the last one; an older one's outcome interests nobody
 

@@ -35,6 +35,9 @@ class AccountDialogTest : public testing::Test {
   void Open() {
     const AccountHelp help{
         [](const MailAccount& account) { return IsAddress(account.MyAddress); }, GuessFor,
+        [this](const MailAccount& account, AccountHelp::Found found) {
+          found_.emplace_back(account.MyAddress, std::move(found));
+        },
         [this](const MailAccount& account) { return account.UserName == keptFor_; },
         [this](const AccountAnswer& answer, AccountHelp::Told told) {
           tested_.push_back(answer);
@@ -59,6 +62,7 @@ class AccountDialogTest : public testing::Test {
 
   MailAccount suggestion_;
   std::string keptFor_;
+  std::vector<std::pair<std::string, AccountHelp::Found>> found_;
   std::vector<AccountAnswer> tested_;
   std::vector<AccountHelp::Told> told_;
   std::unique_ptr<AccountDialog> dialog_;
@@ -109,12 +113,41 @@ TEST_F(AccountDialogTest, TheServersFollowTheAddressUntilTheUserChoosesThem) {
   EXPECT_FALSE(Shows("ImapHost")) << "a known provider's servers interest nobody";
   EXPECT_EQ(Find<QLabel>(*dialog_, "ProviderNote").text(), u"Switch it on first."_s);
   Type("MyAddress", "anna@home.net");
+  found_.at(0).second({});
   EXPECT_TRUE(Shows("ImapHost"));
   EXPECT_EQ(Account().UserName, "anna@home.net");
   Type("SmtpHost", "mail.home.net");
   Type("MyAddress", "anna@known.org");
   EXPECT_EQ(Account().ImapHost, "imap.home.net");
   EXPECT_EQ(Account().SmtpHost, "mail.home.net");
+}
+
+TEST_F(AccountDialogTest, WhatIsFoundFillsTheServersThatNobodyHasChosen) {
+  const auto find = [this](std::size_t number, const char* host) {
+    ProviderGuess found{Account(), true, "Found there."};
+    found.account.ImapHost = host;
+    found_.at(number).second(found);
+  };
+  OpenMailbox("");
+  Type("Password", "geheim");
+  for (const char* address : {"anna@known.org", "anna", "anna@home.net", "bob@home.net"}) {
+    Type("MyAddress", address);
+  }
+  ASSERT_EQ(found_.size(), 2u) << "only unknown providers are asked about";
+  find(0, "mail.anna.net");
+  EXPECT_EQ(Account().ImapHost, "imap.home.net") << "it was asked for another address";
+  Press("TestButton");
+  EXPECT_TRUE(tested_.empty()) << "there may be better servers soon";
+  find(1, "mail.bob.net");
+  EXPECT_EQ(tested_.at(0).account.ImapHost, "mail.bob.net");
+  EXPECT_EQ(Find<QLabel>(*dialog_, "ProviderNote").text(), u"Found there."_s);
+  Type("MyAddress", "eva@home.net");
+  EXPECT_EQ(Account().ImapHost, "imap.home.net");
+  Press("ServerFold");
+  Type("ImapHost", "mine.net");
+  find(2, "mail.eva.net");
+  EXPECT_EQ(Account().ImapHost, "mine.net");
+  EXPECT_FALSE(Shows("ProviderNote")) << "nothing was found there that counts";
 }
 
 TEST_F(AccountDialogTest, StoredServersThatWereChosenAreShownAndStay) {

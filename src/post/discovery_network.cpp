@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "post/discovery_network.h"
 
-#include <QDnsLookup>
-#include <QEventLoop>
 #include <QUrl>
 #include <curl/curl.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "post/discovery_names.h"
 #include "post/domain_names.h"
 
 namespace post {
@@ -20,9 +20,6 @@ using namespace Qt::StringLiterals;
 
 /// No file with settings is longer.
 constexpr std::size_t greatestFile = 64u << 10;
-
-constexpr QLatin1StringView services[] = {"_imaps._tcp"_L1, "_imap._tcp"_L1, "_submissions._tcp"_L1,
-                                          "_submission._tcp"_L1};
 
 struct Cleanup {
   void operator()(CURL* curl) const { curl_easy_cleanup(curl); }
@@ -95,8 +92,7 @@ class Questions {
     const QString host = QString::fromLatin1(QUrl::toAce(QString::fromStdString(domain)));
     if (!IsServerName(host.toStdString())) return;
     for (const auto& url : PlacesOfFile(host, QString::fromStdString(address))) AskWeb(url);
-    for (const auto service : services) AskNames(QDnsLookup::SRV, service + (u'.' + host));
-    AskNames(QDnsLookup::MX, host);
+    names_.emplace(host.toStdString());
   }
 
   ~Questions() {
@@ -111,7 +107,6 @@ class Questions {
     while (!AllAnswered() && Patience::Clock::now() < end && !patience.IsOver()) {
       curl_multi_poll(curls_.get(), nullptr, 0, slice, nullptr);
       HearWeb();
-      events_.processEvents();
     }
   }
 
@@ -120,7 +115,7 @@ class Questions {
     for (const auto& file : files_) {
       if (file->IsWhole()) facts.configurations.push_back(file->Content());
     }
-    for (const auto& lookup : lookups_) AddAnswer(*lookup, facts);
+    if (names_) names_->AddTo(facts);
     return facts;
   }
 
@@ -129,11 +124,6 @@ class Questions {
     files_.push_back(std::make_unique<WebFile>(url));
     curl_multi_add_handle(curls_.get(), files_.back()->Handle());
     ++awaitedFiles_;
-  }
-
-  void AskNames(QDnsLookup::Type type, const QString& name) {
-    lookups_.push_back(std::make_unique<QDnsLookup>(type, name));
-    lookups_.back()->lookup();
   }
 
   void HearWeb() {
@@ -146,26 +136,11 @@ class Questions {
     }
   }
 
-  bool AllAnswered() const {
-    return awaitedFiles_ == 0 &&
-           std::ranges::all_of(lookups_, [](const auto& lookup) { return lookup->isFinished(); });
-  }
+  bool AllAnswered() const { return awaitedFiles_ == 0 && (!names_ || names_->AllAnswered()); }
 
-  static void AddAnswer(const QDnsLookup& lookup, DomainFacts& facts) {
-    for (const QDnsServiceRecord& record : lookup.serviceRecords()) {
-      facts.services.push_back({lookup.name().section(u'.', 0, 1).toStdString(),
-                                record.target().toStdString(), record.port(), record.priority(),
-                                record.weight()});
-    }
-    for (const QDnsMailExchangeRecord& record : lookup.mailExchangeRecords()) {
-      facts.mailHosts.push_back(record.exchange().toStdString());
-    }
-  }
-
-  QEventLoop events_;  // through which name servers' answers come to this thread
   std::unique_ptr<CURLM, MultiCleanup> curls_{curl_multi_init()};
   std::vector<std::unique_ptr<WebFile>> files_;
-  std::vector<std::unique_ptr<QDnsLookup>> lookups_;
+  std::optional<NameQuestions> names_;
   int awaitedFiles_ = 0;
 };
 

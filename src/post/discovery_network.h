@@ -10,8 +10,8 @@
 
 namespace post {
 
-/// All that was heard before the patience's silence was over, or nothing more was to come. Raises
-/// nothing. Needs the application object; not for the window's thread.
+/// All that was heard before the patience's silence was over, or nothing more was to come. Not
+/// for the window's thread.
 DomainFacts AskAboutDomainOf(const std::string& address, const Patience& patience);
 
 }  // namespace post

@@ -344,7 +344,8 @@ QString AccountDialog::NoteOn(const ProviderGuess& guess) const {
   if (!serversAreGuessed_) return {};
   if (IsLookingUp()) return u"Looking for your provider's servers..."_s;
   if (guess.isKnown) return Shown(guess.advice);
-  return u"Guessed: please press Test. If it fails, look for \"IMAP\" in your provider's help."_s;
+  return u"Guessed: please press Test. If it fails, look for \"IMAP\" in your provider's help, and "
+         u"type the names that you find."_s;
 }
 
 /// Tells what is known about the address's provider. The servers of an unknown one, and those that

@@ -217,11 +217,9 @@ void BoardWindow::AddDrawButtons() {
     const char* plainName;
     const char* caption;
     const char* plainCaption;
-    const char* toolTip;
   };
-  static constexpr Answer answers[] = {
-      {"AcceptDraw", "AcceptDrawS", "Accept", "&Accept", "Accept the offered draw"},
-      {"DeclineDraw", "DeclineDrawS", "Decline", "&Decline", "Decline the offered draw"}};
+  static constexpr Answer answers[] = {{"AcceptDraw", "AcceptDrawS", "Accept", "&Accept"},
+                                       {"DeclineDraw", "DeclineDrawS", "Decline", "&Decline"}};
   QHBoxLayout* row = nullptr;
   if (IsSimpleUI()) {
     drawAnswers_ = new QWidget(this);
@@ -241,7 +239,6 @@ void BoardWindow::AddDrawButtons() {
       button = new SystemButton(QLatin1StringView(answer.name), this);
       button->setText(QLatin1StringView(answer.caption));
     }
-    SetTip(*button, answer.toolTip);
     connect(button, &QAbstractButton::clicked, this, [this, accept = i == 0] {
       if (!LeaveComment()) board::DecideDraw(board_, accept);
     });
@@ -273,8 +270,13 @@ void BoardWindow::Connect() {
 
 void BoardWindow::SetToolTips() {
   toolbar_->SetToolTips();
+  searchDisplay_->SetToolTips();
   const bool setup = platform::Process().BoardSetupMode;
   const std::pair<const char*, QString> tips[] = {
+      {"AcceptDraw", u"Accept the offered draw"_s},
+      {"AcceptDrawS", u"Accept the offered draw"_s},
+      {"DeclineDraw", u"Decline the offered draw"_s},
+      {"DeclineDrawS", u"Decline the offered draw"_s},
       {"Menu1Button", u"Actions menu"_s},
       {"Menu2Button", setup ? u"Piece pallete menu"_s : u"Move history menu"_s},
       {"PlayersTag", u"Your opponent"_s},
@@ -438,15 +440,14 @@ void BoardWindow::ShowActionsMenu(QPoint place, QAbstractButton* opener) {
 
 /// The chess set may be another one behind that.
 void BoardWindow::ShowOptions() {
+  if (LeaveComment()) return;
   const QPointer<BoardWindow> self(this);
   openOptions_();
-  if (!self || !platform::TheSeams().windows->LoadChessGraphics()) {
-    if (self) close();
-    return;
-  }
+  if (!self || board_.ClosingDown) return;
+  if (!platform::TheSeams().windows->LoadChessGraphics()) return Close();
   picture_->TakeGraphics();
+  board::DisplayBoardState(board_, true);
   if (platform::Process().BoardSetupMode) palette_->SetPiecePallete();
-  SetToolTips();
 }
 
 void BoardWindow::ShowHistoryMenu(QPoint place, QAbstractButton* opener) {

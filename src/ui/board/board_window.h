@@ -44,6 +44,8 @@ class BoardWindow final : public QWidget, private board::BoardView {
   /// False where the window's skin failed: there is no game in it then.
   bool IsOpen() const { return open_; }
 
+  void SetToolTips();
+
   const board::Game& Logic() const { return board_; }
   const BoardPicture& Picture() const { return *picture_; }
 
@@ -69,7 +71,6 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void AddSkinnedControls();
   void AddDrawButtons();
   void Connect();
-  void SetToolTips();
   void ShowOptions();
   void ShowGameBits(bool show);
   void ClickToolbar(int button, bool byMouse = false);

@@ -11,9 +11,9 @@
 
 #include "board/controls.h"
 #include "board/ends.h"
-#include "platform/setting_variables.h"
 #include "skin/look.h"
 #include "widgets/shown_text.h"
+#include "widgets/tool_tips.h"
 
 namespace ui {
 
@@ -82,13 +82,14 @@ SearchDisplay::SearchDisplay(QWidget& window, QLabel& label, board::Game& board)
       hint_(NewHint(window)),
       progress_(NewProgressBar(window)),
       cancel_(NewButton(window, {"CancelSearch", "CancelSearchS"}, u"Cancel"_s, u"Ca&ncel"_s)) {
-  if (platform::Settings().ShowToolTips) {
-    progress_->setToolTip(u"Search progress"_s);
-    cancel_->setToolTip(u"Stop the computer from taking its next move"_s);
-  }
   clock_.setInterval(pictureInterval);
   connect(&clock_, &QTimer::timeout, this, &SearchDisplay::Advance);
   connect(cancel_, &QAbstractButton::clicked, this, &SearchDisplay::Cancel);
+}
+
+void SearchDisplay::SetToolTips() {
+  SetTip(*progress_, u"Search progress"_s);
+  SetTip(*cancel_, u"Stop the computer from taking its next move"_s);
 }
 
 QWidget* SearchDisplay::NewPlace() {

@@ -26,6 +26,7 @@ class SearchDisplay : public QObject {
   /// In the plain look: the widget SearchPlace, with all of them.
   QWidget* NewPlace();
 
+  void SetToolTips();
   void Refresh();
   void Cancel() { board_.Search.SearchCancelled = true; }
 

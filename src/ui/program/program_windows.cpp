@@ -12,6 +12,7 @@
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
+#include "shell/failed_opening.h"
 #include "shell/playing.h"
 #include "shell/start_up.h"
 #include "skin/program_pictures.h"
@@ -207,18 +208,23 @@ void ProgramWindows::CloseAll() {
 }
 
 void ProgramWindows::OpenOptions() {
-  const platform::PollingHold hold;
   const auto pickSound = [] {
     SelectSound picker(SelectSound::Mode::Sound, QApplication::activeWindow());
     if (picker.IsOpen()) picker.exec();
   };
   try {
-    OptionsPage options(pickSound, QApplication::activeWindow());
-    if (options.IsOpen()) options.exec();
+    const platform::PollingHold hold;
+    // The window that it belongs to may go, and take it along.
+    const QPointer<OptionsPage> options(Made<OptionsPage>(pickSound, QApplication::activeWindow()));
+    if (options->IsOpen()) options->exec();
+    delete options;
+  } catch (const platform::WindowError&) {
+    shell::ReportAutomationError();
   } catch (const std::exception&) {
-    // A window that can't be shown is none.
+    // There are no options then.
   }
   if (list_) list_->SetToolTips();
+  if (board_) board_->SetToolTips();
 }
 
 void ProgramWindows::ShowAbout() {

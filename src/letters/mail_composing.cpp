@@ -82,7 +82,7 @@ std::string SubjectValue(const std::string& subject) {
   std::string clean = WithoutReserved(subject);
   const bool plain =
       IsAscii(clean) && clean.find("=?") == std::string::npos && Trimmed(clean) == clean;
-  const std::string folded = plain ? Folded(clean) : std::string{};
+  std::string folded = plain ? Folded(clean) : std::string{};
   if (!folded.empty()) return folded;
   const std::size_t ahead = subjectPrefix.size() + 1;
   const bool ours = clean.size() > ahead && clean.starts_with(std::string(subjectPrefix) + ' ');
@@ -154,7 +154,7 @@ const char* EncodingFor(std::string_view text, Lines lines) {
 }
 
 std::string EncodedBody(const std::string& text, const std::string& encoding) {
-  const std::string body = Encoded(text, vmime::encoding(encoding));
+  std::string body = Encoded(text, vmime::encoding(encoding));
   if (encoding != vmime::encodingTypes::QUOTED_PRINTABLE) return body;
   const std::string harmless = "\r\n=46" + std::string(nextMail.substr(1));
   const std::string harmful = "\r\n" + std::string(nextMail);

@@ -31,6 +31,7 @@ bool IsNews(const BadMail& mail, const MailMemory& memory, bool byHand) {
 
 std::string SendersOf(const std::vector<BadMail>& mails) {
   std::vector<std::string> senders;
+  senders.reserve(mails.size());
   for (const BadMail& mail : mails) senders.push_back(mail.from);
   return SendersListed(senders);
 }

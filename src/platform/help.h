@@ -16,6 +16,7 @@ enum HelpContext {
   HelpOfAddressBook = 18,
   HelpOfAccount = 19,
   HelpOfHeldMail = 20,
+  HelpOfSkins = 21,
 };
 
 class Help {

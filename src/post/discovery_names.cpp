@@ -5,6 +5,7 @@
 #include <resolv.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -26,7 +27,7 @@ struct Answer {
 };
 
 int NumberAt(const ns_rr& record, int place) {
-  return static_cast<int>(ns_get16(ns_rr_rdata(record) + place * NS_INT16SZ));
+  return static_cast<int>(ns_get16(ns_rr_rdata(record) + std::ptrdiff_t{place} * NS_INT16SZ));
 }
 
 /// The name behind a record's first numbers; nothing where the record is damaged.

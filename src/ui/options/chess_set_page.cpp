@@ -88,9 +88,17 @@ void ChessSetPage::SetOptions() {
   Settings().ChessBoard = opChessBoard_->Selected().toStdString();
 }
 
-bool ChessSetPage::HasSet() const { return !opChessSet_->Selected().isEmpty(); }
+bool ChessSetPage::HasSet() const {
+  const QString set = opChessSet_->Selected();
+  return !set.isEmpty() && QDir(GraphicsFolder() + set).exists();
+}
 
-bool ChessSetPage::HasBoard() const { return !opChessBoard_->Selected().isEmpty(); }
+bool ChessSetPage::HasBoard() const { return QFile::exists(BoardPath()); }
+
+/// Of the selected board; of no file where none is.
+QString ChessSetPage::BoardPath() const {
+  return GraphicsFolder() + opChessSet_->Selected() + u'/' + opChessBoard_->Selected() + boardFile;
+}
 
 void ChessSetPage::PopulateSetList() {
   opChessSet_->Clear();
@@ -121,11 +129,7 @@ void ChessSetPage::PopulateBoardList(const QString& previous) {
   }
 }
 
-void ChessSetPage::PreviewSet() {
-  const QString set = opChessSet_->Selected(), board = opChessBoard_->Selected();
-  const bool both = !set.isEmpty() && !board.isEmpty();
-  pCBoard_->ShowSheet(both ? QImage(GraphicsFolder() + set + u'/' + board + boardFile) : QImage());
-}
+void ChessSetPage::PreviewSet() { pCBoard_->ShowSheet(QImage(BoardPath())); }
 
 void ChessSetPage::SetToolTips() {
   SetTip(*opChessSet_, "The chess set to use when playing chess");

@@ -22,6 +22,7 @@ class ChessSetPage : public QWidget {
   void SetOptions();
   void SetToolTips();
 
+  /// Whether one is selected, and still there.
   bool HasSet() const;
   bool HasBoard() const;
 
@@ -37,6 +38,7 @@ class ChessSetPage : public QWidget {
   /// Without the program's own board the `previous` one is selected, where the set has it.
   void PopulateBoardList(const QString& previous = {});
 
+  QString BoardPath() const;
   void SetSimpleUI();
 
   QLabel* Label8_;

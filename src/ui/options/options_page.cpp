@@ -46,7 +46,7 @@ constexpr Tab tabRows[OptionsPage::tabCount] = {
     {"Chess set", "Chess set selection options", 9},
     {"Heuristics", "Computer AI settings", 10},
     {"Saved AI", "Saved computer AI settings", 11},
-    {"Skins", "Select user interface skins", 11},
+    {"Skins", "Select user interface skins", platform::HelpOfSkins},
 };
 
 void Report(const char* title, const char* what, const char* page) {
@@ -176,7 +176,7 @@ bool OptionsPage::OptionsValid() const {
     Report("Chess set selection", "chess set", "Chess set");
   } else if (!chessSet_->HasBoard()) {
     Report("Chess board selection", "chess board", "Chess set");
-  } else if (skins_->Selected().isEmpty()) {
+  } else if (!skins_->HasSkin()) {
     Report("Skin selection", "skin", "Skins");
   } else {
     return true;

@@ -2,6 +2,7 @@
 #include "ui/options/skins_page.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 
 #include <exception>
@@ -96,6 +97,11 @@ bool SkinsPage::PopulateSkinsList() {
 }
 
 QString SkinsPage::Selected() const { return opSkinsList_->Selected(); }
+
+bool SkinsPage::HasSkin() const {
+  const QString skin = Selected();
+  return !skin.isEmpty() && QDir(SkinsFolder() + skin).exists();
+}
 
 void SkinsPage::PreviewSkin() {
   const QString folder = SkinsFolder() + Selected() + u'/';

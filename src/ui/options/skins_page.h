@@ -31,6 +31,9 @@ class SkinsPage : public QWidget {
   /// The name of the selected one; blank where there is none.
   QString Selected() const;
 
+  /// Whether one is selected, and still there.
+  bool HasSkin() const;
+
   void SetWindowSize();
 
  Q_SIGNALS:

@@ -130,6 +130,11 @@ TEST_F(OptionsTest, TheBoardFollowsFromSetToSet) {
   }
   EXPECT_FALSE(window_->SetOptions());
   EXPECT_EQ(Told(), "Chess board selection;");
+  QDir(folder_.path() + u"/UI Graphics/"_s + Chosen("opSkinsList")).removeRecursively();
+  Choose("opChessBoard", u"Plain"_s);
+  EXPECT_FALSE(window_->SetOptions()) << "what has gone meanwhile is no choice";
+  EXPECT_EQ(Told(), "Skin selection;");
+  DrawSkin(0);
   Choose("opChessBoard", u"Plain"_s);
   Choose("opChessSet", u"Wood"_s);
   Choose("opChessBoard", u"Plain"_s);

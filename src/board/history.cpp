@@ -24,23 +24,6 @@ using rules::ThePosition;
 
 namespace {
 
-void ReplayPieceMove(Game& game, int row) {
-  const LastMove move = game.Moves.MoveOf(row);
-  if (!IsOnBoard(move.from) || !IsOnBoard(move.to)) return;
-  rules::Position& position = ThePosition();
-  const rules::Side side = row % 2 == 1 ? rules::White : rules::Black;
-  position.SideToMove = side;
-
-  rules::PieceCode piece = position.BoardState.At(move.from);
-  const std::string& text = game.Moves.Row(row).MoveText;
-  const auto promotion = text.find('=');
-  if (promotion != std::string::npos && promotion + 1 < text.size()) {
-    const rules::PieceCode chosen = rules::PieceOfLetter(text[promotion + 1]);
-    if (chosen != NoPiece) piece = rules::OfSide(chosen, side);
-  }
-  rules::CarryOut(side, piece, move.from, move.to, game.Moves.MoveOf(row - 1));
-}
-
 void ReplayEntry(Game& game, int row) {
   const std::string& text = game.Moves.Row(row).MoveText;
   if (text == "0-1" || text == "1-0" || text == "Surrender") {
@@ -55,7 +38,8 @@ void ReplayEntry(Game& game, int row) {
   } else {
     game.DrawOffered = false;
     if (text.ends_with("1/2-1/2")) game.GameDrawn = true;
-    ReplayPieceMove(game, row);
+    ReplayPieceMove(game.Moves.Row(row), game.Moves.MoveOf(row - 1),
+                    row % 2 == 1 ? rules::White : rules::Black);
   }
 }
 
@@ -135,6 +119,22 @@ void RemoveLastMove(Game& game) {
   game.Moves.RemoveLast();
   game.view.Refresh();
   game.ListUpdating = false;
+}
+
+void ReplayPieceMove(const store::MoveRecord& entry, LastMove previous, rules::Side side) {
+  const LastMove move = LastMove::FromText(entry.MoveCoordinates);
+  if (!IsOnBoard(move.from) || !IsOnBoard(move.to)) return;
+  rules::Position& position = ThePosition();
+  position.SideToMove = side;
+
+  rules::PieceCode piece = position.BoardState.At(move.from);
+  const std::string& text = entry.MoveText;
+  const auto promotion = text.find('=');
+  if (promotion != std::string::npos && promotion + 1 < text.size()) {
+    const rules::PieceCode chosen = rules::PieceOfLetter(text[promotion + 1]);
+    if (chosen != NoPiece) piece = rules::OfSide(chosen, side);
+  }
+  rules::CarryOut(side, piece, move.from, move.to, previous);
 }
 
 void MoveThroughHistory(Game& game) {

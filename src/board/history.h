@@ -11,6 +11,10 @@ namespace board {
 void UpdateMoveList(Game& game, const rules::PlayedMove& move, const std::string& comment);
 void RemoveLastMove(Game& game);
 
+/// Plays the piece move of one entry on the position. Where its squares aren't on the board it
+/// changes nothing.
+void ReplayPieceMove(const store::MoveRecord& entry, rules::LastMove previous, rules::Side side);
+
 /// Plays the entries up to the selected one on the start position, which is up.
 void MoveThroughHistory(Game& game);
 

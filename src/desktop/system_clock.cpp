@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/system_clock.h"
 
+#include <QDate>
+#include <QLocale>
+
 #include <ctime>
 
 namespace desktop {
@@ -10,6 +13,11 @@ platform::LocalTime SystemClock::Now() {
   std::tm local{};
   ::localtime_r(&now, &local);
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min};
+}
+
+std::string SystemClock::LongDate(const platform::Date& day) {
+  const QDate date(day.year, day.month, day.day);
+  return QLocale().toString(date, QLocale::LongFormat).toStdString();
 }
 
 std::int64_t SystemClock::Seconds() { return std::time(nullptr); }

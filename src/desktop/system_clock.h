@@ -9,6 +9,7 @@ namespace desktop {
 class SystemClock : public platform::Clock {
  public:
   platform::LocalTime Now() override;
+  std::string LongDate(const platform::Date& day) override;
   std::int64_t Seconds() override;
 };
 

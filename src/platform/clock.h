@@ -3,6 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+
+#include "platform/conversions.h"
 
 namespace platform {
 
@@ -18,6 +21,9 @@ class Clock {
  public:
   virtual ~Clock() = default;
   virtual LocalTime Now() = 0;
+
+  /// A day in words, as the user's country writes it.
+  virtual std::string LongDate(const Date& day) = 0;
 
   /// Of the same moment everywhere: seconds since the beginning of 1970, UTC.
   virtual std::int64_t Seconds() = 0;

@@ -9,6 +9,8 @@ enum HelpContext {
   HelpContents = 1,
   HelpOfGameList = 3,
   HelpOfBoard = 5,
+  HelpOfPrintedBoards = 12,
+  HelpOfPrintedMoves = 13,
   HelpOfTray = 14,
   HelpOfNewGame = 15,
   HelpOfImport = 16,

@@ -10,6 +10,7 @@
 #include "platform/help.h"
 #include "platform/mail_client.h"
 #include "platform/message_boxes.h"
+#include "platform/printing.h"
 #include "platform/screen.h"
 #include "platform/settings_store.h"
 #include "platform/shell_hooks.h"
@@ -19,8 +20,9 @@
 
 namespace platform {
 
-/// What a program has in the place of windows, tray and help that aren't there.
+/// What a program has in the place of windows, tray, printers and help that aren't there.
 inline Help noHelp;
+inline Printers noPrinters;
 inline Tray noTray;
 inline Windows noWindows;
 
@@ -35,6 +37,7 @@ struct Seams {
   Events* events = nullptr;
   Files* files = nullptr;
   Help* help = &noHelp;
+  Printers* printers = &noPrinters;
   Screen* screen = nullptr;
   Tray* tray = &noTray;
   Windows* windows = &noWindows;

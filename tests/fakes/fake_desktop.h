@@ -50,6 +50,9 @@ class RecordingSounds : public platform::Sounds {
 class StandingClock : public platform::Clock {
  public:
   platform::LocalTime Now() override { return now; }
+  std::string LongDate(const platform::Date& day) override {
+    return "day " + std::to_string(day.day) + " of month " + std::to_string(day.month);
+  }
   std::int64_t Seconds() override { return seconds; }
 
   platform::LocalTime now{2026, 3, 9, 8, 5};

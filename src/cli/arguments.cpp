@@ -11,6 +11,17 @@ bool Contains(const std::vector<std::string_view>& names, std::string_view name)
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
+template <typename Number>
+Number WholeNumber(const std::string& text, Number least, Number most) {
+  Number number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{} || end != text.data() + text.size() || number < least || number > most) {
+    throw UsageError("\"" + text + "\" is no number from " + std::to_string(least) + " to " +
+                     std::to_string(most) + ".");
+  }
+  return number;
+}
+
 }  // namespace
 
 Arguments::Arguments(const std::vector<std::string>& arguments, const ArgumentRules& rules) {
@@ -45,26 +56,16 @@ std::string Arguments::Value(std::string_view option) const {
 }
 
 int Arguments::Number(std::size_t index, int least, int most) const {
-  const std::string& text = others_.at(index);
-  int number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc{} || end != text.data() + text.size() || number < least || number > most) {
-    throw UsageError("\"" + text + "\" is no number from " + std::to_string(least) + " to " +
-                     std::to_string(most) + ".");
-  }
-  return number;
+  return WholeNumber(others_.at(index), least, most);
+}
+
+int Arguments::Number(std::string_view option, int least, int most, int otherwise) const {
+  return Has(option) ? WholeNumber(Value(option), least, most) : otherwise;
 }
 
 std::uint64_t Arguments::OptionNumber(std::string_view option, std::uint64_t least,
                                       std::uint64_t most) const {
-  const std::string text = Value(option);
-  std::uint64_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc{} || end != text.data() + text.size() || number < least || number > most) {
-    throw UsageError(std::string(option) + " takes a whole number from " + std::to_string(least) +
-                     " to " + std::to_string(most) + ".");
-  }
-  return number;
+  return WholeNumber(Value(option), least, most);
 }
 
 }  // namespace cli

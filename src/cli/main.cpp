@@ -3,12 +3,13 @@
 //
 // Output is JSON on standard output, one object a line; standard error has one plain sentence where
 // something went wrong. Exit 0 done, 1 refused or failed, 2 wrong usage.
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -84,6 +85,15 @@ void LookAtSettings() {
   if (!mended.empty()) std::cerr << mended << '\n';
 }
 
+/// What prints needs fonts, but no display.
+std::unique_ptr<QCoreApplication> NewApplication(const cli::VerbRow& verb, int& argc, char** argv) {
+  if (!std::string_view(verb.name).starts_with("print")) {
+    return std::make_unique<QCoreApplication>(argc, argv);
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 int Run(int argc, char** argv) {
   std::vector<std::string> arguments{argv + 1, argv + argc};
   const std::string folder = TakeFolder(arguments);
@@ -104,7 +114,7 @@ int Run(int argc, char** argv) {
   const cli::Arguments parsed(arguments, verb.rules);
 
   qInstallMessageHandler(DropToolkitMessages);
-  const QCoreApplication application(argc, argv);
+  const auto application = NewApplication(verb, argc, argv);
   cli::CollectedMessages messages;
   wiring::RealSeams desktop(folder);
   const std::string dataFolder = desktop::DataFolderFor(folder);

@@ -48,6 +48,13 @@ bool Remove(const Call& call);
 bool Backup(const Call& call);
 bool Repair(const Call& call);
 
+// Printing. The names of these verbs begin with "print", and their application has fonts.
+bool PrintBoards(const Call& call);
+bool PrintMoves(const Call& call);
+bool PrintPosition(const Call& call);
+bool PrintTravel(const Call& call);
+bool PrintPostcard(const Call& call);
+
 // Playing.
 bool New(const Call& call);
 bool Move(const Call& call);

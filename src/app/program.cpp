@@ -69,6 +69,7 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
   platform::Seams& seams = platform::TheSeams();
   seams.messageBoxes = &boxes_;
   seams.help = &help_;
+  seams.printers = &printers_;
   seams.addressBook = &contacts_;
   seams.screen = &screen_;
   tray_ = std::make_unique<ui::SystemTray>([this] { ChangeAccount(); },

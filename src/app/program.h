@@ -14,6 +14,7 @@
 #include "post/mail_account.h"
 #include "ui/help/help_window.h"
 #include "ui/people/account_dialog.h"
+#include "ui/print/desktop_printers.h"
 #include "ui/program/qt_message_boxes.h"
 #include "ui/program/qt_screen.h"
 #include "ui/program/system_tray.h"
@@ -57,6 +58,7 @@ class Program {
   ui::QtMessageBoxes boxes_;
   contacts::ContactsBook contacts_;
   ui::HelpViewer help_;
+  ui::DesktopPrinters printers_;
   std::unique_ptr<wiring::RealSeams> desktop_;
   ui::QtScreen screen_;
   std::unique_ptr<desktop::SingleInstance> instance_;

@@ -14,6 +14,7 @@
 #include "skin/layouts/new_game_info_layout.h"
 #include "skin/layouts/notify_form_layout.h"
 #include "skin/layouts/options_page_layout.h"
+#include "skin/layouts/select_printer_layout.h"
 #include "skin/layouts/select_sound_layout.h"
 #include "skin/layouts/setup_warning_layout.h"
 #include "skin/layouts/status_window_layout.h"
@@ -31,7 +32,7 @@ inline constexpr Layout allWindows[] = {
     optionsPage,
     board,
     setupWarning,
-    {"SelectPrinter", {351, 191}},
+    selectPrinter,
     aboutBox,
     msgForm,
     gameInterface,

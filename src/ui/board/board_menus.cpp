@@ -8,8 +8,6 @@ namespace ui {
 
 namespace {
 
-// Until what they lead to is there.
-constexpr bool printingIsThere = false;
 
 /// What both of the board's first menus begin with.
 std::vector<MenuRow> ViewRows(const board::Game& board, const BoardActions& actions) {
@@ -41,7 +39,7 @@ std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActio
               {"Offer a draw", actions.offerDraw, controls.surrender},
               {"-"},
               {"Options...", actions.openOptions},
-              {"Print board state...", {}, printingIsThere},
+              {"Print board state...", actions.print},
               {"Close", actions.Click(board::CloseButton)}}));
 }
 

@@ -16,6 +16,7 @@ struct BoardActions {
   std::function<void(int button)> click;  ///< with a button of the action bar
   std::function<void()> offerDraw;
   std::function<void()> openOptions;
+  std::function<void()> print = {};  ///< the board as it is shown; not while it is set up
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };

@@ -27,6 +27,7 @@
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
+#include "print/printing.h"
 #include "skin/layouts/board_layout.h"
 #include "skin/look.h"
 #include "skin/program_pictures.h"
@@ -433,7 +434,8 @@ void BoardWindow::ShowActionsMenu(QPoint place, QAbstractButton* opener) {
                              [this] {
                                if (!LeaveComment()) board::OfferDraw(board_);
                              },
-                             [this] { ShowOptions(); }};
+                             [this] { ShowOptions(); },
+                             [this] { PrintBoard(); }};
   const bool setup = platform::Process().BoardSetupMode;
   PopUp(setup ? NewSetupMenu(board_, actions) : NewActionsMenu(board_, actions), place, opener);
 }
@@ -448,6 +450,13 @@ void BoardWindow::ShowOptions() {
   picture_->TakeGraphics();
   board::DisplayBoardState(board_, true);
   if (platform::Process().BoardSetupMode) palette_->SetPiecePallete();
+}
+
+void BoardWindow::PrintBoard() {
+  const QPointer<BoardWindow> self(this);
+  board_.LockedForDialog = true;
+  print::PrintCurrentBoardState(board_);
+  if (self) board_.LockedForDialog = false;
 }
 
 void BoardWindow::ShowHistoryMenu(QPoint place, QAbstractButton* opener) {

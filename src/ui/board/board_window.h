@@ -79,6 +79,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void PopUp(const std::unique_ptr<QMenu>& menu, QPoint place, QAbstractButton* opener);
   void ShowActionsMenu(QPoint place, QAbstractButton* opener = nullptr);
   void ShowHistoryMenu(QPoint place, QAbstractButton* opener = nullptr);
+  void PrintBoard();
   void ShowPiecePalleteMenu(QPoint point);
 
   const ChessGraphics& graphics_;

@@ -7,6 +7,7 @@
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
+#include "print/printing.h"
 #include "shell/game_list.h"
 #include "shell/playing.h"
 #include "shell/shut_down.h"
@@ -19,11 +20,16 @@ using platform::Process;
 
 namespace {
 
-// Until the windows behind them are there.
-constexpr bool printingIsThere = false;
+
+/// What a print of the selected game is chosen by.
+std::function<void()> OnSelected(GameInterface& list, void (*printGame)(std::int32_t gameID)) {
+  return [&list, printGame] {
+    if (const auto gameID = list.SelectedGame()) printGame(*gameID);
+  };
+}
 
 std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) {
-  const bool prints = list.HasGames() && printingIsThere;
+  const bool prints = list.HasGames();
   std::vector<MenuRow> rows{
       {"Retrieve games", [&list] { list.GetGames(false); }},
       {"Import game", [&list] { list.GetGames(true); }},
@@ -32,8 +38,10 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
       {"Mail account...", errands.changeAccount},
       {"Mails set aside...", errands.askAboutHeldMails},
       {"-"},
-      {"Print game...", {}, prints},
-      {"Print game notation...", {}, prints},
+      {"Print game...", OnSelected(list, print::PrintGameBoards), prints},
+      {"Print game notation...", OnSelected(list, print::PrintMoveList), prints},
+      {"Print travel sheet...", [] { print::PrintTravelSheet(); }, prints},
+      {"Print postcard...", OnSelected(list, print::PrintPostcard), prints},
       {"-"},
   };
   // A program that doesn't live in the tray can't hide in it.
@@ -100,7 +108,7 @@ std::vector<MenuRow> PopupRows(GameInterface& list) {
   return {{"Play selected game", [&list] { list.PlayCurrentGame(); }},
           {"Delete selected game...", [&list] { list.DeleteGame(); }},
           {"-"},
-          {"Print selected game...", {}, printingIsThere}};
+          {"Print selected game...", OnSelected(list, print::PrintGameBoards)}};
 }
 
 std::pair<const char*, std::vector<MenuRow>> NameAndRows(InterfaceMenu menu, GameInterface& list,

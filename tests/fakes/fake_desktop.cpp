@@ -45,6 +45,7 @@ FakeDesktop::FakeDesktop(const std::string& commandLine) {
   desktop.windows = &windows;
   desktop.tray = &tray;
   desktop.help = &help;
+  desktop.printers = &printers;
   desktop.screen = &screen;
   mail.log = &log;
   boxes.log = &log;

@@ -13,6 +13,7 @@
 #include "fakes/memory_files.h"
 #include "fakes/memory_mail.h"
 #include "fakes/memory_settings.h"
+#include "fakes/recording_printers.h"
 #include "fakes/recording_windows.h"
 #include "platform/seams.h"
 
@@ -88,6 +89,7 @@ class FakeDesktop {
   RecordingWindows windows{log};
   RecordingTray tray{log};
   RecordingHelp help{log};
+  RecordingPrinters printers;
   ScriptedScreen screen;
 
   std::vector<std::string> hooksCalled;

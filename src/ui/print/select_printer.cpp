@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/print/select_printer.h"
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -37,6 +36,7 @@ class NumberBar : public QScrollBar {
     setInvertedControls(false);
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(18, 28);
+    setPalette(QPalette(Qt::lightGray));  // whatever colours the window wears
   }
 
  protected:
@@ -70,8 +70,6 @@ SelectPrinter::SelectPrinter(DesktopPrinters& printers, const platform::PrintQue
   SetToolTips();
   hasSkin_ = TakeLook(*this, layouts::selectPrinter, [this] { SetSimpleUI(); });
   if (!hasSkin_) return;
-  // The style's arrows are dark on light whatever the skin.
-  for (const Number& number : {columns_, rows_}) number.spin->setPalette(QApplication::palette());
   if (question.numbersAreFixed) FixNumbers();
   ShowCurrentPrinter();
   const bool asksBoards = !question.numbersAreFixed;
@@ -128,6 +126,7 @@ void SelectPrinter::SetSimpleUI() {
   printer->addWidget(CurrentPrinter_, 1, 0);
   printer->addWidget(select_, 0, 1, 2, 1);
   printer->setColumnStretch(0, 1);
+  select_->setMinimumHeight(28);
   auto* numbers = new QHBoxLayout;
   numbers->setSpacing(8);
   for (const Number& number : {columns_, rows_}) {

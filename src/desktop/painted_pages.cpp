@@ -146,9 +146,8 @@ QPageLayout LayoutFor(platform::Paper paper, QPageLayout usual) {
 
 QPageLayout LayoutFor(platform::Paper paper) {
   const bool usesLetter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
-  QPageLayout usual;
-  usual.setPageSize(QPageSize(usesLetter ? QPageSize::Letter : QPageSize::A4));
-  return LayoutFor(paper, usual);
+  const QPageSize size(usesLetter ? QPageSize::Letter : QPageSize::A4);
+  return LayoutFor(paper, QPageLayout(size, QPageLayout::Portrait, {}));
 }
 
 }  // namespace desktop

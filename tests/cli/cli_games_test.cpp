@@ -22,6 +22,28 @@ TEST_F(CliTest, AGameTravelsBetweenTwoPlayersByMail) {
   EXPECT_NE(As("anna", {"retrieve"}).out.find("\"changed\":false"), std::string::npos);
 }
 
+TEST_F(CliTest, AGameIsPrintedIntoAFile) {
+  AnnaStartsGame();
+  const std::string file = root_ / "moves.pdf";
+  EXPECT_EQ(As("anna", {"print", "moves", "1", "--pdf", file}).out,
+            "{\"file\":\"" + file + "\",\"pages\":1}\n");
+  EXPECT_EQ(ReadFile(file).substr(0, 4), "%PDF");
+  const std::tuple<std::vector<std::string>, int, const char*> refused[] = {
+      {{"moves", "1", "--pdf", root_ / "none/x.pdf"}, 1, "can't be written"},
+      {{"moves", "7", "--pdf", file}, 1, "There is no game 7."},
+      {{"moves", "1", "--pdf", file, "--rows", "81"}, 2, "no number from 1 to 80"},
+      {{"travel", "--pdf", file}, 1, "no game in which you are to move"},
+      {{"boards", "1"}, 2, "--pdf is missing"},
+  };
+  for (const auto& [arguments, exitCode, why] : refused) {
+    auto words = arguments;
+    words.insert(words.begin(), "print");
+    const Answer answer = As("anna", words);
+    EXPECT_EQ(answer.exitCode, exitCode) << why;
+    EXPECT_NE(answer.err.find(why), std::string::npos) << answer.err;
+  }
+}
+
 // An answer from another address than the game's waits for the user's word.
 TEST_F(CliTest, WhatWasSetAsideIsTakenOrRefusedByItsIdentifier) {
   AnnaStartsGame();

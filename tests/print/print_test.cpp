@@ -120,7 +120,9 @@ TEST_F(PrintTest, BoardsStandInStripsAndStripsOnPages) {
       for (const auto& line : printer.pages[page - 1]) {
         const std::string text = RecordingPrinter::TextOf(line);
         const std::size_t colon = text.find(":N");
-        if (colon != std::string::npos) pages += (pages.empty() ? "" : " ") + text.substr(0, colon);
+        if (colon == std::string::npos) continue;
+        pages += pages.empty() ? "" : " ";
+        pages += text.substr(0, colon);
       }
     }
     EXPECT_EQ(pages, row.pages) << row.name;
@@ -186,8 +188,8 @@ TEST_F(PrintTest, TheTableRunsDownItsColumns) {
         if (!isFirst) pages += ",";
         isFirst = false;
         for (std::size_t column = 0; column < text.size(); column += 27) {
-          pages +=
-              (pages.empty() ? "" : " ") + text.substr(column, text.find('.', column) - column);
+          pages += pages.empty() ? "" : " ";
+          pages += text.substr(column, text.find('.', column) - column);
         }
       }
     }

@@ -32,6 +32,10 @@ bool PrintsIntoFile(const QPrinter& printer) {
   return printer.outputFormat() == QPrinter::PdfFormat || printer.printerName().isEmpty();
 }
 
+bool HasVanished(const QPrinter& printer) {
+  return !PrintsIntoFile(printer) && QPrinterInfo::printerInfo(printer.printerName()).isNull();
+}
+
 /// Paints a document on a printer, whose own paper it is unless the document wants another.
 bool Paint(const platform::Document& document, QPrinter& printer) {
   const QPageLayout usual = printer.pageLayout();
@@ -67,12 +71,16 @@ platform::PrintOutcome DesktopPrinters::Send(const platform::Document& document)
   if (PrintsIntoFile(InForce())) {
     return desktop::WritePdf(document, std::exchange(pdfPath_, {})).outcome;
   }
-  if (QPrinterInfo::printerInfo(printer_->printerName()).isNull()) return {false, {}};
+  if (HasVanished(*printer_)) return {false, {}};
   printer_->setDocName(QString::fromStdString(document.title));
   return {Paint(document, *printer_), {}};
 }
 
 QString DesktopPrinters::CurrentName() {
+  if (printer_ && HasVanished(*printer_)) {
+    printer_.reset();
+    isChosen_ = false;
+  }
   if (isChosen_) return PrintsIntoFile(InForce()) ? pdfFile : InForce().printerName();
   const QString usual = QPrinterInfo::defaultPrinterName();
   return usual.isEmpty() ? noPrinter : usual;

@@ -167,6 +167,7 @@ TEST_F(SystemTrayTest, ANewMoveOpensBehindTheOneThatCloses) {
 }
 
 TEST_F(SystemTrayTest, TheMenusOfTheListDoWhatTheySay) {
+  Store(1, store::MoveWaiting, "Anna");
   Choose("mnuPopupOpen");
   const std::pair<const char*, const char*> sorts[] = {
       {"Descending", "1DESC"}, {"First move date", "4DESC"}, {"Ascending", "4"}};
@@ -179,6 +180,12 @@ TEST_F(SystemTrayTest, TheMenusOfTheListDoWhatTheySay) {
   TakeEntry(*List(), "FileMenu_L", "Mails set aside...");
   Choose("mnuPopupHeldMails");
   EXPECT_EQ(heldMailsAsked_, 2);
+  for (const char* entry :
+       {"Print game...", "Print game notation...", "Print travel sheet...", "Print postcard..."}) {
+    TakeEntry(*List(), "FileMenu_L", entry);
+    EXPECT_EQ(desktop_.printers.sent.size(), static_cast<std::size_t>(desktop_.printers.asked));
+  }
+  EXPECT_EQ(desktop_.printers.asked, 4);
 }
 
 TEST_F(SystemTrayTest, ATrayIsWaitedForAndStillTakenWhenItComesLate) {

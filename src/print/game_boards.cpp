@@ -12,6 +12,7 @@ namespace print {
 namespace {
 
 using platform::PrintedLine;
+using platform::PrinterFont;
 
 struct CaptionedBoard {
   std::string caption;
@@ -31,7 +32,7 @@ std::vector<CaptionedBoard> BoardsOf(const StoredGame& game) {
 
 /// The boards beside each other, and their captions above them.
 std::vector<PrintedLine> Strip(const CaptionedBoard* first, const CaptionedBoard* end,
-                               const platform::PrinterFont& font) {
+                               const PrinterFont& font) {
   std::vector<PrintedLine> lines(1 + first->diagram.size());
   lines[0] = {{Arial(12), {}}};
   for (std::size_t n = 1; n < lines.size(); ++n) lines[n] = {{font, {}}};
@@ -45,10 +46,11 @@ std::vector<PrintedLine> Strip(const CaptionedBoard* first, const CaptionedBoard
 void PrintBoards(platform::Printer& printer, const std::vector<CaptionedBoard>& boards, int columns,
                  int rows) {
   const int count = static_cast<int>(boards.size());
-  const platform::PrinterFont font = DiagramFont(printer, 12, std::min(columns, count));
+  const PrinterFont font = DiagramFont(printer, 12, std::min(columns, count));
   int strips = 0;  // on this page
   for (int i = 0; i < count; i += columns) {
-    const auto lines = Strip(&boards[i], boards.data() + std::min(i + columns, count), font);
+    auto lines = Strip(&boards[i], boards.data() + std::min(i + columns, count), font);
+    lines[0][0].font.FontSize = printer.FittingSize(lines[0]);  // as the boards are smaller, too
     if (strips == rows || !printer.HasRoomFor(lines)) {
       printer.NewPage();
       strips = 0;

@@ -18,7 +18,7 @@ constexpr const char* ownFile = "Fonts/Tarvolenix Diagrams.ttf";
 }  // namespace
 
 QString DiagramFamily() {
-  const QString family = QString::fromStdString(platform::diagramFont);
+  QString family = QString::fromStdString(platform::diagramFont);
   if (QFontDatabase::hasFamily(family)) return family;
   if (!QFontDatabase::hasFamily(ownFamily)) {
     QFontDatabase::addApplicationFont(

@@ -134,7 +134,7 @@ bool PaintedPages::HasRoomFor(const std::vector<PrintedLine>& lines) {
   return down_ == 0 || down_ + height <= page_.height();
 }
 
-QPageLayout LayoutFor(platform::Paper paper, QPageLayout usual) {
+QPageLayout LayoutFor(platform::Paper paper, const QPageLayout& usual) {
   const auto layout = [](const QPageSize& size, QPageLayout::Orientation orientation, double all) {
     return QPageLayout(size, orientation, QMarginsF(all, all, all, all), QPageLayout::Point);
   };

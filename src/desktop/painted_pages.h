@@ -50,6 +50,6 @@ class PaintedPages : public platform::Printer {
 QPageLayout LayoutFor(platform::Paper paper);
 
 /// The same for a printer that has a usual paper of its own.
-QPageLayout LayoutFor(platform::Paper paper, QPageLayout usual);
+QPageLayout LayoutFor(platform::Paper paper, const QPageLayout& usual);
 
 }  // namespace desktop

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/printing.h"
 
+#include "platform/busy_pointer.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/seams.h"
@@ -18,7 +19,11 @@ using platform::Document;
 using platform::PrintQuestion;
 
 void Send(const Document& document) {
-  const platform::PrintOutcome outcome = platform::TheSeams().printers->Send(document);
+  platform::PrintOutcome outcome;
+  {
+    const platform::BusyPointer busy;
+    outcome = platform::TheSeams().printers->Send(document);
+  }
   if (outcome.isDone) return;
   const std::string unknown =
       "There was an unknown error printing the board.  Please check the printer before trying "

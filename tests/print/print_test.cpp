@@ -32,7 +32,7 @@ class PrintTest : public board::BoardTest {
   std::string LastDiagram(const std::string& told) {
     StoreGame(told);
     const std::string page = Printed(GameBoardsQuestion(1), 1, 1000).Page(1, diagrams);
-    const std::size_t diagram = 10 * 11;
+    constexpr std::size_t diagram = 110;  // ten lines of ten letters
     return page.size() < diagram ? page : page.substr(page.size() - diagram);
   }
 };

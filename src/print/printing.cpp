@@ -104,7 +104,15 @@ PrintQuestion PostcardQuestion(std::int32_t gameID) {
 void PrintGameBoards(std::int32_t gameID) { Print(GameBoardsQuestion(gameID)); }
 void PrintMoveList(std::int32_t gameID) { Print(MoveListQuestion(gameID)); }
 void PrintCurrentBoardState(const board::Game& game) { Print(BoardStateQuestion(game)); }
-void PrintTravelSheet() { Print(TravelSheetQuestion()); }
 void PrintPostcard(std::int32_t gameID) { Print(PostcardQuestion(gameID)); }
+
+/// Nobody is asked for a printer where there is nothing to print.
+void PrintTravelSheet() {
+  const auto sheet = TravelSheet();
+  if (!sheet) return;
+  PrintQuestion question = TravelSheetQuestion();
+  question.document = [&sheet](int, int) { return sheet; };
+  Print(question);
+}
 
 }  // namespace print

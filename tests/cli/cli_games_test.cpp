@@ -33,7 +33,6 @@ TEST_F(CliTest, AGameIsPrintedIntoAFile) {
       {{"moves", "7", "--pdf", file}, 1, "There is no game 7."},
       {{"moves", "1", "--pdf", file, "--rows", "81"}, 2, "no number from 1 to 80"},
       {{"travel", "--pdf", file}, 1, "no game in which you are to move"},
-      {{"boards", "1"}, 2, "--pdf is missing"},
   };
   for (const auto& [arguments, exitCode, why] : refused) {
     auto words = arguments;

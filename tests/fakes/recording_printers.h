@@ -2,6 +2,7 @@
 // Paper that remembers what was written on it, and printers whose dialog is answered in advance.
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,14 +16,10 @@ class RecordingPrinter : public platform::Printer {
  public:
   void Print(const platform::PrintedLine& line) override { pages.back().push_back(line); }
   void NewPage() override { pages.emplace_back(); }
-  void EndDoc() override { ++documents; }
+  void EndDoc() override {}
   double FittingSize(const platform::PrintedLine& line) override {
-    std::size_t letters = 0;
-    for (const platform::PrintedText& text : line) letters += text.text.size();
-    const double size = line.back().font.FontSize;
-    return letters <= lettersWide
-               ? size
-               : size * static_cast<double>(lettersWide) / static_cast<double>(letters);
+    const auto letters = static_cast<double>(TextOf(line).size());
+    return line.back().font.FontSize * std::min(1.0, lettersWide / letters);
   }
   bool HasRoomFor(const std::vector<platform::PrintedLine>& lines) override {
     return pages.back().empty() || pages.back().size() + lines.size() <= linesHigh;
@@ -34,7 +31,7 @@ class RecordingPrinter : public platform::Printer {
     return text;
   }
 
-  /// A page as text, or only its lines in one font.
+  /// A page as text, or its lines in one font.
   std::string Page(std::size_t number, const std::string& fontName = {}) const {
     std::string text;
     for (const platform::PrintedLine& line : pages.at(number - 1)) {
@@ -44,9 +41,8 @@ class RecordingPrinter : public platform::Printer {
   }
 
   std::vector<std::vector<platform::PrintedLine>> pages{1};
-  std::size_t lettersWide = 100000;
+  double lettersWide = 100000;
   std::size_t linesHigh = 100000;
-  int documents = 0;
 };
 
 class RecordingPrinters : public platform::Printers {
@@ -54,8 +50,8 @@ class RecordingPrinters : public platform::Printers {
   std::optional<platform::PrintChoice> SelectPrinter(
       const platform::PrintQuestion& question) override {
     ++asked;
-    if (cancels) return std::nullopt;
-    return platform::PrintChoice{question.columns, question.rows};
+    return cancels ? std::nullopt
+                   : std::optional(platform::PrintChoice{question.columns, question.rows});
   }
   platform::PrintOutcome Send(const platform::Document& document) override {
     sent.push_back(document.title);

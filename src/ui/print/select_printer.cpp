@@ -150,7 +150,6 @@ void SelectPrinter::SetSimpleUI() {
 
 void SelectPrinter::SetToolTips() {
   if (!platform::Settings().ShowToolTips) return;
-  CurrentPrinter_->setToolTip(u"The currently selected printer"_s);
   columns_.label->setToolTip(u"The number of boards to print across the page"_s);
   rows_.label->setToolTip(u"The number of boards to print down the page"_s);
 }
@@ -164,12 +163,14 @@ void SelectPrinter::FixNumbers() {
   }
 }
 
+/// A name that is cut shows as a whole where it is pointed at.
 void SelectPrinter::ShowCurrentPrinter() {
   printerName_ = printers_.CurrentName();
-  const QString tip = CurrentPrinter_->toolTip();
   ShowLine(*CurrentPrinter_, ShownLine(printerName_),
            IsSimpleUI() ? plainWidth / 2 : CurrentPrinter_->width());
-  if (CurrentPrinter_->toolTip().isEmpty()) CurrentPrinter_->setToolTip(tip);
+  if (CurrentPrinter_->toolTip().isEmpty() && platform::Settings().ShowToolTips) {
+    CurrentPrinter_->setToolTip(u"The currently selected printer"_s);
+  }
 }
 
 platform::PrintChoice SelectPrinter::Choice() const {

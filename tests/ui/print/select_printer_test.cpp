@@ -19,30 +19,16 @@ class SelectPrinterTest : public SkinTest {
     if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "there is a printer";
   }
 
-  static platform::PrintQuestion Question(bool numbersAreFixed) {
-    platform::PrintQuestion question;
-    question.numbersAreFixed = numbersAreFixed;
-    question.document = [](int columns, int rows) {
-      const std::string text = std::to_string(columns) + " by " + std::to_string(rows);
-      return platform::Document{
-          .title = text, .hasDiagrams = false, .write = [text](platform::Printer& printer) {
-            const platform::PrinterFont font{"Arial"};
-            printer.Print({{font, text}});
-            printer.EndDoc();
-          }};
-    };
-    return question;
-  }
-
   DesktopPrinters printers_;
+  platform::PrintQuestion question_;
 };
 
 TEST_F(SelectPrinterTest, TheNumbersFollowTheirBarsInBothLooks) {
   for (const bool simple : {false, true}) {
     platform::Settings().SimpleUI = simple;
     for (const bool isFixed : {false, true}) {
-      const auto question = Question(isFixed);
-      SelectPrinter form(printers_, question);
+      question_.numbersAreFixed = isFixed;
+      SelectPrinter form(printers_, question_);
       BringUp(form);
       EXPECT_EQ(Find<QLabel>(form, "CurrentPrinter").text(), u"No printer selected"_s);
       EXPECT_EQ(Find<QScrollBar>(form, "ColSpin").isVisible(), !isFixed);
@@ -61,8 +47,7 @@ TEST_F(SelectPrinterTest, TheNumbersFollowTheirBarsInBothLooks) {
 TEST_F(SelectPrinterTest, WithoutAPrinterItAsksForAFile) {
   QTemporaryDir folder;
   const QString path = folder.filePath(u"game.pdf"_s);
-  const auto question = Question(false);
-  SelectPrinter form(printers_, question);
+  SelectPrinter form(printers_, question_);
   BringUp(form);
   OnNextDialog([](QWidget& dialog) { dialog.close(); });
   Press(form, "PrintButton");
@@ -73,7 +58,8 @@ TEST_F(SelectPrinterTest, WithoutAPrinterItAsksForAFile) {
   });
   Press(form, "PrintButton");
   EXPECT_FALSE(form.FormCanceled);
-  EXPECT_TRUE(printers_.Send(*question.document(1, 1)).isDone);
+  const auto write = [](platform::Printer& printer) { printer.EndDoc(); };
+  EXPECT_TRUE(printers_.Send({.hasDiagrams = false, .write = write}).isDone);
   EXPECT_TRUE(QFile::exists(path));
 }
 

@@ -111,7 +111,7 @@ void PrintTravelSheet() {
   const auto sheet = TravelSheet();
   if (!sheet) return;
   PrintQuestion question = TravelSheetQuestion();
-  question.document = [&sheet](int, int) { return sheet; };
+  question.document = [&sheet](int, int) { return std::optional(*sheet); };
   Print(question);
 }
 

@@ -98,6 +98,7 @@ bool DesktopPrinters::Choose(QWidget& owner) {
   QPrintDialog dialog(&InForce(), &owner);
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                     QAbstractPrintDialog::PrintCollateCopies);
+  dialog.setObjectName(u"CommonDialogCtrl"_s);
   dialog.setWindowTitle(u"Printer settings"_s);
   // It prints nothing yet.
   if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {

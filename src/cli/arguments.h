@@ -38,6 +38,14 @@ class Arguments {
 
   bool Has(std::string_view option) const { return options_.contains(option); }
 
+  /// The option's value; empty where it wasn't given.
+  std::string Value(std::string_view option) const;
+
+  const std::vector<std::string>& Others() const { return others_; }
+
+  /// Argument `index` from 0 as a whole number from `least` to `most`. Raises UsageError.
+  int Number(std::size_t index, int least, int most) const;
+
   /// The option's value as such a number. Raises UsageError.
   std::uint64_t OptionNumber(std::string_view option, std::uint64_t least,
                              std::uint64_t most) const;

@@ -434,8 +434,7 @@ void BoardWindow::ShowActionsMenu(QPoint place, QAbstractButton* opener) {
                              [this] {
                                if (!LeaveComment()) board::OfferDraw(board_);
                              },
-                             [this] { ShowOptions(); },
-                             [this] { PrintBoard(); }};
+                             [this] { ShowOptions(); }, [this] { PrintBoard(); }};
   const bool setup = platform::Process().BoardSetupMode;
   PopUp(setup ? NewSetupMenu(board_, actions) : NewActionsMenu(board_, actions), place, opener);
 }

@@ -20,7 +20,6 @@ using platform::Process;
 
 namespace {
 
-
 /// What a print of the selected game is chosen by.
 std::function<void()> OnSelected(GameInterface& list, void (*printGame)(std::int32_t gameID)) {
   return [&list, printGame] {

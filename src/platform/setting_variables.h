@@ -20,17 +20,18 @@ struct SettingVariables {
   int SysTrayIcons = 1;
   bool ShowToolTips = true;
   std::string Skin = "Tarvolenix Classic";
-  std::string WindowSize = "100";  ///< of the skinned windows, from the next start on
   int BoardWidth = 0;  ///< of the plain board window; 0 until it was resized, as the next
   int BoardHeight = 0;
   bool DefaultView = false;  ///< always show the board from White's side
 
-  // These two take effect at the next start: the live value rules this run, the saved one is
+  // These take effect at the next start: the live value rules this run, the saved one is
   // stored.
   bool SimpleUI = false;
   bool SimpleUISaved = false;
   bool SystrayStartup = true;
   bool SystrayStartupSaved = true;
+  std::string WindowSize = "100";  ///< of the skinned windows
+  std::string WindowSizeSaved = "100";
 };
 
 /// The process's one record.

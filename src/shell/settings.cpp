@@ -139,7 +139,7 @@ bool LoadSettings() {
   variables.SysTrayIcons = ReadNumber(SysTrayIcons, 1, noLimit);
   variables.ShowToolTips = ReadFlag(ShowToolTips);
   variables.Skin = ReadText(Skin);
-  variables.WindowSize = ReadText(WindowSize);
+  variables.WindowSize = variables.WindowSizeSaved = ReadText(WindowSize);
   variables.BoardWidth = ReadNumber(BoardWidth, 0, noLimit);
   variables.BoardHeight = ReadNumber(BoardHeight, 0, noLimit);
   variables.DefaultView = ReadFlag(DefaultView);
@@ -181,7 +181,7 @@ void SaveSettings() {
   WriteFlag(ShowToolTips, variables.ShowToolTips);
   WriteText(Heuristics, ai::HeuristicsText());
   WriteText(Skin, variables.Skin);
-  WriteText(WindowSize, variables.WindowSize);
+  WriteText(WindowSize, variables.WindowSizeSaved);
   WriteText(BoardWidth, std::to_string(variables.BoardWidth));
   WriteText(BoardHeight, std::to_string(variables.BoardHeight));
   WriteFlag(DefaultView, variables.DefaultView);

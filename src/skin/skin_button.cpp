@@ -46,6 +46,8 @@ bool SkinButton::hitButton(const QPoint& point) const { return Inner().contains(
 
 void SkinButton::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    // One that stays down is chosen already: the window may have a use for the key.
+    if (isCheckable()) return event->ignore();
     if (!event->isAutoRepeat()) click();
   } else {
     QAbstractButton::keyPressEvent(event);

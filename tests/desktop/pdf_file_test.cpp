@@ -24,7 +24,7 @@ platform::PrintedLine Line(const std::string& text, const std::string& font = "A
 }
 
 platform::Document Lines(int count, const std::string& text, bool hasDiagrams = false) {
-  return {.hasDiagrams = hasDiagrams, .write = [=](platform::Printer& printer) {
+  return {.title = {}, .hasDiagrams = hasDiagrams, .write = [=](platform::Printer& printer) {
             for (int n = 0; n < count; ++n) printer.Print(Line(text));
             printer.EndDoc();
           }};

@@ -93,9 +93,10 @@ bool ChessSetPage::HasSet() const {
   return !set.isEmpty() && QDir(GraphicsFolder() + set).exists();
 }
 
-bool ChessSetPage::HasBoard() const { return QFile::exists(BoardPath()); }
+bool ChessSetPage::HasBoard() const {
+  return !opChessBoard_->Selected().isEmpty() && QFile::exists(BoardPath());
+}
 
-/// Of the selected board; of no file where none is.
 QString ChessSetPage::BoardPath() const {
   return GraphicsFolder() + opChessSet_->Selected() + u'/' + opChessBoard_->Selected() + boardFile;
 }

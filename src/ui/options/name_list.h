@@ -16,6 +16,8 @@ class NameList : public QListWidget {
  public:
   NameList(const char* name, const QString& accessibleName, QWidget* page);
 
+  QSize sizeHint() const override { return minimumSizeHint(); }
+
   /// Empties it, without a signal.
   void Clear();
 

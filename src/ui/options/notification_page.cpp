@@ -45,6 +45,7 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
       opTimeoutCombo_(new QComboBox(this)) {
   opNotificationSound_->setObjectName(u"opNotificationSound"_s);
   opNotificationSound_->setTextFormat(Qt::PlainText);
+  opNotificationSound_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Label4_->setObjectName(u"Label4"_s);
   Label4_->setBuddy(opTimeoutCombo_);
   opTimeoutCombo_->setObjectName(u"opTimeoutCombo"_s);

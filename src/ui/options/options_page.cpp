@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedLayout>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -66,7 +67,18 @@ OptionsPage::OptionsPage(std::function<void()> pickSound, QWidget* parent) : QDi
   AddButtons();
   if (!TakeLook(*this, layouts::optionsPage, [this] { SetSimpleUI(); })) return;
   ChangeTab(1);
+  AddPageKeys();
   open_ = Load();
+}
+
+/// Ahead of the list or slider that has the focus.
+void OptionsPage::AddPageKeys() {
+  const std::pair<const char*, int> keys[] = {
+      {"Ctrl+Tab", 1}, {"Ctrl+PgDown", 1}, {"Ctrl+Shift+Tab", -1}, {"Ctrl+PgUp", -1}};
+  for (const auto& [key, by] : keys) {
+    connect(new QShortcut(QKeySequence(QLatin1StringView(key)), this), &QShortcut::activated, this,
+            [this, by = by] { TurnPage(by); });
+  }
 }
 
 void OptionsPage::AddTabs() {
@@ -140,7 +152,7 @@ void OptionsPage::SetSimpleUI() {
   layout->addLayout(plainPages_, 1);
   for (int tab = 1; tab <= plainTabCount; ++tab) plainPages_->addWidget(&Page(tab));
   layout->addLayout(buttons);
-  resize(plainSize.expandedTo(sizeHint()));
+  resize(plainSize.expandedTo(minimumSizeHint()));
 }
 
 /// False where a list that must be there can't be filled.
@@ -176,7 +188,7 @@ bool OptionsPage::OptionsValid() const {
     Report("Chess set selection", "chess set", "Chess set");
   } else if (!chessSet_->HasBoard()) {
     Report("Chess board selection", "chess board", "Chess set");
-  } else if (!skins_->HasSkin()) {
+  } else if (IsSimpleUI() ? skins_->Selected().isEmpty() : !skins_->HasSkin()) {
     Report("Skin selection", "skin", "Skins");
   } else {
     return true;
@@ -208,6 +220,7 @@ void OptionsPage::Apply() {
 
 void OptionsPage::RefreshInterfaceButtons() {
   update();
+  apply_->setEnabled(false);  // also where nothing was applied: until the next change
   ChangeTab(tab_);
 }
 
@@ -218,7 +231,9 @@ void OptionsPage::ChangeTab(int tab) {
     plainPages_->setCurrentIndex(tab - 1);
     return;
   }
-  tabs_[static_cast<std::size_t>(tab - 1)]->setChecked(true);
+  QAbstractButton* shown = tabs_[static_cast<std::size_t>(tab - 1)];
+  shown->setChecked(true);
+  if (tabs_[static_cast<std::size_t>(before - 1)]->hasFocus()) shown->setFocus();
   Page(before).hide();
   Page(tab).show();
 }
@@ -248,24 +263,13 @@ void OptionsPage::done(int result) {
   QDialog::done(result);
 }
 
-/// Ahead of the list that has the focus.
-bool OptionsPage::event(QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride) {
-    const auto& key = static_cast<const QKeyEvent&>(*event);
-    const bool forward = key.key() == Qt::Key_Tab || key.key() == Qt::Key_PageDown;
-    const bool back = key.key() == Qt::Key_Backtab || key.key() == Qt::Key_PageUp;
-    if (key.modifiers().testFlag(Qt::ControlModifier) && (forward || back)) event->accept();
-  }
-  return QDialog::event(event);
+void OptionsPage::TurnPage(int by) {
+  const int count = tabStrip_ ? plainTabCount : tabCount;
+  ChangeTab((tab_ - 1 + by + count) % count + 1);
 }
 
 void OptionsPage::keyPressEvent(QKeyEvent* event) {
-  const int count = tabStrip_ ? plainTabCount : tabCount;
-  const bool next = event->key() == Qt::Key_Tab || event->key() == Qt::Key_PageDown;
-  const bool previous = event->key() == Qt::Key_Backtab || event->key() == Qt::Key_PageUp;
-  if (event->modifiers().testFlag(Qt::ControlModifier) && (next || previous)) {
-    ChangeTab((tab_ - 1 + (next ? 1 : count - 1)) % count + 1);
-  } else if (event->key() == Qt::Key_F1) {
+  if (event->key() == Qt::Key_F1) {
     ShowHelp();
   } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     ok_->click();

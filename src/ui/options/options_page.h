@@ -47,12 +47,13 @@ class OptionsPage : public QDialog {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  bool event(QEvent* event) override;
 
  private:
   void AddPages(std::function<void()> pickSound);
   void AddButtons();
   void AddTabs();
+  void AddPageKeys();
+  void TurnPage(int by);
   void SetSimpleUI();
   bool Load();
   void LoadOptions();

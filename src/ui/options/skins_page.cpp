@@ -73,7 +73,7 @@ SkinsPage::SkinsPage(QWidget* parent)
 
 void SkinsPage::LoadOptions() {
   PopulateSkinsList();
-  const int stored = opWindowSize_->findData(AsItIs(Settings().WindowSize));
+  const int stored = opWindowSize_->findData(AsItIs(Settings().WindowSizeSaved));
   opWindowSize_->setCurrentIndex(stored);
 }
 
@@ -111,9 +111,10 @@ void SkinsPage::PreviewSkin() {
 
 void SkinsPage::SetWindowSize() {
   if (opWindowSize_->currentIndex() < 0) return;
-  Settings().WindowSize = opWindowSize_->currentData().toString().toStdString();
+  Settings().WindowSizeSaved = opWindowSize_->currentData().toString().toStdString();
 }
 
+/// Turning back to what the windows have now says nothing.
 void SkinsPage::WarnOfLaterSize() {
   if (opWindowSize_->currentData().toString().toStdString() == Settings().WindowSize) return;
   platform::ShowMessage(platform::InformationIcon, "Size of windows",

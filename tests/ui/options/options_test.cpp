@@ -120,6 +120,40 @@ TEST_F(OptionsTest, NothingCountsBeforeApplyButThreeThings) {
   }
 }
 
+TEST_F(OptionsTest, KeysTurnThePagesAskForHelpAndClose) {
+  for (const bool simple : {true, false}) {
+    SCOPED_TRACE(simple);
+    Open(simple);
+    BringUp(*window_);
+    The<QListWidget>("opChessSet").setFocus();
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, const char*> rows[] = {
+        {Qt::Key_PageDown, Qt::ControlModifier, "Page_2"},
+        {Qt::Key_Tab, Qt::ControlModifier, "Page_3"},
+        {Qt::Key_PageUp, Qt::ControlModifier, "Page_2"}};
+    for (const auto& [key, modifiers, page] : rows) {
+      QTest::keyClick(window_.get(), key, modifiers);
+      EXPECT_TRUE(Shows(*window_, page)) << page;
+    }
+    QTest::keyClick(window_.get(), Qt::Key_F1);
+    EXPECT_EQ(desktop_.log.back(), "help 8");
+    EXPECT_EQ(Chosen("opChessSet"), u"Wood"_s);
+    Pick("vsCSearchDepth", 3);
+    const auto focused = [&] {
+      return window_->focusWidget() ? window_->focusWidget() : window_.get();
+    };
+    QTest::keyClick(focused(), Qt::Key_Escape);
+    EXPECT_FALSE(window_->isVisible());
+    EXPECT_EQ(platform::Settings().SearchDepth, 1) << "Cancel stores nothing";
+    Open(simple);
+    BringUp(*window_);
+    Pick("vsCSearchDepth", 3);
+    QTest::keyClick(focused(), Qt::Key_Return);
+    EXPECT_FALSE(window_->isVisible());
+    EXPECT_EQ(platform::Settings().SearchDepth, 3);
+    platform::Settings().SearchDepth = 1;
+  }
+}
+
 TEST_F(OptionsTest, TheBoardFollowsFromSetToSet) {
   Open(true);
   const std::pair<const char*, const char*> rows[] = {
@@ -130,11 +164,6 @@ TEST_F(OptionsTest, TheBoardFollowsFromSetToSet) {
   }
   EXPECT_FALSE(window_->SetOptions());
   EXPECT_EQ(Told(), "Chess board selection;");
-  QDir(folder_.path() + u"/UI Graphics/"_s + Chosen("opSkinsList")).removeRecursively();
-  Choose("opChessBoard", u"Plain"_s);
-  EXPECT_FALSE(window_->SetOptions()) << "what has gone meanwhile is no choice";
-  EXPECT_EQ(Told(), "Skin selection;");
-  DrawSkin(0);
   Choose("opChessBoard", u"Plain"_s);
   Choose("opChessSet", u"Wood"_s);
   Choose("opChessBoard", u"Plain"_s);
@@ -170,6 +199,11 @@ TEST_F(OptionsTest, AnotherSkinIsPutOnAndAMenuDoesItToo) {
   EXPECT_EQ(platform::Settings().Skin, NameOf(1));
   EXPECT_TRUE(platform::Settings().SimpleUISaved);
   EXPECT_EQ(Told(), "Skin style;");
+  Open(false);
+  Choose("opSkinsList", QString::fromStdString(NameOf(0)));
+  QDir(folder_.path() + u"/UI Graphics/"_s + Chosen("opSkinsList")).removeRecursively();
+  EXPECT_FALSE(window_->SetOptions()) << "what has gone meanwhile is no choice";
+  EXPECT_EQ(Told(), "Skin selection;");
 }
 
 TEST_F(OptionsTest, FoldersThatHaveGoneAreTold) {

@@ -59,7 +59,7 @@ TEST_F(SelectPrinterTest, WithoutAPrinterItAsksForAFile) {
   Press(form, "PrintButton");
   EXPECT_FALSE(form.FormCanceled);
   const auto write = [](platform::Printer& printer) { printer.EndDoc(); };
-  EXPECT_TRUE(printers_.Send({.hasDiagrams = false, .write = write}).isDone);
+  EXPECT_TRUE(printers_.Send({.title = {}, .hasDiagrams = false, .write = write}).isDone);
   EXPECT_TRUE(QFile::exists(path));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "rules/test_moves.h"
 
+#include <optional>
 #include <vector>
 
 #include "rules/attack.h"
@@ -98,6 +99,23 @@ bool TestMoveIsLegal(Side side, PieceCode piece, Square from, Square to, LastMov
   const bool legal = !IsInCheck(side);
   changes.TakeBack();
   return legal;
+}
+
+Bitboard LegalTargets(Side side, Square from, LastMove lastMove) {
+  const Position& position = ThePosition();
+  const PieceCode piece = position.BoardState.At(from);
+  const auto mayGo = [&](Square to) {
+    const bool capture = SideOf(to) != NoSide;
+    const auto taken = capture ? std::optional(position.BoardState.At(to)) : std::nullopt;
+    return ValidMove(side, piece, from, to, capture, position.SideInCheck, taken, false,
+                     lastMove) &&
+           TestMoveIsLegal(side, piece, from, to, lastMove);
+  };
+  Bitboard targets = 0;
+  for (int i = 0; i < 64; ++i) {
+    if (mayGo(SquareAt(i))) targets |= Bitboard{1} << i;
+  }
+  return targets;
 }
 
 void ClearTestMoves() { testMoves.clear(); }

@@ -19,6 +19,10 @@ void UndoTestMove(int& sideInCheck);
 /// True if the move doesn't leave `side` in check.
 bool TestMoveIsLegal(Side side, PieceCode piece, Square from, Square to, LastMove lastMove);
 
+/// Where the piece on a square of `side` may go, as the move itself would be judged. Leaves the
+/// position as it found it, and says nothing.
+Bitboard LegalTargets(Side side, Square from, LastMove lastMove);
+
 /// Forgets the moves on the stack without taking them back.
 void ClearTestMoves();
 

@@ -53,6 +53,7 @@ constexpr const char* newUsersWindowSize = "Auto";
 constexpr Default BoardWidth{"BoardWidth", "0"};
 constexpr Default BoardHeight{"BoardHeight", "0"};
 constexpr Default DefaultView{"DefaultView", "False"};
+constexpr Default ShowMoves{"ShowMoves", "True"};
 constexpr Default SimpleUI{"SimpleUI", "False"};
 constexpr Default SystrayStartup{"SystrayStartup", "True"};
 constexpr Default BppChecked{"BppChecked", "False"};
@@ -143,6 +144,7 @@ bool LoadSettings() {
   variables.BoardWidth = ReadNumber(BoardWidth, 0, noLimit);
   variables.BoardHeight = ReadNumber(BoardHeight, 0, noLimit);
   variables.DefaultView = ReadFlag(DefaultView);
+  variables.ShowMoves = ReadFlag(ShowMoves);
   variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
   variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
   return LoadHeuristics();
@@ -187,6 +189,7 @@ void SaveSettings() {
   WriteFlag(DefaultView, variables.DefaultView);
   WriteFlag(SimpleUI, variables.SimpleUISaved);
   WriteFlag(SystrayStartup, variables.SystrayStartupSaved);
+  WriteFlag(ShowMoves, variables.ShowMoves);
 }
 
 void UpgradeSettings() {

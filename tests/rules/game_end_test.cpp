@@ -3,6 +3,7 @@
 
 #include "rules/attack.h"
 #include "rules/rules_fixture.h"
+#include "rules/test_moves.h"
 
 namespace rules {
 namespace {
@@ -36,6 +37,37 @@ TEST(GameEndTest, StalemateIsASideWithPiecesAndNoMove) {
     if (row.noLegalMoves) {
       EXPECT_EQ(GameState(row.side, true, NobodyInCheck), Standing::Neither);
     }
+  }
+}
+
+struct TargetsCase {
+  const char* name;
+  const char* board;
+  const char* from;
+  const char* targets;
+  const char* lastMove = "";
+};
+
+const TargetsCase targetsCases[] = {
+    {"a pinned rook stays on its line", "Ke1 Re2 re8", "e2", "e3 e4 e5 e6 e7 e8"},
+    {"a king castles, and steps out of no attack", "Ke1 Rh1 rd8", "e1", "f1 g1 e2 f2"},
+    {"a pawn takes in passing", "Ke1 Pd5 pe5", "d5", "d6 e6", "e7e5"},
+    {"a pawn that would lay its king open by that doesn't", "Ka5 Pd5 pe5 rh5", "d5", "d6", "e7e5"},
+    {"a king is no prey", "Ke1 Pe2 kd3 pf3", "e2", "e3 e4 f3"},
+};
+
+TEST(GameEndTest, APieceMayGoWhereItsMoveWouldBeTaken) {
+  for (const TargetsCase& row : targetsCases) {
+    SCOPED_TRACE(row.name);
+    Place(row.board);
+    const Untouched before;
+    Bitboard expected = 0;
+    platform::FieldWalk walk(row.targets, ' ');
+    for (std::string_view word = walk.Next(); !word.empty(); word = walk.Next()) {
+      expected |= Bitboard{1} << IndexOf(Sq(word));
+    }
+    EXPECT_EQ(LegalTargets(White, Sq(row.from), After(row.lastMove)), expected);
+    EXPECT_EQ(Untouched(), before);
   }
 }
 

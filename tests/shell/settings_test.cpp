@@ -77,6 +77,7 @@ TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   shell::UpgradeSettings();
   EXPECT_EQ(Stored().size(), 19U);
   Stored().erase("BppChecked");
+  Stored()["ShowMoves"] = "True";
   for (auto& [name, value] : Stored()) {
     if (value == "True" || value == "False") value = value == "True" ? "False" : "True";
     if (value == "1") value = "3";

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int smallestCell = 40;
 constexpr int usualCell = 66;
+constexpr int targetAlpha = 190;
 
 std::size_t IndexIn64(Square square) { return static_cast<std::size_t>(rules::IndexOf(square)); }
 
@@ -112,6 +113,12 @@ void BoardPicture::Uncover() {
   if (covered_) UpdateSquare(*std::exchange(covered_, std::nullopt));
 }
 
+void BoardPicture::ShowTargets(rules::Bitboard targets) {
+  if (targets == targets_) return;
+  targets_ = targets;
+  update();
+}
+
 void BoardPicture::ShowDots(const std::vector<Square>& dots) {
   if (dots == dots_) return;
   dots_ = dots;
@@ -178,6 +185,7 @@ void BoardPicture::paintEvent(QPaintEvent* event) {
   PaintSquares(painter, event->region());
   if (coordinates_) PaintCoordinates(painter);
   PaintSelection(painter);
+  PaintTargets(painter);
   PaintDots(painter);
   PaintCursor(painter);
 }
@@ -207,6 +215,21 @@ void BoardPicture::PaintCoordinates(QPainter& painter) const {
                      Qt::AlignCenter, FileLetter(i));
     painter.drawText(QRectF(grid.corner.x() - edge_, inColumn.top(), edge_, grid.cell),
                      Qt::AlignCenter, QString::number(i));
+  }
+}
+
+/// Quieter than the dots of a highlighted move: nothing to be looked at but in passing.
+void BoardPicture::PaintTargets(QPainter& painter) const {
+  QColor accent = palette().color(QPalette::Highlight);
+  accent.setAlpha(targetAlpha);
+  for (rules::Bitboard left = targets_; left != 0;) {
+    const Square square = rules::SquareAt(rules::TakeLowest(left));
+    const QRectF rect = RectOf(square);
+    const bool empty = IsEmptyCell(CellOn(square));
+    painter.setBrush(empty ? QBrush(accent) : QBrush(Qt::NoBrush));
+    painter.setPen(empty ? QPen(Qt::NoPen) : QPen(accent, rect.width() * 0.06));
+    const qreal radius = rect.width() * (empty ? 0.13 : 0.45);
+    painter.drawEllipse(rect.center(), radius, radius);
   }
 }
 

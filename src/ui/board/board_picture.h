@@ -39,6 +39,9 @@ class BoardPicture : public QWidget {
   void Cover(rules::Square square, int cell);
   void Uncover();
 
+  /// Marks where the piece in the hand may go; none where there is none.
+  void ShowTargets(rules::Bitboard targets);
+
   void ShowDots(const std::vector<rules::Square>& dots);
   void ShowCoordinates(bool visible);
   void ShowSelection(std::optional<rules::Square> square);
@@ -81,6 +84,7 @@ class BoardPicture : public QWidget {
   const QPixmap& ScaledCell(int cell, qreal size);
   void PaintSquares(QPainter& painter, const QRegion& region);
   void PaintCoordinates(QPainter& painter) const;
+  void PaintTargets(QPainter& painter) const;
   void PaintDots(QPainter& painter) const;
   void PaintSelection(QPainter& painter) const;
   void PaintCursor(QPainter& painter) const;
@@ -92,6 +96,7 @@ class BoardPicture : public QWidget {
   std::array<int, 64> cells_{};
   std::optional<rules::Square> covered_;
   int cover_ = 0;
+  rules::Bitboard targets_ = 0;
   std::vector<rules::Square> dots_;
   bool coordinates_ = false;
   std::optional<rules::Square> selected_;

@@ -8,6 +8,8 @@
 
 #include "board/moving.h"
 #include "platform/process_state.h"
+#include "platform/setting_variables.h"
+#include "rules/test_moves.h"
 #include "ui/board/hand_parts.h"
 
 namespace ui {
@@ -119,7 +121,15 @@ bool PieceHand::Touch(Square square) {
   LetGo();
   if (!board::CBoard_MouseDown(board_, square)) return false;
   held_ = square;
+  ShowTargets();
   return true;
+}
+
+void PieceHand::ShowTargets() {
+  if (!platform::Settings().ShowMoves) return;
+  const board::MoveList& moves = board_.Moves;
+  picture_.ShowTargets(
+      rules::LegalTargets(rules::ThePosition().SideToMove, *held_, moves.MoveOf(moves.Count())));
 }
 
 void PieceHand::SetDown() {
@@ -133,6 +143,7 @@ void PieceHand::LetGo() {
   if (!held_) return;
   held_.reset();
   dragging_ = false;
+  picture_.ShowTargets(0);
   PutAway();
 }
 
@@ -141,6 +152,7 @@ void PieceHand::LetGo() {
 void PieceHand::Drop(std::optional<Square> target) {
   const Square source = *std::exchange(held_, std::nullopt);
   picture_.ShowSelection(std::nullopt);
+  picture_.ShowTargets(0);
   if (!floating_.isVisible()) Float(source, {});
   floating_.SettleAt(CornerOf(source));
   const int cellBefore = target ? picture_.CellOn(*target) : 0;

@@ -42,6 +42,7 @@ class PieceHand : public QObject {
   bool Key(const QKeyEvent& event);
   void ActOn(rules::Square square);
 
+  void ShowTargets();
   bool Touch(rules::Square square);
   void Drop(std::optional<rules::Square> target);
   void Float(rules::Square square, QPoint grab);

@@ -56,6 +56,7 @@ GeneralPage::GeneralPage(QWidget* parent)
       opVerbose_(new LabelledBox("opVerbose", "Verbose notifications?", this)),
       opShowToolTips_(new LabelledBox("opShowToolTips", "Show tooltips?", this)),
       opDefaultView_(new LabelledBox("opDefaultView", "Always default to White view?", this)),
+      opShowMoves_(new LabelledBox("opShowMoves", "Show where a piece may go?", this)),
       opSimpleUI_(new LabelledBox("opSimpleUI", "Windows style User Interface?", this)),
       opSystrayStartup_(
           new LabelledBox("opSystrayStartup", "Start Tarvolenix as a system tray icon?", this)) {
@@ -73,7 +74,7 @@ GeneralPage::GeneralPage(QWidget* parent)
     if (!loading_) Q_EMIT ApplyWanted();
   });
   for (LabelledBox* box : {opDisplaySplash_, opVerbose_, opShowToolTips_, opDefaultView_,
-                           opSimpleUI_, opSystrayStartup_}) {
+                           opShowMoves_, opSimpleUI_, opSystrayStartup_}) {
     connect(box, &QCheckBox::clicked, this, &GeneralPage::ApplyWanted);
   }
   connect(opSimpleUI_, &QCheckBox::clicked, this, &GeneralPage::WarnOfLaterStyle);
@@ -122,12 +123,12 @@ void GeneralPage::SetSimpleUI() {
   layout->addWidget(vsCSearchDepth_, 1, 2, 1, 2);
   int row = 2;
   for (LabelledBox* box : {opDisplaySplash_, opVerbose_, opShowToolTips_, opDefaultView_,
-                           opSimpleUI_, opSystrayStartup_}) {
+                           opShowMoves_, opSimpleUI_, opSystrayStartup_}) {
     layout->addWidget(box, row, 0);
     layout->addWidget(&box->Caption(), row++, 1);
   }
   layout->addWidget(Label2_, 2, 2, 1, 2);
-  layout->addWidget(opIconList_, 3, 2, 5, 2);
+  layout->addWidget(opIconList_, 3, 2, 6, 2);
   layout->setColumnStretch(1, 1);
   layout->setColumnStretch(2, 1);
   layout->setRowStretch(row, 1);
@@ -144,6 +145,7 @@ void GeneralPage::LoadOptions() {
   opIconList_->selectRow(settings.SysTrayIcons - 1);
   opShowToolTips_->setChecked(settings.ShowToolTips);
   opDefaultView_->setChecked(settings.DefaultView);
+  opShowMoves_->setChecked(settings.ShowMoves);
   opSimpleUI_->setChecked(settings.SimpleUISaved);
   opSystrayStartup_->setChecked(settings.SystrayStartupSaved);
 }
@@ -155,6 +157,7 @@ void GeneralPage::SetOptions() {
   settings.Verbose = opVerbose_->isChecked();
   settings.SearchDepth = vsCSearchDepth_->currentIndex();
   settings.ShowToolTips = opShowToolTips_->isChecked();
+  settings.ShowMoves = opShowMoves_->isChecked();
   const int icons = opIconList_->currentRow() + 1;
   if (icons < 1 || icons == settings.SysTrayIcons) return;
   settings.SysTrayIcons = icons;
@@ -193,6 +196,7 @@ void GeneralPage::SetToolTips() {
   opShowToolTips_->SetTip("Whether to display these little tool tips");
   opDefaultView_->SetTip(
       "View the board from the White side regardless of which colour you are playing");
+  opShowMoves_->SetTip("Whether to mark the squares that a lifted piece may go to");
   opSimpleUI_->SetTip("Whether to display the skined UI or a simple Windows style User Interface");
   opSystrayStartup_->SetTip(
       "Whether to start tarvolenix as a system tray icon or a windowed application");

@@ -49,6 +49,7 @@ class GeneralPage : public QWidget {
   LabelledBox* opVerbose_;
   LabelledBox* opShowToolTips_;
   LabelledBox* opDefaultView_;
+  LabelledBox* opShowMoves_;
   LabelledBox* opSimpleUI_;
   LabelledBox* opSystrayStartup_;
   bool loading_ = false;

@@ -58,6 +58,7 @@ struct Game {
   std::array<rules::PieceCode, 64> DisplayedBoard{};
   std::vector<rules::Square> MovePointers;  ///< the dots of the highlighted move
   bool HilightVisible = false;
+  bool HilightAsked = false;  ///< by the user, and not just because the game was opened
   bool CoordsVisible = false;
   bool FlashPhase = true;
   bool KingMarked = false;

@@ -158,7 +158,7 @@ void MoveList_RowColChange(Game& game, int row) {
   CopyBoard(game);
   SetBoardState(game);
   DisplayBoardState(game, false);
-  if (game.HilightVisible) HilightMove(game, row);
+  if (game.HilightVisible) AskForHilight(game);
   game.view.Refresh();
   game.ListUpdating = false;
 }
@@ -177,7 +177,23 @@ void HilightMove(Game& game, int row) {
   game.view.Refresh();
 }
 
+void AskForHilight(Game& game) {
+  game.HilightAsked = true;
+  HilightMove(game, game.Moves.Selected());
+}
+
+std::vector<Square> ShownPath(const Game& game) {
+  return game.HilightAsked ? game.MovePointers : std::vector<Square>();
+}
+
+std::optional<LastMove> ShownMove(const Game& game) {
+  const LastMove move = game.Moves.MoveOf(game.Moves.Selected());
+  const bool isMove = IsOnBoard(move.from) && IsOnBoard(move.to) && move.from != move.to;
+  return isMove && ShownPath(game).empty() ? std::optional(move) : std::nullopt;
+}
+
 void RemoveHilight(Game& game) {
+  game.HilightAsked = false;
   game.MovePointers.clear();
   game.HilightVisible = false;
   game.view.Refresh();

@@ -3,6 +3,9 @@
 // from.
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "board/game.h"
 #include "rules/notation.h"
 
@@ -23,6 +26,16 @@ void MoveList_RowColChange(Game& game, int row);
 
 void HilightMove(Game& game, int row);
 void RemoveHilight(Game& game);
+
+/// The user wants the path of the selected row's move.
+void AskForHilight(Game& game);
+
+/// The dots to be seen: those of a highlight that the user asked for.
+std::vector<rules::Square> ShownPath(const Game& game);
+
+/// The move of the selected row, to be marked by its two squares where no dots show it.
+std::optional<rules::LastMove> ShownMove(const Game& game);
+
 void DisplayPlayerComment(Game& game);
 
 /// The first row that the list should show.

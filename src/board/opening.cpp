@@ -88,6 +88,7 @@ void SetupOptions(Game& game) {
   game.SetupPlayable = false;
   game.CoordsVisible = false;
   game.HilightVisible = false;
+  game.HilightAsked = false;
   game.MovePointers.clear();
   game.StartBoard.clear();
   game.FlashPhase = true;

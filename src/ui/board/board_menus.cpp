@@ -64,7 +64,7 @@ std::unique_ptr<QMenu> NewHistoryMenu(const board::Game& board, const HistoryAct
   const board::BoardControls controls = board::Controls(board);
   const auto select = [&](int row) { return [select = actions.select, row] { select(row); }; };
   return NewMenu("mnuHistoryMenu",
-                 {{board.HilightVisible ? "Remove hilight" : "Show hilight", actions.toggleHilight,
+                 {{board.HilightAsked ? "Remove hilight" : "Show hilight", actions.toggleHilight,
                    controls.hilight},
                   {"-"},
                   {"First move", select(1), controls.firstAndLast},

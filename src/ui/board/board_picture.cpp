@@ -119,6 +119,11 @@ void BoardPicture::ShowTargets(rules::Bitboard targets) {
   update();
 }
 
+void BoardPicture::ShowLastMove(std::optional<rules::LastMove> move) {
+  lastMove_ = move;
+  update();
+}
+
 void BoardPicture::ShowDots(const std::vector<Square>& dots) {
   if (dots == dots_) return;
   dots_ = dots;
@@ -185,6 +190,7 @@ void BoardPicture::paintEvent(QPaintEvent* event) {
   PaintSquares(painter, event->region());
   if (coordinates_) PaintCoordinates(painter);
   PaintSelection(painter);
+  PaintLastMove(painter);
   PaintTargets(painter);
   PaintDots(painter);
   PaintCursor(painter);
@@ -215,6 +221,25 @@ void BoardPicture::PaintCoordinates(QPainter& painter) const {
                      Qt::AlignCenter, FileLetter(i));
     painter.drawText(QRectF(grid.corner.x() - edge_, inColumn.top(), edge_, grid.cell),
                      Qt::AlignCenter, QString::number(i));
+  }
+}
+
+/// By the corners of its squares, which hide nothing of the pieces.
+void BoardPicture::PaintLastMove(QPainter& painter) const {
+  if (!lastMove_) return;
+  painter.setBrush(Qt::NoBrush);
+  for (const Square square : {lastMove_->from, lastMove_->to}) {
+    const qreal width = std::max(2.0, RectOf(square).width() * 0.06);
+    const QRectF rect = RectOf(square).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    const QPointF along(rect.width() * 0.22, 0), down(0, rect.height() * 0.22);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), width, Qt::SolidLine, Qt::FlatCap,
+                        Qt::MiterJoin));
+    const QPointF corners[][3] = {
+        {rect.topLeft() + down, rect.topLeft(), rect.topLeft() + along},
+        {rect.topRight() - along, rect.topRight(), rect.topRight() + down},
+        {rect.bottomRight() - down, rect.bottomRight(), rect.bottomRight() - along},
+        {rect.bottomLeft() + along, rect.bottomLeft(), rect.bottomLeft() - down}};
+    for (const auto& corner : corners) painter.drawPolyline(corner, 3);
   }
 }
 

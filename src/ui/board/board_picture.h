@@ -42,6 +42,9 @@ class BoardPicture : public QWidget {
   /// Marks where the piece in the hand may go; none where there is none.
   void ShowTargets(rules::Bitboard targets);
 
+  /// Marks both squares of a move.
+  void ShowLastMove(std::optional<rules::LastMove> move);
+
   void ShowDots(const std::vector<rules::Square>& dots);
   void ShowCoordinates(bool visible);
   void ShowSelection(std::optional<rules::Square> square);
@@ -84,6 +87,7 @@ class BoardPicture : public QWidget {
   const QPixmap& ScaledCell(int cell, qreal size);
   void PaintSquares(QPainter& painter, const QRegion& region);
   void PaintCoordinates(QPainter& painter) const;
+  void PaintLastMove(QPainter& painter) const;
   void PaintTargets(QPainter& painter) const;
   void PaintDots(QPainter& painter) const;
   void PaintSelection(QPainter& painter) const;
@@ -97,6 +101,7 @@ class BoardPicture : public QWidget {
   std::optional<rules::Square> covered_;
   int cover_ = 0;
   rules::Bitboard targets_ = 0;
+  std::optional<rules::LastMove> lastMove_;
   std::vector<rules::Square> dots_;
   bool coordinates_ = false;
   std::optional<rules::Square> selected_;

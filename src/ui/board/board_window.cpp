@@ -347,7 +347,8 @@ void BoardWindow::Refresh() {
   SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);
   opponentComment_->SetText(comment.isEmpty() ? OfflineNotice() : comment);
   moveList_->ShowMoves(board_.Moves, board::TopRow(board_));
-  picture_->ShowDots(board_.MovePointers);
+  picture_->ShowDots(board::ShownPath(board_));
+  picture_->ShowLastMove(board::ShownMove(board_));
   picture_->ShowCoordinates(board_.CoordsVisible);
   const bool thinking = board_.ComputerThinking;
   searchDisplay_->Refresh();
@@ -461,10 +462,10 @@ void BoardWindow::PrintBoard() {
 void BoardWindow::ShowHistoryMenu(QPoint place, QAbstractButton* opener) {
   if (board_.Moves.Count() == 0 || platform::Process().BoardSetupMode) return;
   const auto toggleHilight = [this] {
-    if (board_.HilightVisible) {
+    if (board_.HilightAsked) {
       board::RemoveHilight(board_);
     } else {
-      board::HilightMove(board_, board_.Moves.Selected());
+      board::AskForHilight(board_);
     }
   };
   const auto select = [this](int row) { board::MoveList_RowColChange(board_, row); };

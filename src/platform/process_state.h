@@ -52,8 +52,9 @@ struct ProcessState {
   std::vector<std::int32_t> PendingGames;  ///< GAME_IDs to notify of; one may stand there twice
   NewGameFields NewGame;
   PollingTimer CheckTimer;
-  long SessionLookedAt = 0;         ///< the mail session whose Inbox a tick looks at; 0 none
-  std::string BackedUpGameFile;     ///< the stamp of the game file that the backup equals
+  long SessionLookedAt = 0;               ///< the mail session whose Inbox a tick looks at; 0 none
+  std::string BackedUpGameFile;           ///< the stamp of the game file that the backup equals
+  std::vector<std::string> DeletedGames;  ///< their lines of the game file, to be put back
   std::string ListedGameFileStamp;  ///< of the game file that a tick filled the game list from
   std::string ArrivalsStamp;        ///< of the game file that ArrivalsSeen tells of
   bool ArrivalsSeen = false;        ///< a game in it waits for the user's move

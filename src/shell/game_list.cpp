@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "mail/mail_session.h"
 #include "platform/ascii.h"
@@ -102,12 +103,30 @@ bool DeleteGame(std::int32_t gameID, const std::string& title) {
                              "Yes", "No", false, platform::AttentionSound)) {
     return false;
   }
-  if (store::RemoveGame(gameID)) return true;
+  std::string removed;
+  if (store::RemoveGame(gameID, &removed)) {
+    if (!removed.empty()) Process().DeletedGames.push_back(std::move(removed));
+    return true;
+  }
   platform::ShowMessage(
       platform::DatabaseIcon, "Delete game.",
       store::WithDamage("A database error prevented Tarvolenix from deleteing the currently "
                         "selected game.  Please try again.||If this problem persists your database "
                         "may be corrupt and reinstalling Tarvolenix should fix it."),
+      "OK", {}, false, platform::FailureSound);
+  return false;
+}
+
+bool UndoDelete() {
+  std::vector<std::string>& deleted = Process().DeletedGames;
+  if (store::PutBackGame(deleted.back())) {
+    deleted.pop_back();
+    return true;
+  }
+  platform::ShowMessage(
+      platform::DatabaseIcon, "Undo delete.",
+      store::WithDamage("The deleted game could not be put back.  Either the game file can't be "
+                        "written, or another game has taken its number meanwhile."),
       "OK", {}, false, platform::FailureSound);
   return false;
 }

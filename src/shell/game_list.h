@@ -54,6 +54,10 @@ bool MayStartMailGame();
 /// Asks the user and deletes the game. True where it is gone; of a failure he was told.
 bool DeleteGame(std::int32_t gameID, const std::string& title);
 
+/// Puts the game back that was deleted last, of those in DeletedGames; there must be one. False
+/// where that failed, which the user was told.
+bool UndoDelete();
+
 /// Logs on and takes what has come in, read mails too, or imports a file that the user picks.
 /// Waits.
 void RetrieveFromGameList(bool import);

@@ -116,16 +116,27 @@ bool ReplaceGame(const GameRecord& record, const MoveRecords& moves) {
   });
 }
 
-bool RemoveGame(std::int32_t gameID) {
+bool RemoveGame(std::int32_t gameID, std::string* removed) {
   try {
     if (!Files().Exists(GameFilePath())) return true;
   } catch (const std::exception&) {
     return false;
   }
-  return ChangeGameFile([gameID](std::string_view content) {
+  return ChangeGameFile([gameID, removed](std::string_view content) {
     std::string kept;
-    CopyOtherGames(content, gameID, kept);
+    const auto line = CopyOtherGames(content, gameID, kept);
+    if (removed) *removed = line.value_or("");
     return kept;
+  });
+}
+
+bool PutBackGame(const std::string& removed) {
+  return ChangeGameFile([&](std::string_view content) {
+    std::string saved;
+    if (CopyOtherGames(content, GameIDOfLine(removed), saved)) {
+      throw std::invalid_argument("the number of a removed game is taken");
+    }
+    return saved.append(removed).append(lineEnd);
   });
 }
 

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "store/game_record.h"
 
@@ -22,8 +23,12 @@ bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed = null
 /// person has decided only.
 bool ReplaceGame(const GameRecord& record, const MoveRecords& moves);
 
-/// True also where the game wasn't there.
-bool RemoveGame(std::int32_t gameID);
+/// True also where the game wasn't there. `removed`, where given, gets what PutBackGame takes;
+/// nothing for a game that wasn't there.
+bool RemoveGame(std::int32_t gameID, std::string* removed = nullptr);
+
+/// Stores a removed game as it was. False also where its number is another game's by now.
+bool PutBackGame(const std::string& removed);
 
 /// Copies the game file to "tvgdb.bak". True also without a game file. False, with the earlier
 /// backup left as it is, where the game file is damaged.

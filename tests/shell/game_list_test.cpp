@@ -69,8 +69,15 @@ TEST_F(GameListTest, AGameIsDeletedOnlyOnYesAndAFailureIsTold) {
   desktop.files.FailOperation(1);
   EXPECT_FALSE(DeleteGame(1, "Game 1"));
   EXPECT_EQ(desktop.boxes.messages.back().icon, platform::DatabaseIcon);
+  const std::string before = desktop.files.content["/program/Data/Tvgdb.dat"];
   EXPECT_TRUE(DeleteGame(1, "Game 1"));
   EXPECT_EQ(List(StatusColumn), "");
+  Store(1, 2, "Bob");
+  EXPECT_FALSE(UndoDelete()) << "it would take another game's number";
+  store::RemoveGame(1);
+  EXPECT_TRUE(UndoDelete());
+  EXPECT_EQ(desktop.files.content["/program/Data/Tvgdb.dat"], before);
+  EXPECT_TRUE(Process().DeletedGames.empty());
 }
 
 TEST_F(GameListTest, ARetrieveWithoutATrayLiftsTheGuard) {

@@ -273,6 +273,12 @@ void GameInterface::DeleteGame() {
   shell::UpdateTrayStatus(platform::TrayOperation::Modify);
 }
 
+void GameInterface::UndoDelete() {
+  if (!shell::UndoDelete()) return;
+  Refill(SelectedGame());
+  shell::UpdateTrayStatus(platform::TrayOperation::Modify);
+}
+
 void GameInterface::GetGames(bool import) {
   const auto selected = SelectedGame();
   const DisabledWindow disabled(*this);

@@ -43,6 +43,7 @@ class GameInterface : public QWidget {
 
   void PlayCurrentGame();
   void DeleteGame();
+  void UndoDelete();
   void GetGames(bool import);
 
   /// The state of the program, where no tray shows it.

@@ -83,7 +83,8 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
           {"New setup game...", start(true), mayStart},
           {"-"},
           {"Play selected", [&list] { list.PlayCurrentGame(); }, list.HasGames()},
-          {"Delete selected", [&list] { list.DeleteGame(); }, list.HasGames()}};
+          {"Delete selected", [&list] { list.DeleteGame(); }, list.HasGames()},
+          {"Undo delete", [&list] { list.UndoDelete(); }, !Process().DeletedGames.empty()}};
 }
 
 std::vector<MenuRow> HelpRows(const OtherErrands& errands) {

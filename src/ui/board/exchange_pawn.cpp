@@ -68,10 +68,8 @@ ExchangePawn::ExchangePawn(const ChessGraphics& graphics, rules::Side side, QWid
     title->setAlignment(Qt::AlignCenter);
   }
   TakeLook(*this, layouts::exchangePawn, [this] { SetSimpleUI(); });
-  // No piece is chosen before the user has looked: the Enter that dropped the pawn may still be
-  // down.
-  setFocusPolicy(Qt::StrongFocus);
-  setFocus();
+  // The piece that is nearly always wanted.
+  findChild<QAbstractButton*>(u"PieceButton%1"_s.arg(buttonCount - 1))->setFocus();
 }
 
 void ExchangePawn::SetSimpleUI() {
@@ -110,7 +108,8 @@ void ExchangePawn::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (focused) focused->click();
+      // The one that dropped the pawn may still be down, and the user hasn't looked yet.
+      if (focused && !event->isAutoRepeat()) focused->click();
       return;
     default:
       break;

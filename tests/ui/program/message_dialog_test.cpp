@@ -59,19 +59,20 @@ TEST_F(MsgFormTest, TextIsText) {
 
 TEST_F(ExchangePawnTest, AChoiceIsTheOnlyExit) {
   const Action byArrows = [](QWidget& dialog) {
-    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Return}) Key(key)(dialog);
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Left, Qt::Key_Return}) Key(key)(dialog);
   };
   const std::tuple<Action, rules::Side, rules::PieceCode> rows[] = {
       {Click("PieceButton0"), rules::White, rules::WhiteRook},
       {Key(Qt::Key_N), rules::Black, rules::BlackKnight},
       {Key(Qt::Key_B), rules::White, rules::WhiteBishop},
       {Key(Qt::Key_Q), rules::Black, rules::BlackQueen},
+      {Key(Qt::Key_Return), rules::White, rules::WhiteQueen},
       {byArrows, rules::White, rules::WhiteKnight}};
   const ChessGraphics graphics = ColouredGraphics();
   for (const auto& [action, side, piece] : rows) {
     SCOPED_TRACE(piece);
     OnNextDialog([&choose = action](QWidget& dialog) {
-      for (const Action& noExit : {Key(Qt::Key_Escape), Key(Qt::Key_Return), Action(CloseWindow)}) {
+      for (const Action& noExit : {Key(Qt::Key_Escape), Action(CloseWindow)}) {
         noExit(dialog);
         ASSERT_TRUE(dialog.isVisible());
       }

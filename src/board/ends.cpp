@@ -6,6 +6,7 @@
 #include "board/history.h"
 #include "platform/conversions.h"
 #include "platform/messages.h"
+#include "platform/setting_variables.h"
 
 namespace board {
 
@@ -75,6 +76,17 @@ void OfferDraw(Game& game) {
 void SurrenderGame(Game& game) {
   RemoveHilight(game);
   AddEntry(game, ThePosition().SideToMove == rules::White ? "0-1" : "1-0", game.Surrendered, true);
+}
+
+bool MaySend(Game& game) {
+  if (!game.Surrendered || !EntryIsPending(game)) return true;
+  if (!platform::Settings().AskBeforeSurrender) return true;
+  const DialogLock lock(game.LockedForDialog);
+  // Neither Enter nor Escape gives anything up.
+  return !platform::AskWithExtra(platform::InformationIcon, "Give the game up?",
+                                 "You are about to tell " + OpponentName(game) +
+                                     " that you surrender.  The game ends with it.",
+                                 "Go back", "Give up", platform::AttentionSound);
 }
 
 void DecideDraw(Game& game, bool accept) {

@@ -9,6 +9,9 @@ namespace board {
 
 void OfferDraw(Game& game);
 void SurrenderGame(Game& game);
+/// False where the user, asked once, would rather not send the surrender that he has entered.
+bool MaySend(Game& game);
+
 void DecideDraw(Game& game, bool accept);
 
 /// Asks the user for an answer where the opponent's offer of a draw stands.

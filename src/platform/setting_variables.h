@@ -23,7 +23,8 @@ struct SettingVariables {
   int BoardWidth = 0;  ///< of the plain board window; 0 until it was resized, as the next
   int BoardHeight = 0;
   bool DefaultView = false;  ///< always show the board from White's side
-  bool ShowMoves = true;     ///< show where a lifted piece may go
+  bool AskBeforeSurrender = true;
+  bool ShowMoves = true;  ///< show where a lifted piece may go
 
   // These take effect at the next start: the live value rules this run, the saved one is
   // stored.

@@ -54,6 +54,7 @@ constexpr Default BoardWidth{"BoardWidth", "0"};
 constexpr Default BoardHeight{"BoardHeight", "0"};
 constexpr Default DefaultView{"DefaultView", "False"};
 constexpr Default ShowMoves{"ShowMoves", "True"};
+constexpr Default AskBeforeSurrender{"AskBeforeSurrender", "True"};
 constexpr Default SimpleUI{"SimpleUI", "False"};
 constexpr Default SystrayStartup{"SystrayStartup", "True"};
 constexpr Default BppChecked{"BppChecked", "False"};
@@ -145,6 +146,7 @@ bool LoadSettings() {
   variables.BoardHeight = ReadNumber(BoardHeight, 0, noLimit);
   variables.DefaultView = ReadFlag(DefaultView);
   variables.ShowMoves = ReadFlag(ShowMoves);
+  variables.AskBeforeSurrender = ReadFlag(AskBeforeSurrender);
   variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
   variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
   return LoadHeuristics();
@@ -190,6 +192,7 @@ void SaveSettings() {
   WriteFlag(SimpleUI, variables.SimpleUISaved);
   WriteFlag(SystrayStartup, variables.SystrayStartupSaved);
   WriteFlag(ShowMoves, variables.ShowMoves);
+  WriteFlag(AskBeforeSurrender, variables.AskBeforeSurrender);
 }
 
 void UpgradeSettings() {

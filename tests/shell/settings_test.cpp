@@ -77,7 +77,7 @@ TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   shell::UpgradeSettings();
   EXPECT_EQ(Stored().size(), 19U);
   Stored().erase("BppChecked");
-  Stored()["ShowMoves"] = "True";
+  Stored()["ShowMoves"] = Stored()["AskBeforeSurrender"] = "True";
   for (auto& [name, value] : Stored()) {
     if (value == "True" || value == "False") value = value == "True" ? "False" : "True";
     if (value == "1") value = "3";

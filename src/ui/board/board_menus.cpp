@@ -36,6 +36,7 @@ std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActio
               {"Re-send last move", actions.Click(board::ResendButton), controls.resend},
               {"-"},
               {"Surrender game", actions.Click(board::SurrenderButton), controls.surrender},
+              {"-"},
               {"Offer a draw", actions.offerDraw, controls.surrender},
               {"-"},
               {"Options...", actions.openOptions},

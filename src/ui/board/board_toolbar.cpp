@@ -19,6 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int settlingMilliseconds = 1000;
+
 /// In the order in which they stand.
 struct ToolbarEntry {
   int button;
@@ -61,10 +63,14 @@ BoardToolbar::BoardToolbar(QWidget& window, const Click& click)
   for (const ToolbarEntry& entry : entries) {
     QAbstractButton* button = NewToolbarButton(window, entry.button);
     buttons_[Slot(entry.button)] = button;
-    connect(button, &QAbstractButton::pressed, this,
-            [this] { pressedByMouse_ = QGuiApplication::mouseButtons() != Qt::NoButton; });
-    connect(button, &QAbstractButton::clicked, this,
-            [this, click, number = entry.button] { click(number, pressedByMouse_); });
+    connect(button, &QAbstractButton::pressed, this, [this] {
+      pressedTooSoon_ = !settled_.hasExpired();
+      pressedByMouse_ = QGuiApplication::mouseButtons() != Qt::NoButton;
+    });
+    connect(button, &QAbstractButton::clicked, this, [this, click, number = entry.button] {
+      const bool slipped = number == board::SurrenderButton && pressedTooSoon_;
+      if (!slipped) click(number, pressedByMouse_);
+    });
   }
   TakeMode(false);
 }
@@ -148,7 +154,11 @@ std::array<ButtonState, board::CloseButton> StatesInSetup(const board::Game& boa
 
 void BoardToolbar::Show(const board::Game& board) {
   const bool setup = platform::Process().BoardSetupMode;
-  if (setup != setup_) TakeMode(setup);
+  if (setup != setup_) {
+    TakeMode(setup);
+    // The second press of a double click on Play would give the game up.
+    if (!setup) settled_.setRemainingTime(settlingMilliseconds);
+  }
   for (const ButtonState& state : setup ? StatesInSetup(board) : StatesInPlay(board)) {
     QAbstractButton* button = buttons_[Slot(state.button)];
     button->setText(QLatin1StringView(IsSimpleUI() ? state.plainCaption : state.caption));

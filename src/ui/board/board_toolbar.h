@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QDeadlineTimer>
 #include <QObject>
 
 #include <array>
@@ -44,7 +45,9 @@ class BoardToolbar : public QObject {
   QWidget& window_;
   QGridLayout* layout_ = nullptr;
   bool pressedByMouse_ = false;  // the button that is clicked now
-  bool setup_ = false;           // what the buttons stand for now
+  bool pressedTooSoon_ = false;  // after the button had become another one
+  QDeadlineTimer settled_;
+  bool setup_ = false;  // what the buttons stand for now
   std::array<QAbstractButton*, board::CloseButton + 1> buttons_{};  // by number; some are null
 };
 

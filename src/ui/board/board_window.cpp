@@ -393,6 +393,9 @@ void BoardWindow::ClickToolbar(int button, bool byMouse) {
     board::ToolbarClick(board_, button);
     return;
   }
+  const QPointer<BoardWindow> self(this);
+  if (button == board::SendButton && !board::MaySend(board_)) return;
+  if (!self || board_.ClosingDown) return;
   if (platform::Process().ComputerGame) return TakeTurns(button);
   // A shortcut sends without taking the focus from the comment.
   if (LeaveComment()) return;

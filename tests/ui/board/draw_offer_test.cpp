@@ -130,6 +130,12 @@ TEST_F(DrawOfferTest, TheUserOffersADrawOrSurrenders) {
     Click(board::UndoButton);
     EXPECT_EQ(LastMove(), "e5");
     row.act();
+    if (row.status == store::GameLost) {
+      Click(board::SendButton);  // and goes back, which is what Enter does
+      EXPECT_EQ(desktop_.boxes.messages.back().title, "Give the game up?");
+      EXPECT_TRUE(desktop_.mail.sent.empty());
+      desktop_.boxes.answers = {false};
+    }
     ExpectSent(row.entry, "Thank you", row.status);
   }
 }

@@ -29,6 +29,17 @@ BoardControls LockedControls(const Game& game) {
 
 }  // namespace
 
+std::string TurnInWords(const Game& game) {
+  if (Process().BoardSetupMode) return {};
+  if (game.ComputerThinking) return "The computer's turn";
+  if (EntryIsPending(game) && game.Moves.Count() > 0) {
+    return Process().ComputerGame ? "Your move is still to be confirmed"
+                                  : "Your move is not sent yet";
+  }
+  if (GameIsOver(game)) return "The game is over";
+  return LastMoveIsMine(game) ? OpponentName(game) + "'s turn" : "Your turn";
+}
+
 bool OpponentIsReachable(const Game& game) {
   return !Process().Offline || Process().StandAlone || game.storedOnly;
 }

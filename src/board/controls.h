@@ -27,6 +27,9 @@ BoardControls Controls(const Game& game);
 /// Lets the window show what it offers now.
 void SetButtonEnable(const Game& game);
 
+/// Who is to do something next, in words; blank where nobody is.
+std::string TurnInWords(const Game& game);
+
 /// Whether the user's moves reach the opponent, or needn't.
 bool OpponentIsReachable(const Game& game);
 

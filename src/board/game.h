@@ -53,6 +53,7 @@ struct Game {
   // What the window shows.
   std::string Caption;          ///< the window's title
   std::string PlayersTag;       ///< "You are playing ..."
+  std::string Title;            ///< as the players have named the game
   std::string OpponentComment;  ///< the comment of the selected entry
   rules::Side ViewSide = rules::White;
   std::array<rules::PieceCode, 64> DisplayedBoard{};

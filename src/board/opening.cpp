@@ -118,11 +118,13 @@ bool SetMoves(Game& game) {
     game.PlaysWhite = true;
     game.WhiteName.clear();
     game.BlackName = Process().NewGame.Game_opponents_name;
+    game.Title = Process().NewGame.Game_name;
   } else {
     game.PlaysWhite = record->GAME_HOST;
     game.GameStatus = record->GAME_STATUS;
     game.WhiteName = record->GAME_WHITE_NAME;
     game.BlackName = record->GAME_BLACK_NAME;
+    game.Title = record->GAME_NAME;
     Process().ComputerGame = record->GAME_VS_COMPUTER;
   }
   ThePosition().SideToMove = game.PlaysWhite ? rules::White : rules::Black;

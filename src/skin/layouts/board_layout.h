@@ -35,6 +35,7 @@ inline constexpr Control boardControls[] = {
     {"Wordmark", Surface::Ornament, {597, 21, 72, 40}, "Tarvolenix"},
     {"MinimiseButton", Surface::Button, {681, 21, 28, 28}},
     {"PlayersTag", Surface::Label, {549, 63, 160, 51}},
+    {"TurnTag", Surface::Label, {549, 114, 160, 32}},
     {"AcceptDraw", Surface::Occasion, {549, 117, 76, 28}},
     {"DeclineDraw", Surface::Occasion, {633, 117, 76, 28}},
     {"Menu2Button", Surface::Button, {549, 149, 160, 28}},

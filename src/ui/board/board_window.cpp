@@ -73,6 +73,15 @@ QString OfflineNotice() {
          u"reached."_s;
 }
 
+/// Whose turn it is, and what the game is called.
+QString TurnLines(const board::Game& game) {
+  QStringList lines;
+  for (const std::string& line : {board::TurnInWords(game), game.Title}) {
+    if (!line.empty()) lines << ShownLine(line);
+  }
+  return lines.join(u'\n');
+}
+
 /// A place for widgets of which one is seen at a time: as large as any of them wants it, so that
 /// nothing else moves when they change.
 QGridLayout* NewSharedPlace(std::initializer_list<QWidget*> widgets) {
@@ -110,6 +119,7 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics, std::function<void()> op
       palette_(new PiecePalette(graphics, this)),
       floating_(new FloatingPiece(this)),
       playersTag_(new PlainTextView(this)),
+      turnTag_(new PlainTextView(this)),
       moveList_(new MoveListTable(this)),
       opponentComment_(new PlainTextView(this)),
       playerComment_(new CommentBox(this)),
@@ -120,6 +130,7 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics, std::function<void()> op
   setAttribute(Qt::WA_DeleteOnClose);
   playersTag_->setObjectName(u"PlayersTag"_s);
   SetBold(playersTag_, true);
+  turnTag_->setObjectName(u"TurnTag"_s);
   opponentComment_->setObjectName(u"OpponentComment"_s);
   opponentComment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   playerCommentLabel_->setObjectName(u"PlayerComment_L"_s);
@@ -144,6 +155,7 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics, std::function<void()> op
 
 void BoardWindow::SetSimpleUI() {
   playersTag_->SetMostLines(mostTagLines);
+  turnTag_->SetMostLines(mostTagLines);
   opponentComment_->SetMostLines(mostCommentLines);
   auto* buttons = new QGridLayout;
   buttons->setSpacing(8);
@@ -152,6 +164,7 @@ void BoardWindow::SetSimpleUI() {
   auto* side = new QVBoxLayout;
   side->setSpacing(8);
   side->addWidget(playersTag_);
+  side->addWidget(turnTag_);
   side->addWidget(drawAnswers_);
   side->addLayout(NewSharedPlace({moveList_, palette_}), 1);
   side->addWidget(opponentComment_);
@@ -343,6 +356,7 @@ void BoardWindow::Refresh() {
   ShowGameBits(!platform::Process().BoardSetupMode);
   setWindowTitle(Cut(ShownLine(board_.Caption), longestTitle));
   playersTag_->SetText(Shown(board_.PlayersTag));
+  turnTag_->SetText(TurnLines(board_));
   const QString comment = Shown(board_.OpponentComment);
   SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);
   opponentComment_->SetText(comment.isEmpty() ? OfflineNotice() : comment);
@@ -358,6 +372,7 @@ void BoardWindow::Refresh() {
   const board::BoardControls controls = board::Controls(board_);
   playerComment_->setEnabled(controls.playerComment);
   for (QAbstractButton* button : drawButtons_) button->setVisible(controls.answerDraw);
+  turnTag_->setVisible(IsSimpleUI() || !controls.answerDraw);
   if (drawAnswers_) drawAnswers_->setVisible(controls.answerDraw);
   if (logo_) logo_->setVisible(!board_.DrawButtonsUp);
   if (drawLogo_) drawLogo_->setVisible(board_.DrawButtonsUp);

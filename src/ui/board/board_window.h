@@ -93,6 +93,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   PieceHand* hand_ = nullptr;
   SetupHand* setupHand_ = nullptr;
   PlainTextView* playersTag_;
+  PlainTextView* turnTag_;
   MoveListTable* moveList_;
   PlainTextView* opponentComment_;
   CommentBox* playerComment_;

@@ -41,9 +41,10 @@ bool AskWithExtra(int icon, const std::string& title, const std::string& text,
 void VerboseMessage(const std::string& text, const std::string& title, int sound) {
   if (Settings().Verbose) {
     ShowMessage(InformationIcon, title, text, "OK", {}, true, sound);
-  } else {
-    PlayNumberedSound(sound);
+    return;
   }
+  PlayNumberedSound(sound);
+  if (const auto& tell = TheSeams().hooks.quietMessage) tell(text);
 }
 
 void ShowStatus(bool show, const std::string& text) {

@@ -34,7 +34,8 @@ bool AskWithExtra(int icon, const std::string& title, const std::string& text,
                   const std::string& okCaption, const std::string& extraCaption,
                   std::optional<int> sound = {});
 
-/// A message that only an interested user wants: shown with the setting `Verbose`, else only heard.
+/// A message that only an interested user wants: shown with the setting `Verbose`, else heard and
+/// left to the quietMessage hook.
 void VerboseMessage(const std::string& text, const std::string& title, int sound);
 
 /// Puts up the small popup for long work, or takes it down where `show` is false.

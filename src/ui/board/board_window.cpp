@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/board/board_window.h"
 
+#include <QAccessible>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -63,6 +64,7 @@ constexpr int lateEscapeMilliseconds = 1500;
 constexpr int longestBoldComment = 100;
 constexpr int mostCommentLines = 10;
 constexpr int mostTagLines = 4;
+constexpr int quietMilliseconds = 8000;
 constexpr int longestTitle = 120;
 
 /// Why everything is grey; nothing where the user can move.
@@ -152,6 +154,8 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics, std::function<void()> op
   picture_->setFocus();
   checkTimer_.start(firstInterval);
 }
+
+BoardWindow::~BoardWindow() { platform::TheSeams().hooks.quietMessage = {}; }
 
 void BoardWindow::SetSimpleUI() {
   playersTag_->SetMostLines(mostTagLines);
@@ -261,6 +265,11 @@ void BoardWindow::AddDrawButtons() {
 }
 
 void BoardWindow::Connect() {
+  platform::TheSeams().hooks.quietMessage = [this](const std::string& text) {
+    TellQuietly(ShownLine(text));
+  };
+  quietTimer_.setSingleShot(true);
+  connect(&quietTimer_, &QTimer::timeout, this, &BoardWindow::ShowComment);
   connect(&checkTimer_, &QTimer::timeout, this, [this] { board::CheckTimer(board_); });
   connect(moveList_, &MoveListTable::RowChosen, this,
           [this](int row) { board::MoveList_RowColChange(board_, row); });
@@ -357,9 +366,8 @@ void BoardWindow::Refresh() {
   setWindowTitle(Cut(ShownLine(board_.Caption), longestTitle));
   playersTag_->SetText(Shown(board_.PlayersTag));
   turnTag_->SetText(TurnLines(board_));
-  const QString comment = Shown(board_.OpponentComment);
-  SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);
-  opponentComment_->SetText(comment.isEmpty() ? OfflineNotice() : comment);
+  if (board_.Moves.Count() != quietCount_) quietTimer_.stop();
+  ShowComment();
   moveList_->ShowMoves(board_.Moves, board::TopRow(board_));
   picture_->ShowDots(board::ShownPath(board_));
   picture_->ShowLastMove(board::ShownMove(board_));
@@ -379,6 +387,22 @@ void BoardWindow::Refresh() {
   // The next one in the row, which the toolkit gives the focus of a control that goes, may close
   // the window.
   if (focused && focused != focusWidget()) picture_->setFocus();
+}
+
+void BoardWindow::ShowComment() {
+  const QString comment = quietTimer_.isActive() ? quietMessage_ : Shown(board_.OpponentComment);
+  SetBold(opponentComment_, !comment.isEmpty() && comment.size() <= longestBoldComment);
+  opponentComment_->SetText(comment.isEmpty() ? OfflineNotice() : comment);
+}
+
+/// Why something was refused, for those who want no box for it.
+void BoardWindow::TellQuietly(const QString& text) {
+  quietMessage_ = text;
+  quietCount_ = board_.Moves.Count();
+  quietTimer_.start(quietMilliseconds);
+  ShowComment();
+  QAccessibleEvent alert(opponentComment_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
 }
 
 rules::PieceCode BoardWindow::ExchangePawn(rules::Side side) {

@@ -40,6 +40,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   /// The graphics must outlive the window. `openOptions` shows the options, and returns when they
   /// are closed.
   explicit BoardWindow(const ChessGraphics& graphics, std::function<void()> openOptions = {});
+  ~BoardWindow() override;
 
   /// False where the window's skin failed: there is no game in it then.
   bool IsOpen() const { return open_; }
@@ -77,6 +78,8 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void TakeTurns(int button);
   bool LeaveComment();
   void PopUp(const std::unique_ptr<QMenu>& menu, QPoint place, QAbstractButton* opener);
+  void TellQuietly(const QString& text);
+  void ShowComment();
   void ShowActionsMenu(QPoint place, QAbstractButton* opener = nullptr);
   void ShowHistoryMenu(QPoint place, QAbstractButton* opener = nullptr);
   void PrintBoard();
@@ -86,6 +89,9 @@ class BoardWindow final : public QWidget, private board::BoardView {
   const std::function<void()> openOptions_;
   board::Game board_;
   QTimer checkTimer_;
+  QTimer quietTimer_;     // while it runs, the next is seen
+  QString quietMessage_;  // in place of the opponent's comment
+  int quietCount_ = 0;    // the entries of the game when it came
 
   BoardPicture* picture_;
   PiecePalette* palette_;

@@ -58,6 +58,48 @@ TEST_F(MovingTest, ARefusedMovePutsThePieceBackAndTellsWhy) {
   }
 }
 
+TEST_F(MovingTest, AQuietRefusalIsALineUntilTheNextMove) {
+  platform::Settings().Verbose = false;
+  Open({});
+  Do("drag 52 55");
+  EXPECT_TRUE(Find<QTextEdit>("OpponentComment").toPlainText().startsWith(u"The Pawn can only"_s));
+  EXPECT_TRUE(desktop_.boxes.messages.empty());
+  Do("drag 52 54");
+  EXPECT_EQ(Find<QTextEdit>("OpponentComment").toPlainText(), QString());
+}
+
+TEST_F(MovingTest, ALiftedPieceShowsWhereItMayGoUnlessThatIsOff) {
+  for (const bool shows : {true, false}) {
+    platform::Settings().ShowMoves = shows;
+    Open({});
+    const QColor before = SeenOn(54);
+    Do("click 52");
+    EXPECT_EQ(SeenOn(54) != before, shows);
+    EXPECT_EQ(SeenOn(55), ColourOfCell(24)) << "too far";
+    Do("click 54");
+    EXPECT_EQ(SeenOn(53), ColourOfCell(24)) << "no mark outlives the move";
+  }
+}
+
+TEST_F(MovingTest, KeysSendUndoAndBrowse) {
+  Open({{"5254", "e4"}, {"5755", "e5"}});
+  QTest::keyClick(&Find("CBoard"), Qt::Key_Home);
+  EXPECT_EQ(Game().Moves.Selected(), 1);
+  QTest::keyClick(&Find("MoveList"), Qt::Key_Right);
+  EXPECT_TRUE(Game().Moves.AtEnd());
+  Do("drag 42 44");
+  Comment().setFocus();
+  QTest::keyClick(&Comment(), Qt::Key_A);
+  QTest::keyClick(&Comment(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Game().Moves.Count(), 3) << "only the comment's letter is undone";
+  QTest::keyClick(&Comment(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Game().Moves.Count(), 2);
+  Do("drag 42 44");
+  Comment().setFocus();
+  QTest::keyClick(&Comment(), Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(desktop_.mail.sent.size(), 1U);
+}
+
 TEST_F(MovingTest, APieceThatIsPutDownAgainIsNoMove) {
   const GestureCase rows[] = {
       {"dragged away and back", "press 52 move 54 release 52"},

@@ -26,6 +26,8 @@ void Fill(QMenu& menu, const std::vector<MenuRow>& rows) {
                                       : menu.addMenu(CaptionOf(row))->menuAction();
     if (!row.rows.empty()) Fill(*entry->menu(), row.rows);
     entry->setEnabled(row.enabled);
+    entry->setShortcut(row.key);
+    entry->setShortcutVisibleInContextMenu(true);
     if (row.checked) {
       entry->setCheckable(true);
       neighbours->addAction(entry);

@@ -3,6 +3,7 @@
 // done then.
 #pragma once
 
+#include <QKeySequence>
 #include <QMenu>
 
 #include <functional>
@@ -19,6 +20,7 @@ struct MenuRow {
   bool enabled = true;
   std::optional<bool> checked = {};  ///< one of its neighbours, up to the next separator, is
   std::vector<MenuRow> rows = {};    ///< of a menu of its own that it opens
+  QKeySequence key = {};             ///< a key combination that does the same, to be read only
 };
 
 std::unique_ptr<QMenu> NewMenu(const char* name, const std::vector<MenuRow>& rows);

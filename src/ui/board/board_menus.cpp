@@ -19,6 +19,11 @@ std::vector<MenuRow> ViewRows(const board::Game& board, const BoardActions& acti
           {"-"}};
 }
 
+MenuRow WithKey(QKeyCombination key, MenuRow row) {
+  row.key = key;
+  return row;
+}
+
 std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow>& others) {
   rows.insert(rows.end(), others.begin(), others.end());
   return rows;
@@ -31,8 +36,10 @@ std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActio
   return NewMenu(
       "mnuActionsMenu",
       Joined(ViewRows(board, actions),
-             {{"Undo current move", actions.Click(board::UndoButton), controls.undo},
-              {"Send new move", actions.Click(board::SendButton), controls.send},
+             {WithKey(Qt::CTRL | Qt::Key_Z,
+                      {"Undo current move", actions.Click(board::UndoButton), controls.undo}),
+              WithKey(Qt::CTRL | Qt::Key_Enter,
+                      {"Send new move", actions.Click(board::SendButton), controls.send}),
               {"Re-send last move", actions.Click(board::ResendButton), controls.resend},
               {"-"},
               {"Surrender game", actions.Click(board::SurrenderButton), controls.surrender},
@@ -64,12 +71,13 @@ std::unique_ptr<QMenu> NewPiecePalleteMenu(const std::function<void()>& remove) 
 std::unique_ptr<QMenu> NewHistoryMenu(const board::Game& board, const HistoryActions& actions) {
   const board::BoardControls controls = board::Controls(board);
   const auto select = [&](int row) { return [select = actions.select, row] { select(row); }; };
-  return NewMenu("mnuHistoryMenu",
-                 {{board.HilightAsked ? "Remove hilight" : "Show hilight", actions.toggleHilight,
-                   controls.hilight},
-                  {"-"},
-                  {"First move", select(1), controls.firstAndLast},
-                  {"Last move", select(board.Moves.Count()), controls.firstAndLast}});
+  return NewMenu(
+      "mnuHistoryMenu",
+      {{board.HilightAsked ? "Remove hilight" : "Show hilight", actions.toggleHilight,
+        controls.hilight},
+       {"-"},
+       WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast}),
+       WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast})});
 }
 
 }  // namespace ui

@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -147,6 +148,7 @@ BoardWindow::BoardWindow(const ChessGraphics& graphics, std::function<void()> op
   open_ = TakeLook(*this, layouts::board, [this] { SetSimpleUI(); });
   if (!open_) return;
   Connect();
+  AddKeys();
   board::Form_Load(board_);
   SetToolTips();
   Refresh();
@@ -289,6 +291,19 @@ void BoardWindow::Connect() {
     connect(skin, &WindowSkin::Worn, toolbar_, &BoardToolbar::RefreshBoardButtons);
     connect(skin, &WindowSkin::Worn, this, &BoardWindow::Refresh);
   }
+}
+
+/// What the menus name as the keys of their entries, whatever has the focus.
+void BoardWindow::AddKeys() {
+  const auto press = [this](int button, bool board::BoardControls::*offered) {
+    return [this, button, offered] {
+      if (board::Controls(board_).*offered) ClickToolbar(button);
+    };
+  };
+  const auto send = press(board::SendButton, &board::BoardControls::send);
+  new QShortcut(Qt::CTRL | Qt::Key_Return, this, send);
+  new QShortcut(Qt::CTRL | Qt::Key_Enter, this, send);
+  new QShortcut(QKeySequence::Undo, this, press(board::UndoButton, &board::BoardControls::undo));
 }
 
 void BoardWindow::SetToolTips() {
@@ -514,6 +529,11 @@ void BoardWindow::ShowHistoryMenu(QPoint place, QAbstractButton* opener) {
   PopUp(NewHistoryMenu(board_, {toggleHilight, select}), place, opener);
 }
 
+void BoardWindow::BrowseTo(int row) {
+  const bool mayBrowse = board_.Moves.Count() > 0 && !platform::Process().BoardSetupMode;
+  if (mayBrowse) board::MoveList_RowColChange(board_, row);
+}
+
 void BoardWindow::ShowPiecePalleteMenu(QPoint point) {
   const rules::PieceCode piece = palette_->PieceUnder(point);
   if (piece == rules::NoPiece || rules::KindOf(piece) == rules::WhiteKing) return;
@@ -538,6 +558,8 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) {
     // One that is still down has stopped the computer; another came too late for that.
     if (!event->isAutoRepeat() && lateEscape_.hasExpired()) showMinimized();
+  } else if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
+    BrowseTo(event->key() == Qt::Key_Home ? 1 : board_.Moves.Count());
   } else if (event->key() == Qt::Key_F1) {
     platform::TheSeams().help->ShowHelp(platform::HelpOfBoard);
   } else {

@@ -73,6 +73,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void AddDrawButtons();
   void Connect();
   void ShowOptions();
+  void AddKeys();
   void ShowGameBits(bool show);
   void ClickToolbar(int button, bool byMouse = false);
   void TakeTurns(int button);
@@ -83,6 +84,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void ShowActionsMenu(QPoint place, QAbstractButton* opener = nullptr);
   void ShowHistoryMenu(QPoint place, QAbstractButton* opener = nullptr);
   void PrintBoard();
+  void BrowseTo(int row);
   void ShowPiecePalleteMenu(QPoint point);
 
   const ChessGraphics& graphics_;

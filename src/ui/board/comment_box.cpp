@@ -58,6 +58,16 @@ QString CommentBox::Fitting(const QString& text) const {
   return FirstCharacters(FitForFields(text), std::max(0, longestComment - kept));
 }
 
+/// With nothing to undo here the key is the window's.
+bool CommentBox::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && !document()->isUndoAvailable() &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+    event->ignore();
+    return true;
+  }
+  return QPlainTextEdit::event(event);
+}
+
 void CommentBox::keyPressEvent(QKeyEvent* event) {
   const bool breaksLine = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const QString typed = event->text();

@@ -2,6 +2,7 @@
 #include "ui/board/move_list_table.h"
 
 #include <QHeaderView>
+#include <QWheelEvent>
 
 #include "widgets/shown_text.h"
 
@@ -58,6 +59,25 @@ void MoveListTable::ScrollToTopRow() {
   scrollPending_ = false;
   scrollTo(model()->index(topRow_ - 1, Text), PositionAtTop);
   scrollTo(currentIndex());
+}
+
+void MoveListTable::GoTo(int row) {
+  if (row >= 0 && row < rowCount()) setCurrentCell(row, Text);
+}
+
+/// There is one column to the eye, so that the keys to both sides are free for the moves.
+QModelIndex MoveListTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  if (action == MoveLeft) action = MoveUp;
+  if (action == MoveRight) action = MoveDown;
+  return RowTable::moveCursor(action, modifiers);
+}
+
+void MoveListTable::wheelEvent(QWheelEvent* event) {
+  constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
+  wheel_ += event->angleDelta().y();
+  for (; wheel_ >= notch; wheel_ -= notch) GoTo(currentRow() - 1);
+  for (; wheel_ <= -notch; wheel_ += notch) GoTo(currentRow() + 1);
+  event->accept();
 }
 
 // Rows that moved under a button that is down would let it choose another one.

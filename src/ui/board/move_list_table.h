@@ -26,12 +26,16 @@ class MoveListTable : public RowTable {
   void RowChosen(int row);
 
  protected:
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+  void wheelEvent(QWheelEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   void ScrollToTopRow();
+  void GoTo(int row);
 
+  int wheel_ = 0;  // turned, and short of a row yet
   bool updating_ = false;
   bool pressed_ = false;
   bool scrollPending_ = false;

@@ -246,13 +246,15 @@ void BoardPicture::PaintLastMove(QPainter& painter) const {
 /// Quieter than the dots of a highlighted move: nothing to be looked at but in passing.
 void BoardPicture::PaintTargets(QPainter& painter) const {
   QColor accent = palette().color(QPalette::Highlight);
-  accent.setAlpha(targetAlpha);
+  QColor rim = palette().color(QPalette::HighlightedText);
+  for (QColor* colour : {&accent, &rim}) colour->setAlpha(targetAlpha);
   for (rules::Bitboard left = targets_; left != 0;) {
     const Square square = rules::SquareAt(rules::TakeLowest(left));
     const QRectF rect = RectOf(square);
     const bool empty = IsEmptyCell(CellOn(square));
     painter.setBrush(empty ? QBrush(accent) : QBrush(Qt::NoBrush));
-    painter.setPen(empty ? QPen(Qt::NoPen) : QPen(accent, rect.width() * 0.06));
+    painter.setPen(empty ? QPen(rim, std::max(1.0, rect.width() * 0.02))
+                         : QPen(accent, rect.width() * 0.06));
     const qreal radius = rect.width() * (empty ? 0.13 : 0.45);
     painter.drawEllipse(rect.center(), radius, radius);
   }

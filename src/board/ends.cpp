@@ -84,9 +84,8 @@ bool MaySend(Game& game) {
   const DialogLock lock(game.LockedForDialog);
   // Neither Enter nor Escape gives anything up.
   return !platform::AskWithExtra(platform::InformationIcon, "Give the game up?",
-                                 "You are about to tell " + OpponentName(game) +
-                                     " that you surrender.  The game ends with it.",
-                                 "Go back", "Give up", platform::AttentionSound);
+                                 "If you send this, you surrender and the game is over.", "Go back",
+                                 "Give up", platform::AttentionSound);
 }
 
 void DecideDraw(Game& game, bool accept) {

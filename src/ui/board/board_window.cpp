@@ -380,7 +380,6 @@ void BoardWindow::Refresh() {
   ShowGameBits(!platform::Process().BoardSetupMode);
   setWindowTitle(Cut(ShownLine(board_.Caption), longestTitle));
   playersTag_->SetText(Shown(board_.PlayersTag));
-  turnTag_->setPalette(opponentComment_->palette());
   turnTag_->SetText(TurnLines(board_));
   if (board_.Moves.Count() != quietCount_) quietTimer_.stop();
   ShowComment();

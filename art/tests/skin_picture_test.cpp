@@ -58,9 +58,12 @@ class Skin : public testing::TestWithParam<const char*> {
     if (file.empty()) return;
     const QImage chart = Load(file);
     int row = 0;
-    for (const QString& control : Named(controls).split(u';')) {
-      SCOPED_TRACE(std::string(file) + ": " + control.toStdString());
-      check(chart, ++row, control);
+    for (const QString& sharing : Named(controls).split(u';')) {
+      ++row;
+      for (const QString& control : sharing.split(u',')) {
+        SCOPED_TRACE(std::string(file) + ": " + control.toStdString());
+        check(chart, row, control);
+      }
     }
   }
 

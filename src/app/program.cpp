@@ -23,11 +23,11 @@
 #include "post/patience.h"
 #include "shell/held_mail_questions.h"
 #include "shell/past_opponents.h"
+#include "shell/polling_loop.h"
 #include "shell/settings.h"
 #include "shell/shell_hooks.h"
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
-#include "shell/tray_status.h"
 #include "skin/program_pictures.h"
 #include "ui/people/address_book_dialog.h"
 
@@ -170,23 +170,22 @@ void Program::LookUpServers(const post::MailAccount& account, ui::AccountHelp::F
 
 void Program::ChangeAccount() {
   try {
-    ChangeAccountFrom(post::LoadMailAccount());
+    // Whoever has confirmed his account wants his mail.
+    if (ChangeAccountFrom(post::LoadMailAccount())) shell::RetrieveByHand();
   } catch (const platform::SettingsError& error) {
     post::ReportAccountTrouble(error.what());
   }
 }
 
-void Program::ChangeAccountFrom(const post::MailAccount& stored) {
+bool Program::ChangeAccountFrom(const post::MailAccount& stored) {
   const platform::PollingHold hold;
   const auto answer = AskAccount(post::WithLoginName(stored));
-  if (!answer || (answer->account == stored && !answer->password)) return;
-  if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) return;
+  if (!answer || (answer->account == stored && !answer->password)) return false;
+  if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) return false;
   // The next logon is the new account's, whatever became of the old one's.
-  mail::ForgetEarlierCrash();
   mail::MailLogoff(false);
   Process().Offline = true;
-  Windows().FillGameList(Windows().SelectedGame());
-  shell::UpdateTrayStatus(platform::TrayOperation::Modify);
+  return !Process().Stopping;
 }
 
 }  // namespace app

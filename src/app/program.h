@@ -47,9 +47,10 @@ class Program {
   std::optional<post::AccountAnswer> AskAccount(const post::MailAccount& suggestion);
   std::optional<post::AccountAnswer> AskAtLogon(const post::MailAccount& suggestion);
 
-  /// The user's own wish; what he changes counts from the next logon on.
+  /// The user's own wish. What he changes is logged on with at once.
   void ChangeAccount();
-  void ChangeAccountFrom(const post::MailAccount& stored);
+  /// True where there is another now.
+  bool ChangeAccountFrom(const post::MailAccount& stored);
 
   std::optional<std::string> KeptPassword(const post::MailAccount& account);
   void TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told);

@@ -42,6 +42,17 @@ ui::ProviderGuess Guess(const post::MailAccount& account) {
   return {guessed, post::IsKnownProvider(account.MyAddress), post::PasswordAdvice(guessed)};
 }
 
+/// An account that nobody has chosen yet begins with what its user most likely has.
+post::MailAccount ForNewcomer(post::MailAccount suggestion, const char* kind) {
+  for (const char* value : {"MailKind", "MyAddress"}) {
+    if (!platform::IsEmptyValue(platform::ReadRegistry(platform::mailSection, value))) {
+      return suggestion;
+    }
+  }
+  suggestion.MailKind = kind;
+  return suggestion;
+}
+
 void SetUpFolders() {
   const std::string dataFolder = desktop::DataFolderFor(Process().ProgramFolder);
   desktop::PrepareDataFolder(Process().ProgramFolder, dataFolder);
@@ -72,7 +83,7 @@ Program::Program(const std::string& programFolder, const std::string& commandLin
   seams.printers = &printers_;
   seams.addressBook = &contacts_;
   seams.screen = &screen_;
-  tray_ = std::make_unique<ui::SystemTray>([this] { ChangeAccount(); },
+  tray_ = std::make_unique<ui::SystemTray>([this](const char* kind) { ChangeAccount(kind); },
                                            [] { shell::AskAboutHeldMails(shell::HeldMails::All); });
   shell::FillHooks();
   seams.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
@@ -120,7 +131,7 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
 
 std::optional<post::AccountAnswer> Program::AskAtLogon(const post::MailAccount& suggestion) {
   // The program may have been ended over the keyring's question.
-  auto answer = Process().Stopping ? std::nullopt : AskAccount(suggestion);
+  auto answer = Process().Stopping ? std::nullopt : AskAccount(ForNewcomer(suggestion, "Imap"));
   if (!answer) {
     // The logon fails and would leave its guard standing, as after a crash; but nothing crashed.
     platform::SetLogonStatus(false);
@@ -168,18 +179,18 @@ void Program::LookUpServers(const post::MailAccount& account, ui::AccountHelp::F
       [patience] { patience->Hurry(); });
 }
 
-void Program::ChangeAccount() {
+void Program::ChangeAccount(const char* suggestedKind) {
   try {
     // Whoever has confirmed his account wants his mail.
-    if (ChangeAccountFrom(post::LoadMailAccount())) shell::RetrieveByHand();
+    if (ChangeAccountFrom(post::LoadMailAccount(), suggestedKind)) shell::RetrieveByHand();
   } catch (const platform::SettingsError& error) {
     post::ReportAccountTrouble(error.what());
   }
 }
 
-bool Program::ChangeAccountFrom(const post::MailAccount& stored) {
+bool Program::ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind) {
   const platform::PollingHold hold;
-  const auto answer = AskAccount(post::WithLoginName(stored));
+  const auto answer = AskAccount(ForNewcomer(post::WithLoginName(stored), suggestedKind));
   if (!answer || (answer->account == stored && !answer->password)) return false;
   if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) return false;
   // The next logon is the new account's, whatever became of the old one's.

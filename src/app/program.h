@@ -48,9 +48,9 @@ class Program {
   std::optional<post::AccountAnswer> AskAtLogon(const post::MailAccount& suggestion);
 
   /// The user's own wish. What he changes is logged on with at once.
-  void ChangeAccount();
+  void ChangeAccount(const char* suggestedKind);
   /// True where there is another now.
-  bool ChangeAccountFrom(const post::MailAccount& stored);
+  bool ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind);
 
   std::optional<std::string> KeptPassword(const post::MailAccount& account);
   void TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told);

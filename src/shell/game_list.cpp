@@ -95,6 +95,10 @@ GameList ReadGameList(std::int16_t& column, std::string& order,
   return list;
 }
 
+bool HasMailAccount() {
+  return !platform::IsEmptyValue(platform::ReadRegistry(platform::mailSection, "MyAddress"));
+}
+
 bool MayStartMailGame() { return !Process().Offline || Process().StandAlone; }
 
 bool DeleteGame(std::int32_t gameID, const std::string& title) {

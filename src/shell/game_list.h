@@ -51,6 +51,9 @@ GameList ReadGameList(std::int16_t& column, std::string& order,
 /// A game by mail needs a mail service, or moves that travel as files.
 bool MayStartMailGame();
 
+/// Whether the user has ever said who he is to his mail service.
+bool HasMailAccount();
+
 /// Asks the user and deletes the game. True where it is gone; of a failure he was told.
 bool DeleteGame(std::int32_t gameID, const std::string& title);
 

@@ -206,7 +206,7 @@ TEST_F(SkinnedWindowsTest, AWindowWithoutItsSkinIsNeverSeenAndNoGameOpensInIt) {
   QFile::remove(PathOf("BoardGrid.bmp"));
   QFile::remove(PathOf("MsgForm.jpg"));
   SaveChessSet(folder_.path() + u"/Graphics/Classic Wood"_s);
-  SystemTray tray([] {}, [] {}, [] { return true; });
+  SystemTray tray([](const char*) {}, [] {}, [] { return true; });
   shell::PlayGame(1);
   EXPECT_EQ(FileTold(), PathOf("Board.jpg").toStdString());
   EXPECT_EQ(tray.Windows().OpenedBoard(), nullptr);

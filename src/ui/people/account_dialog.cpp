@@ -110,6 +110,7 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
   layout->addLayout(NewButtons());
   Connect();
   servers_->ShowAccount(suggestion_);
+  if (suggestion_.ImapHost.empty()) DropLocalAddress();
   ShowProvider();
   TakeDialogLook(*this);
   page->Settle();  // a window that changes its size while it comes up loses its place
@@ -279,15 +280,29 @@ QString AccountDialog::WhatIsMissing() const {
   return {};
 }
 
+/// A sentence on what keeps the account from being used; a blank one where nothing does.
+QString AccountDialog::WhatIsWrong() const {
+  const QString folder = postFolder_->text();
+  if (IsKind("Post") && folder.contains(u'@') && !folder.contains(u'/')) {
+    return u"The post folder is a folder, such as /home/shared/post, and not a mail address."_s;
+  }
+  const QString missing = WhatIsMissing();
+  return missing.isEmpty() ? missing : u"Still missing: %1."_s.arg(missing);
+}
+
 void AccountDialog::ChangeKind() {
-  // The address that this machine gives its user is of no use elsewhere.
+  DropLocalAddress();
+  ShowProvider();
+  ShowRows();
+}
+
+/// The address that this machine gives its user is of no use elsewhere.
+void AccountDialog::DropLocalAddress() {
   const QString local = AsItIs(suggestion_.MyAddress);
   if (local.endsWith(u"@localhost"_s)) {
     if (IsKind("Imap") && address_->text() == local) address_->clear();
     if (!IsKind("Imap") && address_->text().isEmpty()) address_->setText(local);
   }
-  ShowProvider();
-  ShowRows();
 }
 
 void AccountDialog::ChangeAddress() {
@@ -391,9 +406,9 @@ void AccountDialog::Refresh() {
                                 : help_.hasKeptPassword(answer.account)
                                     ? u"the stored password stays"_s
                                     : QString());
-  const QString missing = WhatIsMissing();
-  for (QPushButton* button : {test_, ok_}) button->setEnabled(missing.isEmpty());
-  outcome_->ShowRemark(missing.isEmpty() ? QString() : u"Still missing: "_s + missing + u"."_s);
+  const QString wrong = WhatIsWrong();
+  for (QPushButton* button : {test_, ok_}) button->setEnabled(wrong.isEmpty());
+  outcome_->ShowRemark(wrong);
 }
 
 /// As high as what is shown, and never beyond the screen.

@@ -79,8 +79,10 @@ class AccountDialog : public QDialog {
   std::string Kind() const;
   bool IsKind(const char* kind) const { return Kind() == kind; }
   QString WhatIsMissing() const;
+  QString WhatIsWrong() const;
 
   void ChangeKind();
+  void DropLocalAddress();
   void ChangeAddress();
   ProviderGuess Guess(const MailAccount& account) const;
   void GuessServers();

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/process_state.h"
+#include "platform/registry.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
@@ -26,10 +27,29 @@ using platform::Process;
 
 namespace {
 
+constexpr const char* usualKind = "Imap";
+
 /// False, too, where they can't be read.
 bool HasNoGames() {
   store::GameRecords games;
   return store::SelectGames(games, {}) && games.empty();
+}
+
+/// Asks for the account where there is none, and logs on.
+void PrepareForMail(const SystemTray::ChangeAccount& changeAccount, const char* kind) {
+  if (!shell::HasMailAccount()) {
+    changeAccount(kind);
+  } else if (!shell::MayStartMailGame()) {
+    shell::RetrieveByHand();
+  }
+}
+
+/// Once: whoever knows the program has chosen since.
+void ExplainToNewcomer() {
+  const auto greeted = platform::ReadRegistry(platform::productSection, "Greeted");
+  if (platform::ReturnValue(greeted, "False") == "True") return;
+  platform::WriteRegistry(platform::productSection, "Greeted", "True");
+  platform::Settings().Verbose = true;
 }
 
 TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount,
@@ -47,11 +67,12 @@ TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& 
 
 }  // namespace
 
-SystemTray::SystemTray(const std::function<void()>& changeAccount,
+SystemTray::SystemTray(const ChangeAccount& changeAccount,
                        const std::function<void()>& askAboutHeldMails,
                        TrayIcon::IsTrayThere isTrayThere)
-    : windows_(changeAccount, askAboutHeldMails),
-      menu_(ActionsOf(windows_, changeAccount, askAboutHeldMails)),
+    : windows_([changeAccount] { changeAccount(usualKind); }, askAboutHeldMails),
+      menu_(ActionsOf(
+          windows_, [changeAccount] { changeAccount(usualKind); }, askAboutHeldMails)),
       icon_(menu_, std::move(isTrayThere)) {
   setObjectName(QStringLiteral("SystemTray"));
   platform::Seams& seams = platform::TheSeams();
@@ -78,13 +99,17 @@ SystemTray::~SystemTray() {
 }
 
 /// Shows a user without any game how to come by one.
-void SystemTray::Greet(const std::function<void()>& changeAccount) {
+void SystemTray::Greet(const ChangeAccount& changeAccount) {
   if (!HasNoGames() || welcome_) return;
-  const auto startMailGame = [] {
-    if (!shell::MayStartMailGame()) shell::RetrieveByHand();
-    // What has come in may have been opened.
-    if (!shell::MayStartMailGame() || Process().CheckTimerHeld || !HasNoGames()) return;
-    shell::StartNewGame({.fromGameList = Process().GameListOpen});
+  ExplainToNewcomer();
+  const auto byMail = [changeAccount](const char* kind) {
+    return [changeAccount, kind] {
+      if (Process().CheckTimerHeld) return;
+      PrepareForMail(changeAccount, kind);
+      // What has come in may have been opened.
+      if (!shell::MayStartMailGame() || Process().CheckTimerHeld || !HasNoGames()) return;
+      shell::StartNewGame({.fromGameList = Process().GameListOpen});
+    };
   };
   welcome_ = new Welcome(
       {.againstTheComputer =
@@ -92,16 +117,8 @@ void SystemTray::Greet(const std::function<void()>& changeAccount) {
              if (Process().CheckTimerHeld) return;
              shell::StartNewGame({.againstComputer = true, .fromGameList = Process().GameListOpen});
            },
-       .onThisMachine =
-           [startMailGame] {
-             if (!Process().CheckTimerHeld) startMailGame();
-           },
-       .byMail =
-           [changeAccount, startMailGame] {
-             if (Process().CheckTimerHeld) return;
-             changeAccount();
-             startMailGame();
-           }});
+       .onThisMachine = byMail("Post"),
+       .byMail = byMail(usualKind)});
   welcome_->setAttribute(Qt::WA_DeleteOnClose);
   ShowInTheMiddle(*welcome_);
   BringToFront(*welcome_);

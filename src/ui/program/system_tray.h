@@ -16,8 +16,9 @@ namespace ui {
 class SystemTray : public QObject {
  public:
   /// Installs itself for its lifetime: the windows, the tray, and the hooks that belong to them.
-  SystemTray(const std::function<void()>& changeAccount,
-             const std::function<void()>& askAboutHeldMails,
+  /// `changeAccount` suggests a kind of account to whoever has none yet.
+  using ChangeAccount = std::function<void(const char* suggestedKind)>;
+  SystemTray(const ChangeAccount& changeAccount, const std::function<void()>& askAboutHeldMails,
              TrayIcon::IsTrayThere isTrayThere = &QSystemTrayIcon::isSystemTrayAvailable);
   ~SystemTray() override;
 
@@ -28,7 +29,7 @@ class SystemTray : public QObject {
  private:
   void OpenByDoubleClick();
   void LeaveTray();
-  void Greet(const std::function<void()>& changeAccount);
+  void Greet(const ChangeAccount& changeAccount);
   void FollowCheckTimer();
 
   ProgramWindows windows_;

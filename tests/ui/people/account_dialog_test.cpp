@@ -81,8 +81,10 @@ TEST_F(AccountDialogTest, TakesWhatCannotHarmAMailAndWantsNameAndAddress) {
   EXPECT_EQ(Account().MyName, "Anna Mü ller");
   EXPECT_EQ(Account().MyAddress, "anna@example.org");
   EXPECT_EQ(Account().PostFolder, "/post/");
-  Type("PostFolder", "");
-  EXPECT_FALSE(CanGoOn());
+  for (const char* unfit : {"", "max@example.org"}) {
+    Type("PostFolder", unfit);
+    EXPECT_FALSE(CanGoOn()) << unfit;
+  }
 }
 
 TEST_F(AccountDialogTest, EachKindShowsAndWantsItsOwn) {

@@ -65,7 +65,7 @@ TEST(PollingTest, AClickIsHandledBeforeTheServerAnswersTheTick) {
   service.SignOn();
   Process().Offline = false;
   platform::Settings().NotificationMethod = 0;
-  SystemTray tray([] {}, [] {}, [] { return true; });
+  SystemTray tray([](const char*) {}, [] {}, [] { return true; });
   Process().CheckTimer.Interval = 1;
   platform::SetCheckTimer(true);
 

@@ -41,6 +41,8 @@ TEST_F(ProgramTest, WhoCancelsTheAccountDialogHasNotCrashed) {
     SCOPED_TRACE(start);
     OnNextDialog([](QWidget& dialog) {
       EXPECT_EQ(dialog.objectName(), u"AccountDialog"_s);
+      EXPECT_TRUE(Find<QAbstractButton>(dialog, "Imap").isChecked());
+      EXPECT_TRUE(Field(dialog, "MyAddress").text().isEmpty());
       dialog.close();
     });
     const auto program = Start();

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "platform/polling.h"
+#include "platform/registry.h"
 #include "shell/shell_hooks.h"
 #include "shell/shut_down.h"
 #include "ui/ui_fixture.h"
@@ -55,7 +56,7 @@ class SystemTrayTest : public testing::Test {
   bool trayIsThere_ = true;
   int accountChanges_ = 0;
   int heldMailsAsked_ = 0;
-  SystemTray tray_{[this] { ++accountChanges_; }, [this] { ++heldMailsAsked_; },
+  SystemTray tray_{[this](const char*) { ++accountChanges_; }, [this] { ++heldMailsAsked_; },
                    [this] { return trayIsThere_; }};
 };
 
@@ -240,6 +241,20 @@ TEST_F(SystemTrayTest, WhoHasNoGameIsShownTheWaysToOne) {
   store::RemoveGame(1);
   platform::TheSeams().hooks.handedOver();
   ASSERT_NE(welcome(), nullptr);
+  EXPECT_TRUE(platform::Settings().Verbose);
+  platform::Settings().Verbose = false;
+  Process().Offline = true;
+  desktop_.mail.failing = {"SignOn"};
+  for (const int asked : {1, 1}) {
+    Press(*welcome(), "ByMail");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(accountChanges_, asked) << "only whoever has no account is asked for it";
+    platform::WriteRegistry(platform::mailSection, "MyAddress", "anna@example.org");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    platform::TheSeams().hooks.handedOver();
+    ASSERT_NE(welcome(), nullptr);
+  }
+  EXPECT_FALSE(platform::Settings().Verbose) << "that was the user's choice";
   welcome()->close();
 }
 

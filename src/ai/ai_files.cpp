@@ -108,4 +108,12 @@ std::optional<AIFileFault> ReadAIFile(std::string_view name, const TakeAIValue& 
   return ReadAIText(Files().Read(PathOf(name)), take);
 }
 
+bool LoadAIFile(std::string_view name) {
+  HeuristicTable table = Heuristics;
+  const auto fault = ReadAIFile(
+      name, [&table](int row, std::int16_t value) { table[HeuristicOnRow(row)] = value; });
+  if (!fault) Heuristics = table;
+  return !fault;
+}
+
 }  // namespace ai

@@ -58,4 +58,8 @@ std::optional<AIFileFault> ReadAIText(std::string_view text, const TakeAIValue& 
 /// The same with a file. One that can't be read raises platform::FileError.
 std::optional<AIFileFault> ReadAIFile(std::string_view name, const TakeAIValue& take);
 
+/// Puts a file's values into Heuristics. False, with nothing changed, where the file isn't pairs
+/// throughout; one that can't be read raises platform::FileError.
+bool LoadAIFile(std::string_view name);
+
 }  // namespace ai

@@ -90,7 +90,8 @@ void StartNewGame(const NewGame& game) {
     ReportFailedOpening(error, "the new game dialog");
     return;
   }
-  if (Process().BoardOpen && game.fromSetup) {
+  // Whoever plays the computer has had the choice meanwhile.
+  if (Process().BoardOpen && Process().SetupGame) {
     platform::ShowMessage(
         platform::InformationIcon, "Board setup",
         "Please setup the board then select the Play Current Setup option to begin play", "OK");

@@ -130,6 +130,8 @@ inline void Type(const QWidget& window, const char* name, const char* text) {
   field.selectAll();
   QTest::keyClick(&field, Qt::Key_Backspace);
   QTest::keyClicks(&field, QString::fromUtf8(text));
+  // What a popup offers there goes with the real keyboard's Tab.
+  if (QWidget* popup = QApplication::activePopupWidget()) popup->hide();
   QTest::keyClick(&field, Qt::Key_Tab);
   QCoreApplication::processEvents();
 }

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QTimer>
 
@@ -21,6 +22,10 @@
 #include "skin/look.h"
 #include "skin/system_button.h"
 #include "ui/games/choose_opponent.h"
+#include "ui/games/computer_opponent.h"
+#include "widgets/dialog_button.h"
+#include "widgets/outcome_line.h"
+#include "widgets/people_completer.h"
 #include "widgets/shown_text.h"
 #include "widgets/typed_text.h"
 
@@ -34,7 +39,8 @@ namespace {
 constexpr int longestName = 50;
 constexpr int longestAddress = 255;
 constexpr int lookupDelay = 1500;  // milliseconds
-constexpr int rememberGap = 2;
+constexpr int lineGap = 2;
+constexpr int lineHeight = 19;
 
 platform::MAPIMessages& MMess() { return *platform::TheSeams().MMess; }
 
@@ -43,6 +49,18 @@ void ClearRecipients() {
     MMess().RecipIndex(0);
     MMess().DeleteRecipient();
   }
+}
+
+/// A button of the dialog's look; the one about the computer lays itself out.
+QAbstractButton* NewAnswer(QWidget& dialog, const ButtonTwins& twins, const QString& caption) {
+  if (!Process().ComputerGame || IsSimpleUI()) return NewButton(dialog, twins, caption);
+  return NewDialogButton(QLatin1StringView(twins.skinned), caption);
+}
+
+/// What a game is called whose player doesn't care.
+QString TitleOfToday() {
+  const platform::LocalTime now = platform::TheSeams().clock->Now();
+  return u"Game of %1 %2"_s.arg(now.day).arg(QLocale::c().monthName(now.month));
 }
 
 bool IsReturn(const QEvent& event) {
@@ -69,8 +87,9 @@ NewGameInfo::NewGameInfo(QWidget* owner)
       Game_opponents_email_(
           NewField(u"Game_opponents_email"_s, u"Opponents email"_s, longestAddress)),
       remember_(new QCheckBox(u"&Remember this address"_s, this)),
-      ok_(NewButton(*this, {"OkButton", "OKButtonS"}, u"OK"_s)),
-      cancel_(NewButton(*this, {"CancelButton", "CancelButtonS"}, u"Cancel"_s)),
+      outcome_(new OutcomeLine(this)),
+      ok_(NewAnswer(*this, {"OkButton", "OKButtonS"}, u"OK"_s)),
+      cancel_(NewAnswer(*this, {"CancelButton", "CancelButtonS"}, u"Cancel"_s)),
       Timer1_(new QTimer(this)) {
   setObjectName(u"NewGameInfo"_s);
   setWindowTitle(u"New game..."_s);
@@ -82,18 +101,34 @@ NewGameInfo::NewGameInfo(QWidget* owner)
   Timer1_->setObjectName(u"Timer1"_s);
   Timer1_->setInterval(lookupDelay);
   Timer1_->setSingleShot(true);
+  if (Process().ComputerGame) computer_ = new ComputerOpponent(this);
   SetToolTips();
   SetUpOpponent();
   Resolve_->installEventFilter(this);
   ok_->installEventFilter(this);
   Connect();
-  hasLook_ = TakeLook(*this, layouts::newGameInfo, [this] { SetSimpleUI(); });
-  if (!IsSimpleUI()) {
-    const layouts::Rect& email = layouts::RectOf(layouts::newGameInfo, "Game_opponents_email");
-    remember_->setGeometry(email.x, email.Bottom() + rememberGap, email.width,
-                           remember_->sizeHint().height());
-  }
+  hasLook_ = TakeItsLook();
+  ShowMissing();
   Game_name_->setFocus();
+}
+
+bool NewGameInfo::TakeItsLook() {
+  if (computer_) {
+    SetComputerUI();
+    return TakeDialogLook(*this);
+  }
+  const bool taken = TakeLook(*this, layouts::newGameInfo, [this] { SetSimpleUI(); });
+  if (!IsSimpleUI()) PlaceLines();
+  return taken;
+}
+
+/// Below the fields of the skinned look there is room for one of the two.
+void NewGameInfo::PlaceLines() {
+  const layouts::Rect& email = layouts::RectOf(layouts::newGameInfo, "Game_opponents_email");
+  const layouts::Rect& label = layouts::RectOf(layouts::newGameInfo, "Game_opponents_email_L");
+  const int top = email.Bottom() + lineGap;
+  remember_->setGeometry(email.x, top, email.width, remember_->sizeHint().height());
+  outcome_->setGeometry(label.x, top, email.x + email.width - label.x, lineHeight);
 }
 
 QLineEdit* NewGameInfo::NewField(const QString& name, const QString& label, int longest) {
@@ -132,9 +167,19 @@ void NewGameInfo::SetUpOpponent() {
   Resolve_->setEnabled(!Process().Offline);
   if (!Process().Offline) {
     Game_opponents_name_->setPlaceholderText(u"name or address"_s);
-    Game_opponents_email_->setPlaceholderText(u"from your address book"_s);
+    Game_opponents_email_->setPlaceholderText(u"found or typed"_s);
   }
+  SetUpPeople();
   ButtonSet();
+}
+
+void NewGameInfo::SetUpPeople() {
+  const auto people = PeopleOfBook();
+  for (auto* completer :
+       {new PeopleCompleter(people, PeopleCompleter::Part::Name, Game_opponents_name_),
+        new PeopleCompleter(people, PeopleCompleter::Part::Address, Game_opponents_email_)}) {
+    connect(completer, &PeopleCompleter::Taken, this, &NewGameInfo::TakePerson);
+  }
 }
 
 void NewGameInfo::Connect() {
@@ -146,9 +191,10 @@ void NewGameInfo::Connect() {
   if (Process().ComputerGame) return;
   connect(Game_opponents_name_, &QLineEdit::textChanged, this, &NewGameInfo::ChangeName);
   connect(Game_opponents_email_, &QLineEdit::textChanged, this, [this] {
-    remember_->hide();
+    offersToRemember_ = false;
     ButtonSet();
   });
+  connect(Game_opponents_email_, &QLineEdit::textEdited, this, &NewGameInfo::EditAddress);
 }
 
 void NewGameInfo::SetSimpleUI() {
@@ -170,8 +216,33 @@ void NewGameInfo::SetSimpleUI() {
   keepsPlace.setRetainSizeWhenHidden(true);
   remember_->setSizePolicy(keepsPlace);
   layout->addWidget(remember_, row++, 1, 1, 2);
+  layout->addWidget(outcome_, row++, 0, 1, 3);
   QHBoxLayout* buttons = NewButtonRow({cancel_, ok_});
   layout->addLayout(buttons, row, 0, 1, 3);
+  layout->setColumnStretch(1, 1);
+  static_cast<QPushButton*>(ok_)->setDefault(true);
+}
+
+/// What is known of the computer needn't be seen.
+void NewGameInfo::SetComputerUI() {
+  for (const char* name : {"Game_opponents_name", "Game_opponents_name_L", "Game_opponents_email",
+                           "Game_opponents_email_L", "Resolve", "RememberAddress"}) {
+    findChild<QWidget*>(QLatin1StringView(name))->hide();
+  }
+  auto* heading = findChild<QLabel*>(u"Label3"_s);
+  heading->setText(u"You play White against the computer."_s);
+  auto* layout = new QGridLayout(this);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setHorizontalSpacing(16);
+  layout->setVerticalSpacing(8);
+  layout->addWidget(heading, 0, 0, 1, 2);
+  layout->setRowMinimumHeight(1, 8);
+  layout->addWidget(findChild<QLabel*>(u"Game_name_L"_s), 2, 0);
+  Game_name_->setMinimumSize(220, 28);
+  layout->addWidget(Game_name_, 2, 1);
+  int row = computer_->AddRows(*layout, 3);
+  layout->addWidget(outcome_, row++, 0, 1, 2);
+  layout->addLayout(NewButtonRow({cancel_, ok_}), row, 0, 1, 2);
   layout->setColumnStretch(1, 1);
   static_cast<QPushButton*>(ok_)->setDefault(true);
 }
@@ -188,6 +259,8 @@ std::optional<platform::NewGameFields> NewGameInfo::Ask() {
 void NewGameInfo::accept() {
   // Enter leaves no field.
   if (!ok_->isEnabled() || !ValidateTitle()) return;
+  FillTitle();
+  if (computer_ && !computer_->Apply()) return;
   Remember();
   QDialog::accept();
 }
@@ -206,9 +279,14 @@ bool NewGameInfo::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   if (watched == ok_ && event->type() == QEvent::MouseButtonPress) LookUpForOk();
+  if (watched == Game_opponents_email_ && event->type() == QEvent::FocusIn && !computer_) {
+    Game_opponents_email_->setReadOnly(false);
+  }
   if (isVisible() && LeavesField(*event)) {
     if (watched == Game_opponents_name_) LeaveName();
+    if (watched == Game_opponents_email_) LeaveAddress();
     if (watched == Game_name_) {
+      if (!cancel_->hasFocus()) FillTitle();
       ButtonSet();
       // The control that takes the focus gets it first; a message would cut that off.
       QMetaObject::invokeMethod(
@@ -238,14 +316,64 @@ void NewGameInfo::keyPressEvent(QKeyEvent* event) {
 
 void NewGameInfo::ButtonSet() {
   SetOkEnabled(!Game_name_->text().isEmpty() && !Game_opponents_email_->text().isEmpty());
+  ShowMissing();
 }
 
 void NewGameInfo::SetOkEnabled(bool enabled) {
-  if (IsSimpleUI()) {
+  if (IsSimpleUI() || computer_) {
     ok_->setEnabled(enabled);
   } else {
     SetButtonEnabled(*this, ok_->objectName(), enabled);
   }
+}
+
+/// Why OK can't be pressed, or what it would do by itself.
+QString NewGameInfo::WhatIsMissing() const {
+  if (Game_name_->text().isEmpty()) {
+    return computer_ ? u"Without a title it is the \"%1\"."_s.arg(TitleOfToday())
+                     : u"Still missing: a title for the game."_s;
+  }
+  return Game_opponents_email_->text().isEmpty() ? WhereAddressStands() : QString();
+}
+
+QString NewGameInfo::WhereAddressStands() const {
+  if (pendingResolve_) return u"Looking in your address book..."_s;
+  if (nobodyFound_) return u"Nobody found: please type the address."_s;
+  return u"Still missing: your opponent's address."_s;
+}
+
+void NewGameInfo::ShowMissing() {
+  const QString missing = WhatIsMissing();
+  outcome_->ShowRemark(missing);
+  remember_->setVisible(offersToRemember_ && missing.isEmpty());
+}
+
+void NewGameInfo::FillTitle() {
+  if (computer_ && Game_name_->text().trimmed().isEmpty()) Game_name_->setText(TitleOfToday());
+}
+
+/// Whoever types an address needs nobody who looks for it.
+void NewGameInfo::EditAddress() {
+  addressIsTyped_ = !Process().Offline && !Game_opponents_email_->text().isEmpty();
+  if (addressIsTyped_) pendingResolve_ = false;
+  ShowMissing();
+}
+
+/// A blank one is found by the name again.
+void NewGameInfo::LeaveAddress() {
+  if (Process().ComputerGame || Process().Offline) return;
+  Game_opponents_email_->setReadOnly(Game_opponents_email_->text().isEmpty());
+  if (addressIsTyped_) OfferToRemember();
+}
+
+/// Whoever is taken from a list is meant, at that address.
+void NewGameInfo::TakePerson(const QString& name, const QString& address) {
+  pendingResolve_ = false;
+  addressIsTyped_ = false;
+  // In this order: the first clears the second.
+  Game_opponents_name_->setText(name);
+  Game_opponents_email_->setText(address);
+  ButtonSet();
 }
 
 /// False where the title had to be changed: the user was told, and is back in the field.
@@ -261,14 +389,17 @@ bool NewGameInfo::ValidateTitle() {
 
 /// An address never outlives the name that it came with.
 void NewGameInfo::ChangeName() {
-  Game_opponents_email_->clear();
+  nobodyFound_ = false;
+  if (!addressIsTyped_) Game_opponents_email_->clear();
   ButtonSet();
 }
 
 void NewGameInfo::LeaveName() {
   if (Game_opponents_name_->text().isEmpty() || Process().Offline || Process().ComputerGame) return;
+  if (addressIsTyped_) return;
   pendingResolve_ = true;
   Timer1_->start();
+  ShowMissing();
 }
 
 void NewGameInfo::Tick() {
@@ -279,6 +410,7 @@ void NewGameInfo::Tick() {
 
 /// Who presses OK doesn't wait for the lookup first. True where OK can be pressed.
 bool NewGameInfo::LookUpForOk() {
+  FillTitle();
   if (Game_opponents_name_->hasFocus() && Game_opponents_email_->text().isEmpty()) LeaveName();
   Tick();
   return ok_->isEnabled();
@@ -293,12 +425,11 @@ void NewGameInfo::ResolveName() {
     MMess().RecipDisplayName(Game_opponents_name_->text().toStdString());
     MMess().AddressResolveUI(true);
     MMess().ResolveName();
-    // In this order: the first clears the second.
-    Game_opponents_name_->setText(AsItIs(MMess().RecipDisplayName()));
-    Game_opponents_email_->setText(AsItIs(MMess().RecipAddress()));
+    TakePerson(AsItIs(MMess().RecipDisplayName()), AsItIs(MMess().RecipAddress()));
     OfferToRemember();
   } catch (const std::exception&) {
-    // Nobody was found: the name stays, and there is no address.
+    // The name stays, and there is no address.
+    nobodyFound_ = true;
   }
 }
 
@@ -317,8 +448,7 @@ void NewGameInfo::ChooseName() {
       }
       MMess().RecipIndex(ChooseOpponent(opponents, this).Choose());
     }
-    Game_opponents_name_->setText(AsItIs(MMess().RecipDisplayName()));
-    Game_opponents_email_->setText(AsItIs(MMess().RecipAddress()));
+    TakePerson(AsItIs(MMess().RecipDisplayName()), AsItIs(MMess().RecipAddress()));
   } catch (const std::exception&) {
     // The user has cancelled.
   }
@@ -336,11 +466,12 @@ void NewGameInfo::OfferToRemember() {
     return std::find(own.begin(), own.end(), address) != own.end();
   });
   remember_->setChecked(false);
-  remember_->setVisible(!isKnown);
+  offersToRemember_ = !isKnown;
+  ShowMissing();
 }
 
 void NewGameInfo::Remember() {
-  if (remember_->isHidden() || !remember_->isChecked()) return;
+  if (!offersToRemember_ || !remember_->isChecked()) return;
   try {
     platform::TheSeams().addressBook->Add({Game_opponents_name_->text().toStdString(),
                                            {Game_opponents_email_->text().toStdString()}});

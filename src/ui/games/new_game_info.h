@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dialog of a new game: its title, and who the opponent is. The address comes from the address
-// book, by the name or by a pick; without a mail service it is typed.
+// book, by the name or by a pick, or is typed. Of the computer other things are asked.
 #pragma once
 
 #include <QDialog>
@@ -15,6 +15,9 @@ class QLineEdit;
 class QTimer;
 
 namespace ui {
+
+class ComputerOpponent;
+class OutcomeLine;
 
 class NewGameInfo : public QDialog {
   Q_OBJECT
@@ -39,9 +42,20 @@ class NewGameInfo : public QDialog {
   void SetToolTips();
   void Connect();
   void SetUpOpponent();
+  void SetUpPeople();
+  bool TakeItsLook();
+  void PlaceLines();
   void SetSimpleUI();
+  void SetComputerUI();
 
   void ButtonSet();
+  QString WhatIsMissing() const;
+  QString WhereAddressStands() const;
+  void ShowMissing();
+  void FillTitle();
+  void EditAddress();
+  void LeaveAddress();
+  void TakePerson(const QString& name, const QString& address);
   void SetOkEnabled(bool enabled);
   bool ValidateTitle();
   void ChangeName();
@@ -58,10 +72,15 @@ class NewGameInfo : public QDialog {
   QAbstractButton* Resolve_;
   QLineEdit* Game_opponents_email_;
   QCheckBox* remember_;
+  OutcomeLine* outcome_;
+  ComputerOpponent* computer_ = nullptr;  // null for a game by mail
   QAbstractButton* ok_;
   QAbstractButton* cancel_;
   QTimer* Timer1_;
   bool pendingResolve_ = false;
+  bool nobodyFound_ = false;
+  bool addressIsTyped_ = false;  // while connected: it stands, whatever becomes of the name
+  bool offersToRemember_ = false;
   bool hasLook_ = false;
 };
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+#include "ai/search_depths.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
@@ -32,9 +33,6 @@ constexpr int millisecondsPerSecond = 1000;
 constexpr int picturesOfSet = 3;
 constexpr int iconColumn = 60;
 constexpr int iconSize = 22;
-
-constexpr const char* searchDepths[] = {"0 - Silly", "1 - Easy", "2 - Thinks a bit",
-                                        "3 - Quite tricky", "4 - Normally takes too long!"};
 
 QLabel* NewLabel(QWidget* page, const char* name, const char* caption) {
   auto* label = new QLabel(QString::fromUtf8(caption), page);
@@ -94,7 +92,7 @@ void GeneralPage::FillCombos() {
   for (int seconds = 1; seconds <= longestInterval; ++seconds) {
     opSysTrayTimerCombo_->addItem(QString::number(seconds), seconds * millisecondsPerSecond);
   }
-  for (const char* depth : searchDepths) vsCSearchDepth_->addItem(QLatin1StringView(depth));
+  for (const char* depth : ai::searchDepths) vsCSearchDepth_->addItem(QLatin1StringView(depth));
 }
 
 /// A row for each set, so that its number, from 1, is the setting.

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 
+#include "ai/ai_files.h"
 #include "contacts/contacts_book.h"
 #include "ui/games/choose_opponent.h"
 #include "ui/games/new_game_info.h"
@@ -69,8 +70,56 @@ TEST_F(NewGameTest, AgainstTheComputerOnlyTheTitleIsAsked) {
   EXPECT_FALSE(Can(*dialog_, "Resolve"));
   Type("Game_name", "Test");
   EXPECT_TRUE(CanGoOn());
-  Type("Game_name", "");
+  Field(*dialog_, "Game_name").clear();
   EXPECT_FALSE(CanGoOn());
+  ai::LoadDefaultHeuristics();
+  ai::HeuristicTable wild = ai::Heuristics;
+  wild[0] = 1234;
+  ai::WriteAIFile("Wild", wild);
+  for (const char* style : {"Broken", "Wild"}) {
+    SCOPED_TRACE(style);
+    platform::TheSeams().files->Write(ai::AIFilePath("Broken") + ".AI", "2,77,oops");
+    Open();
+    Find<QComboBox>(*dialog_, "SearchDepth").setCurrentIndex(4);
+    Find<QComboBox>(*dialog_, "Style").setCurrentText(QLatin1StringView(style));
+    QTest::mouseClick(&Find(*dialog_, "OkButton"), Qt::LeftButton);
+    const bool loads = std::string(style) == "Wild";
+    EXPECT_EQ(dialog_->isVisible(), !loads) << "a style that can't be read is told";
+    EXPECT_EQ(ai::Heuristics == wild, loads);
+    EXPECT_TRUE(Field(*dialog_, "Game_name").text().startsWith(u"Game of "_s));
+  }
+  EXPECT_EQ(platform::Settings().SearchDepth, 4);
+}
+
+TEST_F(NewGameTest, ATypedAddressStandsWhateverBecomesOfTheName) {
+  Open();
+  Type("Game_name", "Friendly");
+  Type("Game_opponents_name", "Nobody");
+  PassDelay();
+  EXPECT_FALSE(CanGoOn());
+  Type("Game_opponents_email", "n@x.org");
+  EXPECT_TRUE(CanGoOn());
+  Type("Game_opponents_name", "Eva");
+  PassDelay();
+  EXPECT_EQ(Opponent(), "Eva, n@x.org");
+  Type("Game_opponents_email", "");
+  Type("Game_opponents_name", "Ev");
+  PassDelay();
+  EXPECT_EQ(Opponent(), "Eva, e@x.org") << "a blank one is looked for again";
+}
+
+TEST_F(NewGameTest, WhoeverIsOfferedBelowAFieldIsTakenWithNameAndAddress) {
+  book_.Add({"Zoe", {"z@x.org"}});
+  for (const char* field : {"Game_opponents_name", "Game_opponents_email"}) {
+    Open();
+    Field(*dialog_, field).setFocus();
+    QTest::keyClicks(&Field(*dialog_, field), u"Z"_s);
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr) << field;
+    QTest::keyClick(popup, Qt::Key_Down);
+    QTest::keyClick(popup, Qt::Key_Return);
+    EXPECT_EQ(Opponent(), "Zoe, z@x.org");
+  }
 }
 
 TEST_F(NewGameTest, ANameIsLookedForAfterADelay) {

@@ -3,6 +3,7 @@
 
 #include <QActionGroup>
 
+#include "platform/setting_variables.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -15,6 +16,7 @@ QString CaptionOf(const MenuRow& row) {
 }
 
 void Fill(QMenu& menu, const std::vector<MenuRow>& rows) {
+  menu.setToolTipsVisible(platform::Settings().ShowToolTips);
   auto* neighbours = new QActionGroup(&menu);
   for (const MenuRow& row : rows) {
     if (row.caption == "-") {
@@ -28,6 +30,7 @@ void Fill(QMenu& menu, const std::vector<MenuRow>& rows) {
     entry->setEnabled(row.enabled);
     entry->setShortcut(row.key);
     entry->setShortcutVisibleInContextMenu(true);
+    if (!row.enabled) entry->setToolTip(Shown(row.whyNot));
     if (row.checked) {
       entry->setCheckable(true);
       neighbours->addAction(entry);

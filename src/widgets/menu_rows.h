@@ -20,6 +20,7 @@ struct MenuRow {
   bool enabled = true;
   std::optional<bool> checked = {};  ///< one of its neighbours, up to the next separator, is
   std::vector<MenuRow> rows = {};    ///< of a menu of its own that it opens
+  std::string whyNot = {};           ///< what a row that isn't enabled waits for
   QKeySequence key = {};             ///< a key combination that does the same, to be read only
 };
 

@@ -3,10 +3,12 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolButton>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -47,16 +49,17 @@ struct ToolbarEntry {  // NOLINT(clang-analyzer-optin.performance.Padding)
   const char* caption;
   layouts::InterfaceButtonRow row;
   const char* toolTip;
+  const char* whyNot = nullptr;  ///< what it waits for while it is disabled
 };
 constexpr ToolbarEntry toolbarEntries[] = {
     {PlayGameButton, "&Play game", "Play", layouts::PlayGameRow,
-     "PLAY - Play the currently selected game"},
+     "PLAY - Play the currently selected game", whyNoGame},
     {NewGameButton, "&New game", "New game", layouts::NewGameRow,
-     "NEW EMAIL GAME - Start a new email game"},
+     "NEW EMAIL GAME - Start a new email game", whyNoMailGame},
     {ComputerGameButton, "&vs. Computer", "Computer", layouts::NewComputerRow,
      "NEW COMPUTER GAME - Start a new game against the computer"},
     {SetupGameButton, "&Setup new game", "Setup", layouts::NewSetupRow,
-     "NEW SETUP GAME - Configure the board layout before starting a new game"},
+     "NEW SETUP GAME - Configure the board layout before starting a new game", whyNoMailGame},
 };
 
 struct MenuLabel {
@@ -163,6 +166,7 @@ void GameInterface::AddToolbar() {
       button->setAccessibleName(QString(QLatin1StringView(entry.plainCaption)).remove(u'&'));
     }
     button->setFocusPolicy(Qt::TabFocus);
+    button->installEventFilter(this);
     connect(button, &QAbstractButton::released, grid_, qOverload<>(&QWidget::setFocus));
     connect(button, &QAbstractButton::clicked, this,
             [this, number = entry.button] { ClickToolbar(number); });
@@ -334,6 +338,19 @@ void GameInterface::SetToolTips() {
   SetTip(*this, "MinimiseButton", "Minimise the game interface");
   SetTip(*this, "HideButton", "Finished with game interface");
   SetTip(*this, "GameList", "All the chess games held in the database");
+}
+
+/// A disabled button says what it waits for, too.
+bool GameInterface::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::eventFilter(watched, event);
+  for (const ToolbarEntry& entry : toolbarEntries) {
+    QAbstractButton* button = toolbar_[static_cast<std::size_t>(entry.button)];
+    if (button != watched || button->isEnabled() || button->toolTip().isEmpty()) continue;
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       button->toolTip() + u'\n' + QLatin1StringView(entry.whyNot), button);
+    return true;
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void GameInterface::showEvent(QShowEvent* event) {

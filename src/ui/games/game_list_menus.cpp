@@ -37,10 +37,10 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
       {"Mail account...", errands.changeAccount},
       {"Mails set aside...", errands.askAboutHeldMails},
       {"-"},
-      {"Print game...", OnSelected(list, print::PrintGameBoards), prints},
-      {"Print game notation...", OnSelected(list, print::PrintMoveList), prints},
-      {"Print travel sheet...", [] { print::PrintTravelSheet(); }, prints},
-      {"Print postcard...", OnSelected(list, print::PrintPostcard), prints},
+      {"Print game...", OnSelected(list, print::PrintGameBoards), prints, {}, {}, whyNoGame},
+      {"Print game notation...", OnSelected(list, print::PrintMoveList), prints, {}, {}, whyNoGame},
+      {"Print travel sheet...", [] { print::PrintTravelSheet(); }, prints, {}, {}, whyNoGame},
+      {"Print postcard...", OnSelected(list, print::PrintPostcard), prints, {}, {}, whyNoGame},
       {"-"},
   };
   // A program that doesn't live in the tray can't hide in it.
@@ -79,12 +79,14 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
   const auto start = [](bool fromSetup) {
     return [fromSetup] { shell::StartNewGame({.fromSetup = fromSetup, .fromGameList = true}); };
   };
-  return {{"New game...", start(false), mayStart},
-          {"New setup game...", start(true), mayStart},
-          {"-"},
-          {"Play selected", [&list] { list.PlayCurrentGame(); }, list.HasGames()},
-          {"Delete selected", [&list] { list.DeleteGame(); }, list.HasGames()},
-          {"Undo delete", [&list] { list.UndoDelete(); }, !Process().DeletedGames.empty()}};
+  return {
+      {"New game...", start(false), mayStart, {}, {}, whyNoMailGame},
+      {"New setup game...", start(true), mayStart, {}, {}, whyNoMailGame},
+      {"-"},
+      {"Play selected", [&list] { list.PlayCurrentGame(); }, list.HasGames(), {}, {}, whyNoGame},
+      {"Delete selected", [&list] { list.DeleteGame(); }, list.HasGames(), {}, {}, whyNoGame},
+      {"Undo delete", [&list] { list.UndoDelete(); }, !Process().DeletedGames.empty(), {}, {},
+       "No game has been deleted since the program began."}};
 }
 
 std::vector<MenuRow> HelpRows(const OtherErrands& errands) {

@@ -122,6 +122,9 @@ TEST_F(GameInterfaceTest, ToolbarButtonsFollowTheConnectionAndBegin) {
     EXPECT_EQ(Can("Toolbar1_2"), standAlone);
     EXPECT_EQ(Can("Toolbar1_4"), standAlone);
     EXPECT_TRUE(Can("Toolbar1_3")) << "the computer needs no mail";
+    QHelpEvent hover(QEvent::ToolTip, {}, {});
+    QApplication::sendEvent(&Find(*window_, "Toolbar1_2"), &hover);
+    EXPECT_EQ(QToolTip::text().contains(u"mail service"_s), !standAlone);
     EXPECT_EQ(Find(*window_, "NoticeAccount").isHidden(), standAlone);
   }
   desktop_.windows.refusing = {"graphics", "ask new game"};

@@ -4,9 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -18,6 +16,7 @@
 #include "widgets/form_rows.h"
 #include "widgets/outcome_line.h"
 #include "widgets/shown_text.h"
+#include "widgets/tool_tips.h"
 #include "widgets/typed_text.h"
 
 namespace ui {
@@ -27,26 +26,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int longestName = 50;
-constexpr int addressLines = 4;
 
-QPlainTextEdit* NewAddressLines(const platform::Person& person) {
-  auto* lines = new QPlainTextEdit;
-  lines->setObjectName(u"Addresses"_s);
-  lines->setPlaceholderText(u"name@example.org"_s);
-  lines->setTabChangesFocus(true);
-  lines->setLineWrapMode(QPlainTextEdit::NoWrap);
-  lines->setMinimumHeight(addressLines * lines->fontMetrics().lineSpacing() + 16);
+/// In one line, so that Enter is OK.
+QLineEdit* NewAddressField(const platform::Person& person) {
   QStringList addresses;
   for (const std::string& address : person.addresses) addresses += AsItIs(address);
-  lines->setPlainText(addresses.join(u'\n'));
-  QObject::connect(lines, &QPlainTextEdit::textChanged, lines, [lines] {
-    const QString text = lines->toPlainText();
-    if (!text.contains(u'|')) return;
-    const QSignalBlocker quiet(lines);
-    lines->setPlainText(QString(text).remove(u'|'));
-    lines->moveCursor(QTextCursor::End);
-  });
-  return lines;
+  auto* field = new QLineEdit(addresses.join(u", "_s));
+  field->setObjectName(u"Addresses"_s);
+  field->setPlaceholderText(u"name@example.org"_s);
+  SetTip(*field, "Where somebody has several addresses: with a comma between each two");
+  KeepFitForFields(field);
+  return field;
 }
 
 }  // namespace
@@ -56,7 +46,7 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
     : QDialog(parent),
       isUsable_(std::move(isUsable)),
       name_(new QLineEdit(AsItIs(person.name))),
-      addresses_(NewAddressLines(person)),
+      addresses_(NewAddressField(person)),
       outcome_(new OutcomeLine),
       ok_(NewDialogButton(u"OkButton"_s, u"OK"_s)) {
   setObjectName(u"PersonDialog"_s);
@@ -68,7 +58,7 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
   KeepFitForFields(name_);
   auto* form = new FormRows;
   form->AddRow(u"&Name:"_s, {name_});
-  form->AddRow(u"A&ddresses,\none a line:"_s, {addresses_});
+  form->AddRow(u"A&ddress:"_s, {addresses_});
   auto* cancel = NewDialogButton(u"CancelButton"_s, u"Cancel"_s);
   ok_->setDefault(true);
   auto* buttons = new QHBoxLayout;
@@ -79,14 +69,14 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
   layout->setSpacing(16);
-  layout->addLayout(form, 1);
+  layout->addLayout(form);
   layout->addWidget(outcome_);
   layout->addLayout(buttons);
   resize(440, sizeHint().height());
   TakeDialogLook(*this);
 
   connect(name_, &QLineEdit::textChanged, this, &PersonDialog::Refresh);
-  connect(addresses_, &QPlainTextEdit::textChanged, this, &PersonDialog::Refresh);
+  connect(addresses_, &QLineEdit::textChanged, this, &PersonDialog::Refresh);
   connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   Refresh();
@@ -94,8 +84,8 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
 
 platform::Person PersonDialog::Answer() const {
   platform::Person person{name_->text().trimmed().toStdString(), {}};
-  for (const QString& line : addresses_->toPlainText().split(u'\n')) {
-    const QString address = FitForFields(line).trimmed();
+  for (const QString& part : addresses_->text().split(u',')) {
+    const QString address = part.trimmed();
     if (!address.isEmpty()) person.addresses.push_back(address.toStdString());
   }
   return person;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One person of the address book: his name, and his addresses, one to a line.
+// One person of the address book: his name, and his address, or several with commas between.
 #pragma once
 
 #include <QDialog>
@@ -10,7 +10,6 @@
 #include "platform/address_book.h"
 
 class QLineEdit;
-class QPlainTextEdit;
 class QPushButton;
 
 namespace ui {
@@ -33,7 +32,7 @@ class PersonDialog : public QDialog {
 
   IsUsable isUsable_;
   QLineEdit* name_;
-  QPlainTextEdit* addresses_;
+  QLineEdit* addresses_;
   OutcomeLine* outcome_;
   QPushButton* ok_;
 };

@@ -2,6 +2,7 @@
 #include "widgets/typed_text.h"
 
 #include <QLineEdit>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -9,7 +10,7 @@ namespace ui {
 
 QString FitForFields(QString text) {
   text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-  text.remove(u'|');
+  text.replace(u'|', u'/');
   for (QChar& c : text) {
     const QChar::Category category = c.category();
     if (category == QChar::Other_Control || category == QChar::Separator_Line ||
@@ -20,6 +21,11 @@ QString FitForFields(QString text) {
   return text;
 }
 
+void TellOfReplacedBar(QWidget& field) {
+  QToolTip::showText(field.mapToGlobal(field.rect().bottomLeft()),
+                     QStringLiteral("\"|\" can't be sent, and becomes \"/\"."), &field);
+}
+
 void KeepFitForFields(QLineEdit* field) {
   QObject::connect(field, &QLineEdit::textEdited, field, [field](const QString& text) {
     const QString fit = FitForFields(text);
@@ -27,6 +33,7 @@ void KeepFitForFields(QLineEdit* field) {
     const int behindCursor = static_cast<int>(text.size()) - field->cursorPosition();
     field->setText(fit);
     field->setCursorPosition(std::max(0, static_cast<int>(fit.size()) - behindCursor));
+    if (text.contains(u'|')) TellOfReplacedBar(*field);
   });
 }
 

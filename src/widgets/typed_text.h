@@ -6,11 +6,15 @@
 #include <QString>
 
 class QLineEdit;
+class QWidget;
 
 namespace ui {
 
-/// `text` without "|"; line breaks, tabs and other control characters become blanks.
+/// `text` with "/" for "|"; line breaks, tabs and other control characters become blanks.
 QString FitForFields(QString text);
+
+/// Says below a field, without asking for anything, what became of a "|" there.
+void TellOfReplacedBar(QWidget& field);
 
 /// Keeps a field to such text, however it comes in.
 void KeepFitForFields(QLineEdit* field);

@@ -73,6 +73,7 @@ void CommentBox::keyPressEvent(QKeyEvent* event) {
   const QString typed = event->text();
   if (breaksLine || (IsText(typed) && Fitting(typed) != typed)) {
     event->accept();
+    if (!breaksLine) Insert(typed);
     return;
   }
   QPlainTextEdit::keyPressEvent(event);
@@ -83,11 +84,16 @@ void CommentBox::inputMethodEvent(QInputMethodEvent* event) {
   fitting.setCommitString(Fitting(event->commitString()), event->replacementStart(),
                           event->replacementLength());
   QPlainTextEdit::inputMethodEvent(&fitting);
+  if (event->commitString().contains(u'|')) TellOfReplacedBar(*this);
   event->setAccepted(fitting.isAccepted());
 }
 
-void CommentBox::insertFromMimeData(const QMimeData* source) {
-  textCursor().insertText(Fitting(source->text()));
+void CommentBox::insertFromMimeData(const QMimeData* source) { Insert(source->text()); }
+
+void CommentBox::Insert(const QString& text) {
+  const QString fitting = Fitting(text);
+  textCursor().insertText(fitting);
+  if (text.contains(u'|') && !fitting.isEmpty()) TellOfReplacedBar(*this);
 }
 
 void CommentBox::focusOutEvent(QFocusEvent* event) {

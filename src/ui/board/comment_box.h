@@ -31,6 +31,7 @@ class CommentBox : public QPlainTextEdit {
 
  private:
   QString Fitting(const QString& text) const;
+  void Insert(const QString& text);
   void WarnOfLink();
 
   bool hasLink_ = false;

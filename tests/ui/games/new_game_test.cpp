@@ -51,7 +51,7 @@ TEST_F(NewGameTest, OkWantsATitleAndAnAddress) {
   EXPECT_FALSE(CanGoOn());
   Type("Game_opponents_name", "Eva");
   Type("Game_opponents_email", "any|thing");
-  EXPECT_EQ(Opponent(), "Eva, anything");
+  EXPECT_EQ(Opponent(), "Eva, any/thing");
   EXPECT_TRUE(CanGoOn());
   EXPECT_FALSE(Timer1().isActive()) << "without a mail service nobody is looked for";
   Type("Game_name", "");

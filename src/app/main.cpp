@@ -11,6 +11,7 @@
 #include "desktop/folders.h"
 #include "platform/process_state.h"
 #include "post/passwords.h"
+#include "widgets/contrast.h"
 
 namespace {
 
@@ -34,6 +35,7 @@ int main(int argc, char** argv) {
   app::ScaleWindows(desktop::ProgramFolder(), argc, argv);
   QApplication application(argc, argv);
   app::KeepScaleToOneself();
+  ui::KeepPlaceholdersLegible();
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 

@@ -9,6 +9,7 @@
 #include <QTableView>
 
 #include "skin/skin_style.h"
+#include "widgets/contrast.h"
 
 namespace ui {
 
@@ -50,7 +51,7 @@ QPalette PaletteOf(const QColor& back, const QColor& fore, const QColor& backSel
     palette.setColor(role, fore);
     palette.setColor(QPalette::Disabled, role, Between(fore, back));
   }
-  palette.setColor(QPalette::PlaceholderText, Between(fore, Between(fore, back)));
+  palette.setColor(QPalette::PlaceholderText, LegiblyFaint(fore, back));
   palette.setColor(QPalette::Highlight, backSelected);
   palette.setColor(QPalette::HighlightedText, foreSelected);
   return palette;

@@ -85,7 +85,11 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
       {"-"},
       {"Play selected", [&list] { list.PlayCurrentGame(); }, list.HasGames(), {}, {}, whyNoGame},
       {"Delete selected", [&list] { list.DeleteGame(); }, list.HasGames(), {}, {}, whyNoGame},
-      {"Undo delete", [&list] { list.UndoDelete(); }, !Process().DeletedGames.empty(), {}, {},
+      {"Undo delete",
+       [&list] { list.UndoDelete(); },
+       !Process().DeletedGames.empty(),
+       {},
+       {},
        "No game has been deleted since the program began."}};
 }
 

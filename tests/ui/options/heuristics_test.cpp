@@ -10,6 +10,7 @@
 #include "ui/options/motivation_slider.h"
 #include "ui/options/saved_ai_page.h"
 #include "ui/ui_fixture.h"
+#include "widgets/contrast.h"
 
 namespace ui {
 namespace {
@@ -277,6 +278,14 @@ TEST(LegibleBlueTest, ItIsBlueAndFarFromEveryGround) {
     EXPECT_GT(blue.blue(), blue.red() + 50) << ground;
     EXPECT_GT(std::abs(qGray(blue.rgb()) - qGray(QColor(QString::fromUtf8(ground)).rgb())), 70)
         << ground;
+  }
+}
+
+TEST(LegiblyFaintTest, AHintIsFainterThanTheTextAndLegible) {
+  for (const auto& [text, ground] : {std::pair("#000000", "#ffffff"), {"#ffffff", "#202326"}}) {
+    const QColor faint = LegiblyFaint(QColor(QString::fromUtf8(text)), QString::fromUtf8(ground));
+    EXPECT_NE(faint, QColor(QString::fromUtf8(text))) << ground;
+    EXPECT_GE(Contrast(faint, QString::fromUtf8(ground)), legibleContrast) << ground;
   }
 }
 

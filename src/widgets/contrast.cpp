@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "widgets/contrast.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPalette>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ui {
+namespace {
+
+/// The light that a channel of a screen gives off.
+double Light(double channel) {
+  return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double Luminance(const QColor& colour) {
+  return 0.2126 * Light(colour.redF()) + 0.7152 * Light(colour.greenF()) +
+         0.0722 * Light(colour.blueF());
+}
+
+QColor Mixed(const QColor& one, const QColor& other, float share) {
+  const auto mix = [share](float a, float b) { return a * share + b * (1 - share); };
+  return QColor::fromRgbF(mix(one.redF(), other.redF()), mix(one.greenF(), other.greenF()),
+                          mix(one.blueF(), other.blueF()));
+}
+
+/// Sets that one colour, so that all others go on following the desktop.
+void MendPlaceholders() {
+  const QPalette now = QApplication::palette();
+  const QColor faint = LegiblyFaint(now.color(QPalette::Text), now.color(QPalette::Base));
+  if (now.color(QPalette::PlaceholderText) == faint) return;
+  QPalette own;
+  own.setColor(QPalette::PlaceholderText, faint);
+  QApplication::setPalette(own);
+}
+
+class PaletteWatch : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == parent() && event->type() == QEvent::ApplicationPaletteChange) {
+      MendPlaceholders();
+    }
+    return QObject::eventFilter(watched, event);
+  }
+};
+
+}  // namespace
+
+double Contrast(const QColor& one, const QColor& other) {
+  const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
+  return (light + 0.05) / (dark + 0.05);
+}
+
+QColor LegiblyFaint(const QColor& text, const QColor& ground) {
+  constexpr float half = 0.5F, step = 0.05F;
+  for (float share = half; share < 1; share += step) {
+    const QColor mixed = Mixed(text, ground, share);
+    if (Contrast(mixed, ground) >= legibleContrast) return mixed;
+  }
+  return text;
+}
+
+void KeepPlaceholdersLegible() {
+  MendPlaceholders();
+  qApp->installEventFilter(new PaletteWatch(qApp));
+}
+
+}  // namespace ui

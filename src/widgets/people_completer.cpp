@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/people_completer.h"
 
+#include <QAbstractItemView>
 #include <QLineEdit>
 #include <QStandardItemModel>
 
+#include <algorithm>
 #include <exception>
 
 #include "platform/seams.h"
@@ -15,6 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int widestLine = 480;
+constexpr int lineMargin = 24;
 constexpr int nameRole = Qt::UserRole;
 constexpr int addressRole = Qt::UserRole + 1;
 
@@ -39,6 +43,8 @@ PeopleCompleter::PeopleCompleter(const std::vector<platform::Recipient>& people,
   setCaseSensitivity(Qt::CaseInsensitive);
   setFilterMode(Qt::MatchContains);
   field->setCompleter(this);
+  // Whole lines, where the field is narrower.
+  popup()->setMinimumWidth(std::min(widestLine, popup()->sizeHintForColumn(0) + lineMargin));
   connect(this, qOverload<const QModelIndex&>(&QCompleter::activated), this,
           [this](const QModelIndex& person) {
             Q_EMIT Taken(person.data(nameRole).toString(), person.data(addressRole).toString());

@@ -22,23 +22,9 @@
 namespace ui::layouts {
 
 inline constexpr Layout allWindows[] = {
-    statusWindow,
-    notifyForm,
-    selectSound,
-    chooseOpponent,
-    exchangePawn,
-    credits,
-    newGameInfo,
-    optionsPage,
-    board,
-    setupWarning,
-    selectPrinter,
-    aboutBox,
-    msgForm,
-    gameInterface,
-    heldMailForm,
-    heldMailNote,
-    dialog,
+    statusWindow, notifyForm,    selectSound,  chooseOpponent, exchangePawn,  credits,
+    newGameInfo,  optionsPage,   board,        setupWarning,   selectPrinter, aboutBox,
+    msgForm,      gameInterface, heldMailForm, heldMailNote,   dialog,
 };
 
 }  // namespace ui::layouts

@@ -8,7 +8,6 @@ namespace ui {
 
 namespace {
 
-
 /// What both of the board's first menus begin with.
 std::vector<MenuRow> ViewRows(const board::Game& board, const BoardActions& actions) {
   const board::BoardControls controls = board::Controls(board);

@@ -5,6 +5,7 @@
 #include <QPagedPaintDevice>
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 #include "platform/harmless_text.h"
@@ -115,7 +116,8 @@ double PaintedPages::FittingSize(const PrintedLine& line) {
   const PrinterFont& font = line.back().font;
   if (room >= 0) return font.FontSize;
   const double width = WidthOf(line.back());
-  return font.FontSize * std::max(0.0, room + width) / width;
+  const double size = font.FontSize * std::max(0.0, room + width) / width;
+  return std::floor(size * pixelsPerPoint_) / pixelsPerPoint_;  // letters are whole pixels high
 }
 
 double PaintedPages::HeightOf(const PrintedLine& line) const {

@@ -39,7 +39,7 @@ class WindowProgram:
         # A life is the samples of one process: (seconds since its start, memory, handles).
         self.lives = []
         for part in program_folder.iterdir():
-            if part.name not in ("Data", "tarvolenix"):
+            if part.name not in ("AI Files", "Data", "tarvolenix"):
                 (player.folder / part.name).symlink_to(part)
         self.runtime = player.folder / "runtime"
         self.runtime.mkdir(mode=0o700)

@@ -144,9 +144,17 @@ bool DesktopPrinters::Preview(const platform::Document& document, QWidget& owner
   if (auto* bar = dialog.findChild<QToolBar*>()) {
     bar->addAction(u"Close"_s, &dialog, &QDialog::reject);
   }
+  bool isDone = true;  // what was painted last
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                   [&document](QPrinter* printer) { Paint(document, *printer); });
-  return TakeDialogLook(dialog) && dialog.exec() == QDialog::Accepted;
+                   [&document, &isDone](QPrinter* printer) { isDone = Paint(document, *printer); });
+  if (!TakeDialogLook(dialog) || dialog.exec() != QDialog::Accepted) return false;
+  if (!isDone) {
+    platform::ShowMessage(platform::ErrorIcon, "Printing error",
+                          "The board could not be printed from the preview.  Please check the "
+                          "printer before trying again.",
+                          "OK");
+  }
+  return isDone;
 }
 
 }  // namespace ui

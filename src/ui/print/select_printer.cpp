@@ -166,6 +166,7 @@ void SelectPrinter::FixNumbers() {
 /// A name that is cut shows as a whole where it is pointed at.
 void SelectPrinter::ShowCurrentPrinter() {
   printerName_ = printers_.CurrentName();
+  CurrentPrinter_->setToolTip({});  // the last one's
   ShowLine(*CurrentPrinter_, ShownLine(printerName_),
            IsSimpleUI() ? plainWidth / 2 : CurrentPrinter_->width());
   if (CurrentPrinter_->toolTip().isEmpty() && platform::Settings().ShowToolTips) {

@@ -95,7 +95,7 @@ LoginFailure LoginFailureIn(const std::string& host, int code, std::string_view 
 
 void RaiseLoginFailure(const std::string& host, int code, std::string_view reply) {
   const auto [reason, sentence] = LoginFailureIn(host, code, reply);
-  if (reason == Reason::OnlyNow) throw platform::MailError(sentence);
+  if (reason == Reason::OnlyNow) throw ConnectionLost(sentence);
   throw LoginRefused(sentence);
 }
 

@@ -19,7 +19,7 @@ struct LoginFailure {
 /// server all behind the tag, of an SMTP server what stands behind the code.
 LoginFailure LoginFailureIn(const std::string& host, int code, std::string_view reply);
 
-/// Raises LoginRefused; MailError where the server may let the same user in another time.
+/// Raises LoginRefused; ConnectionLost where the server may let the same user in another time.
 [[noreturn]] void RaiseLoginFailure(const std::string& host, int code, std::string_view reply);
 
 /// What the server says, in a sentence of readable length without what is meant for programs; blank

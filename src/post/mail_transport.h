@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The way to one mail store and out of it, as the mail service needs it. A transport lives on the
-// service's own thread and may take its time there. Every failure raises an exception. Where a
-// connection has been lost, the next operation makes it anew or raises.
+// service's own thread and may take its time there. Every failure raises an exception; those of
+// mail_failures.h say more than others. Where a connection has been lost, the next operation makes
+// it anew or raises.
 #pragma once
 
 #include <memory>
@@ -44,8 +45,13 @@ class MailTransport {
   /// Carries out what was put off. What fails is given up.
   virtual void Flush() {}
 
-  /// Returns when the next hop has accepted the mail for all recipients.
+  /// Returns when the next hop has accepted the mail for all recipients. Needs no Open. What is
+  /// used for it stays open for the next mail until Close.
   virtual void Send(const letters::OutgoingMail& mail) = 0;
+
+  /// Puts copies of what was sent into the store, where that doesn't keep them by itself. A copy
+  /// that can't be kept is no failure: the mail is on its way.
+  virtual void KeepCopies() {}
 
   virtual void Close() = 0;
 

@@ -7,6 +7,7 @@
 
 #include "letters/mail_text.h"
 #include "platform/mail_client.h"
+#include "post/mail_failures.h"
 
 namespace post {
 namespace {
@@ -32,12 +33,11 @@ std::string LocalAddress(std::string_view address) {
   return trimmed.find('@') == std::string::npos ? trimmed + "@localhost" : trimmed;
 }
 
-std::string BoxName(std::string_view address) {
+std::string FileNameOf(std::string_view text) {
   constexpr std::string_view plain = "abcdefghijklmnopqrstuvwxyz0123456789@.+_-";
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string name;
-  for (char c : LocalAddress(address)) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  for (const char c : text) {
     const bool hiding = c == '.' && name.empty();
     if (plain.find(c) != std::string_view::npos && !hiding) {
       name += c;
@@ -47,6 +47,20 @@ std::string BoxName(std::string_view address) {
     }
   }
   return name;
+}
+
+std::string BoxName(std::string_view address) {
+  std::string local = LocalAddress(address);
+  for (char& c : local) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return FileNameOf(local);
+}
+
+letters::OutgoingMail LocalMail(letters::OutgoingMail mail) {
+  mail.from = LocalMailbox(mail.from);
+  for (letters::Mailbox& recipient : mail.to) recipient = LocalMailbox(recipient);
+  return mail;
 }
 
 PostOffice::PostOffice(const MailAccount& account)
@@ -59,14 +73,17 @@ void PostOffice::Open() {
 }
 
 void PostOffice::Send(const letters::OutgoingMail& mail) {
-  letters::OutgoingMail local = mail;
-  local.from = LocalMailbox(mail.from);
-  for (letters::Mailbox& recipient : local.to) recipient = LocalMailbox(recipient);
+  const letters::OutgoingMail local = LocalMail(mail);
   const std::string bytes = letters::ComposeMail(local);
-  for (const letters::Mailbox& recipient : local.to) {
-    const Maildir box(folder_ + BoxName(recipient.address) + '/');
-    box.Create();
-    box.Deliver(bytes);
+  try {
+    MakePostFolder(folder_);
+    for (const letters::Mailbox& recipient : local.to) {
+      const Maildir box(folder_ + BoxName(recipient.address) + '/');
+      box.Create();
+      box.Deliver(bytes);
+    }
+  } catch (const std::exception& error) {
+    throw MailRefused(error.what());  // here and now, or the user has to know
   }
 }
 

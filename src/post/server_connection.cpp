@@ -5,9 +5,14 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cstdlib>
 #include <mutex>
 #include <string_view>
+#include <utility>
+
+#include "letters/mail_text.h"
+#include "post/login_failure.h"
 
 namespace post {
 namespace {
@@ -52,11 +57,14 @@ std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
 /// Bytes that a server may say until a connection stands, or about one mail.
 constexpr std::size_t greatestTalk = 1u << 20;
 
+/// Bytes of a reply that a user may want to read.
+constexpr std::size_t longestReply = 500;
+
 /// How a server's first line may begin.
 constexpr struct {
   std::string_view protocol, greeting;
-} greetings[] = {
-    {"imap", "* OK"}, {"imap", "* PREAUTH"}, {"imap", "* BYE"}, {"smtp", "220"}, {"smtp", "554"}};
+} greetings[] = {{"imap", "* OK"}, {"imap", "* PREAUTH"}, {"imap", "* BYE"},
+                 {"smtp", "220"},  {"smtp", "421"},       {"smtp", "554"}};
 
 bool IsGreeting(std::string_view protocol, std::string_view line) {
   return std::any_of(std::begin(greetings), std::end(greetings), [&](const auto& known) {
@@ -138,7 +146,7 @@ void ServerConnection::SetUpPatience() {
   Set(Handle(), CURLOPT_SERVER_RESPONSE_TIMEOUT, seconds);
   Set(Handle(), CURLOPT_LOW_SPEED_LIMIT, 1L);
   Set(Handle(), CURLOPT_LOW_SPEED_TIME, seconds);
-  Set(Handle(), CURLOPT_TIMEOUT_MS, static_cast<long>(patience_.Command().count()));
+  Set(Handle(), CURLOPT_TIMEOUT_MS, static_cast<long>(2 * patience_.Command().count()));
   Set(Handle(), CURLOPT_QUICK_EXIT, 1L);  // a name that is still looked up holds nobody back
   Set(Handle(), CURLOPT_TCP_KEEPALIVE, 1L);
 }
@@ -158,15 +166,41 @@ std::size_t ServerConnection::HearLine(char* bytes, std::size_t size, std::size_
                                        void* self) {
   auto& connection = *static_cast<ServerConnection*>(self);
   const std::string_view line(bytes, size * count);
-  const bool isGreeting = connection.heard_ == 0;
+  const bool isGreeting = !std::exchange(connection.isGreeted_, true);
   connection.heard_ += line.size();
   connection.isStranger_ =
       (isGreeting && !IsGreeting(connection.protocol_, line)) || connection.heard_ > greatestTalk;
+  if (connection.protocol_ == "smtp") connection.HearReply(line);
   return connection.isStranger_ ? 0 : line.size();
+}
+
+/// Such as "550-No such user" and "550 here". The answer to the goodbye is of no interest.
+void ServerConnection::HearReply(std::string_view line) {
+  int code = 0;
+  std::from_chars(line.data(), line.data() + std::min<std::size_t>(3, line.size()), code);
+  if (code < 200 || code == 221) return;
+  if (!replyGoesOn_) reply_.clear();
+  replyCode_ = code;
+  replyGoesOn_ = line.size() > 3 && line[3] == '-';
+  const std::string_view text = line.substr(std::min<std::size_t>(4, line.size()));
+  if (reply_.size() > longestReply) return;
+  if (!reply_.empty()) reply_ += ' ';
+  reply_ += text.substr(0, text.find_last_not_of(" \r\n") + 1);
+}
+
+void ServerConnection::AwaitVerdict() {
+  awaitsVerdict_ = true;
+  const auto seconds = std::max(1L, static_cast<long>(patience_.Command().count() / 1000));
+  Set(Handle(), CURLOPT_SERVER_RESPONSE_TIMEOUT, seconds);
+  Set(Handle(), CURLOPT_LOW_SPEED_TIME, seconds);
 }
 
 void ServerConnection::Perform() {
   reason_[0] = '\0';
+  heard_ = 0;
+  replyCode_ = 0;
+  replyGoesOn_ = awaitsVerdict_ = false;
+  SetUpPatience();
   const CURLcode code = WorkUntilDone();
   if (code != CURLE_OK) Raise(code);
 }
@@ -176,6 +210,7 @@ void ServerConnection::Perform() {
 CURLcode ServerConnection::WorkUntilDone() {
   constexpr int slice = 100;  // ms: how soon a hurry is noticed
   CURLM* const connections = connections_.get();
+  curl_multi_remove_handle(connections, Handle());  // of the last time
   curl_multi_add_handle(connections, Handle());
   while (true) {
     int count = 0;
@@ -206,23 +241,45 @@ std::string ServerConnection::CertificateProblem() const {
          ". Somebody may be reading along: don't go on without asking your provider.";
 }
 
+/// Raises what a reply of an SMTP server means that refuses: the mail itself, the user, or that
+/// anybody comes in just now.
+void ServerConnection::RaiseReply(CURLcode code) const {
+  if (isStranger_ || replyCode_ < 400) return;
+  constexpr int closing = 421, wantsLogin = 530, firstOfLogins = 534, lastOfLogins = 538;
+  const bool isOfGreeting = code == CURLE_WEIRD_SERVER_REPLY && !awaitsVerdict_;
+  const bool isOfLogin = code == CURLE_LOGIN_DENIED || replyCode_ == wantsLogin ||
+                         (replyCode_ >= firstOfLogins && replyCode_ <= lastOfLogins);
+  const std::string said = letters::WithoutReserved(reply_);
+  if (replyCode_ == closing || isOfGreeting) {
+    throw ConnectionLost("The server " + Quoted(server_.host) + " is busy just now: " + said);
+  }
+  if (isOfLogin) RaiseLoginFailure(server_.host, replyCode_, reply_);
+  if (code != CURLE_SEND_ERROR && !awaitsVerdict_) return;
+  const std::string sentence = said + " (" + std::to_string(replyCode_) + ")";
+  if (replyCode_ >= 500) throw MailRefused(sentence);
+  throw MailError(sentence);
+}
+
 void ServerConnection::Raise(CURLcode code) const {
+  RaiseReply(code);
   const std::string host = Quoted(server_.host);
   const std::string place = host + " at port " + std::to_string(server_.port);
+  if (awaitsVerdict_)
+    throw PerhapsSent("The server " + place + " didn't say whether it took the mail.");
   switch (isStranger_ ? CURLE_WEIRD_SERVER_REPLY : code) {
     case CURLE_COULDNT_RESOLVE_HOST:
-      throw MailError("There is no server named " + host +
-                      ": check the spelling, and whether this computer is on the network.");
+      throw ConnectionLost("There is no server named " + host +
+                           ": check the spelling, and whether this computer is on the network.");
     case CURLE_COULDNT_CONNECT:
       throw ConnectionLost("Nothing answers as " + place + ": check the port.");
     case CURLE_OPERATION_TIMEDOUT:
     case CURLE_ABORTED_BY_CALLBACK:
       throw ConnectionLost("The server " + place + " doesn't answer in time: check the port.");
     case CURLE_PEER_FAILED_VERIFICATION:
-      throw MailError(CertificateProblem());
-    case CURLE_SSL_CONNECT_ERROR:
-      throw MailError("The server " + place +
-                      " can't be spoken to in TLS: check the port, or try STARTTLS.");
+      throw CertificateRefused(CertificateProblem());
+    case CURLE_SSL_CONNECT_ERROR:  // which is also a connection that is cut while it begins
+      throw ConnectionLost("The server " + place +
+                           " can't be spoken to in TLS: check the port, or try STARTTLS.");
     case CURLE_USE_SSL_FAILED:
       throw MailError("The server " + place + " offers no STARTTLS: check the port, or try TLS.");
     case CURLE_LOGIN_DENIED:

@@ -8,8 +8,9 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
-#include "platform/mail_client.h"
+#include "post/mail_failures.h"
 #include "post/patience.h"
 
 namespace post {
@@ -24,16 +25,6 @@ struct Login {
   std::string userName;
   std::string password;
   std::string token;  ///< stands for the password where it isn't blank
-};
-
-/// The server knows the user not, or not with this password.
-struct LoginRefused : platform::MailError {
-  using MailError::MailError;
-};
-
-/// The connection is gone, or nobody answers on it.
-struct ConnectionLost : platform::MailError {
-  using MailError::MailError;
 };
 
 /// One connection to one server. `patience` must outlive it.
@@ -53,16 +44,21 @@ class ServerConnection {
   /// Has the user logged on as soon as the connection stands. For SMTP only.
   void LogOnAs(const Login& login);
 
-  /// Goes as far as the handle's options say, once. Raises LoginRefused, ConnectionLost or
-  /// MailError.
+  /// Goes as far as the handle's options say, on the connection of the last time where that still
+  /// stands. Raises AccountRefused, ConnectionLost, MailRefused or MailError.
   void Perform();
+
+  /// The whole mail is on its way: for the answer a server may take its time (RFC 5321, 4.5.3.2.6).
+  void AwaitVerdict();
 
  private:
   void SetUpEncryption();
   void SetUpPatience();
   void SetUpListening();
   static std::size_t HearLine(char* bytes, std::size_t size, std::size_t count, void* self);
+  void HearReply(std::string_view line);
   [[noreturn]] void Raise(CURLcode code) const;
+  void RaiseReply(CURLcode code) const;
   std::string CertificateProblem() const;
 
   CURLcode WorkUntilDone();
@@ -77,7 +73,12 @@ class ServerConnection {
   std::string protocol_;
   ServerAddress server_;
   const Patience& patience_;
-  std::size_t heard_ = 0;              // bytes
+  std::size_t heard_ = 0;  // bytes, about what is performed
+  bool isGreeted_ = false;
+  bool awaitsVerdict_ = false;
+  int replyCode_ = 0;  // of the last reply of an SMTP server
+  std::string reply_;  // what it says
+  bool replyGoesOn_ = false;
   bool isStranger_ = false;            // what answers is no such server
   char reason_[CURL_ERROR_SIZE] = "";  // where the library explains a failure
   std::unique_ptr<CURL, Cleanup> curl_;

@@ -13,7 +13,6 @@
 #include "letters/message_ids.h"
 #include "platform/move_subject.h"
 #include "post/server_folders.h"
-#include "post/smtp.h"
 #include "post/token_command.h"
 
 namespace post {
@@ -259,17 +258,35 @@ void ServerMail::AddSpam(std::vector<letters::FetchedMail>& list) {
   }
 }
 
+SmtpClient& ServerMail::Outgoing() {
+  if (!smtp_) {
+    smtp_ = std::make_unique<SmtpClient>(
+        ServerAddress{account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(),
+        patience_);
+  }
+  return *smtp_;
+}
+
 void ServerMail::Send(const letters::OutgoingMail& given) {
   letters::OutgoingMail mail = given;
   if (mail.messageID.empty()) mail.messageID = letters::NewMessageID(mail);
-  const std::string bytes = letters::ComposeMail(mail, letters::Lines::SevenBit);
+  std::string bytes = letters::ComposeMail(mail, letters::Lines::SevenBit);
   std::vector<std::string> recipients;
   for (const letters::Mailbox& recipient : mail.to)
     recipients.push_back(letters::EnvelopeAddress(recipient.address));
-  SendBySmtp({account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(), patience_,
-             letters::EnvelopeAddress(mail.from.address), recipients, bytes);
+  const std::string from = letters::EnvelopeAddress(mail.from.address);
   try {
-    KeepCopy(bytes, mail.messageID);
+    Outgoing().Send(from, recipients, bytes);
+  } catch (...) {
+    smtp_.reset();
+    throw;
+  }
+  sent_.push_back({std::move(bytes), mail.messageID});
+}
+
+void ServerMail::KeepCopies() {
+  try {
+    for (const auto& [bytes, messageID] : std::exchange(sent_, {})) KeepCopy(bytes, messageID);
   } catch (const std::exception&) {
     imap_.reset();  // whatever it was, the next operation begins afresh
   }
@@ -290,6 +307,7 @@ void ServerMail::KeepCopy(const std::string& bytes, const std::string& messageID
 }
 
 void ServerMail::Close() {
+  smtp_.reset();
   if (imap_) imap_->Logout();
   imap_.reset();
 }

@@ -13,6 +13,7 @@
 #include "post/imap_client.h"
 #include "post/mail_transport.h"
 #include "post/patience.h"
+#include "post/smtp.h"
 
 namespace post {
 
@@ -33,9 +34,8 @@ class ServerMail : public MailTransport {
   void Remove(const std::string& id) override { removed_.push_back(id); }
   void Flush() override;
 
-  /// A copy that can't be kept is no failure: the mail is on its way.
   void Send(const letters::OutgoingMail& mail) override;
-
+  void KeepCopies() override;
   void Close() override;
   void Hurry() override { patience_.Hurry(); }
 
@@ -56,12 +56,18 @@ class ServerMail : public MailTransport {
   void Within(const std::string& folder, const Work& work);
   void AddSpam(std::vector<letters::FetchedMail>& list);
   void KeepCopy(const std::string& bytes, const std::string& messageID);
+  SmtpClient& Outgoing();
 
   MailAccount account_;
   std::string password_;
   Patience patience_;
   std::size_t lookSize_;
   std::unique_ptr<ImapClient> imap_;  // null while not connected
+  std::unique_ptr<SmtpClient> smtp_;  // likewise
+  struct Sent {
+    std::string bytes, messageID;
+  };
+  std::vector<Sent> sent_;            // and without a copy yet
   Uid validity_ = 0;                  // of the Inbox that is open
   bool sawSpam_ = false;              // the folder of spam has been looked at
   Uid brought_ = 0;                   // the last mail of a look that left some out; else 0

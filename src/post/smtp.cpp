@@ -9,12 +9,19 @@
 namespace post {
 namespace {
 
+/// A mail that the library reads bit by bit.
+struct Reading {
+  std::string_view rest;
+  ServerConnection& connection;
+};
+
 /// Called by the library for the next bytes of the mail.
-std::size_t NextBytes(char* buffer, std::size_t size, std::size_t count, void* rest) {
-  auto& bytes = *static_cast<std::string_view*>(rest);
-  const std::size_t taken = std::min(size * count, bytes.size());
-  std::memcpy(buffer, bytes.data(), taken);
-  bytes.remove_prefix(taken);
+std::size_t NextBytes(char* buffer, std::size_t size, std::size_t count, void* reading) {
+  auto& [rest, connection] = *static_cast<Reading*>(reading);
+  const std::size_t taken = std::min(size * count, rest.size());
+  std::memcpy(buffer, rest.data(), taken);
+  rest.remove_prefix(taken);
+  if (rest.empty()) connection.AwaitVerdict();
   return taken;
 }
 
@@ -28,26 +35,28 @@ void HideHostName(CURL* curl) {
 
 }  // namespace
 
-void SendBySmtp(const ServerAddress& server, const Login& login, const Patience& patience,
-                const std::string& from, const std::vector<std::string>& recipients,
-                const std::string& bytes) {
-  ServerConnection connection("smtp", server, patience);
-  connection.LogOnAs(login);
-  CURL* const curl = connection.Handle();
-  HideHostName(curl);
+SmtpClient::SmtpClient(const ServerAddress& server, const Login& login, const Patience& patience)
+    : connection_("smtp", server, patience) {
+  connection_.LogOnAs(login);
+  HideHostName(connection_.Handle());
+}
+
+void SmtpClient::Send(const std::string& from, const std::vector<std::string>& recipients,
+                      const std::string& bytes) {
+  CURL* const curl = connection_.Handle();
   curl_slist* list = nullptr;
   for (const std::string& recipient : recipients) {
     list = curl_slist_append(list, ("<" + recipient + ">").c_str());
   }
   const std::unique_ptr<curl_slist, void (*)(curl_slist*)> owned(list, curl_slist_free_all);
-  std::string_view rest = bytes;
+  Reading reading{bytes, connection_};
   curl_easy_setopt(curl, CURLOPT_MAIL_FROM, ("<" + from + ">").c_str());
   curl_easy_setopt(curl, CURLOPT_MAIL_RCPT, list);
   curl_easy_setopt(curl, CURLOPT_UPLOAD, 1L);
   curl_easy_setopt(curl, CURLOPT_READFUNCTION, NextBytes);
-  curl_easy_setopt(curl, CURLOPT_READDATA, &rest);
+  curl_easy_setopt(curl, CURLOPT_READDATA, &reading);
   curl_easy_setopt(curl, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(bytes.size()));
-  connection.Perform();
+  connection_.Perform();
 }
 
 void TrySmtp(const ServerAddress& server, const Login& login, const Patience& patience) {

@@ -12,6 +12,7 @@
 #include "platform/mail_client.h"
 #include "platform/text_fields.h"
 #include "post/child_process.h"
+#include "post/mail_failures.h"
 
 namespace post {
 namespace {
@@ -72,10 +73,13 @@ void SystemMail::Send(const letters::OutgoingMail& mail) {
       platform::ReplaceAll(letters::ComposeMail(mail, letters::Lines::SevenBit), "\r\n", "\n");
   const ChildEnd end = RunProgram(sendmail_, arguments, bytes, patience_);
   if (end.exitCode == 0) return;
-  const std::string reason = LastLine(end.output + end.errors);
-  throw MailError(!reason.empty() ? reason
-                                  : sendmail_ + " didn't take the mail (exit code " +
-                                        std::to_string(end.exitCode) + ").");
+  constexpr int tryLater = 75;  // EX_TEMPFAIL
+  std::string reason = LastLine(end.output + end.errors);
+  if (reason.empty()) {
+    reason = sendmail_ + " didn't take the mail (exit code " + std::to_string(end.exitCode) + ").";
+  }
+  if (end.exitCode == tryLater) throw MailError(reason);
+  throw MailRefused(reason);
 }
 
 }  // namespace post

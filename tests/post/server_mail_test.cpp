@@ -79,7 +79,10 @@ struct RudeWorld {
     return account;
   }
 
-  void Send() { mail_.Send(mailToBob); }
+  void Send() {
+    mail_.Send(mailToBob);
+    mail_.KeepCopies();
+  }
 
   RudeServer imap_{imapAnswers};
   RudeServer smtp_{smtpAnswers};
@@ -314,7 +317,57 @@ TEST(RudeServersTest, WhatGoesWrongInSendingIsToldAndNothingGoesTwice) {
     EXPECT_LE(world.smtp_.Count("MAIL FROM"), before + 1);
     world.smtp_.Answer(command, "");
     EXPECT_NO_THROW(world.Send());
+    world.mail_.Close();
   });
+}
+
+TEST_F(ServerMailTest, WhatTheServerRepliesDecidesWhetherTheMailIsTriedAgain) {
+  const struct {
+    std::string command, answer, kind, said;
+  } rows[] = {
+      {"RCPT TO", "550-5.1.1 No\n550 such user\n", "refused", "5.1.1 No such user (550)"},
+      {"DATA", "554 no\n", "refused", "no (554)"},
+      {endOfMail, "552 too big\n", "refused", "too big (552)"},
+      {"RCPT TO", "450 greylisted\n", "later", "greylisted (450)"},
+      {endOfMail, "451 not now\n", "later", "not now (451)"},
+      {"", "554 go away\n", "lost", "go away"},
+      {"", "421 too many\n", "lost", "too many"},
+      {"MAIL FROM", "421 closing\n" + hangUp, "lost", "closing"},
+      {"RCPT TO", hangUp, "lost", ""},
+      {endOfMail, hangUp, "perhaps", ""},
+      {endOfMail, "421 closing\n" + hangUp, "lost", "closing"},
+      {"AUTH PLAIN", "454 later\n", "lost", "later"},
+      {"AUTH PLAIN", "535 no\n", "login", ""},
+      {"MAIL FROM", "530 log in\n", "login", "log in"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.command + ": " + row.answer);
+    smtp_.Answer(row.command, row.answer);
+    std::string kind, said;
+    const auto heard = [&](const char* what, const std::exception& error) {
+      kind = what;
+      said = error.what();
+    };
+    try {
+      mail_.Send(mailToBob);
+    } catch (const post::MailRefused& error) {
+      heard("refused", error);
+    } catch (const post::LoginRefused& error) {
+      heard("login", error);
+    } catch (const post::PerhapsSent& error) {
+      heard("perhaps", error);
+    } catch (const post::ConnectionLost& error) {
+      heard("lost", error);
+    } catch (const MailError& error) {
+      heard("later", error);
+    }
+    EXPECT_EQ(kind, row.kind);
+    EXPECT_NE(said.find(row.said), std::string::npos) << said;
+    smtp_.Answer(row.command, "");
+  }
+  const int logons = smtp_.Count("EHLO");
+  for (int time = 0; time < 3; ++time) mail_.Send(mailToBob);
+  EXPECT_EQ(smtp_.Count("EHLO"), logons + 1) << "one connection serves them all";
 }
 
 TEST_F(ServerMailTest, NoPasswordTravelsUnencryptedUnasked) {

@@ -6,10 +6,11 @@
 // Contract of every service. Read and unread are the mail store's own marks. Fetching, and reading
 // a subject or a sender, changes nothing; reading MsgNoteText marks that one message as read, but
 // not before the next Flush, so that a mail that was taken stays unread until its game is safe.
-// Delete is final. Send returns only when the next hop has accepted the mail. Every failure raises
-// MailError. A service may leave mails out of the set that are neither move mails by their
-// subject (IsMoveSubject) nor reports on our own. Display names, addresses and subjects come
-// without control characters and without "|".
+// Delete is final. Send returns when the mail lies safely in the service's outbox; what becomes of
+// it from there on, MailState tells. A session goes on while nothing answers: a set is empty then.
+// Every failure that only the user can mend raises MailError. A service may leave mails out of the
+// set that are neither move mails by their subject (IsMoveSubject) nor reports on our own. Display
+// names, addresses and subjects come without control characters and without "|".
 #pragma once
 
 #include <functional>
@@ -39,13 +40,13 @@ class MAPISession {
  public:
   virtual ~MAPISession() = default;
 
-  /// Starts or joins a session; may ask the user for his account. Raises where there is none to be
-  /// had.
+  /// Starts or joins a session; may ask the user for his account. Needs no network. Raises where
+  /// there is no account, or it is refused.
   virtual void SignOn() = 0;
   virtual long SessionID() = 0;  ///< above 0 while signed on
   virtual void SignOff() = 0;
 
-  /// Why the last logon, look, flush or delivery failed, or which mail a look had to leave out, as
+  /// Why the last logon, look, flush or sending failed, or which mail a look had to leave out, as
   /// a sentence for the user; blank where all went well.
   virtual std::string LastProblem() = 0;
 };
@@ -121,7 +122,7 @@ class MAPIMessages {
   /// The same without waiting. What fails then is given up and nobody hears of it.
   virtual void FlushLater() = 0;
 
-  /// Sends the outgoing buffer without showing anything.
+  /// Gives the outgoing buffer to the outbox, without showing anything.
   virtual void Send() = 0;
 
   /// Whether mail from this address comes from the user himself.

@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/help.h"
 #include "platform/mail_client.h"
+#include "platform/mail_state.h"
 #include "platform/message_boxes.h"
 #include "platform/printing.h"
 #include "platform/screen.h"
@@ -29,6 +30,7 @@ inline Windows noWindows;
 struct Seams {
   MAPISession* MSess = nullptr;
   MAPIMessages* MMess = nullptr;
+  MailState* mailState = &noMailState;
   AddressBook* addressBook = nullptr;
   SettingsStore* settings = nullptr;
   MessageBoxes* messageBoxes = nullptr;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "post/imap_client.h"
 
-#include <QByteArray>
-
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -74,28 +72,6 @@ void AddNumbers(std::string_view line, std::vector<Uid>& numbers) {
   }
 }
 
-std::string Encoded(const std::string& bytes) {
-  return QByteArray::fromStdString(bytes).toBase64().toStdString();
-}
-
-std::string TokenCredentials(const Login& login) {
-  return "user=" + login.userName + "\1auth=Bearer " + login.token + "\1\1";
-}
-
-std::string PlainCredentials(const Login& login) {
-  return std::string(1, '\0') + login.userName + std::string(1, '\0') + login.password;
-}
-
-/// What the server says; nothing where it says the password aloud.
-std::string WithoutSecrets(const std::string& said, const Login& login) {
-  for (const std::string& secret :
-       {login.password, login.token, Quoted(login.password), Encoded(login.password),
-        Encoded(PlainCredentials(login)), Encoded(TokenCredentials(login))}) {
-    if (!secret.empty() && said.find(secret) != std::string::npos) return {};
-  }
-  return said;
-}
-
 std::string LastPart(const std::string& name, const std::string& separator) {
   const auto at = separator.empty() ? std::string::npos : name.rfind(separator);
   return at == std::string::npos ? name : name.substr(at + separator.size());
@@ -152,7 +128,7 @@ void ImapClient::LogOn(const Login& login) {
 
 void ImapClient::Authenticate(const std::string& mechanism, const std::string& credentials) {
   const std::string tag = NextTag();
-  const std::string answer = Encoded(credentials);
+  const std::string answer = InBase64(credentials);
   const bool atOnce = Can("SASL-IR");
   link_.BeginCommand(greatestAnswer);
   link_.Send(tag + " AUTHENTICATE " + mechanism + (atOnce ? ' ' + answer : "") + "\r\n");

@@ -6,9 +6,13 @@
 #include <utility>
 
 #include "letters/mail_text.h"
+#include "letters/message_ids.h"
 #include "platform/mail_address.h"
+#include "platform/seams.h"
 #include "platform/settings_store.h"
 #include "post/account_check.h"
+#include "post/mail_failures.h"
+#include "post/post_office.h"
 
 namespace post {
 namespace {
@@ -66,7 +70,10 @@ MailService::MailService(platform::Events& events, Passwords& passwords, AskAcco
       ask_(std::move(ask)),
       make_(std::move(make)),
       audience_(std::make_shared<bool>()),
-      thread_(events) {}
+      thread_(events),
+      delivery_(events, [this] {
+        if (changed_) changed_();
+      }) {}
 
 /// Runs `work`; whatever it raises is kept for whoever asks, and becomes the one exception that
 /// callers know.
@@ -126,26 +133,56 @@ void MailService::SignOn() {
   Telling([this] {
     const AccountAnswer answer = Account();
     account_ = answer.account;
+    delivery_.Begin(answer, make_);
     Open(answer);
     session_ = ++lastSession_;
   });
 }
 
-/// The transport is made and, where it can't be opened, destroyed on its own thread. It is known
-/// here ahead of that, so that it can be hurried.
+/// The transport is made and, where it is refused, destroyed on its own thread. It is known here
+/// ahead of that, so that it can be hurried.
 void MailService::Open(const AccountAnswer& answer) {
   const auto made = std::make_shared<std::shared_ptr<MailTransport>>();
   thread_.Run([made, make = make_, answer] {
     *made = make(answer.account, answer.password.value_or(std::string{}));
   });
   opening_ = std::move(*made);
+  cantOpen_ = nullptr;
   try {
     thread_.Run([transport = opening_] { transport->Open(); });
-  } catch (...) {
+    Found(platform::MailLink::Connected, {});
+  } catch (const ConnectionLost& error) {
+    cantOpen_ = std::current_exception();
+    Found(platform::MailLink::Waiting, InPlainWords(error, account_));
+  } catch (const std::exception& error) {
     thread_.Post([transport = std::exchange(opening_, nullptr)] {});
+    Found(platform::MailLink::Refused, InPlainWords(error, account_));
     throw;
   }
   transport_ = std::move(opening_);
+}
+
+/// What a look or a logon says of the connection.
+void MailService::Found(platform::MailLink link, const std::string& reason) {
+  const std::int64_t now = platform::TheSeams().clock->Seconds();
+  const bool isNew = link != connection_.link;
+  if (isNew) connection_.since = now;
+  connection_.link = link;
+  connection_.reason = reason;
+  if (link == platform::MailLink::Waiting) connection_.triedAt = now;
+  if (isNew && changed_) changed_();
+}
+
+/// The looks and the mails that go out may find different things: the worse one counts.
+platform::MailConnection MailService::Connection() {
+  platform::MailConnection connection = connection_;
+  connection.nextTry = delivery_.NextTry();
+  const Delivery::Way way = delivery_.TheWay();
+  if (session_ == 0 || way.link <= connection.link) return connection;
+  connection.link = way.link;
+  connection.since = way.since;
+  connection.reason = way.reason;
+  return connection;
 }
 
 void MailService::SignOff() {
@@ -153,6 +190,7 @@ void MailService::SignOff() {
   HandOverMarks();
   EndSession();
   try {
+    delivery_.Finish();
     thread_.Flush();
   } catch (const std::exception&) {
     // the session ends in any case
@@ -162,11 +200,13 @@ void MailService::SignOff() {
 /// What is queued, and the goodbye, are the mail thread's business from here on.
 void MailService::EndSession() {
   session_ = 0;
+  Found(platform::MailLink::None, {});
   audience_ = std::make_shared<bool>();
   prefetched_.reset();
   set_.clear();
   moreToCome_ = goesOn_ = false;
   marks_.clear();  // who hasn't said that his games are safe takes the mails again
+  delivery_.End();
   transport_->Hurry();
   thread_.Post([transport = std::exchange(transport_, nullptr)] {
     try {
@@ -191,6 +231,12 @@ std::shared_ptr<MailService::Listing> MailService::List() {
   listing->changes = changes_;
   if (!transport_) {
     listing->failure = std::make_exception_ptr(MailError("not signed on"));
+    listing->done = true;
+    return listing;
+  }
+  delivery_.LookAround();
+  if (cantOpen_) {
+    listing->failure = std::exchange(cantOpen_, nullptr);
     listing->done = true;
     return listing;
   }
@@ -240,15 +286,26 @@ void MailService::Fetch() {
   auto listing = std::exchange(prefetched_, nullptr);
   if (!IsCurrent(listing)) listing = List();
   events_.RunUntil([&listing] { return listing->done.load(); });
-  const auto failure = std::exchange(listing->failure, nullptr);
-  if (failure && session_ != 0) EndSession();
-  Telling([&failure] {
-    if (failure) std::rethrow_exception(failure);
-  });
+  if (const auto failure = std::exchange(listing->failure, nullptr)) return FailedLook(failure);
+  Found(platform::MailLink::Connected, {});
+  if (delivery_.TheWay().link == platform::MailLink::Waiting) delivery_.DeliverNow();
   problem_ = std::move(listing->problem);
   set_ = std::move(listing->mails);
   moreToCome_ = listing->moreToCome;
   goesOn_ = moreToCome_ && !prefetched_;
+}
+
+void MailService::FailedLook(const std::exception_ptr& failure) {
+  if (session_ == 0) return Telling([&failure] { std::rethrow_exception(failure); });
+  try {
+    Telling([&failure] { std::rethrow_exception(failure); });
+  } catch (const AccountRefused&) {
+    EndSession();
+    Found(platform::MailLink::Refused, problem_);
+    throw;
+  } catch (const MailError&) {
+    Found(platform::MailLink::Waiting, problem_);
+  }
 }
 
 letters::FetchedMail& MailService::Current() {
@@ -332,8 +389,14 @@ void MailService::Send() {
   if (outgoing_.to.empty()) throw MailError("no recipient");
   letters::OutgoingMail mail = outgoing_;
   mail.from = {account_.MyName, account_.MyAddress};
-  Telling(
-      [this, &mail] { thread_.Run([transport = transport_, mail] { transport->Send(mail); }); });
+  Telling([this, &mail] {
+    // What can't be a mail must not wait for ever.
+    const bool isLocal = account_.MailKind == "Post";
+    if (isLocal) mail = LocalMail(mail);
+    letters::ComposeMail(mail);
+    mail.messageID = letters::NewMessageID(mail);  // the same however often it is tried
+    delivery_.Add(mail);
+  });
 }
 
 bool MailService::IsOwnAddress(const std::string& address) {

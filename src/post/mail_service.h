@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The program's mail session and messages over one transport. The transport works on a thread of
 // its own; this class belongs to the window's thread, keeps the fetched set in memory there, and
-// hands values only from one to the other.
+// hands values only from one to the other. What is sent goes by the outbox, on a thread and a
+// transport of its own. A session goes on while nothing answers: a look then brings nothing, and
+// the next one may find the way open again.
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,18 +17,21 @@
 #include "platform/address_book.h"
 #include "platform/events.h"
 #include "platform/mail_client.h"
+#include "platform/mail_state.h"
+#include "post/delivery.h"
 #include "post/mail_account.h"
 #include "post/mail_thread.h"
 #include "post/mail_transport.h"
 
 namespace post {
 
-class MailService : public platform::MAPISession, public platform::MAPIMessages {
+class MailService : public platform::MAPISession,
+                    public platform::MAPIMessages,
+                    public platform::MailState {
  public:
   /// Asks the user for his account, given a suggestion; nothing where he cancels.
   using AskAccount = std::function<std::optional<AccountAnswer>(const MailAccount& suggestion)>;
-  using MakeTransport = std::function<std::unique_ptr<MailTransport>(const MailAccount& account,
-                                                                     const std::string& password)>;
+  using MakeTransport = Delivery::MakeTransport;
 
   /// What the user answers to the address book; nothing where he cancels, or nobody is found.
   struct AskRecipients {
@@ -36,8 +42,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   };
 
   /// The user is asked where there is no account yet, or no password for it. Without `ask` the
-  /// logon fails there. `make` is called on the mail thread. `events` and `passwords` must outlive
-  /// the service.
+  /// logon fails there. `make` is called on the threads that use what it makes. `events` and
+  /// `passwords` must outlive the service.
   MailService(platform::Events& events, Passwords& passwords, AskAccount ask = {},
               MakeTransport make = MakeMailTransport);
 
@@ -46,12 +52,13 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
     for (const auto& transport : {opening_, transport_}) {
       if (transport) transport->Hurry();
     }
+    delivery_.Hurry();
   }
 
-  // SignOn, Fetch and Send let events run while they wait. An event that calls one of the three
-  // again is refused with a MailError.
+  // SignOn and Fetch let events run while they wait. An event that calls one of them or Send is
+  // refused with a MailError.
 
-  // The session.
+  // The session. It begins also where nothing answers.
   void SignOn() override;
   void SignOff() override;
   std::string LastProblem() override { return problem_; }
@@ -64,7 +71,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void FetchUnreadOnly(bool unreadOnly) override;
   void Prefetch(std::function<void()> ready) override;
   bool Prefetched() override;
-  /// A failure ends the session: the next logon begins anew.
+  /// Where only the user can mend a failure, it ends the session: the next logon begins anew. Any
+  /// other leaves the set empty, and LastProblem tells of it.
   void Fetch() override;
   bool MoreToCome() override { return moreToCome_; }
   int MsgCount() override { return static_cast<int>(set_.size()); }
@@ -97,6 +105,13 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void AddressResolveUI(bool mayAsk) override { addressResolveUI_ = mayAsk; }
   void ResolveName() override;
 
+  // What is told of it all.
+  platform::MailConnection Connection() override;
+  std::vector<platform::MailOnItsWay> OnItsWay() override { return delivery_.OnItsWay(); }
+  void OnChange(std::function<void()> changed) override { changed_ = std::move(changed); }
+  void DeliverNow() override { delivery_.DeliverNow(); }
+  void NoteTold(const std::string& thread) override { delivery_.NoteTold(thread); }
+
   /// Without it nobody is found.
   void SetAskRecipients(AskRecipients ask) { askRecipients_ = std::move(ask); }
 
@@ -113,6 +128,8 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   void Telling(const Work& work);
   void EndSession();
   void RequireSession() const;
+  void Found(platform::MailLink link, const std::string& reason);
+  void FailedLook(const std::exception_ptr& failure);
   void HandOverMarks();
   letters::FetchedMail& Current();
   letters::Mailbox& Recipient();
@@ -123,12 +140,15 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   AskAccount ask_;
   MakeTransport make_;
 
+  std::function<void()> changed_;
   MailAccount account_;
   std::shared_ptr<MailTransport> transport_;  // used on the mail thread only
   std::shared_ptr<MailTransport> opening_;    // the same, while a logon is under way
   long session_ = 0;                          // 0 while not signed on
   long lastSession_ = 0;
   std::shared_ptr<const bool> audience_;  // goes when nobody wants to hear of prefetches any more
+  platform::MailConnection connection_;   // as the looks have found it
+  std::exception_ptr cantOpen_;           // what the next look needn't find out again
   std::string problem_;
   bool busy_ = false;  // one of the operations that wait is under way
 
@@ -147,7 +167,9 @@ class MailService : public platform::MAPISession, public platform::MAPIMessages 
   std::string addressCaption_;
   bool addressResolveUI_ = false;
 
-  MailThread thread_;  // the last member: it stops before anything that its work uses goes
+  // The last members: they stop before anything that their work uses goes.
+  MailThread thread_;
+  Delivery delivery_;
 };
 
 }  // namespace post

@@ -12,6 +12,22 @@ struct MailThread::Outcome {
   std::atomic<bool> done = false;
 };
 
+namespace {
+
+/// For work of which nobody hears.
+template <typename Work>
+std::function<void()> Quiet(Work work) {
+  return [work = std::move(work)] {
+    try {
+      work();
+    } catch (const std::exception&) {
+      // as it was put off, it isn't what anybody waits for
+    }
+  };
+}
+
+}  // namespace
+
 MailThread::MailThread(platform::Events& events) : events_(events), thread_([this] { Work(); }) {}
 
 MailThread::~MailThread() {
@@ -58,24 +74,45 @@ void MailThread::Add(Item item) {
   added_.notify_one();
 }
 
-void MailThread::Work() {
-  while (true) {
-    Item item;
-    {
-      std::unique_lock lock(mutex_);
-      added_.wait(lock, [this] { return stopping_ || !queue_.empty(); });
-      if (stopping_) return;
-      item = std::move(queue_.front());
-      queue_.pop_front();
+void MailThread::PostAt(Clock::time_point when, std::function<void()> work) {
+  {
+    const std::lock_guard lock(mutex_);
+    putOff_ = {Quiet(std::move(work)), nullptr};
+    due_ = when;
+  }
+  added_.notify_one();
+}
+
+/// Waits for it. Nothing where the thread is to end.
+std::optional<MailThread::Item> MailThread::NextItem() {
+  std::unique_lock lock(mutex_);
+  while (!stopping_ && queue_.empty() && Clock::now() < due_) {
+    if (due_ == Clock::time_point::max()) {
+      added_.wait(lock);
+    } else {
+      added_.wait_until(lock, Clock::time_point(due_));
     }
+  }
+  if (stopping_) return std::nullopt;
+  if (queue_.empty()) {
+    due_ = Clock::time_point::max();
+    return std::exchange(putOff_, {});
+  }
+  Item item = std::move(queue_.front());
+  queue_.pop_front();
+  return item;
+}
+
+void MailThread::Work() {
+  while (auto item = NextItem()) {
     std::exception_ptr failure;
     try {
-      item.work();
+      item->work();
     } catch (...) {
       failure = std::current_exception();
     }
-    item.work = nullptr;  // what it holds is given up before anybody hears that it is done
-    Finish(item, std::move(failure));
+    item->work = nullptr;  // what it holds is given up before anybody hears that it is done
+    Finish(*item, std::move(failure));
   }
 }
 

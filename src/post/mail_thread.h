@@ -4,12 +4,14 @@
 // window's thread.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 #include "platform/events.h"
@@ -35,6 +37,12 @@ class MailThread {
   /// Waits for all that was posted. Raises the first failure since the last Flush.
   void Flush();
 
+  /// Callable from any thread. Has `work` done at that time, behind what is there to do by then; of
+  /// several calls only the last counts. What it raises nobody hears of. Until then the thread
+  /// sleeps.
+  using Clock = std::chrono::steady_clock;
+  void PostAt(Clock::time_point when, std::function<void()> work);
+
   /// Returns at once. The failures of what was posted before are not kept for Flush.
   void ForgetFailure();
 
@@ -47,12 +55,15 @@ class MailThread {
 
   void Add(Item item);
   void Work();
+  std::optional<Item> NextItem();
   void Finish(const Item& item, std::exception_ptr failure);
 
   platform::Events& events_;
   std::mutex mutex_;
   std::condition_variable added_;
   std::deque<Item> queue_;
+  Item putOff_;  // until `due_`
+  Clock::time_point due_ = Clock::time_point::max();
   std::exception_ptr failure_;
   bool stopping_ = false;
   std::thread thread_;

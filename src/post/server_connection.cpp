@@ -128,6 +128,7 @@ void ServerConnection::SetUpEncryption() {
 }
 
 void ServerConnection::LogOnAs(const Login& login) {
+  login_ = login;
   Set(Handle(), CURLOPT_USERNAME, login.userName.c_str());
   if (login.token.empty()) {
     Set(Handle(), CURLOPT_PASSWORD, login.password.c_str());
@@ -253,7 +254,7 @@ void ServerConnection::RaiseReply(CURLcode code) const {
   if (replyCode_ == closing || isOfGreeting) {
     throw ConnectionLost("The server " + Quoted(server_.host) + " is busy just now: " + said);
   }
-  if (isOfLogin) RaiseLoginFailure(server_.host, replyCode_, reply_);
+  if (isOfLogin) RaiseLoginFailure(server_.host, replyCode_, WithoutSecrets(reply_, login_));
   if (code != CURLE_SEND_ERROR && !awaitsVerdict_) return;
   const std::string sentence = said + " (" + std::to_string(replyCode_) + ")";
   if (replyCode_ >= 500) throw MailRefused(sentence);

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "post/credentials.h"
 #include "post/mail_failures.h"
 #include "post/patience.h"
 
@@ -19,12 +20,6 @@ struct ServerAddress {
   std::string host;
   int port;
   std::string security;  ///< "Tls", "StartTls" or "None"
-};
-
-struct Login {
-  std::string userName;
-  std::string password;
-  std::string token;  ///< stands for the password where it isn't blank
 };
 
 /// One connection to one server. `patience` must outlive it.
@@ -72,6 +67,7 @@ class ServerConnection {
 
   std::string protocol_;
   ServerAddress server_;
+  Login login_;
   const Patience& patience_;
   std::size_t heard_ = 0;  // bytes, about what is performed
   bool isGreeted_ = false;

@@ -19,6 +19,7 @@ RealSeams::RealSeams(const std::string& programFolder, post::MailService::AskAcc
   platform::Seams& seams = platform::TheSeams();
   seams.MSess = &mail_;
   seams.MMess = &mail_;
+  seams.mailState = &mail_;
   seams.settings = &settings_;
   seams.sounds = sounds_.get();
   seams.clock = &clock_;

@@ -19,6 +19,8 @@ class ImapWorld : public MailWorld {
 
   platform::MAPISession& Session() override { return service_; }
   platform::MAPIMessages& Messages() override { return service_; }
+  platform::MailState& State() override { return service_; }
+  platform::Events& Events() override { return events_; }
 
   void Deliver(const letters::OutgoingMail& mail) override {
     servers::Box(userAddress).Put(letters::ComposeMail(mail));

@@ -99,9 +99,12 @@ TEST_P(MailContractTest, WhatCannotBeSentRaises) {
   EXPECT_THROW(messages_.Send(), MailError) << "no recipient";
   world_->Refuse("full@localhost");
   Compose("full@localhost", "Tarvolenix : e4", "x");
-  EXPECT_THROW(messages_.Send(), MailError);
+  const auto failed = SendAndWait();
+  ASSERT_EQ(failed.size(), 1u);
+  EXPECT_EQ(failed[0].stage, platform::MailStage::Failed);
+  EXPECT_NE(failed[0].reason, "");
   Compose("you@localhost", "Tarvolenix : e4", "x");
-  EXPECT_NO_THROW(messages_.Send()) << "a failure leaves the session as it was";
+  EXPECT_EQ(SendAndWait().size(), 1u) << "it holds no other mail up";
 }
 
 struct TextCase {

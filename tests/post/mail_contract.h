@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <ostream>
 
 #include "post/mail_world.h"
@@ -65,9 +66,19 @@ class MailContractTest : public testing::TestWithParam<MailKind> {
     messages_.MsgNoteText(text);
   }
 
-  void SendAndWait() {
+  /// Answers what is left of it in the outbox.
+  std::vector<platform::MailOnItsWay> SendAndWait() {
+    const auto isSending = [](const auto& mail) {
+      return mail.stage == platform::MailStage::Sending;
+    };
+    std::vector<platform::MailOnItsWay> left;
     messages_.Send();
-    world_->AwaitDelivery();
+    world_->Events().RunUntil([&] {
+      left = world_->State().OnItsWay();
+      return std::none_of(left.begin(), left.end(), isSending);
+    });
+    if (left.empty()) world_->AwaitDelivery();
+    return left;
   }
 
   std::unique_ptr<MailWorld> world_ = GetParam().make();

@@ -13,6 +13,7 @@
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
 #include "platform/process_state.h"
+#include "post/mail_failures.h"
 
 namespace {
 
@@ -31,7 +32,10 @@ class Script {
     std::unique_lock lock(mutex_);
     calls_ += call + " ";
     opened_.wait(lock, [this] { return open_; });
-    if (call == failing_) throw std::runtime_error(call + " fails");
+    if (call != failing_) return;
+    if (isRefusal_) throw post::LoginRefused(call + " is refused");
+    if (isOutage_) throw post::ConnectionLost(call + " is cut off");
+    throw std::runtime_error(call + " fails");
   }
 
   void Shut() { Open(false); }
@@ -49,6 +53,15 @@ class Script {
   void Fail(const std::string& call) {
     const std::lock_guard lock(mutex_);
     failing_ = call;
+    isRefusal_ = isOutage_ = false;
+  }
+  void Refuse(const std::string& call) {
+    Fail(call);
+    isRefusal_ = true;
+  }
+  void CutOff(const std::string& call) {
+    Fail(call);
+    isOutage_ = true;
   }
 
   std::string Calls() {
@@ -61,6 +74,7 @@ class Script {
   std::condition_variable opened_;
   bool open_ = true;
   std::string failing_;
+  bool isRefusal_ = false, isOutage_ = false;
   std::string calls_;
 };
 
@@ -151,9 +165,9 @@ TEST_F(MailServiceTest, APrefetchNeitherBlocksNorMakesTheFetchWait) {
   script_.Open();
 }
 
-TEST_F(MailServiceTest, AFailedPrefetchIsRaisedByTheNextFetchOnly) {
+TEST_F(MailServiceTest, ARefusedPrefetchIsRaisedByTheNextFetchOnly) {
   SignOn();
-  script_.Fail("unread");
+  script_.Refuse("unread");
   Prefetch();
   WaitUntilReady(1);
   script_.Fail("");
@@ -164,6 +178,23 @@ TEST_F(MailServiceTest, AFailedPrefetchIsRaisedByTheNextFetchOnly) {
   SignOn();
   service_.Fetch();
   EXPECT_EQ(service_.MsgCount(), 2);
+}
+
+TEST_F(MailServiceTest, ASessionGoesOnWhileNothingAnswers) {
+  script_.CutOff("open");
+  EXPECT_NO_THROW(service_.SignOn());
+  EXPECT_GT(service_.SessionID(), 0);
+  service_.Fetch();
+  EXPECT_EQ(script_.Calls(), "open ") << "what was just found out needs no second try";
+  for (const char* cut : {"", "all", ""}) {
+    script_.CutOff(cut);
+    service_.Fetch();
+    const bool isCut = *cut != '\0';
+    EXPECT_EQ(service_.MsgCount(), isCut ? 0 : 2);
+    EXPECT_EQ(service_.LastProblem(), isCut ? "All is cut off." : "");
+    EXPECT_EQ(service_.Connection().link,
+              isCut ? platform::MailLink::Waiting : platform::MailLink::Connected);
+  }
 }
 
 TEST_F(MailServiceTest, APrefetchOfOtherMailsOrOfAnOlderInboxIsNotTaken) {
@@ -252,8 +283,8 @@ TEST_F(MailServiceTest, WhateverFailsASessionBeginsAndEndsAsAsked) {
 
 TEST_F(MailServiceTest, WhileOneOperationWaitsAnotherIsRefusedAndItCanBeHurried) {
   service_.RecipAddress("you@x.y");
-  const std::function<void()> operations[] = {
-      [this] { service_.SignOn(); }, [this] { service_.Fetch(); }, [this] { service_.Send(); }};
+  const std::function<void()> operations[] = {[this] { service_.SignOn(); },
+                                              [this] { service_.Fetch(); }};
   for (const auto& waiting : operations) {
     script_.Shut();
     const std::function<void()> leave = [&] {
@@ -265,7 +296,7 @@ TEST_F(MailServiceTest, WhileOneOperationWaitsAnotherIsRefusedAndItCanBeHurried)
     events_.Post(leave);
     waiting();
   }
-  EXPECT_EQ(script_.Calls(), "open all send:" + account_.MyAddress + ">you@x.y ");
+  EXPECT_EQ(script_.Calls(), "open all ");
 }
 
 TEST_F(MailServiceTest, AsksForWhatIsMissingOnceAndKeepsThePasswordApart) {

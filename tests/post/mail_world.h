@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/events.h"
 #include "platform/mail_client.h"
+#include "platform/mail_state.h"
 #include "post/mail_transport.h"
 
 class MailWorld {
@@ -18,6 +20,8 @@ class MailWorld {
 
   virtual platform::MAPISession& Session() = 0;
   virtual platform::MAPIMessages& Messages() = 0;
+  virtual platform::MailState& State() = 0;
+  virtual platform::Events& Events() = 0;
 
   /// Puts a mail into the user's Inbox as its last one.
   virtual void Deliver(const letters::OutgoingMail& mail) = 0;

@@ -21,6 +21,8 @@ class MaildirWorld : public MailWorld {
  public:
   platform::MAPISession& Session() override { return service_; }
   platform::MAPIMessages& Messages() override { return service_; }
+  platform::MailState& State() override { return service_; }
+  platform::Events& Events() override { return events_; }
 
   void Deliver(const letters::OutgoingMail& mail) override {
     fs::create_directories(folder_ / "post");

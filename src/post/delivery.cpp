@@ -1,0 +1,401 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "post/delivery.h"
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+#include <set>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/seams.h"
+#include "post/account_check.h"
+#include "post/mail_failures.h"
+
+namespace post {
+namespace {
+
+using platform::MailLink;
+using platform::MailStage;
+
+constexpr std::int64_t minute = 60;
+constexpr std::int64_t pauses[] = {30,          1 * minute,  2 * minute, 5 * minute,
+                                   15 * minute, 30 * minute, 60 * minute};
+constexpr std::int64_t longestPause = 60 * minute;
+constexpr std::int64_t longestJitter = longestPause / 10;
+constexpr std::int64_t shortestPause = 5;  ///< also where another program is delivering
+
+// Both: a clock that jumps loses nothing.
+constexpr std::int64_t longestWaiting = 5 * 24 * 60 * minute;
+constexpr int fewestTries = 24;
+
+std::int64_t Now() { return platform::TheSeams().clock->Seconds(); }
+
+/// So that many who were cut off together don't come back together.
+std::int64_t WithJitter(std::int64_t pause) {
+  std::random_device random;
+  return pause + static_cast<std::int64_t>(random() % static_cast<unsigned>(pause / 10 + 1));
+}
+
+bool HasFailed(const QueuedMail& mail) {
+  return mail.state == QueueState::Failed || mail.state == QueueState::FailedAndTold;
+}
+
+/// What a failed try means for the mail, and for the way that the others take, too.
+struct Verdict {
+  QueueState state;
+  MailLink link;
+};
+
+Verdict VerdictOf(const std::exception& failure, QueueState before) {
+  if (dynamic_cast<const MailRefused*>(&failure)) return {QueueState::Failed, MailLink::Connected};
+  if (dynamic_cast<const AccountRefused*>(&failure)) return {before, MailLink::Refused};
+  if (dynamic_cast<const PerhapsSent*>(&failure)) return {QueueState::Perhaps, MailLink::Waiting};
+  if (dynamic_cast<const ConnectionLost*>(&failure)) return {before, MailLink::Waiting};
+  return {before, MailLink::Connected};
+}
+
+bool IsBlocked(MailLink link) { return link == MailLink::Waiting || link == MailLink::Refused; }
+
+MailStage StageOf(const QueuedMail& mail, bool isOnTheWay) {
+  if (HasFailed(mail)) return MailStage::Failed;
+  if (isOnTheWay) return MailStage::Sending;
+  return mail.state == QueueState::Perhaps ? MailStage::Perhaps : MailStage::Waiting;
+}
+
+bool IsFar(std::int64_t time, std::int64_t now) {
+  return time > now + longestPause + longestJitter;
+}
+
+bool IsSame(const QueuedMail& one, const QueuedMail& other) {
+  return one.file == other.file && one.tries == other.tries && one.state == other.state;
+}
+
+QueuedMail PutOff(QueuedMail mail, QueueState state, const std::string& reason) {
+  ++mail.tries;
+  mail.nextTry = Now() + WithJitter(PauseAfter(mail.tries));
+  mail.state = state;
+  mail.reason = reason;
+  if (state != QueueState::Failed && IsGivenUp(mail, Now())) {
+    mail.state = QueueState::Failed;
+    mail.reason = "It was tried for five days. " + reason;
+  }
+  return mail;
+}
+
+}  // namespace
+
+std::int64_t PauseAfter(int tries) {
+  const auto last = static_cast<int>(std::size(pauses)) - 1;
+  return pauses[std::clamp(tries - 1, 0, last)];
+}
+
+bool IsDue(const QueuedMail& mail, std::int64_t now) {
+  return !HasFailed(mail) && (mail.nextTry <= now || IsFar(mail.nextTry, now));
+}
+
+bool IsGivenUp(const QueuedMail& mail, std::int64_t now) {
+  return mail.tries >= fewestTries && now - mail.queued >= longestWaiting;
+}
+
+/// The account's outbox, and the transport, which is made by the first mail and closed behind the
+/// last one that is due.
+struct Delivery::Session {
+  Session(const AccountAnswer& account, MakeTransport makeTransport)
+      : answer(account),
+        make(std::move(makeTransport)),
+        outbox(OutboxFolder(account.account.MyAddress)) {}
+
+  MailTransport& Transport() {
+    if (!transport) {
+      std::shared_ptr<MailTransport> made =
+          make(answer.account, answer.password.value_or(std::string{}));
+      const bool isEnding = IsEnding();
+      const std::lock_guard lock(mutex);
+      transport = std::move(made);
+      if (isEnding) transport->Hurry();
+    }
+    return *transport;
+  }
+
+  void CloseTransport() {
+    if (!transport) return;
+    try {
+      transport->KeepCopies();
+      transport->Close();
+    } catch (const std::exception&) {
+      // the mails are on their way
+    }
+    const std::lock_guard lock(mutex);
+    transport.reset();
+  }
+
+  /// What goes out in no time still does.
+  void End() {
+    const std::lock_guard lock(mutex);
+    end = std::min(end, MailThread::Clock::now() + std::chrono::milliseconds(500));
+    if (transport) transport->Hurry();
+  }
+
+  bool IsOver() {
+    const std::lock_guard lock(mutex);
+    return MailThread::Clock::now() > end;
+  }
+
+  bool IsEnding() {
+    const std::lock_guard lock(mutex);
+    return end != MailThread::Clock::time_point::max();
+  }
+
+  const AccountAnswer answer;
+  const MakeTransport make;
+  Outbox outbox;
+  bool looked = false;           // the first look has been taken
+  std::int64_t pausedUntil = 0;  // nobody answered
+  std::set<std::string> sent;    // files of mails that can't be removed
+
+ private:
+  std::mutex mutex;
+  std::shared_ptr<MailTransport> transport;
+  MailThread::Clock::time_point end = MailThread::Clock::time_point::max();
+};
+
+Delivery::Delivery(platform::Events& events, std::function<void()> changed)
+    : events_(events),
+      changed_(std::move(changed)),
+      audience_(std::make_shared<bool>()),
+      thread_(events) {}
+
+Delivery::~Delivery() { End(); }
+
+void Delivery::Begin(const AccountAnswer& answer, MakeTransport make) {
+  End();
+  const auto session = std::make_shared<Session>(answer, std::move(make));
+  std::vector<QueuedMail> mails = session->outbox.Mails();
+  session_ = session;
+  const std::lock_guard lock(mutex_);
+  way_ = {};
+  nextTry_ = 0;
+  mails_ = std::move(mails);
+}
+
+void Delivery::End() {
+  if (!session_) return;
+  session_->End();
+  session_.reset();
+}
+
+void Delivery::Hurry() {
+  if (session_) session_->End();
+}
+
+void Delivery::Add(const letters::OutgoingMail& mail) {
+  if (!session_) throw platform::MailError("not signed on");
+  const QueuedMail queued = session_->outbox.Add(mail, Now());
+  {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(mails_, [&queued](const QueuedMail& older) {
+      return !queued.mail.thread.empty() && older.mail.thread == queued.mail.thread;
+    });
+    mails_.push_back(queued);
+  }
+  Changed();
+  Post(Which::New);
+}
+
+void Delivery::LookAround() { Post(Which::Due); }
+
+void Delivery::DeliverNow() { Post(Which::All); }
+
+void Delivery::Post(Which which) {
+  if (session_) thread_.Post([this, session = session_, which] { Deliver(session, which); });
+}
+
+void Delivery::NoteTold(const std::string& thread) {
+  const std::lock_guard lock(mutex_);
+  for (QueuedMail& mail : mails_) {
+    if (mail.mail.thread != thread || mail.state != QueueState::Failed) continue;
+    mail.state = QueueState::FailedAndTold;
+    try {
+      if (session_) session_->outbox.Update(mail);
+    } catch (const platform::FileError&) {
+      // he hears of it once more after the next start
+    }
+  }
+}
+
+void Delivery::Deliver(const SessionPtr& session, Which which) {
+  if (session->IsOver()) return;
+  std::int64_t notBefore = session->pausedUntil;
+  const std::vector<QueuedMail> mails = ToTry(*session, which);
+  if (!mails.empty()) {
+    const auto lock = session->outbox.TryToDeliver();
+    if (lock) TryAll(*session, mails);
+    notBefore = lock ? session->pausedUntil : Now() + shortestPause;
+  }
+  PlanNext(session, notBefore);
+}
+
+/// Those that were tried less often come first, so that none holds up the others. A new mail is
+/// tried whatever the others have met: the user has just sent it.
+std::vector<QueuedMail> Delivery::ToTry(Session& session, Which which) {
+  const bool isFirst = !std::exchange(session.looked, true);
+  if (isFirst || TheWay().link == MailLink::Refused) which = Which::All;
+  std::vector<QueuedMail> mails = LookInto(session);
+  std::erase_if(mails, [this, &session](const QueuedMail& mail) {
+    const bool isSent = session.sent.contains(mail.file);
+    if (isSent) Settle(session, mail);
+    return isSent;
+  });
+  const std::int64_t now = Now();
+  const bool paused = now < session.pausedUntil && !IsFar(session.pausedUntil, now);
+  if (which == Which::Due && paused) return {};
+  std::erase_if(mails, [which, now](const QueuedMail& mail) {
+    return which == Which::All ? HasFailed(mail) : !IsDue(mail, now);
+  });
+  std::stable_sort(mails.begin(), mails.end(), [](const QueuedMail& one, const QueuedMail& other) {
+    return one.tries < other.tries;
+  });
+  return mails;
+}
+
+/// Until one finds that the others would fare no better just now.
+void Delivery::TryAll(Session& session, const std::vector<QueuedMail>& mails) {
+  session.pausedUntil = 0;
+  for (const QueuedMail& mail : mails) {
+    if (session.IsOver()) break;
+    if (session.outbox.IsThere(mail) && !Try(session, mail)) break;
+  }
+  session.CloseTransport();
+}
+
+/// False where the others would fare no better just now.
+bool Delivery::Try(Session& session, QueuedMail queued) {
+  BeginToTry(queued.file);
+  queued.mail.from = {session.answer.account.MyName, session.answer.account.MyAddress};
+  MailLink link = MailLink::Connected;
+  std::string reason;
+  try {
+    session.Transport().Send(queued.mail);
+    session.sent.insert(queued.file);
+  } catch (const std::exception& error) {
+    reason = InPlainWords(error, session.answer.account);
+    const Verdict verdict = VerdictOf(error, queued.state);
+    link = verdict.link;
+    const bool isBroughtToEnd = verdict.state == queued.state && session.IsEnding();
+    if (!isBroughtToEnd) queued = PutOff(queued, verdict.state, reason);
+    if (link == MailLink::Waiting) session.pausedUntil = queued.nextTry;
+  }
+  Settle(session, queued);
+  Find(link, reason);
+  return !IsBlocked(link);
+}
+
+void Delivery::BeginToTry(const std::string& file) {
+  {
+    const std::lock_guard lock(mutex_);
+    trying_ = file;
+  }
+  Changed();
+}
+
+/// Writes down what became of the mail. What can't be written is tried more often than it should
+/// be, but what was sent is never sent again in this session.
+void Delivery::Settle(Session& session, const QueuedMail& mail) {
+  try {
+    if (!session.sent.contains(mail.file)) {
+      session.outbox.Update(mail);
+      return;
+    }
+    session.outbox.Remove(mail);
+    session.sent.erase(mail.file);
+  } catch (const platform::FileError&) {
+    // a full disk, or one that is gone
+  }
+}
+
+/// What fails for want of a disk is tried again, but not all the time.
+void Delivery::PlanNext(const SessionPtr& session, std::int64_t notBefore) {
+  if (session->IsOver()) return;
+  std::int64_t next = 0;
+  for (const QueuedMail& mail : LookInto(*session)) {
+    if (HasFailed(mail)) continue;
+    next = next == 0 ? mail.nextTry : std::min(next, mail.nextTry);
+    next = std::max(next, Now() + shortestPause);
+  }
+  if (next != 0) next = std::max(next, notBefore);
+  {
+    const std::lock_guard lock(mutex_);
+    if (way_.link == MailLink::Refused) next = 0;
+    trying_.clear();
+    nextTry_ = next;
+  }
+  const auto wait = std::chrono::seconds(std::min(next - Now(), longestPause + longestJitter));
+  thread_.PostAt(next == 0 ? MailThread::Clock::time_point::max() : MailThread::Clock::now() + wait,
+                 [this, session] { Deliver(session, Which::Due); });
+}
+
+std::vector<QueuedMail> Delivery::LookInto(Session& session) {
+  std::vector<QueuedMail> mails = session.outbox.Mails();
+  {
+    const std::lock_guard lock(mutex_);
+    const bool isSame =
+        std::equal(mails.begin(), mails.end(), mails_.begin(), mails_.end(), IsSame);
+    if (session.IsOver() || isSame) return mails;
+    mails_ = mails;
+  }
+  Changed();
+  return mails;
+}
+
+void Delivery::Find(MailLink link, const std::string& reason) {
+  const std::lock_guard lock(mutex_);
+  trying_.clear();
+  if (link != way_.link) way_.since = Now();
+  way_.link = link;
+  way_.reason = reason;
+}
+
+Delivery::Way Delivery::TheWay() const {
+  const std::lock_guard lock(mutex_);
+  return way_;
+}
+
+std::int64_t Delivery::NextTry() const {
+  const std::lock_guard lock(mutex_);
+  return nextTry_;
+}
+
+std::vector<platform::MailOnItsWay> Delivery::OnItsWay() const {
+  const std::lock_guard lock(mutex_);
+  std::vector<platform::MailOnItsWay> list;
+  for (const QueuedMail& mail : mails_) {
+    const bool isOnTheWay = mail.file == trying_ || (mail.tries == 0 && !IsBlocked(way_.link));
+    const MailStage stage = StageOf(mail, isOnTheWay);
+    const bool waits = stage == MailStage::Waiting || stage == MailStage::Perhaps;
+    list.push_back({mail.mail.thread, mail.mail.to.front().address, stage, mail.tries,
+                    waits && nextTry_ != 0 ? std::max(nextTry_, mail.nextTry) : 0,
+                    mail.reason.empty() && waits ? way_.reason : mail.reason,
+                    mail.state == QueueState::FailedAndTold});
+  }
+  return list;
+}
+
+/// The window's thread hears once of changes that come fast.
+void Delivery::Changed() {
+  {
+    const std::lock_guard lock(mutex_);
+    if (std::exchange(isTold_, true)) return events_.Wake();
+  }
+  events_.Post([this, audience = std::weak_ptr(audience_)] {
+    if (audience.expired()) return;
+    {
+      const std::lock_guard lock(mutex_);
+      isTold_ = false;
+    }
+    changed_();
+  });
+  events_.Wake();
+}
+
+}  // namespace post

@@ -6,6 +6,7 @@
 #include "board/ends.h"
 #include "mail/move_files.h"
 #include "mail/sending.h"
+#include "mail/unsent.h"
 #include "platform/conversions.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
@@ -138,13 +139,10 @@ void ReportUnsavedMove() {
       "OK", {}, false, platform::FailureSound);
 }
 
-void SendGame(Game& game, std::int32_t gameID) {
-  if (!Process().Offline) {
-    mail::SendMoveMail(gameID);
-  } else if (Process().StandAlone) {
-    mail::ExportMoveFile(gameID);
-  }
-  game.view.Close();
+/// False where a failure was reported.
+bool SendGame(std::int32_t gameID) {
+  if (!Process().Offline) return mail::SendMoveMail(gameID);
+  return !Process().StandAlone || mail::ExportMoveFile(gameID);
 }
 
 }  // namespace
@@ -157,9 +155,18 @@ bool SaveMove(Game& game) {
 }
 
 void SendNewMove(Game& game) {
-  if (SaveMove(game)) SendGame(game, game.SavedGameID);
+  // What the end of the program has taken the report of is made good by the next start.
+  std::optional<mail::SendingNote> note;
+  if (!Process().Offline) note.emplace(Process().CurrentGameID);
+  if (!SaveMove(game)) return;
+  if (!SendGame(game.SavedGameID) && note && Process().Stopping) note->Keep();
+  note.reset();
+  game.view.Close();
 }
 
-void ResendLastMove(Game& game) { SendGame(game, Process().CurrentGameID); }
+void ResendLastMove(Game& game) {
+  SendGame(Process().CurrentGameID);
+  game.view.Close();
+}
 
 }  // namespace board

@@ -8,6 +8,7 @@
 #include "mail/move_files.h"
 #include "mail/retrieval.h"
 #include "mail/status_popup.h"
+#include "mail/unsent.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
@@ -51,14 +52,23 @@ class LogonGuard {
   bool another_ = false;
 };
 
-/// Raises std::exception. A failing SignOn leaves the guard standing as a crash would, so that the
-/// next logon warns.
+/// The guard stands while this lives: only a process that dies leaves it standing.
+class GuardedLogon {
+ public:
+  GuardedLogon() { guard_.Set(true); }
+  ~GuardedLogon() { guard_.Set(false); }
+  GuardedLogon(const GuardedLogon&) = delete;
+  GuardedLogon& operator=(const GuardedLogon&) = delete;
+
+ private:
+  LogonGuard guard_;
+};
+
+/// Raises std::exception.
 void SignOn() {
   platform::MAPISession& session = *platform::TheSeams().MSess;
-  const LogonGuard guard;
-  guard.Set(true);
+  const GuardedLogon guarded;
   session.SignOn();
-  guard.Set(false);
   platform::TheSeams().MMess->SessionID(session.SessionID());
 }
 
@@ -75,6 +85,7 @@ void ReportEarlierCrash() {
 /// In the mail service's own words, too, where it has any.
 void ReportLogonFailure() {
   const std::string problem = platform::TheSeams().MSess->LastProblem();
+  platform::Process().RefusalTold = problem;
   platform::ShowMessage(
       platform::MailIcon, "Network error.",
       "Tarvolenix failed to connect to your mail service.||Please ensure you are logged onto a "
@@ -110,6 +121,8 @@ void MailLogon(bool showStatus) {
   try {
     SignOn();
     process.Offline = false;
+    process.RefusalTold.clear();
+    SendWhatWasNoted();
   } catch (const platform::AccountError& error) {
     if (showStatus && !process.StandAlone) ReportMissingAccount(error.what());
   } catch (const std::exception&) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The life of the mail session, with a guard against a mail service that brings the program down
 // while it logs on: the setting LogonStatus stands from just before the call until just after it,
-// and a logon that finds it standing leaves the program offline. All processes of a player share
-// the flag: "logon.lock" in the data folder, held meanwhile, tells a crash from a process that just
-// logs on.
+// however that ends, and a logon that finds it standing leaves the program offline. All processes
+// of a player share the flag: "logon.lock" in the data folder, held meanwhile, tells a crash from a
+// process that just logs on.
 //
 // A retrieve that the user asks for is the way out of that guard: its entry (the tray's, and where
 // there is no tray the game list's or the console's) calls SetLogonStatus(false) first.
@@ -15,9 +15,10 @@
 
 namespace mail {
 
-/// Starts or finds a session; Offline then tells whether there is one. The user hears of the guard
-/// always, of a plain failure with `showStatus` only. Takes the status popup down in any case, also
-/// one that the caller has put up. Holds polling meanwhile.
+/// Starts or finds a session, and sends what earlier runs didn't come to; Offline then tells
+/// whether there is one. The user hears of the guard always, of a plain failure with `showStatus`
+/// only. Takes the status popup down in any case, also one that the caller has put up. Holds
+/// polling meanwhile.
 void MailLogon(bool showStatus);
 
 /// Takes the guard of a crash down. That of another process that just logs on stays.

@@ -6,13 +6,12 @@
 #include <string>
 #include <utility>
 
+#include "mail/games_locked.h"
+#include "mail/mail_memory.h"
 #include "mail/move_mail.h"
 #include "mail/undelivered.h"
-#include "platform/conversions.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
-#include "platform/process_state.h"
-#include "platform/registry.h"
 #include "platform/seams.h"
 #include "store/queries.h"
 #include "store/saving.h"
@@ -38,13 +37,6 @@ void Compose(const OutgoingGame& game) {
   messages.MsgNoteText(BuildMailBody(record, game.moves));
 }
 
-constexpr const char* unsentGame = "UnsentGame";
-
-/// The game's number as it is kept until the user has heard of it; blank takes it away.
-void NoteUnsent(const std::string& gameID) {
-  platform::WriteRegistry(platform::productSection, unsentGame, gameID, true);
-}
-
 }  // namespace
 
 std::string ThreadOf(const store::GameRecord& record) {
@@ -64,11 +56,10 @@ OutgoingGame LoadOutgoingGame(std::int32_t gameID) {
   return game;
 }
 
-void ReportTransmissionError(const std::string& more) {
+void ReportTransmissionError() {
   platform::ShowMessage(platform::MailIcon, "Transmission error.",
                         "Tarvolenix was unable to send your chess move.||Please re-open the game "
-                        "and re-send it." +
-                            more,
+                        "and re-send it.",
                         "OK", {}, false, platform::FailureSound);
 }
 
@@ -82,8 +73,6 @@ bool SendMoveMail(std::int32_t gameID) {
     platform::TheSeams().MMess->Send();
   } catch (const std::exception&) {
     ReportTransmissionError();
-    // The end of the program has taken the report away.
-    if (platform::Process().Stopping) NoteUnsent(std::to_string(gameID));
     return false;
   }
   ForgetUndelivered(thread);
@@ -92,17 +81,19 @@ bool SendMoveMail(std::int32_t gameID) {
   return true;
 }
 
-void TellOfUnsentMove() {
-  const auto noted = platform::ReadRegistry(platform::productSection, unsentGame);
-  if (platform::IsEmptyValue(noted)) return;
-  std::optional<store::GameRecord> game;
-  if (!store::FindGame(game, platform::ToInteger32(*noted).value_or(0))) return;
-  if (game) {
-    ReportTransmissionError("||It is your last move of the game \"" + game->GAME_NAME + "\" with " +
-                            game->GAME_OPPONENTS_NAME +
-                            ", which had not been sent when the program was ended.");
+bool ChangeOpponentsAddress(store::GameRecord game, const std::string& address) {
+  try {
+    WithGamesLocked([&] {
+      MailMemory memory = LoadMailMemory();
+      memory.Remember(game.GAME_OPPONENTS_EMAIL, game, true);
+      SaveMailMemory(memory);
+      game.GAME_OPPONENTS_EMAIL = address;
+      if (!store::SaveGame(game, {})) throw StoreFailure("the game can't be saved");
+    });
+    return true;
+  } catch (const std::exception&) {
+    return false;
   }
-  if (!platform::Process().Stopping) NoteUnsent({});
 }
 
 }  // namespace mail

@@ -21,15 +21,14 @@ std::string ThreadOf(const store::GameRecord& record);
 /// Raises std::exception where the store can't be read, and where it has no move of such a game.
 OutgoingGame LoadOutgoingGame(std::int32_t gameID);
 
-/// `more` is a paragraph of its own.
-void ReportTransmissionError(const std::string& more = {});
+void ReportTransmissionError();
 
-/// Mails the game with this GAME_ID. True where the mail was accepted for delivery, else the user
-/// was told. Holds polling meanwhile. A failure isn't retried and changes nothing.
+/// Mails the game with this GAME_ID. True where the mail lies in the mail service's outbox, else
+/// the user was told. Holds polling meanwhile. A failure changes nothing.
 bool SendMoveMail(std::int32_t gameID);
 
-/// Tells of the move that the last run couldn't send while it was being ended, when nobody could
-/// read of it.
-void TellOfUnsentMove();
+/// From now on the game's moves go to this address; who writes from the old one is the opponent
+/// still. False where that can't be stored.
+bool ChangeOpponentsAddress(store::GameRecord game, const std::string& address);
 
 }  // namespace mail

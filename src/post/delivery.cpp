@@ -150,7 +150,6 @@ struct Delivery::Session {
   const AccountAnswer answer;
   const MakeTransport make;
   Outbox outbox;
-  bool looked = false;           // the first look has been taken
   std::int64_t pausedUntil = 0;  // nobody answered
   std::set<std::string> sent;    // files of mails that can't be removed
 
@@ -174,6 +173,7 @@ void Delivery::Begin(const AccountAnswer& answer, MakeTransport make) {
   std::vector<QueuedMail> mails = session->outbox.Mails();
   session_ = session;
   const std::lock_guard lock(mutex_);
+  looked_ = tryingAll_ = false;
   way_ = {};
   nextTry_ = 0;
   mails_ = std::move(mails);
@@ -183,6 +183,13 @@ void Delivery::End() {
   if (!session_) return;
   session_->End();
   session_.reset();
+  const std::lock_guard lock(mutex_);
+  tryingAll_ = false;
+}
+
+void Delivery::Stop() {
+  End();
+  thread_.Stop();
 }
 
 void Delivery::Hurry() {
@@ -203,12 +210,18 @@ void Delivery::Add(const letters::OutgoingMail& mail) {
   Post(Which::New);
 }
 
-void Delivery::LookAround() { Post(Which::Due); }
+void Delivery::LookAround() { Post(looked_ ? Which::Due : Which::All); }
 
 void Delivery::DeliverNow() { Post(Which::All); }
 
 void Delivery::Post(Which which) {
-  if (session_) thread_.Post([this, session = session_, which] { Deliver(session, which); });
+  if (!session_) return;
+  looked_ = true;
+  if (which == Which::All) {
+    const std::lock_guard lock(mutex_);
+    tryingAll_ = true;
+  }
+  thread_.Post([this, session = session_, which] { Deliver(session, which); });
 }
 
 void Delivery::NoteTold(const std::string& thread) {
@@ -228,19 +241,21 @@ void Delivery::Deliver(const SessionPtr& session, Which which) {
   if (session->IsOver()) return;
   std::int64_t notBefore = session->pausedUntil;
   const std::vector<QueuedMail> mails = ToTry(*session, which);
-  if (!mails.empty()) {
-    const auto lock = session->outbox.TryToDeliver();
-    if (lock) TryAll(*session, mails);
-    notBefore = lock ? session->pausedUntil : Now() + shortestPause;
+  const auto lock = mails.empty() ? nullptr : session->outbox.TryToDeliver();
+  if (lock) {
+    TryAll(*session, mails);
+    notBefore = session->pausedUntil;
+  } else if (!mails.empty()) {
+    notBefore = Now() + shortestPause;
   }
+  if (lock || mails.empty()) EndOfTryingAll();
   PlanNext(session, notBefore);
 }
 
 /// Those that were tried less often come first, so that none holds up the others. A new mail is
 /// tried whatever the others have met: the user has just sent it.
 std::vector<QueuedMail> Delivery::ToTry(Session& session, Which which) {
-  const bool isFirst = !std::exchange(session.looked, true);
-  if (isFirst || TheWay().link == MailLink::Refused) which = Which::All;
+  if (TheWay().link == MailLink::Refused || IsTryingAll()) which = Which::All;
   std::vector<QueuedMail> mails = LookInto(session);
   std::erase_if(mails, [this, &session](const QueuedMail& mail) {
     const bool isSent = session.sent.contains(mail.file);
@@ -356,6 +371,19 @@ void Delivery::Find(MailLink link, const std::string& reason) {
   way_.reason = reason;
 }
 
+bool Delivery::IsTryingAll() const {
+  const std::lock_guard lock(mutex_);
+  return tryingAll_;
+}
+
+void Delivery::EndOfTryingAll() {
+  {
+    const std::lock_guard lock(mutex_);
+    if (!std::exchange(tryingAll_, false)) return;
+  }
+  Changed();
+}
+
 Delivery::Way Delivery::TheWay() const {
   const std::lock_guard lock(mutex_);
   return way_;
@@ -370,7 +398,8 @@ std::vector<platform::MailOnItsWay> Delivery::OnItsWay() const {
   const std::lock_guard lock(mutex_);
   std::vector<platform::MailOnItsWay> list;
   for (const QueuedMail& mail : mails_) {
-    const bool isOnTheWay = mail.file == trying_ || (mail.tries == 0 && !IsBlocked(way_.link));
+    const bool isOnTheWay =
+        tryingAll_ || mail.file == trying_ || (mail.tries == 0 && !IsBlocked(way_.link));
     const MailStage stage = StageOf(mail, isOnTheWay);
     const bool waits = stage == MailStage::Waiting || stage == MailStage::Perhaps;
     list.push_back({mail.mail.thread, mail.mail.to.front().address, stage, mail.tries,

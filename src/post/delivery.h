@@ -55,6 +55,9 @@ class Delivery {
   /// Lets events run until all that is ended.
   void Finish() { thread_.Flush(); }
 
+  /// Ends it for good, with its thread; no event runs meanwhile.
+  void Stop();
+
   /// Returns when the mail lies in the outbox, and is about to be tried. Raises MailError or
   /// platform::FileError.
   void Add(const letters::OutgoingMail& mail);
@@ -80,6 +83,9 @@ class Delivery {
   };
   Way TheWay() const;
 
+  /// Callable from any thread: has `changed` called, once where it is about to be already.
+  void Changed();
+
   /// Callable from any thread: what is under way is given up within a second.
   void Hurry();
 
@@ -100,17 +106,19 @@ class Delivery {
   void Settle(Session& session, const QueuedMail& mail);
   void PlanNext(const SessionPtr& session, std::int64_t notBefore);
   std::vector<QueuedMail> LookInto(Session& session);
+  bool IsTryingAll() const;
+  void EndOfTryingAll();
   void Find(platform::MailLink link, const std::string& reason);
-
-  void Changed();
 
   platform::Events& events_;
   std::function<void()> changed_;
   std::shared_ptr<bool> audience_;
   SessionPtr session_;
+  bool looked_ = false;  // the session's first look has been taken
 
   mutable std::mutex mutex_;  // guards what follows
   std::vector<QueuedMail> mails_;
+  bool tryingAll_ = false;
   std::string trying_;  // the file of the mail that is being sent
   Way way_;
   std::int64_t nextTry_ = 0;

@@ -170,7 +170,7 @@ void MailService::Found(platform::MailLink link, const std::string& reason) {
   connection_.link = link;
   connection_.reason = reason;
   if (link == platform::MailLink::Waiting) connection_.triedAt = now;
-  if (isNew && changed_) changed_();
+  if (isNew) delivery_.Changed();
 }
 
 /// The looks and the mails that go out may find different things: the worse one counts.

@@ -55,6 +55,9 @@ class MailService : public platform::MAPISession,
     delivery_.Hurry();
   }
 
+  /// For good, ahead of the end of what all seams are needed for.
+  void StopDelivering() { delivery_.Stop(); }
+
   // SignOn and Fetch let events run while they wait. An event that calls one of them or Send is
   // refused with a MailError.
 

@@ -30,13 +30,13 @@ std::function<void()> Quiet(Work work) {
 
 MailThread::MailThread(platform::Events& events) : events_(events), thread_([this] { Work(); }) {}
 
-MailThread::~MailThread() {
+void MailThread::Stop() {
   {
     const std::lock_guard lock(mutex_);
     stopping_ = true;
   }
   added_.notify_one();
-  thread_.join();
+  if (thread_.joinable()) thread_.join();
 }
 
 void MailThread::Run(std::function<void()> work) {

@@ -22,11 +22,13 @@ class MailThread {
  public:
   explicit MailThread(platform::Events& events);
 
-  /// Waits for the item that is being worked on and drops those behind it.
-  ~MailThread();
+  ~MailThread() { Stop(); }
 
   MailThread(const MailThread&) = delete;
   MailThread& operator=(const MailThread&) = delete;
+
+  /// For good. Waits for the item that is being worked on and drops those behind it.
+  void Stop();
 
   /// Lets events run until `work` is done, and raises what it raised.
   void Run(std::function<void()> work);

@@ -69,7 +69,7 @@ class Outbox {
   std::mutex mutex_;
 };
 
-/// The outbox of the account with this address, beside the games.
+/// The folder of the account with this address, beside the games.
 std::string OutboxFolder(std::string_view address);
 
 }  // namespace post

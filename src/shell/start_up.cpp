@@ -6,7 +6,6 @@
 #include <string>
 
 #include "mail/mail_session.h"
-#include "mail/sending.h"
 #include "platform/conversions.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
@@ -154,7 +153,6 @@ void BecomeIdle() {
   if (!platform::Settings().SystrayStartup) Windows().ShowGameList();
   UpdateTrayStatus(TrayOperation::Add);
   platform::ReleasePolling();
-  mail::TellOfUnsentMove();
   NotifyNewMoves();
   if (!Process().BoardOpen) {
     Process().HeldMailArrived = true;  // perhaps in a run that ended before he was asked

@@ -27,6 +27,9 @@ RealSeams::RealSeams(const std::string& programFolder, post::MailService::AskAcc
   seams.files = &files_;
 }
 
-RealSeams::~RealSeams() { platform::TheSeams() = {}; }
+RealSeams::~RealSeams() {
+  mail_.StopDelivering();
+  platform::TheSeams() = {};
+}
 
 }  // namespace wiring

@@ -2,6 +2,7 @@
 #include "mail/mail_fixture.h"
 #include "mail/mail_session.h"
 #include "mail/sending.h"
+#include "mail/unsent.h"
 #include "platform/registry.h"
 
 namespace mail {
@@ -26,7 +27,7 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
       {"plain logon", false, "", true, "True False ", ""},
       {"guard stands", true, "", false, "", guard},
       {"no network", false, "", false, "", "", false, false, "-nonetwork"},
-      {"logon fails", false, "SignOn", false, "True ", failure},
+      {"logon fails", false, "SignOn", false, "True False ", failure},
       {"the guard of another process", true, "", true, "", "", true},
       {"guard can't be stored", false, "", true, "", "", false, true},
   };
@@ -102,15 +103,35 @@ TEST_F(Session, FailureToSendIsTold) {
     desktop.mail.failing.clear();
     EXPECT_TRUE(desktop.mail.sent.empty());
   }
-  TellOfUnsentMove();
-  desktop.mail.failing = {"Send"};
-  desktop.boxes.whileUp = [] { Process().Stopping = true; };
-  SendMoveMail(7);
-  Process().Stopping = false;
-  ForgetRecords();
-  for (int start = 0; start < 2; ++start) TellOfUnsentMove();
-  ASSERT_EQ(desktop.boxes.messages.size(), 1U) << "whose report nobody can have read, once";
-  EXPECT_NE(desktop.LastMessage().second.find(AnnasGame().GAME_NAME), std::string::npos);
+}
+
+TEST_F(Session, WhatARunSavedAndDidntSendTheNextLogonSends) {
+  const struct {
+    const char* name;
+    int movesBefore, stored;
+    bool ended;  ///< in order
+    std::size_t sent;
+  } rows[] = {
+      {"killed behind the saving", 1, 2, false, 1},
+      {"killed ahead of the saving", 2, 2, false, 0},
+      {"ended in order", 1, 2, true, 0},
+  };
+  for (const auto& row : rows) {
+    desktop.files.content.clear();
+    desktop.mail.sent.clear();
+    desktop.mail.SessionID(0);
+    Store(AnnasGame(), row.movesBefore);
+    {
+      SendingNote note(7);
+      if (!row.ended) note.Keep();
+    }
+    Store(AnnasGame(), row.stored);
+    MailLogon(false);
+    EXPECT_EQ(desktop.mail.sent.size(), row.sent) << row.name;
+    for (const auto& [path, text] : desktop.files.content) {
+      EXPECT_EQ(path.find("sending-"), std::string::npos) << row.name;
+    }
+  }
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ class Tray {
   virtual ~Tray() = default;
 
   /// `picture` counts from 1 through the icon sets, three pictures each: nothing new, new move, not
-  /// connected. The tip has at most 63 characters.
+  /// connected. The tip has at most 63 characters, and there may be a second line about the mails.
   virtual void Notify(TrayOperation, int /*picture*/, const std::string& /*tip*/) {}
 
   /// The list of games in the tray's menu may have changed.

@@ -85,6 +85,15 @@ class Windows {
   /// The game list's icon and title, in a program that doesn't live in the tray.
   virtual void SetGameListFace(int /*trayPicture*/, const std::string& /*caption*/) {}
 
+  /// The marks of the mails on their way, and the line about them, are shown as they are now.
+  virtual void ShowMails() {}
+
+  /// The dialog for the address of an opponent, modal. Nothing where the user cancelled.
+  virtual std::optional<std::string> AskAddress(const std::string& /*name*/,
+                                                const std::string& /*address*/) {
+    return std::nullopt;
+  }
+
   /// Makes the board for CurrentGameID and shows it, in front of all others with `toFront`. May
   /// raise.
   virtual void OpenBoard(bool /*toFront*/) {}

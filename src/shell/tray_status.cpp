@@ -5,6 +5,7 @@
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
+#include "shell/mail_watch.h"
 #include "store/queries.h"
 
 namespace shell {
@@ -34,7 +35,9 @@ void SetTrayIcon(TrayOperation operation, int kind, const std::string& tip) {
   if (Process().Stopping && operation != TrayOperation::Delete) return;
   platform::Seams& seams = platform::TheSeams();
   if (platform::Settings().SystrayStartup) {
-    seams.tray->Notify(operation, PictureOf(kind), tip.substr(0, longestTip));
+    const std::string line = operation == TrayOperation::Delete ? "" : MailLine();
+    seams.tray->Notify(operation, PictureOf(kind),
+                       tip.substr(0, longestTip) + (line.empty() ? "" : '\n' + line));
   } else if (operation != TrayOperation::Delete) {
     seams.windows->SetGameListFace(PictureOf(kind), CaptionOf(tip));
   }
@@ -63,7 +66,7 @@ void RemoveTrayIcon() { SetTrayIcon(TrayOperation::Delete, NothingNew, {}); }
 
 TrayMenuState TrayMenu() {
   const bool listOpen = Process().GameListOpen;
-  return {!listOpen, !listOpen && MayStartMailGame(), !listOpen,
+  return {!listOpen, !listOpen && MayStartMailGame(), !listOpen, MayDeliverNow(),
           Process().Offline ? "Logon / Retrieve games" : "Retrieve games"};
 }
 

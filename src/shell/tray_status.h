@@ -28,6 +28,7 @@ struct TrayMenuState {
   bool open = false;     ///< "&Open" is enabled
   bool newGame = false;  ///< "&New game..." is enabled
   bool games = false;    ///< "&Games" is visible
+  bool deliver = false;  ///< "&Deliver now" is enabled
   std::string retrieveCaption;
 };
 

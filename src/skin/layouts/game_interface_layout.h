@@ -24,6 +24,9 @@ inline constexpr Control gameInterfaceControls[] = {
     {"GameMenuButton", Surface::Button, {529, 58, 78, 28}},
     {"HelpMenuButton", Surface::Button, {615, 58, 78, 28}},
 
+    // Seen only where there is something to tell.
+    {"MailLine", Surface::Occasion, {29, 318, 660, 18}},
+
     // What to do where there is no game yet may stand in the place of the grid.
     {"GameList", Surface::Grid, {27, 98, 665, 218}},
 };

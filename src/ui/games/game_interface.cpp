@@ -19,6 +19,7 @@
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
+#include "shell/mail_watch.h"
 #include "shell/playing.h"
 #include "shell/tray_status.h"
 #include "skin/layouts/game_interface_layout.h"
@@ -129,10 +130,12 @@ void SetTip(const QWidget& window, const char* name, const char* tip) {
 }  // namespace
 
 GameInterface::GameInterface(OtherErrands errands)
-    : errands_(std::move(errands)), grid_(new GameListGrid(this)) {
+    : errands_(std::move(errands)), grid_(new GameListGrid(this)), mailLine_(new QLabel(this)) {
   setObjectName(u"GameInterface"_s);
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(u"Tarvolenix - Game list"_s);
+  mailLine_->setObjectName(u"MailLine"_s);
+  mailLine_->setTextFormat(Qt::PlainText);
   AddToolbar();
   AddMenuButtons();
   if (!IsSimpleUI()) AddWindowButtons();
@@ -235,6 +238,7 @@ void GameInterface::SetSimpleUI() {
   layout->addLayout(menus);
   layout->addLayout(buttons);
   layout->addWidget(grid_, 1);
+  layout->addWidget(mailLine_);
   setMinimumSize(leastWidth, leastHeight);
   resize(std::max(leastWidth, grid_->sizeHint().width() + 2 * margin), leastHeight);
 }
@@ -250,6 +254,7 @@ void GameInterface::FillGameList(std::int16_t column, std::string order,
   SetToolbarButton(PlayGameButton, anyGame);
   SetToolbarButton(NewGameButton, mayStart);
   SetToolbarButton(SetupGameButton, mayStart);
+  ShowMails();
 }
 
 void GameInterface::Refill(std::optional<std::int32_t> selectGame) {
@@ -264,6 +269,35 @@ std::optional<std::int32_t> GameInterface::SelectedGame() const {
   const store::GameRecord* game = grid_->SelectedGame();
   if (!game) return std::nullopt;
   return game->GAME_ID;
+}
+
+void GameInterface::ShowMails() {
+  const QString line = ShownLine(shell::MailLine());
+  mailLine_->setText(line);
+  mailLine_->setVisible(!line.isEmpty());
+  grid_->ShowMails();
+}
+
+bool GameInterface::MayTryAgain() const {
+  const store::GameRecord* game = grid_->SelectedGame();
+  return game && shell::MayTryAgain(*game);
+}
+
+bool GameInterface::MayChangeAddress() const {
+  const store::GameRecord* game = grid_->SelectedGame();
+  return game && !game->GAME_VS_COMPUTER;
+}
+
+void GameInterface::TryAgainToSend() {
+  if (const auto game = SelectedGame()) shell::TryAgainToSend(*game);
+}
+
+void GameInterface::ChangeAddress() {
+  const auto game = SelectedGame();
+  if (!game) return;
+  const QPointer<GameInterface> self = this;
+  shell::ChangeAddress(*game);
+  if (self && !Process().Stopping) Refill(game);
 }
 
 void GameInterface::PlayCurrentGame() {

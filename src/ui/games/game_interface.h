@@ -15,6 +15,7 @@
 #include "ui/games/game_list_menus.h"
 
 class QAbstractButton;
+class QLabel;
 
 namespace ui {
 
@@ -40,6 +41,14 @@ class GameInterface : public QWidget {
   bool HasGames() const;
   bool OffersMailGames() const;  ///< as it was when the list was last filled
   std::optional<std::int32_t> SelectedGame() const;
+
+  /// How the mails fare: the marks in the list, and the line about all of them.
+  void ShowMails();
+
+  bool MayTryAgain() const;       ///< the selected game's mail can be sent once more
+  bool MayChangeAddress() const;  ///< the selected game is one by mail
+  void TryAgainToSend();
+  void ChangeAddress();
 
   void PlayCurrentGame();
   void DeleteGame();
@@ -69,6 +78,7 @@ class GameInterface : public QWidget {
 
   OtherErrands errands_;
   GameListGrid* grid_;
+  QLabel* mailLine_;
   std::array<QAbstractButton*, SetupGameButton + 1> toolbar_{};  // by number
   bool hasSkin_ = false;
   bool opened_ = false;

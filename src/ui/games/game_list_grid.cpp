@@ -103,6 +103,8 @@ void GameListGrid::Fill(shell::GameList list, std::int16_t sortColumn, bool desc
   setUpdatesEnabled(true);
 }
 
+void GameListGrid::ShowMails() { model_->ShowMails(); }
+
 const store::GameRecord* GameListGrid::SelectedGame() const {
   return model_->GameAt(currentIndex().row());
 }

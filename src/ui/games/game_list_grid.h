@@ -35,6 +35,9 @@ class GameListGrid : public QTableView {
   void Fill(shell::GameList list, std::int16_t sortColumn, bool descending,
             const ListNotice& notice);
 
+  /// The marks of the mails on their way.
+  void ShowMails();
+
   /// Null where no row is selected. Stands until the next fill.
   const store::GameRecord* SelectedGame() const;
 

@@ -9,6 +9,7 @@
 #include "platform/setting_variables.h"
 #include "print/printing.h"
 #include "shell/game_list.h"
+#include "shell/mail_watch.h"
 #include "shell/playing.h"
 #include "shell/shut_down.h"
 #include "ui/games/game_interface.h"
@@ -32,6 +33,12 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
   std::vector<MenuRow> rows{
       {"Retrieve games", [&list] { list.GetGames(false); }},
       {"Import game", [&list] { list.GetGames(true); }},
+      {"Deliver now",
+       [] { shell::DeliverNow(); },
+       shell::MayDeliverNow(),
+       {},
+       {},
+       "No mail waits to be sent."},
       {"Options...", errands.openOptions},
       {"Look", {}, true, {}, errands.lookRows()},
       {"Mail account...", errands.changeAccount},
@@ -90,7 +97,20 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
        !Process().DeletedGames.empty(),
        {},
        {},
-       "No game has been deleted since the program began."}};
+       "No game has been deleted since the program began."},
+      {"-"},
+      {"Try again to send",
+       [&list] { list.TryAgainToSend(); },
+       list.MayTryAgain(),
+       {},
+       {},
+       "No mail of the selected game waits or has failed."},
+      {"Change address...",
+       [&list] { list.ChangeAddress(); },
+       list.MayChangeAddress(),
+       {},
+       {},
+       "No game by mail is selected."}};
 }
 
 std::vector<MenuRow> HelpRows(const OtherErrands& errands) {

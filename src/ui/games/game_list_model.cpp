@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "skin/program_pictures.h"
+#include "ui/games/mail_mark.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -50,6 +51,12 @@ QString StandingOf(std::int16_t status) {
   }
 }
 
+/// With how its mail fares.
+QString SpokenStanding(std::int16_t status, const shell::GameMail* mail) {
+  const QString standing = StandingOf(status);
+  return mail ? standing + u". "_s + Shown(mail->text) : standing;
+}
+
 QString TextOf(const store::GameRecord& game, int column) {
   switch (column) {
     case shell::GameIDColumn:
@@ -89,7 +96,19 @@ GameListModel::GameListModel(QObject* parent) : QAbstractTableModel(parent) {
 void GameListModel::Show(store::GameRecords games) {
   beginResetModel();
   games_ = std::move(games);
+  mails_ = {};
   endResetModel();
+}
+
+void GameListModel::ShowMails() {
+  mails_ = {};
+  if (games_.empty()) return;
+  Q_EMIT dataChanged(index(0, shell::StatusColumn), index(rowCount() - 1, shell::StatusColumn));
+}
+
+/// Null but for the status of a game whose mail has something to tell.
+const shell::GameMail* GameListModel::MailOf(const QModelIndex& index) const {
+  return index.column() == shell::StatusColumn ? mails_.Of(*GameAt(index.row())) : nullptr;
 }
 
 const store::GameRecord* GameListModel::GameAt(int row) const {
@@ -108,15 +127,19 @@ QVariant GameListModel::data(const QModelIndex& index, int role) const {
   const store::GameRecord* game = GameAt(index.row());
   if (!game) return {};
   const int column = index.column();
+  const shell::GameMail* mail = MailOf(index);
   switch (role) {
     case Qt::DisplayRole:
       return TextOf(*game, column);
     case Qt::DecorationRole:
-      if (column == shell::StatusColumn) return Picture(shell::StatusIconOf(game->GAME_STATUS));
-      return {};
+      if (column != shell::StatusColumn) return {};
+      if (mail) return WithMailMark(Picture(shell::StatusIconOf(game->GAME_STATUS)), mail->kind);
+      return Picture(shell::StatusIconOf(game->GAME_STATUS));
     case Qt::AccessibleTextRole:
-      if (column == shell::StatusColumn) return StandingOf(game->GAME_STATUS);
+      if (column == shell::StatusColumn) return SpokenStanding(game->GAME_STATUS, mail);
       return TextOf(*game, column);
+    case Qt::ToolTipRole:
+      return mail ? QVariant(SpokenStanding(game->GAME_STATUS, mail)) : QVariant();
     case Qt::TextAlignmentRole:
       return AlignmentOf(column);
     default:

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "shell/game_list.h"
+#include "shell/mail_watch.h"
 #include "store/game_record.h"
 
 namespace ui {
@@ -21,6 +22,10 @@ class GameListModel : public QAbstractTableModel {
   explicit GameListModel(QObject* parent);
 
   void Show(store::GameRecords games);
+
+  /// Shows how the mails of the games fare by now.
+  void ShowMails();
+
   const store::GameRecord* GameAt(int row) const;
 
   /// The list's pictures count from 1; without a file it is a null icon.
@@ -32,7 +37,10 @@ class GameListModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  const shell::GameMail* MailOf(const QModelIndex& index) const;
+
   store::GameRecords games_;
+  shell::GameMails mails_;
   std::array<QIcon, shell::statusIconCount + 1> pictures_;  // the first one is empty
 };
 

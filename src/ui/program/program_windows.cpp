@@ -17,6 +17,7 @@
 #include "shell/start_up.h"
 #include "skin/program_pictures.h"
 #include "skin/skin.h"
+#include "ui/games/change_address.h"
 #include "ui/games/held_mail_form.h"
 #include "ui/games/notify_form.h"
 #include "ui/options/look_menu.h"
@@ -145,6 +146,15 @@ std::optional<std::int32_t> ProgramWindows::SelectedGame() {
 
 void ProgramWindows::SetGameListFace(int trayPicture, const std::string& caption) {
   if (list_) list_->SetFace(TrayPicture(trayPicture), Shown(caption));
+}
+
+void ProgramWindows::ShowMails() {
+  if (list_) list_->ShowMails();
+}
+
+std::optional<std::string> ProgramWindows::AskAddress(const std::string& name,
+                                                      const std::string& address) {
+  return AskForAddress(name, address);
 }
 
 void ProgramWindows::OpenBoard(bool toFront) {

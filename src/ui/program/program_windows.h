@@ -35,6 +35,9 @@ class ProgramWindows : public QObject, public platform::Windows {
   void FillGameList(std::optional<std::int32_t> selectGame) override;
   std::optional<std::int32_t> SelectedGame() override;
   void SetGameListFace(int trayPicture, const std::string& caption) override;
+  void ShowMails() override;
+  std::optional<std::string> AskAddress(const std::string& name,
+                                        const std::string& address) override;
   void OpenBoard(bool toFront) override;
   std::optional<platform::NewGameFields> AskNewGame() override;
   void HideNewGame() override;

@@ -11,6 +11,7 @@
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
+#include "shell/mail_watch.h"
 #include "shell/playing.h"
 #include "shell/polling_loop.h"
 #include "shell/shut_down.h"
@@ -85,6 +86,7 @@ SystemTray::SystemTray(const ChangeAccount& changeAccount,
   seams.hooks.stopped = [] {
     if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit(0);
   };
+  seams.mailState->OnChange(shell::FollowMails);
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
   connect(&icon_, &TrayIcon::Opened, this, &SystemTray::OpenByDoubleClick);
   connect(&icon_, &TrayIcon::Missing, this, &SystemTray::LeaveTray);
@@ -95,6 +97,7 @@ SystemTray::~SystemTray() {
   platform::Seams& seams = platform::TheSeams();
   seams.windows = &platform::noWindows;
   seams.tray = &platform::noTray;
+  seams.mailState->OnChange({});
   seams.hooks = {};
 }
 
@@ -155,6 +158,8 @@ void SystemTray::FollowCheckTimer() {
   } else {
     checkTimer_.stop();
   }
+  // What couldn't be told while something else was up.
+  if (timer.Enabled) QTimer::singleShot(0, this, &shell::TellOfMailTrouble);
 }
 
 }  // namespace ui

@@ -6,6 +6,7 @@
 
 #include "platform/process_state.h"
 #include "platform/seams.h"
+#include "shell/mail_watch.h"
 #include "shell/tray_games.h"
 #include "shell/tray_status.h"
 #include "widgets/front_window.h"
@@ -61,6 +62,7 @@ TrayMenu::TrayMenu(const TrayMenuActions& actions)
   games_->setObjectName(u"mnuPopupGameList"_s);
   addSeparator();
   retrieve_ = AddEntry(*this, "mnuPopupRetrieve", u"&Retrieve games"_s, actions.retrieve);
+  deliver_ = AddEntry(*this, "mnuPopupDeliver", u"&Deliver now"_s, [] { shell::DeliverNow(); });
   account_ = AddEntry(*this, "mnuPopupAccount", u"Mail account..."_s, actions.changeAccount);
   heldMails_ =
       AddEntry(*this, "mnuPopupHeldMails", u"Mails set aside..."_s, actions.askAboutHeldMails);
@@ -109,6 +111,7 @@ void TrayMenu::Refresh() {
   games_->menuAction()->setVisible(state.games);
   games_->setEnabled(free);
   retrieve_->setText(Shown(state.retrieveCaption));
+  deliver_->setEnabled(free && state.deliver);
   for (QAction* entry : {retrieve_, account_, heldMails_, options_, exit_}) entry->setEnabled(free);
 }
 

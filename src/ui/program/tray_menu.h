@@ -48,6 +48,7 @@ class TrayMenu : public QMenu {
   QMenu* games_;
   std::string gameFileStamp_;  // of the game file that the games are from
   QAction* retrieve_;
+  QAction* deliver_;
   QAction* account_;
   QAction* options_;
   QAction* heldMails_;

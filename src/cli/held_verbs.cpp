@@ -1,28 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The verbs of the mails that were set aside.
 #include <algorithm>
-#include <chrono>
 
+#include "cli/delivery_states.h"
 #include "cli/verbs.h"
 #include "mail/held_answers.h"
-#include "platform/conversions.h"
 #include "platform/files.h"
 
 namespace cli {
 namespace {
-
-/// Such as "2026-11-25T10:00:00Z".
-std::string UtcText(std::int64_t seconds) {
-  using namespace std::chrono;
-  const sys_seconds time{std::chrono::seconds(seconds)};
-  const auto day = floor<days>(time);
-  const year_month_day date(day);
-  const hh_mm_ss clock(time - day);
-  const auto two = [](auto number) { return platform::ZeroFilled(static_cast<int>(number), 2); };
-  return std::to_string(static_cast<int>(date.year())) + '-' + two(unsigned{date.month()}) + '-' +
-         two(unsigned{date.day()}) + 'T' + two(clock.hours().count()) + ':' +
-         two(clock.minutes().count()) + ':' + two(clock.seconds().count()) + 'Z';
-}
 
 /// The moves that both lists have under one number and that aren't the same.
 Json Differences(const mail::HeldMail& held) {

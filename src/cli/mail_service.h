@@ -2,8 +2,11 @@
 // The mail session of one call of the console.
 #pragma once
 
-#include <cstdint>
 #include <string>
+
+#include "cli/collected_messages.h"
+#include "cli/json.h"
+#include "store/game_record.h"
 
 namespace cli {
 
@@ -11,8 +14,26 @@ namespace cli {
 /// whether there is a session; the messages say why not.
 void LogOn();
 
-/// Mails a stored game. False, with the reason in the messages, where that failed.
-bool SendGame(std::int32_t gameID);
+/// What became of a mail by the end of the call.
+struct Sending {
+  bool ok = false;     ///< it was sent, or waits to be
+  std::string state;   ///< "sent", "waiting", "perhaps" or "failed"
+  std::string reason;  ///< why it isn't sent; blank where it is
+};
+
+/// Mails a stored game, and waits for what becomes of it, but not for ever. Where not even the
+/// outbox took it the reason is in the messages.
+Sending SendGame(const store::GameRecord& game);
+
+/// Adds the state, and the reason where there is one.
+void AddSending(JsonObject& answer, const Sending& sending);
+
+/// Waits until all that can be sent now is sent, but not for ever.
+void AwaitDelivery();
+
+/// A sentence that begins with `what`, or with what was said.
+std::string WhyNotSent(const std::string& what, const Sending& sending,
+                       CollectedMessages& messages);
 
 /// What was said of a failure, and behind it what the mail service itself says.
 std::string WithServiceReason(const std::string& said);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The verbs of mails and move files.
+#include "cli/delivery_states.h"
 #include "cli/game_argument.h"
 #include "cli/mail_service.h"
 #include "cli/verbs.h"
@@ -44,12 +45,35 @@ void LogOn() {
   WithoutLogonGuard([] { mail::MailLogon(true); });
 }
 
-bool SendGame(std::int32_t gameID) {
-  if (!platform::Process().Offline) return mail::SendMoveMail(gameID);
-  platform::ShowMessage(platform::MailIcon, "Network error.",
-                        "The move was not sent: there is no connection to your mail service.",
-                        "OK");
-  return false;
+Sending SendGame(const store::GameRecord& game) {
+  if (platform::Process().Offline) {
+    platform::ShowMessage(platform::MailIcon, "Network error.",
+                          "The move was not sent: there is no connection to your mail service.",
+                          "OK");
+    return {false, "failed", {}};
+  }
+  if (!mail::SendMoveMail(game.GAME_ID)) return {false, "failed", {}};
+  AwaitDelivery();
+  const std::string thread = mail::ThreadOf(game);
+  for (const auto& mail : platform::TheSeams().mailState->OnItsWay()) {
+    if (mail.thread != thread) continue;
+    const bool isFailed = mail.stage == platform::MailStage::Failed;
+    if (isFailed) platform::TheSeams().mailState->NoteTold(thread);
+    const bool isUnknown = mail.stage == platform::MailStage::Sending;
+    return {!isFailed, isUnknown ? "waiting" : NameOf(mail.stage), mail.reason};
+  }
+  return {true, "sent", {}};
+}
+
+void AddSending(JsonObject& answer, const Sending& sending) {
+  answer.Add("state", sending.state);
+  if (!sending.reason.empty()) answer.Add("reason", sending.reason);
+}
+
+std::string WhyNotSent(const std::string& what, const Sending& sending,
+                       CollectedMessages& messages) {
+  if (!sending.reason.empty()) return what + ' ' + sending.reason;
+  return WithServiceReason(messages.TakeSentence(what));
 }
 
 std::string WithServiceReason(const std::string& said) {
@@ -114,9 +138,12 @@ bool Export(const Call& call) {
 bool Send(const Call& call) {
   const store::GameRecord game = GameArgument(call.arguments);
   LogOn();
-  const bool ok = SendGame(game.GAME_ID);
-  JsonObject().Add("game", game.GAME_ID).Add("ok", ok).Add("to", game.GAME_OPPONENTS_EMAIL).Print();
-  if (!ok) throw Refusal(WithServiceReason(call.messages.TakeSentence("The move was not sent.")));
+  const Sending sending = SendGame(game);
+  JsonObject answer;
+  answer.Add("game", game.GAME_ID).Add("ok", sending.ok).Add("to", game.GAME_OPPONENTS_EMAIL);
+  AddSending(answer, sending);
+  answer.Print();
+  if (!sending.ok) throw Refusal(WhyNotSent("The move was not sent.", sending, call.messages));
   return true;
 }
 
@@ -124,6 +151,7 @@ bool Retrieve(const Call& call) {
   const bool all = call.arguments.Has("--all");
   const auto arrivals =
       WithoutLogonGuard([all] { return mail::LogonAndCollect(false, true, all); });
+  AwaitDelivery();
   bool allOk = !platform::Process().Offline;
   for (const mail::MoveArrival& arrival : arrivals) {
     if (arrival.why != mail::Objection::None) {

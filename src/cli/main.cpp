@@ -75,7 +75,8 @@ void DropToolkitMessages(QtMsgType, const QMessageLogContext&, const QString&) {
 
 /// The other verbs go on without settings.
 bool NeedsSettings(const cli::VerbRow& verb, const cli::Arguments& arguments) {
-  return verb.run == cli::Send || verb.run == cli::Retrieve || arguments.Has("--send") ||
+  return verb.run == cli::Send || verb.run == cli::Retrieve || verb.run == cli::MailStatus ||
+         verb.run == cli::MailDeliver || arguments.Has("--send") ||
          std::string_view(verb.name).starts_with("account");
 }
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The verbs that make moves in the user's games.
+#include <optional>
+
 #include "board/saving.h"
 #include "cli/game_argument.h"
 #include "cli/mail_service.h"
@@ -7,9 +9,11 @@
 #include "cli/verbs.h"
 #include "mail/character_count.h"
 #include "mail/move_mail.h"
+#include "mail/unsent.h"
 #include "platform/process_state.h"
 #include "platform/utf8.h"
 #include "rules/board_text.h"
+#include "store/queries.h"
 
 namespace cli {
 namespace {
@@ -69,12 +73,21 @@ board::MovesAre PrepareSending(bool send, CollectedMessages& messages) {
 }
 
 /// What became of a move once it was played.
-enum class Stored { Nowhere, Saved, SavedAndSent };
+struct Stored {
+  bool saved = false;
+  std::optional<Sending> sending;  ///< nothing where it wasn't to be sent
+
+  bool IsDone() const { return saved && (!sending || sending->ok); }
+};
 
 Stored Store(PlayedBoard& played, bool send) {
-  if (!board::SaveMove(played.logic)) return Stored::Nowhere;
-  if (!send) return Stored::Saved;
-  return SendGame(played.logic.SavedGameID) ? Stored::SavedAndSent : Stored::Saved;
+  std::optional<mail::SendingNote> note;
+  if (send) note.emplace(platform::Process().CurrentGameID);
+  if (!board::SaveMove(played.logic)) return {};
+  if (!send) return {true, {}};
+  std::optional<store::GameRecord> game;
+  if (!store::FindGame(game, played.logic.SavedGameID) || !game) return {true, Sending{}};
+  return {true, SendGame(*game)};
 }
 
 void AddMove(JsonObject& answer, const PlayedBoard& played) {
@@ -83,11 +96,9 @@ void AddMove(JsonObject& answer, const PlayedBoard& played) {
 }
 
 /// Why what was asked wasn't done.
-std::string Failure(Stored stored, const std::string& what, CollectedMessages& messages) {
-  if (stored == Stored::Nowhere) {
-    return messages.TakeSentence("The " + what + " could not be saved.");
-  }
-  return WithServiceReason(messages.TakeSentence("The " + what + " was saved, but not sent."));
+std::string Failure(const Stored& stored, const std::string& what, CollectedMessages& messages) {
+  if (!stored.saved) return messages.TakeSentence("The " + what + " could not be saved.");
+  return WhyNotSent("The " + what + " was saved, but not sent.", *stored.sending, messages);
 }
 
 constexpr const char* emptySquare = "there is none of your pieces on its square.";
@@ -114,14 +125,13 @@ bool New(const Call& call) {
     throw Refusal("The move " + move + " was refused: " + call.messages.TakeSentence(emptySquare));
   }
   const Stored stored = Store(played, send);
-  if (stored == Stored::Nowhere) throw Refusal(Failure(stored, "game", call.messages));
+  if (!stored.saved) throw Refusal(Failure(stored, "game", call.messages));
   JsonObject answer;
   answer.Add("game", played.logic.SavedGameID);
   AddMove(answer, played);
+  if (stored.sending) AddSending(answer, *stored.sending);
   answer.Print();
-  if (send && stored != Stored::SavedAndSent) {
-    throw Refusal(Failure(stored, "game", call.messages));
-  }
+  if (!stored.IsDone()) throw Refusal(Failure(stored, "game", call.messages));
   return true;
 }
 
@@ -135,16 +145,16 @@ bool Move(const Call& call) {
   played.logic.PlayerComment = call.arguments.Value("--comment");
   const std::string& move = call.arguments.Others()[1];
   const bool accepted = played.PlayEntry(move);
-  const Stored stored = accepted ? Store(played, send) : Stored::Nowhere;
-  const bool ok = stored == (send ? Stored::SavedAndSent : Stored::Saved);
+  const Stored stored = accepted ? Store(played, send) : Stored{};
   JsonObject answer;
-  answer.Add("game", game.GAME_ID).Add("ok", ok);
-  if (stored != Stored::Nowhere) AddMove(answer, played);
+  answer.Add("game", game.GAME_ID).Add("ok", stored.IsDone());
+  if (stored.saved) AddMove(answer, played);
+  if (stored.sending) AddSending(answer, *stored.sending);
   answer.Add("messages", call.messages.Pairs()).Print();
   if (!accepted) {
     throw Refusal("The move " + move + " was refused: " + call.messages.TakeSentence(emptySquare));
   }
-  if (!ok) throw Refusal(Failure(stored, "move", call.messages));
+  if (!stored.IsDone()) throw Refusal(Failure(stored, "move", call.messages));
   return true;
 }
 

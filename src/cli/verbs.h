@@ -71,6 +71,10 @@ bool MailHeld(const Call& call);
 bool MailAccept(const Call& call);
 bool MailRefuse(const Call& call);
 
+// Mails on their way.
+bool MailStatus(const Call& call);
+bool MailDeliver(const Call& call);
+
 // The mail account.
 bool ShowAccount(const Call& call);
 bool SetAccount(const Call& call);

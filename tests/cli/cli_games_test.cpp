@@ -6,7 +6,7 @@ namespace cli {
 namespace {
 
 TEST_F(CliTest, AGameTravelsBetweenTwoPlayersByMail) {
-  EXPECT_EQ(AnnaStartsGame().out, "{\"game\":1,\"text\":\"e4\",\"status\":2}\n");
+  EXPECT_EQ(AnnaStartsGame().out, "{\"game\":1,\"text\":\"e4\",\"status\":2,\"state\":\"sent\"}\n");
   EXPECT_EQ(
       As("bob", {"retrieve"}).out,
       "{\"game\":1,\"changed\":true,\"ok\":true,\"stage\":0,\"from\":\"anna@example.org\"}\n");
@@ -14,11 +14,13 @@ TEST_F(CliTest, AGameTravelsBetweenTwoPlayersByMail) {
   EXPECT_EQ(As("bob", {"moves", "1"}).out,
             "{\"MoveNumber\":1,\"MoveCoordinates\":\"5254\",\"MoveText\":\"e4\","
             "\"MoveComment\":\"Grüße\"}\n");
-  EXPECT_EQ(As("bob", {"move", "1", "5755", "--send"}).out,
-            "{\"game\":1,\"ok\":true,\"text\":\"e5\",\"status\":2,\"messages\":[]}\n");
+  EXPECT_EQ(
+      As("bob", {"move", "1", "5755", "--send"}).out,
+      "{\"game\":1,\"ok\":true,\"text\":\"e5\",\"status\":2,\"state\":\"sent\",\"messages\":[]}\n");
   EXPECT_EQ(As("anna", {"retrieve"}).exitCode, 0);
   EXPECT_NE(As("anna", {"show", "1", "--text"}).out.find(" 4  . . . . P . . ."), std::string::npos);
-  EXPECT_EQ(As("bob", {"send", "1"}).out, "{\"game\":1,\"ok\":true,\"to\":\"anna@example.org\"}\n");
+  EXPECT_EQ(As("bob", {"send", "1"}).out,
+            "{\"game\":1,\"ok\":true,\"to\":\"anna@example.org\",\"state\":\"sent\"}\n");
   EXPECT_NE(As("anna", {"retrieve"}).out.find("\"changed\":false"), std::string::npos);
 }
 
@@ -41,6 +43,40 @@ TEST_F(CliTest, AGameIsPrintedIntoAFile) {
     EXPECT_EQ(answer.exitCode, exitCode) << why;
     EXPECT_NE(answer.err.find(why), std::string::npos) << answer.err;
   }
+}
+
+TEST_F(CliTest, AMailThatWaitsOrFailsIsToldAndGoesOutLater) {
+  const auto stateOf = [](const Answer& answer) {
+    return Between(answer.out, "\"state\":", ",") + ' ' + std::to_string(answer.exitCode);
+  };
+  const std::string box = root_ / "post/bob@example.org";
+  fs::create_directories(root_ / "post");
+  WriteFile(box, "no folder");
+  EXPECT_EQ(stateOf(AnnaStartsGame()), "\"state\":\"failed\" 1");
+  const std::string status = As("anna", {"mail", "status"}).out;
+  EXPECT_NE(status.find("\"connected\":true"), std::string::npos) << status;
+  EXPECT_NE(
+      status.find("\"waiting\":0,\"failed\":1}\n{\"game\":1,\"state\":\"failed\",\"tries\":1"),
+      std::string::npos)
+      << status;
+  fs::remove(box);
+  EXPECT_EQ(As("anna", {"mail", "deliver"}).exitCode, 0);
+  EXPECT_FALSE(fs::exists(box)) << "what failed waits for its user";
+  EXPECT_EQ(stateOf(As("anna", {"send", "1"})), "\"state\":\"sent\"}\n 0");
+
+  WriteFile(root_ / "anna/Tarvolenix.conf",
+            "[Mail]\nMailKind=Imap\nMyName=anna\nMyAddress=anna@example.org\nUserName=anna\n"
+            "TokenCommand=echo x\nImapHost=127.0.0.1\nImapPort=1\nImapSecurity=None\n"
+            "SmtpHost=127.0.0.1\nSmtpPort=1\nSmtpSecurity=None\n");
+  const Answer waits = As("anna", {"send", "1"});
+  EXPECT_EQ(stateOf(waits), "\"state\":\"waiting\" 0") << "nobody is there";
+  EXPECT_NE(waits.out.find("\"reason\":\"Nothing answers"), std::string::npos) << waits.out;
+  WriteFile(root_ / "anna/Tarvolenix.conf",
+            "[Mail]\nMailKind=Post\nMyAddress=anna@example.org\n"
+            "PostFolder=" +
+                root_ / "post/\n");
+  EXPECT_EQ(As("anna", {"retrieve"}).exitCode, 0);
+  EXPECT_EQ(As("anna", {"mail", "status"}).out.find("\"game\""), std::string::npos) << "it is out";
 }
 
 // An answer from another address than the game's waits for the user's word.

@@ -11,6 +11,7 @@
 
 #include "desktop/folders.h"
 #include "mail/mail_session.h"
+#include "platform/mail_address.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
@@ -20,6 +21,7 @@
 #include "post/account_check.h"
 #include "post/discovery_network.h"
 #include "post/known_providers.h"
+#include "post/outbox.h"
 #include "post/patience.h"
 #include "shell/held_mail_questions.h"
 #include "shell/past_opponents.h"
@@ -132,12 +134,7 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
 std::optional<post::AccountAnswer> Program::AskAtLogon(const post::MailAccount& suggestion) {
   // The program may have been ended over the keyring's question.
   auto answer = Process().Stopping ? std::nullopt : AskAccount(ForNewcomer(suggestion, "Imap"));
-  if (!answer) {
-    // The logon fails and would leave its guard standing, as after a crash; but nothing crashed.
-    platform::SetLogonStatus(false);
-  } else if (!answer->password) {
-    answer->password = KeptPassword(answer->account);
-  }
+  if (answer && !answer->password) answer->password = KeptPassword(answer->account);
   return answer;
 }
 
@@ -196,7 +193,31 @@ bool Program::ChangeAccountFrom(const post::MailAccount& stored, const char* sug
   // The next logon is the new account's, whatever became of the old one's.
   mail::MailLogoff(false);
   Process().Offline = true;
+  GiveWaitingMailsTo(answer->account.MyAddress, stored.MyAddress);
   return !Process().Stopping;
+}
+
+/// Those of an account whose address stays go with it by themselves.
+void Program::GiveWaitingMailsTo(const std::string& address, const std::string& oldAddress) {
+  if (oldAddress.empty() || platform::SameAddress(address, oldAddress)) return;
+  post::Outbox old(post::OutboxFolder(oldAddress)), next(post::OutboxFolder(address));
+  try {
+    const auto mails = old.Mails();
+    if (mails.empty()) return;
+    const bool isOne = mails.size() == 1;
+    if (platform::ShowMessage(platform::MailIcon, "Mail account",
+                              (isOne ? "A mail waits" : "Mails wait") +
+                                  std::string(" to be sent from your old address ") + oldAddress +
+                                  ".||Shall " + (isOne ? "it" : "they") + " be sent from " +
+                                  address + " instead?",
+                              "Send", "Drop", false, platform::AttentionSound)) {
+      old.MoveTo(next);
+    } else if (!Process().Stopping) {
+      for (const auto& mail : mails) old.Remove(mail);
+    }
+  } catch (const std::exception& error) {
+    post::ReportAccountTrouble(std::string("The mails that wait can't be moved: ") + error.what());
+  }
 }
 
 }  // namespace app

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "app/network_watch.h"
 #include "contacts/contacts_book.h"
 #include "desktop/single_instance.h"
 #include "post/mail_account.h"
@@ -51,6 +52,7 @@ class Program {
   void ChangeAccount(const char* suggestedKind);
   /// True where there is another now.
   bool ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind);
+  void GiveWaitingMailsTo(const std::string& address, const std::string& oldAddress);
 
   std::optional<std::string> KeptPassword(const post::MailAccount& account);
   void TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told);
@@ -65,6 +67,7 @@ class Program {
   std::unique_ptr<desktop::SingleInstance> instance_;
   std::unique_ptr<ui::SystemTray> tray_;
   ui::WaitingWindows waiting_;
+  NetworkWatch network_;
   /// What the account dialog wants to know of the network. Only the last one counts.
   struct Inquiry {
     std::function<void()> hurry;

@@ -71,6 +71,16 @@ bool IsSame(const QueuedMail& one, const QueuedMail& other) {
   return one.file == other.file && one.tries == other.tries && one.state == other.state;
 }
 
+/// 0 where nothing waits.
+std::int64_t EarliestTry(const std::vector<QueuedMail>& mails) {
+  std::int64_t earliest = 0;
+  for (const QueuedMail& mail : mails) {
+    const std::int64_t next = std::max<std::int64_t>(1, mail.nextTry);
+    if (!HasFailed(mail)) earliest = earliest == 0 ? next : std::min(earliest, next);
+  }
+  return earliest;
+}
+
 QueuedMail PutOff(QueuedMail mail, QueueState state, const std::string& reason) {
   ++mail.tries;
   mail.nextTry = Now() + WithJitter(PauseAfter(mail.tries));
@@ -175,7 +185,7 @@ void Delivery::Begin(const AccountAnswer& answer, MakeTransport make) {
   const std::lock_guard lock(mutex_);
   looked_ = tryingAll_ = false;
   way_ = {};
-  nextTry_ = 0;
+  nextTry_ = EarliestTry(mails);
   mails_ = std::move(mails);
 }
 
@@ -332,13 +342,8 @@ void Delivery::Settle(Session& session, const QueuedMail& mail) {
 /// What fails for want of a disk is tried again, but not all the time.
 void Delivery::PlanNext(const SessionPtr& session, std::int64_t notBefore) {
   if (session->IsOver()) return;
-  std::int64_t next = 0;
-  for (const QueuedMail& mail : LookInto(*session)) {
-    if (HasFailed(mail)) continue;
-    next = next == 0 ? mail.nextTry : std::min(next, mail.nextTry);
-    next = std::max(next, Now() + shortestPause);
-  }
-  if (next != 0) next = std::max(next, notBefore);
+  std::int64_t next = EarliestTry(LookInto(*session));
+  if (next != 0) next = std::max({next, notBefore, Now() + shortestPause});
   {
     const std::lock_guard lock(mutex_);
     if (way_.link == MailLink::Refused) next = 0;

@@ -149,6 +149,7 @@ TEST_F(RealServersTest, NoPasswordAndNoMailGoesToAServerThatProvesNothing) {
     EXPECT_EQ(problem.empty(), works);
     if (works) {
       EXPECT_NO_THROW(mail.Send(move));
+      mail.KeepCopies();
     } else {
       EXPECT_THROW(mail.Open(), platform::MailError);
       EXPECT_THROW(mail.TryOutgoing(), platform::MailError);

@@ -25,7 +25,7 @@ inline constexpr Control gameInterfaceControls[] = {
     {"HelpMenuButton", Surface::Button, {615, 58, 78, 28}},
 
     // Seen only where there is something to tell.
-    {"MailLine", Surface::Occasion, {29, 318, 660, 18}},
+    {"MailLine", Surface::Occasion, {29, 80, 324, 15}},
 
     // What to do where there is no game yet may stand in the place of the grid.
     {"GameList", Surface::Grid, {27, 98, 665, 218}},

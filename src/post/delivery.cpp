@@ -248,7 +248,18 @@ void Delivery::NoteTold(const std::string& thread) {
 }
 
 void Delivery::Deliver(const SessionPtr& session, Which which) {
-  if (session->IsOver()) return;
+  try {
+    if (!session->IsOver()) DeliverWhat(session, which);
+  } catch (const std::exception& error) {
+    // The outbox can't be read just now.
+    Find(MailLink::Waiting, InPlainWords(error, session->answer.account));
+    EndOfTryingAll();
+    Changed();
+    PlanAt(session, Now() + PauseAfter(1));
+  }
+}
+
+void Delivery::DeliverWhat(const SessionPtr& session, Which which) {
   std::int64_t notBefore = session->pausedUntil;
   const std::vector<QueuedMail> mails = ToTry(*session, which);
   const auto lock = mails.empty() ? nullptr : session->outbox.TryToDeliver();
@@ -344,10 +355,13 @@ void Delivery::PlanNext(const SessionPtr& session, std::int64_t notBefore) {
   if (session->IsOver()) return;
   std::int64_t next = EarliestTry(LookInto(*session));
   if (next != 0) next = std::max({next, notBefore, Now() + shortestPause});
+  PlanAt(session, TheWay().link == MailLink::Refused ? 0 : next);
+}
+
+/// 0: only when somebody asks.
+void Delivery::PlanAt(const SessionPtr& session, std::int64_t next) {
   {
     const std::lock_guard lock(mutex_);
-    if (way_.link == MailLink::Refused) next = 0;
-    trying_.clear();
     nextTry_ = next;
   }
   const auto wait = std::chrono::seconds(std::min(next - Now(), longestPause + longestJitter));

@@ -99,12 +99,14 @@ class Delivery {
 
   // On the thread that delivers.
   void Deliver(const SessionPtr& session, Which which);
+  void DeliverWhat(const SessionPtr& session, Which which);
   std::vector<QueuedMail> ToTry(Session& session, Which which);
   void TryAll(Session& session, const std::vector<QueuedMail>& mails);
   bool Try(Session& session, QueuedMail mail);
   void BeginToTry(const std::string& file);
   void Settle(Session& session, const QueuedMail& mail);
   void PlanNext(const SessionPtr& session, std::int64_t notBefore);
+  void PlanAt(const SessionPtr& session, std::int64_t next);
   std::vector<QueuedMail> LookInto(Session& session);
   bool IsTryingAll() const;
   void EndOfTryingAll();

@@ -37,6 +37,9 @@ class RecordingWindows : public platform::Windows {
   std::optional<std::string> PickMoveFile() override { return picked; }
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
+  std::optional<std::string> AskAddress(const std::string&, const std::string&) override {
+    return newAddress;
+  }
   void CloseAll() override { Did("close all"); }
 
   std::set<std::string> refusing;  ///< entries of the log that answer false, or do nothing
@@ -46,6 +49,7 @@ class RecordingWindows : public platform::Windows {
   std::deque<platform::HeldMailChoice> heldChoices;       ///< likewise for mails set aside
   std::vector<platform::HeldMailQuestion> heldQuestions;  ///< that were asked
   std::optional<std::string> picked;                      ///< file to import
+  std::optional<std::string> newAddress;                  ///< of an opponent
   std::function<void()> duringQuestion;  ///< while the user is asked about a new move
   std::function<void()> gameListClosed;  ///< the close handler
 

@@ -162,6 +162,18 @@ TEST_F(DeliveryTest, OnlyOneProgramDelivers) {
   EXPECT_EQ(Tried(0), "a.");
 }
 
+TEST_F(DeliveryTest, AnOutboxThatCantBeReadForAWhileKeepsNobodyWaiting) {
+  for (int operation = 1; operation <= 3; ++operation) {
+    outbox_.Add(Mail("a"), 0);
+    Begin();
+    desktop_.files.FailOperation(operation);
+    Tried(0);
+    EXPECT_EQ(Left().find("sending"), std::string::npos) << operation;
+    Tried(40);
+    EXPECT_EQ(Left(), "");
+  }
+}
+
 TEST_F(DeliveryTest, AFailureIsToldOnceAndAFullDiskIsNoSending) {
   network_.trouble["a"] = "refused";
   delivery_.Add(Mail("a", "t"));

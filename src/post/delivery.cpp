@@ -278,11 +278,6 @@ void Delivery::DeliverWhat(const SessionPtr& session, Which which) {
 std::vector<QueuedMail> Delivery::ToTry(Session& session, Which which) {
   if (TheWay().link == MailLink::Refused || IsTryingAll()) which = Which::All;
   std::vector<QueuedMail> mails = LookInto(session);
-  std::erase_if(mails, [this, &session](const QueuedMail& mail) {
-    const bool isSent = session.sent.contains(mail.file);
-    if (isSent) Settle(session, mail);
-    return isSent;
-  });
   const std::int64_t now = Now();
   const bool paused = now < session.pausedUntil && !IsFar(session.pausedUntil, now);
   if (which == Which::Due && paused) return {};
@@ -369,8 +364,14 @@ void Delivery::PlanAt(const SessionPtr& session, std::int64_t next) {
                  [this, session] { Deliver(session, Which::Due); });
 }
 
+/// Without those that were sent and couldn't be removed, which is tried again.
 std::vector<QueuedMail> Delivery::LookInto(Session& session) {
   std::vector<QueuedMail> mails = session.outbox.Mails();
+  std::erase_if(mails, [this, &session](const QueuedMail& mail) {
+    const bool isSent = session.sent.contains(mail.file);
+    if (isSent) Settle(session, mail);
+    return isSent;
+  });
   {
     const std::lock_guard lock(mutex_);
     const bool isSame =

@@ -154,19 +154,29 @@ std::vector<std::string> Outbox::Names() {
   return names;
 }
 
+/// Nothing for what is no mail, or is gone. What can't be read just now is as it was.
+std::optional<QueuedMail> Outbox::ReadFile(const std::string& name) {
+  try {
+    auto mail = ReadMail(Files().Read(folder_ + name));
+    if (!mail) return std::nullopt;
+    mail->file = name;
+    known_[name] = *mail;
+    return mail;
+  } catch (const platform::FileError&) {
+    const auto known = known_.find(name);
+    if (known == known_.end() || !Files().Exists(folder_ + name)) return std::nullopt;
+    return known->second;
+  }
+}
+
 /// Without those that a newer one has replaced.
 std::vector<QueuedMail> Outbox::Read(const std::vector<std::string>& names) {
   std::vector<QueuedMail> mails;
   for (const std::string& name : names) {
-    try {
-      auto mail = ReadMail(Files().Read(folder_ + name));
-      if (!mail) continue;
-      mail->file = name;
-      std::erase_if(mails, [&mail](const auto& older) { return IsSameThread(older, *mail); });
-      mails.push_back(std::move(*mail));
-    } catch (const platform::FileError&) {
-      // gone meanwhile, or nothing that could be sent
-    }
+    auto mail = ReadFile(name);
+    if (!mail) continue;
+    std::erase_if(mails, [&mail](const auto& older) { return IsSameThread(older, *mail); });
+    mails.push_back(std::move(*mail));
   }
   return mails;
 }
@@ -188,6 +198,7 @@ QueuedMail Outbox::Add(const letters::OutgoingMail& mail, std::int64_t now) {
   const std::vector<std::string> names = Names();
   QueuedMail queued{NewName(names), mail, now, 0, 0, QueueState::Waiting, {}};
   platform::ReplaceFile(folder_ + queued.file, Written(queued));
+  known_[queued.file] = queued;
   for (const QueuedMail& older : Read(names)) {
     if (!IsSameThread(older, queued)) continue;
     try {
@@ -214,6 +225,7 @@ bool Outbox::Update(const QueuedMail& mail) {
 void Outbox::Remove(const QueuedMail& mail) {
   const std::lock_guard lock(mutex_);
   if (Files().Exists(folder_ + mail.file)) Files().Remove(folder_ + mail.file);
+  known_.erase(mail.file);
 }
 
 std::unique_ptr<platform::HeldLock> Outbox::TryToDeliver() {

@@ -14,8 +14,10 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,12 +63,14 @@ class Outbox {
   void MoveTo(Outbox& other);
 
  private:
+  std::optional<QueuedMail> ReadFile(const std::string& name);
   std::vector<QueuedMail> Read(const std::vector<std::string>& names);
   void MakeFolder();
   std::vector<std::string> Names();
 
   std::string folder_;
   std::mutex mutex_;
+  std::map<std::string, QueuedMail> known_;  // as they were read last, by file
 };
 
 /// The folder of the account with this address, beside the games.

@@ -58,7 +58,7 @@ void LetThink(int depth, const Witness& witness) {
   platform::Settings().SimpleUI = true;
   platform::Settings().SearchDepth = static_cast<std::int16_t>(depth);
   ai::LoadDefaultHeuristics();
-  const ui::ChessGraphics graphics;
+  const boards::ChessGraphics graphics;
   for (const std::string_view game : bench::realGames) {
     desktop.files.content.clear();
     StoreGame(game);

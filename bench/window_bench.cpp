@@ -6,13 +6,13 @@
 
 #include <memory>
 
+#include "boards/chess_graphics.h"
 #include "fakes/fake_desktop.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "skin/skin.h"
 #include "store/saving.h"
 #include "ui/board/board_window.h"
-#include "ui/board/chess_graphics.h"
 #include "ui/board/exchange_pawn.h"
 #include "ui/program/msg_form.h"
 #include "ui/program/status_window.h"
@@ -20,7 +20,7 @@
 namespace {
 
 using Window = std::unique_ptr<QWidget>;
-using ui::ChessGraphics;
+using boards::ChessGraphics;
 
 /// 40 moves there and back.
 void StoreGame() {
@@ -63,7 +63,8 @@ void Open(benchmark::State& state, Window (*newWindow)(const ChessGraphics&), co
   platform::Settings().SimpleUI = false;
   platform::Settings().Skin = skin;
   ChessGraphics graphics;
-  if (!ui::LoadChessGraphics("Classic Wood", "Plain", graphics) || !ui::ApplySkinToSystemTray()) {
+  if (!boards::LoadChessGraphics("Classic Wood", "Plain", graphics) ||
+      !ui::ApplySkinToSystemTray()) {
     return state.SkipWithError("no pictures");
   }
   newWindow(graphics)->show();

@@ -15,6 +15,7 @@
 #include <memory>
 #include <vector>
 
+#include "boards/chess_graphics.h"
 #include "fakes/fake_desktop.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
@@ -26,7 +27,6 @@
 #include "skin/window_skin.h"
 #include "store/saving.h"
 #include "ui/board/board_window.h"
-#include "ui/board/chess_graphics.h"
 #include "ui/board/exchange_pawn.h"
 #include "ui/board/setup_warning.h"
 #include "ui/games/choose_opponent.h"
@@ -114,7 +114,7 @@ QImage Grabbed(QWidget& window) {
 }
 
 using Window = std::unique_ptr<QWidget>;
-using ui::ChessGraphics;
+using boards::ChessGraphics;
 
 Window NewBoard(const ChessGraphics& graphics) {
   return std::make_unique<ui::BoardWindow>(graphics);
@@ -350,7 +350,7 @@ std::vector<QImage> PicturesOf(const Look& look) {
   settings.SimpleUI = *look.skin == '\0';
   if (!settings.SimpleUI) settings.Skin = look.skin;
   ChessGraphics graphics;
-  if (!ui::LoadChessGraphics("Classic Wood", look.board, graphics)) return {};
+  if (!boards::LoadChessGraphics("Classic Wood", look.board, graphics)) return {};
   if (!ui::ApplySkinToSystemTray()) return {};
   std::vector<QImage> pictures;
   for (const NewWindow& newWindow : windows) pictures.push_back(Grabbed(*newWindow(graphics)));

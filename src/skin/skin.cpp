@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/picture_file.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
@@ -19,7 +20,6 @@
 #include "skin/colour_chart.h"
 #include "skin/layouts/skin_table.h"
 #include "skin/menu_colours.h"
-#include "skin/picture_file.h"
 #include "skin/system_button.h"
 #include "skin/window_region.h"
 #include "skin/window_skin.h"
@@ -36,21 +36,21 @@ std::string SkinPath(std::string_view file) {
 }
 
 QImage ReadBackground(const SkinRow& row) {
-  QImage background = ReadPicture(SkinPath(row.background));
+  QImage background = desktop::ReadPicture(SkinPath(row.background));
   // The shape is the window's: a picture may be finer or somewhat coarser than it, but is none of
   // the window where more than half of the pixels across are missing.
   const QPointF needed = OutlinePolygon(row.window).boundingRect().bottomRight() / 2;
   if (background.width() < needed.x() || background.height() < needed.y()) {
-    throw PictureError(SkinPath(row.background));
+    throw desktop::PictureError(SkinPath(row.background));
   }
   return background;
 }
 
 /// Each cell needs a pixel at least.
 QImage ReadStrip(std::string_view file, const layouts::Strip& shape) {
-  QImage strip = ReadPicture(SkinPath(file));
+  QImage strip = desktop::ReadPicture(SkinPath(file));
   if (strip.width() < shape.columns || strip.height() < shape.rows) {
-    throw PictureError(SkinPath(file));
+    throw desktop::PictureError(SkinPath(file));
   }
   return strip;
 }
@@ -60,7 +60,7 @@ template <typename Read>
 auto ReadChart(std::string_view file, std::string_view controls, Read read) {
   std::vector<decltype(read(QImage(), 1))> colours;
   if (file.empty()) return colours;
-  const QImage chart = ReadPicture(SkinPath(file));
+  const QImage chart = desktop::ReadPicture(SkinPath(file));
   const int rows = platform::CountFields(controls, ';');
   for (int row = 1; row <= rows; ++row) colours.push_back(read(chart, row));
   return colours;

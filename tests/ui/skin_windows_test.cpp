@@ -60,7 +60,7 @@ class SkinnedWindowsTest : public SkinTest {
     return windows;
   }
 
-  const ChessGraphics graphics_ = ColouredGraphics();
+  const boards::ChessGraphics graphics_ = ColouredGraphics();
 };
 
 TEST_F(SkinnedWindowsTest, AWindowIsTheShapeOfItsOutlineOnTheSkinsPicture) {

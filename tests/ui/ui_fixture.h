@@ -20,11 +20,11 @@
 #include <string>
 #include <vector>
 
+#include "boards/chess_graphics.h"
 #include "fakes/fake_desktop.h"
 #include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "store/saving.h"
-#include "ui/board/chess_graphics.h"
 
 namespace ui {
 
@@ -33,8 +33,8 @@ using platform::Process;
 
 inline QColor ColourOfCell(int cell) { return {cell * 8, 255 - cell * 8, cell % 2 * 255}; }
 
-inline ChessGraphics ColouredGraphics() {
-  ChessGraphics graphics;
+inline boards::ChessGraphics ColouredGraphics() {
+  boards::ChessGraphics graphics;
   graphics.ChessSet = QImage(80, 40, QImage::Format_RGB32);
   for (int y = 0; y < 40; ++y) {
     for (int x = 0; x < 80; ++x) {
@@ -50,7 +50,7 @@ inline ChessGraphics ColouredGraphics() {
 
 /// Writes a chess set into a folder, in which it is called "Plain".
 inline void SaveChessSet(const QString& folder) {
-  const ChessGraphics graphics = ColouredGraphics();
+  const boards::ChessGraphics graphics = ColouredGraphics();
   EXPECT_TRUE(QDir().mkpath(folder));
   for (const char* side : {"White", "Black"}) {
     for (const char* kind : {"Rook", "Knight", "Bishop", "Queen", "King", "Pawn"}) {

@@ -23,13 +23,13 @@ constexpr int targetAlpha = 190;
 
 std::size_t IndexIn64(Square square) { return static_cast<std::size_t>(rules::IndexOf(square)); }
 
-bool IsEmptyCell(int cell) { return cell % ChessGraphics::columns == 0; }
+bool IsEmptyCell(int cell) { return cell % boards::ChessGraphics::columns == 0; }
 
 QString FileLetter(int column) { return QString(QChar(u'a' + column - 1)); }
 
 }  // namespace
 
-BoardPicture::BoardPicture(const ChessGraphics& graphics, int edge, QWidget* parent)
+BoardPicture::BoardPicture(const boards::ChessGraphics& graphics, int edge, QWidget* parent)
     : QWidget(parent), graphics_(graphics), edge_(edge) {
   setObjectName(u"CBoard"_s);
   setAccessibleName(u"Chess board"_s);
@@ -327,7 +327,7 @@ QString DescribeSquare(Square square, int cell) {
   static constexpr const char* pieces[] = {"",      "rook", "knight", "bishop",
                                            "queen", "king", "pawn",   "fallen king"};
   QString text = FileLetter(square.x) + QString::number(square.y);
-  const int column = cell % ChessGraphics::columns;
+  const int column = cell % boards::ChessGraphics::columns;
   if (column != 0) {
     text += (cell < 16 ? u", white "_s : u", black "_s) + QLatin1StringView(pieces[column]);
   }

@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "board/squares.h"
+#include "boards/chess_graphics.h"
 #include "rules/position.h"
-#include "ui/board/chess_graphics.h"
 
 namespace ui {
 
@@ -27,7 +27,7 @@ class BoardPicture : public QWidget {
   static constexpr int plainEdge = 24;
 
   /// The graphics must outlive the picture.
-  explicit BoardPicture(const ChessGraphics& graphics, int edge, QWidget* parent = nullptr);
+  explicit BoardPicture(const boards::ChessGraphics& graphics, int edge, QWidget* parent = nullptr);
 
   /// Where a square stands from now on.
   void Place(rules::Square square, board::GridPlace place);
@@ -94,7 +94,7 @@ class BoardPicture : public QWidget {
   void PaintCursor(QPainter& painter) const;
   void DescribeCursor();
 
-  const ChessGraphics& graphics_;
+  const boards::ChessGraphics& graphics_;
   const int edge_;
   std::array<board::GridPlace, 64> places_{};
   std::array<int, 64> cells_{};
@@ -108,7 +108,7 @@ class BoardPicture : public QWidget {
   rules::Square cursor_{5, 2};
   bool cursorRing_ = false;
 
-  std::array<QPixmap, ChessGraphics::cells> scaled_;
+  std::array<QPixmap, boards::ChessGraphics::cells> scaled_;
   int scaledPixels_ = 0;  // the size of what scaled_ holds
 };
 

@@ -113,7 +113,7 @@ void SetBold(QWidget* widget, bool bold) {
 
 }  // namespace
 
-BoardWindow::BoardWindow(const ChessGraphics& graphics, std::function<void()> openOptions)
+BoardWindow::BoardWindow(const boards::ChessGraphics& graphics, std::function<void()> openOptions)
     : graphics_(graphics),
       openOptions_(std::move(openOptions)),
       board_(*this),

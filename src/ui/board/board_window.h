@@ -13,8 +13,8 @@
 #include <memory>
 
 #include "board/game.h"
+#include "boards/chess_graphics.h"
 #include "ui/board/board_picture.h"
-#include "ui/board/chess_graphics.h"
 
 class QAbstractButton;
 class QLabel;
@@ -39,7 +39,8 @@ class BoardWindow final : public QWidget, private board::BoardView {
  public:
   /// The graphics must outlive the window. `openOptions` shows the options, and returns when they
   /// are closed.
-  explicit BoardWindow(const ChessGraphics& graphics, std::function<void()> openOptions = {});
+  explicit BoardWindow(const boards::ChessGraphics& graphics,
+                       std::function<void()> openOptions = {});
   ~BoardWindow() override;
 
   /// False where the window's skin failed: there is no game in it then.
@@ -87,7 +88,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void BrowseTo(int row);
   void ShowPiecePalleteMenu(QPoint point);
 
-  const ChessGraphics& graphics_;
+  const boards::ChessGraphics& graphics_;
   const std::function<void()> openOptions_;
   board::Game board_;
   QTimer checkTimer_;

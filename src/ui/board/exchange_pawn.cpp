@@ -52,7 +52,7 @@ QAbstractButton* NewPieceButton(int number, const QImage& piece, QWidget* window
 
 }  // namespace
 
-ExchangePawn::ExchangePawn(const ChessGraphics& graphics, rules::Side side, QWidget* parent)
+ExchangePawn::ExchangePawn(const boards::ChessGraphics& graphics, rules::Side side, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), side_(side) {
   setObjectName(u"ExchangePawn"_s);
   GiveHelpKey(*this, platform::HelpOfBoard);

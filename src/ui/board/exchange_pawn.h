@@ -4,8 +4,8 @@
 
 #include <QDialog>
 
+#include "boards/chess_graphics.h"
 #include "rules/position.h"
-#include "ui/board/chess_graphics.h"
 
 namespace ui {
 
@@ -13,7 +13,7 @@ class ExchangePawn : public QDialog {
   Q_OBJECT
 
  public:
-  ExchangePawn(const ChessGraphics& graphics, rules::Side side, QWidget* parent = nullptr);
+  ExchangePawn(const boards::ChessGraphics& graphics, rules::Side side, QWidget* parent = nullptr);
 
   /// Runs the dialog; a rook, knight, bishop or queen of its side.
   rules::PieceCode Choose();

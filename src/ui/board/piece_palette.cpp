@@ -37,7 +37,7 @@ int ClipSetupGraphic(rules::PieceCode piece) {
   return rules::KindOf(piece) + (rules::SideOfPiece(piece) == rules::White ? 8 : 16);
 }
 
-PiecePalette::PiecePalette(const ChessGraphics& graphics, QWidget* parent)
+PiecePalette::PiecePalette(const boards::ChessGraphics& graphics, QWidget* parent)
     : QWidget(parent), graphics_(graphics) {
   setObjectName(u"PiecePallete"_s);
   setAccessibleName(u"Pieces to put on the board"_s);

@@ -8,7 +8,7 @@
 
 #include <array>
 
-#include "ui/board/chess_graphics.h"
+#include "boards/chess_graphics.h"
 
 namespace ui {
 
@@ -23,7 +23,7 @@ class PiecePalette : public QWidget {
 
  public:
   /// The graphics must outlive the palette.
-  explicit PiecePalette(const ChessGraphics& graphics, QWidget* parent = nullptr);
+  explicit PiecePalette(const boards::ChessGraphics& graphics, QWidget* parent = nullptr);
 
   /// Takes the pictures of the chess set that is loaded now.
   void SetPiecePallete();
@@ -53,7 +53,7 @@ class PiecePalette : public QWidget {
  private:
   PalettePicture& PictureOf(rules::PieceCode piece) const;
 
-  const ChessGraphics& graphics_;
+  const boards::ChessGraphics& graphics_;
   std::array<PalettePicture*, 12> pictures_{};  // by piece code, which counts from 1
   std::array<QWidget*, 2> movePointers_{};      // over the kings of White and Black
   rules::PieceCode current_ = rules::WhiteRook;

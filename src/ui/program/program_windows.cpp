@@ -93,7 +93,7 @@ bool ProgramWindows::ApplySkinToSystemTray() { return ui::ApplySkinToSystemTray(
 
 bool ProgramWindows::LoadChessGraphics() {
   const platform::SettingVariables& settings = platform::Settings();
-  return ui::LoadChessGraphics(settings.ChessSet, settings.ChessBoard, graphics_);
+  return boards::LoadChessGraphics(settings.ChessSet, settings.ChessBoard, graphics_);
 }
 
 void ProgramWindows::ShowSplash() {

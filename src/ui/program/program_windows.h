@@ -8,9 +8,9 @@
 
 #include <functional>
 
+#include "boards/chess_graphics.h"
 #include "platform/windows.h"
 #include "ui/board/board_window.h"
-#include "ui/board/chess_graphics.h"
 #include "ui/games/game_interface.h"
 #include "ui/games/new_game_info.h"
 #include "ui/program/splash_screen.h"
@@ -59,7 +59,7 @@ class ProgramWindows : public QObject, public platform::Windows {
  private:
   OtherErrands errands_;
   std::unique_ptr<QMenu> listMenu_;  // the last one that was opened
-  ChessGraphics graphics_;
+  boards::ChessGraphics graphics_;
   QPointer<SplashScreen> splash_;
   QPointer<GameInterface> list_;
   QPointer<BoardWindow> board_;

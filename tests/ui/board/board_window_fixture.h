@@ -129,7 +129,7 @@ class BoardWindowTest : public SkinTest {
     return numbers;
   }
 
-  const ChessGraphics graphics_ = ColouredGraphics();
+  const boards::ChessGraphics graphics_ = ColouredGraphics();
   QPointer<BoardWindow> window_;
 
  private:

@@ -41,13 +41,13 @@ class ChessGraphicsTest : public testing::Test {
     return message.text.substr(before.size(), message.text.size() - before.size() - advice.size());
   }
 
-  bool Load() { return LoadChessGraphics("Märchen Set", "Plain", graphics_); }
+  bool Load() { return boards::LoadChessGraphics("Märchen Set", "Plain", graphics_); }
 
   const std::string advice =
       ".\n\nPlease select a valid chess set before attempting to open the chess board.";
   fakes::FakeDesktop desktop_;
   QTemporaryDir folder_;
-  ChessGraphics graphics_;
+  boards::ChessGraphics graphics_;
 };
 
 TEST_F(ChessGraphicsTest, ASetLoadsIntoTheNumbersOfItsPiecesAndCells) {

@@ -68,7 +68,7 @@ TEST_F(ExchangePawnTest, AChoiceIsTheOnlyExit) {
       {Key(Qt::Key_Q), rules::Black, rules::BlackQueen},
       {Key(Qt::Key_Return), rules::White, rules::WhiteQueen},
       {byArrows, rules::White, rules::WhiteKnight}};
-  const ChessGraphics graphics = ColouredGraphics();
+  const boards::ChessGraphics graphics = ColouredGraphics();
   for (const auto& [action, side, piece] : rows) {
     SCOPED_TRACE(piece);
     OnNextDialog([&choose = action](QWidget& dialog) {

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "skin/picture_file.h"
+#include "desktop/picture_file.h"
 
-#include "widgets/shown_text.h"
-
-namespace ui {
+namespace desktop {
 namespace {
 
 constexpr int largestSide = 16384;
@@ -11,7 +9,7 @@ constexpr qint64 largestFile = 64 << 20;
 
 }  // namespace
 
-PictureFile::PictureFile(const std::string& path) : file_(AsItIs(path)) {
+PictureFile::PictureFile(const std::string& path) : file_(QString::fromStdString(path)) {
   if (!file_.open(QFile::ReadOnly) || file_.size() > largestFile) throw PictureError(path);
   reader_.setDecideFormatFromContent(true);
   reader_.setDevice(&file_);
@@ -26,4 +24,4 @@ QImage ReadPicture(const std::string& path) {
   return picture;
 }
 
-}  // namespace ui
+}  // namespace desktop

@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace ui {
+namespace desktop {
 
 /// A picture that can't be read; the text is its path.
 struct PictureError : std::runtime_error {
@@ -31,4 +31,4 @@ class PictureFile {
 /// The file's first picture; raises PictureError.
 QImage ReadPicture(const std::string& path);
 
-}  // namespace ui
+}  // namespace desktop

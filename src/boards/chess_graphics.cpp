@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/board/chess_graphics.h"
+#include "boards/chess_graphics.h"
 
 #include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <utility>
 
+#include "desktop/picture_file.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
-#include "skin/picture_file.h"
 
-namespace ui {
+namespace boards {
 namespace {
 
 constexpr const char* iconFiles[] = {"WhiteRook.ico",  "WhiteKnight.ico", "WhiteBishop.ico",
@@ -31,19 +31,19 @@ void Report(const std::string& what) {
 
 /// An icon file may hold the picture in several sizes.
 QImage ReadLargest(const std::string& path) {
-  PictureFile file(path);
+  desktop::PictureFile file(path);
   QImageReader& reader = file.Reader();
   QImage largest;
   do {
     QImage picture = reader.read();
     if (picture.width() > largest.width()) largest = std::move(picture);
   } while (reader.jumpToNextImage());
-  if (largest.isNull()) throw PictureError(path);
+  if (largest.isNull()) throw desktop::PictureError(path);
   return largest;
 }
 
 QImage ReadSheet(const std::string& path) {
-  PictureFile file(path);
+  desktop::PictureFile file(path);
   QImageReader& reader = file.Reader();
   const QSize largest(largestCell * ChessGraphics::columns, largestCell * ChessGraphics::rows);
   if (const QSize size = reader.size();
@@ -51,7 +51,7 @@ QImage ReadSheet(const std::string& path) {
     reader.setScaledSize(size.boundedTo(largest));
   }
   QImage sheet = reader.read();
-  if (sheet.isNull()) throw PictureError(path);
+  if (sheet.isNull()) throw desktop::PictureError(path);
   if (sheet.width() < ChessGraphics::columns || sheet.height() < ChessGraphics::rows) {
     throw std::length_error("a picture without room for the cells of a sheet");
   }
@@ -80,7 +80,7 @@ bool LoadChessGraphics(const std::string& chessSet, const std::string& chessBoar
     loaded.ChessSet = ReadSheet(folder + chessBoard + ".jpg");
     graphics = std::move(loaded);
     return true;
-  } catch (const PictureError& error) {
+  } catch (const desktop::PictureError& error) {
     Report(std::string("an error loading the graphics file ") + error.what());
   } catch (const std::exception&) {
     Report("a general error loading the graphics");
@@ -88,4 +88,4 @@ bool LoadChessGraphics(const std::string& chessSet, const std::string& chessBoar
   return false;
 }
 
-}  // namespace ui
+}  // namespace boards

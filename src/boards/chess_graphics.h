@@ -16,7 +16,7 @@
 
 #include "rules/position.h"
 
-namespace ui {
+namespace boards {
 
 struct ChessGraphics {
   static constexpr int rows = 4;
@@ -37,4 +37,4 @@ struct ChessGraphics {
 bool LoadChessGraphics(const std::string& chessSet, const std::string& chessBoard,
                        ChessGraphics& graphics);
 
-}  // namespace ui
+}  // namespace boards

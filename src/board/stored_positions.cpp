@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "board/stored_positions.h"
+
+#include "board/history.h"
+#include "board/load_board.h"
+
+namespace board {
+namespace {
+
+class PositionGuard {
+ public:
+  PositionGuard() : saved_(rules::ThePosition()) {}
+  ~PositionGuard() { rules::ThePosition() = saved_; }
+  PositionGuard(const PositionGuard&) = delete;
+  PositionGuard& operator=(const PositionGuard&) = delete;
+
+ private:
+  rules::Position saved_;
+};
+
+}  // namespace
+
+void WalkStoredGame(std::int32_t gameID, const store::MoveRecords& moves,
+                    const std::function<void()>& seen) {
+  const PositionGuard guard;
+  int sideInCheck = rules::NobodyInCheck;
+  bool flashPhase = false;
+  LoadBoard(gameID, sideInCheck, flashPhase, false, false);
+  seen();
+  rules::LastMove previous;
+  rules::Side side = rules::White;
+  for (const store::MoveRecord& entry : moves) {
+    const auto move = rules::LastMove::FromText(entry.MoveCoordinates);
+    if (move.from != move.to) ReplayPieceMove(entry, previous, side);
+    seen();
+    previous = move;
+    side = rules::OtherSide(side);
+  }
+}
+
+rules::BoardSquares LastSquares(std::int32_t gameID, const store::MoveRecords& moves) {
+  rules::BoardSquares squares;
+  WalkStoredGame(gameID, moves, [&squares] { squares = rules::ThePosition().BoardState; });
+  return squares;
+}
+
+}  // namespace board

@@ -4,11 +4,14 @@
 
 #include <stdlib.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
+#include <vector>
 
+#include "contacts/contacts_book.h"
 #include "mail/mail_session.h"
 #include "mail/move_mail.h"
 #include "platform/messages.h"
@@ -37,7 +40,7 @@ inline std::filesystem::path EmptyProgramFolder() {
 
 using MailSettings = std::map<std::string, std::string>;
 
-/// Signed on for its lifetime.
+/// Signed on for its lifetime. Knows Bob: of strangers only some begin games at a time.
 class MailPlayer {
  public:
   explicit MailPlayer(const MailSettings& mailSettings, const std::string& passwordKey = {},
@@ -45,6 +48,8 @@ class MailPlayer {
       : folder_(EmptyProgramFolder()), desktop_(folder_.string() + "/") {
     platform::SetupGlobalVariables(folder_.string(), "-nosound");
     platform::TheSeams().messageBoxes = &boxes_;
+    platform::TheSeams().addressBook = &book_;
+    book_.Add({"Bob", {"bob@example.org"}});
     for (const auto& [name, value] : mailSettings) {
       platform::WriteRegistry(platform::mailSection, name, value, true);
     }
@@ -62,7 +67,14 @@ class MailPlayer {
   std::filesystem::path folder_;
   wiring::RealSeams desktop_;
   SilentBoxes boxes_;
+  contacts::ContactsBook book_{[] { return std::vector<platform::Recipient>(); }};
 };
+
+/// How many mails are in the game file.
+inline double Saved(const std::vector<mail::MoveArrival>& arrivals) {
+  return static_cast<double>(
+      std::ranges::count_if(arrivals, [](const auto& arrival) { return arrival.ok; }));
+}
 
 struct MoveMail {
   std::string subject;

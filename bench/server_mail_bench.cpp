@@ -61,7 +61,7 @@ void Retrieve(benchmark::State& state) {
       state.ResumeTiming();
       const auto arrivals = mail::LogonAndCollect(false, false, true);
       state.PauseTiming();
-      state.counters["mails"] = static_cast<double>(arrivals.size());
+      state.counters["mails"] = Saved(arrivals);
     }
     state.ResumeTiming();
   }

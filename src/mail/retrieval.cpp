@@ -8,10 +8,7 @@
 #include <utility>
 
 #include "mail/bad_mails.h"
-#include "mail/claim.h"
-#include "mail/judgement.h"
-#include "mail/move_mail.h"
-#include "mail/move_text_check.h"
+#include "mail/inbox_walk.h"
 #include "mail/spam.h"
 #include "mail/status_popup.h"
 #include "mail/undelivered.h"
@@ -30,15 +27,6 @@ using platform::MAPIMessages;
 
 MAPIMessages& Messages() { return *platform::TheSeams().MMess; }
 
-/// What a retrieval has met so far.
-struct Findings {
-  std::vector<MoveArrival> arrivals;
-  std::vector<BadMail> badMails;
-  std::vector<platform::Undelivered> reports;
-  std::vector<std::string> spamSenders;
-  std::string leftOut;  ///< what the mail service says of a mail that it couldn't read
-};
-
 bool FetchInbox(bool fetchAll, Findings& findings) {
   try {
     Messages().FetchUnreadOnly(!fetchAll);
@@ -48,107 +36,6 @@ bool FetchInbox(bool fetchAll, Findings& findings) {
     return true;
   } catch (const std::exception&) {
     return false;
-  }
-}
-
-/// For telling about a refused mail only, so a service that can't say is no failure.
-std::string AddressIfKnown() {
-  try {
-    return Messages().MsgOrigAddress();
-  } catch (const std::exception&) {
-    return {};
-  }
-}
-
-/// A mail whose form is bad. The service may not be able to say who sent it.
-void NoteBadMail(const std::string& text, int stage, Findings& findings) {
-  ReceivedMail mail{{}, AddressIfKnown(), {}, text};
-  findings.arrivals.back().from = mail.address;
-  findings.arrivals.back().stage = stage;
-  findings.badMails.push_back({IdentifierOf(mail), mail.address, stage});
-}
-
-/// Nothing where the form of the current message is bad, which is noted then.
-std::optional<Claim> ClaimOf(const std::string& text, Findings& findings) {
-  int stage = 0;
-  try {
-    const std::string moveText = ExtractMoveText(text);
-    stage = StageOfForm(moveText);
-    if (stage == 0) return ReadClaim(moveText);
-  } catch (const std::exception&) {
-    // of good form, but with a number that no game can hold
-  }
-  NoteBadMail(text, stage, findings);
-  return std::nullopt;
-}
-
-/// Whether a mail with tags in front of its subject is only talk about a move: a person's answer,
-/// in which no move stands, or the one that it answers.
-bool IsTalk(const std::string& text) {
-  if (Messages().MsgSubject().starts_with(platform::subjectPrefix)) return false;
-  const std::string moveText = ExtractMoveText(text);
-  try {
-    return moveText.empty() || (StageOfForm(moveText) == 0 &&
-                                IsOwnClaim(ReadClaim(moveText), {{}, AddressIfKnown(), {}, text}));
-  } catch (const StoreFailure&) {
-    throw;
-  } catch (const std::exception&) {
-    return false;
-  }
-}
-
-/// Takes the current message; a game's own mail is deleted once the game is safe. False where the
-/// message stays: bad ones, and those set aside.
-bool TakeCurrentMail(Findings& findings) {
-  const std::string text = Messages().MsgNoteText();
-  if (IsTalk(text)) {
-    Messages().LeaveUnread();
-    return false;
-  }
-  MoveArrival& arrival = findings.arrivals.emplace_back();
-  const auto claim = ClaimOf(text, findings);
-  if (!claim) return false;
-  const ReceivedMail mail{Messages().MsgOrigDisplayName(), Messages().MsgOrigAddress(),
-                          Messages().MsgSubject(), text};
-  arrival.from = mail.address;
-  try {
-    TakeClaim(*claim, mail, arrival);
-  } catch (const StoreFailure&) {
-    Messages().LeaveUnread();
-    throw;
-  }
-  if (arrival.ok) Messages().Delete();
-  return arrival.ok;
-}
-
-/// A mail that the user sent himself and that came back to him is no move for him.
-bool IsMoveMail() {
-  return platform::IsMoveSubject(Messages().MsgSubject()) &&
-         !Messages().IsOwnAddress(AddressIfKnown());
-}
-
-/// What the service tells by a message that nobody wrote to the user as a move. A report on a game
-/// stays in the Inbox, marked as read.
-bool IsNotice(Findings& findings) {
-  if (Messages().MsgIsSpam()) {
-    findings.spamSenders.push_back(AddressIfKnown());
-    return true;
-  }
-  const auto report = Messages().MsgUndelivered();
-  if (report && NoteUndelivered(*report)) {
-    Messages().MsgNoteText();
-    findings.reports.push_back(*report);
-  }
-  return report.has_value();
-}
-
-void WalkInbox(Findings& findings) {
-  int index = 1;
-  // The user may have ended the program over the report of a mail.
-  while (!platform::Process().Stopping && index <= Messages().MsgCount()) {
-    Messages().MsgIndex(index - 1);
-    // A deleted message leaves its index to the next one.
-    if (IsNotice(findings) || !IsMoveMail() || !TakeCurrentMail(findings)) ++index;
   }
 }
 

@@ -6,6 +6,7 @@
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/whole_file.h"
+#include "store/batch.h"
 #include "store/game_file.h"
 
 namespace store {
@@ -18,6 +19,7 @@ platform::Files& Files() { return *platform::TheSeams().files; }
 std::string BackupPath() { return platform::Process().DataPath + "tvgdb.bak"; }
 
 std::optional<std::string> ReadGameFile() {
+  if (const Batch* batch = Batch::Open()) return batch->Content();
   if (!Files().Exists(GameFilePath())) return std::nullopt;
   return Files().Read(GameFilePath());
 }

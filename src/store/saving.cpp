@@ -10,9 +10,11 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/process_state.h"
 #include "platform/seams.h"
+#include "store/batch.h"
 #include "store/data_files.h"
 #include "store/database_lock.h"
 #include "store/game_file.h"
@@ -35,8 +37,18 @@ bool IsWorthABackup(std::string_view content) {
   }
 }
 
+bool ChangeBatch(Batch& batch, const std::function<std::string(std::string_view)>& change) {
+  try {
+    batch.Change(change(batch.Content() ? std::string_view(*batch.Content()) : ""));
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 /// Replaces the game file by what `change` makes of its content, after a backup.
 bool ChangeGameFile(const std::function<std::string(std::string_view)>& change) {
+  if (Batch* batch = Batch::Open()) return ChangeBatch(*batch, change);
   std::optional<DatabaseLock> lock;
   std::optional<std::string> before;
   std::string after;
@@ -128,6 +140,10 @@ bool RemoveGame(std::int32_t gameID, std::string* removed) {
     if (removed) *removed = line.value_or("");
     return kept;
   });
+}
+
+bool ReplaceGames(std::string content) {
+  return ChangeGameFile([&content](std::string_view) { return std::move(content); });
 }
 
 bool PutBackGame(const std::string& removed) {

@@ -23,6 +23,9 @@ bool SaveGame(GameRecord& record, const MoveRecords& moves, bool* changed = null
 /// person has decided only.
 bool ReplaceGame(const GameRecord& record, const MoveRecords& moves);
 
+/// Puts the lines of all games in the place of those that are stored.
+bool ReplaceGames(std::string content);
+
 /// True also where the game wasn't there. `removed`, where given, gets what PutBackGame takes;
 /// nothing for a game that wasn't there.
 bool RemoveGame(std::int32_t gameID, std::string* removed = nullptr);

@@ -164,7 +164,7 @@ TEST_F(Retrieval, FailureEndsItWithWhatWasSaved) {
   } rows[] = {
       {"Fetch", "", 0, 2},
       {"MsgNoteText", "trying to retrieve", 0, 2},
-      {"Delete", "trying to retrieve", 1, 2},
+      {"Delete", "trying to retrieve", 2, 2},
       {"Flush", "trying to retrieve", 2, 0},
   };
   for (const auto& row : rows) {

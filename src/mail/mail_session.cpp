@@ -112,6 +112,8 @@ void MailLogon(bool showStatus) {
     ReportEarlierCrash();
     return;
   }
+  process.RefusalTold.clear();
+  process.OfflineByRefusal = false;
   if (SessionIsUp()) {
     process.Offline = false;
     return;
@@ -121,7 +123,6 @@ void MailLogon(bool showStatus) {
   try {
     SignOn();
     process.Offline = false;
-    process.RefusalTold.clear();
     SendWhatWasNoted();
   } catch (const platform::AccountError& error) {
     if (showStatus && !process.StandAlone) ReportMissingAccount(error.what());

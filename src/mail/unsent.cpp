@@ -41,15 +41,23 @@ void RemoveNote(const std::string& path) {
   }
 }
 
+std::string NotePath(std::int32_t gameID) {
+  return Folder() + std::string(start) + std::to_string(gameID);
+}
+
+void WriteNote(std::int32_t gameID, std::size_t movesBefore) {
+  Files().MakeFolder(Folder());
+  platform::ReplaceFile(NotePath(gameID), std::to_string(movesBefore));
+}
+
 }  // namespace
 
 SendingNote::SendingNote(std::int32_t gameID) {
   try {
     if (gameID < 1) gameID = store::NextGameID().value_or(0);
     if (gameID < 1) return;
-    path_ = Folder() + std::string(start) + std::to_string(gameID);
-    Files().MakeFolder(Folder());
-    platform::ReplaceFile(path_, std::to_string(StoredMoves(gameID)));
+    path_ = NotePath(gameID);
+    WriteNote(gameID, StoredMoves(gameID));
   } catch (const std::exception&) {
     path_.clear();
   }
@@ -57,6 +65,14 @@ SendingNote::SendingNote(std::int32_t gameID) {
 
 SendingNote::~SendingNote() {
   if (!path_.empty()) RemoveNote(path_);
+}
+
+void SendWithNextLogon(std::int32_t gameID) {
+  try {
+    WriteNote(gameID, 0);
+  } catch (const std::exception&) {
+    // the user may send it again from the list
+  }
 }
 
 void SendWhatWasNoted() {

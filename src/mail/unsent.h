@@ -26,6 +26,9 @@ class SendingNote {
   std::string path_;
 };
 
+/// Has the next logon send this game, whatever was sent of it.
+void SendWithNextLogon(std::int32_t gameID);
+
 /// Sends the games that earlier runs have saved and not sent. To send one twice does no harm.
 void SendWhatWasNoted();
 

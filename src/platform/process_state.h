@@ -42,6 +42,7 @@ struct ProcessState {
   bool NewMoveArrived = false;          ///< at least one move waits for notification
   bool HeldMailArrived = false;         ///< a mail was set aside that the user wasn't asked about
   bool SaveFailureTold = false;         ///< a tick couldn't save, and the user has heard of it
+  bool OfflineByRefusal = false;        ///< not by a failed logon, nor by the user
   std::string RefusalTold;              ///< why the mail service refuses, as the user has heard it
   bool ComputerGame = false;            ///< the open game is played against the computer
   bool SetupGame = false;               ///< the game about to open begins in board setup

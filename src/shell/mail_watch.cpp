@@ -10,6 +10,7 @@
 #include "mail/mail_memory.h"
 #include "mail/sending.h"
 #include "mail/undelivered.h"
+#include "mail/unsent.h"
 #include "platform/conversions.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
@@ -111,15 +112,11 @@ void TellOfFailure(const MailOnItsWay& failed) {
                           platform::FailureSound);
     return;
   }
-  const bool changes =
-      platform::AskWithExtra(platform::MailIcon, "Move not sent", text, "Change address",
-                             "Try again", platform::FailureSound);
-  if (Process().Stopping) return;
-  if (changes) {
-    ChangeAddress(game->GAME_ID);
-  } else {
-    TryAgainToSend(game->GAME_ID);
-  }
+  const bool waits = platform::AskWithExtra(
+      platform::MailIcon, "Move not sent",
+      text + "||You can also try again, or change the address later, from the Game menu.", "Later",
+      "Change address", platform::FailureSound);
+  if (!waits && !Process().Stopping) ChangeAddress(game->GAME_ID);
 }
 
 void TellOfRefusal(const std::string& reason) {
@@ -130,9 +127,38 @@ void TellOfRefusal(const std::string& reason) {
                         "Ok", {}, false, platform::FailureSound);
 }
 
-/// Until the user signs on again nothing goes in or out.
-void GoOfflineWhereRefused() {
-  if (State().Connection().link == MailLink::Refused) Process().Offline = true;
+bool IsUntoldRefusal(const MailConnection& connection) {
+  return connection.link == MailLink::Refused && Process().RefusalTold != connection.reason;
+}
+
+bool IsUntoldFailure(const MailOnItsWay& mail) {
+  return mail.stage == MailStage::Failed && !mail.isTold;
+}
+
+bool IsAnyOnItsWay() {
+  const auto mails = State().OnItsWay();
+  return std::any_of(mails.begin(), mails.end(),
+                     [](const auto& mail) { return mail.stage == MailStage::Sending; });
+}
+
+bool HasTrouble() {
+  const auto mails = State().OnItsWay();
+  return IsUntoldRefusal(State().Connection()) ||
+         std::any_of(mails.begin(), mails.end(), IsUntoldFailure);
+}
+
+/// What is refused keeps the program off line, until it is taken again. True where that changed.
+bool FollowRefusal() {
+  platform::ProcessState& process = Process();
+  const bool before = process.Offline;
+  const MailLink link = State().Connection().link;
+  if (link == MailLink::Refused) {
+    process.Offline = process.OfflineByRefusal = true;
+  } else if (process.OfflineByRefusal && link == MailLink::Connected && !IsAnyOnItsWay()) {
+    process.Offline = process.OfflineByRefusal = false;
+    process.RefusalTold.clear();
+  }
+  return process.Offline != before;
 }
 
 }  // namespace
@@ -162,6 +188,7 @@ std::string MailLine() {
     return "Waiting for the network since " + TimeOfDay(connection.since) +
            NextTryText(NextTryOf(connection));
   }
+  if (connection.link == MailLink::Refused) return "The mail server refuses the account";
   const auto mails = State().OnItsWay();
   const auto waiting = std::count_if(mails.begin(), mails.end(), Waits);
   if (waiting > 0) return CountText(waiting, "is waiting", "are waiting");
@@ -180,23 +207,30 @@ void DeliverNow() { State().DeliverNow(); }
 
 void FollowMails() {
   if (Process().Stopping) return;
-  GoOfflineWhereRefused();
+  platform::Windows& windows = *platform::TheSeams().windows;
+  const bool goesOnOrOffLine = FollowRefusal();
   UpdateTrayStatus(platform::TrayOperation::Modify);
-  platform::TheSeams().windows->ShowMails();
+  if (goesOnOrOffLine && Process().GameListOpen) {
+    windows.FillGameList(windows.SelectedGame());
+  } else {
+    windows.ShowMails();
+  }
   TellOfMailTrouble();
 }
 
 void TellOfMailTrouble() {
   if (Process().Stopping || Process().CheckTimerHeld || !Process().StartupComplete) return;
+  // The end of a hold leads here again.
+  if (!HasTrouble()) return;
   const platform::PollingHold hold;
   const MailConnection connection = State().Connection();
-  if (connection.link == MailLink::Refused &&
-      std::exchange(Process().RefusalTold, connection.reason) != connection.reason) {
+  if (IsUntoldRefusal(connection)) {
+    Process().RefusalTold = connection.reason;
     TellOfRefusal(connection.reason);
   }
   for (const MailOnItsWay& mail : State().OnItsWay()) {
     if (Process().Stopping) return;
-    if (mail.stage != MailStage::Failed || mail.isTold) continue;
+    if (!IsUntoldFailure(mail)) continue;
     State().NoteTold(mail.thread);
     TellOfFailure(mail);
   }
@@ -237,7 +271,12 @@ void ChangeAddress(std::int32_t gameID) {
                           platform::FailureSound);
     return;
   }
-  if (sends && !Process().Offline) mail::SendMoveMail(gameID);
+  if (!sends) return;
+  if (Process().Offline) {
+    mail::SendWithNextLogon(gameID);
+  } else {
+    mail::SendMoveMail(gameID);
+  }
 }
 
 }  // namespace shell

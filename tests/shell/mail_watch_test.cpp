@@ -53,6 +53,8 @@ TEST_F(MailWatchTest, TheTrayAndTheListTellHowTheMailsFare) {
        "The move waits to be sent, next try 09:05: Greylisted."},
       {MailLink::Connected, MailStage::Failed, "1 mail could not be sent",
        "The move could not be sent: Greylisted."},
+      {MailLink::Refused, MailStage::Waiting, "The mail server refuses the account",
+       "The move waits to be sent, next try 09:05: Greylisted."},
   };
   state.connection.since = desktop.clock.seconds - 3600;
   state.connection.nextTry = desktop.clock.seconds + 900;
@@ -75,7 +77,7 @@ TEST_F(MailWatchTest, AFailureIsToldOnceWhenNothingElseIsUpAndMendedByTheUser) {
   TellOfMailTrouble();
   EXPECT_TRUE(desktop.boxes.messages.empty());
   Process().CheckTimerHeld = false;
-  desktop.boxes.answers = {true};
+  desktop.boxes.answers = {false};
   desktop.windows.newAddress = "new@example.org";
   for (int time = 0; time < 2; ++time) TellOfMailTrouble();
   ASSERT_EQ(desktop.boxes.messages.size(), 1u);
@@ -90,6 +92,9 @@ TEST_F(MailWatchTest, ARefusalTakesTheProgramOfflineAndIsToldOnce) {
   EXPECT_TRUE(Process().Offline);
   ASSERT_EQ(desktop.boxes.messages.size(), 1u);
   EXPECT_NE(desktop.LastMessage().second.find("Wrong password."), std::string::npos);
+  state.connection.link = MailLink::Connected;
+  FollowMails();
+  EXPECT_FALSE(Process().Offline) << "the account is taken again";
 }
 
 }  // namespace

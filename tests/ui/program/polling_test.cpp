@@ -66,7 +66,8 @@ TEST(PollingTest, AClickIsHandledBeforeTheServerAnswersTheTick) {
   Process().Offline = false;
   platform::Settings().NotificationMethod = 0;
   SystemTray tray([](const char*) {}, [] {}, [] { return true; });
-  Process().CheckTimer.Interval = 1;
+  Process().StartupComplete = true;
+  Process().CheckTimer.Interval = 5;
   platform::SetCheckTimer(true);
 
   int clicks = 0;

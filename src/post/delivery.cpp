@@ -75,7 +75,7 @@ bool IsSame(const QueuedMail& one, const QueuedMail& other) {
 std::int64_t EarliestTry(const std::vector<QueuedMail>& mails) {
   std::int64_t earliest = 0;
   for (const QueuedMail& mail : mails) {
-    const std::int64_t next = std::max<std::int64_t>(1, mail.nextTry);
+    const std::int64_t next = std::max(Now(), mail.nextTry);
     if (!HasFailed(mail)) earliest = earliest == 0 ? next : std::min(earliest, next);
   }
   return earliest;
@@ -227,9 +227,12 @@ void Delivery::DeliverNow() { Post(Which::All); }
 void Delivery::Post(Which which) {
   if (!session_) return;
   looked_ = true;
-  if (which == Which::All) {
+  {
     const std::lock_guard lock(mutex_);
-    tryingAll_ = true;
+    // What was refused is asked for anew.
+    const bool isRefused = way_.link == MailLink::Refused;
+    if (isRefused) way_ = {};
+    tryingAll_ = tryingAll_ || isRefused || which == Which::All;
   }
   thread_.Post([this, session = session_, which] { Deliver(session, which); });
 }
@@ -269,15 +272,16 @@ void Delivery::DeliverWhat(const SessionPtr& session, Which which) {
   } else if (!mails.empty()) {
     notBefore = Now() + shortestPause;
   }
-  if (lock || mails.empty()) EndOfTryingAll();
   PlanNext(session, notBefore);
+  if (lock || mails.empty()) EndOfTryingAll();
 }
 
 /// Those that were tried less often come first, so that none holds up the others. A new mail is
 /// tried whatever the others have met: the user has just sent it.
 std::vector<QueuedMail> Delivery::ToTry(Session& session, Which which) {
-  if (TheWay().link == MailLink::Refused || IsTryingAll()) which = Which::All;
+  if (IsTryingAll()) which = Which::All;
   std::vector<QueuedMail> mails = LookInto(session);
+  if (std::all_of(mails.begin(), mails.end(), HasFailed)) ForgetWay();
   const std::int64_t now = Now();
   const bool paused = now < session.pausedUntil && !IsFar(session.pausedUntil, now);
   if (which == Which::Due && paused) return {};
@@ -391,6 +395,16 @@ void Delivery::Find(MailLink link, const std::string& reason) {
   way_.reason = reason;
 }
 
+/// Nothing waits: how the last mail fared tells nothing of the next one.
+void Delivery::ForgetWay() {
+  {
+    const std::lock_guard lock(mutex_);
+    if (!IsBlocked(way_.link)) return;
+    way_ = {};
+  }
+  Changed();
+}
+
 bool Delivery::IsTryingAll() const {
   const std::lock_guard lock(mutex_);
   return tryingAll_;
@@ -419,7 +433,7 @@ std::vector<platform::MailOnItsWay> Delivery::OnItsWay() const {
   std::vector<platform::MailOnItsWay> list;
   for (const QueuedMail& mail : mails_) {
     const bool isOnTheWay =
-        tryingAll_ || mail.file == trying_ || (mail.tries == 0 && !IsBlocked(way_.link));
+        tryingAll_ || mail.file == trying_ || (looked_ && mail.tries == 0 && !IsBlocked(way_.link));
     const MailStage stage = StageOf(mail, isOnTheWay);
     const bool waits = stage == MailStage::Waiting || stage == MailStage::Perhaps;
     list.push_back({mail.mail.thread, mail.mail.to.front().address, stage, mail.tries,

@@ -108,6 +108,7 @@ class Delivery {
   void PlanNext(const SessionPtr& session, std::int64_t notBefore);
   void PlanAt(const SessionPtr& session, std::int64_t next);
   std::vector<QueuedMail> LookInto(Session& session);
+  void ForgetWay();
   bool IsTryingAll() const;
   void EndOfTryingAll();
   void Find(platform::MailLink link, const std::string& reason);

@@ -2,7 +2,12 @@
 #include "post/mail_service.h"
 
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <exception>
+#include <mutex>
+#include <stop_token>
+#include <thread>
 #include <utility>
 
 #include "letters/mail_text.h"
@@ -31,6 +36,29 @@ std::vector<letters::FetchedMail> HandedOut(std::vector<letters::FetchedMail> ma
   }
   return mails;
 }
+
+constexpr std::chrono::seconds openingPatience(4);
+
+/// Ends a wait that nobody else ends.
+class Alarm {
+ public:
+  Alarm(platform::Events& events, std::chrono::milliseconds time)
+      : end_(Clock::now() + time), thread_([&events, end = end_](const std::stop_token& stop) {
+          std::mutex mutex;
+          std::unique_lock lock(mutex);
+          std::condition_variable_any ringing;
+          ringing.wait_until(lock, stop, end, [] { return false; });
+          if (!stop.stop_requested()) events.Wake();
+        }) {}
+
+  bool HasRung() const { return Clock::now() >= end_; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  const Clock::time_point end_;
+  const std::jthread thread_;
+};
 
 }  // namespace
 
@@ -149,17 +177,41 @@ void MailService::Open(const AccountAnswer& answer) {
   opening_ = std::move(*made);
   cantOpen_ = nullptr;
   try {
-    thread_.Run([transport = opening_] { transport->Open(); });
+    OpenWithPatience(opening_);
     Found(platform::MailLink::Connected, {});
-  } catch (const ConnectionLost& error) {
-    cantOpen_ = std::current_exception();
-    Found(platform::MailLink::Waiting, InPlainWords(error, account_));
-  } catch (const std::exception& error) {
+  } catch (const AccountRefused& error) {
     thread_.Post([transport = std::exchange(opening_, nullptr)] {});
     Found(platform::MailLink::Refused, InPlainWords(error, account_));
     throw;
+  } catch (const std::exception& error) {
+    cantOpen_ = std::current_exception();
+    Found(platform::MailLink::Waiting, InPlainWords(error, account_));
   }
   transport_ = std::move(opening_);
+}
+
+/// A logon needs no network: one that doesn't answer is left to the looks that follow.
+void MailService::OpenWithPatience(const std::shared_ptr<MailTransport>& transport) {
+  struct Opening {
+    std::exception_ptr failure;
+    std::atomic<bool> done = false;
+  };
+  const auto opening = std::make_shared<Opening>();
+  thread_.Post([opening, transport, &events = events_] {
+    try {
+      transport->Open();
+    } catch (...) {
+      opening->failure = std::current_exception();
+    }
+    opening->done = true;
+    events.Wake();
+  });
+  {
+    const Alarm alarm(events_, openingPatience);
+    events_.RunUntil([&opening, &alarm] { return opening->done || alarm.HasRung(); });
+  }
+  if (!opening->done) throw ConnectionLost("The mail server hasn't answered yet.");
+  if (opening->failure) std::rethrow_exception(opening->failure);
 }
 
 /// What a look or a logon says of the connection.
@@ -287,8 +339,9 @@ void MailService::Fetch() {
   if (!IsCurrent(listing)) listing = List();
   events_.RunUntil([&listing] { return listing->done.load(); });
   if (const auto failure = std::exchange(listing->failure, nullptr)) return FailedLook(failure);
+  const bool isBack = connection_.link == platform::MailLink::Waiting;
   Found(platform::MailLink::Connected, {});
-  if (delivery_.TheWay().link == platform::MailLink::Waiting) delivery_.DeliverNow();
+  if (isBack && delivery_.TheWay().link == platform::MailLink::Waiting) delivery_.DeliverNow();
   problem_ = std::move(listing->problem);
   set_ = std::move(listing->mails);
   moreToCome_ = listing->moreToCome;

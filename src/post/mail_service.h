@@ -125,6 +125,7 @@ class MailService : public platform::MAPISession,
   AccountAnswer Account();
   AccountAnswer StoredAccount() const;
   void Open(const AccountAnswer& answer);
+  void OpenWithPatience(const std::shared_ptr<MailTransport>& transport);
   std::shared_ptr<Listing> List();
   bool IsCurrent(const std::shared_ptr<Listing>& listing) const;
   template <typename Work>

@@ -22,6 +22,8 @@ class Maildir {
   explicit Maildir(std::string folder, std::size_t lookSize = greatestLook)
       : folder_(std::move(folder)), lookSize_(lookSize) {}
 
+  const std::string& Folder() const { return folder_; }
+
   /// Makes the box where it isn't there, with the permissions of the folder above it, so that in a
   /// shared folder everybody can deliver and in a private one nobody else can read.
   void Create() const;

@@ -234,7 +234,19 @@ std::unique_ptr<platform::HeldLock> Outbox::TryToDeliver() {
   return Files().TryLock(folder_ + "deliver.lock");
 }
 
+std::unique_ptr<platform::HeldLock> Outbox::LockOrRaise() {
+  auto lock = TryToDeliver();
+  if (!lock) throw platform::FileError("another program sends them just now");
+  return lock;
+}
+
+void Outbox::Drop() {
+  const auto lock = LockOrRaise();
+  for (const QueuedMail& mail : Mails()) Remove(mail);
+}
+
 void Outbox::MoveTo(Outbox& other) {
+  const auto lock = LockOrRaise();
   for (QueuedMail& mail : Mails()) {
     other.Add(mail.mail, mail.queued);
     Remove(mail);

@@ -59,13 +59,18 @@ class Outbox {
   /// Nothing where another process is delivering. Raises platform::FileError.
   std::unique_ptr<platform::HeldLock> TryToDeliver();
 
-  /// Gives all mails to another outbox, in order. Raises platform::FileError.
+  /// Gives all mails to another outbox, in order. Raises platform::FileError, also while another
+  /// program sends them.
   void MoveTo(Outbox& other);
+
+  /// Forgets all mails; raises the same.
+  void Drop();
 
  private:
   std::optional<QueuedMail> ReadFile(const std::string& name);
   std::vector<QueuedMail> Read(const std::vector<std::string>& names);
   void MakeFolder();
+  std::unique_ptr<platform::HeldLock> LockOrRaise();
   std::vector<std::string> Names();
 
   std::string folder_;

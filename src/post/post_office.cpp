@@ -18,6 +18,12 @@ letters::Mailbox LocalMailbox(const letters::Mailbox& mailbox) {
   return {mailbox.name, LocalAddress(mailbox.address)};
 }
 
+bool IsFile(std::string path) {
+  while (path.ends_with('/')) path.pop_back();
+  std::error_code error;
+  return fs::is_regular_file(path, error);
+}
+
 void MakePostFolder(const std::string& folder) {
   if (fs::exists(folder)) return;
   fs::create_directories(folder);
@@ -66,24 +72,31 @@ letters::OutgoingMail LocalMail(letters::OutgoingMail mail) {
 PostOffice::PostOffice(const MailAccount& account)
     : folder_(account.PostFolder), inbox_(folder_ + BoxName(account.MyAddress) + '/') {}
 
+/// A folder that is away may come back; a file that stands in its place won't go by itself.
 void PostOffice::Open() {
-  MakePostFolder(folder_);
-  inbox_.Create();
-  inbox_.RemoveAbandoned();
+  try {
+    MakePostFolder(folder_);
+    inbox_.Create();
+    inbox_.RemoveAbandoned();
+  } catch (const std::exception& error) {
+    if (IsFile(folder_) || IsFile(inbox_.Folder())) throw AccountRefused(error.what());
+    throw;
+  }
 }
 
 void PostOffice::Send(const letters::OutgoingMail& mail) {
   const letters::OutgoingMail local = LocalMail(mail);
   const std::string bytes = letters::ComposeMail(local);
-  try {
-    MakePostFolder(folder_);
-    for (const letters::Mailbox& recipient : local.to) {
-      const Maildir box(folder_ + BoxName(recipient.address) + '/');
+  for (const letters::Mailbox& recipient : local.to) {
+    const Maildir box(folder_ + BoxName(recipient.address) + '/');
+    try {
+      MakePostFolder(folder_);
       box.Create();
       box.Deliver(bytes);
+    } catch (const std::exception& error) {
+      if (IsFile(box.Folder())) throw MailRefused(error.what());
+      throw;
     }
-  } catch (const std::exception& error) {
-    throw MailRefused(error.what());  // here and now, or the user has to know
   }
 }
 

@@ -2,8 +2,10 @@
 #include "post/system_mail.h"
 
 #include <pwd.h>
+#include <sysexits.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -19,6 +21,9 @@ namespace {
 
 namespace fs = std::filesystem;
 using platform::MailError;
+
+/// Of <sysexits.h>: what the system, a disk or a later try may mend.
+constexpr int passingTrouble[] = {EX_OSERR, EX_CANTCREAT, EX_IOERR, EX_TEMPFAIL};
 
 std::string HomeFolder() {
   const char* home = std::getenv("HOME");
@@ -56,11 +61,11 @@ SystemMail::SystemMail(const std::string& maildir, std::string sendmail,
 
 void SystemMail::Open() {
   if (!IsFolder(folder_ + "new") || !IsFolder(folder_ + "cur")) {
-    throw MailError("The system delivers no mail to the folder " + folder_ +
-                    ": there is no Maildir.");
+    throw AccountRefused("The system delivers no mail to the folder " + folder_ +
+                         ": there is no Maildir.");
   }
   if (::access(sendmail_.c_str(), X_OK) != 0 || IsFolder(sendmail_)) {
-    throw MailError("The system can't send mail: there is no program " + sendmail_ + ".");
+    throw AccountRefused("The system can't send mail: there is no program " + sendmail_ + ".");
   }
 }
 
@@ -73,12 +78,11 @@ void SystemMail::Send(const letters::OutgoingMail& mail) {
       platform::ReplaceAll(letters::ComposeMail(mail, letters::Lines::SevenBit), "\r\n", "\n");
   const ChildEnd end = RunProgram(sendmail_, arguments, bytes, patience_);
   if (end.exitCode == 0) return;
-  constexpr int tryLater = 75;  // EX_TEMPFAIL
   std::string reason = LastLine(end.output + end.errors);
   if (reason.empty()) {
     reason = sendmail_ + " didn't take the mail (exit code " + std::to_string(end.exitCode) + ").";
   }
-  if (end.exitCode == tryLater) throw MailError(reason);
+  if (std::ranges::count(passingTrouble, end.exitCode) > 0) throw MailError(reason);
   throw MailRefused(reason);
 }
 

@@ -213,10 +213,11 @@ void Program::GiveWaitingMailsTo(const std::string& address, const std::string& 
                               "Send", "Drop", false, platform::AttentionSound)) {
       old.MoveTo(next);
     } else if (!Process().Stopping) {
-      for (const auto& mail : mails) old.Remove(mail);
+      old.Drop();
     }
   } catch (const std::exception& error) {
-    post::ReportAccountTrouble(std::string("The mails that wait can't be moved: ") + error.what());
+    post::ReportAccountTrouble(std::string("The mails that wait can't be taken over: ") +
+                               error.what());
   }
 }
 

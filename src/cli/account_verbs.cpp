@@ -11,10 +11,13 @@
 #include "cli/verbs.h"
 #include "letters/mail_text.h"
 #include "mail/character_count.h"
+#include "platform/files.h"
+#include "platform/mail_address.h"
 #include "platform/utf8.h"
 #include "post/account_check.h"
 #include "post/known_providers.h"
 #include "post/mail_account.h"
+#include "post/outbox.h"
 
 namespace cli {
 namespace {
@@ -208,6 +211,22 @@ bool ShowAccount(const Call& call) {
   return true;
 }
 
+/// Nobody looks into the outbox of an address that isn't the user's any more.
+void SettleWaitingMails(const std::string& oldAddress, const std::string& address,
+                        const std::string& choice) {
+  if (oldAddress.empty() || platform::SameAddress(oldAddress, address)) return;
+  post::Outbox old(post::OutboxFolder(oldAddress)), next(post::OutboxFolder(address));
+  if (old.Mails().empty()) return;
+  try {
+    if (choice == "send") return old.MoveTo(next);
+    if (choice == "drop") return old.Drop();
+  } catch (const platform::FileError& error) {
+    throw Refusal(std::string("The mails that wait can't be taken over: ") + error.what() + ".");
+  }
+  throw Refusal("Mails wait to be sent from " + oldAddress +
+                ": say --waiting send, to send them from the new address, or --waiting drop.");
+}
+
 bool SetAccount(const Call& call) {
   std::vector<Change> changes;
   for (const std::string& argument : call.arguments.Others()) {
@@ -224,6 +243,8 @@ bool SetAccount(const Call& call) {
     }
     answer.password = ReadPassword();
   }
+  SettleWaitingMails(post::LoadMailAccount().MyAddress, answer.account.MyAddress,
+                     call.arguments.Value("--waiting"));
   const bool stored = post::SaveAccountAnswer(answer, call.passwords);
   if (!stored || !call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
   PrintAccount(answer.account, call.passwords);

@@ -51,7 +51,7 @@ std::optional<std::int32_t> GameOf(const std::string& thread,
   return found == games.end() ? std::nullopt : std::optional(found->second);
 }
 
-void PrintMail(std::optional<std::int32_t> game, const std::string& state, int tries,
+void PrintMail(std::optional<std::int32_t> game, const std::string& state, std::optional<int> tries,
                const std::string& reason) {
   JsonObject()
       .Add("game", game)
@@ -61,6 +61,25 @@ void PrintMail(std::optional<std::int32_t> game, const std::string& state, int t
       .Print();
 }
 
+std::vector<std::string> WaitingThreads() {
+  std::vector<std::string> threads;
+  for (const MailOnItsWay& mail : State().OnItsWay()) {
+    if (mail.stage != MailStage::Failed) threads.push_back(mail.thread);
+  }
+  return threads;
+}
+
+/// Those of `before` that aren't there any more.
+void PrintSent(const std::vector<std::string>& before) {
+  const auto games = GamesByThread();
+  const auto mails = State().OnItsWay();
+  for (const std::string& thread : before) {
+    const bool isThere = std::ranges::any_of(
+        mails, [&thread](const MailOnItsWay& mail) { return mail.thread == thread; });
+    if (!isThere) PrintMail(GameOf(thread, games), "sent", {}, "");
+  }
+}
+
 /// What is on its way, and what a mail server has sent back.
 void PrintMails() {
   const auto games = GamesByThread();
@@ -68,7 +87,7 @@ void PrintMails() {
     PrintMail(GameOf(mail.thread, games), NameOf(mail.stage), mail.tries, mail.reason);
   }
   for (const auto& [thread, reason] : mail::LoadMailMemory().undelivered) {
-    PrintMail(GameOf(thread, games), "bounced", 1, reason);
+    PrintMail(GameOf(thread, games), "bounced", {}, reason);
   }
 }
 
@@ -126,8 +145,10 @@ bool MailStatus(const Call& call) {
 bool MailDeliver(const Call& call) {
   LogOn();
   RequireAccount(call.messages);
+  const auto before = WaitingThreads();
   State().DeliverNow();
   AwaitDelivery();
+  PrintSent(before);
   PrintMails();
   return true;
 }

@@ -87,7 +87,7 @@ for address in "$@"; do
   if [ -f "$box" ]; then
     echo "a warning" >&2
     echo "<$address>: mailbox full" >&2
-    exit 73
+    exit 67
   fi
   mkdir -p "$box/tmp" "$box/new" "$box/cur"
   echo >> ../count

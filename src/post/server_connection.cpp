@@ -73,6 +73,13 @@ bool IsGreeting(std::string_view protocol, std::string_view line) {
   });
 }
 
+/// A line of a reply, without the status such as "5.7.9" with which the lines before it begin, too.
+std::string_view WithoutStatusOf(std::string_view before, std::string_view line) {
+  const std::string_view status = before.substr(0, before.find(' ') + 1);
+  const bool isRepeated = status.find('.') != std::string_view::npos && line.starts_with(status);
+  return isRepeated ? line.substr(status.size()) : line;
+}
+
 /// Called by the library now and then while it works.
 int StopWhenOver(void* patience, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
   return static_cast<const Patience*>(patience)->IsOver() ? 1 : 0;
@@ -183,10 +190,11 @@ void ServerConnection::HearReply(std::string_view line) {
   if (!replyGoesOn_) reply_.clear();
   replyCode_ = code;
   replyGoesOn_ = line.size() > 3 && line[3] == '-';
-  const std::string_view text = line.substr(std::min<std::size_t>(4, line.size()));
+  std::string_view text = line.substr(std::min<std::size_t>(4, line.size()));
+  text = WithoutStatusOf(reply_, text.substr(0, text.find_last_not_of(" \r\n") + 1));
   if (reply_.size() > longestReply) return;
   if (!reply_.empty()) reply_ += ' ';
-  reply_ += text.substr(0, text.find_last_not_of(" \r\n") + 1);
+  reply_ += text;
 }
 
 void ServerConnection::AwaitVerdict() {
@@ -283,8 +291,9 @@ void ServerConnection::Raise(CURLcode code) const {
                            " can't be spoken to in TLS: check the port, or try STARTTLS.");
     case CURLE_USE_SSL_FAILED:
       throw MailError("The server " + place + " offers no STARTTLS: check the port, or try TLS.");
-    case CURLE_LOGIN_DENIED:
-      throw LoginRefused("The server " + host + " refuses the user name or the password.");
+    case CURLE_LOGIN_DENIED:  // without having been asked
+      throw AccountRefused("The server " + place +
+                           " offers no way of logging on that this program knows.");
     case CURLE_WEIRD_SERVER_REPLY:
       throw MailError("The server " + place + " doesn't speak " +
                       (protocol_ == "imap" ? "IMAP" : "SMTP") + " as expected: check the port.");

@@ -52,11 +52,13 @@ const Answers imapAnswers = {
     {endOfMail, "$ OK done\n"},
 };
 
+const std::string credentials = "AG1lAHNlY3JldA==";
+
 const Answers smtpAnswers = {
     {"", "220 ready\n"},        {"EHLO", "250-here\n250 AUTH PLAIN\n"},
     {"AUTH PLAIN", "334 \n"},   {"MAIL FROM", "250 fine\n"},
     {"RCPT TO", "250 fine\n"},  {"DATA", "354 go on\n"},
-    {"QUIT", "221 goodbye\n"},  {"AG1lAHNlY3JldA==", "235 fine\n"},
+    {"QUIT", "221 goodbye\n"},  {credentials, "235 fine\n"},
     {endOfMail, "250 taken\n"},
 };
 
@@ -337,7 +339,15 @@ TEST_F(ServerMailTest, WhatTheServerRepliesDecidesWhetherTheMailIsTriedAgain) {
       {endOfMail, hangUp, "perhaps", ""},
       {endOfMail, "421 closing\n" + hangUp, "lost", "closing"},
       {"AUTH PLAIN", "454 later\n", "lost", "later"},
-      {"AUTH PLAIN", "535 no\n", "login", ""},
+      {"AUTH PLAIN", "535 no\n", "login", "refuses the user name or the password."},
+      {credentials, "454 4.7.0 Busy\n", "lost", "try again later. The server says: Busy"},
+      {credentials, "535 5.7.8 Temporary trouble\n", "lost",
+       "try again later. The server says: Tempor"},
+      {credentials, "535-5.7.8 Wrong\n535 5.7.8 name\n" + hangUp, "login", "says: Wrong name"},
+      {credentials, "534-5.7.9 Get one\n534 5.7.9 at our site\n", "login",
+       "wants an app password, made on your provider's web site for one program, not your usual "
+       "one. The server says: Get one at our site"},
+      {"EHLO", "250-here\n250 AUTH GSSAPI\n", "account", "no way of logging on"},
       {"MAIL FROM", "530 log in\n", "login", "log in"},
   };
   for (const auto& row : rows) {
@@ -354,6 +364,8 @@ TEST_F(ServerMailTest, WhatTheServerRepliesDecidesWhetherTheMailIsTriedAgain) {
       heard("refused", error);
     } catch (const post::LoginRefused& error) {
       heard("login", error);
+    } catch (const post::AccountRefused& error) {
+      heard("account", error);
     } catch (const post::PerhapsSent& error) {
       heard("perhaps", error);
     } catch (const post::ConnectionLost& error) {

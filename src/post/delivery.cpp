@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <map>
 #include <random>
 #include <set>
 #include <utility>
@@ -160,8 +161,9 @@ struct Delivery::Session {
   const AccountAnswer answer;
   const MakeTransport make;
   Outbox outbox;
-  std::int64_t pausedUntil = 0;  // nobody answered
-  std::set<std::string> sent;    // files of mails that can't be removed
+  std::int64_t pausedUntil = 0;                 // nobody answered
+  std::set<std::string> sent;                   // files of mails that can't be removed
+  std::map<std::string, QueuedMail> unwritten;  // what became of mails, by file
 
  private:
   std::mutex mutex;
@@ -334,16 +336,18 @@ void Delivery::BeginToTry(const std::string& file) {
   Changed();
 }
 
-/// Writes down what became of the mail. What can't be written is tried more often than it should
-/// be, but what was sent is never sent again in this session.
+/// Writes down what became of the mail. What can't be written this session still knows: the mail
+/// waits for its turn, and what was sent isn't sent again.
 void Delivery::Settle(Session& session, const QueuedMail& mail) {
   try {
-    if (!session.sent.contains(mail.file)) {
-      session.outbox.Update(mail);
+    if (session.sent.contains(mail.file)) {
+      session.outbox.Remove(mail);
+      session.sent.erase(mail.file);
       return;
     }
-    session.outbox.Remove(mail);
-    session.sent.erase(mail.file);
+    session.unwritten[mail.file] = mail;
+    session.outbox.Update(mail);
+    session.unwritten.erase(mail.file);
   } catch (const platform::FileError&) {
     // a full disk, or one that is gone
   }
@@ -368,9 +372,14 @@ void Delivery::PlanAt(const SessionPtr& session, std::int64_t next) {
                  [this, session] { Deliver(session, Which::Due); });
 }
 
-/// Without those that were sent and couldn't be removed, which is tried again.
+/// As they are known here. Without those that were sent and couldn't be removed, which is tried
+/// again.
 std::vector<QueuedMail> Delivery::LookInto(Session& session) {
   std::vector<QueuedMail> mails = session.outbox.Mails();
+  for (QueuedMail& mail : mails) {
+    const auto known = session.unwritten.find(mail.file);
+    if (known != session.unwritten.end()) mail = known->second;
+  }
   std::erase_if(mails, [this, &session](const QueuedMail& mail) {
     const bool isSent = session.sent.contains(mail.file);
     if (isSent) Settle(session, mail);

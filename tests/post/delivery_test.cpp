@@ -174,6 +174,18 @@ TEST_F(DeliveryTest, AnOutboxThatCantBeReadForAWhileKeepsNobodyWaiting) {
   }
 }
 
+TEST_F(DeliveryTest, WhatBecameOfAMailIsKnownAlsoWhereItCantBeWrittenDown) {
+  network_.trouble["a"] = "later";
+  outbox_.Add(Mail("a"), 0);
+  for (const int operation : {3, 4}) {  // behind the look at the folder: the writing, the renaming
+    Begin();
+    desktop_.files.FailOperation(operation);
+    EXPECT_EQ(Tried(0), "a.") << desktop_.files.operations.back();
+    EXPECT_EQ(Left(), "waiting 1 Try later.") << operation;
+    EXPECT_EQ(Tried(29), "") << operation;
+  }
+}
+
 TEST_F(DeliveryTest, AFailureIsToldOnceAndAFullDiskIsNoSending) {
   network_.trouble["a"] = "refused";
   delivery_.Add(Mail("a", "t"));

@@ -224,8 +224,18 @@ class Judge:
         if self.scenario.command and not self._is_stored(now):
             return self.world.tell(player, *self.scenario.command)
         if self.scenario.resend and not self._is_sent(now):
-            return self.world.tell(player, *self.scenario.resend)
+            return self._send_at_last(told, killed)
         return self.world.tell(player, "games")
+
+    def _send_at_last(self, told: Told, killed: bool) -> Told:
+        """A move that was played to be sent, and was saved, leaves by itself with the next run."""
+        waits = any(answer.get("state") in ("waiting", "perhaps") for answer in told.answers)
+        if waits or (killed and self.scenario.plays):
+            again = self.world.tell(self.scenario.player, "mail", "deliver")
+            if again.answers or not self._is_sent(snapshot.take(self.world)):
+                self._find("stuck", f"the next run leaves the move unsent: {again.answers}")
+            return again
+        return self.world.tell(self.scenario.player, *self.scenario.resend)
 
     def _look_at_end(self, now: Snapshot) -> None:
         for name, player in now.players.items():

@@ -257,7 +257,10 @@ void Delivery::Deliver(const SessionPtr& session, Which which) {
     if (!session->IsOver()) DeliverWhat(session, which);
   } catch (const std::exception& error) {
     // The outbox can't be read just now.
-    Find(MailLink::Waiting, InPlainWords(error, session->answer.account));
+    {
+      const std::lock_guard lock(mutex_);
+      Find(MailLink::Waiting, InPlainWords(error, session->answer.account));
+    }
     EndOfTryingAll();
     Changed();
     PlanAt(session, Now() + PauseAfter(1));
@@ -312,9 +315,10 @@ bool Delivery::Try(Session& session, QueuedMail queued) {
   queued.mail.from = {session.answer.account.MyName, session.answer.account.MyAddress};
   MailLink link = MailLink::Connected;
   std::string reason;
+  bool isSent = false;
   try {
     session.Transport().Send(queued.mail);
-    session.sent.insert(queued.file);
+    isSent = session.sent.insert(queued.file).second;
   } catch (const std::exception& error) {
     reason = InPlainWords(error, session.answer.account);
     const Verdict verdict = VerdictOf(error, queued.state);
@@ -324,7 +328,7 @@ bool Delivery::Try(Session& session, QueuedMail queued) {
     if (link == MailLink::Waiting) session.pausedUntil = queued.nextTry;
   }
   Settle(session, queued);
-  Find(link, reason);
+  EndTry(queued, isSent, link, reason);
   return !IsBlocked(link);
 }
 
@@ -332,6 +336,20 @@ void Delivery::BeginToTry(const std::string& file) {
   {
     const std::lock_guard lock(mutex_);
     trying_ = file;
+  }
+  Changed();
+}
+
+/// In one step: nobody who looks meanwhile takes a mail that was tried for one that waits.
+void Delivery::EndTry(const QueuedMail& mail, bool isSent, MailLink link,
+                      const std::string& reason) {
+  {
+    const std::lock_guard lock(mutex_);
+    trying_.clear();
+    const auto known = std::ranges::find(mails_, mail.file, &QueuedMail::file);
+    if (known != mails_.end()) *known = mail;
+    if (known != mails_.end() && isSent) mails_.erase(known);
+    Find(link, reason);
   }
   Changed();
 }
@@ -397,8 +415,6 @@ std::vector<QueuedMail> Delivery::LookInto(Session& session) {
 }
 
 void Delivery::Find(MailLink link, const std::string& reason) {
-  const std::lock_guard lock(mutex_);
-  trying_.clear();
   if (link != way_.link) way_.since = Now();
   way_.link = link;
   way_.reason = reason;

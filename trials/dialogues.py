@@ -2,6 +2,8 @@
 """The dialogues that are cut, and who is right about them afterwards: the mailboxes, the game files
 and what the program has told have to fit together."""
 
+import re
+
 from proxy import DOWN, GARBLING, UP, Proxy
 from players import DamagedStore, Player
 
@@ -124,6 +126,10 @@ def contents(games):
     return sorted((g.name, g.stamp, g.start_board, g.moves) for g in games.values())
 
 
+def message_id(mail):
+    return re.search(rb"^Message-ID: *(\S+)", mail, re.MULTILINE | re.IGNORECASE)[1]
+
+
 class Retrieve(Dialogue):
     name = "retrieve"
 
@@ -211,8 +217,11 @@ class Sending(Dialogue):
         self.scene.restore(self.state, self.scene.anna)
         self.scene.servers.empty()
 
+    def fate_told(self, answer):
+        return answer.lines[-1].get("state") if answer.ok and answer.lines else None
+
     def told_sent(self, answer):
-        return answer.ok and answer.lines[-1].get("state", "sent") == "sent"
+        return self.fate_told(answer) == "sent"
 
     def was_answered(self):
         """Whether the program got the server's word, whole, that it has taken the mail over."""
@@ -229,6 +238,8 @@ class Sending(Dialogue):
             yield "untrue", f"told not sent, but the server has said that it is: {answer}"
         if not told and accepted and not self.was_answered():
             yield "perhaps", ""
+            if trouble.kind not in GARBLING and self.fate_told(answer) != "perhaps":
+                yield "untrue", f"told of no doubt: {answer}"
         if accepted > 1:
             yield "doubled", f"{accepted} mails"
         if games not in (self.before, self.after):
@@ -239,7 +250,11 @@ class Sending(Dialogue):
     def follow(self, answer, trouble):
         accepted = self.scene.servers.accepted()
         altered = accepted and trouble.kind in GARBLING
-        if not self.told_sent(answer):
+        if self.fate_told(answer) in ("waiting", "perhaps"):
+            left = self.scene.anna.console("mail", "deliver", patience=PATIENCE)
+            if not left.ok or left.lines:
+                yield "stuck", f"it doesn't leave afterwards: {left}"
+        elif not self.told_sent(answer):
             stored = contents(self.scene.anna.games()) == self.after
             again = self.again() if stored else self.run()
             if not self.told_sent(again):
@@ -248,6 +263,8 @@ class Sending(Dialogue):
         received = self.scene.servers.inbox(self.scene.bob.address)
         if len(received) > max(1, accepted + (not self.told_sent(answer))):
             yield "doubled", f"{len(received)} mails"
+        if self.fate_told(answer) == "perhaps" and len({*map(message_id, received)}) > 1:
+            yield "doubled", "one mail has two identifiers"
         self.scene.restore("his-wait", self.scene.bob)
         arrived = self.scene.bob.console("retrieve", patience=PATIENCE)
         games = contents(self.scene.bob.games())

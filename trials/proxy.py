@@ -89,6 +89,7 @@ class Proxy:
         self.server_port = server_port
         self.lock = threading.Lock()
         self.live = set()
+        self.calls = 0  # over all runs
         self.begin(None)
         self.listener = Listener(self.carry)
         self.port = self.listener.port
@@ -111,7 +112,24 @@ class Proxy:
                 pass
         return len(live) // 2
 
+    def go_away(self):
+        """Nobody is there any more, until it comes back."""
+        self.listener.close()
+        self.cut_all()
+
+    def come_back(self):
+        self.listener = Listener(self.carry, self.port)
+
+    def fall_silent(self):
+        """What either end says gets lost, as behind a router that is off."""
+        self.is_silent = True
+
+    def speak_again(self):
+        self.is_silent = False
+        self.cut_all()
+
     def carry(self, client):
+        self.calls += 1
         ends = [client]
         try:
             if not self.refuses:

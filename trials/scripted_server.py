@@ -7,6 +7,7 @@ import itertools
 import re
 import socket
 import threading
+import time
 from dataclasses import dataclass, field
 
 from players import PASSWORD
@@ -130,6 +131,9 @@ class ImapTalk(Talk):
     def select(self):
         self.send(f"* {len(self.mails())} EXISTS\r\n* OK [UIDVALIDITY 7001] valid\r\n")
 
+    def noop(self):
+        self.send(f"* {len(self.mails())} EXISTS\r\n")
+
     def examine(self):
         self.send(f"* {len(self.boxes.mails.get(self.user + '/Sent', []))} EXISTS\r\n")
 
@@ -184,7 +188,7 @@ class ImapTalk(Talk):
         (r"CAPABILITY", capability),
         (r"AUTHENTICATE PLAIN (\S+)", authenticate),
         (r"SELECT INBOX", select),
-        (r"NOOP", lambda self: None),
+        (r"NOOP", noop),
         (r'EXAMINE "Sent"', examine),
         (r'UID SEARCH UNDELETED (UNSEEN )?OR SUBJECT "(\w+)" \(SINCE .*\)', search),
         (r'UID SEARCH HEADER Message-ID "(.+)"', search_sent),
@@ -207,8 +211,29 @@ def literal(name, content):
     return f"{name} {{{len(content)}}}\r\n".encode() + content
 
 
+class Greylist:
+    """Lets a sender's mail to a recipient in only where its first try is long enough ago; the next
+    mail between the two has to wait again."""
+
+    def __init__(self, seconds):
+        self.seconds = seconds
+        self.first_tries = {}
+
+    def lets_in(self, *pair):
+        now = time.monotonic()
+        if now < self.first_tries.setdefault(pair, now) + self.seconds:
+            return False
+        del self.first_tries[pair]
+        return True
+
+
 class SmtpTalk(Talk):
+    def __init__(self, boxes, connection, greylist):
+        super().__init__(boxes, connection)
+        self.greylist = greylist
+
     def converse(self):
+        sender = ""
         recipients = []
         self.send("220 ready\r\n")
         while True:
@@ -221,11 +246,16 @@ class SmtpTalk(Talk):
                 user_of(self.line())
                 self.send("235 welcome\r\n")
             elif word.startswith("MAIL FROM:<"):
+                sender = line[11:].partition(">")[0]
                 recipients = []
                 self.send("250 ok\r\n")
             elif word.startswith("RCPT TO:<"):
-                recipients.append(line[9:].partition(">")[0])
-                self.send("250 ok\r\n")
+                recipient = line[9:].partition(">")[0]
+                if self.greylist.lets_in(sender, recipient):
+                    recipients.append(recipient)
+                    self.send("250 ok\r\n")
+                else:
+                    self.send("450 4.2.0 Greylisted, try again later\r\n")
             elif word == "DATA" and recipients:
                 self.send("354 go on\r\n")
                 self.boxes.accept(recipients, self.data())
@@ -248,8 +278,8 @@ class SmtpTalk(Talk):
 class Listener:
     """Takes connections on a port of its own until it is closed."""
 
-    def __init__(self, answer):
-        self.socket = socket.create_server(("127.0.0.1", 0))
+    def __init__(self, answer, port=0):
+        self.socket = socket.create_server(("127.0.0.1", port))
         self.port = self.socket.getsockname()[1]
         self.answer = answer
         threading.Thread(target=self.listen, daemon=True).start()
@@ -270,12 +300,16 @@ class Listener:
 
 
 class ScriptedServers:
-    def __init__(self):
+    def __init__(self, greylisted_for=0):
         self.boxes = Boxes()
+        self.greylist = Greylist(greylisted_for)
         self.imap = Listener(lambda connection: ImapTalk(self.boxes, connection).run())
-        self.smtp = Listener(lambda connection: SmtpTalk(self.boxes, connection).run())
+        self.smtp = Listener(lambda connection: self.smtp_talk(connection).run())
         self.imap_port = self.imap.port
         self.smtp_port = self.smtp.port
+
+    def smtp_talk(self, connection):
+        return SmtpTalk(self.boxes, connection, self.greylist)
 
     def empty(self):
         self.boxes.empty()

@@ -222,10 +222,16 @@ bool Outbox::Update(const QueuedMail& mail) {
   return true;
 }
 
+/// First those whose place it has taken, if they are still there: they would count again.
 void Outbox::Remove(const QueuedMail& mail) {
   const std::lock_guard lock(mutex_);
-  if (Files().Exists(folder_ + mail.file)) Files().Remove(folder_ + mail.file);
-  known_.erase(mail.file);
+  const auto behind = known_.upper_bound(mail.file);
+  for (auto known = known_.begin(); known != behind;) {
+    const auto& [file, queued] = *known;
+    const bool goes = file == mail.file || IsSameThread(queued, mail);
+    if (goes && Files().Exists(folder_ + file)) Files().Remove(folder_ + file);
+    known = goes ? known_.erase(known) : std::next(known);
+  }
 }
 
 std::unique_ptr<platform::HeldLock> Outbox::TryToDeliver() {

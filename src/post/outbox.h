@@ -54,6 +54,8 @@ class Outbox {
   /// False where the mail is gone: sent, or replaced by a newer one. Raises platform::FileError.
   bool Update(const QueuedMail& mail);
   bool IsThere(const QueuedMail& mail);
+
+  /// For a mail that was sent, of those that Mails has told of.
   void Remove(const QueuedMail& mail);
 
   /// Nothing where another process is delivering. Raises platform::FileError.

@@ -151,6 +151,10 @@ TEST_F(DeliveryTest, ANewerMailOfAThreadTakesTheOlderOnesPlaceAlsoWhileThatIsBei
   EXPECT_EQ(Tried(), "a2.");
   EXPECT_EQ(Tried(0), "b3.");
   EXPECT_EQ(Left(), "");
+  outbox_.Add(Mail("b", "t", "4"), 0);
+  desktop_.files.FailOperation(5);  // the removal
+  outbox_.Add(Mail("b", "t", "5"), 0);
+  EXPECT_EQ(Tried(0) + Tried(0), "b5.");
 }
 
 TEST_F(DeliveryTest, OnlyOneProgramDelivers) {

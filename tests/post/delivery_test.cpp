@@ -138,6 +138,11 @@ TEST_F(DeliveryTest, TheUsersWishAndANewMailAndTheNextRunDontWait) {
   Begin();
   EXPECT_EQ(Tried(0), "a.");
   EXPECT_EQ(Left(), "waiting 3 Nothing answers.");
+  constexpr std::int64_t days = 86400;
+  for (const std::int64_t jump : {-9 * days, 9 * days}) {
+    EXPECT_EQ(Tried(jump) + Tried(0), "a.") << "the clock jumps, and is no reason to hurry";
+  }
+  EXPECT_EQ(Left(), "waiting 5 Nothing answers.");
 }
 
 TEST_F(DeliveryTest, ANewerMailOfAThreadTakesTheOlderOnesPlaceAlsoWhileThatIsBeingSent) {

@@ -95,6 +95,11 @@ std::vector<Uid> TakeBatch(std::vector<ImapClient::Summary>::const_iterator& nex
   return batch;
 }
 
+bool IsDecided(const std::exception& failure) {
+  return dynamic_cast<const MailRefused*>(&failure) != nullptr ||
+         dynamic_cast<const PerhapsSent*>(&failure) != nullptr;
+}
+
 /// What is told of a mail in the folder of spam; nothing for one that isn't ours.
 std::optional<letters::FetchedMail> SpamOf(const ImapClient::Summary& summary) {
   auto mail = Parsed(summary.header);
@@ -274,14 +279,22 @@ void ServerMail::Send(const letters::OutgoingMail& given) {
   std::vector<std::string> recipients;
   for (const letters::Mailbox& recipient : mail.to)
     recipients.push_back(letters::EnvelopeAddress(recipient.address));
-  const std::string from = letters::EnvelopeAddress(mail.from.address);
-  try {
-    Outgoing().Send(from, recipients, bytes);
-  } catch (...) {
-    smtp_.reset();
-    throw;
-  }
+  HandOver(letters::EnvelopeAddress(mail.from.address), recipients, bytes);
   sent_.push_back({std::move(bytes), mail.messageID});
+}
+
+/// Servers take only so many mails in one connection. What one that has carried others doesn't take
+/// is tried once on a new one, but for what will never be taken, or may have been.
+void ServerMail::HandOver(const std::string& from, const std::vector<std::string>& recipients,
+                          const std::string& bytes) {
+  const bool wasOpen = smtp_ != nullptr;
+  try {
+    return Outgoing().Send(from, recipients, bytes);
+  } catch (const std::exception& failure) {
+    smtp_.reset();
+    if (!wasOpen || IsDecided(failure)) throw;
+  }
+  HandOver(from, recipients, bytes);
 }
 
 void ServerMail::KeepCopies() {

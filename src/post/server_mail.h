@@ -57,6 +57,8 @@ class ServerMail : public MailTransport {
   void AddSpam(std::vector<letters::FetchedMail>& list);
   void KeepCopy(const std::string& bytes, const std::string& messageID);
   SmtpClient& Outgoing();
+  void HandOver(const std::string& from, const std::vector<std::string>& recipients,
+                const std::string& bytes);
 
   MailAccount account_;
   std::string password_;

@@ -67,6 +67,11 @@ void RudeServer::Answer(const std::string& command, const std::string& answer) {
   if (answer.empty()) rude_.erase(command);
 }
 
+void RudeServer::AnswerOnce(const std::string& command, const std::string& answer) {
+  const std::lock_guard lock(mutex_);
+  rudeOnce_[command] = answer;
+}
+
 int RudeServer::Count(const std::string& text) {
   const std::lock_guard lock(mutex_);
   return static_cast<int>(std::count_if(lines_.begin(), lines_.end(), [&text](const auto& line) {
@@ -115,6 +120,7 @@ std::string RudeServer::AnswerTo(const std::string& line) {
   if (!line.empty()) lines_.push_back(line);
   for (const auto& [command, answer] : polite_) {
     if (command.empty() ? !line.empty() : line.find(command) == std::string::npos) continue;
+    if (auto once = rudeOnce_.extract(command)) return once.mapped();
     const auto rude = rude_.find(command);
     return rude == rude_.end() ? answer : rude->second;
   }

@@ -37,6 +37,9 @@ class RudeServer {
   /// Answers `command` that way from now on; "" as `answer` makes it polite again.
   void Answer(const std::string& command, const std::string& answer);
 
+  /// The same for the next time only.
+  void AnswerOnce(const std::string& command, const std::string& answer);
+
   /// Lets everything that hangs go on, politely.
   void GoOn() { ++released_; }
 
@@ -57,6 +60,7 @@ class RudeServer {
   int port_ = 0;
   std::mutex mutex_;
   std::map<std::string, std::string> rude_;
+  std::map<std::string, std::string> rudeOnce_;
   std::vector<std::string> lines_;
   std::string tag_;          // of the client's last command
   bool swallowing_ = false;  // a mail

@@ -380,6 +380,12 @@ TEST_F(ServerMailTest, WhatTheServerRepliesDecidesWhetherTheMailIsTriedAgain) {
   const int logons = smtp_.Count("EHLO");
   for (int time = 0; time < 3; ++time) mail_.Send(mailToBob);
   EXPECT_EQ(smtp_.Count("EHLO"), logons + 1) << "one connection serves them all";
+  for (const auto& enough : {std::string("452 too many\n"), "421 too many\n" + hangUp}) {
+    smtp_.AnswerOnce("MAIL FROM", enough);
+    EXPECT_NO_THROW(mail_.Send(mailToBob)) << "on another connection";
+  }
+  smtp_.AnswerOnce(endOfMail, hangUp);
+  EXPECT_THROW(mail_.Send(mailToBob), post::PerhapsSent);
 }
 
 TEST_F(ServerMailTest, NoPasswordTravelsUnencryptedUnasked) {

@@ -187,7 +187,8 @@ void Delivery::Begin(const AccountAnswer& answer, MakeTransport make) {
   const std::lock_guard lock(mutex_);
   looked_ = tryingAll_ = false;
   way_ = {};
-  nextTry_ = EarliestTry(mails);
+  const std::int64_t next = EarliestTry(mails);
+  nextTry_ = next == 0 ? 0 : std::max(next, Now());
   mails_ = std::move(mails);
 }
 

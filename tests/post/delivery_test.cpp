@@ -167,6 +167,8 @@ TEST_F(DeliveryTest, OnlyOneProgramDelivers) {
   Put("a");
   EXPECT_EQ(Tried(), "");
   EXPECT_EQ(Left(), "sending 0 ");
+  Begin();
+  EXPECT_EQ(delivery_.NextTry(), desktop_.clock.seconds) << "no time that is over";
   desktop_.files.locked.clear();
   EXPECT_EQ(Tried(0), "a.");
 }

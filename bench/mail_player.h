@@ -45,7 +45,7 @@ class MailPlayer {
  public:
   explicit MailPlayer(const MailSettings& mailSettings, const std::string& passwordKey = {},
                       const std::string& password = {})
-      : folder_(EmptyProgramFolder()), desktop_(folder_.string() + "/") {
+      : folder_(EmptyProgramFolder()), desktop_((folder_ / "Tarvolenix.conf").string()) {
     platform::SetupGlobalVariables(folder_.string(), "-nosound");
     platform::TheSeams().messageBoxes = &boxes_;
     platform::TheSeams().addressBook = &book_;

@@ -33,7 +33,7 @@ const std::map<std::string, Role> roles{{"anna", {"Anna", demo::AnnasPart}},
                                         {"plain", {"Bob", demo::PlainPart}}};
 
 int Perform(const Role& role, const std::string& folder, const std::string& pictures) {
-  app::Program program(folder + "/", "-nosound");
+  app::Program program(desktop::FoldersFor(folder), "-nosound");
   demo::Hands hands;
   const demo::Steps steps(program, hands, QString::fromStdString(pictures));
   const demo::Performance performance(role.name, role.part(steps),

@@ -32,14 +32,15 @@ int main(int argc, char** argv) {
     return 1;
   }
   const std::string commandLine = CommandLine(argc, argv);
-  app::ScaleWindows(desktop::ProgramFolder(), argc, argv);
+  const desktop::Folders folders = desktop::FoldersFor(desktop::ProgramFolder());
+  app::ScaleWindows(folders.settingsFile, argc, argv);
   QApplication application(argc, argv);
   app::KeepScaleToOneself();
   ui::KeepPlaceholdersLegible();
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 
-  app::Program program(desktop::ProgramFolder(), commandLine);
+  app::Program program(folders, commandLine);
   const app::EndRequests requests([&program] { program.End(); });
   QObject::connect(
       &application, &QGuiApplication::commitDataRequest, &application,

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <utility>
 
-#include "desktop/folders.h"
 #include "mail/mail_session.h"
 #include "platform/mail_address.h"
 #include "platform/messages.h"
@@ -55,30 +54,23 @@ post::MailAccount ForNewcomer(post::MailAccount suggestion, const char* kind) {
   return suggestion;
 }
 
-void SetUpFolders() {
-  const std::string dataFolder = desktop::DataFolderFor(Process().ProgramFolder);
-  desktop::PrepareDataFolder(Process().ProgramFolder, dataFolder);
-  Process().DataPath = dataFolder + "Data/";
-  Process().AIFilesPath = dataFolder + "AI Files/";
-}
-
 }  // namespace
 
-Program::Program(const std::string& programFolder, const std::string& commandLine)
+Program::Program(const desktop::Folders& folders, const std::string& commandLine)
     : contacts_(shell::PastOpponents), screen_([this] { return instance_->IsAnotherRunning(); }) {
   // Windows come and go before the last one: the program ends when it is told to.
   QApplication::setQuitOnLastWindowClosed(false);
-  platform::SetupGlobalVariables(programFolder, commandLine);
-  SetUpFolders();
+  platform::SetupGlobalVariables(folders.program, commandLine, folders.user);
+  desktop::PrepareUserFolder(folders);
   desktop_ = std::make_unique<wiring::RealSeams>(
-      programFolder, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
+      folders.settingsFile, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
       post::MailService::AskRecipients{
           [this](const auto& caption) { return ui::PickRecipients(contacts_, caption); },
           [this](const auto& typed, bool mayAsk) {
             return ui::ResolveRecipient(contacts_, typed, mayAsk);
           }});
   desktop_->Events().OnWait([this](bool waiting) { waiting_.Wait(waiting); });
-  instance_ = std::make_unique<desktop::SingleInstance>(programFolder);
+  instance_ = std::make_unique<desktop::SingleInstance>(folders.user);
   platform::Seams& seams = platform::TheSeams();
   seams.messageBoxes = &boxes_;
   seams.help = &help_;

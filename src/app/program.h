@@ -11,6 +11,7 @@
 
 #include "app/network_watch.h"
 #include "contacts/contacts_book.h"
+#include "desktop/folders.h"
 #include "desktop/single_instance.h"
 #include "post/mail_account.h"
 #include "ui/help/help_window.h"
@@ -26,8 +27,8 @@ namespace app {
 
 class Program {
  public:
-  /// A program that lives in `programFolder`. The application object must be there already.
-  Program(const std::string& programFolder, const std::string& commandLine);
+  /// The application object must be there already.
+  Program(const desktop::Folders& folders, const std::string& commandLine);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;

@@ -7,7 +7,6 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/folders.h"
 #include "desktop/ini_settings.h"
 #include "desktop/posix_files.h"
 #include "platform/seams.h"
@@ -22,9 +21,9 @@ constexpr const char* variable = "QT_SCALE_FACTOR";  // of the toolkit
 
 QByteArray before;
 
-std::optional<std::string> ChosenSize(const std::string& programFolder) {
+std::optional<std::string> ChosenSize(const std::string& settingsFile) {
   desktop::PosixFiles files;
-  desktop::IniSettings settings(files, desktop::SettingsFileFor(programFolder));
+  desktop::IniSettings settings(files, settingsFile);
   platform::TheSeams().settings = &settings;
   auto size = shell::WindowSizeAtStart();
   platform::TheSeams().settings = nullptr;
@@ -44,9 +43,9 @@ std::optional<ui::ScreenRoom> LookAtScreen(int argc, char** argv) {
 
 }  // namespace
 
-void ScaleWindows(const std::string& programFolder, int argc, char** argv) {
+void ScaleWindows(const std::string& settingsFile, int argc, char** argv) {
   before = qgetenv(variable);
-  const auto size = ChosenSize(programFolder);
+  const auto size = ChosenSize(settingsFile);
   const auto screen = size ? LookAtScreen(argc, argv) : std::nullopt;
   if (!screen) return;
   const double factor = ui::WindowScaleFor(*size, *screen);

@@ -8,7 +8,7 @@ namespace app {
 
 /// Counts for the application object that is made next. Looks at the screen by one of its own,
 /// which must be the first. Does nothing in the plain look.
-void ScaleWindows(const std::string& programFolder, int argc, char** argv);
+void ScaleWindows(const std::string& settingsFile, int argc, char** argv);
 
 /// Other programs that this one starts keep their own size. Once the application object is there.
 void KeepScaleToOneself();

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "desktop/picture_file.h"
+#include "desktop/picture_folders.h"
 #include "platform/messages.h"
-#include "platform/process_state.h"
 
 namespace boards {
 namespace {
@@ -73,7 +73,8 @@ QImage ChessGraphics::Cell(int number) const {
 bool LoadChessGraphics(const std::string& chessSet, const std::string& chessBoard,
                        ChessGraphics& graphics) {
   try {
-    const std::string folder = platform::Process().ProgramFolder + "Graphics/" + chessSet + "/";
+    const std::string folder =
+        desktop::PictureFolder(desktop::chessSets, QString::fromStdString(chessSet)).toStdString();
     ChessGraphics loaded;
     std::transform(std::begin(iconFiles), std::end(iconFiles), loaded.IconSet.begin(),
                    [&folder](const char* file) { return ReadLargest(folder + file); });

@@ -117,12 +117,10 @@ int Run(int argc, char** argv) {
   qInstallMessageHandler(DropToolkitMessages);
   const auto application = NewApplication(verb, argc, argv);
   cli::CollectedMessages messages;
-  wiring::RealSeams desktop(folder);
-  const std::string dataFolder = desktop::DataFolderFor(folder);
-  desktop::PrepareDataFolder(folder, dataFolder);
-  platform::SetupGlobalVariables(folder, "-nosound");
-  platform::Process().DataPath = dataFolder + "Data/";
-  platform::Process().AIFilesPath = dataFolder + "AI Files/";
+  const desktop::Folders folders = desktop::FoldersFor(folder);
+  wiring::RealSeams desktop(folders.settingsFile);
+  desktop::PrepareUserFolder(folders);
+  platform::SetupGlobalVariables(folders.program, "-nosound", folders.user);
   platform::Settings().Verbose = true;
   platform::TheSeams().messageBoxes = &messages;
   if (NeedsSettings(verb, parsed)) LookAtSettings();

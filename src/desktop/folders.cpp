@@ -32,6 +32,34 @@ std::string FolderFrom(const char* variable, const char* belowHome) {
   return folder && *folder == '/' ? WithSlash(folder) : Home() + belowHome;
 }
 
+bool IsFolder(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_directory(path, ignored);
+}
+
+constexpr const char* settingsName = "Tarvolenix.conf";
+
+/// Whatever stands there, be it a link that leads nowhere, is meant to be the settings.
+bool HasSettings(const std::string& folder) {
+  std::error_code ignored;
+  return fs::symlink_status(folder + settingsName, ignored).type() != fs::file_type::not_found;
+}
+
+std::string UsersFolder() { return DataHome() + "tarvolenix/"; }
+
+std::string UsersSettings() { return ConfigHome() + "Norlewick/" + settingsName; }
+
+/// A program folder's own, or the user's where that can't be written to.
+std::string UserFolderAt(const std::string& own) {
+  if (::access(own.c_str(), W_OK) == 0) return own;
+  const bool isClosed =
+      errno == EACCES || errno == EPERM || errno == EROFS || errno == ENOENT || errno == ENOTDIR;
+  // Games that lie there are the player's, whatever a look at the folder says.
+  std::error_code ignored;
+  if (!isClosed || fs::exists(own + "Data/Tvgdb.dat", ignored)) return own;
+  return UsersFolder();
+}
+
 void CopyMissing(const std::string& from, const std::string& to,
                  const std::function<bool(const std::string& name)>& wanted) {
   std::error_code failed;
@@ -56,37 +84,33 @@ std::string ProgramFolder() {
   return error ? "./" : WithSlash(executable.parent_path().string());
 }
 
-std::string DataFolderFor(const std::string& programFolder) {
-  std::string own = WithSlash(programFolder);
-  if (::access(own.c_str(), W_OK) == 0) return own;
-  const bool isClosed =
-      errno == EACCES || errno == EPERM || errno == EROFS || errno == ENOENT || errno == ENOTDIR;
-  // Games that lie there are the player's, whatever a look at the folder says.
-  std::error_code ignored;
-  if (!isClosed || fs::exists(own + "Data/Tvgdb.dat", ignored)) return own;
-  return DataHome() + "tarvolenix/";
+std::string SharedFolder(const std::string& executables) {
+  const std::string own = WithSlash(executables);
+  const fs::path installed = fs::path(own).parent_path().parent_path() / "share/tarvolenix/";
+  return IsFolder(installed) && !HasSettings(own) ? installed.string() : own;
 }
 
-void PrepareDataFolder(const std::string& programFolder, const std::string& dataFolder) {
-  const std::string from = WithSlash(programFolder);
-  const std::string to = WithSlash(dataFolder);
+Folders FoldersFor(const std::string& home, const std::string& executables) {
+  const std::string own = WithSlash(home);
+  const std::string shared = SharedFolder(executables);
+  const bool isInstalled = shared != WithSlash(executables);
+  if (isInstalled && own == WithSlash(executables)) return {shared, UsersFolder(), UsersSettings()};
+  const bool isWhole = !isInstalled || IsFolder(own + "UI Graphics");
+  return {isWhole ? own : shared, UserFolderAt(own),
+          HasSettings(own) ? own + settingsName : UsersSettings()};
+}
+
+void PrepareUserFolder(const Folders& folders) {
   std::error_code ignored;
-  fs::create_directories(to + "Data", ignored);
-  fs::create_directories(to + "AI Files", ignored);
-  if (from == to) return;
-  CopyMissing(from + "Data/", to + "Data/",
+  fs::create_directories(folders.user + "Data", ignored);
+  fs::create_directories(folders.user + "AI Files", ignored);
+  if (folders.program == folders.user) return;
+  CopyMissing(folders.program + "Data/", folders.user + "Data/",
               [](const std::string& name) { return name.ends_with(".tvs"); });
-  CopyMissing(from + "AI Files/", to + "AI Files/", [](const std::string&) { return true; });
+  CopyMissing(folders.program + "AI Files/", folders.user + "AI Files/",
+              [](const std::string&) { return true; });
 }
 
-std::string SettingsFileFor(const std::string& programFolder) {
-  std::string portable = WithSlash(programFolder) + "Tarvolenix.conf";
-  // Whatever stands there, be it a link that leads nowhere, is meant to be the settings.
-  std::error_code ignored;
-  if (fs::symlink_status(portable, ignored).type() != fs::file_type::not_found) return portable;
-  return ConfigHome() + "Norlewick/Tarvolenix.conf";
-}
-
-std::string DefaultPostFolder() { return DataHome() + "tarvolenix/post/"; }
+std::string DefaultPostFolder() { return UsersFolder() + "post/"; }
 
 }  // namespace desktop

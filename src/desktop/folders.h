@@ -13,18 +13,28 @@ std::string DataHome();
 /// The folder of the executable.
 std::string ProgramFolder();
 
-/// The folder that holds "Data" and "AI Files": the program's own where it can be written to, else
-/// the user's own place for a program that is installed for everybody.
-std::string DataFolderFor(const std::string& programFolder);
+/// The folder of what came with the program that runs: share/tarvolenix beside the executable's
+/// folder for a program that is installed, else the executable's folder itself. A
+/// "Tarvolenix.conf" beside the executable makes a program folder of that.
+std::string SharedFolder(const std::string& executables = ProgramFolder());
 
-/// Makes "Data" and "AI Files" in `dataFolder` and, where that isn't the program folder, copies the
+/// Which folders a run is about.
+struct Folders {
+  std::string program;  ///< what came with the program, and is only read
+  std::string user;     ///< holds "Data", "AI Files", and the sets and skins that the user adds
+  std::string settingsFile;
+};
+
+/// For the program folder `home`. "Tarvolenix.conf" in it holds the settings, so that several
+/// players can live on one machine, and what is the user's lies in it where it can be written to.
+/// Else, and for a program that is installed, both are in the user's own places. What `home` lacks
+/// is read from where the program is installed.
+Folders FoldersFor(const std::string& home, const std::string& executables = ProgramFolder());
+
+/// Makes "Data" and "AI Files" in the user's folder and, where that isn't the program's, copies the
 /// numbered sounds and the ready-made AI files there that are missing. What can't be made or copied
 /// is missing then, without a word.
-void PrepareDataFolder(const std::string& programFolder, const std::string& dataFolder);
-
-/// "Tarvolenix.conf" in the program folder where there is one, so that several players can live on
-/// one machine; else the user's own.
-std::string SettingsFileFor(const std::string& programFolder);
+void PrepareUserFolder(const Folders& folders);
 
 /// Where the local post office lies unless the account names another folder.
 std::string DefaultPostFolder();

@@ -31,18 +31,17 @@ std::string LockFolder() {
 }
 
 /// The same for every path that leads to the folder.
-QString LockName(const std::string& programFolder) {
-  const QString folder = QDir(QString::fromStdString(programFolder)).canonicalPath();
+QString LockName(const std::string& folder) {
+  const QString path = QDir(QString::fromStdString(folder)).canonicalPath();
   const QByteArray digest =
-      QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha256).toHex();
+      QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex();
   return u"tarvolenix-"_s + QString::fromLatin1(digest.left(16)) + u".lock"_s;
 }
 
 }  // namespace
 
-SingleInstance::SingleInstance(const std::string& programFolder)
-    : lock_(std::make_unique<QLockFile>(QString::fromStdString(LockFolder()) +
-                                        LockName(programFolder))) {
+SingleInstance::SingleInstance(const std::string& folder)
+    : lock_(std::make_unique<QLockFile>(QString::fromStdString(LockFolder()) + LockName(folder))) {
   // However long the program runs, its lock is good; a dead process's is not.
   lock_->setStaleLockTime(0);
 }

@@ -12,7 +12,7 @@ namespace desktop {
 
 class SingleInstance {
  public:
-  explicit SingleInstance(const std::string& programFolder);
+  explicit SingleInstance(const std::string& folder);
 
   /// True where another process holds the mark; else this one does from now on, for the lifetime of
   /// this object. Where no lock file can be written nobody can know, and the program goes on.

@@ -30,11 +30,14 @@ ProcessState& Process() {
   return state;
 }
 
-void SetupGlobalVariables(std::string programFolder, std::string commandLine) {
+void SetupGlobalVariables(std::string programFolder, std::string commandLine,
+                          std::string userFolder) {
   ProcessState state;
   if (!programFolder.ends_with('/')) programFolder += '/';
-  state.DataPath = programFolder + "Data/";
-  state.AIFilesPath = programFolder + "AI Files/";
+  if (userFolder.empty()) userFolder = programFolder;
+  state.DataPath = userFolder + "Data/";
+  state.AIFilesPath = userFolder + "AI Files/";
+  state.UserFolder = std::move(userFolder);
   state.ProgramFolder = std::move(programFolder);
   commandLine = Lowered(commandLine);
   for (const Option& option : options) {

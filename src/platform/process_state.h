@@ -61,7 +61,8 @@ struct ProcessState {
   std::string ArrivalsStamp;        ///< of the game file that ArrivalsSeen tells of
   bool ArrivalsSeen = false;        ///< a game in it waits for the user's move
 
-  std::string ProgramFolder;  ///< ends in "/"
+  std::string ProgramFolder;  ///< what came with the program; ends in "/"
+  std::string UserFolder;     ///< what is the user's; ends in "/"
   std::string DataPath;       ///< folder of the game file and the sounds; ends in "/"
   std::string AIFilesPath;    ///< folder of the computer opponent's styles; ends in "/"
   std::string DatabaseFile = "Tvgdb.dat";
@@ -72,8 +73,10 @@ ProcessState& Process();
 
 /// Puts the record into its initial state for a program that lives in `programFolder` (with or
 /// without a "/" behind it) and was started with `commandLine`. Options are found anywhere in that
-/// text and in any case; what is no option is ignored.
-void SetupGlobalVariables(std::string programFolder, std::string commandLine);
+/// text and in any case; what is no option is ignored. What is the user's lies in the program
+/// folder too, or in `userFolder`.
+void SetupGlobalVariables(std::string programFolder, std::string commandLine,
+                          std::string userFolder = {});
 
 /// The program's version: major, minor and revision in plain decimal, joined by ".".
 std::string GetVersionText();

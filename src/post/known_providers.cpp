@@ -20,7 +20,7 @@ using desktop::IniText;
 /// Nothing where the file is missing or damaged: then all servers are guessed.
 IniText KnownProviders() {
   try {
-    return IniText::Read(desktop::PosixFiles().Read(desktop::ProgramFolder() + "providers.ini"))
+    return IniText::Read(desktop::PosixFiles().Read(desktop::SharedFolder() + "providers.ini"))
         .value_or(IniText());
   } catch (const platform::FileError&) {
     return {};

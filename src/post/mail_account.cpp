@@ -105,8 +105,8 @@ bool HasUsableAddress(const MailAccount& account) {
 }
 
 MailAccount WithAbsolutePostFolder(MailAccount account) {
-  const std::filesystem::path program = platform::Process().ProgramFolder;
-  account.PostFolder = (program / account.PostFolder).string();
+  const std::filesystem::path user = platform::Process().UserFolder;
+  account.PostFolder = (user / account.PostFolder).string();
   return account;
 }
 

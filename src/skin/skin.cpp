@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "desktop/picture_file.h"
+#include "desktop/picture_folders.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
@@ -23,6 +24,7 @@
 #include "skin/system_button.h"
 #include "skin/window_region.h"
 #include "skin/window_skin.h"
+#include "widgets/shown_text.h"
 
 namespace ui {
 
@@ -31,7 +33,7 @@ using platform::Process;
 namespace {
 
 std::string SkinPath(std::string_view file) {
-  return Process().ProgramFolder + "UI Graphics/" + platform::Settings().Skin + "/" +
+  return desktop::PictureFolder(desktop::skins, AsItIs(platform::Settings().Skin)).toStdString() +
          std::string(file);
 }
 

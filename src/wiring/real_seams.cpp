@@ -3,16 +3,15 @@
 
 #include <utility>
 
-#include "desktop/folders.h"
 #include "desktop/qt_sounds.h"
 #include "platform/seams.h"
 
 namespace wiring {
 
-RealSeams::RealSeams(const std::string& programFolder, post::MailService::AskAccount ask,
+RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAccount ask,
                      post::MailService::AskRecipients askRecipients)
-    : settings_(files_, desktop::SettingsFileFor(programFolder)),
-      passwords_(post::PasswordsBeside(desktop::SettingsFileFor(programFolder))),
+    : settings_(files_, settingsFile),
+      passwords_(post::PasswordsBeside(settingsFile)),
       sounds_(std::make_unique<desktop::QtSounds>()),
       mail_(events_, *passwords_, std::move(ask)) {
   mail_.SetAskRecipients(std::move(askRecipients));

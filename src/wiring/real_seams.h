@@ -20,9 +20,9 @@ namespace wiring {
 /// be there already.
 class RealSeams {
  public:
-  /// `ask` is the dialog for the mail account; without it there must be one. `askRecipients` is
-  /// the address book's; without it nobody is found.
-  explicit RealSeams(const std::string& programFolder, post::MailService::AskAccount ask = {},
+  /// Passwords are kept beside the settings. `ask` is the dialog for the mail account; without it
+  /// there must be one. `askRecipients` is the address book's; without it nobody is found.
+  explicit RealSeams(const std::string& settingsFile, post::MailService::AskAccount ask = {},
                      post::MailService::AskRecipients askRecipients = {});
   ~RealSeams();
   RealSeams(const RealSeams&) = delete;

@@ -98,7 +98,7 @@ TEST_F(IniSettingsTest, NoFailureLeavesLessThanTheOldFileAndWhatIsReportedIsTher
 TEST_F(IniSettingsTest, WhatCantBeReadIsNeitherEmptyNorWrittenOver) {
   std::filesystem::create_directories(path_);
   std::filesystem::create_symlink(folder_ / "nowhere", folder_ / "link");
-  EXPECT_EQ(desktop::SettingsFileFor(folder_ / "below"), path_);
+  EXPECT_EQ(desktop::FoldersFor(folder_ / "below").settingsFile, path_);
   for (const std::string& path : {path_, folder_ / "link"}) {
     IniSettings settings(files_, path);
     EXPECT_THROW(settings.Read("", "A"), platform::SettingsError);
@@ -148,30 +148,49 @@ class FoldersTest : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(FoldersTest, AProgramFolderWithItsOwnSettingsIsPortable) {
+TEST_F(FoldersTest, EachKindOfProgramFindsItsFolders) {
   EXPECT_TRUE(std::filesystem::exists(desktop::ProgramFolder() + "desktop_test"));
-  EXPECT_EQ(desktop::SettingsFileFor(folder_ / ""), folder_ / "config/Norlewick/Tarvolenix.conf");
-  WriteFile(folder_ / "Tarvolenix.conf", "");
-  EXPECT_EQ(desktop::SettingsFileFor(folder_ / ""), folder_ / "Tarvolenix.conf");
+  for (const char* made : {"usr/games", "usr/share/tarvolenix", "usr/home/UI Graphics", "usr/bare",
+                           "usr/portable", "alone/program"}) {
+    std::filesystem::create_directories(folder_ / made);
+  }
+  WriteFile(folder_ / "usr/portable/Tarvolenix.conf", "");
+  const std::string installed = "usr/share/tarvolenix/";
+  const std::string users = "data/tarvolenix/";
+  const std::string conf = "Tarvolenix.conf";
+  const std::string usersConf = "config/Norlewick/" + conf;
+  const struct {
+    std::string executables, home, program, user, settingsFile;
+  } rows[] = {
+      {"alone/program/", "alone/program/", "alone/program/", "alone/program/", usersConf},
+      {"alone/program/", "nowhere/", "nowhere/", users, usersConf},
+      {"usr/games/", "usr/games/", installed, users, usersConf},
+      {"usr/portable/", "usr/portable/", "usr/portable/", "usr/portable/", "usr/portable/" + conf},
+      {"usr/games/", "usr/portable/", installed, "usr/portable/", "usr/portable/" + conf},
+      {"usr/games/", "usr/bare/", installed, "usr/bare/", usersConf},
+      {"usr/games/", "usr/home/", "usr/home/", "usr/home/", usersConf},
+  };
+  for (const auto& row : rows) {
+    const auto found = desktop::FoldersFor(folder_ / row.home, folder_ / row.executables);
+    EXPECT_EQ(found.program, folder_ / row.program) << row.executables << ' ' << row.home;
+    EXPECT_EQ(found.user, folder_ / row.user) << row.executables << ' ' << row.home;
+    EXPECT_EQ(found.settingsFile, folder_ / row.settingsFile) << row.executables << ' ' << row.home;
+  }
 }
 
-TEST_F(FoldersTest, WithoutAWritableProgramFolderTheDataIsTheUsers) {
-  const std::string program = folder_ / "program/";
-  const std::string own = folder_ / "data/tarvolenix/";
-  EXPECT_EQ(desktop::DataFolderFor(program), own) << "nothing to write to";
-  for (const std::string& made : {program + "Data", program + "AI Files", own + "Data"}) {
-    std::filesystem::create_directories(made);
+TEST_F(FoldersTest, TheUserGetsWhatHeLacksAndNobodysGames) {
+  const desktop::Folders folders{folder_ / "program/", folder_ / "own/", {}};
+  for (const char* made : {"program/Data", "program/AI Files", "own/Data"}) {
+    std::filesystem::create_directories(folder_ / made);
   }
-  EXPECT_EQ(desktop::DataFolderFor(folder_ / "program"), program);
-
-  WriteFile(program + "Data/Cs002.tvs", "check");
-  WriteFile(program + "Data/Tvgdb.dat", "somebody's games");
-  WriteFile(program + "AI Files/Bold.tva", "bold");
-  WriteFile(own + "Data/Cs002.tvs", "my own");
-  desktop::PrepareDataFolder(program, own);
-  EXPECT_EQ(ReadFile(own + "Data/Cs002.tvs"), "my own");
-  EXPECT_EQ(ReadFile(own + "AI Files/Bold.tva"), "bold");
-  EXPECT_FALSE(std::filesystem::exists(own + "Data/Tvgdb.dat"));
+  WriteFile(folders.program + "Data/Cs002.tvs", "check");
+  WriteFile(folders.program + "Data/Tvgdb.dat", "somebody's games");
+  WriteFile(folders.program + "AI Files/Bold.tva", "bold");
+  WriteFile(folders.user + "Data/Cs002.tvs", "my own");
+  desktop::PrepareUserFolder(folders);
+  EXPECT_EQ(ReadFile(folders.user + "Data/Cs002.tvs"), "my own");
+  EXPECT_EQ(ReadFile(folders.user + "AI Files/Bold.tva"), "bold");
+  EXPECT_FALSE(std::filesystem::exists(folders.user + "Data/Tvgdb.dat"));
 }
 
 }  // namespace

@@ -195,8 +195,8 @@ class WholeGameTest : public testing::Test {
   }
 
   std::unique_ptr<app::Program> Start(const std::string& player, const std::string& commandLine) {
-    auto program =
-        std::make_unique<app::Program>((root_ / player).string() + "/", "-nosound " + commandLine);
+    auto program = std::make_unique<app::Program>(desktop::FoldersFor(root_ / player),
+                                                  "-nosound " + commandLine);
     EXPECT_TRUE(program->Start());
     return program;
   }

@@ -8,8 +8,8 @@
 
 #include <exception>
 
+#include "desktop/picture_folders.h"
 #include "platform/messages.h"
-#include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "skin/look.h"
 #include "ui/options/name_list.h"
@@ -26,8 +26,6 @@ namespace {
 
 constexpr QLatin1StringView boardFile(".jpg");
 
-QString GraphicsFolder() { return AsItIs(platform::Process().ProgramFolder) + u"Graphics/"_s; }
-
 QLabel* NewLabel(QWidget* page, const char* name, const QString& caption) {
   auto* label = new QLabel(caption, page);
   label->setObjectName(QLatin1StringView(name));
@@ -37,7 +35,8 @@ QLabel* NewLabel(QWidget* page, const char* name, const QString& caption) {
 /// The stems of the board pictures in a set's folder.
 QStringList BoardsOf(const QString& set) {
   QStringList boards;
-  for (const QString& file : QDir(GraphicsFolder() + set).entryList(QDir::Files, QDir::Name)) {
+  for (const QString& file :
+       QDir(desktop::PictureFolder(desktop::chessSets, set)).entryList(QDir::Files, QDir::Name)) {
     if (file.endsWith(boardFile)) boards << file.chopped(boardFile.size());
   }
   return boards;
@@ -90,7 +89,7 @@ void ChessSetPage::SetOptions() {
 
 bool ChessSetPage::HasSet() const {
   const QString set = opChessSet_->Selected();
-  return !set.isEmpty() && QDir(GraphicsFolder() + set).exists();
+  return !set.isEmpty() && QDir(desktop::PictureFolder(desktop::chessSets, set)).exists();
 }
 
 bool ChessSetPage::HasBoard() const {
@@ -98,13 +97,14 @@ bool ChessSetPage::HasBoard() const {
 }
 
 QString ChessSetPage::BoardPath() const {
-  return GraphicsFolder() + opChessSet_->Selected() + u'/' + opChessBoard_->Selected() + boardFile;
+  return desktop::PictureFolder(desktop::chessSets, opChessSet_->Selected()) +
+         opChessBoard_->Selected() + boardFile;
 }
 
 void ChessSetPage::PopulateSetList() {
   opChessSet_->Clear();
   try {
-    const QStringList sets = FoldersIn(GraphicsFolder());
+    const QStringList sets = desktop::PictureFolders(desktop::chessSets);
     opChessSet_->AddNames(sets);
     if (!opChessSet_->Mark(AsItIs(Settings().ChessSet)) && !sets.isEmpty()) {
       opChessSet_->Select(sets.front());

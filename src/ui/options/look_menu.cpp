@@ -3,11 +3,10 @@
 
 #include <exception>
 
+#include "desktop/picture_folders.h"
 #include "platform/messages.h"
 #include "platform/setting_variables.h"
 #include "skin/skin.h"
-#include "ui/options/name_list.h"
-#include "ui/options/skins_page.h"
 
 namespace ui {
 
@@ -18,7 +17,7 @@ namespace {
 /// None where they can't be read: the options tell of that.
 QStringList InstalledSkins() {
   try {
-    return FoldersIn(SkinsFolder());
+    return desktop::PictureFolders(desktop::skins);
   } catch (const std::exception&) {
     return {};
   }

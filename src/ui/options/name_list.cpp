@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/options/name_list.h"
 
-#include <QDir>
 #include <QSignalBlocker>
-
-#include <stdexcept>
 
 #include "widgets/shown_text.h"
 
@@ -15,12 +12,6 @@ namespace {
 constexpr int rowPadding = 6;
 
 }  // namespace
-
-QStringList FoldersIn(const QString& folder) {
-  const QDir dir(folder);
-  if (!dir.isReadable()) throw std::runtime_error("a folder can't be read");
-  return dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
-}
 
 NameList::NameList(const char* name, const QString& accessibleName, QWidget* page)
     : QListWidget(page) {

@@ -7,9 +7,6 @@
 
 namespace ui {
 
-/// The folders in a folder, by name. Raises std::runtime_error where it can't be read.
-QStringList FoldersIn(const QString& folder);
-
 class NameList : public QListWidget {
   Q_OBJECT
 

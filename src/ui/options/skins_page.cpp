@@ -7,8 +7,8 @@
 
 #include <exception>
 
+#include "desktop/picture_folders.h"
 #include "platform/messages.h"
-#include "platform/process_state.h"
 #include "platform/setting_variables.h"
 #include "skin/window_scale.h"
 #include "ui/options/name_list.h"
@@ -41,8 +41,6 @@ void ShowPicture(QLabel& label, const QString& path) {
 }
 
 }  // namespace
-
-QString SkinsFolder() { return AsItIs(platform::Process().ProgramFolder) + u"UI Graphics/"_s; }
 
 SkinsPage::SkinsPage(QWidget* parent)
     : QWidget(parent),
@@ -80,10 +78,10 @@ void SkinsPage::LoadOptions() {
 bool SkinsPage::PopulateSkinsList() {
   opSkinsList_->Clear();
   try {
-    const QStringList skins = FoldersIn(SkinsFolder());
-    opSkinsList_->AddNames(skins);
-    if (!opSkinsList_->Mark(AsItIs(Settings().Skin)) && !skins.isEmpty()) {
-      opSkinsList_->Select(skins.front());
+    const QStringList names = desktop::PictureFolders(desktop::skins);
+    opSkinsList_->AddNames(names);
+    if (!opSkinsList_->Mark(AsItIs(Settings().Skin)) && !names.isEmpty()) {
+      opSkinsList_->Select(names.front());
     }
     return true;
   } catch (const std::exception&) {
@@ -100,11 +98,11 @@ QString SkinsPage::Selected() const { return opSkinsList_->Selected(); }
 
 bool SkinsPage::HasSkin() const {
   const QString skin = Selected();
-  return !skin.isEmpty() && QDir(SkinsFolder() + skin).exists();
+  return !skin.isEmpty() && QDir(desktop::PictureFolder(desktop::skins, skin)).exists();
 }
 
 void SkinsPage::PreviewSkin() {
-  const QString folder = SkinsFolder() + Selected() + u'/';
+  const QString folder = desktop::PictureFolder(desktop::skins, Selected());
   ShowPicture(*PreviewBoard_, folder + u"Board.jpg"_s);
   ShowPicture(*PreviewInterface_, folder + u"Interface.jpg"_s);
 }

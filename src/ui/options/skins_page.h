@@ -11,9 +11,6 @@ namespace ui {
 
 class NameList;
 
-/// Each folder in it is a skin.
-QString SkinsFolder();
-
 class SkinsPage : public QWidget {
   Q_OBJECT
 

@@ -32,6 +32,14 @@ class OptionsTest : public SkinTest {
       EXPECT_TRUE(file.open(QFile::WriteOnly));
     }
     DrawSkin(1);
+    // One set and one skin are the user's own.
+    Process().UserFolder = folder_.path().toStdString() + "/own/";
+    for (const QString& kind : {u"/Graphics/"_s, u"/UI Graphics/"_s}) {
+      QDir().mkpath(folder_.path() + u"/own"_s + kind);
+      for (const QString& name : {u"Wood"_s, QString::fromStdString(NameOf(1))}) {
+        QDir().rename(folder_.path() + kind + name, folder_.path() + u"/own"_s + kind + name);
+      }
+    }
     platform::SettingVariables& settings = platform::Settings();
     settings.Skin = NameOf(0);
     settings.ChessSet = "Wood";

@@ -25,7 +25,8 @@ class ProgramTest : public testing::Test {
         file.write("DisplaySplash=False\nRunBefore=True\nSystrayStartup=False\n" + settings));
   }
   std::unique_ptr<app::Program> Start() {
-    auto program = std::make_unique<app::Program>(folder_.path().toStdString() + "/", "-nosound");
+    auto program = std::make_unique<app::Program>(desktop::FoldersFor(folder_.path().toStdString()),
+                                                  "-nosound");
     EXPECT_TRUE(program->Start());
     return program;
   }
@@ -117,7 +118,7 @@ TEST_F(ProgramTest, AMailboxCanBeTriedOutAndStored) {
 
 TEST_F(ProgramTest, AnEndFromOutsideWhileTheStartAsksIsAnOrderlyStop) {
   Configure({});
-  app::Program program(folder_.path().toStdString() + "/", "-nosound");
+  app::Program program(desktop::FoldersFor(folder_.path().toStdString()), "-nosound");
   OnNextDialog([&](QWidget& dialog) {
     EXPECT_EQ(dialog.objectName(), u"AccountDialog"_s);
     program.End();

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QPainter>
 
+#include <algorithm>
 #include <vector>
 
 #include "icon_drawing.h"
@@ -83,6 +84,14 @@ QImage PaintProgramIcon(const QByteArray& back, const QImage& knight, const QByt
   return picture;
 }
 
+bool SaveForIconTheme(const std::vector<QImage>& pictures, const QString& output, QString* error) {
+  return std::all_of(pictures.begin(), pictures.end(), [&](const QImage& picture) {
+    return SavePicture(
+        picture, u"%1/icons/hicolor/%2x%2/apps/tarvolenix.png"_s.arg(output).arg(picture.width()),
+        error);
+  });
+}
+
 bool RenderProgramIcon(const Workshop& shop) {
   const auto knight = ReadPieceDrawing(shop.source + u"/pieces/knight.svg"_s, shop.set.lines,
                                        kPaintedSide, shop.error);
@@ -97,7 +106,8 @@ bool RenderProgramIcon(const Workshop& shop) {
   for (int side : kSimpleSides) pictures.push_back(PaintIcon(*simple, side, shop.set.shadow));
   for (int side : kPaintedSides) pictures.push_back(Scaled(painted, side));
   return SavePicture(pictures.back(), shop.output + u"/tarvolenix.png"_s, shop.error) &&
-         SaveIcon(pictures, shop.output + u"/tarvolenix.ico"_s, shop.error);
+         SaveIcon(pictures, shop.output + u"/tarvolenix.ico"_s, shop.error) &&
+         SaveForIconTheme(pictures, shop.output, shop.error);
 }
 
 }  // namespace

@@ -9,7 +9,8 @@
 namespace art {
 
 /// Writes below `output`: an .ico for every drawing in a folder of icons/, message-1.png to
-/// message-5.png in messages/, draw.png, and tarvolenix.png and .ico. `set` lends the program icon
+/// message-5.png in messages/, draw.png, and tarvolenix.png and .ico, and
+/// its pictures by their sizes as icon themes have them. `set` lends the program icon
 /// its knight and all of them their shadow.
 bool RenderProgramIcons(const SetParameters& set, const QString& source, const QString& output,
                         QString* error);

@@ -13,6 +13,7 @@
 #include "platform/message_boxes.h"
 #include "platform/printing.h"
 #include "platform/screen.h"
+#include "platform/session_start.h"
 #include "platform/settings_store.h"
 #include "platform/shell_hooks.h"
 #include "platform/sounds.h"
@@ -21,9 +22,11 @@
 
 namespace platform {
 
-/// What a program has in the place of windows, tray, printers and help that aren't there.
+/// What a program has in the place of windows, tray, printers, help and a session that aren't
+/// there.
 inline Help noHelp;
 inline Printers noPrinters;
+inline SessionStart noSessionStart;
 inline Tray noTray;
 inline Windows noWindows;
 
@@ -41,6 +44,7 @@ struct Seams {
   Help* help = &noHelp;
   Printers* printers = &noPrinters;
   Screen* screen = nullptr;
+  SessionStart* sessionStart = &noSessionStart;
   Tray* tray = &noTray;
   Windows* windows = &noWindows;
   ShellHooks hooks;

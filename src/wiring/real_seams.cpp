@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "desktop/folders.h"
 #include "desktop/qt_sounds.h"
 #include "platform/seams.h"
 
@@ -11,6 +12,7 @@ namespace wiring {
 RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAccount ask,
                      post::MailService::AskRecipients askRecipients)
     : settings_(files_, settingsFile),
+      autostart_(files_, desktop::ProgramFolder()),
       passwords_(post::PasswordsBeside(settingsFile)),
       sounds_(std::make_unique<desktop::QtSounds>()),
       mail_(events_, *passwords_, std::move(ask)) {
@@ -20,6 +22,7 @@ RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAcco
   seams.MMess = &mail_;
   seams.mailState = &mail_;
   seams.settings = &settings_;
+  seams.sessionStart = &autostart_;
   seams.sounds = sounds_.get();
   seams.clock = &clock_;
   seams.events = &events_;

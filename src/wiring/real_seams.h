@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "desktop/autostart_entry.h"
 #include "desktop/ini_settings.h"
 #include "desktop/posix_files.h"
 #include "desktop/qt_events.h"
@@ -35,6 +36,7 @@ class RealSeams {
  private:
   desktop::PosixFiles files_;
   desktop::IniSettings settings_;
+  desktop::AutostartEntry autostart_;
   std::unique_ptr<post::Passwords> passwords_;
   desktop::SystemClock clock_;
   std::unique_ptr<platform::Sounds> sounds_;

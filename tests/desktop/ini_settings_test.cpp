@@ -4,8 +4,10 @@
 #include <QSettings>
 #include <gtest/gtest.h>
 
+#include "desktop/autostart_entry.h"
 #include "desktop/folders.h"
 #include "desktop/posix_files.h"
+#include "fakes/fake_desktop.h"
 #include "fakes/memory_files.h"
 #include "fakes/temporary_folder.h"
 
@@ -191,6 +193,32 @@ TEST_F(FoldersTest, TheUserGetsWhatHeLacksAndNobodysGames) {
   EXPECT_EQ(ReadFile(folders.user + "Data/Cs002.tvs"), "my own");
   EXPECT_EQ(ReadFile(folders.user + "AI Files/Bold.tva"), "bold");
   EXPECT_FALSE(std::filesystem::exists(folders.user + "Data/Tvgdb.dat"));
+}
+
+TEST_F(FoldersTest, TheSessionStartsTheProgramWhereItsUserSaysSo) {
+  const std::string path = folder_ / "config/autostart/tarvolenix.desktop";
+  desktop::PosixFiles files;
+  fakes::FakeDesktop seams;
+  platform::TheSeams().files = &files;
+  desktop::AutostartEntry entry(files, "/opt/100% \"Chess\" \\$/");
+  entry.StartProgram(false);
+  EXPECT_FALSE(entry.StartsProgram());
+  entry.StartProgram(true);
+  EXPECT_TRUE(entry.StartsProgram());
+  // As the toolkit of another desktop reads it: escapes of a value first, then quotes.
+  EXPECT_NE(ReadFile(path).find(R"(Exec="/opt/100%% \\"Chess\\" \\\\\\$/tarvolenix")"),
+            std::string::npos)
+      << ReadFile(path);
+  const std::string written = ReadFile(path);
+  WriteFile(path, written + "Hidden=true\n");
+  EXPECT_FALSE(entry.StartsProgram());
+  desktop::AutostartEntry(files, "/elsewhere/").StartProgram(false);
+  EXPECT_TRUE(files.Exists(path)) << "another program's";
+  entry.StartProgram(false);
+  EXPECT_FALSE(files.Exists(path));
+  std::filesystem::remove_all(folder_ / "config");
+  WriteFile(folder_ / "config", "in the way");
+  EXPECT_THROW(entry.StartProgram(true), platform::FileError);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "ai/search_depths.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/tray_status.h"
 #include "skin/look.h"
@@ -57,7 +58,9 @@ GeneralPage::GeneralPage(QWidget* parent)
       opShowMoves_(new LabelledBox("opShowMoves", "Show where a piece may go?", this)),
       opSimpleUI_(new LabelledBox("opSimpleUI", "Windows style User Interface?", this)),
       opSystrayStartup_(
-          new LabelledBox("opSystrayStartup", "Start Tarvolenix as a system tray icon?", this)) {
+          new LabelledBox("opSystrayStartup", "Start Tarvolenix as a system tray icon?", this)),
+      opSessionStart_(
+          new LabelledBox("opSessionStart", "Start Tarvolenix when you log in?", this)) {
   Label1_->setBuddy(opSysTrayTimerCombo_);
   vsCSearchDepth_L_->setBuddy(vsCSearchDepth_);
   Label2_->setBuddy(opIconList_);
@@ -72,7 +75,7 @@ GeneralPage::GeneralPage(QWidget* parent)
     if (!loading_) Q_EMIT ApplyWanted();
   });
   for (LabelledBox* box : {opDisplaySplash_, opVerbose_, opShowToolTips_, opDefaultView_,
-                           opShowMoves_, opSimpleUI_, opSystrayStartup_}) {
+                           opShowMoves_, opSimpleUI_, opSystrayStartup_, opSessionStart_}) {
     connect(box, &QCheckBox::clicked, this, &GeneralPage::ApplyWanted);
   }
   connect(opSimpleUI_, &QCheckBox::clicked, this, &GeneralPage::WarnOfLaterStyle);
@@ -121,12 +124,12 @@ void GeneralPage::SetSimpleUI() {
   layout->addWidget(vsCSearchDepth_, 1, 2, 1, 2);
   int row = 2;
   for (LabelledBox* box : {opDisplaySplash_, opVerbose_, opShowToolTips_, opDefaultView_,
-                           opShowMoves_, opSimpleUI_, opSystrayStartup_}) {
+                           opShowMoves_, opSimpleUI_, opSystrayStartup_, opSessionStart_}) {
     layout->addWidget(box, row, 0);
     layout->addWidget(&box->Caption(), row++, 1);
   }
   layout->addWidget(Label2_, 2, 2, 1, 2);
-  layout->addWidget(opIconList_, 3, 2, 6, 2);
+  layout->addWidget(opIconList_, 3, 2, 7, 2);
   layout->setColumnStretch(1, 1);
   layout->setColumnStretch(2, 1);
   layout->setRowStretch(row, 1);
@@ -146,6 +149,7 @@ void GeneralPage::LoadOptions() {
   opShowMoves_->setChecked(settings.ShowMoves);
   opSimpleUI_->setChecked(settings.SimpleUISaved);
   opSystrayStartup_->setChecked(settings.SystrayStartupSaved);
+  opSessionStart_->setChecked(platform::TheSeams().sessionStart->StartsProgram());
 }
 
 void GeneralPage::SetOptions() {
@@ -167,6 +171,21 @@ void GeneralPage::SetLaterOptions() {
   settings.DefaultView = opDefaultView_->isChecked();
   settings.SimpleUISaved = opSimpleUI_->isChecked();
   settings.SystrayStartupSaved = opSystrayStartup_->isChecked();
+  SetSessionStart();
+}
+
+void GeneralPage::SetSessionStart() {
+  platform::SessionStart& session = *platform::TheSeams().sessionStart;
+  const bool wanted = opSessionStart_->isChecked();
+  if (wanted == session.StartsProgram()) return;
+  try {
+    session.StartProgram(wanted);
+  } catch (const platform::FileError& error) {
+    platform::ShowMessage(
+        platform::ErrorIcon, "Application startup",
+        std::string("What starts when you log in stays as it was: ") + error.what() + ".", "OK", {},
+        false, platform::FailureSound);
+  }
 }
 
 /// Of the live value: turning the box back says nothing.
@@ -198,6 +217,7 @@ void GeneralPage::SetToolTips() {
   opSimpleUI_->SetTip("Whether to display the skined UI or a simple Windows style User Interface");
   opSystrayStartup_->SetTip(
       "Whether to start tarvolenix as a system tray icon or a windowed application");
+  opSessionStart_->SetTip("Whether the desktop starts Tarvolenix by itself when you log in");
 }
 
 }  // namespace ui

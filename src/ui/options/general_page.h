@@ -38,6 +38,7 @@ class GeneralPage : public QWidget {
   void SetSimpleUI();
   void WarnOfLaterStyle(bool simple);
   void WarnOfLaterStart(bool inTray);
+  void SetSessionStart();
 
   QLabel* Label1_;
   QComboBox* opSysTrayTimerCombo_;
@@ -52,6 +53,7 @@ class GeneralPage : public QWidget {
   LabelledBox* opShowMoves_;
   LabelledBox* opSimpleUI_;
   LabelledBox* opSystrayStartup_;
+  LabelledBox* opSessionStart_;
   bool loading_ = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include <exception>
 
+#include "platform/conversions.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/whole_file.h"
@@ -11,6 +12,8 @@
 
 namespace store {
 namespace {
+
+using platform::ZeroFilled;
 
 platform::Files& Files() { return *platform::TheSeams().files; }
 
@@ -22,6 +25,33 @@ std::optional<std::string> ReadGameFile() {
   if (const Batch* batch = Batch::Open()) return batch->Content();
   if (!Files().Exists(GameFilePath())) return std::nullopt;
   return Files().Read(GameFilePath());
+}
+
+void ReplaceGameFile(const std::string& before, const std::string& after,
+                     const std::string& aside) {
+  const std::string copy = platform::Process().DataPath + aside;
+  try {
+    ReplaceFile(copy, before);
+    ReplaceFile(GameFilePath(), after);
+  } catch (const std::exception&) {
+    // The copy may only go where the game file surely is what it was.
+    if (RestoreGameFile(before)) RemoveQuietly(copy);
+    throw;
+  }
+}
+
+std::string FreeName(const std::string& start, const std::string& ending) {
+  platform::Clock& clock = *platform::TheSeams().clock;
+  const platform::LocalTime now = clock.Now();
+  const auto second = static_cast<int>(clock.Seconds() % 60);
+  const std::string name = start + ZeroFilled(now.year, 4) + ZeroFilled(now.month, 2) +
+                           ZeroFilled(now.day, 2) + "-" + ZeroFilled(now.hour, 2) +
+                           ZeroFilled(now.minute, 2) + ZeroFilled(second, 2);
+  std::string free = name + ending;
+  for (int n = 2; Files().Exists(platform::Process().DataPath + free); ++n) {
+    free = name + "-" + std::to_string(n) + ending;
+  }
+  return free;
 }
 
 void RemoveQuietly(const std::string& path) {

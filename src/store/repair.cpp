@@ -1,81 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/repair.h"
 
-#include <algorithm>
-#include <cstdint>
 #include <exception>
-#include <set>
 #include <stdexcept>
-#include <string_view>
 
-#include "platform/conversions.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "store/data_files.h"
 #include "store/database_lock.h"
 #include "store/game_file.h"
+#include "store/sorted_content.h"
 
 namespace store {
 namespace {
 
-using platform::ZeroFilled;
-
 platform::Files& Files() { return *platform::TheSeams().files; }
-
-struct Line {
-  std::string_view text;
-  std::int32_t gameID = 0;
-  std::string why;  ///< of its damage; empty for a good one
-};
-
-void Judge(Line& line) {
-  try {
-    GameRecord record;
-    ReadGameLine(line.text, record);
-    ReadMoves(line.text);
-    line.gameID = record.GAME_ID;
-  } catch (const std::invalid_argument& damage) {
-    line.why = damage.what();
-  }
-}
-
-/// Of two lines of one game the later one was saved later.
-void JudgeRepeatedGames(std::vector<Line>& lines) {
-  std::set<std::int32_t> seen;
-  std::for_each(lines.rbegin(), lines.rend(), [&seen](Line& line) {
-    if (!line.why.empty() || seen.insert(line.gameID).second) return;
-    line.why = "its game " + std::to_string(line.gameID) + " stands once more further down";
-  });
-}
-
-/// A file's content, the good apart from the bad.
-struct SortedContent {
-  std::string goodLines;
-  int games = 0;
-  std::vector<DamagedLine> damaged;
-};
-
-SortedContent SortOut(std::string_view content) {
-  std::vector<Line> lines;
-  LineWalk walk(content);
-  while (const auto text = walk.Next()) {
-    lines.push_back({*text, 0, {}});
-    Judge(lines.back());
-  }
-  JudgeRepeatedGames(lines);
-  SortedContent sorted;
-  int number = 0;
-  for (Line& line : lines) {
-    ++number;
-    if (line.why.empty()) {
-      sorted.goodLines.append(line.text).append(lineEnd);
-      ++sorted.games;
-    } else {
-      sorted.damaged.push_back({number, std::move(line.why)});
-    }
-  }
-  return sorted;
-}
 
 /// Raises where there is no backup without damage.
 SortedContent ReadBackup() {
@@ -89,33 +28,6 @@ std::optional<int> GamesInBackup() {
     return ReadBackup().games;
   } catch (const std::exception&) {
     return std::nullopt;
-  }
-}
-
-/// A name that no file of the data folder has.
-std::string NameForDamagedFile() {
-  platform::Clock& clock = *platform::TheSeams().clock;
-  const platform::LocalTime now = clock.Now();
-  const auto second = static_cast<int>(clock.Seconds() % 60);
-  const std::string name = "Tvgdb.damaged-" + ZeroFilled(now.year, 4) + ZeroFilled(now.month, 2) +
-                           ZeroFilled(now.day, 2) + "-" + ZeroFilled(now.hour, 2) +
-                           ZeroFilled(now.minute, 2) + ZeroFilled(second, 2);
-  std::string free = name + ".dat";
-  for (int n = 2; Files().Exists(platform::Process().DataPath + free); ++n) {
-    free = name + "-" + std::to_string(n) + ".dat";
-  }
-  return free;
-}
-
-void ReplaceGameFile(const std::string& before, const std::string& after,
-                     const std::string& aside) {
-  try {
-    ReplaceFile(aside, before);
-    ReplaceFile(GameFilePath(), after);
-  } catch (const std::exception&) {
-    // The copy may only go where the game file surely is what it was.
-    if (RestoreGameFile(before)) RemoveQuietly(aside);
-    throw;
   }
 }
 
@@ -177,8 +89,8 @@ RepairOutcome Repair(bool fromBackup) {
     SortedContent found = SortOut(before);
     if (found.damaged.empty()) return {{}, found.games, {}, {}};
     const SortedContent kept = fromBackup ? ReadBackup() : found;
-    const std::string aside = NameForDamagedFile();
-    ReplaceGameFile(before, kept.goodLines, platform::Process().DataPath + aside);
+    const std::string aside = FreeName("Tvgdb.damaged-", ".dat");
+    ReplaceGameFile(before, kept.goodLines, aside);
     return {{}, kept.games, std::move(found.damaged), aside};
   } catch (const std::exception& error) {
     return {"Your game file could not be repaired: " + std::string(error.what()) + ".", 0, {}, {}};

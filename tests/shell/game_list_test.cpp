@@ -3,6 +3,7 @@
 
 #include "platform/messages.h"
 #include "platform/registry.h"
+#include "shell/other_games.h"
 #include "shell_fixture.h"
 
 namespace shell {
@@ -101,6 +102,115 @@ TEST_F(GameListTest, TheProgramEndsWithTheListWhereThereIsNoTray) {
   Process().ShuttingDown = false;
   GameListClosed();
   EXPECT_TRUE(Process().Stopping);
+}
+
+class OtherGamesTest : public ShellFixture {
+ protected:
+  /// A file of the data folder, or "-".
+  std::string Own(const std::string& name) const {
+    const auto found = desktop.files.content.find(Process().DataPath + name);
+    return found == desktop.files.content.end() ? "-" : found->second;
+  }
+  static std::string Line(int id) {
+    return std::to_string(id) + "|090320260805|7|n|09/03/2026|a@b|w|b|-1|o|1|0|\r\n";
+  }
+};
+
+TEST_F(OtherGamesTest, GamesAreTakenOverWholeAndOnesOwnAreKept) {
+  const std::string one = Line(1), two = one + Line(2), own = Line(5);
+  const std::string aside = "Tvgdb.replaced-20260309-080500.dat";
+  const struct {
+    const char* name;
+    std::string own, place, theirs, theirBackup;
+    std::deque<bool> answers;
+    std::string games, backup, kept, told;
+  } rows[] = {
+      {"none before",
+       "-",
+       "/cd/",
+       two,
+       one,
+       {},
+       two,
+       one,
+       "-",
+       "Copied 2 games from /cd/Tvgdb.dat."},
+      {"in a program folder",
+       own,
+       "/cd/Data/",
+       two,
+       one,
+       {true},
+       two,
+       one,
+       own,
+       "; the games that were here are kept as " + aside},
+      {"a backup that is damaged", own, "/cd/", two, "x", {true}, two, two, own, "Copied 2 games"},
+      {"not wanted", own, "/cd/", two, one, {false}, own, "old", "-", "instead of your 1 game?"},
+      {"damaged",
+       own,
+       "/cd/",
+       one + "x\r\n",
+       two,
+       {},
+       own,
+       "old",
+       "-",
+       "damaged in line 2: its GAME"},
+      {"a game twice", own, "/cd/", one + one, two, {}, own, "old", "-", "stands once more"},
+      {"the same",
+       own,
+       "/cd/",
+       own,
+       one,
+       {},
+       own,
+       "old",
+       "-",
+       "are the same as those in your list"},
+      {"no games",
+       own,
+       "/elsewhere/",
+       one,
+       one,
+       {},
+       own,
+       "old",
+       "-",
+       "there is no game file Tvgdb.dat"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    desktop.files.content = {{row.place + "Tvgdb.dat", row.theirs},
+                             {row.place + "tvgdb.bak", row.theirBackup},
+                             {Process().DataPath + "tvgdb.bak", "old"}};
+    if (row.own != "-") desktop.files.content[Process().DataPath + "Tvgdb.dat"] = row.own;
+    desktop.boxes.answers = row.answers;
+    Process().DeletedGames = {own};
+    const bool changed = row.games != row.own;
+    EXPECT_EQ(UseGamesOfFolder("/cd"), changed);
+    EXPECT_EQ(Own("Tvgdb.dat"), row.games);
+    EXPECT_EQ(Own("tvgdb.bak"), row.backup);
+    EXPECT_EQ(Own(aside), row.kept);
+    EXPECT_EQ(Process().DeletedGames.empty(), changed) << "an undo is for the games that were here";
+    EXPECT_EQ(desktop.files.content[row.place + "Tvgdb.dat"], row.theirs);
+    EXPECT_NE(desktop.boxes.messages.back().text.find(row.told), std::string::npos)
+        << desktop.boxes.messages.back().text;
+  }
+}
+
+TEST_F(OtherGamesTest, NoFailureCostsTheGamesThatWereThere) {
+  for (int failing = 1; failing < 20; ++failing) {
+    desktop.files.content = {{"/cd/Tvgdb.dat", Line(1)},
+                             {Process().DataPath + "Tvgdb.dat", Line(5)},
+                             {Process().DataPath + "tvgdb.bak", Line(6)}};
+    desktop.boxes.answers = {true};
+    desktop.files.FailOperation(failing);
+    const bool changed = UseGamesOfFolder("/cd");
+    EXPECT_EQ(Own("Tvgdb.dat"), Line(changed ? 1 : 5)) << failing;
+    EXPECT_EQ(Own("Tvgdb.replaced-20260309-080500.dat"), changed ? Line(5) : "-") << failing;
+    desktop.boxes.answers.clear();
+  }
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 #include "ui/games/game_interface.h"
 
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -14,12 +16,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/game_list.h"
 #include "shell/mail_watch.h"
+#include "shell/other_games.h"
 #include "shell/playing.h"
 #include "shell/tray_status.h"
 #include "skin/layouts/game_interface_layout.h"
@@ -324,6 +328,15 @@ void GameInterface::GetGames(bool import) {
   shell::RetrieveFromGameList(import);
   if (!self || Process().Stopping) return;
   Refill(selected);
+}
+
+void GameInterface::UseOtherGames() {
+  const QPointer<GameInterface> self = this;
+  const platform::PollingHold hold;
+  const QString folder =
+      QFileDialog::getExistingDirectory(this, u"Use games from another folder"_s, QDir::homePath());
+  if (!self || Process().Stopping || folder.isEmpty()) return;
+  if (shell::UseGamesOfFolder(folder.toStdString()) && self && !Process().Stopping) Refill();
 }
 
 void GameInterface::ClickToolbar(int button) {

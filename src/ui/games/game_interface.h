@@ -54,6 +54,7 @@ class GameInterface : public QWidget {
   void DeleteGame();
   void UndoDelete();
   void GetGames(bool import);
+  void UseOtherGames();
 
   /// The state of the program, where no tray shows it.
   void SetFace(const QIcon& icon, const QString& caption);

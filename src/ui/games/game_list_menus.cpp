@@ -33,6 +33,7 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
   std::vector<MenuRow> rows{
       {"Retrieve games", [&list] { list.GetGames(false); }},
       {"Import game", [&list] { list.GetGames(true); }},
+      {"Use games from another folder...", [&list] { list.UseOtherGames(); }},
       {"Deliver now",
        [] { shell::DeliverNow(); },
        shell::MayDeliverNow(),

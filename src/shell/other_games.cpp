@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/other_games.h"
+
+#include <exception>
+
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "shell/tray_status.h"
+#include "store/data_files.h"
+#include "store/other_games.h"
+#include "store/repair.h"
+
+namespace shell {
+namespace {
+
+using platform::Process;
+
+constexpr const char* title = "Use games from another folder";
+
+void Tell(int icon, const std::string& text) {
+  platform::ShowMessage(
+      icon, title, text, "OK", {}, false,
+      icon == platform::DatabaseIcon ? platform::FailureSound : platform::AttentionSound);
+}
+
+/// How many there are, as far as they can be read.
+int OwnGames() { return store::ExamineGameFile().games; }
+
+bool Agrees(const store::OtherGames& other) {
+  const int own = OwnGames();
+  return own == 0 ||
+         (platform::ShowMessage(platform::DatabaseIcon, title,
+                                "Shall the list hold the " + store::CountedGames(other.games) +
+                                    " of " + other.path + " instead of your " +
+                                    store::CountedGames(own) + "?  Yours are kept, too.",
+                                "Yes", "No", false, platform::AttentionSound) &&
+          !Process().Stopping);
+}
+
+/// What is known of games by their numbers is nothing to these.
+void ForgetFormerGames() {
+  Process().PendingGames.clear();
+  Process().DeletedGames.clear();
+  Process().NewMoveArrived = false;
+}
+
+void Use(const store::OtherGames& other) {
+  const std::string kept = store::UseGames(other);
+  ForgetFormerGames();
+  UpdateTrayStatus(platform::TrayOperation::Modify);
+  Tell(platform::InformationIcon,
+       "Copied " + store::CountedGames(other.games) + " from " + other.path +
+           (kept.empty() ? "."
+                         : "; the games that were here are kept as " + kept + " in the folder " +
+                               Process().DataPath + "."));
+}
+
+}  // namespace
+
+bool UseGamesOfFolder(const std::string& folder) {
+  const platform::PollingHold hold;
+  try {
+    const store::OtherGames other = store::LookAtGamesIn(folder);
+    if (other.content == store::ReadGameFile()) {
+      Tell(platform::InformationIcon,
+           "The games of " + other.path + " are the same as those in your list.");
+      return false;
+    }
+    if (!Agrees(other)) return false;
+    Use(other);
+    return true;
+  } catch (const std::exception& error) {
+    Tell(platform::DatabaseIcon,
+         "The games of " + folder + " weren't copied: " + error.what() + ".");
+    return false;
+  }
+}
+
+}  // namespace shell

@@ -93,7 +93,7 @@ class Desktop:
         self.program.wait(PATIENCE)
 
     def expect_it_runs(self):
-        self.wait_for("Tarvolenix : ")
+        self.wait_for("Tarvolenix - ")
         if self.program.poll() is not None:
             sys.exit("Being installed anew has ended the program.")
         self.end_program()
@@ -135,12 +135,10 @@ class Desktop:
         return self.system.folder / "home" / user / ".local/share/tarvolenix/post/dora@home"
 
     def show_windows(self, user):
-        """Pictures of the windows in a game that has been played; the list stays open."""
+        """Pictures of the windows in games that are being played; a board stays open."""
         conf = self.system.folder / "home" / user / ".config/Norlewick/Tarvolenix.conf"
         conf.write_text(SETTINGS + conf.read_text())
         self.choose_from_menu(user)
         self.picture("games", self.wait_for("Tarvolenix : "))
         self.keys("Return")  # on Play
         self.picture("board", self.wait_for("Tarvolenix - "))
-        self.keys("Escape")
-        self.wait_for("Tarvolenix : ")

@@ -20,6 +20,7 @@ from installed_desktop import Desktop
 
 PLAYERS = {"anna": "Anna", "bob": "Bob", "carl": "Carl"}
 MATE = ["6263", "5755", "7274", "4884"]  # White's f3 and g4 are punished
+OPENING = ["5254", "5755", "7163", "2836", "6134", "6835"]  # and White is to move
 OURS = ("tarvolenix-data", "tarvolenix")
 # What a system keeps of every package that it ever had, and what only runs.
 RECORDS = ("/proc", "/sys", "/dev", "/run", "/tmp", "/var/cache", "/var/lib/apt", "/var/lib/dpkg",
@@ -111,30 +112,39 @@ def is_record(path):
 
 
 def play(system):
-    """A whole game by the post office of the machine, and a page on paper."""
+    """Two games by the post office of the machine, one of them to its end, and a page on paper."""
     post = system.folder / "srv/post"
-    post.mkdir(mode=0o1777)
+    post.mkdir()
     post.chmod(0o1777)
     for user, name in (("anna", "Anna"), ("bob", "Bob")):
         system.console(user, "account", "set", "MailKind=Post", f"MyName={name}",
                        f"MyAddress={user}@example.org", "PostFolder=/srv/post/")
-    system.console("anna", "new", "--name", "Summer", "--opponent", "Bob", "--email",
-                   "bob@example.org", "--move", MATE[0], "--send")
-    for number, move in enumerate(MATE[1:], start=1):
-        mover = ("anna", "bob")[number % 2]
-        system.console(mover, "retrieve")
-        game = system.console(mover, "games")[0]
-        system.console(mover, "move", str(game["GAME_ID"]), move, "--send")
+    for title, moves in (("Summer", MATE), ("Autumn", OPENING)):
+        system.console("anna", "new", "--name", title, "--opponent", "Bob", "--email",
+                       "bob@example.org", "--move", moves[0], "--send")
+        for number, move in enumerate(moves[1:], start=1):
+            mover = ("anna", "bob")[number % 2]
+            system.console(mover, "retrieve")
+            system.console(mover, "move", number_of(system, mover, title), move, "--send")
     system.console("anna", "retrieve")
-    stands = []
-    for user in ("anna", "bob"):
-        game = system.console(user, "games")[0]
-        number = str(game["GAME_ID"])
-        stands.append([move["MoveText"] for move in system.console(user, "moves", number)])
-        print(f"{user} has played {' '.join(stands[-1])}")
-        system.console(user, "print", "position", number, "--pdf", f"/home/{user}/board.pdf")
-    if stands[0] != stands[1] or len(stands[0]) != len(MATE) or not stands[0][-1].endswith("++"):
-        sys.exit("The two don't have the same game, or it isn't mate.")
+    for title, moves in (("Summer", MATE), ("Autumn", OPENING)):
+        told = [moves_of(system, user, title) for user in ("anna", "bob")]
+        print(f"{title}: {' '.join(told[0])}")
+        if told[0] != told[1] or len(told[0]) != len(moves):
+            sys.exit(f"The two don't have the same moves of {title}: {told}.")
+    if not moves_of(system, "anna", "Summer")[-1].endswith("++"):
+        sys.exit("That was no mate.")
+    system.console("anna", "print", "position", number_of(system, "anna", "Summer"), "--pdf",
+                   "/home/anna/board.pdf")
+
+
+def number_of(system, user, title):
+    games = system.console(user, "games")
+    return next(str(game["GAME_ID"]) for game in games if game["GAME_NAME"] == title)
+
+
+def moves_of(system, user, title):
+    return [move["MoveText"] for move in system.console(user, "moves", number_of(system, user, title))]
 
 
 def judge(before, after):

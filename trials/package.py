@@ -19,8 +19,10 @@ from pathlib import Path
 from installed_desktop import Desktop
 
 PLAYERS = {"anna": "Anna", "bob": "Bob", "carl": "Carl"}
-MATE = ["6263", "5755", "7274", "4884"]  # White's f3 and g4 are punished
-OPENING = ["5254", "5755", "7163", "2836", "6134", "6835"]  # and White is to move
+GAMES = {
+    "Autumn": ["5254", "5755", "7163", "2836", "6134", "6835"],  # and White is to move
+    "Summer": ["6263", "5755", "7274", "4884"],  # and White is mate
+}
 OURS = ("tarvolenix-data", "tarvolenix")
 # What a system keeps of every package that it ever had, and what only runs.
 RECORDS = ("/proc", "/sys", "/dev", "/run", "/tmp", "/var/cache", "/var/lib/apt", "/var/lib/dpkg",
@@ -119,7 +121,7 @@ def play(system):
     for user, name in (("anna", "Anna"), ("bob", "Bob")):
         system.console(user, "account", "set", "MailKind=Post", f"MyName={name}",
                        f"MyAddress={user}@example.org", "PostFolder=/srv/post/")
-    for title, moves in (("Summer", MATE), ("Autumn", OPENING)):
+    for title, moves in GAMES.items():
         system.console("anna", "new", "--name", title, "--opponent", "Bob", "--email",
                        "bob@example.org", "--move", moves[0], "--send")
         for number, move in enumerate(moves[1:], start=1):
@@ -127,7 +129,7 @@ def play(system):
             system.console(mover, "retrieve")
             system.console(mover, "move", number_of(system, mover, title), move, "--send")
     system.console("anna", "retrieve")
-    for title, moves in (("Summer", MATE), ("Autumn", OPENING)):
+    for title, moves in GAMES.items():
         told = [moves_of(system, user, title) for user in ("anna", "bob")]
         print(f"{title}: {' '.join(told[0])}")
         if told[0] != told[1] or len(told[0]) != len(moves):

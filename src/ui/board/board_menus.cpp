@@ -2,25 +2,35 @@
 #include "ui/board/board_menus.h"
 
 #include "board/controls.h"
-#include "widgets/menu_rows.h"
+#include "platform/process_state.h"
 
 namespace ui {
 
 namespace {
 
-/// What both of the board's first menus begin with.
-std::vector<MenuRow> ViewRows(const board::Game& board, const BoardActions& actions) {
-  const board::BoardControls controls = board::Controls(board);
-  return {{controls.viewIsMine ? "View from opponent" : "View from me",
-           actions.Click(board::ViewButton), controls.viewAndCoordinates},
-          {board.CoordsVisible ? "Hide coordinates" : "Show coordinates",
-           actions.Click(board::CoordinatesButton), controls.viewAndCoordinates},
-          {"-"}};
-}
-
 MenuRow WithKey(QKeyCombination key, MenuRow row) {
   row.key = key;
   return row;
+}
+
+/// What both of the board's first menus begin with.
+std::vector<MenuRow> ViewRows(const board::Game& board, const BoardActions& actions) {
+  const board::BoardControls controls = board::Controls(board);
+  return {WithKey(Qt::CTRL | Qt::Key_T,
+                  {controls.viewIsMine ? "View from opponent" : "View from me",
+                   actions.Click(board::ViewButton), controls.viewAndCoordinates}),
+          WithKey(Qt::CTRL | Qt::Key_G,
+                  {board.CoordsVisible ? "Hide coordinates" : "Show coordinates",
+                   actions.Click(board::CoordinatesButton), controls.viewAndCoordinates}),
+          {"-"}};
+}
+
+MenuRow OptionsRow(const BoardActions& actions) {
+  return WithKey(Qt::CTRL | Qt::Key_O, {"Options...", actions.openOptions});
+}
+
+MenuRow CloseRow(const BoardActions& actions) {
+  return WithKey(Qt::CTRL | Qt::Key_W, {"Close", actions.Click(board::CloseButton)});
 }
 
 std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow>& others) {
@@ -30,53 +40,65 @@ std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow
 
 }  // namespace
 
-std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActions& actions) {
+std::vector<MenuRow> ActionsRows(const board::Game& board, const BoardActions& actions) {
   const board::BoardControls controls = board::Controls(board);
-  return NewMenu(
-      "mnuActionsMenu",
-      Joined(ViewRows(board, actions),
-             {WithKey(Qt::CTRL | Qt::Key_Z,
-                      {"Undo current move", actions.Click(board::UndoButton), controls.undo}),
-              WithKey(Qt::CTRL | Qt::Key_Enter,
-                      {"Send new move", actions.Click(board::SendButton), controls.send}),
-              {"Re-send last move", actions.Click(board::ResendButton), controls.resend},
-              {"-"},
-              {"Surrender game", actions.Click(board::SurrenderButton), controls.surrender},
-              {"-"},
-              {"Offer a draw", actions.offerDraw, controls.surrender},
-              {"-"},
-              {"Options...", actions.openOptions},
-              {"Print board state...", actions.print},
-              {"Close", actions.Click(board::CloseButton)}}));
+  return Joined(
+      ViewRows(board, actions),
+      {WithKey(Qt::CTRL | Qt::Key_Z,
+               {"Undo current move", actions.Click(board::UndoButton), controls.undo}),
+       WithKey(Qt::CTRL | Qt::Key_Enter,
+               {"Send new move", actions.Click(board::SendButton), controls.send}),
+       WithKey(Qt::CTRL | Qt::Key_R,
+               {"Re-send last move", actions.Click(board::ResendButton), controls.resend}),
+       {"-"},
+       WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+               {"Surrender game", actions.Click(board::SurrenderButton), controls.surrender}),
+       {"-"},
+       WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_D,
+               {"Offer a draw", actions.offerDraw, controls.surrender}),
+       {"-"},
+       OptionsRow(actions),
+       WithKey(Qt::CTRL | Qt::Key_P, {"Print board state...", actions.print}),
+       CloseRow(actions)});
 }
 
-std::unique_ptr<QMenu> NewSetupMenu(const board::Game& board, const BoardActions& actions) {
-  return NewMenu("mnuSetupMenu",
-                 Joined(ViewRows(board, actions),
-                        {{"Reset board", actions.Click(board::ResetSetupButton)},
-                         {"Clear board", actions.Click(board::ClearSetupButton)},
-                         {"-"},
+std::vector<MenuRow> SetupRows(const board::Game& board, const BoardActions& actions) {
+  return Joined(ViewRows(board, actions),
+                {WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_R,
+                         {"Reset board", actions.Click(board::ResetSetupButton)}),
+                 WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_C,
+                         {"Clear board", actions.Click(board::ClearSetupButton)}),
+                 {"-"},
+                 WithKey(Qt::CTRL | Qt::Key_Enter,
                          {"Play current setup", actions.Click(board::PlaySetupButton),
-                          board::Controls(board).playSetup},
-                         {"-"},
-                         {"Options...", actions.openOptions},
-                         {"Close", actions.Click(board::CloseButton)}}));
+                          board::Controls(board).playSetup}),
+                 {"-"},
+                 OptionsRow(actions),
+                 CloseRow(actions)});
+}
+
+std::vector<MenuRow> HistoryRows(const board::Game& board, const BoardActions& actions) {
+  const board::BoardControls controls = board::Controls(board);
+  const auto select = [&](int row) { return [select = actions.select, row] { select(row); }; };
+  return {WithKey(Qt::CTRL | Qt::Key_H, {board.HilightAsked ? "Remove hilight" : "Show hilight",
+                                         actions.toggleHilight, controls.hilight}),
+          {"-"},
+          WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast}),
+          WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast})};
+}
+
+std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActions& actions) {
+  return platform::Process().BoardSetupMode
+             ? NewMenu("mnuSetupMenu", SetupRows(board, actions))
+             : NewMenu("mnuActionsMenu", ActionsRows(board, actions));
+}
+
+std::unique_ptr<QMenu> NewHistoryMenu(const board::Game& board, const BoardActions& actions) {
+  return NewMenu("mnuHistoryMenu", HistoryRows(board, actions));
 }
 
 std::unique_ptr<QMenu> NewPiecePalleteMenu(const std::function<void()>& remove) {
-  return NewMenu("mnuPiecePalleteMenu", {{"Remove every piece", remove}});
-}
-
-std::unique_ptr<QMenu> NewHistoryMenu(const board::Game& board, const HistoryActions& actions) {
-  const board::BoardControls controls = board::Controls(board);
-  const auto select = [&](int row) { return [select = actions.select, row] { select(row); }; };
-  return NewMenu(
-      "mnuHistoryMenu",
-      {{board.HilightAsked ? "Remove hilight" : "Show hilight", actions.toggleHilight,
-        controls.hilight},
-       {"-"},
-       WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast}),
-       WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast})});
+  return NewMenu("mnuPiecePalleteMenu", {WithKey(Qt::Key_Delete, {"Remove every piece", remove})});
 }
 
 }  // namespace ui

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two menus of the Board window; the right mouse button opens them, too.
+// What stands in the menus of the Board window. Each entry shows the key that does the same.
 #pragma once
 
 #include <QMenu>
@@ -8,36 +8,38 @@
 #include <memory>
 
 #include "board/game.h"
+#include "widgets/menu_rows.h"
 
 namespace ui {
 
-/// What the entries of the board's first menus call.
+/// What the entries call.
 struct BoardActions {
   std::function<void(int button)> click;  ///< with a button of the action bar
   std::function<void()> offerDraw;
   std::function<void()> openOptions;
   std::function<void()> print = {};  ///< the board as it is shown; not while it is set up
+  std::function<void()> toggleHilight = {};
+  std::function<void(int row)> select = {};
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };
   }
 };
 
-/// `mnuActionsMenu`, the board during play.
+/// The board during play, and while a position is set up.
+std::vector<MenuRow> ActionsRows(const board::Game& board, const BoardActions& actions);
+std::vector<MenuRow> SetupRows(const board::Game& board, const BoardActions& actions);
+
+/// Of the moves. Not while a position is set up.
+std::vector<MenuRow> HistoryRows(const board::Game& board, const BoardActions& actions);
+
+/// `mnuSetupMenu` while a position is set up, else `mnuActionsMenu`.
 std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActions& actions);
 
-/// `mnuSetupMenu`, the board while a position is set up.
-std::unique_ptr<QMenu> NewSetupMenu(const board::Game& board, const BoardActions& actions);
+/// `mnuHistoryMenu`.
+std::unique_ptr<QMenu> NewHistoryMenu(const board::Game& board, const BoardActions& actions);
 
 /// `mnuPiecePalleteMenu`, whose one entry calls `remove`.
 std::unique_ptr<QMenu> NewPiecePalleteMenu(const std::function<void()>& remove);
-
-struct HistoryActions {
-  std::function<void()> toggleHilight;
-  std::function<void(int row)> select;
-};
-
-/// `mnuHistoryMenu`.
-std::unique_ptr<QMenu> NewHistoryMenu(const board::Game& board, const HistoryActions& actions);
 
 }  // namespace ui

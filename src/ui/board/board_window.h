@@ -4,28 +4,27 @@
 // it closes; it deletes itself then.
 #pragma once
 
-#include <QDeadlineTimer>
 #include <QTimer>
 #include <QWidget>
 
-#include <array>
 #include <functional>
-#include <memory>
 
 #include "board/game.h"
 #include "boards/chess_graphics.h"
 #include "ui/board/board_picture.h"
 
-class QAbstractButton;
 class QLabel;
-class QMenu;
 
 namespace ui {
 
+class BoardCommands;
 class BoardToolbar;
 class CommentBox;
+class DrawAnswers;
 class FloatingPiece;
+class MenuAccess;
 class MoveListTable;
+class OpponentWords;
 class PieceHand;
 class PiecePalette;
 class PlainTextView;
@@ -41,7 +40,6 @@ class BoardWindow final : public QWidget, private board::BoardView {
   /// are closed.
   explicit BoardWindow(const boards::ChessGraphics& graphics,
                        std::function<void()> openOptions = {});
-  ~BoardWindow() override;
 
   /// False where the window's skin failed: there is no game in it then.
   bool IsOpen() const { return open_; }
@@ -71,30 +69,12 @@ class BoardWindow final : public QWidget, private board::BoardView {
 
   void SetSimpleUI();
   void AddSkinnedControls();
-  void AddDrawButtons();
   void Connect();
-  void ShowOptions();
-  void AddKeys();
   void ShowGameBits(bool show);
-  void ClickToolbar(int button, bool byMouse = false);
-  void TakeTurns(int button);
-  bool LeaveComment();
-  void PopUp(const std::unique_ptr<QMenu>& menu, QPoint place, QAbstractButton* opener);
-  void TellQuietly(const QString& text);
-  void ShowComment();
-  void ShowActionsMenu(QPoint place, QAbstractButton* opener = nullptr);
-  void ShowHistoryMenu(QPoint place, QAbstractButton* opener = nullptr);
-  void PrintBoard();
-  void BrowseTo(int row);
-  void ShowPiecePalleteMenu(QPoint point);
 
   const boards::ChessGraphics& graphics_;
-  const std::function<void()> openOptions_;
   board::Game board_;
   QTimer checkTimer_;
-  QTimer quietTimer_;     // while it runs, the next is seen
-  QString quietMessage_;  // in place of the opponent's comment
-  int quietCount_ = 0;    // the entries of the game when it came
 
   BoardPicture* picture_;
   PiecePalette* palette_;
@@ -104,20 +84,16 @@ class BoardWindow final : public QWidget, private board::BoardView {
   PlainTextView* playersTag_;
   PlainTextView* turnTag_;
   MoveListTable* moveList_;
-  PlainTextView* opponentComment_;
+  OpponentWords* opponentComment_;
   CommentBox* playerComment_;
   QLabel* playerCommentLabel_;
   SearchDisplay* searchDisplay_;
   Trash* trash_;
+  BoardCommands* commands_;
+  MenuAccess* menus_ = nullptr;
   BoardToolbar* toolbar_ = nullptr;
-  QWidget* logo_ = nullptr;                        // of the skinned look, as the next
-  QWidget* drawLogo_ = nullptr;                    // in its place while the opponent offers a draw
-  QWidget* drawAnswers_ = nullptr;                 // of the plain look
-  std::array<QAbstractButton*, 2> drawButtons_{};  // Accept and Decline
+  DrawAnswers* drawAnswers_ = nullptr;
   bool open_ = false;
-  bool takingTurns_ = false;  // the user's move and the computer's are under way
-  bool closesAfterTurns_ = false;
-  QDeadlineTimer lateEscape_;  // until then one is meant for the computer's turn that is over
 };
 
 }  // namespace ui

@@ -10,6 +10,7 @@
 #include "board/moving.h"
 #include "board/setup.h"
 #include "platform/process_state.h"
+#include "ui/board/board_menus.h"
 #include "ui/board/hand_parts.h"
 
 namespace ui {
@@ -28,6 +29,7 @@ SetupHand::SetupHand(board::Game& board, BoardPicture& picture, PiecePalette& pa
                           static_cast<QWidget*>(&trash)}) {
     widget->installEventFilter(this);
   }
+  connect(&palette, &QWidget::customContextMenuRequested, this, &SetupHand::OpenPaletteMenu);
 }
 
 bool SetupHand::eventFilter(QObject* watched, QEvent* event) {
@@ -126,6 +128,7 @@ bool SetupHand::Key(const QKeyEvent& event, bool onBoard) {
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
       if (fresh && onBoard) ThrowAway(picture_.Cursor());
+      if (fresh && !onBoard) ThrowAwayEvery(palette_.Current());
       return true;
     case Qt::Key_Escape:
       if (!held_) return false;
@@ -141,6 +144,19 @@ void SetupHand::ThrowAway(rules::Square square) {
   if (!Lifts({Place::OnBoard, square})) return;
   held_ = {Place::OnBoard, square};
   Drop({Place::InTrash});
+}
+
+/// A king is never thrown away.
+void SetupHand::ThrowAwayEvery(rules::PieceCode piece) {
+  if (piece == rules::NoPiece || rules::KindOf(piece) == rules::WhiteKing) return;
+  LetGo();
+  board::RemovePieces(board_, piece);
+}
+
+void SetupHand::OpenPaletteMenu(QPoint point) {
+  const rules::PieceCode piece = palette_.PieceUnder(point);
+  if (piece == rules::NoPiece || rules::KindOf(piece) == rules::WhiteKing) return;
+  NewPiecePalleteMenu([this, piece] { ThrowAwayEvery(piece); })->exec(palette_.mapToGlobal(point));
 }
 
 /// A press or Enter. True where there is a piece for the hand.

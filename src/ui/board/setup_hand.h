@@ -2,7 +2,7 @@
 // The user's hand while a position is set up: dragging a piece between the palette, the board and
 // the bin, clicking it and then its place, or the keyboard. A piece of the palette that is chosen
 // takes the keyboard along to the board, where Enter puts it down; Delete throws away what stands
-// on a square.
+// on a square, and on the palette every piece of that kind, as its menu does.
 //
 // A click acts on the release, so that a new drag never drops what was selected before.
 #pragma once
@@ -52,6 +52,8 @@ class SetupHand : public QObject {
   bool Release(const QMouseEvent& event, QPointF point);
   bool Key(const QKeyEvent& event, bool onBoard);
   void ThrowAway(rules::Square square);
+  void ThrowAwayEvery(rules::PieceCode piece);
+  void OpenPaletteMenu(QPoint point);
 
   bool Lifts(Place place);
   void Click(Place place, bool lifts);

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/board/board_commands.h"
+
+#include <QPointer>
+
+#include <utility>
+
+#include "board/controls.h"
+#include "board/ends.h"
+#include "board/history.h"
+#include "board/opening.h"
+#include "board/squares.h"
+#include "platform/busy_pointer.h"
+#include "platform/process_state.h"
+#include "platform/seams.h"
+#include "print/printing.h"
+#include "ui/board/board_picture.h"
+#include "ui/board/comment_box.h"
+#include "ui/board/piece_palette.h"
+#include "widgets/disabled_window.h"
+#include "widgets/shown_text.h"
+
+namespace ui {
+
+using platform::Process;
+
+namespace {
+constexpr int lateEscapeMilliseconds = 1500;
+}
+
+BoardCommands::BoardCommands(const BoardParts& parts, std::function<void()> openOptions)
+    : QObject(&parts.window),
+      parts_(parts),
+      board_(parts.game),
+      openOptions_(std::move(openOptions)) {}
+
+BoardActions BoardCommands::Actions() {
+  return {[this](int button) { Click(button); },
+          [this] { OfferDraw(); },
+          [this] { ShowOptions(); },
+          [this] { PrintBoard(); },
+          [this] { ToggleHilight(); },
+          [this](int row) { board::MoveList_RowColChange(board_, row); }};
+}
+
+void BoardCommands::Click(int button, bool byMouse) {
+  const bool sends =
+      !Process().BoardSetupMode && (button == board::SendButton || button == board::ResendButton);
+  if (sends) return Send(button);
+  if (button == board::SurrenderButton && LeaveComment()) return;
+  // A press of the mouse on the button is no accident.
+  if (button == board::CloseButton && !byMouse && !board::MayClose(board_)) return;
+  board::ToolbarClick(board_, button);
+}
+
+void BoardCommands::Send(int button) {
+  const QPointer<QWidget> window(&parts_.window);
+  if (button == board::SendButton && !board::MaySend(board_)) return;
+  if (!window || board_.ClosingDown) return;
+  if (Process().ComputerGame) return TakeTurns(button);
+  // A shortcut sends without taking the focus from the comment.
+  if (LeaveComment()) return;
+  const DisabledWindow disabled(*window);
+  const platform::BusyPointer busy;
+  board::ToolbarClick(board_, button);
+}
+
+/// The window lives on while the computer thinks. It closes when the turn, which is still at work
+/// in it, is over: soon, as the search is cancelled then.
+void BoardCommands::TakeTurns(int button) {
+  parts_.picture.setFocus();
+  takingTurns_ = true;
+  board::ToolbarClick(board_, button);
+  takingTurns_ = false;
+  lateEscape_.setRemainingTime(lateEscapeMilliseconds);
+  if (!closesAfterTurns_) return;
+  parts_.window.close();
+  // The list that comes back for the board is too late for the end of the program.
+  if (Process().Stopping) platform::TheSeams().windows->CloseAll();
+}
+
+bool BoardCommands::PutsOffClosing() {
+  if (takingTurns_) closesAfterTurns_ = true;
+  return takingTurns_;
+}
+
+bool BoardCommands::LeaveComment() {
+  if (board_.ClosingDown || !board::CleanPlayerComment(board_)) return false;
+  parts_.comment.setPlainText(AsItIs(board_.PlayerComment));
+  parts_.comment.setFocus();
+  return true;
+}
+
+void BoardCommands::OfferDraw() {
+  if (!LeaveComment()) board::OfferDraw(board_);
+}
+
+void BoardCommands::DecideDraw(bool accept) {
+  if (!LeaveComment()) board::DecideDraw(board_, accept);
+}
+
+/// The chess set may be another one behind that.
+void BoardCommands::ShowOptions() {
+  if (LeaveComment()) return;
+  const QPointer<QWidget> window(&parts_.window);
+  openOptions_();
+  if (!window || board_.ClosingDown) return;
+  if (!platform::TheSeams().windows->LoadChessGraphics()) return board_.view.Close();
+  parts_.picture.TakeGraphics();
+  board::DisplayBoardState(board_, true);
+  if (Process().BoardSetupMode) parts_.palette.SetPiecePallete();
+}
+
+void BoardCommands::PrintBoard() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  print::PrintCurrentBoardState(board_);
+  if (window) board_.LockedForDialog = false;
+}
+
+void BoardCommands::ToggleHilight() {
+  if (board_.HilightAsked) {
+    board::RemoveHilight(board_);
+  } else {
+    board::AskForHilight(board_);
+  }
+}
+
+}  // namespace ui

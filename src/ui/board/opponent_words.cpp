@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/board/opponent_words.h"
+
+#include <QAccessible>
+#include <QPointer>
+
+#include "platform/process_state.h"
+#include "platform/seams.h"
+#include "widgets/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int longestBold = 100;
+constexpr int quietMilliseconds = 8000;
+
+/// Why everything is grey; nothing where the user can move.
+QString OfflineNotice() {
+  const platform::ProcessState& process = platform::Process();
+  if (!process.Offline || process.StandAlone || process.ComputerGame) return {};
+  return u"You are working offline: moves can't be made or sent until your mail service is "
+         u"reached."_s;
+}
+
+}  // namespace
+
+OpponentWords::OpponentWords(const board::Game& board, QWidget* parent)
+    : PlainTextView(parent), board_(board) {
+  setObjectName(u"OpponentComment"_s);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  quietTimer_.setSingleShot(true);
+  connect(&quietTimer_, &QTimer::timeout, this, &OpponentWords::ShowWords);
+  // The next board may open before this one is gone.
+  platform::TheSeams().hooks.quietMessage = [self = QPointer(this)](const std::string& text) {
+    if (self) self->TellQuietly(ShownLine(text));
+  };
+}
+
+void OpponentWords::Refresh() {
+  if (board_.Moves.Count() != quietCount_) quietTimer_.stop();
+  ShowWords();
+}
+
+void OpponentWords::TellQuietly(const QString& text) {
+  quietMessage_ = text;
+  quietCount_ = board_.Moves.Count();
+  quietTimer_.start(quietMilliseconds);
+  ShowWords();
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+QString OpponentWords::Words() const {
+  return quietTimer_.isActive() ? quietMessage_ : Shown(board_.OpponentComment);
+}
+
+void OpponentWords::ShowWords() {
+  const QString words = Words();
+  QFont own = font();
+  own.setBold(!words.isEmpty() && words.size() <= longestBold);
+  if (own != font()) setFont(own);
+  SetText(words.isEmpty() ? OfflineNotice() : words);
+}
+
+}  // namespace ui

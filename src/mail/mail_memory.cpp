@@ -14,8 +14,10 @@
 namespace mail {
 namespace {
 
-/// Bad mails that are told apart; of more the oldest are forgotten.
+/// Bad mails that are told apart, and games whose last mail is known; of more the oldest are
+/// forgotten.
 constexpr std::size_t mostTold = 2000;
+constexpr std::size_t mostArrivals = 2000;
 
 std::string MemoryPath() { return platform::Process().DataPath + "Tvmail.dat"; }
 
@@ -28,10 +30,16 @@ void ReadAddress(platform::FieldWalk& fields, bool accepted, MailMemory& memory)
   memory.addresses.push_back(std::move(known));
 }
 
-void ReadFounding(std::string_view text, MailMemory& memory) {
+std::int64_t SecondsOf(std::string_view text) {
   std::int64_t seconds = 0;
   std::from_chars(text.data(), text.data() + text.size(), seconds);
-  memory.foundings.push_back(seconds);
+  return seconds;
+}
+
+/// The first of the latest that may be kept.
+template <typename Entries>
+auto LatestOf(const Entries& entries, std::size_t most) {
+  return entries.end() - static_cast<std::ptrdiff_t>(std::min(entries.size(), most));
 }
 
 /// What can't be read is passed over: a line that was damaged costs a question more.
@@ -41,7 +49,7 @@ void ReadLine(std::string_view line, MailMemory& memory) {
   if (kind == "accepted" || kind == "refused") {
     ReadAddress(fields, kind == "accepted", memory);
   } else if (kind == "founded") {
-    ReadFounding(fields.Next(), memory);
+    memory.foundings.push_back(SecondsOf(fields.Next()));
   } else if (kind == "told" || kind == "silenced") {
     const std::string id(fields.Next());
     if (kind == "silenced") memory.silenced.insert(id);
@@ -49,6 +57,9 @@ void ReadLine(std::string_view line, MailMemory& memory) {
   } else if (kind == "undelivered") {
     const std::string thread(fields.Next());
     memory.undelivered[thread] = fields.Next();
+  } else if (kind == "arrived") {
+    std::string thread(fields.Next());
+    memory.arrivals.push_back({std::move(thread), SecondsOf(fields.Next())});
   }
 }
 
@@ -105,10 +116,12 @@ void SaveMailMemory(const MailMemory& memory) {
   for (const auto& [thread, reason] : memory.undelivered) {
     content.append("undelivered|").append(thread).append("|").append(reason).append("\n");
   }
-  const std::size_t forgotten = memory.told.size() - std::min(memory.told.size(), mostTold);
-  for (std::size_t i = forgotten; i < memory.told.size(); ++i) {
-    const std::string& id = memory.told[i];
-    content.append(memory.silenced.contains(id) ? "silenced|" : "told|").append(id).append("\n");
+  for (auto it = LatestOf(memory.arrivals, mostArrivals); it != memory.arrivals.end(); ++it) {
+    content.append("arrived|").append(it->thread).append("|");
+    content.append(std::to_string(it->at)).append("\n");
+  }
+  for (auto it = LatestOf(memory.told, mostTold); it != memory.told.end(); ++it) {
+    content.append(memory.silenced.contains(*it) ? "silenced|" : "told|").append(*it).append("\n");
   }
   platform::ReplaceFile(MemoryPath(), content);
 }

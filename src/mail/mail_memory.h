@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the program remembers of mails beyond its games, in the file "Tvmail.dat" beside them: which
 // further addresses the user took or refused for a game, when strangers began games, which bad
-// mails and reports he has been told of, and whose last mail couldn't be delivered. A line an
-// entry, its kind in front, fields separated by "|".
+// mails and reports he has been told of, whose last mail couldn't be delivered, and when the last
+// one came of each game. A line an entry, its kind in front, fields separated by "|".
 //
 // Losing the file loses no game: the user is asked again. Loading and saving raise
 // platform::FileError; who decides by what is remembered must not go on without it.
@@ -27,6 +27,11 @@ struct KnownAddress {
   std::string address;  ///< comparable
 };
 
+struct Arrival {
+  std::string thread;
+  std::int64_t at = 0;  ///< seconds since 1970
+};
+
 enum class AddressStanding { Unknown, Accepted, Refused };
 
 struct MailMemory {
@@ -37,6 +42,8 @@ struct MailMemory {
 
   /// Of a thread, why its last mail couldn't be delivered.
   std::map<std::string, std::string, std::less<>> undelivered;
+
+  std::vector<Arrival> arrivals;  ///< one of a thread, the latest last
 
   AddressStanding StandingOf(std::string_view address, const store::GameRecord& game) const;
   void Remember(std::string_view address, const store::GameRecord& game, bool accepted);

@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "mail/arrivals.h"
 #include "mail/judgement.h"
 #include "mail/sending.h"
 #include "mail/undelivered.h"
@@ -93,6 +94,7 @@ void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<Stor
   platform::ProcessState& process = platform::Process();
   process.NewMoveArrived = changed;
   if (changed) process.PendingGames.push_back(game.GAME_ID);
+  if (changed && !mail.isFile) NoteArrival(ThreadOf(game));
   arrival.gameID = game.GAME_ID;
   arrival.changed = changed;
   arrival.ok = true;

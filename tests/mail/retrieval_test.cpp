@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/retrieval.h"
 
+#include "mail/arrivals.h"
 #include "mail/mail_fixture.h"
 #include "mail/sending.h"
 #include "mail/undelivered.h"
@@ -133,6 +134,20 @@ TEST_F(Retrieval, AReportIsToldOfOnceAndStandsUntilAMailGoesEitherWay) {
     sends ? (void)SendMoveMail(12) : (void)RetrieveMoveMails(false, true);
     EXPECT_EQ(UndeliveredReason(thread), std::nullopt);
   }
+}
+
+TEST_F(Retrieval, OnlyAMailThatBringsSomethingIsAnArrival) {
+  Store(BerndsGame(), 2);
+  const std::string thread = ThreadOf(BerndsGame());
+  const int moves[] = {2, 3, 3, 2};
+  for (int day = 0; day < 4; ++day) {
+    desktop.clock.seconds = day;
+    Arrives(FromAnna(moves[day], 12), "Tarvolenix : x", BerndsGame().GAME_OPPONENTS_EMAIL);
+    RetrieveMoveMails(false, true);
+  }
+  EXPECT_EQ(LastArrival(thread), 1);
+  desktop.files.content["/program/Data/Tvmail.dat"] = "arrived|" + thread;
+  EXPECT_EQ(LastArrival(thread), 0) << "cut off: unknown, and no harm";
 }
 
 TEST_F(Retrieval, SpamIsToldOfAndLeftThere) {

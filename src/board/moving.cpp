@@ -80,8 +80,7 @@ void PlayMove(Game& game, Square to, Square from, bool capture) {
 
 bool CBoard_MouseDown(Game& game, Square square) {
   // A click on a board with marks on it only cleans the board and gives no message.
-  const bool cleaning = game.HilightVisible || game.CoordsVisible;
-  if (game.CoordsVisible) ToggleCoords(game);
+  const bool cleaning = ClickCoordsAway(game) || game.HilightVisible;
   if (game.HilightVisible) RemoveHilight(game);
 
   const rules::Side owner = rules::SideOf(square);

@@ -86,7 +86,7 @@ void SetupOptions(Game& game) {
   game.DrawMessageShown = false;
   game.SetupWarned = false;
   game.SetupPlayable = false;
-  game.CoordsVisible = false;
+  game.CoordsVisible = platform::Settings().Coordinates;
   game.HilightVisible = false;
   game.HilightAsked = false;
   game.MovePointers.clear();

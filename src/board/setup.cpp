@@ -133,7 +133,7 @@ void UpdatePiecePalette(Game& game) {
 }
 
 bool PiecePallete_MouseDown(Game& game, rules::PieceCode code) {
-  if (game.CoordsVisible) ToggleCoords(game);
+  ClickCoordsAway(game);
   if (!IsOnPalette(code)) return false;
   platform::PlayNumberedSound(platform::LiftSound);
   return true;

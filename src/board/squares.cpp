@@ -2,6 +2,7 @@
 #include "board/squares.h"
 
 #include "board/ends.h"
+#include "platform/setting_variables.h"
 
 namespace board {
 
@@ -22,6 +23,12 @@ void ChangeView(Game& game) {
 void ToggleCoords(Game& game) {
   game.CoordsVisible = !game.CoordsVisible;
   game.view.Refresh();
+}
+
+bool ClickCoordsAway(Game& game) {
+  if (!game.CoordsVisible || platform::Settings().Coordinates) return false;
+  ToggleCoords(game);
+  return true;
 }
 
 int SquareCell(const Game& game, rules::Square square) {

@@ -17,6 +17,9 @@ GridPlace PlaceOf(const Game& game, rules::Square square);
 void ChangeView(Game& game);
 void ToggleCoords(Game& game);
 
+/// A click takes the coordinates off again, unless the user wants them for good. True where it did.
+bool ClickCoordsAway(Game& game);
+
 /// The cell of the piece on a square, or of the empty square.
 int SquareCell(const Game& game, rules::Square square);
 

@@ -54,6 +54,8 @@ constexpr Default BoardWidth{"BoardWidth", "0"};
 constexpr Default BoardHeight{"BoardHeight", "0"};
 constexpr Default DefaultView{"DefaultView", "False"};
 constexpr Default ShowMoves{"ShowMoves", "True"};
+constexpr Default Coordinates{"Coordinates", "False"};
+constexpr Default Pairs{"Pairs", "False"};
 constexpr Default AskBeforeSurrender{"AskBeforeSurrender", "True"};
 constexpr Default SimpleUI{"SimpleUI", "False"};
 constexpr Default SystrayStartup{"SystrayStartup", "True"};
@@ -146,6 +148,8 @@ bool LoadSettings() {
   variables.BoardHeight = ReadNumber(BoardHeight, 0, noLimit);
   variables.DefaultView = ReadFlag(DefaultView);
   variables.ShowMoves = ReadFlag(ShowMoves);
+  variables.Coordinates = ReadFlag(Coordinates);
+  variables.Pairs = ReadFlag(Pairs);
   variables.AskBeforeSurrender = ReadFlag(AskBeforeSurrender);
   variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
   variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
@@ -192,6 +196,8 @@ void SaveSettings() {
   WriteFlag(SimpleUI, variables.SimpleUISaved);
   WriteFlag(SystrayStartup, variables.SystrayStartupSaved);
   WriteFlag(ShowMoves, variables.ShowMoves);
+  WriteFlag(Coordinates, variables.Coordinates);
+  WriteFlag(Pairs, variables.Pairs);
   WriteFlag(AskBeforeSurrender, variables.AskBeforeSurrender);
 }
 

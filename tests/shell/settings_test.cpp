@@ -78,6 +78,7 @@ TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   EXPECT_EQ(Stored().size(), 19U);
   Stored().erase("BppChecked");
   Stored()["ShowMoves"] = Stored()["AskBeforeSurrender"] = "True";
+  Stored()["Coordinates"] = Stored()["Pairs"] = "False";
   for (auto& [name, value] : Stored()) {
     if (value == "True" || value == "False") value = value == "True" ? "False" : "True";
     if (value == "1") value = "3";

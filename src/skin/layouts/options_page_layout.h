@@ -65,9 +65,13 @@ inline constexpr Control optionsPageControls[] = {
 
     // Chess set.
     {"Label8", Surface::Label, {36, 68, 190, 20}},
-    {"opChessSet", Surface::Occasion, {36, 90, 190, 88}},
-    {"Label9", Surface::Label, {36, 184, 190, 20}},
-    {"opChessBoard", Surface::Occasion, {36, 206, 190, 90}},
+    {"opChessSet", Surface::Occasion, {36, 90, 200, 62}},
+    {"Label9", Surface::Label, {36, 158, 200, 20}},
+    {"opChessBoard", Surface::Occasion, {36, 180, 200, 62}},
+    {"opCoordinates", Surface::Occasion, {36, 250, 20, 24}},
+    {"opCoordinates_L", Surface::Label, {60, 250, 184, 24}},
+    {"opPairs", Surface::Occasion, {36, 276, 20, 24}},
+    {"opPairs_L", Surface::Label, {60, 276, 184, 24}},
     {"pCBoard", Surface::Occasion, {252, 72, 224, 224}},
 
     // Heuristics.

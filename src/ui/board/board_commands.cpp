@@ -13,6 +13,7 @@
 #include "platform/busy_pointer.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
+#include "platform/setting_variables.h"
 #include "print/printing.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/comment_box.h"
@@ -103,12 +104,16 @@ void BoardCommands::DecideDraw(bool accept) {
 void BoardCommands::ShowOptions() {
   if (LeaveComment()) return;
   const QPointer<QWidget> window(&parts_.window);
+  const bool coordinates = platform::Settings().Coordinates;
   openOptions_();
   if (!window || board_.ClosingDown) return;
+  const bool wanted = platform::Settings().Coordinates;
+  if (wanted != coordinates) board_.CoordsVisible = wanted;
   if (!platform::TheSeams().windows->LoadChessGraphics()) return board_.view.Close();
   parts_.picture.TakeGraphics();
   board::DisplayBoardState(board_, true);
   if (Process().BoardSetupMode) parts_.palette.SetPiecePallete();
+  board_.view.Refresh();
 }
 
 void BoardCommands::PrintBoard() {

@@ -315,7 +315,7 @@ void BoardWindow::mousePressEvent(QMouseEvent* event) {
   // What arrives here is a press beside the controls, or on the board with no hand for it.
   const bool onBoard = picture_->geometry().contains(event->pos());
   const bool left = event->button() == Qt::LeftButton;
-  if (left && onBoard && board_.CoordsVisible) board::ToggleCoords(board_);
+  if (left && onBoard) board::ClickCoordsAway(board_);
   if (board_.HilightVisible) board::RemoveHilight(board_);
 }
 

@@ -4,6 +4,10 @@
 #include <QHeaderView>
 #include <QWheelEvent>
 
+#include <algorithm>
+
+#include "board/move_pairs.h"
+#include "platform/setting_variables.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -12,43 +16,85 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Column { Coordinates, Number, Text, Comment, lastColumn = Comment };
+enum Column { Coordinates, Number, Text, Comment, Answer };
 
 }  // namespace
 
 MoveListTable::MoveListTable(QWidget* parent)
-    : RowTable({u"Move Coordinates"_s, u"No."_s, u"Move"_s, u"Comment"_s}, 8, parent) {
+    : RowTable({u"Move Coordinates"_s, u"No."_s, u"Move"_s, u"Comment"_s, u"Black"_s}, 8, parent) {
   setObjectName(u"MoveList"_s);
   setAccessibleName(u"History of previous moves"_s);
   setColumnHidden(Coordinates, true);
   setColumnHidden(Comment, true);
   horizontalHeader()->setSectionResizeMode(Number, QHeaderView::ResizeToContents);
-  horizontalHeader()->setSectionResizeMode(Text, QHeaderView::Stretch);
+  for (const int column : {Text, Answer}) {
+    horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
+  }
   setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int, int previous) {
-    if (!updating_ && row >= 0 && row != previous) Q_EMIT RowChosen(row + 1);
-  });
+  connect(this, &QTableWidget::currentCellChanged, this, &MoveListTable::Choose);
+  TakeForm(false);
+}
+
+void MoveListTable::TakeForm(bool pairs) {
+  pairs_ = pairs;
+  setRowCount(0);
+  setColumnHidden(Answer, !pairs);
+  horizontalHeaderItem(Text)->setText(pairs ? u"White"_s : u"Move"_s);
+  setSelectionBehavior(pairs ? SelectItems : SelectRows);
+}
+
+void MoveListTable::Choose(int row, int column) {
+  if (updating_ || row < 0) return;
+  const int entry = EntryAt(row, column);
+  if (entry <= count_ && entry != selected_) Q_EMIT RowChosen(entry);
+}
+
+int MoveListTable::EntryAt(int row, int column) const {
+  return pairs_ ? 2 * row + (column == Answer ? 2 : 1) : row + 1;
+}
+
+QModelIndex MoveListTable::CellOf(int entry) const {
+  if (!pairs_) return model()->index(entry - 1, Text);
+  return model()->index(board::PairOf(entry) - 1, entry % 2 == 1 ? Text : Answer);
+}
+
+void MoveListTable::ShowCell(int row, int column, const QString& text) {
+  if (!item(row, column)) setItem(row, column, new QTableWidgetItem);
+  item(row, column)->setText(text);
+}
+
+void MoveListTable::ShowEntry(int entry, const store::MoveRecord& move) {
+  const QModelIndex cell = CellOf(entry);
+  ShowCell(cell.row(), cell.column(), ShownLine(move.MoveText));
+  if (pairs_) return;
+  ShowCell(cell.row(), Coordinates, ShownLine(move.MoveCoordinates));
+  ShowCell(cell.row(), Comment, ShownLine(move.MoveComment));
+}
+
+void MoveListTable::ShowNumber(int row, const board::MoveList& moves) {
+  const int ofPair = board::NumberOfPair(moves, row + 1);
+  const QString pairs = ofPair > 0 ? u"%1."_s.arg(ofPair) : QString();
+  ShowCell(row, Number, pairs_ ? pairs : QString::number(moves.Row(row + 1).MoveNumber));
+  item(row, Number)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void MoveListTable::ShowMoves(const board::MoveList& moves, int topRow) {
   updating_ = true;
   // What the table itself has selected tells nothing: a user's choice has moved that already.
-  const bool moved = rowCount() != moves.Count() || selected_ != moves.Selected();
-  setRowCount(moves.Count());
-  for (int row = 0; row < moves.Count(); ++row) {
-    const store::MoveRecord& move = moves.Row(row + 1);
-    const QString texts[] = {ShownLine(move.MoveCoordinates), QString::number(move.MoveNumber),
-                             ShownLine(move.MoveText), ShownLine(move.MoveComment)};
-    for (int column = 0; column <= lastColumn; ++column) {
-      if (!item(row, column)) setItem(row, column, new QTableWidgetItem);
-      item(row, column)->setText(texts[column]);
-    }
-    item(row, Number)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  bool moved = count_ != moves.Count() || selected_ != moves.Selected();
+  if (pairs_ != platform::Settings().Pairs) {
+    TakeForm(!pairs_);
+    moved = true;
   }
+  count_ = moves.Count();
+  setRowCount(pairs_ ? board::PairOf(count_) : count_);
+  for (int entry = 1; entry <= count_; ++entry) ShowEntry(entry, moves.Row(entry));
+  for (int row = 0; row < rowCount(); ++row) ShowNumber(row, moves);
+  if (pairs_ && count_ % 2 == 1) delete takeItem(rowCount() - 1, Answer);
   if (moved) {
     selected_ = moves.Selected();
     topRow_ = topRow;
-    setCurrentCell(selected_ - 1, Text);
+    setCurrentIndex(CellOf(selected_));
     scrollPending_ = true;
     if (!pressed_) ScrollToTopRow();
   }
@@ -57,26 +103,39 @@ void MoveListTable::ShowMoves(const board::MoveList& moves, int topRow) {
 
 void MoveListTable::ScrollToTopRow() {
   scrollPending_ = false;
-  scrollTo(model()->index(topRow_ - 1, Text), PositionAtTop);
+  scrollTo(CellOf(topRow_), PositionAtTop);
   scrollTo(currentIndex());
 }
 
-void MoveListTable::GoTo(int row) {
-  if (row >= 0 && row < rowCount()) setCurrentCell(row, Text);
+void MoveListTable::GoTo(int entry) {
+  if (entry >= 1 && entry <= count_) setCurrentIndex(CellOf(entry));
 }
 
-/// There is one column to the eye, so that the keys to both sides are free for the moves.
+/// The keys to both sides go from move to move, whether or not they stand side by side.
 QModelIndex MoveListTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-  if (action == MoveLeft) action = MoveUp;
-  if (action == MoveRight) action = MoveDown;
-  return RowTable::moveCursor(action, modifiers);
+  const int entry = EntryAt(currentRow(), currentColumn());
+  switch (action) {
+    case MoveLeft:
+      return CellOf(std::max(1, entry - 1));
+    case MoveRight:
+      return CellOf(std::min(count_, entry + 1));
+    case MoveHome:
+      return CellOf(1);
+    case MoveEnd:
+      return CellOf(count_);
+    default:
+      break;
+  }
+  const QModelIndex next = RowTable::moveCursor(action, modifiers);
+  return EntryAt(next.row(), next.column()) > count_ ? CellOf(count_) : next;
 }
 
 void MoveListTable::wheelEvent(QWheelEvent* event) {
   constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
   wheel_ += event->angleDelta().y();
-  for (; wheel_ >= notch; wheel_ -= notch) GoTo(currentRow() - 1);
-  for (; wheel_ <= -notch; wheel_ += notch) GoTo(currentRow() + 1);
+  const auto current = [this] { return EntryAt(currentRow(), currentColumn()); };
+  for (; wheel_ >= notch; wheel_ -= notch) GoTo(current() - 1);
+  for (; wheel_ <= -notch; wheel_ += notch) GoTo(current() + 1);
   event->accept();
 }
 
@@ -89,6 +148,8 @@ void MoveListTable::mousePressEvent(QMouseEvent* event) {
 void MoveListTable::mouseReleaseEvent(QMouseEvent* event) {
   RowTable::mouseReleaseEvent(event);
   pressed_ = false;
+  // A pair was pressed beside its moves.
+  if (pairs_) setCurrentIndex(CellOf(selected_));
   if (scrollPending_) ScrollToTopRow();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The table of the moves as the user sees it: number and move. Coordinates and comment are columns
-// of it too, which are never shown.
+// The table of the moves as the user sees it: number and move, or in pairs, where he wants that:
+// number, White's move and Black's. Coordinates and comment are columns of it too, which are never
+// shown.
 #pragma once
 
 #include "board/move_list.h"
@@ -22,7 +23,7 @@ class MoveListTable : public RowTable {
   QSize sizeHint() const override { return {240, 160}; }
 
  Q_SIGNALS:
-  /// The user has selected another row, counting from 1.
+  /// The user has selected another row of the list, counting from 1.
   void RowChosen(int row);
 
  protected:
@@ -32,9 +33,18 @@ class MoveListTable : public RowTable {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  void TakeForm(bool pairs);
+  void ShowCell(int row, int column, const QString& text);
+  void ShowNumber(int row, const board::MoveList& moves);
+  void ShowEntry(int entry, const store::MoveRecord& move);
   void ScrollToTopRow();
-  void GoTo(int row);
+  void Choose(int row, int column);
+  QModelIndex CellOf(int entry) const;
+  int EntryAt(int row, int column) const;
+  void GoTo(int entry);
 
+  bool pairs_ = false;
+  int count_ = 0;  // of the entries
   int wheel_ = 0;  // turned, and short of a row yet
   bool updating_ = false;
   bool pressed_ = false;

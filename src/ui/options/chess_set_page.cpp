@@ -12,6 +12,7 @@
 #include "platform/messages.h"
 #include "platform/setting_variables.h"
 #include "skin/look.h"
+#include "ui/options/labelled_box.h"
 #include "ui/options/name_list.h"
 #include "ui/options/set_preview.h"
 #include "widgets/shown_text.h"
@@ -50,6 +51,8 @@ ChessSetPage::ChessSetPage(QWidget* parent)
       opChessSet_(new NameList("opChessSet", Label8_->text(), this)),
       Label9_(NewLabel(this, "Label9", u"Chess board"_s)),
       opChessBoard_(new NameList("opChessBoard", Label9_->text(), this)),
+      opCoordinates_(new LabelledBox("opCoordinates", "Always show coordinates?", this)),
+      opPairs_(new LabelledBox("opPairs", "Moves in pairs: 1. e4 e5?", this)),
       pCBoard_(new SetPreview(this)) {
   Label8_->setBuddy(opChessSet_);
   Label9_->setBuddy(opChessBoard_);
@@ -62,29 +65,41 @@ ChessSetPage::ChessSetPage(QWidget* parent)
     PreviewSet();
     Q_EMIT ApplyWanted();
   });
+  for (const LabelledBox* box : {opCoordinates_, opPairs_}) {
+    connect(box, &QCheckBox::clicked, this, &ChessSetPage::ApplyWanted);
+  }
   if (IsSimpleUI()) SetSimpleUI();
 }
 
 void ChessSetPage::SetSimpleUI() {
   auto* layout = new QGridLayout(this);
   layout->setSpacing(8);
-  layout->addWidget(Label8_, 0, 0);
-  layout->addWidget(opChessSet_, 1, 0);
-  layout->addWidget(Label9_, 2, 0);
-  layout->addWidget(opChessBoard_, 3, 0);
-  layout->addWidget(pCBoard_, 0, 1, 4, 1);
-  layout->setColumnStretch(0, 2);
-  layout->setColumnStretch(1, 3);
+  layout->addWidget(Label8_, 0, 0, 1, 2);
+  layout->addWidget(opChessSet_, 1, 0, 1, 2);
+  layout->addWidget(Label9_, 2, 0, 1, 2);
+  layout->addWidget(opChessBoard_, 3, 0, 1, 2);
+  int row = 4;
+  for (LabelledBox* box : {opCoordinates_, opPairs_}) {
+    layout->addWidget(box, row, 0);
+    layout->addWidget(&box->Caption(), row++, 1);
+  }
+  layout->addWidget(pCBoard_, 0, 2, row, 1);
+  layout->setColumnStretch(1, 2);
+  layout->setColumnStretch(2, 3);
 }
 
 void ChessSetPage::LoadOptions() {
   PopulateSetList();
   PopulateBoardList();
+  opCoordinates_->setChecked(Settings().Coordinates);
+  opPairs_->setChecked(Settings().Pairs);
 }
 
 void ChessSetPage::SetOptions() {
   Settings().ChessSet = opChessSet_->Selected().toStdString();
   Settings().ChessBoard = opChessBoard_->Selected().toStdString();
+  Settings().Coordinates = opCoordinates_->isChecked();
+  Settings().Pairs = opPairs_->isChecked();
 }
 
 bool ChessSetPage::HasSet() const {
@@ -135,6 +150,8 @@ void ChessSetPage::PreviewSet() { pCBoard_->ShowSheet(QImage(BoardPath())); }
 void ChessSetPage::SetToolTips() {
   SetTip(*opChessSet_, "The chess set to use when playing chess");
   SetTip(*opChessBoard_, "The chess board variant to use when playing chess");
+  opCoordinates_->SetTip("Whether to leave the coordinates on the board for good");
+  opPairs_->SetTip("Whether to list White's move and Black's answer side by side");
 }
 
 }  // namespace ui

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The options page of chess sets and of the boards that each of them has.
+// The options page of how a game looks: chess sets and the boards that each of them has, and what
+// stands beside the board.
 #pragma once
 
 #include <QWidget>
@@ -8,6 +9,7 @@ class QLabel;
 
 namespace ui {
 
+class LabelledBox;
 class NameList;
 class SetPreview;
 
@@ -45,6 +47,8 @@ class ChessSetPage : public QWidget {
   NameList* opChessSet_;
   QLabel* Label9_;
   NameList* opChessBoard_;
+  LabelledBox* opCoordinates_;
+  LabelledBox* opPairs_;
   SetPreview* pCBoard_;
 };
 

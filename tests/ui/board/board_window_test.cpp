@@ -120,6 +120,57 @@ TEST_F(BoardWindowTest, SendingSavesMailsAndClosesOnce) {
   EXPECT_TRUE(window_.isNull());
 }
 
+TEST_F(BoardWindowTest, EveryEntryOfTheMenusHasAKeyThatDoesTheSame) {
+  Open({e4, e5});
+  for (const bool setup : {false, true}) {
+    std::vector<QKeySequence> keys;
+    std::vector<MenuRow> rows = setup ? SetupRows(Game(), {}) : ActionsRows(Game(), {});
+    if (!setup) std::ranges::copy(HistoryRows(Game(), {}), std::back_inserter(rows));
+    for (const MenuRow& row : rows) {
+      if (row.caption == "-") continue;
+      EXPECT_FALSE(row.key.isEmpty()) << row.caption;
+      EXPECT_EQ(std::ranges::count(keys, row.key), 0) << row.caption;
+      keys.push_back(row.key);
+    }
+  }
+  const auto press = [this](int key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(window_->windowHandle(), static_cast<Qt::Key>(key), modifiers);
+  };
+  press(Qt::Key_Home, {});
+  press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(Game().Moves.Count(), 2) << "no draw is offered from the past";
+  press(Qt::Key_End, {});
+  press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(LastMove(), "Draw offer");
+  press(Qt::Key_G, Qt::ControlModifier);
+  EXPECT_TRUE(Game().CoordsVisible);
+}
+
+TEST_F(BoardWindowTest, PairsAreDrawnOverTheListThatStays) {
+  platform::Settings().Pairs = true;
+  Open({e4, e5, {"7163", "Nf3"}});
+  auto& list = Find<QTableWidget>("MoveList");
+  EXPECT_EQ(list.rowCount(), 2);
+  const struct {
+    int row, column, selected;
+  } presses[] = {{0, 4, 2}, {0, 1, 1}, {1, 4, 1}, {1, 2, 3}};
+  for (const auto& [row, column, selected] : presses) {
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualRect(list.model()->index(row, column)).center());
+    EXPECT_EQ(Game().Moves.Selected(), selected) << row << " " << column;
+    EXPECT_EQ(list.currentIndex().data().toString().toStdString(),
+              Game().Moves.Row(selected).MoveText);
+  }
+  list.setFocus();
+  for (const int selected : {2, 1, 1}) {
+    QTest::keyClick(&list, Qt::Key_Left);
+    EXPECT_EQ(Game().Moves.Selected(), selected);
+  }
+  platform::Settings().Pairs = false;
+  Click(board::CoordinatesButton);
+  EXPECT_EQ(list.rowCount(), 3);
+}
+
 /// As the desktop asks for it.
 void CloseByFrame(QWidget& window) {
   QCloseEvent event;

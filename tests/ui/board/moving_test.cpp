@@ -149,6 +149,10 @@ TEST_F(MovingTest, TheFirstClickOnAMarkedBoardOnlyCleansIt) {
     EXPECT_FALSE(Game().HilightVisible || Game().CoordsVisible) << click;
     EXPECT_TRUE(desktop_.boxes.messages.empty());
   }
+  platform::Settings().Coordinates = true;
+  Open({});
+  Do("click 52 click 54");
+  EXPECT_TRUE(Game().CoordsVisible && Game().Moves.Count() == 1) << "left on for good";
 }
 
 TEST_F(MovingTest, TurningTheBoardMovesTheSquaresAndKeepsTheirNumbers) {

@@ -31,6 +31,7 @@ struct Game {
   std::int16_t GameStatus = 0;
   std::int32_t SavedGameID = 0;
   std::string StartBoard;
+  std::int64_t LastMail = 0;  ///< when the last one came, in seconds since 1970; 0 where unknown
 
   // The moves.
   MoveList Moves;
@@ -80,9 +81,9 @@ inline std::string OpponentName(const Game& game) {
   return game.PlaysWhite ? game.BlackName : game.WhiteName;
 }
 
-inline bool LastMoveIsMine(const Game& game) {
-  return (game.Moves.Count() % 2 == 1) == game.PlaysWhite;
-}
+inline bool EntryIsMine(const Game& game, int row) { return (row % 2 == 1) == game.PlaysWhite; }
+
+inline bool LastMoveIsMine(const Game& game) { return EntryIsMine(game, game.Moves.Count()); }
 
 /// Whether the last entry is the user's and was not sent yet.
 inline bool EntryIsPending(const Game& game) {

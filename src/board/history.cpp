@@ -74,6 +74,13 @@ void FindTurnAfterReplay(Game& game) {
       OpponentIsReachable(game) || (platform::Process().ComputerGame && game.PlaysWhite);
 }
 
+/// Who said what with an entry; blank where nothing was said.
+std::string Saying(const Game& game, int row) {
+  const std::string& comment = game.Moves.Row(row).MoveComment;
+  if (comment.empty()) return {};
+  return (EntryIsMine(game, row) ? "You" : OpponentName(game)) + " said: " + comment;
+}
+
 std::vector<Square> PathOf(const store::MoveRecord& entry, LastMove move) {
   const auto sign = [](int value) { return (value > 0) - (value < 0); };
   const int columns = move.to.x - move.from.x;
@@ -201,19 +208,22 @@ void RemoveHilight(Game& game) {
 
 void DisplayPlayerComment(Game& game) {
   game.OpponentComment.clear();
-  const int row = game.Moves.Selected();
-  const std::string& comment = game.Moves.Row(row).MoveComment;
   if (platform::Process().ComputerGame) {
     const std::int64_t considered = game.Search.MovesConsidered;
     if (considered > 0) {
       game.OpponentComment = "Moves considered : " + std::to_string(considered) +
                              "\nLast move score : " + std::to_string(game.LastMoveScore);
     }
-  } else if (!comment.empty()) {
-    const bool mine = (row % 2 == 1) == game.PlaysWhite;
-    game.OpponentComment = (mine ? "You" : OpponentName(game)) + " said: " + comment;
+  } else {
+    game.OpponentComment = Saying(game, game.Moves.Selected());
   }
   game.view.Refresh();
+}
+
+std::string LastWords(const Game& game) {
+  const bool answers = EntryIsPending(game) && game.Moves.AtEnd();
+  if (!answers || platform::Process().ComputerGame) return {};
+  return Saying(game, game.Moves.Count() - 1);
 }
 
 int TopRow(const Game& game) {

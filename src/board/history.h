@@ -38,6 +38,9 @@ std::optional<rules::LastMove> ShownMove(const Game& game);
 
 void DisplayPlayerComment(Game& game);
 
+/// What the opponent said with the move that the user's pending one answers; else blank.
+std::string LastWords(const Game& game);
+
 /// The first row that the list should show.
 int TopRow(const Game& game);
 

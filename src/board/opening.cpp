@@ -10,6 +10,8 @@
 #include "board/load_board.h"
 #include "board/setup.h"
 #include "board/squares.h"
+#include "mail/arrivals.h"
+#include "mail/sending.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
@@ -125,6 +127,7 @@ bool SetMoves(Game& game) {
     game.WhiteName = record->GAME_WHITE_NAME;
     game.BlackName = record->GAME_BLACK_NAME;
     game.Title = record->GAME_NAME;
+    game.LastMail = mail::LastArrival(mail::ThreadOf(*record)).value_or(0);
     Process().ComputerGame = record->GAME_VS_COMPUTER;
   }
   ThePosition().SideToMove = game.PlaysWhite ? rules::White : rules::Black;

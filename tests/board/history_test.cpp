@@ -3,6 +3,8 @@
 #include <random>
 
 #include "board/board_fixture.h"
+#include "board/conversation.h"
+#include "board/move_pairs.h"
 #include "rules/piece_moves.h"
 #include "rules/test_moves.h"
 
@@ -93,6 +95,24 @@ TEST_F(BoardTest, BrowsingComesBackToTheSamePresent) {
   OpenGame("|e2e4, e7e5, g1f3");
   MoveList_RowColChange(*game, 1);
   EXPECT_EQ(view->offers, "Close") << "only the last entry can be sent again";
+}
+
+TEST_F(BoardTest, WhatTheOpponentSaidStaysUntilItIsAnswered) {
+  OpenGame("|e2e4 e4#well, e7e5 e5#Hi");
+  EXPECT_EQ(LastWords(*game), "") << "they are in sight";
+  game->PlayerComment = "Not sent yet";
+  Play("g1f3");
+  EXPECT_EQ(LastWords(*game), "Eva said: Hi");
+  EXPECT_EQ(game->OpponentComment, "You said: Not sent yet");
+  const auto said = Conversation(*game);
+  ASSERT_EQ(said.size(), 2U);
+  EXPECT_EQ(said[0].speaker + said[0].words + said[1].speaker + said[1].words, "YouwellEvaHi");
+  MoveList_RowColChange(*game, 1);
+  EXPECT_EQ(LastWords(*game), "") << "the words of that row are";
+  OpenGame("|e2e4 e4, e8e8 Draw offer#Tired?, e1e1 Decline, e7e5 e5, g1f3 Nf3");
+  EXPECT_EQ(LastWords(*game), "") << "it is the opponent's turn";
+  const int numbers[] = {1, 0, 2};
+  for (const int pair : {1, 2, 3}) EXPECT_EQ(NumberOfPair(game->Moves, pair), numbers[pair - 1]);
 }
 
 }  // namespace

@@ -65,6 +65,7 @@ inline void SaveChessSet(const QString& folder) {
 struct PlayedEntry {
   const char* coordinates;
   const char* text;
+  const char* comment = "";
 };
 
 inline void StoreGame(std::int32_t id, std::int16_t status, const std::string& opponent,
@@ -81,8 +82,8 @@ inline void StoreGame(std::int32_t id, std::int16_t status, const std::string& o
   game.GAME_STATUS = status;
   store::MoveRecords moves;
   for (const PlayedEntry& entry : entries) {
-    moves.push_back(
-        {static_cast<std::int32_t>(moves.size()) + 1, entry.coordinates, entry.text, ""});
+    moves.push_back({static_cast<std::int32_t>(moves.size()) + 1, entry.coordinates, entry.text,
+                     entry.comment});
   }
   EXPECT_TRUE(store::SaveGame(game, moves));
 }

@@ -45,7 +45,8 @@ inline constexpr Control boardControls[] = {
 
     // Below the board.
     {"OpponentComment", Surface::Panel, {28, 469, 326, 68}},
-    {"PlayerComment_L", Surface::Label, {374, 465, 335, 16}},
+    {"PlayerComment_L", Surface::Label, {374, 465, 200, 16}},
+    {"EarlierComments", Surface::Occasion, {582, 461, 127, 24}},
     {"PlayerComment", Surface::Field, {374, 485, 335, 56}},
     {"TurnHint", Surface::Occasion, {386, 489, 311, 48}},
     {"SearchProgress", Surface::Occasion, {386, 503, 211, 20}},

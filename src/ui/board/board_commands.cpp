@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "board/controls.h"
+#include "board/conversation.h"
 #include "board/ends.h"
 #include "board/history.h"
 #include "board/opening.h"
@@ -17,6 +18,7 @@
 #include "print/printing.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/comment_box.h"
+#include "ui/board/conversation_form.h"
 #include "ui/board/piece_palette.h"
 #include "widgets/disabled_window.h"
 #include "widgets/shown_text.h"
@@ -41,7 +43,8 @@ BoardActions BoardCommands::Actions() {
           [this] { ShowOptions(); },
           [this] { PrintBoard(); },
           [this] { ToggleHilight(); },
-          [this](int row) { board::MoveList_RowColChange(board_, row); }};
+          [this](int row) { board::MoveList_RowColChange(board_, row); },
+          [this] { ShowConversation(); }};
 }
 
 void BoardCommands::Click(int button, bool byMouse) {
@@ -120,6 +123,13 @@ void BoardCommands::PrintBoard() {
   const QPointer<QWidget> window(&parts_.window);
   board_.LockedForDialog = true;
   print::PrintCurrentBoardState(board_);
+  if (window) board_.LockedForDialog = false;
+}
+
+void BoardCommands::ShowConversation() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  ConversationForm(board::Conversation(board_), window).exec();
   if (window) board_.LockedForDialog = false;
 }
 

@@ -57,6 +57,7 @@ class BoardCommands : public QObject {
   void ShowOptions();
   void PrintBoard();
   void ToggleHilight();
+  void ShowConversation();
 
   BoardParts parts_;
   board::Game& board_;

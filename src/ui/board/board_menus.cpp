@@ -2,6 +2,7 @@
 #include "ui/board/board_menus.h"
 
 #include "board/controls.h"
+#include "board/conversation.h"
 #include "platform/process_state.h"
 
 namespace ui {
@@ -84,7 +85,14 @@ std::vector<MenuRow> HistoryRows(const board::Game& board, const BoardActions& a
                                          actions.toggleHilight, controls.hilight}),
           {"-"},
           WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast}),
-          WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast})};
+          WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast}),
+          {"-"},
+          WithKey(Qt::CTRL | Qt::Key_M, {"Earlier comments...",
+                                         actions.showConversation,
+                                         !board::Conversation(board).empty(),
+                                         {},
+                                         {},
+                                         "Nothing has been said in this game."})};
 }
 
 std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActions& actions) {

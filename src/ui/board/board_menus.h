@@ -20,6 +20,7 @@ struct BoardActions {
   std::function<void()> print = {};  ///< the board as it is shown; not while it is set up
   std::function<void()> toggleHilight = {};
   std::function<void(int row)> select = {};
+  std::function<void()> showConversation = {};
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };

@@ -11,9 +11,11 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 #include "board/controls.h"
+#include "board/conversation.h"
 #include "board/history.h"
 #include "board/moving.h"
 #include "board/opening.h"
@@ -32,6 +34,7 @@
 #include "ui/board/draw_answers.h"
 #include "ui/board/exchange_pawn.h"
 #include "ui/board/floating_piece.h"
+#include "ui/board/link_button.h"
 #include "ui/board/menu_access.h"
 #include "ui/board/move_list_table.h"
 #include "ui/board/opponent_words.h"
@@ -41,6 +44,7 @@
 #include "ui/board/setup_hand.h"
 #include "ui/board/setup_warning.h"
 #include "ui/board/trash.h"
+#include "ui/board/turn_tag.h"
 #include "widgets/cut_text.h"
 #include "widgets/plain_text_view.h"
 #include "widgets/shown_text.h"
@@ -56,15 +60,6 @@ constexpr int firstInterval = 250;
 constexpr int mostCommentLines = 10;
 constexpr int mostTagLines = 4;
 constexpr int longestTitle = 120;
-
-/// Whose turn it is, and what the game is called.
-QString TurnLines(const board::Game& game) {
-  QStringList lines;
-  for (const std::string& line : {board::TurnInWords(game), game.Title}) {
-    if (!line.empty()) lines << ShownLine(line);
-  }
-  return lines.join(u'\n');
-}
 
 /// A place for widgets of which one is seen at a time: as large as any of them wants it, so that
 /// nothing else moves when they change.
@@ -102,11 +97,12 @@ BoardWindow::BoardWindow(const boards::ChessGraphics& graphics, std::function<vo
       palette_(new PiecePalette(graphics, this)),
       floating_(new FloatingPiece(this)),
       playersTag_(new PlainTextView(this)),
-      turnTag_(new PlainTextView(this)),
+      turnTag_(new TurnTag(this)),
       moveList_(new MoveListTable(this)),
       opponentComment_(new OpponentWords(board_, this)),
       playerComment_(new CommentBox(this)),
       playerCommentLabel_(new QLabel(this)),
+      earlierComments_(new LinkButton(u"EarlierComments"_s, u"Earlier comments"_s, this)),
       searchDisplay_(new SearchDisplay(*this, *playerCommentLabel_, board_)),
       trash_(new Trash(this)),
       commands_(new BoardCommands({*this, board_, *picture_, *palette_, *playerComment_},
@@ -115,7 +111,6 @@ BoardWindow::BoardWindow(const boards::ChessGraphics& graphics, std::function<vo
   setAttribute(Qt::WA_DeleteOnClose);
   playersTag_->setObjectName(u"PlayersTag"_s);
   SetBold(playersTag_, true);
-  turnTag_->setObjectName(u"TurnTag"_s);
   playerCommentLabel_->setObjectName(u"PlayerComment_L"_s);
   playerCommentLabel_->setBuddy(playerComment_);
   drawAnswers_ = new DrawAnswers(*this, [this](bool accept) { commands_->DecideDraw(accept); });
@@ -157,6 +152,7 @@ void BoardWindow::SetSimpleUI() {
   side->addWidget(drawAnswers_->Row());
   side->addLayout(NewSharedPlace({moveList_, palette_}), 1);
   side->addWidget(opponentComment_);
+  side->addWidget(earlierComments_, 0, Qt::AlignRight);
   side->addLayout(NewSharedPlace({playerComment_, searchDisplay_->NewPlace(), trash_}));
   side->addSpacing(8);
   side->addLayout(buttons);
@@ -190,6 +186,8 @@ void BoardWindow::Connect() {
   connect(&checkTimer_, &QTimer::timeout, this, [this] { board::CheckTimer(board_); });
   connect(moveList_, &MoveListTable::RowChosen, this,
           [this](int row) { board::MoveList_RowColChange(board_, row); });
+  connect(earlierComments_, &QAbstractButton::clicked, this,
+          [this] { commands_->Actions().showConversation(); });
   connect(floating_, &FloatingPiece::Settled, picture_, &BoardPicture::Uncover);
   connect(playerComment_, &QPlainTextEdit::textChanged, this,
           [this] { board_.PlayerComment = playerComment_->toPlainText().toStdString(); });
@@ -213,6 +211,7 @@ void BoardWindow::SetToolTips() {
       {"DeclineDrawS", u"Decline the offered draw"_s},
       {"PlayersTag", u"Your opponent"_s},
       {"OpponentComment", u"Player comments"_s},
+      {"EarlierComments", u"What has been said in this game"_s},
       {"PlayerComment", u"Type a comment here"_s},
       {"MinimiseButton", u"Minimise the board"_s},
       {"MoveList", u"History of previous moves"_s},
@@ -239,6 +238,7 @@ void BoardWindow::ShowGameBits(bool show) {
       {"PiecePallete_L", !show},
       {"PlayerComment_L", label},
       {"Trash", !show},
+      {"EarlierComments", comment && !board::Conversation(board_).empty()},
       {"SearchPlace", show && computerGame},
       {"TurnHint", show && computerGame && !board_.ComputerThinking},
   };
@@ -274,8 +274,7 @@ void BoardWindow::Refresh() {
   toolbar_->Show(board_);
   ShowGameBits(!platform::Process().BoardSetupMode);
   setWindowTitle(Cut(ShownLine(board_.Caption), longestTitle));
-  playersTag_->SetText(Shown(board_.PlayersTag));
-  turnTag_->SetText(TurnLines(board_));
+  ShowTags();
   opponentComment_->Refresh();
   moveList_->ShowMoves(board_.Moves, board::TopRow(board_));
   picture_->ShowDots(board::ShownPath(board_));
@@ -292,6 +291,16 @@ void BoardWindow::Refresh() {
   // The next one in the row, which the toolkit gives the focus of a control that goes, may close
   // the window.
   if (focused && focused != focusWidget()) picture_->setFocus();
+}
+
+/// In the skinned look the lower one may take what the upper one leaves free.
+void BoardWindow::ShowTags() {
+  playersTag_->SetText(Shown(board_.PlayersTag));
+  if (IsSimpleUI()) return turnTag_->Show(board_);
+  constexpr layouts::Rect place = layouts::RectOf(layouts::board, "TurnTag");
+  const int high = playersTag_->heightForWidth(playersTag_->width());
+  turnTag_->ShowAt(board_, {place.x, place.y, place.width, place.height},
+                   playersTag_->y() + std::min(high, playersTag_->height()));
 }
 
 rules::PieceCode BoardWindow::ExchangePawn(rules::Side side) {

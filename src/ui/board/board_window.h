@@ -22,6 +22,7 @@ class BoardToolbar;
 class CommentBox;
 class DrawAnswers;
 class FloatingPiece;
+class LinkButton;
 class MenuAccess;
 class MoveListTable;
 class OpponentWords;
@@ -31,6 +32,7 @@ class PlainTextView;
 class SearchDisplay;
 class SetupHand;
 class Trash;
+class TurnTag;
 
 class BoardWindow final : public QWidget, private board::BoardView {
   Q_OBJECT
@@ -71,6 +73,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void AddSkinnedControls();
   void Connect();
   void ShowGameBits(bool show);
+  void ShowTags();
 
   const boards::ChessGraphics& graphics_;
   board::Game board_;
@@ -82,11 +85,12 @@ class BoardWindow final : public QWidget, private board::BoardView {
   PieceHand* hand_ = nullptr;
   SetupHand* setupHand_ = nullptr;
   PlainTextView* playersTag_;
-  PlainTextView* turnTag_;
+  TurnTag* turnTag_;
   MoveListTable* moveList_;
   OpponentWords* opponentComment_;
   CommentBox* playerComment_;
   QLabel* playerCommentLabel_;
+  LinkButton* earlierComments_;
   SearchDisplay* searchDisplay_;
   Trash* trash_;
   BoardCommands* commands_;

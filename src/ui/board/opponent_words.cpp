@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QPointer>
 
+#include "board/history.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "widgets/shown_text.h"
@@ -54,7 +55,12 @@ void OpponentWords::TellQuietly(const QString& text) {
 }
 
 QString OpponentWords::Words() const {
-  return quietTimer_.isActive() ? quietMessage_ : Shown(board_.OpponentComment);
+  if (quietTimer_.isActive()) return quietMessage_;
+  QStringList words;
+  for (const std::string& part : {board::LastWords(board_), board_.OpponentComment}) {
+    if (!part.empty()) words << Shown(part);
+  }
+  return words.join(u'\n');
 }
 
 void OpponentWords::ShowWords() {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What was said with the move that the board shows. A word of the program's own takes its place for
+// What was said with the move that the board shows; while the user's own is pending, above that
+// what it answers. A word of the program's own takes its place for
 // a while: why something was refused, for those who want no box for it.
 #pragma once
 

@@ -171,6 +171,24 @@ TEST_F(BoardWindowTest, PairsAreDrawnOverTheListThatStays) {
   EXPECT_EQ(list.rowCount(), 3);
 }
 
+TEST_F(BoardWindowTest, TheConversationEndsWithTheNewestWords) {
+  Open({{"5254", "e4", "Hello <b>"}, {"5755", "e5", "Hi"}});
+  QString words;
+  QTimer::singleShot(0, window_, [&words] {
+    auto* form = QApplication::activeModalWidget();
+    ASSERT_TRUE(form);
+    auto& list = ui::Find<QTableWidget>(*form, "Conversation");
+    words = list.item(0, 2)->text() + list.item(list.currentRow(), 2)->text();
+    QTest::keyClick(&list, Qt::Key_Escape);
+  });
+  Click("EarlierComments");
+  EXPECT_EQ(words, u"Hello <b>Hi"_s);
+  QTest::keyClicks(&Comment(), u"Ha"_s);
+  Do("click 42 click 44");
+  EXPECT_EQ(Find<QTextEdit>("OpponentComment").toPlainText(),
+            u"Eva <i>Ü</i> said: Hi\nYou said: Ha"_s);
+}
+
 /// As the desktop asks for it.
 void CloseByFrame(QWidget& window) {
   QCloseEvent event;

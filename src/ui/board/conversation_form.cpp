@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/board/conversation_form.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QVBoxLayout>
+
+#include "platform/help.h"
+#include "platform/setting_variables.h"
+#include "skin/look.h"
+#include "ui/help/help_key.h"
+#include "widgets/dialog_button.h"
+#include "widgets/row_table.h"
+#include "widgets/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Column { Number, Speaker, Words };
+
+constexpr QSize usualSize(520, 380);
+constexpr int rowPadding = 8;
+
+/// Remarks of several lines keep apart from each other.
+class RemarkDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, rowPadding);
+  }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem inner = option;
+    inner.state &= ~QStyle::State_HasFocus;
+    option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &inner, painter,
+                                          option.widget);
+    inner.rect.adjust(0, rowPadding / 2, 0, -rowPadding / 2);
+    QStyledItemDelegate::paint(painter, inner, index);
+  }
+};
+
+RowTable* NewList(QWidget* parent) {
+  auto* list = new RowTable({u"No."_s, u"Who"_s, u"Words"_s}, rowPadding, parent);
+  list->setObjectName(u"Conversation"_s);
+  list->setAccessibleName(u"Earlier comments"_s);
+  list->setItemDelegate(new RemarkDelegate(list));
+  list->setWordWrap(true);
+  list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  for (const int column : {Number, Speaker}) {
+    list->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+  }
+  list->horizontalHeader()->setSectionResizeMode(Words, QHeaderView::Stretch);
+  list->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  return list;
+}
+
+/// As the list of moves counts.
+QString NumberOf(const board::Remark& remark) {
+  if (!platform::Settings().Pairs) return QString::number(remark.row);
+  return remark.pair == 0 ? QString() : u"%1."_s.arg(remark.pair);
+}
+
+}  // namespace
+
+ConversationForm::ConversationForm(const std::vector<board::Remark>& remarks, QWidget* parent)
+    : QDialog(parent), list_(NewList(this)) {
+  setObjectName(u"ConversationForm"_s);
+  setWindowTitle(u"Earlier comments"_s);
+  GiveHelpKey(*this, platform::HelpOfBoard);
+  Fill(remarks);
+  auto* close = NewDialogButton(u"CloseButton"_s, u"Close"_s);
+  close->setDefault(true);
+  connect(close, &QPushButton::clicked, this, &QDialog::accept);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(close);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setSpacing(16);
+  layout->addWidget(list_, 1);
+  layout->addLayout(buttons);
+  resize(usualSize);
+  TakeDialogLook(*this);
+}
+
+void ConversationForm::Fill(const std::vector<board::Remark>& remarks) {
+  list_->setRowCount(static_cast<int>(remarks.size()));
+  int row = 0;
+  for (const board::Remark& remark : remarks) {
+    const QString texts[] = {NumberOf(remark), ShownLine(remark.speaker), ShownLine(remark.words)};
+    for (const int column : {Number, Speaker, Words}) {
+      auto* cell = new QTableWidgetItem(texts[column]);
+      cell->setTextAlignment(Qt::AlignTop | (column == Number ? Qt::AlignRight : Qt::AlignLeft));
+      list_->setItem(row, column, cell);
+    }
+    ++row;
+  }
+}
+
+void ConversationForm::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  list_->setCurrentCell(list_->rowCount() - 1, Words);
+  list_->scrollToBottom();
+  list_->setFocus();
+}
+
+}  // namespace ui

@@ -3,6 +3,7 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "platform/help.h"
@@ -21,7 +22,7 @@ namespace {
 
 enum Column { Number, Speaker, Words };
 
-constexpr QSize usualSize(520, 380);
+constexpr QSize usualSize(74, 25);  // characters and lines
 constexpr int rowPadding = 8;
 
 /// Remarks of several lines keep apart from each other.
@@ -59,6 +60,14 @@ RowTable* NewList(QWidget* parent) {
   return list;
 }
 
+/// With the desktop's font, and where the screen has room for it.
+QSize UsualSize(const QWidget& dialog) {
+  const QFontMetrics font = dialog.fontMetrics();
+  const QSize size(usualSize.width() * font.averageCharWidth(),
+                   usualSize.height() * font.lineSpacing());
+  return size.boundedTo(dialog.screen()->availableSize() * 0.8);
+}
+
 /// As the list of moves counts.
 QString NumberOf(const board::Remark& remark) {
   if (!platform::Settings().Pairs) return QString::number(remark.row);
@@ -84,7 +93,7 @@ ConversationForm::ConversationForm(const std::vector<board::Remark>& remarks, QW
   layout->setSpacing(16);
   layout->addWidget(list_, 1);
   layout->addLayout(buttons);
-  resize(usualSize);
+  resize(UsualSize(*this));
   TakeDialogLook(*this);
 }
 

@@ -16,12 +16,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int rowPadding = 8;
+
 enum Column { Coordinates, Number, Text, Comment, Answer };
 
 }  // namespace
 
 MoveListTable::MoveListTable(QWidget* parent)
-    : RowTable({u"Move Coordinates"_s, u"No."_s, u"Move"_s, u"Comment"_s, u"Black"_s}, 8, parent) {
+    : RowTable({u"Move Coordinates"_s, u"No."_s, u"Move"_s, u"Comment"_s, u"Black"_s}, rowPadding,
+               parent) {
   setObjectName(u"MoveList"_s);
   setAccessibleName(u"History of previous moves"_s);
   setColumnHidden(Coordinates, true);
@@ -128,6 +131,15 @@ QModelIndex MoveListTable::moveCursor(CursorAction action, Qt::KeyboardModifiers
   }
   const QModelIndex next = RowTable::moveCursor(action, modifiers);
   return EntryAt(next.row(), next.column()) > count_ ? CellOf(count_) : next;
+}
+
+/// The skin's font may be another one than that of the desktop, which the heading would keep.
+void MoveListTable::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange) {
+    horizontalHeader()->setFont(font());
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
+  }
+  RowTable::changeEvent(event);
 }
 
 void MoveListTable::wheelEvent(QWheelEvent* event) {

@@ -17,7 +17,7 @@ using rules::Square;
 
 namespace {
 
-constexpr int smallestCell = 40;
+constexpr int smallestCell = 36;
 constexpr int usualCell = 66;
 constexpr int targetAlpha = 190;
 

@@ -83,14 +83,16 @@ QAbstractButton* BoardToolbar::NewToolbarButton(QWidget& window, int button) {
   auto* plain = new QPushButton(&window);
   plain->setObjectName(u"Toolbar1S_%1"_s.arg(button));
   plain->setAutoDefault(true);  // so that Enter presses it too
-  // All are as wide as the longest caption, also while none of them has it.
-  plain->setText(u"View opponent"_s);
+  // Wide enough for its longest caption, also while it has another one.
+  if (button == board::ViewButton) plain->setText(u"View opponent"_s);
+  if (button == board::CoordinatesButton) plain->setText(u"Coordinates"_s);
   plain->setMinimumWidth(plain->sizeHint().width());
   return plain;
 }
 
 void BoardToolbar::LayOut(QGridLayout& layout) {
   layout_ = &layout;
+  for (const int column : {0, 1}) layout.setColumnStretch(column, 1);
   TakeMode(setup_);
 }
 

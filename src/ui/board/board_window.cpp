@@ -8,8 +8,6 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QScreen>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
@@ -40,6 +38,7 @@
 #include "ui/board/opponent_words.h"
 #include "ui/board/piece_hand.h"
 #include "ui/board/piece_palette.h"
+#include "ui/board/plain_board.h"
 #include "ui/board/search_display.h"
 #include "ui/board/setup_hand.h"
 #include "ui/board/setup_warning.h"
@@ -60,25 +59,6 @@ constexpr int firstInterval = 250;
 constexpr int mostCommentLines = 10;
 constexpr int mostTagLines = 4;
 constexpr int longestTitle = 120;
-
-/// A place for widgets of which one is seen at a time: as large as any of them wants it, so that
-/// nothing else moves when they change.
-QGridLayout* NewSharedPlace(std::initializer_list<QWidget*> widgets) {
-  auto* place = new QGridLayout;
-  for (QWidget* widget : widgets) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-    place->addWidget(widget, 0, 0);
-  }
-  return place;
-}
-
-/// Of the plain window, as the user has left it. Empty until he has resized it.
-QSize RememberedSize() {
-  const platform::SettingVariables& settings = platform::Settings();
-  return {settings.BoardWidth, settings.BoardHeight};
-}
 
 void SetBold(QWidget* widget, bool bold) {
   if (widget->font().bold() == bold) return;
@@ -140,34 +120,13 @@ void BoardWindow::SetSimpleUI() {
   buttons->setSpacing(8);
   toolbar_->LayOut(*buttons);
 
-  auto* side = new QVBoxLayout;
-  side->setSpacing(8);
   auto* menus = new QHBoxLayout;
   menus->setSpacing(0);
   for (QAbstractButton* button : menus_->Buttons()) menus->addWidget(button);
   menus->addStretch();
-  side->addLayout(menus);
-  side->addWidget(playersTag_);
-  side->addWidget(turnTag_);
-  side->addWidget(drawAnswers_->Row());
-  side->addLayout(NewSharedPlace({moveList_, palette_}), 1);
-  side->addWidget(opponentComment_);
-  side->addWidget(earlierComments_, 0, Qt::AlignRight);
-  side->addLayout(NewSharedPlace({playerComment_, searchDisplay_->NewPlace(), trash_}));
-  side->addSpacing(8);
-  side->addLayout(buttons);
-
-  // The board brings its own margin along.
-  constexpr int margin = BoardPicture::plainEdge;
-  side->setContentsMargins(0, margin, margin, margin);
-  auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
-  layout->addWidget(picture_, 1);
-  layout->addLayout(side);
-  // As large as it likes, where the screen has room for it and its title bar.
-  const QSize size = RememberedSize().isEmpty() ? sizeHint() : RememberedSize();
-  resize(size.boundedTo(screen()->availableSize() - QSize(16, 48)));
+  LayOut(*this, {picture_, menus, playersTag_, turnTag_, drawAnswers_->Row(), moveList_, palette_,
+                 opponentComment_, earlierComments_, playerComment_, searchDisplay_->NewPlace(),
+                 trash_, buttons});
 }
 
 /// What a window without a frame and a menu has of its own.

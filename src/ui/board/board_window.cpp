@@ -15,7 +15,6 @@
 #include "board/controls.h"
 #include "board/conversation.h"
 #include "board/history.h"
-#include "board/moving.h"
 #include "board/opening.h"
 #include "board/squares.h"
 #include "board/timer.h"

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/arrivals.h"
 
+#include <algorithm>
 #include <exception>
+#include <vector>
 
 #include "mail/games_locked.h"
 #include "mail/mail_memory.h"
@@ -9,18 +11,26 @@
 
 namespace mail {
 
-void NoteArrival(const std::string& thread) {
+namespace {
+
+void Note(const std::string& thread, std::vector<Arrival> MailMemory::*moments) {
   try {
-    WithGamesLocked([&thread] {
+    WithGamesLocked([&thread, moments] {
       MailMemory memory = LoadMailMemory();
-      std::erase_if(memory.arrivals, [&](const Arrival& known) { return known.thread == thread; });
-      memory.arrivals.push_back({thread, platform::TheSeams().clock->Seconds()});
+      std::erase_if(memory.*moments, [&](const Arrival& known) { return known.thread == thread; });
+      (memory.*moments).push_back({thread, platform::TheSeams().clock->Seconds()});
       SaveMailMemory(memory);
     });
   } catch (const std::exception&) {
     // a note, and no reason to refuse the mail
   }
 }
+
+}  // namespace
+
+void NoteArrival(const std::string& thread) { Note(thread, &MailMemory::arrivals); }
+
+void NoteDeparture(const std::string& thread) { Note(thread, &MailMemory::departures); }
 
 std::optional<std::int64_t> LastArrival(const std::string& thread) {
   try {
@@ -31,6 +41,22 @@ std::optional<std::int64_t> LastArrival(const std::string& thread) {
     // a note, and no reason to open no board
   }
   return std::nullopt;
+}
+
+std::map<std::string, std::int64_t> LastMails() {
+  std::map<std::string, std::int64_t> last;
+  try {
+    const MailMemory memory = LoadMailMemory();
+    for (const auto* moments : {&memory.arrivals, &memory.departures}) {
+      for (const Arrival& known : *moments) {
+        std::int64_t& at = last[known.thread];
+        at = std::max(at, known.at);
+      }
+    }
+  } catch (const std::exception&) {
+    // a note, and no reason to show no games
+  }
+  return last;
 }
 
 }  // namespace mail

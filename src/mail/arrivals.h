@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// When the last mail of a game came that brought something new.
+// When the last mail of a game came that brought something new, and when the user's last one went.
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -13,5 +14,11 @@ void NoteArrival(const std::string& thread);
 
 /// In seconds since 1970. Nothing where no mail came, or what is remembered can't be read.
 std::optional<std::int64_t> LastArrival(const std::string& thread);
+
+/// A mail of the thread has been handed to the mail service, just now.
+void NoteDeparture(const std::string& thread);
+
+/// Of each thread whose mails are remembered, when the last one came or went. Raises nothing.
+std::map<std::string, std::int64_t> LastMails();
 
 }  // namespace mail

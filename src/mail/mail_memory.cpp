@@ -57,9 +57,10 @@ void ReadLine(std::string_view line, MailMemory& memory) {
   } else if (kind == "undelivered") {
     const std::string thread(fields.Next());
     memory.undelivered[thread] = fields.Next();
-  } else if (kind == "arrived") {
+  } else if (kind == "arrived" || kind == "departed") {
     std::string thread(fields.Next());
-    memory.arrivals.push_back({std::move(thread), SecondsOf(fields.Next())});
+    auto& known = kind == "arrived" ? memory.arrivals : memory.departures;
+    known.push_back({std::move(thread), SecondsOf(fields.Next())});
   }
 }
 
@@ -116,9 +117,12 @@ void SaveMailMemory(const MailMemory& memory) {
   for (const auto& [thread, reason] : memory.undelivered) {
     content.append("undelivered|").append(thread).append("|").append(reason).append("\n");
   }
-  for (auto it = LatestOf(memory.arrivals, mostArrivals); it != memory.arrivals.end(); ++it) {
-    content.append("arrived|").append(it->thread).append("|");
-    content.append(std::to_string(it->at)).append("\n");
+  for (const auto& [kind, known] : {std::pair("arrived|", &memory.arrivals),
+                                    std::pair("departed|", &memory.departures)}) {
+    for (auto it = LatestOf(*known, mostArrivals); it != known->end(); ++it) {
+      content.append(kind).append(it->thread).append("|");
+      content.append(std::to_string(it->at)).append("\n");
+    }
   }
   for (auto it = LatestOf(memory.told, mostTold); it != memory.told.end(); ++it) {
     content.append(memory.silenced.contains(*it) ? "silenced|" : "told|").append(*it).append("\n");

@@ -2,7 +2,7 @@
 // What the program remembers of mails beyond its games, in the file "Tvmail.dat" beside them: which
 // further addresses the user took or refused for a game, when strangers began games, which bad
 // mails and reports he has been told of, whose last mail couldn't be delivered, and when the last
-// one came of each game. A line an entry, its kind in front, fields separated by "|".
+// one of each game came and went. A line an entry, its kind in front, fields separated by "|".
 //
 // Losing the file loses no game: the user is asked again. Loading and saving raise
 // platform::FileError; who decides by what is remembered must not go on without it.
@@ -43,7 +43,8 @@ struct MailMemory {
   /// Of a thread, why its last mail couldn't be delivered.
   std::map<std::string, std::string, std::less<>> undelivered;
 
-  std::vector<Arrival> arrivals;  ///< one of a thread, the latest last
+  std::vector<Arrival> arrivals;    ///< one of a thread, the latest last
+  std::vector<Arrival> departures;  ///< of the user's own mails, likewise
 
   AddressStanding StandingOf(std::string_view address, const store::GameRecord& game) const;
   void Remember(std::string_view address, const store::GameRecord& game, bool accepted);

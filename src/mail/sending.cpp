@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "mail/arrivals.h"
 #include "mail/games_locked.h"
 #include "mail/mail_memory.h"
 #include "mail/move_mail.h"
@@ -76,6 +77,7 @@ bool SendMoveMail(std::int32_t gameID) {
     return false;
   }
   ForgetUndelivered(thread);
+  NoteDeparture(thread);
   // The mail is on its way: a failing backup, which is silent everywhere, doesn't unsend it.
   store::BackupDatabase();
   return true;

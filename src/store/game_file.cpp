@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/conversions.h"
 #include "platform/process_state.h"
@@ -32,6 +33,29 @@ std::string_view WithoutSurroundings(std::string_view content) {
   const auto lineEnd = content.find('\n', last);
   if (lineEnd != std::string_view::npos) return content.substr(0, lineEnd + 1);
   return content.substr(0, content.find('\0', last));
+}
+
+bool IsCoordinates(std::string_view text) {
+  return text.size() == 4 && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// What the last four fields are where they are a move; those of a game without one, or of a last
+/// move that is cut off, aren't.
+std::optional<MoveRecord> MoveAtEnd(std::string_view line) {
+  std::size_t begin = line.size();
+  for (int field = 0; field < fieldsOfMove; ++field) {
+    if (begin == 0 || begin == std::string_view::npos) return std::nullopt;
+    begin = line.rfind('|', begin - 1);
+  }
+  if (begin == std::string_view::npos) return std::nullopt;
+  platform::FieldWalk fields(line.substr(begin + 1), '|');
+  const auto number = platform::ToInteger32(fields.Next());
+  const std::string_view coordinates = fields.Next();
+  if (!number || !IsCoordinates(coordinates)) return std::nullopt;
+  MoveRecord move{*number, std::string(coordinates), {}, {}};
+  move.MoveText = fields.Next();
+  move.MoveComment = fields.Next();
+  return move;
 }
 
 int FieldsOfMoves(std::string_view line) { return platform::CountFields(line, '|') - fixedFields; }
@@ -121,6 +145,16 @@ MoveRecords ReadMoves(std::string_view line) {
     move.MoveComment = fields.Next();
   }
   return moves;
+}
+
+std::optional<MoveRecord> ReadLastMove(std::string_view line) {
+  if (auto move = MoveAtEnd(line)) return move;
+  try {
+    MoveRecords moves = ReadWholeMoves(line);
+    return moves.empty() ? std::nullopt : std::optional(std::move(moves.back()));
+  } catch (const std::invalid_argument&) {
+    return std::nullopt;
+  }
 }
 
 std::string_view MovesText(std::string_view line) {

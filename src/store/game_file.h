@@ -92,6 +92,9 @@ MoveRecords ReadWholeMoves(std::string_view line);
 /// The moves of a line. Raises std::invalid_argument where the number of one can't be read.
 MoveRecords ReadMoves(std::string_view line);
 
+/// The last of them, found from the end of the line. Nothing where there is none that can be read.
+std::optional<MoveRecord> ReadLastMove(std::string_view line);
+
 /// All that stands behind the fixed fields, with its leading "|"; empty where nothing does.
 std::string_view MovesText(std::string_view line);
 

@@ -24,6 +24,18 @@ GameRecords MatchingGames(std::string_view content, std::string_view selection) 
   return games;
 }
 
+GameRecords AllGames(std::string_view content, LastMoves& lastMoves) {
+  GameRecords games;
+  LineWalk lines(content);
+  while (const auto line = lines.Next()) {
+    ReadGameLine(*line, games.emplace_back());
+    if (auto move = ReadLastMove(*line)) {
+      lastMoves.insert_or_assign(games.back().GAME_ID, std::move(*move));
+    }
+  }
+  return games;
+}
+
 /// Fills `moves` with what `read` makes of the game's line.
 bool SelectMovesBy(MoveRecords (*read)(std::string_view line), MoveRecords& moves,
                    std::int32_t gameID) {
@@ -48,6 +60,18 @@ bool SelectGames(GameRecords& games, std::string_view selection, std::string_vie
   games.clear();
   try {
     games = MatchingGames(ReadGameFile().value_or(""), selection);
+    SortGames(games, sort);
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+bool SelectGamesWithLastMoves(GameRecords& games, LastMoves& lastMoves, std::string_view sort) {
+  games.clear();
+  lastMoves.clear();
+  try {
+    games = AllGames(ReadGameFile().value_or(""), lastMoves);
     SortGames(games, sort);
     return true;
   } catch (const std::exception&) {

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 
 #include "store/game_record.h"
 
@@ -19,6 +20,13 @@ namespace store {
 /// Fills `games` with those that fit, sorted. False on any failure; `games` is then empty after a
 /// failed scan and filled, in no set order, after a failed sort.
 bool SelectGames(GameRecords& games, std::string_view selection, std::string_view sort = {});
+
+/// The last stored move of each game that has one, by its GAME_ID.
+using LastMoves = std::unordered_map<std::int32_t, MoveRecord>;
+
+/// Fills `games` with all of them, sorted, and `lastMoves` from the same read, which takes no longer
+/// for many moves. Fails as SelectGames does; a game whose moves are damaged has no last one.
+bool SelectGamesWithLastMoves(GameRecords& games, LastMoves& lastMoves, std::string_view sort);
 
 /// Fills `moves` with the stored moves of one game. A game that isn't in the file has none. False
 /// on any failure; damage behind the game's line disturbs nothing.

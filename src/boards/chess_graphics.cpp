@@ -70,16 +70,20 @@ QImage ChessGraphics::Cell(int number) const {
   return ChessSet.copy(number % columns * width, number / columns * height, width, height);
 }
 
+ChessGraphics ReadChessGraphics(const std::string& chessSet, const std::string& chessBoard) {
+  const std::string folder =
+      desktop::PictureFolder(desktop::chessSets, QString::fromStdString(chessSet)).toStdString();
+  ChessGraphics graphics;
+  std::transform(std::begin(iconFiles), std::end(iconFiles), graphics.IconSet.begin(),
+                 [&folder](const char* file) { return ReadLargest(folder + file); });
+  graphics.ChessSet = ReadSheet(folder + chessBoard + ".jpg");
+  return graphics;
+}
+
 bool LoadChessGraphics(const std::string& chessSet, const std::string& chessBoard,
                        ChessGraphics& graphics) {
   try {
-    const std::string folder =
-        desktop::PictureFolder(desktop::chessSets, QString::fromStdString(chessSet)).toStdString();
-    ChessGraphics loaded;
-    std::transform(std::begin(iconFiles), std::end(iconFiles), loaded.IconSet.begin(),
-                   [&folder](const char* file) { return ReadLargest(folder + file); });
-    loaded.ChessSet = ReadSheet(folder + chessBoard + ".jpg");
-    graphics = std::move(loaded);
+    graphics = ReadChessGraphics(chessSet, chessBoard);
     return true;
   } catch (const desktop::PictureError& error) {
     Report(std::string("an error loading the graphics file ") + error.what());

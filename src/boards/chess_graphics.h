@@ -32,6 +32,9 @@ struct ChessGraphics {
   QImage Cell(int number) const;
 };
 
+/// Tells nobody of a failure: raises std::exception. On any thread.
+ChessGraphics ReadChessGraphics(const std::string& chessSet, const std::string& chessBoard);
+
 /// False where a picture is missing or can't be read: the user was told then, and `graphics` is as
 /// before. Every way to the board begins here.
 bool LoadChessGraphics(const std::string& chessSet, const std::string& chessBoard,

@@ -28,8 +28,16 @@ using platform::Process;
 
 namespace {
 
-constexpr const char* sortKeys[] = {"", "Game_status;", "Game_opponents_name;", "Game_name;",
-                                    "Game_date;"};
+/// What the store sorts by. News are sorted here, and a tie among them is broken by the status.
+constexpr const char* sortKeys[gameListColumns] = {
+    "",           "Game_status;", "Game_opponents_name;", "Game_name;", "Game_date;", "",
+    "Game_status;", "Game_status;"};
+
+/// Those that nobody sorts by become their neighbours.
+std::int16_t SortedColumn(std::int16_t column) {
+  if (column < StatusColumn) return StatusColumn;
+  return column == OpponentsIDColumn || column >= gameListColumns ? std::int16_t{DateColumn} : column;
+}
 
 std::optional<std::int32_t> FirstPending() {
   const std::vector<std::int32_t>& pending = Process().PendingGames;
@@ -79,10 +87,14 @@ bool IsDescending(const std::string& order) { return platform::SameWithoutCase(o
 
 GameList ReadGameList(std::int16_t& column, std::string& order,
                       std::optional<std::int32_t> selectGame) {
-  column = std::clamp<std::int16_t>(column, StatusColumn, DateColumn);
+  column = SortedColumn(column);
   GameList list;
-  list.isDamaged = !store::SelectGames(
-      list.games, {}, sortKeys[column] + std::string(IsDescending(order) ? "D" : "A"));
+  store::LastMoves lastMoves;
+  list.isDamaged = !store::SelectGamesWithLastMoves(
+      list.games, lastMoves, sortKeys[column] + std::string(IsDescending(order) ? "D" : "A"));
+  list.news = GameNews(std::move(lastMoves));
+  if (column == LastMoveColumn) list.news.SortByMove(list.games, IsDescending(order));
+  if (column == SinceColumn) list.news.SortByTime(list.games, IsDescending(order));
   if (!selectGame) selectGame = FirstPending();
   const auto selected =
       std::find_if(list.games.begin(), list.games.end(),

@@ -9,11 +9,13 @@
 #include <vector>
 
 #include "platform/conversions.h"
+#include "shell/game_news.h"
 #include "store/game_record.h"
 
 namespace shell {
 
-/// The columns of the grid; the first and the last are hidden.
+/// The columns of the grid; the two with numbers of games are never seen. They are counted in this
+/// order, and stand in another: the latest news ahead of the date.
 enum GameListColumn : std::int16_t {
   GameIDColumn,
   StatusColumn,
@@ -21,6 +23,8 @@ enum GameListColumn : std::int16_t {
   TitleColumn,
   DateColumn,
   OpponentsIDColumn,
+  LastMoveColumn,
+  SinceColumn,
   gameListColumns
 };
 
@@ -37,6 +41,7 @@ std::optional<platform::Date> DayOfGame(const std::string& storedDate);
 
 struct GameList {
   store::GameRecords games;
+  GameNews news;
   std::size_t selected = 0;  ///< the row to select, from 0
   bool isDamaged = false;    ///< the games can't be read, or can't be put in order
 };
@@ -44,7 +49,7 @@ struct GameList {
 bool IsDescending(const std::string& order);
 
 /// Reads the games by one of the columns and keeps the sort for the next time; a column that nobody
-/// sorts by becomes its neighbour. Selects the given game, else the first of the pending ones.
+/// sorts by becomes its neighbour. What is sorted by news has games without any behind the others. Selects the given game, else the first of the pending ones.
 GameList ReadGameList(std::int16_t& column, std::string& order,
                       std::optional<std::int32_t> selectGame = {});
 

@@ -57,6 +57,8 @@ constexpr Default ShowMoves{"ShowMoves", "True"};
 constexpr Default Coordinates{"Coordinates", "False"};
 constexpr Default Pairs{"Pairs", "False"};
 constexpr Default AskBeforeSurrender{"AskBeforeSurrender", "True"};
+constexpr Default HiddenColumns{"HiddenColumns", ""};
+constexpr Default ShowGamePreview{"ShowGamePreview", "True"};
 constexpr Default SimpleUI{"SimpleUI", "False"};
 constexpr Default SystrayStartup{"SystrayStartup", "True"};
 constexpr Default BppChecked{"BppChecked", "False"};
@@ -151,6 +153,8 @@ bool LoadSettings() {
   variables.Coordinates = ReadFlag(Coordinates);
   variables.Pairs = ReadFlag(Pairs);
   variables.AskBeforeSurrender = ReadFlag(AskBeforeSurrender);
+  variables.HiddenColumns = ReadText(HiddenColumns);
+  variables.ShowGamePreview = ReadFlag(ShowGamePreview);
   variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
   variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
   return LoadHeuristics();
@@ -199,6 +203,8 @@ void SaveSettings() {
   WriteFlag(Coordinates, variables.Coordinates);
   WriteFlag(Pairs, variables.Pairs);
   WriteFlag(AskBeforeSurrender, variables.AskBeforeSurrender);
+  WriteText(HiddenColumns, variables.HiddenColumns);
+  WriteFlag(ShowGamePreview, variables.ShowGamePreview);
 }
 
 void UpgradeSettings() {

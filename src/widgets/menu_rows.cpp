@@ -33,7 +33,7 @@ void Fill(QMenu& menu, const std::vector<MenuRow>& rows) {
     if (!row.enabled) entry->setToolTip(Shown(row.whyNot));
     if (row.checked) {
       entry->setCheckable(true);
-      neighbours->addAction(entry);
+      if (!row.isSwitch) neighbours->addAction(entry);
       entry->setChecked(*row.checked);
     }
     if (row.action) QObject::connect(entry, &QAction::triggered, &menu, row.action);

@@ -22,6 +22,7 @@ struct MenuRow {
   std::vector<MenuRow> rows = {};    ///< of a menu of its own that it opens
   std::string whyNot = {};           ///< what a row that isn't enabled waits for
   QKeySequence key = {};             ///< a key combination that does the same, to be read only
+  bool isSwitch = false;             ///< `checked` is its own, whatever its neighbours are
 };
 
 std::unique_ptr<QMenu> NewMenu(const char* name, const std::vector<MenuRow>& rows);

@@ -13,24 +13,24 @@ inline constexpr Control gameInterfaceControls[] = {
     {"Toolbar1_3", Surface::Tool, {189, 30, 72, 48}},
     {"Toolbar1_4", Surface::Tool, {269, 30, 72, 48}},
 
-    {"TVLogo", Surface::Picture, {357, 20, 32, 32}},
-    {"Wordmark", Surface::Ornament, {397, 20, 104, 32}, "Tarvolenix"},
-    {"HelpButton", Surface::Button, {593, 22, 28, 28}},
-    {"MinimiseButton", Surface::Button, {629, 22, 28, 28}},
-    {"HideButton", Surface::Button, {665, 22, 28, 28}},
+    {"TVLogo", Surface::Picture, {517, 20, 32, 32}},
+    {"Wordmark", Surface::Ornament, {557, 20, 104, 32}, "Tarvolenix"},
+    {"HelpButton", Surface::Button, {753, 22, 28, 28}},
+    {"MinimiseButton", Surface::Button, {789, 22, 28, 28}},
+    {"HideButton", Surface::Button, {825, 22, 28, 28}},
 
-    {"FileMenuButton", Surface::Button, {357, 58, 78, 28}},
-    {"SortMenuButton", Surface::Button, {443, 58, 78, 28}},
-    {"GameMenuButton", Surface::Button, {529, 58, 78, 28}},
-    {"HelpMenuButton", Surface::Button, {615, 58, 78, 28}},
+    {"FileMenuButton", Surface::Button, {517, 58, 78, 28}},
+    {"SortMenuButton", Surface::Button, {603, 58, 78, 28}},
+    {"GameMenuButton", Surface::Button, {689, 58, 78, 28}},
+    {"HelpMenuButton", Surface::Button, {775, 58, 78, 28}},
 
     // Seen only where there is something to tell.
-    {"MailLine", Surface::Occasion, {29, 80, 324, 15}},
+    {"MailLine", Surface::Occasion, {29, 80, 484, 15}},
 
     // What to do where there is no game yet may stand in the place of the grid.
-    {"GameList", Surface::Grid, {27, 98, 665, 218}},
+    {"GameList", Surface::Grid, {27, 98, 825, 218}},
 };
 
-inline constexpr Layout gameInterface{"GameInterface", {719, 341}, gameInterfaceControls};
+inline constexpr Layout gameInterface{"GameInterface", {879, 341}, gameInterfaceControls};
 
 }  // namespace ui::layouts

@@ -282,6 +282,8 @@ void GameInterface::ShowMails() {
   grid_->ShowMails();
 }
 
+void GameInterface::ShowColumns() { grid_->ShowColumns(); }
+
 bool GameInterface::MayTryAgain() const {
   const store::GameRecord* game = grid_->SelectedGame();
   return game && shell::MayTryAgain(*game);

@@ -45,6 +45,9 @@ class GameInterface : public QWidget {
   /// How the mails fare: the marks in the list, and the line about all of them.
   void ShowMails();
 
+  /// The columns that the user wants to see by now.
+  void ShowColumns();
+
   bool MayTryAgain() const;       ///< the selected game's mail can be sent once more
   bool MayChangeAddress() const;  ///< the selected game is one by mail
   void TryAgainToSend();

@@ -13,8 +13,10 @@
 #include <utility>
 
 #include "skin/window_region.h"
+#include "ui/games/game_list_columns.h"
 #include "ui/games/game_list_heading.h"
 #include "ui/games/game_list_model.h"
+#include "ui/games/game_preview.h"
 #include "widgets/cut_text.h"
 #include "widgets/row_table.h"
 
@@ -24,9 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The date takes the rest.
-constexpr std::pair<shell::GameListColumn, int> columnTwips[] = {
-    {shell::StatusColumn, 450}, {shell::OpponentColumn, 2455}, {shell::TitleColumn, 3390}};
 constexpr int scrollBarTwips = 230;
 constexpr int rowsWithScrollBar = 9;  ///< with the heading
 
@@ -34,8 +33,6 @@ constexpr int rowPadding = 8;
 constexpr int statusPicture = 22;
 constexpr int noticeMargin = 12;
 constexpr int noticeButtonHeight = 28;
-constexpr int dateMargin = 6;
-constexpr const char* longDate = "30/09/2026";  ///< a Wednesday
 
 constexpr int InPixels(int twips) { return (twips + twipsPerPixel / 2) / twipsPerPixel; }
 
@@ -51,13 +48,12 @@ GameListGrid::GameListGrid(QWidget* parent)
   setAccessibleName(u"Games"_s);
   setHorizontalHeader(heading_);
   setModel(model_);
-  for (const int hidden : {shell::GameIDColumn, shell::OpponentsIDColumn}) {
-    setColumnHidden(hidden, true);
-  }
+  ArrangeColumns(*this);
   BecomeRowTable(*this, rowPadding);
   setIconSize({statusPicture, statusPicture});
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
+  new GamePreview(*this, *model_);
   notice_ = NewNotice();
   connect(heading_, &GameListHeading::SortWanted, this, &GameListGrid::SortWanted);
   connect(this, &QTableView::doubleClicked, this, &GameListGrid::PlayWanted);
@@ -89,11 +85,11 @@ void GameListGrid::Fill(shell::GameList list, std::int16_t sortColumn, bool desc
   heading_->ShowSortMark(
       empty ? -1 : sortColumn, descending,
       model_->Picture(descending ? shell::DescendingIcon : shell::AscendingIcon));
-  model_->Show(std::move(list.games));
+  model_->Show(std::move(list.games), std::move(list.news));
   noticeText_->setText(notice.text);
   account_->setVisible(notice.offersAccount);
   notice_->setVisible(empty);
-  FitColumns();
+  ShowColumns();
   if (!empty) {
     const QModelIndex selected =
         model_->index(static_cast<int>(list.selected), shell::OpponentColumn);
@@ -109,22 +105,20 @@ const store::GameRecord* GameListGrid::SelectedGame() const {
   return model_->GameAt(currentIndex().row());
 }
 
+void GameListGrid::ShowColumns() {
+  ShowWantedColumns(*this);
+  FitColumns();
+}
+
 QSize GameListGrid::sizeHint() const {
-  int width = 2 * frameWidth() + verticalScrollBar()->sizeHint().width() +
-              fontMetrics().horizontalAdvance(ShownDate(longDate)) + 2 * dateMargin;
-  for (const auto& [column, twips] : columnTwips) width += InPixels(twips);
-  return {width, QTableView::sizeHint().height()};
+  const int around = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+  return {WidthOfColumns(*this) + around, QTableView::sizeHint().height()};
 }
 
 void GameListGrid::FitColumns() {
-  int rest = width() - 2 * frameWidth();
-  if (model_->rowCount() + 1 >= rowsWithScrollBar) rest -= InPixels(scrollBarTwips);
-  rest = std::min(rest, viewport()->width());
-  for (const auto& [column, twips] : columnTwips) {
-    setColumnWidth(column, InPixels(twips));
-    rest -= InPixels(twips);
-  }
-  setColumnWidth(shell::DateColumn, std::max(0, rest));
+  int room = width() - 2 * frameWidth();
+  if (model_->rowCount() + 1 >= rowsWithScrollBar) room -= InPixels(scrollBarTwips);
+  ui::FitColumns(*this, std::min(room, viewport()->width()));
 }
 
 void GameListGrid::resizeEvent(QResizeEvent* event) {

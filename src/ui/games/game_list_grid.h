@@ -38,6 +38,9 @@ class GameListGrid : public QTableView {
   /// The marks of the mails on their way.
   void ShowMails();
 
+  /// The columns that the user wants to see by now.
+  void ShowColumns();
+
   /// Null where no row is selected. Stands until the next fill.
   const store::GameRecord* SelectedGame() const;
 

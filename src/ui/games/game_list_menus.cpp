@@ -13,6 +13,7 @@
 #include "shell/playing.h"
 #include "shell/shut_down.h"
 #include "ui/games/game_interface.h"
+#include "ui/games/game_list_columns.h"
 #include "widgets/menu_rows.h"
 
 namespace ui {
@@ -60,6 +61,18 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
   return rows;
 }
 
+/// What the list shows of its games.
+std::vector<MenuRow> ViewRows(GameInterface& list) {
+  std::vector<MenuRow> rows = ColumnRows([&list] { list.ShowColumns(); });
+  bool& showsBoard = platform::Settings().ShowGamePreview;
+  rows.push_back({"-"});
+  rows.push_back({.caption = "Board of the game pointed at",
+                  .action = [&showsBoard] { showsBoard = !showsBoard; },
+                  .checked = showsBoard,
+                  .isSwitch = true});
+  return rows;
+}
+
 /// A column keeps the order, and an order the column.
 std::vector<MenuRow> SortRows(GameInterface& list) {
   const std::int16_t column = Process().GameListSortColumn;
@@ -77,9 +90,13 @@ std::vector<MenuRow> SortRows(GameInterface& list) {
           by("Opponents name", 2),
           by("Game title", 3),
           by("First move date", 4),
+          by("Last move", shell::LastMoveColumn),
+          by("Since", shell::SinceColumn),
           {"-"},
           in("Ascending", ""),
-          in("Descending", "DESC")};
+          in("Descending", "DESC"),
+          {"-"},
+          {.caption = "Show", .rows = ViewRows(list)}};
 }
 
 std::vector<MenuRow> GameRows(GameInterface& list) {

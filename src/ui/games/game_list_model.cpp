@@ -6,6 +6,7 @@
 
 #include <utility>
 
+#include "platform/setting_variables.h"
 #include "skin/program_pictures.h"
 #include "ui/games/mail_mark.h"
 #include "widgets/shown_text.h"
@@ -57,23 +58,6 @@ QString SpokenStanding(std::int16_t status, const shell::GameMail* mail) {
   return mail ? standing + u". "_s + Shown(mail->text) : standing;
 }
 
-QString TextOf(const store::GameRecord& game, int column) {
-  switch (column) {
-    case shell::GameIDColumn:
-      return QString::number(game.GAME_ID);
-    case shell::OpponentColumn:
-      return ShownLine(game.GAME_OPPONENTS_NAME);
-    case shell::TitleColumn:
-      return ShownLine(game.GAME_NAME);
-    case shell::DateColumn:
-      return ShownDate(game.GAME_DATE);
-    case shell::OpponentsIDColumn:
-      return game.GAME_OPPONENTS_ID == 0 ? QString() : QString::number(game.GAME_OPPONENTS_ID);
-    default:
-      return {};
-  }
-}
-
 QVariant AlignmentOf(int column) {
   return QVariant::fromValue<Qt::Alignment>(
       (column == shell::DateColumn ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
@@ -87,15 +71,43 @@ QString ShownDate(const std::string& storedDate) {
   return QLocale().toString(QDate(day->year, day->month, day->day), QLocale::LongFormat);
 }
 
+QString ShownMoment(const QDateTime& moment) {
+  return QLocale().toString(moment, QLocale::ShortFormat);
+}
+
+QString GameListModel::TextOf(const store::GameRecord& game, int column) const {
+  switch (column) {
+    case shell::GameIDColumn:
+      return QString::number(game.GAME_ID);
+    case shell::OpponentColumn:
+      return ShownLine(game.GAME_OPPONENTS_NAME);
+    case shell::TitleColumn:
+      return ShownLine(game.GAME_NAME);
+    case shell::DateColumn:
+      return ShownDate(game.GAME_DATE);
+    case shell::LastMoveColumn:
+      return ShownLine(news_.LastMove(game));
+    case shell::SinceColumn: {
+      const auto since = news_.Since(game);
+      return since ? ShownMoment(QDateTime::fromSecsSinceEpoch(*since)) : QString();
+    }
+    case shell::OpponentsIDColumn:
+      return game.GAME_OPPONENTS_ID == 0 ? QString() : QString::number(game.GAME_OPPONENTS_ID);
+    default:
+      return {};
+  }
+}
+
 GameListModel::GameListModel(QObject* parent) : QAbstractTableModel(parent) {
   for (std::size_t i = 0; i < std::size(pictureFiles); ++i) {
     pictures_[i + 1] = ReadPictureIcon(pictureFiles[i]);
   }
 }
 
-void GameListModel::Show(store::GameRecords games) {
+void GameListModel::Show(store::GameRecords games, shell::GameNews news) {
   beginResetModel();
   games_ = std::move(games);
+  news_ = std::move(news);
   mails_ = {};
   endResetModel();
 }
@@ -123,6 +135,14 @@ int GameListModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : shell::gameListColumns;
 }
 
+/// What the mail tells is news, and shown also to whoever wants no tips.
+QVariant GameListModel::TipOf(const QModelIndex& index) const {
+  const shell::GameMail* mail = MailOf(index);
+  const bool isWanted = mail || platform::Settings().ShowToolTips;
+  if (index.column() != shell::StatusColumn || !isWanted) return {};
+  return SpokenStanding(GameAt(index.row())->GAME_STATUS, mail);
+}
+
 QVariant GameListModel::data(const QModelIndex& index, int role) const {
   const store::GameRecord* game = GameAt(index.row());
   if (!game) return {};
@@ -139,7 +159,7 @@ QVariant GameListModel::data(const QModelIndex& index, int role) const {
       if (column == shell::StatusColumn) return SpokenStanding(game->GAME_STATUS, mail);
       return TextOf(*game, column);
     case Qt::ToolTipRole:
-      return mail ? QVariant(SpokenStanding(game->GAME_STATUS, mail)) : QVariant();
+      return TipOf(index);
     case Qt::TextAlignmentRole:
       return AlignmentOf(column);
     default:
@@ -149,7 +169,8 @@ QVariant GameListModel::data(const QModelIndex& index, int role) const {
 
 QVariant GameListModel::headerData(int section, Qt::Orientation orientation, int role) const {
   static constexpr const char* headings[shell::gameListColumns] = {
-      "Game_ID", "", "Opponent", "Game title", "Date started", "Game_opponents_ID"};
+      "Game_ID",      "",                  "Opponent",  "Game title",
+      "Date started", "Game_opponents_ID", "Last move", "Since"};
   if (orientation != Qt::Horizontal || section < 0 || section >= shell::gameListColumns) return {};
   if (role == Qt::DisplayRole) return QString(QLatin1StringView(headings[section]));
   if (role == Qt::TextAlignmentRole) return AlignmentOf(section);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QDateTime>
 #include <QIcon>
 
 #include <array>
@@ -21,12 +22,15 @@ class GameListModel : public QAbstractTableModel {
  public:
   explicit GameListModel(QObject* parent);
 
-  void Show(store::GameRecords games);
+  void Show(store::GameRecords games, shell::GameNews news);
 
   /// Shows how the mails of the games fare by now.
   void ShowMails();
 
   const store::GameRecord* GameAt(int row) const;
+
+  /// How many it has, for telling whether it has moved on.
+  std::int32_t MovesOf(const store::GameRecord& game) const { return news_.Moves(game); }
 
   /// The list's pictures count from 1; without a file it is a null icon.
   const QIcon& Picture(int number) const { return pictures_[static_cast<std::size_t>(number)]; }
@@ -39,12 +43,19 @@ class GameListModel : public QAbstractTableModel {
  private:
   const shell::GameMail* MailOf(const QModelIndex& index) const;
 
+  QString TextOf(const store::GameRecord& game, int column) const;
+  QVariant TipOf(const QModelIndex& index) const;
+
   store::GameRecords games_;
+  shell::GameNews news_;
   shell::GameMails mails_;
   std::array<QIcon, shell::statusIconCount + 1> pictures_;  // the first one is empty
 };
 
 /// A date in the desktop's long form; one that can't be read shows as it is stored.
 QString ShownDate(const std::string& storedDate);
+
+/// Day and time in the desktop's short form.
+QString ShownMoment(const QDateTime& moment);
 
 }  // namespace ui

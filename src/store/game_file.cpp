@@ -39,16 +39,16 @@ bool IsCoordinates(std::string_view text) {
   return text.size() == 4 && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// What the last four fields are where they are a move; those of a game without one, or of a last
-/// move that is cut off, aren't.
-std::optional<MoveRecord> MoveAtEnd(std::string_view line) {
-  std::size_t begin = line.size();
+/// What the last four fields of the moves are where they are a move; where the last move is cut off
+/// they aren't.
+std::optional<MoveRecord> MoveAtEnd(std::string_view moves) {
+  std::size_t begin = moves.size();
   for (int field = 0; field < fieldsOfMove; ++field) {
-    if (begin == 0 || begin == std::string_view::npos) return std::nullopt;
-    begin = line.rfind('|', begin - 1);
+    if (begin == 0) return std::nullopt;
+    begin = moves.rfind('|', begin - 1);
+    if (begin == std::string_view::npos) return std::nullopt;
   }
-  if (begin == std::string_view::npos) return std::nullopt;
-  platform::FieldWalk fields(line.substr(begin + 1), '|');
+  platform::FieldWalk fields(moves.substr(begin + 1), '|');
   const auto number = platform::ToInteger32(fields.Next());
   const std::string_view coordinates = fields.Next();
   if (!number || !IsCoordinates(coordinates)) return std::nullopt;
@@ -124,7 +124,10 @@ bool HoldsFewerMoves(std::string_view line, std::int32_t count) {
 
 MoveRecords ReadWholeMoves(std::string_view line) {
   MoveRecords moves = ReadMoves(line);
-  while (HoldsFewerMoves(line, static_cast<std::int32_t>(moves.size()))) moves.pop_back();
+  // A line may lack fixed fields, too, and holds fewer than none then.
+  while (!moves.empty() && HoldsFewerMoves(line, static_cast<std::int32_t>(moves.size()))) {
+    moves.pop_back();
+  }
   return moves;
 }
 
@@ -148,7 +151,7 @@ MoveRecords ReadMoves(std::string_view line) {
 }
 
 std::optional<MoveRecord> ReadLastMove(std::string_view line) {
-  if (auto move = MoveAtEnd(line)) return move;
+  if (auto move = MoveAtEnd(MovesText(line))) return move;
   try {
     MoveRecords moves = ReadWholeMoves(line);
     return moves.empty() ? std::nullopt : std::optional(std::move(moves.back()));

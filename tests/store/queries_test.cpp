@@ -24,6 +24,7 @@ const LineCase lineCases[] = {
     {"without the computer flag", "1|s|0|n|d|e|w|b|-1|o|2", false, 0},
     {"nineteen are two moves", "1|s|0|n|d|e|w|b|-1|o|2|0||1|5254|e4||2|5755", true, 2},
     {"a move number that is none", "1|s|0|n|d|e|w|b|-1|o|2|0||1|5254|e4||x|||", true, fails},
+    {"digits all over", "1|12|0|4|1234|e|5|5254|-1|7|1234|0|11|1|5254|5|6|2|0000|3|4", true, 2},
     {"booleans in words", "1|s|0|n|d|e|w|b|True|o|2|false|", true, 0},
     {"a boolean that is none", "1|s|0|n|d|e|w|b|yes|o|2|0|", false, 0},
     {"an identifier that is none", "one|s|0|n|d|e|w|b|-1|o|2|0|", false, fails},
@@ -40,6 +41,11 @@ TEST_F(QueriesTest, ALineReadsOrFailsTheWholeQuery) {
     MoveRecords moves(1);
     EXPECT_EQ(SelectMoves(moves, 1), row.moves != fails);
     EXPECT_EQ(moves.size(), static_cast<std::size_t>(std::max(0, row.moves)));
+    LastMoves last;
+    EXPECT_EQ(SelectGamesWithLastMoves(games, last, ""), row.gameReads);
+    const bool hasMoves = row.gameReads && SelectWholeMoves(moves, 1) && !moves.empty();
+    EXPECT_EQ(last.contains(1), hasMoves);
+    if (hasMoves) EXPECT_EQ(Text({last[1]}), Text({moves.back()}));
     EXPECT_TRUE(SelectMoves(moves, 5)) << "damage behind the wanted line disturbs nothing";
   }
 }

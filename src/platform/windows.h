@@ -26,6 +26,8 @@ struct NewMove {
   std::string GameName;     ///< the game's title
   std::string MoveComment;  ///< the comment of its last move, or nothing
   bool isLast = true;       ///< no other game is pending: "Next" is disabled
+  std::string LastMove;     ///< as players write it, with its number
+  std::int32_t gameID = -1;
 };
 
 enum class NotifyChoice { Play = 1, GameList = 2, Later = 3, Next = 4 };

@@ -31,17 +31,19 @@ void SortByKey(store::GameRecords& games, bool descending, const KeyOf& keyOf) {
 
 }  // namespace
 
+std::string NumberedMove(const store::MoveRecord& move) {
+  if (move.MoveCoordinates == noMove) return move.MoveText;
+  const std::int64_t number = (std::int64_t{move.MoveNumber} + 1) / 2;
+  const bool byBlack = move.MoveNumber % 2 == 0;
+  return std::to_string(number) + (byBlack ? "... " : ". ") + move.MoveText;
+}
+
 GameNews::GameNews(store::LastMoves lastMoves)
     : lastMoves_(std::move(lastMoves)), lastMails_(mail::LastMails()) {}
 
 std::string GameNews::LastMove(const store::GameRecord& game) const {
   const auto found = lastMoves_.find(game.GAME_ID);
-  if (found == lastMoves_.end()) return {};
-  const store::MoveRecord& move = found->second;
-  if (move.MoveCoordinates == noMove) return move.MoveText;
-  const std::int64_t number = move.MoveNumber;
-  const bool byBlack = number % 2 == 0;
-  return std::to_string((number + 1) / 2) + (byBlack ? "... " : ". ") + move.MoveText;
+  return found == lastMoves_.end() ? std::string() : NumberedMove(found->second);
 }
 
 std::int32_t GameNews::Moves(const store::GameRecord& game) const {
@@ -56,9 +58,8 @@ std::optional<std::int64_t> GameNews::Since(const store::GameRecord& game) const
 }
 
 void GameNews::SortByMove(store::GameRecords& games, bool descending) const {
-  SortByKey(games, descending, [this](const store::GameRecord& game) -> std::int64_t {
-    return Moves(game);
-  });
+  SortByKey(games, descending,
+            [this](const store::GameRecord& game) -> std::int64_t { return Moves(game); });
 }
 
 void GameNews::SortByTime(store::GameRecords& games, bool descending) const {

@@ -12,6 +12,10 @@
 
 namespace shell {
 
+/// As players write it, with its number: "12. Nf3", and of Black "12... Nf6"; a draw offer and its
+/// like by its word.
+std::string NumberedMove(const store::MoveRecord& move);
+
 class GameNews {
  public:
   /// Of no games.
@@ -20,8 +24,7 @@ class GameNews {
   /// As things are now.
   explicit GameNews(store::LastMoves lastMoves);
 
-  /// As players write it, with its number: "12. Nf3", and of Black "12... Nf6"; a draw offer and its
-  /// like by its word. Blank where there is none.
+  /// A NumberedMove; blank where there is none.
   std::string LastMove(const store::GameRecord& game) const;
 
   /// The number of the last move, or 0.

@@ -12,6 +12,7 @@
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "shell/failed_opening.h"
+#include "shell/game_news.h"
 #include "shell/playing.h"
 #include "store/queries.h"
 
@@ -50,9 +51,12 @@ std::optional<platform::NewMove> FirstNewMove() {
       !store::SelectMoves(moves, pending.front())) {
     return std::nullopt;
   }
-  return platform::NewMove{game->GAME_OPPONENTS_NAME, game->GAME_NAME,
+  return platform::NewMove{game->GAME_OPPONENTS_NAME,
+                           game->GAME_NAME,
                            moves.empty() ? std::string{} : moves.back().MoveComment,
-                           pending.size() == 1};
+                           pending.size() == 1,
+                           moves.empty() ? std::string{} : NumberedMove(moves.back()),
+                           game->GAME_ID};
 }
 
 /// False where the user plays one of them, or can't.
@@ -91,6 +95,17 @@ void NotifyNewMoves() {
   } catch (const std::exception& error) {
     ReportFailedOpening(error, "the new move notification dialog");
   }
+}
+
+void TellOfWaitingGames() {
+  if (!Notifies(ByDialog) || Process().GameListOpen || Process().BoardOpen) return;
+  store::GameRecords games;
+  const auto waiting = "Game_status;" + std::to_string(store::MoveWaiting) + ";Game_vs_computer;0";
+  if (!store::SelectGames(games, waiting) || games.empty()) return;
+  platform::TheSeams().tray->Say(games.size() == 1
+                                     ? games.front().GAME_OPPONENTS_NAME +
+                                           " has moved: a game waits for your move."
+                                     : std::to_string(games.size()) + " games wait for your move.");
 }
 
 NotifyChoice ShowNotification() {

@@ -29,6 +29,13 @@ void BringToFront(QWidget& window) {
   window.activateWindow();
 }
 
+void ShowInPassing(QWidget& window) {
+  window.setAttribute(Qt::WA_ShowWithoutActivating);
+  ShowInTheMiddle(window);
+  window.raise();
+  QApplication::alert(&window);
+}
+
 void BringActiveWindowToFront() {
   QWidget* window = QApplication::activeModalWidget();
   if (!window) window = QApplication::activeWindow();

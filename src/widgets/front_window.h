@@ -14,6 +14,10 @@ bool IsOfProgram(const QWidget& window);
 
 void BringToFront(QWidget& window);
 
+/// Before all windows, but without the keyboard, which another program's window may have: for what
+/// comes by itself.
+void ShowInPassing(QWidget& window);
+
 /// The dialog that waits for an answer, else the window that was used last.
 void BringActiveWindowToFront();
 

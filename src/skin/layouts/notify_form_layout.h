@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The skinned notification of a new move: who has moved in which game, what he says, and what to do
-// about it.
+// The skinned notification of a new move: who has moved in which game, his move and the board
+// behind it, what he says, and what to do about it.
 #pragma once
 
 #include "skin/layouts/layout.h"
@@ -12,13 +12,15 @@ inline constexpr Control notifyFormControls[] = {
     {"Label3", Surface::Label, {90, 20, 346, 18}},
     {"OpName", Surface::Label, {90, 38, 346, 18}},
     {"GameName", Surface::Label, {90, 56, 346, 18}},
-    {"MoveComment", Surface::Panel, {30, 84, 400, 42}},
-    {"LaterButton", Surface::Button, {26, 138, 96, 28}},
-    {"GameListButton", Surface::Button, {130, 138, 96, 28}},
-    {"NextButton", Surface::Button, {234, 138, 96, 28}},
-    {"PlayButton", Surface::Button, {338, 138, 96, 28}},
+    {"LastMove", Surface::Label, {90, 74, 346, 18}},
+    {"MoveComment", Surface::Panel, {30, 100, 400, 42}},
+    {"LaterButton", Surface::Button, {26, 154, 96, 28}},
+    {"GameListButton", Surface::Button, {130, 154, 96, 28}},
+    {"NextButton", Surface::Button, {234, 154, 96, 28}},
+    {"PlayButton", Surface::Button, {338, 154, 96, 28}},
+    {"Position", Surface::Picture, {448, 22, 160, 160}},
 };
 
-inline constexpr Layout notifyForm{"NotifyForm", {460, 185}, notifyFormControls};
+inline constexpr Layout notifyForm{"NotifyForm", {634, 206}, notifyFormControls};
 
 }  // namespace ui::layouts

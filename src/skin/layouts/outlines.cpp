@@ -33,7 +33,7 @@ struct Plaque {  // NOLINT(clang-analyzer-optin.performance.Padding)
 constexpr double step = 3;
 
 constexpr Plaque plaques[] = {
-    {"NotifyForm", 4, 456, 4, 181, 7, 18, 12, 120, 5},
+    {"NotifyForm", 4, 630, 4, 202, 7, 18, 12, 120, 5},
     {"SelectSound", 5, 304, 5, 228, 7, 18, 13, 104, 5},
     {"ChooseOpponent", 5, 324, 6, 135, 8, 18, 15, 104, 5},
     {"ExchangePawn", 5, 256, 6, 139, 9, 18, 16, 96, 5},

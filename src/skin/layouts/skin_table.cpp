@@ -77,13 +77,14 @@ constexpr SkinRow rows[] = {
     {.window = "NotifyForm",
      .background = "NotifyForm.jpg",
      .textChart = "NotifyFormText.bmp",
-     .textControls = "Label3;OpName;GameName;MoveComment"},
+     .textControls = "Label3;OpName;GameName,LastMove;MoveComment"},
     {.window = "OptionsPage",
      .background = "OptionsPage.jpg",
      .textChart = "OptionsPageText.bmp",
      .textControls =
          "Label1;opDisplaySplash_L;opVerbose_L;opShowToolTips_L;opDefaultView_L;Label2;"
-         "vsCSearchDepth_L;opNotifySound_L;opNotificationSound;opNotifyDialog_L;Label4;Label8;"
+         "vsCSearchDepth_L;opNotifySound_L;opNotificationSound;opNotifyDialog_L,opComputerGames_L,"
+         "opGamePreview_L;Label4;Label8;"
          "Label9;HLabelLow;HLabelDontCare;HLabelHigh;Label13;Label11;SkinsList_L,opWindowSize_L;"
          "SkinPreview_L;"
          "opSimpleUI_L;opSystrayStartup_L",
@@ -91,6 +92,7 @@ constexpr SkinRow rows[] = {
      .fieldControls =
          "opSysTrayTimerCombo,opDisplaySplash,opVerbose,opShowToolTips,opDefaultView,opSimpleUI,"
          "opSystrayStartup;vsCSearchDepth;opTimeoutCombo,opNotifySound,opNotifyDialog,"
+         "opComputerGames,opGamePreview,"
          "opWindowSize;opSaveAIName",
      .gridChart = "OptionsPageGrid.bmp",
      .gridControls =

@@ -10,12 +10,15 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <optional>
 
 #include "mail/character_count.h"
 #include "platform/setting_variables.h"
 #include "skin/layouts/notify_form_layout.h"
 #include "skin/look.h"
 #include "skin/program_pictures.h"
+#include "store/queries.h"
+#include "ui/games/small_boards.h"
 #include "ui/help/help_key.h"
 #include "widgets/cut_text.h"
 #include "widgets/front_window.h"
@@ -33,6 +36,7 @@ namespace {
 constexpr int tickMilliseconds = 30000;
 constexpr int pictureSize = 48;
 constexpr int newMoveKind = 2;  // of the three pictures that a set of the tray has
+constexpr int boardEdge = 160;
 constexpr int plainTextWidth = 400;
 constexpr int highestPlainComment = 160;
 constexpr std::size_t longestBoldComment = 100;
@@ -91,6 +95,8 @@ NotifyForm::NotifyForm(const platform::NewMove& move, QWidget* parent)
       heading_(NewLine(u"Label3"_s, this)),
       opponent_(NewLine(u"OpName"_s, this)),
       game_(NewLine(u"GameName"_s, this)),
+      lastMove_(NewLine(u"LastMove"_s, this)),
+      position_(new QLabel(this)),
       comment_(new PlainTextView(this)) {
   setObjectName(u"NotifyForm"_s);
   setWindowTitle(u"Tarvolenix"_s);
@@ -98,11 +104,13 @@ NotifyForm::NotifyForm(const platform::NewMove& move, QWidget* parent)
   const int set = platform::Settings().SysTrayIcons - 1;
   picture_->setPixmap(TrayPicture(set * 3 + newMoveKind).pixmap(pictureSize));
   heading_->setText(u"A new move has arrived"_s);
+  position_->setObjectName(u"Position"_s);
   comment_->setObjectName(u"MoveComment"_s);
   comment_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   AddButtons(move.isLast);
   TakeLook(*this, layouts::notifyForm, [this] { SetSimpleUI(); });
   ShowMove(move);
+  ShowBoard(move);
   play_->setFocus();
   GiveHelpKey(*this, platform::HelpOfTray);
   StartTicker();
@@ -136,15 +144,16 @@ void NotifyForm::SetSimpleUI() {
   layout->setContentsMargins(16, 16, 16, 16);
   layout->setHorizontalSpacing(16);
   layout->setVerticalSpacing(4);
-  layout->addWidget(picture_, 0, 0, 3, 1, Qt::AlignTop);
-  layout->addWidget(heading_, 0, 1);
-  layout->addWidget(opponent_, 1, 1);
-  layout->addWidget(game_, 2, 1);
-  layout->setRowMinimumHeight(3, 8);
-  layout->addWidget(comment_, 4, 1);
-  layout->setRowStretch(4, 1);
-  layout->setRowMinimumHeight(5, 16);
-  layout->addLayout(buttons, 6, 0, 1, 2);
+  int row = 0;
+  layout->addWidget(picture_, row, 0, 4, 1, Qt::AlignTop);
+  for (QLabel* line : {heading_, opponent_, game_, lastMove_}) layout->addWidget(line, row++, 1);
+  layout->setRowMinimumHeight(row++, 8);
+  layout->addWidget(comment_, row, 1);
+  layout->setRowStretch(row++, 1);
+  position_->setFixedSize(boardEdge, boardEdge);
+  layout->addWidget(position_, 0, 2, row, 1, Qt::AlignTop);
+  layout->setRowMinimumHeight(row++, 16);
+  layout->addLayout(buttons, row, 0, 1, 3);
 }
 
 void NotifyForm::ShowMove(const platform::NewMove& move) {
@@ -154,6 +163,7 @@ void NotifyForm::ShowMove(const platform::NewMove& move) {
   const int width = IsSimpleUI() ? plainTextWidth : opponent_->width();
   ShowLine(*opponent_, ShownLine(move.OpName), width);
   ShowLine(*game_, ShownLine(move.GameName), width);
+  if (!move.LastMove.empty()) lastMove_->setText(u"Last move: "_s + ShownLine(move.LastMove));
 
   comment_->setFont(
       CommentFont(comment_->font(), mail::CharacterCount(move.MoveComment) > longestBoldComment));
@@ -164,6 +174,15 @@ void NotifyForm::ShowMove(const platform::NewMove& move) {
   } else {
     comment_->setVisible(!move.MoveComment.empty());
   }
+}
+
+/// It comes a moment later, where the game can be shown.
+void NotifyForm::ShowBoard(const platform::NewMove& move) {
+  std::optional<store::GameRecord> game;
+  if (!store::FindGame(game, move.gameID) || !game) return position_->hide();
+  auto* boards = new SmallBoards(this);
+  boards->Draw({.game = *game, .edge = boardEdge, .pixelRatio = devicePixelRatioF()},
+               [this](const QPixmap& picture) { position_->setPixmap(picture); });
 }
 
 void NotifyForm::StartTicker() {
@@ -190,7 +209,11 @@ NotifyChoice AskAboutNewMove(const platform::NewMove& move) {
   const OtherPointer arrow(Qt::ArrowCursor);
   NotifyForm form(move);
   form.setModal(true);  // before it shows: then it is too late
-  BringToFront(form);
+  if (QApplication::activeWindow()) {
+    BringToFront(form);
+  } else {
+    ShowInPassing(form);
+  }
   form.exec();
   return form.UserChoice;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The dialog that tells of a new move: who has moved in which game, what he says, and four ways to
-// go on. After a time-out it answers for a user who isn't there.
+// The dialog that tells of a new move: who has moved in which game, his move and the board behind
+// it, what he says, and four ways to go on. After a time-out it answers for a user who isn't there.
 #pragma once
 
 #include <QDialog>
@@ -34,6 +34,7 @@ class NotifyForm : public QDialog {
   void AddButtons(bool isLast);
   void SetSimpleUI();
   void ShowMove(const platform::NewMove& move);
+  void ShowBoard(const platform::NewMove& move);
   void StartTicker();
 
   int ticks_ = 0;
@@ -41,11 +42,14 @@ class NotifyForm : public QDialog {
   QLabel* heading_;
   QLabel* opponent_;
   QLabel* game_;
+  QLabel* lastMove_;
+  QLabel* position_;
   PlainTextView* comment_;
   QAbstractButton* play_ = nullptr;
 };
 
-/// Runs the dialog in front of all windows.
+/// Runs the dialog in front of all windows. Whoever writes in another program's window writes on
+/// there.
 platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move);
 
 }  // namespace ui

@@ -64,7 +64,8 @@ TEST_F(NotifyFormTest, WhatItShows) {
     return Find(form, "MoveComment").font();
   };
   platform::Settings().NotificationTimeout = 2;
-  const NotifyForm form({"<b>Eva</b>", "Winter & Co", "ä<i>", true});
+  const NotifyForm form({"<b>Eva</b>", "Winter & Co", "ä<i>", true, "12... N<f6"});
+  EXPECT_EQ(Find<QLabel>(form, "LastMove").text(), u"Last move: 12... N<f6"_s);
   EXPECT_EQ(Find<QLabel>(form, "OpName").text(), u"<b>Eva</b>"_s);
   EXPECT_EQ(Find<QLabel>(form, "GameName").text(), u"Winter & Co"_s);
   EXPECT_EQ(Find<QTextEdit>(form, "MoveComment").toPlainText(), u"ä<i>"_s);

@@ -31,6 +31,7 @@
 #include "skin/program_pictures.h"
 #include "skin/strip_button.h"
 #include "skin/system_button.h"
+#include "skin/task_bar.h"
 #include "skin/window_region.h"
 #include "skin/window_skin.h"
 #include "store/repair.h"
@@ -217,8 +218,7 @@ void GameInterface::AddWindowButtons() {
     connect(button, &SystemButton::clicked, this, click);
   };
   add(u"HelpButton"_s, u"?"_s, u"Help"_s, ShowHelp);
-  add(u"MinimiseButton"_s, u"\u2013"_s, u"Minimise the game interface"_s,
-      [this] { showMinimized(); });
+  add(u"MinimiseButton"_s, u"\u2013"_s, u"Minimise the game interface"_s, [this] { BecomeIcon(); });
   add(u"HideButton"_s, u"\u00d7"_s, u"Finished with game interface"_s, [this] { close(); });
 }
 
@@ -413,10 +413,19 @@ void GameInterface::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
 }
 
+/// Where no task bar could bring it back, into the tray, which can.
+void GameInterface::BecomeIcon() {
+  if (platform::Settings().SystrayStartup && !TaskBarShowsWindows()) {
+    close();
+  } else {
+    showMinimized();
+  }
+}
+
 void GameInterface::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Escape:
-      showMinimized();
+      BecomeIcon();
       return;
     case Qt::Key_F1:
       ShowHelp();

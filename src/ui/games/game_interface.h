@@ -72,6 +72,7 @@ class GameInterface : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
+  void BecomeIcon();
   void SetSimpleUI();
   void AddMenuButtons();
   void AddToolbar();

@@ -24,11 +24,12 @@ struct SettingVariables {
   int BoardHeight = 0;
   bool DefaultView = false;  ///< always show the board from White's side
   bool AskBeforeSurrender = true;
-  std::string HiddenColumns;    ///< of the list of games, by name, each with a ";" behind it
-  bool ShowGamePreview = true;  ///< show the board of the game in the list that is pointed at
-  bool ShowMoves = true;        ///< show where a lifted piece may go
-  bool Coordinates = false;     ///< leave them on the board for good
-  bool Pairs = false;           ///< list White's move and Black's answer in one row
+  bool ComputerGamesCount = true;  ///< in the tray a game against the computer is a new move, too
+  std::string HiddenColumns;       ///< of the list of games, by name, each with a ";" behind it
+  bool ShowGamePreview = true;     ///< show the board of the game in the list that is pointed at
+  bool ShowMoves = true;           ///< show where a lifted piece may go
+  bool Coordinates = false;        ///< leave them on the board for good
+  bool Pairs = false;              ///< list White's move and Black's answer in one row
 
   // These take effect at the next start: the live value rules this run, the saved one is
   // stored.

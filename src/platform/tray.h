@@ -17,6 +17,9 @@ class Tray {
   /// connected. The tip has at most 63 characters, and there may be a second line about the mails.
   virtual void Notify(TrayOperation, int /*picture*/, const std::string& /*tip*/) {}
 
+  /// Tells something in passing beside the icon, as soon as that is there.
+  virtual void Say(const std::string& /*text*/) {}
+
   /// The list of games in the tray's menu may have changed.
   virtual void BuildGameMenu() {}
 };

@@ -30,13 +30,14 @@ namespace {
 
 /// What the store sorts by. News are sorted here, and a tie among them is broken by the status.
 constexpr const char* sortKeys[gameListColumns] = {
-    "",           "Game_status;", "Game_opponents_name;", "Game_name;", "Game_date;", "",
-    "Game_status;", "Game_status;"};
+    "", "Game_status;", "Game_opponents_name;", "Game_name;", "Game_date;",
+    "", "Game_status;", "Game_status;"};
 
 /// Those that nobody sorts by become their neighbours.
 std::int16_t SortedColumn(std::int16_t column) {
   if (column < StatusColumn) return StatusColumn;
-  return column == OpponentsIDColumn || column >= gameListColumns ? std::int16_t{DateColumn} : column;
+  return column == OpponentsIDColumn || column >= gameListColumns ? std::int16_t{DateColumn}
+                                                                  : column;
 }
 
 std::optional<std::int32_t> FirstPending() {

@@ -49,7 +49,8 @@ struct GameList {
 bool IsDescending(const std::string& order);
 
 /// Reads the games by one of the columns and keeps the sort for the next time; a column that nobody
-/// sorts by becomes its neighbour. What is sorted by news has games without any behind the others. Selects the given game, else the first of the pending ones.
+/// sorts by becomes its neighbour. What is sorted by news has games without any behind the others.
+/// Selects the given game, else the first of the pending ones.
 GameList ReadGameList(std::int16_t& column, std::string& order,
                       std::optional<std::int32_t> selectGame = {});
 

@@ -10,6 +10,11 @@ namespace shell {
 /// while the game list is open, which shows them. What the user hasn't answered stays pending.
 void NotifyNewMoves();
 
+/// Says beside the tray's icon, where the user wants to be told by a message, how many games by
+/// mail wait for his move. For the start of the program; what has just come in is told by
+/// NotifyNewMoves.
+void TellOfWaitingGames();
+
 /// Asks about the first game in PendingGames. A game that is gone is told and counts as Later.
 platform::NotifyChoice ShowNotification();
 

@@ -57,6 +57,7 @@ constexpr Default ShowMoves{"ShowMoves", "True"};
 constexpr Default Coordinates{"Coordinates", "False"};
 constexpr Default Pairs{"Pairs", "False"};
 constexpr Default AskBeforeSurrender{"AskBeforeSurrender", "True"};
+constexpr Default ComputerGamesCount{"ComputerGamesCount", "True"};
 constexpr Default HiddenColumns{"HiddenColumns", ""};
 constexpr Default ShowGamePreview{"ShowGamePreview", "True"};
 constexpr Default SimpleUI{"SimpleUI", "False"};
@@ -153,6 +154,7 @@ bool LoadSettings() {
   variables.Coordinates = ReadFlag(Coordinates);
   variables.Pairs = ReadFlag(Pairs);
   variables.AskBeforeSurrender = ReadFlag(AskBeforeSurrender);
+  variables.ComputerGamesCount = ReadFlag(ComputerGamesCount);
   variables.HiddenColumns = ReadText(HiddenColumns);
   variables.ShowGamePreview = ReadFlag(ShowGamePreview);
   variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
@@ -203,6 +205,7 @@ void SaveSettings() {
   WriteFlag(Coordinates, variables.Coordinates);
   WriteFlag(Pairs, variables.Pairs);
   WriteFlag(AskBeforeSurrender, variables.AskBeforeSurrender);
+  WriteFlag(ComputerGamesCount, variables.ComputerGamesCount);
   WriteText(HiddenColumns, variables.HiddenColumns);
   WriteFlag(ShowGamePreview, variables.ShowGamePreview);
 }

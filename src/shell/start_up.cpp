@@ -153,7 +153,9 @@ void BecomeIdle() {
   if (!platform::Settings().SystrayStartup) Windows().ShowGameList();
   UpdateTrayStatus(TrayOperation::Add);
   platform::ReleasePolling();
+  const bool anyNews = Process().NewMoveArrived;
   NotifyNewMoves();
+  if (!anyNews) TellOfWaitingGames();
   if (!Process().BoardOpen) {
     Process().HeldMailArrived = true;  // perhaps in a run that ended before he was asked
     AskAboutHeldMails(HeldMails::New);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/tray_status.h"
 
+#include <utility>
+
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
@@ -47,7 +49,9 @@ bool AnyNewArrivals() {
   platform::ProcessState& process = Process();
   if (store::IsGameFileUnchanged(process.ArrivalsStamp)) return process.ArrivalsSeen;
   store::GameRecords games;
-  if (!store::SelectGames(games, "Game_status;1")) process.ArrivalsStamp.clear();
+  const bool all = platform::Settings().ComputerGamesCount;
+  if (!store::SelectGames(games, all ? "Game_status;1" : "Game_status;1;Game_vs_computer;0"))
+    process.ArrivalsStamp.clear();
   process.ArrivalsSeen = !games.empty();
   return process.ArrivalsSeen;
 }
@@ -62,11 +66,26 @@ void UpdateTrayStatus(TrayOperation operation) {
   }
 }
 
+void CountComputerGames(bool count) {
+  if (std::exchange(platform::Settings().ComputerGamesCount, count) == count) return;
+  Process().ArrivalsStamp.clear();
+  UpdateTrayStatus(TrayOperation::Modify);
+}
+
 void RemoveTrayIcon() { SetTrayIcon(TrayOperation::Delete, NothingNew, {}); }
 
 TrayMenuState TrayMenu() {
   const bool listOpen = Process().GameListOpen;
-  return {!listOpen, !listOpen && MayStartMailGame(), !listOpen, MayDeliverNow(),
+  const auto entry = [](bool possible, const char* whyNot) -> TrayMenuEntry {
+    if (Process().CheckTimerHeld) return {false, "Please finish first what is open just now."};
+    return {possible, possible ? "" : whyNot};
+  };
+  return {entry(!listOpen, "The game list is open already."),
+          listOpen ? entry(false, "The game list is open: begin the game there.")
+                   : entry(MayStartMailGame(), "Works once your mail service is reached."),
+          entry(MayDeliverNow(), "No mail waits to be sent."),
+          entry(true, ""),
+          !listOpen,
           Process().Offline ? "Logon / Retrieve games" : "Retrieve games"};
 }
 

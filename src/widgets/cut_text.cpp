@@ -45,9 +45,10 @@ QString Breakable(QString text) {
 bool ShowCutCell(QAbstractItemView& view, const QHelpEvent& help) {
   const QModelIndex index = view.indexAt(help.pos());
   if (!platform::Settings().ShowToolTips || !index.isValid()) return false;
+  const QString text = index.data().toString();
   const QRect cell = view.visualRect(index);
-  if (view.sizeHintForIndex(index).width() <= cell.width()) return false;
-  QToolTip::showText(help.globalPos(), WholeAsTip(index.data().toString()), view.viewport(), cell);
+  if (text.isEmpty() || view.sizeHintForIndex(index).width() <= cell.width()) return false;
+  QToolTip::showText(help.globalPos(), WholeAsTip(text), view.viewport(), cell);
   return true;
 }
 

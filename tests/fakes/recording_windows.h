@@ -63,6 +63,7 @@ class RecordingTray : public platform::Tray {
  public:
   explicit RecordingTray(EventLog& log) : log_(log) {}
   void Notify(platform::TrayOperation operation, int picture, const std::string& tip) override;
+  void Say(const std::string& text) override { log_.push_back("said " + text); }
 
  private:
   EventLog& log_;

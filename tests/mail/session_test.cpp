@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mail/arrivals.h"
 #include "mail/mail_fixture.h"
 #include "mail/mail_session.h"
 #include "mail/sending.h"
@@ -90,6 +91,8 @@ TEST_F(Session, MoveGoesToTheOpponentAlone) {
   EXPECT_EQ(mail.subject, "Tarvolenix : e5, No comment.");
   EXPECT_EQ(mail.text, FromAnna(2));
   EXPECT_TRUE(desktop.boxes.messages.empty());
+  EXPECT_EQ(LastMails(), (std::map<std::string, std::int64_t>{
+                             {ThreadOf(AnnasGame()), platform::TheSeams().clock->Seconds()}}));
 }
 
 TEST_F(Session, FailureToSendIsTold) {

@@ -48,6 +48,28 @@ TEST_F(GameListTest, EachColumnSortsAndIsKeptForTheNextTime) {
   }
 }
 
+TEST_F(GameListTest, NewsSortByTheMoveAndByTheTimeOfTheLastMailInEitherDirection) {
+  store::GameRecord longest = Game(1, 2, "Carla"), word = Game(2, 1, "Anna"),
+                    none = Game(3, 1, "Bo");
+  ASSERT_TRUE(store::SaveGame(longest, {{1, "5254", "e4", ""}, {2, "5755", "e5", "well, well"}}));
+  ASSERT_TRUE(store::SaveGame(word, {{1, "0000", "Draw offer", ""}}));
+  ASSERT_TRUE(store::SaveGame(none, {}));
+  longest.GAME_DATESTAMP = "020320260805";  // a thread of its own
+  ASSERT_TRUE(store::SaveGame(longest, {}));
+  desktop.files.content["/program/Data/Tvmail.dat"] =
+      "arrived|010320260805-7|900\ndeparted|010320260805-7|2000\narrived|020320260805-7|1000\n";
+  EXPECT_EQ(List(LastMoveColumn), " 2* 1 3");
+  EXPECT_EQ(List(LastMoveColumn, "DESC"), " 1* 2 3");
+  EXPECT_EQ(List(SinceColumn), " 1* 2 3");
+  EXPECT_EQ(List(SinceColumn, "DESC"), " 2* 3 1");
+  std::int16_t column = LastMoveColumn;
+  std::string order;
+  const GameList list = ReadGameList(column, order);
+  std::string moves;
+  for (const store::GameRecord& game : list.games) moves += list.news.LastMove(game) + '/';
+  EXPECT_EQ(moves, "Draw offer/1... e5//");
+}
+
 TEST_F(GameListTest, SelectsTheWantedGameElseTheFirstPendingOneElseTheFirst) {
   for (const int id : {1, 2, 3}) Store(id, 1);
   EXPECT_EQ(List(TitleColumn, {}, 9), " 1* 2 3");

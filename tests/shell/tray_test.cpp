@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/notification.h"
 #include "shell/shell_fixture.h"
 #include "shell/tray_status.h"
 
@@ -32,6 +33,45 @@ TEST_F(TrayTest, TheIconTellsTheConnectionFirstAndThenTheGameFile) {
     UpdateTrayStatus(TrayOperation::Modify);
     EXPECT_TRUE(Happened().starts_with(row.shown)) << row.name;
     EXPECT_TRUE(desktop.files.operations.empty()) << "the games are as they were";
+  }
+}
+
+TEST_F(TrayTest, AGameAgainstTheComputerCountsIfItIsWantedAndIsNeverToldAtTheStart) {
+  Process().Offline = false;
+  store::GameRecord computer = Game(1, 1, "The Computer");
+  computer.GAME_VS_COMPUTER = true;
+  ASSERT_TRUE(store::SaveGame(computer, {{1, "5254", "e4", ""}}));
+  UpdateTrayStatus(TrayOperation::Modify);
+  CountComputerGames(false);
+  EXPECT_EQ(Happened({"tray"}).find("tray modify 2"), 0U);
+  EXPECT_FALSE(AnyNewArrivals());
+  const struct {
+    int method;
+    std::int32_t stored;
+    const char* said;
+  } rows[] = {{2, 1, ""},
+              {3, 2, "said Anna has moved: a game waits for your move."},
+              {2, 3, "said 2 games wait for your move."},
+              {1, 3, ""}};
+  for (const auto& [method, stored, said] : rows) {
+    platform::Settings().NotificationMethod = method;
+    if (stored > 1) Store(stored, 1);
+    TellOfWaitingGames();
+    EXPECT_EQ(Happened({"said"}), said) << method << stored;
+  }
+}
+
+TEST_F(TrayTest, WhatTheMenuCantDoSaysWhy) {
+  Process().Offline = false;
+  Process().GameListOpen = true;
+  EXPECT_EQ(TrayMenu().open.whyNot, "The game list is open already.");
+  Process().CheckTimerHeld = true;
+  for (const TrayMenuEntry& entry : {TrayMenu().open, TrayMenu().newGame, TrayMenu().others}) {
+    EXPECT_FALSE(entry.enabled || entry.whyNot.empty());
+  }
+  Process().CheckTimerHeld = Process().GameListOpen = false;
+  for (const TrayMenuEntry& entry : {TrayMenu().open, TrayMenu().newGame, TrayMenu().others}) {
+    EXPECT_TRUE(entry.enabled && entry.whyNot.empty());
   }
 }
 

@@ -62,6 +62,10 @@ inline constexpr Control optionsPageControls[] = {
     {"opNotifyDialog_L", Surface::Label, {60, 156, 420, 24}},
     {"Label4", Surface::Label, {60, 190, 200, 26}},
     {"opTimeoutCombo", Surface::Occasion, {264, 190, 140, 26}},
+    {"opComputerGames", Surface::Occasion, {36, 232, 20, 24}},
+    {"opComputerGames_L", Surface::Label, {60, 232, 420, 24}},
+    {"opGamePreview", Surface::Occasion, {36, 260, 20, 24}},
+    {"opGamePreview_L", Surface::Label, {60, 260, 420, 24}},
 
     // Chess set.
     {"Label8", Surface::Label, {36, 68, 190, 20}},

@@ -169,8 +169,8 @@ QVariant GameListModel::data(const QModelIndex& index, int role) const {
 
 QVariant GameListModel::headerData(int section, Qt::Orientation orientation, int role) const {
   static constexpr const char* headings[shell::gameListColumns] = {
-      "Game_ID",      "",                  "Opponent",  "Game title",
-      "Date started", "Game_opponents_ID", "Last move", "Since"};
+      "Game_ID",           "",          "Opponent", "Game title", "Date started",
+      "Game_opponents_ID", "Last move", "Since"};
   if (orientation != Qt::Horizontal || section < 0 || section >= shell::gameListColumns) return {};
   if (role == Qt::DisplayRole) return QString(QLatin1StringView(headings[section]));
   if (role == Qt::TextAlignmentRole) return AlignmentOf(section);

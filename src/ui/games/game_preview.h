@@ -38,9 +38,9 @@ class GamePreview : public QObject {
   SmallBoards boards_;
   QLabel picture_;
   QTimer patience_;
-  int row_ = -1;           // that is pointed at, or was reached by the keys
-  int waits_ = 0;          // what was asked for before counts no more
-  bool isKeyed_ = false;   // the last that was done to the grid was done by a key
+  int row_ = -1;          // that is pointed at, or was reached by the keys
+  int waits_ = 0;         // what was asked for before counts no more
+  bool isKeyed_ = false;  // the last that was done to the grid was done by a key
 };
 
 }  // namespace ui

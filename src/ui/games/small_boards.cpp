@@ -84,8 +84,7 @@ void SmallBoards::Draw(const Wanted& wanted, const std::function<void(const QPix
   });
   const platform::SettingVariables& settings = platform::Settings();
   thread_.start([promise, position = *position, set = set_, chessSet = settings.ChessSet,
-                 chessBoard = settings.ChessBoard,
-                 edge = qRound(wanted.edge * wanted.pixelRatio)] {
+                 chessBoard = settings.ChessBoard, edge = qRound(wanted.edge * wanted.pixelRatio)] {
     promise->start();
     QImage image;
     try {

@@ -31,8 +31,8 @@ class SmallBoards : public QObject {
     qreal pixelRatio = 1;
   };
 
-  /// Hands the picture to `ready`, from the user's side and with the last move marked: at once where
-  /// it is kept, else later. Never where the game or the chess set can't be read.
+  /// Hands the picture to `ready`, from the user's side and with the last move marked: at once
+  /// where it is kept, else later. Never where the game or the chess set can't be read.
   void Draw(const Wanted& wanted, const std::function<void(const QPixmap&)>& ready);
 
  private:

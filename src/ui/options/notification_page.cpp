@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/setting_variables.h"
+#include "shell/tray_status.h"
 #include "skin/look.h"
 #include "ui/options/labelled_box.h"
 #include "widgets/shown_text.h"
@@ -42,7 +43,11 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
       opNotificationSound_(new QLabel(u"None"_s, this)),
       opNotifyDialog_(new LabelledBox("opNotifyDialog", "Display a message", this)),
       Label4_(new QLabel(u"Notification dialog timeout:"_s, this)),
-      opTimeoutCombo_(new QComboBox(this)) {
+      opTimeoutCombo_(new QComboBox(this)),
+      opComputerGames_(new LabelledBox(
+          "opComputerGames", "Show games against the computer as new moves in the tray?", this)),
+      opGamePreview_(new LabelledBox(
+          "opGamePreview", "Show the board of a game that is pointed at in the list?", this)) {
   opNotificationSound_->setObjectName(u"opNotificationSound"_s);
   opNotificationSound_->setTextFormat(Qt::PlainText);
   opNotificationSound_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -53,6 +58,9 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
   for (const char* timeout : timeouts) opTimeoutCombo_->addItem(QLatin1StringView(timeout));
   for (LabelledBox* box : {opNotifySound_, opNotifyDialog_}) {
     connect(box, &QCheckBox::clicked, this, &NotificationPage::SetNotifyMethod);
+  }
+  for (LabelledBox* box : {opComputerGames_, opGamePreview_}) {
+    connect(box, &QCheckBox::clicked, this, &NotificationPage::ApplyWanted);
   }
   connect(opBrowseSound_, &QAbstractButton::clicked, this, &NotificationPage::BrowseSound);
   connect(opTimeoutCombo_, &QComboBox::activated, this, &NotificationPage::ApplyWanted);
@@ -70,8 +78,14 @@ void NotificationPage::SetSimpleUI() {
   layout->addWidget(&opNotifyDialog_->Caption(), 2, 1, 1, 2);
   layout->addWidget(Label4_, 3, 1);
   layout->addWidget(opTimeoutCombo_, 3, 2, Qt::AlignLeft);
+  int row = 4;
+  layout->setRowMinimumHeight(row++, 8);
+  for (LabelledBox* box : {opComputerGames_, opGamePreview_}) {
+    layout->addWidget(box, row, 0);
+    layout->addWidget(&box->Caption(), row++, 1, 1, 2);
+  }
   layout->setColumnStretch(2, 1);
-  layout->setRowStretch(4, 1);
+  layout->setRowStretch(row, 1);
   opBrowseSound_->setMinimumSize(96, 28);
 }
 
@@ -87,6 +101,8 @@ void NotificationPage::LoadOptions() {
   ShowSound();
   SetSoundPickEnable();
   opTimeoutCombo_->setCurrentIndex(Settings().NotificationTimeout);
+  opComputerGames_->setChecked(Settings().ComputerGamesCount);
+  opGamePreview_->setChecked(Settings().ShowGamePreview);
 }
 
 void NotificationPage::SetOptions() {
@@ -94,6 +110,8 @@ void NotificationPage::SetOptions() {
   // One beyond the list stays until another is chosen.
   const int timeout = opTimeoutCombo_->currentIndex();
   if (timeout >= 0) Settings().NotificationTimeout = timeout;
+  shell::CountComputerGames(opComputerGames_->isChecked());
+  Settings().ShowGamePreview = opGamePreview_->isChecked();
 }
 
 void NotificationPage::SetNotifyMethod() {
@@ -122,6 +140,8 @@ void NotificationPage::SetToolTips() {
   SetTip(*opBrowseSound_, "Click to choose a sound to play for new move notification");
   SetTip(*opNotificationSound_, "The sound chosen to notify you of a new move");
   SetTip(*opTimeoutCombo_, "How long to leave the new move notification dialog on screen");
+  opComputerGames_->SetTip("Whether a game against the computer shows as a new move in the tray");
+  opGamePreview_->SetTip("Whether the list shows the board of a game after a second");
 }
 
 }  // namespace ui

@@ -45,6 +45,8 @@ class NotificationPage : public QWidget {
   LabelledBox* opNotifyDialog_;
   QLabel* Label4_;
   QComboBox* opTimeoutCombo_;
+  LabelledBox* opComputerGames_;
+  LabelledBox* opGamePreview_;
 };
 
 }  // namespace ui

@@ -12,11 +12,13 @@ namespace ui {
 
 using platform::TrayOperation;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr std::chrono::milliseconds lookEvery = 250ms;
 constexpr std::chrono::milliseconds lateLookEvery = 3s;
+constexpr std::chrono::milliseconds placing = 1s;  ///< until the tray has given an icon its place
 
 }  // namespace
 
@@ -53,10 +55,21 @@ void TrayIcon::Notify(TrayOperation operation, int picture, const std::string& t
   }
 }
 
+void TrayIcon::Say(const std::string& text) {
+  unsaid_ = Shown(text);
+  if (icon_.isVisible()) QTimer::singleShot(placing, this, &TrayIcon::SayUnsaid);
+}
+
+void TrayIcon::SayUnsaid() {
+  if (unsaid_.isEmpty() || !icon_.isVisible()) return;
+  icon_.showMessage(u"Tarvolenix"_s, std::exchange(unsaid_, {}), icon_.icon());
+}
+
 /// A tray that goes away again would take the program's only sign with it.
 void TrayIcon::Show() {
   icon_.show();
   looks_.start(lateLookEvery);
+  QTimer::singleShot(placing, this, &TrayIcon::SayUnsaid);
 }
 
 void TrayIcon::Look() {

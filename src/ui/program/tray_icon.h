@@ -30,6 +30,8 @@ class TrayIcon : public QObject, public platform::Tray {
 
   void Notify(platform::TrayOperation operation, int picture, const std::string& tip) override;
 
+  void Say(const std::string& text) override;
+
   void BuildGameMenu() override;
 
   bool IsMissing() const { return missed_; }
@@ -50,6 +52,7 @@ class TrayIcon : public QObject, public platform::Tray {
 
  private:
   void Show();
+  void SayUnsaid();
 
   TrayMenu& menu_;
   IsTrayThere isTrayThere_;
@@ -57,6 +60,7 @@ class TrayIcon : public QObject, public platform::Tray {
   QTimer looks_;
   std::chrono::milliseconds waited_{0};
   bool missed_ = false;
+  QString unsaid_;  // until there is a tray
 };
 
 }  // namespace ui

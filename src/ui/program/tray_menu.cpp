@@ -6,6 +6,7 @@
 
 #include "platform/process_state.h"
 #include "platform/seams.h"
+#include "platform/setting_variables.h"
 #include "shell/mail_watch.h"
 #include "shell/tray_games.h"
 #include "shell/tray_status.h"
@@ -35,6 +36,12 @@ QAction* AddEntry(QMenu& menu, const char* name, const QString& caption,
   });
   entry->setObjectName(QLatin1StringView(name));
   return entry;
+}
+
+/// With why it can't be chosen, as its tip.
+void SetEnabled(QAction& entry, const shell::TrayMenuEntry& state) {
+  entry.setEnabled(state.enabled);
+  entry.setToolTip(Shown(state.whyNot));
 }
 
 /// Names are not the menu's own text: an "&" in them marks no key, and a long one is cut.
@@ -105,14 +112,15 @@ void TrayMenu::hideEvent(QHideEvent* event) {
 
 void TrayMenu::Refresh() {
   const shell::TrayMenuState state = shell::TrayMenu();
-  const bool free = !Process().CheckTimerHeld;
-  open_->setEnabled(free && state.open);
-  newGame_->setEnabled(free && state.newGame);
-  games_->menuAction()->setVisible(state.games);
-  games_->setEnabled(free);
+  setToolTipsVisible(platform::Settings().ShowToolTips);
+  SetEnabled(*open_, state.open);
+  SetEnabled(*newGame_, state.newGame);
+  SetEnabled(*deliver_, state.deliver);
   retrieve_->setText(Shown(state.retrieveCaption));
-  deliver_->setEnabled(free && state.deliver);
-  for (QAction* entry : {retrieve_, account_, heldMails_, options_, exit_}) entry->setEnabled(free);
+  games_->menuAction()->setVisible(state.games);
+  for (QAction* entry : {games_->menuAction(), retrieve_, account_, heldMails_, options_, exit_}) {
+    SetEnabled(*entry, state.others);
+  }
 }
 
 void TrayMenu::BuildGames() {

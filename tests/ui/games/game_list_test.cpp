@@ -7,6 +7,7 @@
 #include <QToolTip>
 
 #include "ui/games/game_interface.h"
+#include "ui/games/game_list_columns.h"
 #include "ui/games/game_list_grid.h"
 #include "ui/skin_fixture.h"
 
@@ -165,6 +166,64 @@ TEST_F(GameInterfaceTest, KeysAndMouseOnAGamePlayDeleteAndPopUp) {
   EXPECT_EQ(Grid().model()->rowCount(), 3);
   QTest::keyClick(&Grid(), Qt::Key_Backspace);
   EXPECT_EQ(Opponents(), u"Zoé <i>Bob</i>"_s);
+}
+
+TEST_F(GameInterfaceTest, ColumnsHideAndTheLastOneTakesTheRest) {
+  StoreThree();
+  Open();
+  EXPECT_EQ(TextAt(0, shell::LastMoveColumn), u"1. e4"_s);
+  const auto last = [this] {
+    const QHeaderView& heading = *Grid().horizontalHeader();
+    return heading.logicalIndexAt(heading.viewport()->width() - 3);
+  };
+  for (const auto& [hidden, lastColumn] :
+       {std::pair("", shell::DateColumn), std::pair("Date;", shell::SinceColumn),
+        std::pair("Opponent;LastMove;Since;Date;", shell::TitleColumn),
+        std::pair("Undate;Date", shell::DateColumn)}) {
+    platform::Settings().HiddenColumns = hidden;
+    window_->ShowColumns();
+    EXPECT_EQ(last(), lastColumn) << hidden;
+  }
+  platform::Settings().HiddenColumns = "Opponent;";
+  const std::vector<MenuRow> rows = ColumnRows([this] { window_->ShowColumns(); });
+  rows[0].action();
+  rows[2].action();
+  EXPECT_EQ(platform::Settings().HiddenColumns, "LastMove;");
+  EXPECT_TRUE(Grid().isColumnHidden(shell::LastMoveColumn));
+  EXPECT_FALSE(Grid().isColumnHidden(shell::OpponentColumn));
+}
+
+TEST_F(GameInterfaceTest, TheBoardOfAGameComesWhereItIsPointedAtAndGoesWithAnyKeyOrClick) {
+  StoreThree();
+  SaveChessSet(folder_.path() + u"/Graphics/Classic Wood"_s);
+  Open();
+  BringUp(*window_);
+  const auto board = [] {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == u"GamePreview"_s && window->isVisible()) return window;
+    }
+    return static_cast<QWidget*>(nullptr);
+  };
+  QWidget& games = *Grid().viewport();
+  const Action ends[] = {[](QWidget& list) { QTest::keyClick(&list, Qt::Key_Shift); },
+                         [](QWidget& list) {
+                           QTest::mouseClick(&list, Qt::LeftButton, {}, {5, 5});
+                         },
+                         [](QWidget& list) {
+                           QEvent leave(QEvent::Leave);
+                           QApplication::sendEvent(&list, &leave);
+                         }};
+  int row = 0;
+  for (const Action& end : ends) {
+    QTest::mouseMove(&games, RowPlace(row++));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return board() != nullptr; }));
+    EXPECT_TRUE(window_->isActiveWindow());
+    end(games);
+    EXPECT_FALSE(board());
+  }
+  platform::Settings().ShowGamePreview = false;
+  QTest::keyClick(&Grid(), Qt::Key_Down);
+  EXPECT_FALSE(QTest::qWaitFor([&] { return board() != nullptr; }, 1500));
 }
 
 TEST_F(GameInterfaceTest, ACutTextShowsWholeWhereItIsPointedAt) {

@@ -221,9 +221,6 @@ TEST_F(GameInterfaceTest, TheBoardOfAGameComesWhereItIsPointedAtAndGoesWithAnyKe
     end(games);
     EXPECT_FALSE(board());
   }
-  platform::Settings().ShowGamePreview = false;
-  QTest::keyClick(&Grid(), Qt::Key_Down);
-  EXPECT_FALSE(QTest::qWaitFor([&] { return board() != nullptr; }, 1500));
 }
 
 TEST_F(GameInterfaceTest, ACutTextShowsWholeWhereItIsPointedAt) {

@@ -57,6 +57,7 @@ constexpr Default ShowMoves{"ShowMoves", "True"};
 constexpr Default Coordinates{"Coordinates", "False"};
 constexpr Default Pairs{"Pairs", "False"};
 constexpr Default AskBeforeSurrender{"AskBeforeSurrender", "True"};
+constexpr Default SetUpFirst{"SetUpFirst", "True"};
 constexpr Default ComputerGamesCount{"ComputerGamesCount", "True"};
 constexpr Default HiddenColumns{"HiddenColumns", ""};
 constexpr Default ShowGamePreview{"ShowGamePreview", "True"};
@@ -154,6 +155,7 @@ bool LoadSettings() {
   variables.Coordinates = ReadFlag(Coordinates);
   variables.Pairs = ReadFlag(Pairs);
   variables.AskBeforeSurrender = ReadFlag(AskBeforeSurrender);
+  variables.SetUpFirst = ReadFlag(SetUpFirst);
   variables.ComputerGamesCount = ReadFlag(ComputerGamesCount);
   variables.HiddenColumns = ReadText(HiddenColumns);
   variables.ShowGamePreview = ReadFlag(ShowGamePreview);
@@ -205,6 +207,7 @@ void SaveSettings() {
   WriteFlag(Coordinates, variables.Coordinates);
   WriteFlag(Pairs, variables.Pairs);
   WriteFlag(AskBeforeSurrender, variables.AskBeforeSurrender);
+  WriteFlag(SetUpFirst, variables.SetUpFirst);
   WriteFlag(ComputerGamesCount, variables.ComputerGamesCount);
   WriteText(HiddenColumns, variables.HiddenColumns);
   WriteFlag(ShowGamePreview, variables.ShowGamePreview);

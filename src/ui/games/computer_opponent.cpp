@@ -67,7 +67,7 @@ ComputerOpponent::ComputerOpponent(QWidget* dialog)
   depth_->setCurrentIndex(platform::Settings().SearchDepth);
   FillStyles(*style_);
   setUp_->setObjectName(u"SetUpFirst"_s);
-  setUp_->setChecked(platform::Process().SetupGame);
+  setUp_->setChecked(platform::Process().SetupGame && platform::Settings().SetUpFirst);
   SetTip(*setUp_, "Else the game begins at once, from the usual position");
 }
 
@@ -88,7 +88,7 @@ bool ComputerOpponent::Apply() const {
   const QByteArray style = style_->currentData().toByteArray();
   if (!style.isEmpty() && !LoadStyle(style)) return false;
   platform::Settings().SearchDepth = depth_->currentIndex();
-  platform::Process().SetupGame = setUp_->isChecked();
+  platform::Process().SetupGame = platform::Settings().SetUpFirst = setUp_->isChecked();
   return true;
 }
 

@@ -15,7 +15,8 @@ class ComputerOpponent : public QObject {
   Q_OBJECT
 
  public:
-  /// Begins with what counts now. The controls are the dialog's.
+  /// Begins with what counts now, and sets no pieces up first where the user didn't want that the
+  /// last time. The controls are the dialog's.
   explicit ComputerOpponent(QWidget* dialog);
 
   /// Lays the controls out, from `row` on; answers the row behind them.

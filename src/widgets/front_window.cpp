@@ -4,9 +4,25 @@
 #include <QApplication>
 #include <QLayout>
 #include <QScreen>
+#include <QTimer>
 #include <QWidget>
+#include <QWindow>
+
+#include <chrono>
 
 namespace ui {
+
+namespace {
+
+constexpr std::chrono::milliseconds whileNew{700};
+
+/// From now on it gets them where the user wants that.
+void TakeKeys(QWidget& window) {
+  window.overrideWindowFlags(window.windowFlags() & ~Qt::WindowDoesNotAcceptFocus);
+  if (QWindow* handle = window.windowHandle()) handle->setFlag(Qt::WindowDoesNotAcceptFocus, false);
+}
+
+}  // namespace
 
 void ShowInTheMiddle(QWidget& window) {
   if (QLayout* layout = window.layout()) layout->activate();
@@ -31,9 +47,12 @@ void BringToFront(QWidget& window) {
 
 void ShowInPassing(QWidget& window) {
   window.setAttribute(Qt::WA_ShowWithoutActivating);
+  // Some window managers give the keys to whatever is new and takes them.
+  window.setWindowFlag(Qt::WindowDoesNotAcceptFocus);
   ShowInTheMiddle(window);
   window.raise();
   QApplication::alert(&window);
+  QTimer::singleShot(whileNew, &window, [&window] { TakeKeys(window); });
 }
 
 void BringActiveWindowToFront() {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/conversions.h"
+#include "platform/fingerprint.h"
 #include "platform/mail_address.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
@@ -128,16 +129,7 @@ std::string_view NameOf(Objection objection) {
 }
 
 std::string IdentifierOf(const ReceivedMail& mail) {
-  // FNV-1a, 64 bits (Fowler, Noll, Vo).
-  std::uint64_t hash = 14695981039346656037U;
-  for (const char c : platform::ComparableAddress(mail.address) + '\n' + mail.text) {
-    hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
-  }
-  std::string digits(16, '0');
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, hash >>= 4) {
-    *digit = "0123456789abcdef"[hash & 15];
-  }
-  return digits;
+  return platform::Fingerprint(platform::ComparableAddress(mail.address) + '\n' + mail.text);
 }
 
 std::optional<HeldMail> FindHeldMail(const std::string& id) {

@@ -160,4 +160,24 @@ std::string HtmlToText(std::string_view html) {
   return platform::ReplaceAll(walk.text, noBreakSpace, " ");
 }
 
+std::string TextToHtml(std::string_view text) {
+  constexpr std::string_view meaning = "&<>\"'";
+  std::string html;
+  while (!text.empty()) {
+    const auto [code, length, isWellFormed] = platform::FirstCharacter(text);
+    const bool isSecondBlank = code == ' ' && (html.empty() || IsBlank(html.back()));
+    if (code == '\n') {
+      html += "<br>\n";
+    } else if (isSecondBlank) {
+      html += "&#160;";
+    } else if (code > 126 || meaning.find(text.front()) != std::string_view::npos) {
+      html.append("&#").append(std::to_string(code)).append(";");
+    } else if (code >= ' ') {
+      html += text.front();
+    }
+    text.remove_prefix(length);
+  }
+  return html;
+}
+
 }  // namespace letters

@@ -2,10 +2,11 @@
 #include <algorithm>
 
 #include "letters/mail_library.h"
+#include "letters/mail_parts.h"
 #include "letters/mail_text.h"
 #include "letters/message_ids.h"
+#include "platform/ascii.h"
 #include "platform/move_subject.h"
-#include "platform/text_fields.h"
 
 namespace letters {
 namespace {
@@ -13,18 +14,14 @@ namespace {
 using platform::MailError;
 using platform::subjectPrefix;
 
-/// A line of a mail may have 998 bytes; some programs count its end.
-constexpr std::size_t longestLine = 990;
-
 /// What fits into one line of a header beside the field's name.
 constexpr std::size_t longestPlainValue = 66;
 
+/// Bytes of a mail beyond which it goes without the page beside its text.
+constexpr std::size_t greatestWithPage = 40'000;
+
 /// Bytes of one encoded word, which with its frame then fits there too.
 constexpr std::size_t longestEncoded = 39;
-
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](unsigned char c) { return c < 128; });
-}
 
 bool IsLetterOrDigit(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
@@ -34,17 +31,6 @@ std::string Trimmed(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
   return std::string(text);
-}
-
-std::string Encoded(const std::string& bytes, const vmime::encoding& encoding) {
-  std::string result;
-  vmime::utility::inputStreamStringAdapter in(bytes);
-  vmime::utility::outputStreamStringAdapter out(result);
-  const auto encoder = encoding.getEncoder();
-  encoder->getProperties()["text"] = true;
-  encoder->getProperties()["maxlinelength"] = 74;
-  encoder->encode(in, out);
-  return result;
 }
 
 /// A header's text as encoded words, each on a line of its own and none ending within a character.
@@ -81,7 +67,7 @@ std::string Folded(std::string_view text) {
 std::string SubjectValue(const std::string& subject) {
   std::string clean = WithoutReserved(subject);
   const bool plain =
-      IsAscii(clean) && clean.find("=?") == std::string::npos && Trimmed(clean) == clean;
+      platform::IsAscii(clean) && clean.find("=?") == std::string::npos && Trimmed(clean) == clean;
   std::string folded = plain ? Folded(clean) : std::string{};
   if (!folded.empty()) return folded;
   const std::size_t ahead = subjectPrefix.size() + 1;
@@ -125,47 +111,28 @@ std::string RecipientsValue(const std::vector<Mailbox>& recipients) {
   return value;
 }
 
-/// Every line end as a mail has it.
-std::string WithMailLineEnds(const std::string& text) {
-  const std::string bare =
-      platform::ReplaceAll(platform::ReplaceAll(text, "\r\n", "\n"), "\r", "\n");
-  return platform::ReplaceAll(bare, "\n", "\r\n");
-}
-
-/// Whoever keeps many mails in one file tells by such a line where the next one begins, and would
-/// change it.
-constexpr std::string_view nextMail = "From ";
-
-/// Whether a text may travel as it is: short lines that mean nothing, and no zero byte.
-bool FitsMailLines(std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = std::min(text.find("\r\n", at), text.size());
-    if (end - at > longestLine || text.substr(at).starts_with(nextMail)) return false;
-    at = end + 2;
-  }
-  return text.find('\0') == std::string_view::npos;
-}
-
-const char* EncodingFor(std::string_view text, Lines lines) {
-  namespace types = vmime::encodingTypes;
-  const bool ascii = IsAscii(text);
-  if (!FitsMailLines(text) || (lines == Lines::SevenBit && !ascii)) return types::QUOTED_PRINTABLE;
-  return ascii ? types::SEVEN_BIT : types::EIGHT_BIT;
-}
-
-std::string EncodedBody(const std::string& text, const std::string& encoding) {
-  std::string body = Encoded(text, vmime::encoding(encoding));
-  if (encoding != vmime::encodingTypes::QUOTED_PRINTABLE) return body;
-  const std::string harmless = "\r\n=46" + std::string(nextMail.substr(1));
-  const std::string harmful = "\r\n" + std::string(nextMail);
-  return platform::ReplaceAll("\r\n" + body, harmful, harmless).substr(2);
-}
-
 /// What the mail belongs to, in each mail client's eyes.
 std::string ThreadFields(const std::string& thread) {
   if (thread.empty()) return {};
   const std::string root = RootIDOf(thread);
   return "In-Reply-To: " + root + "\r\nReferences: " + root + "\r\n";
+}
+
+/// All fields but those that describe the content.
+std::string HeaderOf(const OutgoingMail& mail) {
+  const std::pair<const char*, std::string> fields[] = {
+      {"From", MailboxValue(mail.from)},
+      {"To", RecipientsValue(mail.to)},
+      {"Subject", SubjectValue(mail.subject)},
+      {"Date", vmime::datetime::now().generate()},
+      {"Message-ID", WithoutReserved(mail.messageID.empty() ? NewMessageID(mail) : mail.messageID)},
+      {"MIME-Version", "1.0"},
+  };
+  std::string header;
+  for (const auto& [name, value] : fields) {
+    header.append(name).append(": ").append(value).append("\r\n");
+  }
+  return header + ThreadFields(mail.thread);
 }
 
 }  // namespace
@@ -182,24 +149,10 @@ std::string EnvelopeAddress(std::string_view address) {
 
 std::string ComposeMail(const OutgoingMail& mail, Lines lines) {
   return RaisingMailErrors([&mail, lines] {
-    const std::string text = WithMailLineEnds(mail.text);
-    const std::string encoding = EncodingFor(text, lines);
-    const std::pair<const char*, std::string> fields[] = {
-        {"From", MailboxValue(mail.from)},
-        {"To", RecipientsValue(mail.to)},
-        {"Subject", SubjectValue(mail.subject)},
-        {"Date", vmime::datetime::now().generate()},
-        {"Message-ID",
-         WithoutReserved(mail.messageID.empty() ? NewMessageID(mail) : mail.messageID)},
-        {"MIME-Version", "1.0"},
-        {"Content-Type", "text/plain; charset=utf-8"},
-        {"Content-Transfer-Encoding", encoding},
-    };
-    std::string bytes;
-    for (const auto& [name, value] : fields) {
-      bytes.append(name).append(": ").append(value).append("\r\n");
-    }
-    return bytes + ThreadFields(mail.thread) + "\r\n" + EncodedBody(text, encoding);
+    const std::string header = HeaderOf(mail);
+    const std::string text = TextPart("plain", mail.text, lines);
+    const std::string dressed = WithPage(text, mail.page, lines);
+    return header + (header.size() + dressed.size() > greatestWithPage ? text : dressed);
   });
 }
 

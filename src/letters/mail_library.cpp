@@ -71,6 +71,17 @@ std::string ToUtf8(const std::string& bytes, const vmime::charset& declared) {
   return ValidLines(bytes);
 }
 
+std::string Encoded(const std::string& bytes, const vmime::encoding& encoding) {
+  std::string result;
+  vmime::utility::inputStreamStringAdapter in(bytes);
+  vmime::utility::outputStreamStringAdapter out(result);
+  const auto encoder = encoding.getEncoder();
+  encoder->getProperties()["text"] = true;
+  encoder->getProperties()["maxlinelength"] = 74;
+  encoder->encode(in, out);
+  return result;
+}
+
 std::string ToUtf8(const vmime::text& text) {
   // A character may be cut in two between encoded words of one charset.
   std::string result;

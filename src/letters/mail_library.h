@@ -45,4 +45,7 @@ std::string ToUtf8(const std::string& bytes, const vmime::charset& declared);
 
 std::string ToUtf8(const vmime::text& text);
 
+/// `bytes` as they travel in an encoding, in lines that fit a mail.
+std::string Encoded(const std::string& bytes, const vmime::encoding& encoding);
+
 }  // namespace letters

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/mail_client.h"
+#include "platform/move_pages.h"
 
 namespace letters {
 
@@ -37,6 +38,7 @@ struct OutgoingMail {
   std::string text;
   std::string thread = {};     ///< letters, digits and "-"; blank where the mail belongs to nothing
   std::string messageID = {};  ///< with its angle brackets; made anew where it is blank
+  platform::MovePage page = {};  ///< beside the text, where it has any HTML
 };
 
 }  // namespace letters

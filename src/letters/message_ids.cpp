@@ -5,6 +5,7 @@
 #include <random>
 
 #include "letters/mail_text.h"
+#include "platform/fingerprint.h"
 
 namespace letters {
 namespace {
@@ -34,6 +35,10 @@ std::string NewMessageID(const OutgoingMail& mail) {
 }
 
 std::string RootIDOf(std::string_view thread) { return Named(thread) + "@tarvolenix.invalid>"; }
+
+std::string ContentIDOf(std::string_view content) {
+  return platform::Fingerprint(content) + "@tarvolenix.invalid";
+}
 
 std::string ThreadOfID(std::string_view messageID) {
   if (!messageID.starts_with(start)) return {};

@@ -18,6 +18,9 @@ std::string NewMessageID(const OutgoingMail& mail);
 /// No mail bears it.
 std::string RootIDOf(std::string_view thread);
 
+/// Of a part of a mail, by what it says; without the angle brackets.
+std::string ContentIDOf(std::string_view content);
+
 /// What the mail with this identifier belongs to; blank where it is none of ours, or belongs to
 /// nothing.
 std::string ThreadOfID(std::string_view messageID);

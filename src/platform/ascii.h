@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Capitals and small letters of A to Z alone, as file formats and protocols mean them. The standard
-// library's would depend on the locale: in some, the small letter of I isn't i.
+// ASCII: capitals and small letters of A to Z alone, as file formats and protocols mean them. The
+// standard library's would depend on the locale: in some, the small letter of I isn't i.
 #pragma once
 
 #include <algorithm>
@@ -27,6 +27,10 @@ inline std::string Uppered(std::string_view text) {
   std::string uppered(text);
   for (char& c : uppered) c = Uppered(c);
   return uppered;
+}
+
+inline bool IsAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](unsigned char c) { return c < 128; });
 }
 
 inline bool SameWithoutCase(std::string_view one, std::string_view other) {

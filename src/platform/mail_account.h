@@ -21,6 +21,7 @@ struct MailAccount {
   int SmtpPort = 465;
   std::string SmtpSecurity = "Tls";
   std::string UserName;
+  bool SendPage = true;      ///< beside each move's text, for people who open the mail
   std::string TokenCommand;  ///< prints a token that stands for the password; blank: a password
 
   bool operator==(const MailAccount&) const = default;

@@ -18,6 +18,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/move_pages.h"
+
 namespace platform {
 
 struct MailError : std::runtime_error {
@@ -85,6 +87,10 @@ class MAPIMessages {
   /// The plain text body, UTF-8. Lines end in carriage return and line feed where the mail's do.
   virtual std::string MsgNoteText() = 0;
   virtual void MsgNoteText(const std::string& text) = 0;
+
+  /// What stands beside the outgoing text for people; a blank page stands for none. A service may
+  /// send the text without it, and it doesn't come back with a mail that was fetched.
+  virtual void MsgPage(const MovePage& page) = 0;
 
   /// What the outgoing mail belongs to: a newer mail of the same thread says all that an older one
   /// says. Blank where it belongs to nothing.

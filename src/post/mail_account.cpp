@@ -46,6 +46,8 @@ constexpr PortField portFields[] = {
     {"SmtpPort", &MailAccount::SmtpPort},
 };
 
+constexpr const char* sendPage = "SendPage";
+
 platform::StoredValue Stored(const char* name) {
   return platform::ReadRegistryOrRaise(platform::mailSection, name);
 }
@@ -69,6 +71,9 @@ MailAccount LoadMailAccount() {
     const auto stored = Stored(name);
     const auto port = stored ? platform::ToInteger32(*stored) : std::nullopt;
     if (port && *port > 0 && *port < 65536) account.*member = *port;
+  }
+  if (const auto stored = Stored(sendPage)) {
+    account.SendPage = platform::ToBoolean(*stored).value_or(true);
   }
   if (!account.PostFolder.ends_with('/')) account.PostFolder += '/';
   return account;
@@ -95,6 +100,7 @@ bool SaveMailAccount(const MailAccount& account) {
   for (const auto& [name, member] : portFields) {
     if (!post) values.emplace_back(name, std::to_string(account.*member));
   }
+  values.emplace_back(sendPage, platform::BooleanText(account.SendPage));
   return platform::WriteRegistry(platform::mailSection, values);
 }
 

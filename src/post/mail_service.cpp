@@ -442,6 +442,7 @@ void MailService::Send() {
   if (outgoing_.to.empty()) throw MailError("no recipient");
   letters::OutgoingMail mail = outgoing_;
   mail.from = {account_.MyName, account_.MyAddress};
+  if (!account_.SendPage) mail.page = {};
   Telling([this, &mail] {
     // What can't be a mail must not wait for ever.
     const bool isLocal = account_.MailKind == "Post";

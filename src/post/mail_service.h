@@ -84,6 +84,7 @@ class MailService : public platform::MAPISession,
   void MsgSubject(const std::string& subject) override { outgoing_.subject = subject; }
   std::string MsgNoteText() override;
   void MsgNoteText(const std::string& text) override { outgoing_.text = text; }
+  void MsgPage(const platform::MovePage& page) override { outgoing_.page = page; }
   void MsgThread(const std::string& thread) override { outgoing_.thread = thread; }
   std::string MsgOrigDisplayName() override;
   std::string MsgOrigAddress() override;

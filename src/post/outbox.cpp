@@ -49,6 +49,8 @@ std::string Written(const QueuedMail& queued) {
   Write(text, "MessageID", mail.messageID);
   Write(text, "Subject", mail.subject);
   Write(text, "Text", mail.text);
+  Write(text, "Page", mail.page.html);
+  Write(text, "Picture", mail.page.picture);
   Write(text, "Queued", std::to_string(queued.queued));
   Write(text, "NextTry", std::to_string(queued.nextTry));
   Write(text, "Tries", std::to_string(queued.tries));
@@ -91,11 +93,10 @@ bool TakeState(std::string_view value, QueueState& state) {
 /// False where the value can't be. What a later version adds is passed over.
 bool Take(std::string_view name, std::string_view value, QueuedMail& queued) {
   letters::OutgoingMail& mail = queued.mail;
-  const std::pair<std::string_view, std::string*> texts[] = {{"Thread", &mail.thread},
-                                                             {"MessageID", &mail.messageID},
-                                                             {"Subject", &mail.subject},
-                                                             {"Text", &mail.text},
-                                                             {"Reason", &queued.reason}};
+  const std::pair<std::string_view, std::string*> texts[] = {
+      {"Thread", &mail.thread},  {"MessageID", &mail.messageID}, {"Subject", &mail.subject},
+      {"Text", &mail.text},      {"Page", &mail.page.html},      {"Picture", &mail.page.picture},
+      {"Reason", &queued.reason}};
   for (const auto& [known, text] : texts) {
     if (name == known) *text = value;
   }

@@ -99,7 +99,9 @@ void MemoryMail::DeleteRecipient() {
 
 void MemoryMail::Send() {
   Called("Send");
-  for (const auto& [name, address] : recipients_) sent.push_back({subject_, text_, name, address});
+  for (const auto& [name, address] : recipients_) {
+    sent.push_back({subject_, text_, name, address, page_});
+  }
 }
 
 void MemoryMail::Show(bool) {

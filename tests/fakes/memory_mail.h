@@ -31,6 +31,7 @@ struct SentMail {
   std::string text;
   std::string recipientName;
   std::string recipientAddress;
+  platform::MovePage page = {};
 };
 
 class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
@@ -78,6 +79,7 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
 
   void MsgSubject(const std::string& subject) override { subject_ = subject; }
   void MsgNoteText(const std::string& text) override { text_ = text; }
+  void MsgPage(const platform::MovePage& page) override { page_ = page; }
   void MsgThread(const std::string&) override {}
   int RecipCount() override { return static_cast<int>(recipients_.size()); }
   void RecipIndex(int index) override { recipient_ = static_cast<std::size_t>(index); }
@@ -108,6 +110,7 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
   bool moreToCome_ = false;
   int index_ = 0;
   std::string subject_, text_;
+  platform::MovePage page_;
   std::vector<platform::Recipient> recipients_;
   std::size_t recipient_ = 0;
   bool mayAsk_ = false;

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <regex>
 #include <sstream>
 
+#include "letters/html_text.h"
 #include "letters/message_ids.h"
 #include "platform/mail_client.h"
 
@@ -34,6 +36,10 @@ const ReadCase readCases[] = {
      "Y-2--\n"
      "\n--X Y\n\ntwo\n--X Y--\nepilogue",
      "", "/a@b", "one\n--X Y3\ntwo"},
+    {"HTML that we write",
+     "From: a@b\nContent-Type: text/html\n\n<p>" + letters::TextToHtml(" a  b\r\n &amp;<i>\"ü♔'|") +
+         "</p>",
+     "", "/a@b", " a  b\r\n&amp;<i>\"ü♔'|"},
 };
 
 TEST(MailTextTest, ReadsMailsOfOtherPrograms) {
@@ -135,6 +141,35 @@ TEST(MailTextTest, TextsTravelInTheirPlainestForm) {
       EXPECT_EQ(seven && std::any_of(bytes.begin(), bytes.end(), [](char c) { return c < 0; }),
                 false);
     }
+  }
+}
+
+TEST(MailTextTest, APageStandsBesideTheTextAsLongAsThereIsRoom) {
+  const std::string boundary = "--=_tarvolenix.0";
+  const struct {
+    const char* name;
+    std::string html, picture;
+    std::string types;
+  } rows[] = {
+      {"no page", "", "picture", "plain "},
+      {"a page", "<p>From " + boundary, "", "alternative plain html "},
+      {"a page with a picture", "<p>ü", "\x89PNG\r\n", "alternative plain related html png "},
+      {"a page too large", std::string(38000, 'x'), "PNG", "plain "},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const std::string text = "Hi\r\n" + boundary + "\r\n";
+    const std::string bytes =
+        ComposeMail({{"", "a@b"}, {{"", "c@d"}}, "s", text, "", "", {row.html, row.picture}});
+    EXPECT_EQ(ParseMail(bytes).text, text);
+    std::string types;
+    const std::regex type("Content-Type: [a-z]+/([a-z]+)");
+    for (std::sregex_iterator at(bytes.begin(), bytes.end(), type), end; at != end; ++at) {
+      types += at->str(1) + ' ';
+    }
+    EXPECT_EQ(types, row.types);
+    const std::string id = "\r\nContent-ID: <" + letters::ContentIDOf(row.picture) + ">\r\n";
+    EXPECT_EQ(bytes.find(id) != bytes.npos, types.ends_with("png "));
   }
 }
 

@@ -249,13 +249,14 @@ TEST(DeliveryPolicyTest, ItIsTriedEverMoreRarelyForFiveDaysWhateverTheClockSays)
 
 TEST_F(DeliveryTest, WhatIsNoWholeMailIsPassedOverAndStays) {
   const letters::OutgoingMail mail = {
-      {}, {{"Yöu|\n", "a@b"}, {"", "c@d"}}, "a\nb", "x\r\n\0y", "1-2", "<3@4>"};
+      {}, {{"Yöu|\n", "a@b"}, {"", "c@d"}}, "a\nb", "x\r\n\0y", "1-2", "<3@4>", {"<p>", "PNG\n"}};
   const std::string file = outbox_.Add(mail, 7).file;
   const std::string path = OutboxFolder("me@example.org") + file;
   const auto [known] = std::array{outbox_.Mails().at(0)};
   EXPECT_EQ(known.mail.to[0].name + known.mail.to[1].address, "Yöu|\nc@d");
   EXPECT_EQ(known.mail.subject + known.mail.text + known.mail.thread + known.mail.messageID,
             "a\nbx\r\n1-2<3@4>");
+  EXPECT_EQ(known.mail.page, mail.page);
   const std::string whole = desktop_.files.content[path];
   for (std::size_t size = 0; size < whole.size(); ++size) {
     desktop_.files.content[path] = whole.substr(0, size);

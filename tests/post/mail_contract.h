@@ -64,6 +64,7 @@ class MailContractTest : public testing::TestWithParam<MailKind> {
     messages_.RecipType(1);
     messages_.MsgSubject(subject);
     messages_.MsgNoteText(text);
+    messages_.MsgPage({text.empty() ? "" : "<p>A page", "a picture"});
   }
 
   /// Answers what is left of it in the outbox.

@@ -96,7 +96,7 @@ class ScriptedTransport : public post::MailTransport {
   void MarkRead(const std::string& id) override { script_.Called("mark" + id); }
   void Remove(const std::string& id) override { script_.Called("remove" + id); }
   void Send(const letters::OutgoingMail& mail) override {
-    script_.Called("send:" + mail.from.address + ">" + mail.to.at(0).address);
+    script_.Called("send:" + mail.to.at(0).address + mail.page.html);
   }
   void Close() override { script_.Called("close"); }
   void Hurry() override { script_.Open(); }
@@ -360,6 +360,22 @@ TEST_F(MailServiceTest, TheAddressBookFillsTheOutgoingBuffer) {
   picked.reset();
   EXPECT_THROW(service_.Show(false), MailError);
   EXPECT_EQ(service_.RecipCount(), 2);
+}
+
+TEST_F(MailServiceTest, APageGoesWithAMailWhereTheUserWantsIt) {
+  for (const bool wanted : {true, false}) {
+    answer_->account.MyAddress = "me@x";
+    answer_->account.SendPage = wanted;
+    EXPECT_TRUE(SaveAccountAnswer(*answer_, passwords_));
+    SignOn();
+    service_.RecipAddress("you@x");
+    service_.MsgPage({"-with-page", ""});
+    service_.Send();
+    events_.RunUntil([this] { return service_.OnItsWay().empty(); });
+    service_.SignOff();
+    const std::string sent = wanted ? "send:you@x-with-page " : "send:you@x ";
+    EXPECT_NE(script_.Calls().find(sent), std::string::npos);
+  }
 }
 
 }  // namespace

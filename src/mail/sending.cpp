@@ -20,6 +20,15 @@
 namespace mail {
 namespace {
 
+/// A move is never lost for its dress.
+platform::MovePage PageOf(std::int32_t gameID) {
+  try {
+    return platform::TheSeams().movePages->PageOf(gameID);
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
 void Compose(const OutgoingGame& game) {
   platform::MAPIMessages& messages = *platform::TheSeams().MMess;
   messages.MsgIndex(-1);
@@ -36,6 +45,7 @@ void Compose(const OutgoingGame& game) {
   messages.MsgThread(ThreadOf(record));
   messages.MsgSubject(BuildMailSubject(game.moves));
   messages.MsgNoteText(BuildMailBody(record, game.moves));
+  messages.MsgPage(PageOf(record.GAME_ID));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "platform/mail_client.h"
 #include "platform/mail_state.h"
 #include "platform/message_boxes.h"
+#include "platform/move_pages.h"
 #include "platform/printing.h"
 #include "platform/screen.h"
 #include "platform/session_start.h"
@@ -34,6 +35,7 @@ struct Seams {
   MAPISession* MSess = nullptr;
   MAPIMessages* MMess = nullptr;
   MailState* mailState = &noMailState;
+  MovePages* movePages = &noMovePages;
   AddressBook* addressBook = nullptr;
   SettingsStore* settings = nullptr;
   MessageBoxes* messageBoxes = nullptr;

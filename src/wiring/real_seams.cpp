@@ -21,6 +21,7 @@ RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAcco
   seams.MSess = &mail_;
   seams.MMess = &mail_;
   seams.mailState = &mail_;
+  seams.movePages = &movePages_;
   seams.settings = &settings_;
   seams.sessionStart = &autostart_;
   seams.sounds = sounds_.get();

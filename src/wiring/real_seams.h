@@ -11,6 +11,7 @@
 #include "desktop/posix_files.h"
 #include "desktop/qt_events.h"
 #include "desktop/system_clock.h"
+#include "pages/mail_pages.h"
 #include "platform/sounds.h"
 #include "post/mail_service.h"
 #include "post/passwords.h"
@@ -41,6 +42,7 @@ class RealSeams {
   desktop::SystemClock clock_;
   std::unique_ptr<platform::Sounds> sounds_;
   desktop::QtEvents events_;
+  pages::MailPages movePages_;
   post::MailService mail_;
 };
 

@@ -84,8 +84,20 @@ TEST_F(Session, MoveGoesToTheOpponentAlone) {
     desktop.mail.RecipIndex(leftOver);
     desktop.mail.RecipAddress("left@over.org");
   }
+  struct : platform::MovePages {
+    platform::MovePage PageOf(std::int32_t gameID) override {
+      if (raises) throw std::runtime_error("no page");
+      return {std::to_string(gameID), "picture"};
+    }
+    bool raises = false;
+  } movePages;
+  platform::TheSeams().movePages = &movePages;
   EXPECT_TRUE(SendMoveMail(7));
   ASSERT_EQ(desktop.mail.sent.size(), 1U);
+  EXPECT_EQ(desktop.mail.sent[0].page, (platform::MovePage{"7", "picture"}));
+  movePages.raises = true;
+  EXPECT_TRUE(SendMoveMail(7));
+  EXPECT_EQ(desktop.mail.sent.at(1).page.html, "") << "but sent it is";
   const fakes::SentMail& mail = desktop.mail.sent[0];
   EXPECT_EQ(mail.recipientName + " " + mail.recipientAddress, "Bernd bernd@example.org");
   EXPECT_EQ(mail.subject, "Tarvolenix : e5, No comment.");

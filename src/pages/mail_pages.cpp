@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pages/mail_pages.h"
+
+#include <exception>
+
+#include "board/stored_positions.h"
+#include "mail/sending.h"
+#include "pages/move_page.h"
+#include "platform/registry.h"
+
+namespace pages {
+namespace {
+
+/// The position behind the last move, and the one ahead of it.
+struct End {
+  rules::BoardSquares before;
+  rules::BoardSquares after;
+};
+
+End EndOf(const mail::OutgoingGame& game) {
+  End end;
+  board::WalkStoredGame(game.record.GAME_ID, game.moves, [&end] {
+    end.before = std::exchange(end.after, rules::ThePosition().BoardState);
+  });
+  return end;
+}
+
+/// An offer of a draw, and what follows it, leaves the last move of a piece marked.
+rules::LastMove LastPieceMove(const store::MoveRecords& moves) {
+  for (auto entry = moves.rbegin(); entry != moves.rend(); ++entry) {
+    const auto move = rules::LastMove::FromText(entry->MoveCoordinates);
+    if (move.from != move.to) return move;
+  }
+  return {};
+}
+
+/// As the mail's own sender is called, if possible.
+std::string SendersName(const store::GameRecord& game) {
+  const std::string name = game.GAME_HOST ? game.GAME_WHITE_NAME : game.GAME_BLACK_NAME;
+  const auto own = platform::ReadRegistry(platform::mailSection, "MyName");
+  return platform::ReturnValue(own, name.empty() ? "Your opponent" : name);
+}
+
+}  // namespace
+
+platform::MovePage MailPages::PageOf(std::int32_t gameID) {
+  const mail::OutgoingGame game = mail::LoadOutgoingGame(gameID);
+  const End end = EndOf(game);
+  const rules::Side reader = game.record.GAME_HOST ? rules::Black : rules::White;
+  platform::MovePage page;
+  try {
+    page.picture = pictures_.PictureOf({end.after, LastPieceMove(game.moves), reader});
+  } catch (const std::exception&) {
+    // the words say it, too
+  }
+  page.html =
+      PageHtml({game.record, game.moves, SendersName(game.record), end.before}, page.picture);
+  return page;
+}
+
+}  // namespace pages

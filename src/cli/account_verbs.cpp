@@ -25,6 +25,7 @@ namespace {
 using post::MailAccount;
 using Text = std::string MailAccount::*;
 using Port = int MailAccount::*;
+using Switch = bool MailAccount::*;
 
 /// Nothing that would damage a mail, a setting or a game.
 std::string CheckLine(const std::string& value) {
@@ -57,13 +58,14 @@ std::string CheckSecurity(const std::string& value) {
   return known ? "" : "is none of Tls, StartTls and None";
 }
 
-/// A setting under its stored name: a text with its check, or a port.
+/// A setting under its stored name: a text with its check, a port, or a switch.
 struct Setting {
   const char* name;
   Text text;
   std::string (*check)(const std::string& value);  ///< what is wrong with it, blank where nothing
   Port port = nullptr;
   bool ofServers = true;  ///< what an address may suggest
+  Switch isOn = nullptr;
 };
 
 constexpr Setting settings[] = {
@@ -79,6 +81,7 @@ constexpr Setting settings[] = {
     {"SmtpSecurity", &MailAccount::SmtpSecurity, CheckSecurity},
     {"UserName", &MailAccount::UserName, CheckLine},
     {"TokenCommand", &MailAccount::TokenCommand, CheckCommand, nullptr, false},
+    {"SendPage", nullptr, nullptr, nullptr, false, &MailAccount::SendPage},
 };
 
 struct Change {
@@ -113,8 +116,19 @@ int PortOf(const Change& change) {
   return port;
 }
 
+bool IsOn(const Change& change) {
+  if (change.value == "true") return true;
+  if (change.value == "false") return false;
+  throw Refusal(std::string("The value of ") + change.setting->name +
+                " is neither true nor false.");
+}
+
 void Apply(const Change& change, MailAccount& account) {
   const Setting& setting = *change.setting;
+  if (setting.isOn) {
+    account.*setting.isOn = IsOn(change);
+    return;
+  }
   if (setting.port) {
     account.*setting.port = PortOf(change);
     return;
@@ -193,6 +207,8 @@ void PrintAccount(const MailAccount& account, post::Passwords& passwords) {
   for (const Setting& setting : settings) {
     if (setting.port) {
       answer.Add(setting.name, account.*setting.port);
+    } else if (setting.isOn) {
+      answer.Add(setting.name, account.*setting.isOn);
     } else {
       answer.Add(setting.name, account.*setting.text);
     }

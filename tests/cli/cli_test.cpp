@@ -227,10 +227,12 @@ TEST_F(CliTest, ADamagedGameFileIsToldAndLeftAsItIs) {
 }
 
 TEST_F(CliTest, AMailAccountIsSetUpFromItsAddress) {
-  const Answer set = As("anna", {"account", "set", "MailKind=Imap", "MyAddress=anna@gmx.at"});
+  const Answer set =
+      As("anna", {"account", "set", "MailKind=Imap", "MyAddress=anna@gmx.at", "SendPage=false"});
   EXPECT_EQ(set.exitCode, 0);
-  for (const char* told : {R"("MyName":"anna")", R"("ImapHost":"imap.gmx.net","ImapPort":993)",
-                           R"("UserName":"anna@gmx.at")", R"("PasswordKept":false})"}) {
+  for (const char* told :
+       {R"("MyName":"anna")", R"("ImapHost":"imap.gmx.net","ImapPort":993)",
+        R"("UserName":"anna@gmx.at")", R"("SendPage":false)", R"("PasswordKept":false})"}) {
     EXPECT_NE(set.out.find(told), std::string::npos) << set.out;
   }
   EXPECT_EQ(As("anna", {"account", "test"}).out,
@@ -255,6 +257,7 @@ TEST_F(CliTest, AnAccountThatCantWorkIsRefusedAndNothingIsStored) {
       {"TokenCommand=a\nb"},
       {"SmtpPort=25x"},
       {"SmtpSecurity=tls"},
+      {"SendPage=perhaps"},
       {"--password", "MailKind=Imap"},
   };
   for (std::vector<std::string> arguments : rows) {

@@ -95,6 +95,7 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       password_(new QLineEdit),
       providerNote_(NewText(u"ProviderNote"_s)),
       fold_(new QToolButton),
+      sendPage_(new QCheckBox),
       outcome_(new OutcomeLine),
       test_(NewDialogButton(u"TestButton"_s, u"&Test"_s)),
       ok_(NewDialogButton(u"OkButton"_s, u"OK"_s)) {
@@ -130,6 +131,7 @@ QWidget* AccountDialog::NewPage() {
   column->addStretch();
   AddRows();
   AddServerRows();
+  AddPageRow();
   return page;
 }
 
@@ -181,6 +183,15 @@ void AccountDialog::AddRows() {
     password_->setEchoMode(shown ? QLineEdit::Normal : QLineEdit::Password);
   });
   passwordRow_ = form_->AddRow(u"Pass&word:"_s, {password_, show});
+}
+
+void AccountDialog::AddPageRow() {
+  sendPage_->setObjectName(u"SendPage"_s);
+  sendPage_->setText(u"Send a page with the boar&d beside each move"_s);
+  sendPage_->setToolTip(
+      u"Who opens your move in a mail program sees the board and your words, too"_s);
+  sendPage_->setChecked(suggestion_.SendPage);
+  form_->AddRow({}, {sendPage_});
 }
 
 void AccountDialog::AddServerRows() {
@@ -251,6 +262,7 @@ AccountAnswer AccountDialog::Answer() const {
   account.MailKind = Kind();
   account.MyName = Trimmed(*name_);
   account.MyAddress = Trimmed(*address_);
+  account.SendPage = sendPage_->isChecked();
   if (IsKind("Post")) {
     account.PostFolder = Trimmed(*postFolder_);
     if (!account.PostFolder.empty() && !account.PostFolder.ends_with('/')) {

@@ -14,6 +14,7 @@
 
 class QBoxLayout;
 class QButtonGroup;
+class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -73,6 +74,7 @@ class AccountDialog : public QDialog {
   void AddKinds(QBoxLayout* page);
   void AddRows();
   void AddServerRows();
+  void AddPageRow();
   QLayout* NewButtons();
   void Connect();
 
@@ -118,6 +120,7 @@ class AccountDialog : public QDialog {
   QLineEdit* password_;
   QLabel* providerNote_;
   QToolButton* fold_;
+  QCheckBox* sendPage_;
   ServerFields* servers_ = nullptr;
   int postFolderRow_ = 0;
   int passwordRow_ = 0;

@@ -81,6 +81,9 @@ TEST_F(AccountDialogTest, TakesWhatCannotHarmAMailAndWantsNameAndAddress) {
   EXPECT_EQ(Account().MyName, "A/nna Mü/ ller");
   EXPECT_EQ(Account().MyAddress, "anna@example.org");
   EXPECT_EQ(Account().PostFolder, "/post/");
+  EXPECT_TRUE(Account().SendPage);
+  Press("SendPage");
+  EXPECT_FALSE(Account().SendPage);
   for (const char* unfit : {"", "max@example.org"}) {
     Type("PostFolder", unfit);
     EXPECT_FALSE(CanGoOn()) << unfit;

@@ -57,7 +57,7 @@ TEST_F(PagesTest, TellsInWordsWhatHasHappened) {
        "Max offers you a draw\r\nFriendly\r\nEnough?\r\nIt is for you to accept or to decline"},
       {"accepted", "|e2e4 e4, 5858 Draw offer, 5151 1/2-1/2", "opponent accepts the draw\r\n"},
       {"declined", "|e2e4 e4, 5858 Draw offer, 5151 Decline", "opponent declines the draw\r\n"},
-      {"given up", "|e2e4 e4, 5858 1-0|guest", "Max gives up\r\nFriendly\r\nYou play won."},
+      {"given up", "|e2e4 e4, 5858 1-0|guest", "Max gives up\r\nFriendly\r\nYou have won."},
       {"the moves", "|e2e4 e4, 5858 Draw offer, 5151 Decline, e7e5 e5, g1f3 Nf3",
        "1.e4e5\r\n2.Nf3\r\n"},
       {"damaged", "Ke1 ke8|e4e5 e5", "Friendly\r\nIt is your turn."},

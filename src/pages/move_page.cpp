@@ -127,14 +127,14 @@ std::string Turn(const Event& event, rules::Side reader, bool withBoard) {
                    (reader == rules::White ? "White" : "Black") + explanation);
 }
 
-std::string WhatToDo(const Event& event) {
+std::string WhatToDo(const ShownMove& shown, const Event& event) {
+  const std::string next =
+      event.isOver ? "shows how the game has ended. Select <b>New game...</b> there if you like "
+                     "another one."
+                   : "shows the board. Answer there and press <b>Send</b>: what you write to " +
+                         TextToHtml(shown.sender) + " by an ordinary mail moves no piece.";
   return Subtitle("What to do now") +
-         Paragraph(event.isOver
-                       ? "Run Tarvolenix. It finds this mail by itself and shows the end of the "
-                         "game. Select <b>New game...</b> there if you like another one."
-                       : "Run Tarvolenix. It finds this mail by itself and shows the move on its "
-                         "board. Make your own move there and press <b>Send</b>: an ordinary "
-                         "answer to this mail can't move a piece.") +
+         Paragraph("Run Tarvolenix. It finds this mail by itself and " + next) +
          Paragraph(
              "If it doesn't find the mail, opening it here has marked it as read. Mark it as "
              "unread, or right click Tarvolenix's icon in the system tray and select <b>Retrieve "
@@ -199,7 +199,7 @@ std::string PageHtml(const ShownMove& shown, const std::string& picture) {
   const rules::Side reader = shown.game.GAME_HOST ? rules::Black : rules::White;
   return Beginning(Headline(shown, event)) + Paragraph(TextToHtml(shown.game.GAME_NAME)) +
          LastMove(shown) + Comment(shown.moves.back().MoveComment) + Board(picture, reader) +
-         Turn(event, reader, !picture.empty()) + WhatToDo(event) + WhereToGetIt(shown) +
+         Turn(event, reader, !picture.empty()) + WhatToDo(shown, event) + WhereToGetIt(shown) +
          MoveTable(shown.moves) + GameText(shown) + "</div>\n</body>\n</html>\n";
 }
 

@@ -77,6 +77,7 @@ const Exhibit exceptions[] = {
     {"away_with_our_subject", Refused{}},
     // none of ours
     {"forwarded_as_attachment", Foreign{}},
+    {"page_forwarded_as_attachment", Foreign{}},
     {"bounce_with_our_subject", Foreign{}},
     {"away_and_quoting_us", Foreign{}},
     {"read_receipt", Foreign{}},

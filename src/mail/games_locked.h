@@ -4,6 +4,7 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 #include "platform/files.h"
 #include "store/database_lock.h"
@@ -19,6 +20,13 @@ struct StoreFailure : std::runtime_error {
 struct FileFailure : StoreFailure {
   using StoreFailure::StoreFailure;
 };
+
+/// What the file system said; blank where the failure isn't its own.
+inline std::string FileCause(const std::exception& failure) {
+  const bool isFiles = dynamic_cast<const FileFailure*>(&failure) ||
+                       dynamic_cast<const platform::FileError*>(&failure);
+  return isFiles ? failure.what() : "";
+}
 
 /// Raises what `work` raises, but what the file system refuses as FileFailure.
 template <typename Work>

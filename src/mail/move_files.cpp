@@ -48,15 +48,17 @@ void ImportText(const std::string& content, bool userPicks, MoveArrival& arrival
   TakeClaim(ReadClaim(text), {unknownName, unknownAddress, arrival.from, content, true}, arrival);
 }
 
-void ReportReadError(bool userPicks) {
+void ReportReadError(bool userPicks, const std::string& cause) {
   platform::ShowMessage(
       platform::MailIcon, "File read error",
-      store::WithDamage(userPicks
-                            ? "An error occured trying to import the game information.||Please "
-                              "ensure you select a valid chess move file."
-                            : "An error occured trying to retrieve the game "
-                              "information.||Please select Retrieve games... from the File "
-                              "menu."),
+      platform::WithCause(
+          store::WithDamage(userPicks
+                                ? "An error occured trying to import the game information.||Please "
+                                  "ensure you select a valid chess move file."
+                                : "An error occured trying to retrieve the game "
+                                  "information.||Please select Retrieve games... from the File "
+                                  "menu."),
+          cause),
       "OK", {}, false, platform::FailureSound);
 }
 
@@ -75,10 +77,11 @@ bool TakeFiles(const std::vector<std::string>& paths, bool userPicks,
       if (isKept && !userPicks) Files().Remove(path);
     }
     return true;
-  } catch (const StoreFailure&) {
-    ReportReadError(userPicks);
-  } catch (const std::exception&) {
-    if (!opened) ReportReadError(userPicks);
+  } catch (const StoreFailure& failure) {
+    ReportReadError(userPicks, FileCause(failure));
+  } catch (const std::exception& failure) {
+    const bool isPicked = !paths.front().empty();
+    if (!opened) ReportReadError(userPicks, isPicked ? FileCause(failure) : "");
   }
   return false;
 }
@@ -130,8 +133,8 @@ bool ExportMoveFile(std::int32_t gameID, std::string* fileName) {
                           BuildMailBody(game.record, game.moves) + "\r\n",
                           platform::Process().DataPath + unfinishedName);
     if (fileName) *fileName = name;
-  } catch (const std::exception&) {
-    ReportTransmissionError();
+  } catch (const std::exception& failure) {
+    ReportTransmissionError(FileCause(failure));
     return false;
   }
   // As after a mail: the move is out, whatever becomes of the backup.

@@ -67,11 +67,13 @@ OutgoingGame LoadOutgoingGame(std::int32_t gameID) {
   return game;
 }
 
-void ReportTransmissionError() {
-  platform::ShowMessage(platform::MailIcon, "Transmission error.",
-                        "Tarvolenix was unable to send your chess move.||Please re-open the game "
-                        "and re-send it.",
-                        "OK", {}, false, platform::FailureSound);
+void ReportTransmissionError(const std::string& cause) {
+  platform::ShowMessage(
+      platform::MailIcon, "Transmission error.",
+      platform::WithCause("Tarvolenix was unable to send your chess move.||Please re-open the game "
+                          "and re-send it.",
+                          cause),
+      "OK", {}, false, platform::FailureSound);
 }
 
 bool SendMoveMail(std::int32_t gameID) {
@@ -82,8 +84,11 @@ bool SendMoveMail(std::int32_t gameID) {
     thread = ThreadOf(game.record);
     Compose(game);
     platform::TheSeams().MMess->Send();
-  } catch (const std::exception&) {
-    ReportTransmissionError();
+  } catch (const platform::MailError&) {
+    ReportTransmissionError(platform::TheSeams().MSess->LastProblem());
+    return false;
+  } catch (const std::exception& error) {
+    ReportTransmissionError(FileCause(error));
     return false;
   }
   ForgetUndelivered(thread);
@@ -93,19 +98,14 @@ bool SendMoveMail(std::int32_t gameID) {
   return true;
 }
 
-bool ChangeOpponentsAddress(store::GameRecord game, const std::string& address) {
-  try {
-    WithGamesLocked([&] {
-      MailMemory memory = LoadMailMemory();
-      memory.Remember(game.GAME_OPPONENTS_EMAIL, game, true);
-      SaveMailMemory(memory);
-      game.GAME_OPPONENTS_EMAIL = address;
-      if (!store::SaveGame(game, {})) throw StoreFailure("the game can't be saved");
-    });
-    return true;
-  } catch (const std::exception&) {
-    return false;
-  }
+void ChangeOpponentsAddress(store::GameRecord game, const std::string& address) {
+  WithGamesLocked([&] {
+    MailMemory memory = LoadMailMemory();
+    memory.Remember(game.GAME_OPPONENTS_EMAIL, game, true);
+    SaveMailMemory(memory);
+    game.GAME_OPPONENTS_EMAIL = address;
+    if (!store::SaveGame(game, {})) throw StoreFailure("the game can't be saved");
+  });
 }
 
 }  // namespace mail

@@ -21,14 +21,15 @@ std::string ThreadOf(const store::GameRecord& record);
 /// Raises std::exception where the store can't be read, and where it has no move of such a game.
 OutgoingGame LoadOutgoingGame(std::int32_t gameID);
 
-void ReportTransmissionError();
+/// `cause` is blank where it isn't known.
+void ReportTransmissionError(const std::string& cause);
 
 /// Mails the game with this GAME_ID. True where the mail lies in the mail service's outbox, else
 /// the user was told. Holds polling meanwhile. A failure changes nothing.
 bool SendMoveMail(std::int32_t gameID);
 
 /// From now on the game's moves go to this address; who writes from the old one is the opponent
-/// still. False where that can't be stored.
-bool ChangeOpponentsAddress(store::GameRecord game, const std::string& address);
+/// still. Raises StoreFailure.
+void ChangeOpponentsAddress(store::GameRecord game, const std::string& address);
 
 }  // namespace mail

@@ -22,6 +22,10 @@ bool Ask(Message message, std::optional<int> sound) {
 
 }  // namespace
 
+std::string WithCause(const std::string& text, const std::string& cause) {
+  return cause.empty() ? text : text + "||The cause: " + cause + (cause.ends_with('.') ? "" : ".");
+}
+
 bool ShowMessage(int icon, const std::string& title, const std::string& text,
                  const std::string& okCaption, const std::string& cancelCaption, bool useTimeout,
                  std::optional<int> sound) {

@@ -34,6 +34,9 @@ bool AskWithExtra(int icon, const std::string& title, const std::string& text,
                   const std::string& okCaption, const std::string& extraCaption,
                   std::optional<int> sound = {});
 
+/// A text for ShowMessage with the cause behind it, where that is known: no sentence, or several.
+std::string WithCause(const std::string& text, const std::string& cause);
+
 /// A message that only an interested user wants: shown with the setting `Verbose`, else heard and
 /// left to the quietMessage hook.
 void VerboseMessage(const std::string& text, const std::string& title, int sound);

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "mail/games_locked.h"
 #include "mail/held_answers.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
@@ -108,10 +109,12 @@ void ReportNone() {
                         "OK");
 }
 
-void ReportFailure() {
-  platform::ShowMessage(platform::DatabaseIcon, "Mails set aside",
-                        "Your answer could not be stored.  The mail stays set aside.", "OK", {},
-                        false, platform::FailureSound);
+void ReportFailure(const std::exception& failure) {
+  platform::ShowMessage(
+      platform::DatabaseIcon, "Mails set aside",
+      platform::WithCause("Your answer could not be stored.  The mail stays set aside.",
+                          mail::FileCause(failure)),
+      "OK", {}, false, platform::FailureSound);
 }
 
 /// Where the games or the held mail can't be read or written that is told, and the next one asked.
@@ -128,8 +131,8 @@ void AskAbout(const mail::HeldMail& held, bool& broughtMoves) {
         mail::PutOffHeldMail(held);
         break;
     }
-  } catch (const std::exception&) {
-    ReportFailure();
+  } catch (const std::exception& failure) {
+    ReportFailure(failure);
   }
 }
 
@@ -191,8 +194,8 @@ void AskAboutHeldMails(HeldMails which) {
     }
     const platform::PollingHold hold;
     broughtMoves = AskAll(which);
-  } catch (const std::exception&) {
-    ReportFailure();
+  } catch (const std::exception& failure) {
+    ReportFailure(failure);
   }
   if (!broughtMoves || Process().Stopping) return;
   platform::TheSeams().tray->BuildGameMenu();

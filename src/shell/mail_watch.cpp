@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "mail/games_locked.h"
 #include "mail/mail_memory.h"
 #include "mail/sending.h"
 #include "mail/undelivered.h"
@@ -161,6 +162,12 @@ bool FollowRefusal() {
   return process.Offline != before;
 }
 
+void ReportAddressNotStored(const std::string& cause) {
+  platform::ShowMessage(platform::DatabaseIcon, "Change address",
+                        platform::WithCause("The new address can't be stored.", cause), "OK", {},
+                        false, platform::FailureSound);
+}
+
 }  // namespace
 
 GameMails::GameMails() {
@@ -265,11 +272,10 @@ void ChangeAddress(std::int32_t gameID) {
   if (!address || Process().Stopping || *address == game->GAME_OPPONENTS_EMAIL) return;
   const auto mails = State().OnItsWay();
   const bool sends = MailOf(*game, mails) || mail::UndeliveredReason(mail::ThreadOf(*game));
-  if (!mail::ChangeOpponentsAddress(*game, *address)) {
-    platform::ShowMessage(platform::DatabaseIcon, "Change address",
-                          "The new address can't be stored.", "OK", {}, false,
-                          platform::FailureSound);
-    return;
+  try {
+    mail::ChangeOpponentsAddress(*game, *address);
+  } catch (const std::exception& failure) {
+    return ReportAddressNotStored(mail::FileCause(failure));
   }
   if (!sends) return;
   if (Process().Offline) {

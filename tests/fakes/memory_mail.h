@@ -42,6 +42,7 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
   std::vector<platform::Recipient> people;  ///< whom the address book knows
   std::vector<platform::Recipient> picked;  ///< in the address book, where it is shown
   std::size_t perLook = 1000;               ///< mails that one look brings
+  std::string problem;                      ///< what the service says of a failure
   std::set<std::string> failing;            ///< names of the members that raise
   bool answersLater = false;                ///< a look is ready when the test calls AnswerLook
   bool answersStale = false;  ///< the set of a look is of no use any more when it comes
@@ -54,7 +55,7 @@ class MemoryMail : public platform::MAPISession, public platform::MAPIMessages {
 
   void SignOn() override;
   void SignOff() override;
-  std::string LastProblem() override { return {}; }
+  std::string LastProblem() override { return problem; }
   long SessionID() override { return session_; }
   void SessionID(long id) override { session_ = id; }
 

@@ -65,6 +65,7 @@ TEST_F(MoveFiles, UserHearsOfAFailedImport) {
   desktop.files.FailOperation(2);  // the game file's reading
   EXPECT_FALSE(ImportMoveFiles(true, true).at(0).ok);
   EXPECT_EQ(desktop.LastMessage().first, "File read error");
+  EXPECT_NE(Told().find("chess move file.\n\nThe cause: can't read"), std::string::npos) << Told();
 }
 
 TEST_F(MoveFiles, FailureAtATickIsToldForTheFirstFileAndCostsNone) {

@@ -111,10 +111,13 @@ TEST_F(Session, FailureToSendIsTold) {
   Store(AnnasGame(), 1);
   Store(BerndsGame(), 0);
   desktop.mail.failing = {"Send"};
+  desktop.mail.problem = "Nobody is there.";
   for (const int id : {7, 12, 99}) {  // 12 has no move to tell, 99 isn't there
     ForgetRecords();
     EXPECT_FALSE(SendMoveMail(id));
     EXPECT_EQ(desktop.LastMessage().first, "Transmission error.");
+    const bool isServices = Told().ends_with("re-send it.\n\nThe cause: Nobody is there.");
+    EXPECT_EQ(isServices, id == 7) << Told();
     desktop.mail.failing.clear();
     EXPECT_TRUE(desktop.mail.sent.empty());
   }

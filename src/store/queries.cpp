@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/queries.h"
 
+#include <algorithm>
 #include <exception>
 #include <limits>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/seams.h"
 #include "store/data_files.h"
@@ -93,6 +95,24 @@ bool FindGame(std::optional<GameRecord>& game, std::int32_t gameID) {
   if (!SelectGames(games, "GAME_ID;" + std::to_string(gameID))) return false;
   if (!games.empty()) game = std::move(games.front());
   return true;
+}
+
+bool VisitGames(const std::function<void(const GameRecord&, const MoveRecords&)>& visit) {
+  try {
+    const std::string content = ReadGameFile().value_or("");
+    std::vector<std::pair<std::int32_t, std::string_view>> games;
+    LineWalk lines(content);
+    while (const auto line = lines.Next()) games.emplace_back(GameIDOfLine(*line), *line);
+    std::ranges::stable_sort(games, {}, [](const auto& game) { return game.first; });
+    GameRecord record;
+    for (const auto& [id, line] : games) {
+      ReadGameLine(line, record);
+      visit(record, ReadWholeMoves(line));
+    }
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
 std::string GameFileStamp() {

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -37,6 +38,10 @@ bool SelectWholeMoves(MoveRecords& moves, std::int32_t gameID);
 
 /// Looks for one game; `game` is empty where it isn't there. False on any failure.
 bool FindGame(std::optional<GameRecord>& game, std::int32_t gameID);
+
+/// Hands every game over with its moves, but for a last move that is cut off, in the order of the
+/// numbers. False on any failure; some games may have been handed over by then.
+bool VisitGames(const std::function<void(const GameRecord&, const MoveRecords&)>& visit);
 
 /// A text that differs from all earlier ones once the game file has changed, by this program or
 /// another; empty where there is none, or it can't be reached.

@@ -4,8 +4,10 @@
 // only where the rename took place and was told as a failure all the same.
 #include "store/saving.h"
 
+#include <algorithm>
 #include <exception>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -126,6 +128,48 @@ bool ReplaceGame(const GameRecord& record, const MoveRecords& moves) {
     for (const MoveRecord& move : moves) AppendMove(saved, move);
     return saved.append(lineEnd);
   });
+}
+
+void NewGames::Add(const GameRecord& record, const MoveRecords& moves) {
+  std::string line;
+  AppendGame(line, record);
+  for (const MoveRecord& move : moves) AppendMove(line, move);
+  lines_ += std::string_view(line).substr(line.find('|'));
+  ends_.push_back(lines_.size());
+}
+
+void NewGames::Append(const NewGames& more) {
+  const std::size_t before = lines_.size();
+  lines_ += more.lines_;
+  for (const std::size_t end : more.ends_) ends_.push_back(before + end);
+}
+
+std::string_view NewGames::Line(std::size_t index) const {
+  const std::size_t begin = index == 0 ? 0 : ends_[index - 1];
+  return std::string_view(lines_).substr(begin, ends_[index] - begin);
+}
+
+std::optional<std::int32_t> AddGames(const NewGames& games) {
+  std::int64_t first = 1;
+  const bool saved = ChangeGameFile([&](std::string_view content) {
+    std::string all;
+    LineWalk lines(content);
+    while (const auto line = lines.Next()) {
+      all.append(*line).append(lineEnd);
+      first = std::max(first, std::int64_t{GameIDOfLine(*line)} + 1);
+    }
+    if (first + static_cast<std::int64_t>(games.Count()) >
+        std::numeric_limits<std::int32_t>::max()) {
+      throw std::invalid_argument("there is no number left for a new game");
+    }
+    for (std::size_t i = 0; i < games.Count(); ++i) {
+      const auto number = first + static_cast<std::int64_t>(i);
+      all.append(std::to_string(number)).append(games.Line(i)).append(lineEnd);
+    }
+    return all;
+  });
+  return saved && games.Count() > 0 ? std::optional(static_cast<std::int32_t>(first))
+                                    : std::nullopt;
 }
 
 bool RemoveGame(std::int32_t gameID, std::string* removed) {

@@ -5,8 +5,12 @@
 // the game file as it stood. "tvgdb.lock" keeps a second process out meanwhile.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "store/game_record.h"
 
@@ -25,6 +29,30 @@ bool ReplaceGame(const GameRecord& record, const MoveRecords& moves);
 
 /// Puts the lines of all games in the place of those that are stored.
 bool ReplaceGames(std::string content);
+
+/// Games that are to be stored together. They are kept as the lines that they will be, so that
+/// there may be very many.
+class NewGames {
+ public:
+  /// The number of the game is still to come; that of the record isn't read.
+  void Add(const GameRecord& record, const MoveRecords& moves);
+
+  /// Takes those of another list behind its own.
+  void Append(const NewGames& more);
+
+  std::size_t Count() const { return ends_.size(); }
+
+  /// A line but for its number.
+  std::string_view Line(std::size_t index) const;
+
+ private:
+  std::string lines_;
+  std::vector<std::size_t> ends_;
+};
+
+/// Stores new games in one change, under numbers in their order behind the greatest one. The first
+/// of these; nothing where none is stored.
+std::optional<std::int32_t> AddGames(const NewGames& games);
 
 /// True also where the game wasn't there. `removed`, where given, gets what PutBackGame takes;
 /// nothing for a game that wasn't there.

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pgn/export.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "pgn/entries.h"
+#include "pgn/fen.h"
+#include "pgn/movetext.h"
+#include "pgn/san.h"
+#include "store/queries.h"
+
+namespace pgn {
+namespace {
+
+constexpr std::string_view unknown = "?";
+
+std::string TagLine(std::string_view name, std::string_view value) {
+  std::string line = '[' + std::string(name) + " \"";
+  for (const char c : value.empty() ? unknown : value) {
+    if (c == '"' || c == '\\') line += '\\';
+    line += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+  }
+  return line + "\"]\n";
+}
+
+/// "2026.11.25" of "25/11/2026".
+std::string DateTag(const std::string& date) {
+  if (date.size() != 10 || date[2] != '/' || date[5] != '/') return "????.??.??";
+  return date.substr(6) + '.' + date.substr(3, 2) + '.' + date.substr(0, 2);
+}
+
+constexpr std::string_view running = "*";
+constexpr std::string_view drawn = "1/2-1/2";
+
+std::string_view WonBy(rules::Side side) { return side == rules::White ? "1-0" : "0-1"; }
+
+/// The moves of a game as PGN, and how it ended.
+class Course {
+ public:
+  explicit Course(const store::GameRecord& game) { BeginGame(game); }
+
+  void Add(const store::MoveRecords& entries) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      if (!AddEntry(entries[i], SideOfEntry(i + 1))) {
+        AddRemainder(entries, i);
+        break;
+      }
+    }
+    // What the entries say of the end was checked by nobody.
+    const Ending ending = EndingAt(turn_);
+    if (ending != Ending::None) result_ = ResultOf(ending, turn_);
+  }
+
+  std::string_view Result() const { return result_; }
+  std::string Text() { return text_.Finished(result_); }
+
+ private:
+  /// False for what is no move of chess.
+  bool AddEntry(const store::MoveRecord& entry, rules::Side side) {
+    const std::string name = side == rules::White ? "White" : "Black";
+    switch (KindOf(entry)) {
+      case EntryKind::Move:
+        return AddMove(entry, side);
+      case EntryKind::DrawOffer:
+        AddSaying(name + " offers a draw", entry);
+        isOffered_ = true;
+        break;
+      case EntryKind::Decline:
+        AddSaying(name + " declines the draw", entry);
+        isOffered_ = false;
+        result_ = running;
+        break;
+      case EntryKind::Draw:
+        // Of one that came from elsewhere nobody knows who wanted it.
+        AddSaying(isOffered_ ? name + " accepts the draw" : "", entry);
+        result_ = drawn;
+        break;
+      case EntryKind::Surrender:
+        AddSurrender(entry, side);
+    }
+    turn_.lastMove = {};
+    return true;
+  }
+
+  void AddSaying(const std::string& what, const store::MoveRecord& entry) {
+    const char* between = what.empty() || entry.MoveComment.empty() ? "" : ": ";
+    text_.AddComment(what + between + entry.MoveComment);
+  }
+
+  /// The word tells who has won; an old one tells nothing but that.
+  void AddSurrender(const store::MoveRecord& entry, rules::Side side) {
+    const bool byWhite = entry.MoveText == "Surrender" ? side == rules::White
+                                                       : entry.MoveText == WonBy(rules::Black);
+    AddSaying(byWhite ? "White surrenders" : "Black surrenders", entry);
+    result_ = WonBy(byWhite ? rules::Black : rules::White);
+  }
+
+  bool AddMove(const store::MoveRecord& entry, rules::Side side) {
+    const ChessMove move = MoveOf(entry, side);
+    // A place that an import has left free.
+    if (!IsOnBoard(move.from) && entry.MoveCoordinates == "0000") return true;
+    if (side != turn_.side || !IsLegal(turn_, move.from, move.to) || StaysPawn(move)) return false;
+    const Turn before = turn_;
+    text_.AddMove(before, PlaySan(turn_, move));
+    text_.AddComment(entry.MoveComment);
+    const std::string& words = entry.MoveText;
+    if (words.ends_with("++")) result_ = WonBy(side);
+    if (words.ends_with(drawn)) result_ = drawn;
+    return true;
+  }
+
+  bool StaysPawn(const ChessMove& move) const {
+    return rules::IsPawn(move.becomes) && move.to.y == rules::HomeRow(rules::OtherSide(turn_.side));
+  }
+
+  void AddRemainder(const store::MoveRecords& entries, std::size_t first) {
+    std::string text = "What follows is against the rules of chess:";
+    for (std::size_t i = first; i < entries.size(); ++i) {
+      text += ' ' + entries[i].MoveText;
+      if (!entries[i].MoveComment.empty()) text += " (" + entries[i].MoveComment + ')';
+    }
+    text_.AddComment(text);
+  }
+
+  Turn turn_;
+  MoveText text_;
+  bool isOffered_ = false;
+  std::string_view result_ = running;
+};
+
+std::string PlayerTag(const std::string& name, bool own, const ExportOptions& options) {
+  return name.empty() && own ? options.ownName : name;
+}
+
+std::string AddressTag(const char* name, bool own, const store::GameRecord& game,
+                       const ExportOptions& options) {
+  if (!options.addresses) return {};
+  const std::string& address = own ? options.ownAddress : game.GAME_OPPONENTS_EMAIL;
+  return address.empty() ? "" : TagLine(name, address);
+}
+
+std::string SetUpTags() {
+  const std::string fen = WriteFen({});
+  return fen == startFen ? "" : TagLine("FEN", fen) + TagLine("SetUp", "1");
+}
+
+}  // namespace
+
+std::string PgnOfGame(const store::GameRecord& game, const store::MoveRecords& moves,
+                      const ExportOptions& options) {
+  const PositionGuard guard;
+  Course course(game);
+  const std::string setUp = SetUpTags();
+  course.Add(moves);
+  const bool white = game.GAME_HOST;
+  // Behind the seven tags of every game the others come by the alphabet.
+  return TagLine("Event", game.GAME_NAME) + TagLine("Site", unknown) +
+         TagLine("Date", DateTag(game.GAME_DATE)) + TagLine("Round", "-") +
+         TagLine("White", PlayerTag(game.GAME_WHITE_NAME, white, options)) +
+         TagLine("Black", PlayerTag(game.GAME_BLACK_NAME, !white, options)) +
+         TagLine("Result", course.Result()) + AddressTag("BlackNA", !white, game, options) + setUp +
+         TagLine("Termination", course.Result() == running ? "unterminated" : "normal") +
+         AddressTag("WhiteNA", white, game, options) + '\n' + course.Text();
+}
+
+std::optional<std::string> PgnOfStoredGames(const std::vector<std::int32_t>& numbers,
+                                            const ExportOptions& options) {
+  std::string text;
+  const bool read =
+      store::VisitGames([&](const store::GameRecord& game, const store::MoveRecords& moves) {
+        const bool wanted = numbers.empty() || std::ranges::count(numbers, game.GAME_ID) > 0;
+        if (wanted) text += PgnOfGame(game, moves, options);
+      });
+  return read ? std::optional(text) : std::nullopt;
+}
+
+}  // namespace pgn

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pgn/import.h"
+
+#include <algorithm>
+#include <deque>
+#include <future>
+#include <istream>
+#include <thread>
+
+#include "mail/character_count.h"
+#include "mail/move_mail.h"
+#include "pgn/game_text.h"
+#include "pgn/played_text.h"
+#include "platform/ascii.h"
+#include "platform/mail_address.h"
+
+namespace pgn {
+namespace {
+
+/// How much is read at a time. A game may be longer, up to the second figure.
+constexpr std::size_t blockSize = std::size_t{1} << 20;
+constexpr std::size_t longestBlock = std::size_t{64} << 20;
+
+constexpr std::string_view runningResult = "*";
+
+/// The parts of a text, cut between games.
+class Blocks {
+ public:
+  explicit Blocks(std::istream& text) : text_(text) {}
+
+  /// The next part; blank at the end.
+  std::string Next() {
+    std::string block = std::move(rest_);
+    rest_.clear();
+    while (ReadMore(block)) {
+      const std::size_t cut = LastBeginning(block);
+      if (cut == 0 && block.size() < longestBlock) continue;
+      rest_ = block.substr(cut == 0 ? block.size() : cut);
+      block.resize(block.size() - rest_.size());
+      break;
+    }
+    return block;
+  }
+
+ private:
+  /// False at the end of the text.
+  bool ReadMore(std::string& block) {
+    const std::size_t before = block.size();
+    block.resize(before + blockSize);
+    text_.read(block.data() + before, static_cast<std::streamsize>(blockSize));
+    block.resize(before + static_cast<std::size_t>(text_.gcount()));
+    return text_.gcount() > 0;
+  }
+
+  /// Where the last game begins that is seen to begin; 0 for none. Not every game has an Event.
+  static std::size_t LastBeginning(std::string_view block) {
+    for (const std::string_view sign : {"\n[Event \"", "\n\n[", "\n\r\n["}) {
+      const auto found = block.rfind(sign);
+      if (found != std::string_view::npos) return FirstTag(block, found + 1);
+    }
+    return 0;
+  }
+
+  /// The beginning of the line at `line`, or of those before it that are tags too.
+  static std::size_t FirstTag(std::string_view block, std::size_t line) {
+    while (line > 1) {
+      const auto end = block.rfind('\n', line - 2);
+      const auto before = end == std::string_view::npos ? 0 : end + 1;
+      if (block[before] != '[') break;
+      line = before;
+    }
+    return line;
+  }
+
+  std::istream& text_;
+  std::string rest_;
+};
+
+/// Text as a field of the game file, which knows no escapes.
+std::string Field(std::string text) {
+  std::ranges::replace(text, '|', '/');
+  text = mail::StripReservedText(text);
+  text.resize(mail::FirstCharacters(text, mail::longestName).size());
+  return text.empty() ? "?" : text;
+}
+
+std::string Today(const platform::LocalTime& now) {
+  return platform::ZeroFilled(now.day, 2) + '/' + platform::ZeroFilled(now.month, 2) + '/' +
+         platform::ZeroFilled(now.year, 4);
+}
+
+std::string StampOf(const platform::LocalTime& now) {
+  std::string stamp = Today(now) + platform::ZeroFilled(now.hour, 2);
+  std::erase(stamp, '/');
+  return stamp + platform::ZeroFilled(now.minute, 2);
+}
+
+/// The day of a tag such as "1992.11.??". What isn't known of it is its beginning; of a day without
+/// a year nothing is.
+std::string DateOf(const std::string& tag, const platform::LocalTime& now) {
+  if (tag.size() != 10) return Today(now);
+  const auto part = [&](std::size_t at) {
+    const std::string digits = tag.substr(at, 2);
+    return digits == "??" ? std::string("01") : digits;
+  };
+  const std::string date = part(8) + '/' + part(5) + '/' + tag.substr(0, 4);
+  return platform::ToDate(date) ? date : Today(now);
+}
+
+std::string AddressIn(const std::string& tag) {
+  return tag.find('@') == std::string::npos ? std::string() : Field(tag);
+}
+
+/// Turns the games of one part of the text into lines of the game file.
+class Importer {
+ public:
+  Importer(const ImportOptions* options) : options_(options) {}
+
+  ImportedGames Read(std::string_view block) {
+    GameReader reader(block);
+    GameText game;
+    while (reader.Next(game)) Take(game);
+    return std::move(games_);
+  }
+
+ private:
+  void Take(const GameText& text) {
+    ++games_.count;
+    PlayedText played = PlayThrough(text, options_ != nullptr);
+    if (options_ && played.objection.why.empty()) Keep(text, played);
+    if (played.objection.why.empty()) return;
+    games_.refused.push_back({games_.count, played.objection.ply, std::move(played.objection.move),
+                              std::move(played.objection.why)});
+  }
+
+  void Keep(const GameText& text, PlayedText& played) {
+    const bool white = PlaysWhite(text);
+    const bool running = played.result == runningResult;
+    std::string address = AddressIn(text.Tag(white ? "BlackNA" : "WhiteNA"));
+    if (address.empty() && running) address = options_->opponent;
+    if (running && !IsOwn(text, white)) {
+      played.objection.why = "It isn't finished, and neither player is you.";
+    } else if (running && address.empty()) {
+      played.objection.why = "It isn't finished, and your opponent's mail address isn't known.";
+    } else {
+      games_.taken.Add(Record(text, played, white, address), played.moves);
+    }
+  }
+
+  bool IsOwn(const GameText& text, bool white) const {
+    return platform::SameAddress(text.Tag(white ? "WhiteNA" : "BlackNA"), options_->ownAddress) ||
+           platform::SameWithoutCase(text.Tag(white ? "White" : "Black"), options_->ownName);
+  }
+
+  /// A game of others is seen from White's side.
+  bool PlaysWhite(const GameText& text) const { return IsOwn(text, true) || !IsOwn(text, false); }
+
+  store::GameRecord Record(const GameText& text, const PlayedText& played, bool white,
+                           const std::string& address) const {
+    store::GameRecord game;
+    game.GAME_DATESTAMP = StampOf(options_->now);
+    game.GAME_NAME = Field(text.Tag("Event"));
+    game.GAME_DATE = DateOf(text.Tag("Date"), options_->now);
+    game.GAME_OPPONENTS_EMAIL = address;
+    game.GAME_WHITE_NAME = Field(text.Tag("White"));
+    game.GAME_BLACK_NAME = Field(text.Tag("Black"));
+    game.GAME_HOST = white;
+    game.GAME_OPPONENTS_NAME = white ? game.GAME_BLACK_NAME : game.GAME_WHITE_NAME;
+    game.GAME_STATUS = StatusOf(played, white);
+    game.GAME_START_BOARD = played.startBoard;
+    return game;
+  }
+
+  static std::int16_t StatusOf(const PlayedText& played, bool white) {
+    if (played.result == "1/2-1/2") return store::GameDrawn;
+    if (played.result != runningResult) {
+      return (played.result == "1-0") == white ? store::GameWon : store::GameLost;
+    }
+    const bool whiteToMove = played.moves.size() % 2 == 0;
+    return whiteToMove == white ? store::MoveWaiting : store::WaitingForOpponent;
+  }
+
+  const ImportOptions* options_;  // none where the games are only checked
+  ImportedGames games_;
+};
+
+void Append(ImportedGames& all, ImportedGames&& part) {
+  for (RefusedGame& refused : part.refused) {
+    refused.number += all.count;
+    all.refused.push_back(std::move(refused));
+  }
+  all.count += part.count;
+  all.taken.Append(part.taken);
+}
+
+/// Each processor has a part; the games keep the order of the text.
+ImportedGames ReadParts(std::istream& text, const ImportOptions* options) {
+  Blocks blocks(text);
+  ImportedGames games;
+  std::deque<std::future<ImportedGames>> parts;
+  const std::size_t atOnce = std::max(1U, std::thread::hardware_concurrency());
+  for (std::string block = blocks.Next(); !block.empty(); block = blocks.Next()) {
+    if (parts.size() > atOnce) {
+      Append(games, parts.front().get());
+      parts.pop_front();
+    }
+    parts.push_back(std::async(std::launch::async, [options, block = std::move(block)] {
+      return Importer(options).Read(block);
+    }));
+  }
+  for (auto& part : parts) Append(games, part.get());
+  return games;
+}
+
+}  // namespace
+
+ImportedGames ReadGames(std::istream& text, const ImportOptions& options) {
+  return ReadParts(text, &options);
+}
+
+ImportedGames CheckGames(std::istream& text) { return ReadParts(text, nullptr); }
+
+}  // namespace pgn

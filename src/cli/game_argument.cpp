@@ -18,8 +18,8 @@ Refusal GameFileRefusal(const std::string& sentence) {
   return Refusal(cause.empty() ? sentence : sentence + " " + cause);
 }
 
-store::GameRecord GameArgument(const Arguments& arguments) {
-  const int gameID = arguments.Number(0, 1, std::numeric_limits<int>::max());
+store::GameRecord GameArgument(const Arguments& arguments, std::size_t index) {
+  const int gameID = arguments.Number(index, 1, std::numeric_limits<int>::max());
   std::optional<store::GameRecord> game;
   if (!store::FindGame(game, gameID)) {
     throw GameFileRefusal("The game file is damaged or can't be read.");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The game that a verb's first argument names.
+// The game that an argument of a verb names, by default the first.
 #pragma once
 
 #include "board/opening.h"
@@ -15,7 +15,7 @@ Refusal GameFileRefusal(const std::string& sentence);
 
 /// Raises UsageError where the argument is no number, and Refusal where there is no such game or
 /// the game file can't be read.
-store::GameRecord GameArgument(const Arguments& arguments);
+store::GameRecord GameArgument(const Arguments& arguments, std::size_t index = 0);
 
 /// Opens a game on the board. Raises Refusal with the program's message where that fails.
 void OpenGame(std::int32_t gameID, PlayedBoard& played, CollectedMessages& messages,

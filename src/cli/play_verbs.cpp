@@ -10,6 +10,7 @@
 #include "mail/character_count.h"
 #include "mail/move_mail.h"
 #include "mail/unsent.h"
+#include "pgn/fen.h"
 #include "platform/process_state.h"
 #include "platform/utf8.h"
 #include "rules/board_text.h"
@@ -62,6 +63,23 @@ std::string CheckedBoard(const std::string& text) {
   return text;
 }
 
+/// The board of a FEN that a game can begin with.
+std::string BoardOfFen(const std::string& text) {
+  const pgn::FenReading reading = pgn::ReadFen(text);
+  const std::string why = reading.trouble.empty() ? pgn::WhyNoStart(reading) : reading.trouble;
+  if (!why.empty()) throw Refusal("The text of --fen was refused: " + why);
+  return rules::WriteBoardText(reading.board);
+}
+
+/// The board that a new game is to begin with; blank for the normal start.
+std::string StartBoard(const Arguments& arguments) {
+  if (arguments.Has("--fen") && arguments.Has("--board")) {
+    throw UsageError("The options --board and --fen exclude each other.");
+  }
+  if (arguments.Has("--fen")) return BoardOfFen(arguments.Value("--fen"));
+  return arguments.Has("--board") ? CheckedBoard(arguments.Value("--board")) : "";
+}
+
 /// Where something is to be sent, nothing is saved that can't be sent.
 board::MovesAre PrepareSending(bool send, CollectedMessages& messages) {
   if (!send) return board::MovesAre::StoredOnly;
@@ -108,8 +126,8 @@ constexpr const char* emptySquare = "there is none of your pieces on its square.
 bool New(const Call& call) {
   CheckTexts(call.arguments);
   platform::ProcessState& process = platform::Process();
-  process.SetupGame = call.arguments.Has("--board");
-  const std::string board = process.SetupGame ? CheckedBoard(call.arguments.Value("--board")) : "";
+  const std::string board = StartBoard(call.arguments);
+  process.SetupGame = !board.empty();
   const bool send = call.arguments.Has("--send");
   const board::MovesAre moves = PrepareSending(send, call.messages);
   process.NewGame = {call.arguments.Value("--name"), call.arguments.Value("--opponent"),
@@ -117,7 +135,7 @@ bool New(const Call& call) {
   PlayedBoard played(call.messages);
   OpenGame(-1, played, call.messages, moves);
   if (process.SetupGame && !played.BeginFrom(board)) {
-    throw Refusal("The text of --board was refused: " + call.messages.TakeSentence({}));
+    throw Refusal("The position was refused: " + call.messages.TakeSentence({}));
   }
   played.logic.PlayerComment = call.arguments.Value("--comment");
   const std::string move = call.arguments.Value("--move");

@@ -6,6 +6,7 @@
 #include "cli/game_argument.h"
 #include "cli/played_board.h"
 #include "cli/verbs.h"
+#include "pgn/fen.h"
 #include "platform/harmless_text.h"
 #include "rules/board_text.h"
 #include "rules/notation.h"
@@ -56,6 +57,14 @@ void PrintBoard(const board::Game& game) {
   std::cout.flush();
 }
 
+store::MoveRecords MovesOf(const store::GameRecord& game) {
+  store::MoveRecords moves;
+  if (!store::SelectMoves(moves, game.GAME_ID)) {
+    throw GameFileRefusal("The game's moves can't be read.");
+  }
+  return moves;
+}
+
 }  // namespace
 
 bool Games(const Call& call) {
@@ -73,10 +82,7 @@ bool Games(const Call& call) {
 
 bool Moves(const Call& call) {
   const store::GameRecord game = GameArgument(call.arguments);
-  store::MoveRecords moves;
-  if (!store::SelectMoves(moves, game.GAME_ID))
-    throw GameFileRefusal("The game's moves can't be read.");
-  for (const store::MoveRecord& move : moves) {
+  for (const store::MoveRecord& move : MovesOf(game)) {
     JsonObject()
         .Add("MoveNumber", move.MoveNumber)
         .Add("MoveCoordinates", move.MoveCoordinates)
@@ -97,11 +103,14 @@ bool Show(const Call& call) {
     return true;
   }
   const int entries = logic.Moves.Count();
+  const std::string position = call.arguments.Has("--fen")
+                                   ? pgn::FenOfGame(game, MovesOf(game))
+                                   : rules::WriteBoardText(ThePosition().BoardState);
   JsonObject()
       .Add("game", game.GAME_ID)
       .Add("white", logic.WhiteName)
       .Add("black", logic.BlackName)
-      .Add("board", rules::WriteBoardText(ThePosition().BoardState))
+      .Add("board", position)
       .Add("toMove", entries % 2)
       .Add("mine", (entries % 2 == 0) == logic.PlaysWhite)
       .Add("status", int{logic.GameStatus})

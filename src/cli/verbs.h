@@ -59,6 +59,10 @@ bool PrintPostcard(const Call& call);
 bool New(const Call& call);
 bool Move(const Call& call);
 
+// Other chess programs.
+bool PgnExport(const Call& call);
+bool PgnImport(const Call& call);
+
 // Mails and move files.
 bool Check(const Call& call);
 bool Import(const Call& call);

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The verbs that exchange games with other chess programs.
+#include <chrono>
+#include <fstream>
+#include <iostream>
+#include <limits>
+
+#include "cli/game_argument.h"
+#include "cli/verbs.h"
+#include "pgn/export.h"
+#include "pgn/import.h"
+#include "platform/mail_address.h"
+#include "platform/seams.h"
+#include "platform/settings_store.h"
+#include "post/mail_account.h"
+#include "store/queries.h"
+
+namespace cli {
+namespace {
+
+/// Games go out and come in without an account, too.
+post::MailAccount Account() {
+  try {
+    return post::LoadMailAccount();
+  } catch (const platform::SettingsError&) {
+    return {};
+  }
+}
+
+std::vector<std::int32_t> GameNumbers(const Arguments& arguments) {
+  std::vector<std::int32_t> numbers;
+  for (std::size_t i = 0; i < arguments.Others().size(); ++i) {
+    numbers.push_back(GameArgument(arguments, i).GAME_ID);
+  }
+  return numbers;
+}
+
+/// A file's name, and what was read of it.
+struct ReadFile {
+  std::string name;
+  pgn::ImportedGames games;
+};
+
+template <typename Read>
+ReadFile ReadGamesOf(const std::string& name, const Read& read) {
+  std::ifstream text(name, std::ios::binary);
+  if (text) text.peek();  // of a folder only reading tells that it is none
+  if (text.bad() || !text.is_open()) throw Refusal("The file " + name + " can't be read.");
+  text.clear();
+  ReadFile file{name, read(text)};
+  if (text.bad()) throw Refusal("The file " + name + " can't be read to its end.");
+  return file;
+}
+
+int GoodGames(const ReadFile& file) {
+  return file.games.count - static_cast<int>(file.games.refused.size());
+}
+
+/// `next` is the number of the first game that was taken; none where the games were only checked.
+void PrintGames(const ReadFile& file, std::optional<std::int32_t>& next) {
+  auto refused = file.games.refused.begin();
+  for (int number = 1; number <= file.games.count; ++number) {
+    JsonObject answer;
+    answer.Add("file", file.name).Add("number", number);
+    if (refused != file.games.refused.end() && refused->number == number) {
+      answer.Add("ok", false).Add("ply", refused->ply).Add("move", refused->move);
+      answer.Add("why", refused->why);
+      ++refused;
+    } else {
+      answer.Add("ok", true).Add("game", next);
+      if (next) ++*next;
+    }
+    std::cout << answer.Text() << '\n';
+  }
+  std::cout.flush();
+}
+
+/// True where all games were taken.
+bool PrintAll(const std::vector<ReadFile>& files, std::optional<std::int32_t> next) {
+  int count = 0;
+  int good = 0;
+  for (const ReadFile& file : files) {
+    PrintGames(file, next);
+    count += file.games.count;
+    good += GoodGames(file);
+  }
+  if (good == count) return true;
+  std::cerr << count - good << " of " << count << " games were refused.\n";
+  return false;
+}
+
+bool CheckGames(const std::vector<std::string>& names) {
+  const auto begin = std::chrono::steady_clock::now();
+  std::vector<ReadFile> files;
+  for (const std::string& name : names) files.push_back(ReadGamesOf(name, pgn::CheckGames));
+  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
+  const bool allGood = PrintAll(files, {});
+  int count = 0;
+  int good = 0;
+  for (const ReadFile& file : files) {
+    count += file.games.count;
+    good += GoodGames(file);
+  }
+  JsonObject().Add("games", count).Add("good", good).Add("seconds", seconds.count()).Print();
+  return allGood;
+}
+
+pgn::ImportOptions OptionsOf(const Arguments& arguments) {
+  const post::MailAccount account = Account();
+  const std::string opponent = arguments.Value("--opponent");
+  if (arguments.Has("--opponent") && opponent.find('@') == std::string::npos) {
+    throw Refusal("\"" + opponent + "\" is no mail address.");
+  }
+  return {account.MyName, account.MyAddress, opponent, platform::TheSeams().clock->Now()};
+}
+
+}  // namespace
+
+bool PgnExport(const Call& call) {
+  const post::MailAccount account = Account();
+  const std::vector<std::int32_t> numbers = GameNumbers(call.arguments);
+  const pgn::ExportOptions options{call.arguments.Has("--addresses"), account.MyName,
+                                   account.MyAddress};
+  const auto text = pgn::PgnOfStoredGames(numbers, options);
+  if (!text) throw GameFileRefusal("The games can't be read.");
+  std::cout << *text;
+  return true;
+}
+
+bool PgnImport(const Call& call) {
+  const std::vector<std::string>& names = call.arguments.Others();
+  if (call.arguments.Has("--check")) return CheckGames(names);
+  const pgn::ImportOptions options = OptionsOf(call.arguments);
+  std::vector<ReadFile> files;
+  store::NewGames taken;
+  for (const std::string& name : names) {
+    files.push_back(ReadGamesOf(
+        name, [&options](std::istream& text) { return pgn::ReadGames(text, options); }));
+    taken.Append(std::exchange(files.back().games.taken, {}));
+  }
+  std::optional<std::int32_t> first;
+  if (taken.Count() > 0) {
+    first = store::AddGames(taken);
+    if (!first) throw GameFileRefusal("The games can't be saved.");
+  }
+  return PrintAll(files, first);
+}
+
+}  // namespace cli

@@ -1,28 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ai/perft.h"
 
-#include <vector>
-
-#include "ai/candidates.h"
+#include "rules/legal_moves.h"
 #include "rules/test_moves.h"
 
 namespace ai {
 namespace {
 
-/// `lists` has one for each ply, kept for its memory.
-std::int64_t Count(rules::Side side, int depth, rules::LastMove lastMove, int sideInCheck,
-                   std::vector<CandidateList>& lists) {
+std::int64_t Count(rules::Side side, int depth, rules::LastMove lastMove, int sideInCheck) {
   if (depth == 0) return 1;
-  CandidateList& list = lists[static_cast<std::size_t>(depth) - 1];
-  list.clear();
-  GenerateAllMoves(side, list, lastMove, sideInCheck);
-  if (depth == 1) return static_cast<std::int64_t>(list.size());
+  const rules::LegalMoves moves(side, lastMove, sideInCheck);
+  if (depth == 1) return moves.Count();
+  const rules::BoardSquares& board = rules::ThePosition().BoardState;
   std::int64_t sequences = 0;
-  for (const CandidateMove& move : list) {
-    const rules::PieceCode piece = rules::ThePosition().BoardState.At(move.from);
-    rules::MakeTestMove(side, move.from, move.to, piece, lastMove, sideInCheck);
-    sequences += Count(rules::OtherSide(side), depth - 1, {move.from, move.to}, sideInCheck, lists);
-    rules::UndoTestMove(sideInCheck);
+  for (rules::Bitboard pieces = board.OfSide(side); pieces != 0;) {
+    const rules::Square from = rules::SquareAt(rules::TakeLowest(pieces));
+    for (rules::Bitboard targets = moves.From(from); targets != 0;) {
+      const rules::Square to = rules::SquareAt(rules::TakeLowest(targets));
+      rules::MakeTestMove(side, from, to, board.At(from), lastMove, sideInCheck);
+      sequences += Count(rules::OtherSide(side), depth - 1, {from, to}, sideInCheck);
+      rules::UndoTestMove(sideInCheck);
+    }
   }
   return sequences;
 }
@@ -31,8 +29,7 @@ std::int64_t Count(rules::Side side, int depth, rules::LastMove lastMove, int si
 
 std::int64_t CountMoveSequences(rules::Side side, int depth, rules::LastMove lastMove,
                                 int sideInCheck) {
-  std::vector<CandidateList> lists(static_cast<std::size_t>(depth));
-  return Count(side, depth, lastMove, sideInCheck, lists);
+  return Count(side, depth, lastMove, sideInCheck);
 }
 
 }  // namespace ai

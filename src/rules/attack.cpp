@@ -29,23 +29,6 @@ Bitboard AttackersOf(Square target, Side attacker, Bitboard occupied) {
   return attackers;
 }
 
-Bitboard PinnedPieces(Side side) {
-  const BoardSquares& board = ThePosition().BoardState;
-  const Bitboard king = board.Of(OfSide(WhiteKing, side));
-  if (king == 0) return 0;
-  const int at = std::countr_zero(king);
-  const Side enemy = OtherSide(side);
-  const Bitboard queens = board.Of(OfSide(WhiteQueen, enemy));
-  Bitboard snipers = (straightReach[at] & (board.Of(OfSide(WhiteRook, enemy)) | queens)) |
-                     (diagonalReach[at] & (board.Of(OfSide(WhiteBishop, enemy)) | queens));
-  Bitboard pinned = 0;
-  while (snipers != 0) {
-    const Bitboard between = squaresBetween[TakeLowest(snipers)][at] & board.Occupied();
-    if (std::has_single_bit(between)) pinned |= between & board.OfSide(side);
-  }
-  return pinned;
-}
-
 namespace {
 
 /// Plays a move on the bare board and tells whether it leaves `side` out of check.

@@ -19,10 +19,6 @@ Bitboard AttackersOf(Square target, Side attacker);
 /// has left its square, or was taken there, is still among them.
 Bitboard AttackersOf(Square target, Side attacker, Bitboard occupied);
 
-/// The pieces of `side` that can't leave their lines without laying their king open to an attack
-/// along a line. None where the side has no king; the first one counts where it has several.
-Bitboard PinnedPieces(Side side);
-
 enum class Standing { Check = 1, Checkmate = 2, Neither = 3 };
 
 /// True if the king of `side` is attacked; false also when that side has no king.

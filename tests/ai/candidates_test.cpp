@@ -108,6 +108,8 @@ void CompareMoves(const Turn& turn, const PlainChess& plain, Seen& seen) {
   EXPECT_TRUE(std::is_sorted(found.begin(), found.end(), byFrom)) << "pieces come row by row";
   std::sort(found.begin(), found.end());
   EXPECT_EQ(found, plain.LegalMoves());
+  EXPECT_EQ(CountMoveSequences(turn.side, 1, turn.lastMove, turn.sideInCheck),
+            static_cast<long>(found.size()));
 }
 
 /// Mate is reasoned and stalemate is searched piece by piece; both must mean "no legal move".

@@ -5,11 +5,13 @@
 #include <stdlib.h>
 
 #include <filesystem>
+#include <fstream>
 #include <random>
 #include <sstream>
 
 #include "ai/candidates.h"
 #include "desktop/posix_files.h"
+#include "other_program.h"
 #include "pgn/entries.h"
 #include "pgn/export.h"
 #include "pgn/import.h"
@@ -79,6 +81,15 @@ void Check(benchmark::State& state) {
   }
 }
 BENCHMARK(Check)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void CheckOfPgnExtract(benchmark::State& state) {
+  const std::string file = std::filesystem::temp_directory_path() / "pgn_bench.pgn";
+  std::ofstream(file, std::ios::binary) << TextOf(50000);
+  bench::RunOther(state, "/usr/games/pgn-extract -s -r " + file + " 2>/dev/null");
+  state.SetItemsProcessed(50000 * static_cast<std::int64_t>(state.iterations()));
+  std::filesystem::remove(file);
+}
+BENCHMARK(CheckOfPgnExtract)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 /// A data folder of its own for as long as one benchmark runs.
 class DataFolder {

@@ -8,6 +8,7 @@
 #include "ai/candidates.h"
 #include "ai/perft.h"
 #include "board/history.h"
+#include "other_program.h"
 #include "rules/board_text.h"
 #include "rules/test_moves.h"
 
@@ -33,6 +34,11 @@ void Perft(benchmark::State& state) {
   state.SetItemsProcessed(counted);
 }
 BENCHMARK(Perft)->DenseRange(4, 6)->Unit(benchmark::kMillisecond);
+
+void PerftOfStockfish(benchmark::State& state) {
+  bench::RunOther(state, "printf 'go perft 6\\nquit\\n' | /usr/games/stockfish >/dev/null");
+}
+BENCHMARK(PerftOfStockfish)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 class NoView : public board::BoardView {
  public:

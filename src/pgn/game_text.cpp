@@ -12,8 +12,6 @@ constexpr std::string_view gameLine = "[Event \"";
 constexpr std::string_view blanks = " \t\r\n\v\f";
 constexpr std::string_view tokenEnds = " \t\r\n\v\f{}();[]$";
 
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 std::string_view ResultIn(std::string_view token) {
   if (token == "1-0" || token == "0-1" || token == "1/2-1/2" || token == "*") return token;
   return token == "1/2" ? "1/2-1/2" : std::string_view{};

@@ -19,7 +19,7 @@ namespace {
 
 /// How much is read at a time. A game may be longer, up to the second figure.
 constexpr std::size_t blockSize = std::size_t{1} << 20;
-constexpr std::size_t longestBlock = std::size_t{64} << 20;
+constexpr std::size_t longestBlock = std::size_t{8} << 20;
 
 constexpr std::string_view runningResult = "*";
 

@@ -45,6 +45,34 @@ TEST_F(CliTest, AGameIsPrintedIntoAFile) {
   }
 }
 
+TEST_F(CliTest, GamesAndPositionsGoToOtherProgramsAndComeFromThem) {
+  const std::string file = root_ / "games.pgn";
+  WriteFile(file, "[Event \"T\"]\n[White \"anna\"]\n[Black \"Bob\"]\n\n1. e4 *\n\n1. e5 *\n");
+  const std::string refused = "{\"file\":\"" + file +
+                              "\",\"number\":2,\"ok\":false,\"ply\":1,\"move\":\"e5\","
+                              "\"why\":\"There is no pawn that can go to e5.\"}\n";
+  const std::string taken = "{\"file\":\"" + file + "\",\"number\":1,\"ok\":true,\"game\":";
+  const std::vector<std::string> arguments = {"pgn", "import", file, "--opponent", "b@example.org"};
+  const Answer check = As("anna", {"pgn", "import", file, "--check"});
+  EXPECT_TRUE(check.out.starts_with(taken + "null}\n" + refused + "{\"games\":2,\"good\":1,"))
+      << check.out;
+  EXPECT_FALSE(fs::exists(root_ / "anna/Data/Tvgdb.dat"));
+  const Answer answer = As("anna", arguments);
+  EXPECT_EQ(answer.out, taken + "1}\n" + refused);
+  EXPECT_EQ(answer.exitCode, 1);
+  EXPECT_EQ(As("anna", {"pgn", "import", root_ / "none"}).exitCode, 1);
+  EXPECT_TRUE(As("anna", {"pgn", "export", "1"}).out.ends_with("\n\n1. e4 *\n\n"));
+  EXPECT_EQ(As("anna", {"pgn", "export", "7"}).exitCode, 1);
+  const std::string fen = "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq e3 0 1";
+  EXPECT_NE(As("anna", {"show", "1", "--fen"}).out.find(fen), std::string::npos);
+  std::vector<std::string> start = {"new",     "--name",          "T",      "--opponent", "Bob",
+                                    "--email", "bob@example.org", "--move", "1718=Q",     "--fen"};
+  start.push_back(fen);
+  EXPECT_NE(As("anna", start).err.find("It is Black's turn"), std::string::npos);
+  start.back() = "4k3/P7/8/8/8/8/8/4K3 w - - 0 1";
+  EXPECT_EQ(As("anna", start).out, "{\"game\":2,\"text\":\"a8=Q+\",\"status\":2}\n");
+}
+
 TEST_F(CliTest, AMailThatWaitsOrFailsIsToldAndGoesOutLater) {
   const auto stateOf = [](const Answer& answer) {
     return Between(answer.out, "\"state\":", ",") + ' ' + std::to_string(answer.exitCode);

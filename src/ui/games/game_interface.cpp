@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolButton>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -244,7 +245,9 @@ void GameInterface::SetSimpleUI() {
   layout->addWidget(grid_, 1);
   layout->addWidget(mailLine_);
   setMinimumSize(leastWidth, leastHeight);
-  resize(std::max(leastWidth, grid_->sizeHint().width() + 2 * margin), leastHeight);
+  const int wanted = grid_->sizeHint().width() + 2 * margin;
+  resize(std::clamp(wanted, leastWidth, std::max(leastWidth, screen()->availableSize().width())),
+         leastHeight);
 }
 
 void GameInterface::FillGameList(std::int16_t column, std::string order,

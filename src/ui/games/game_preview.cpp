@@ -45,7 +45,14 @@ GamePreview::GamePreview(QTableView& grid, const GameListModel& games)
   patience_.setSingleShot(true);
   patience_.setInterval(patienceMilliseconds);
   connect(&patience_, &QTimer::timeout, this, &GamePreview::Draw);
-  connect(grid.model(), &QAbstractItemModel::modelAboutToBeReset, this, &GamePreview::Hide);
+  // The list was filled anew: another game may stand below the pointer by now.
+  connect(grid.model(), &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    goesOn_ = !isKeyed_ && (patience_.isActive() || picture_.isVisible());
+    Hide();
+  });
+  connect(grid.model(), &QAbstractItemModel::modelReset, this, [this] {
+    if (std::exchange(goesOn_, false)) Await(row_);
+  });
   connect(grid.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
     // The keys scroll to the game that they reach.
     if (!isKeyed_) Hide();

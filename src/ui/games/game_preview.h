@@ -40,6 +40,7 @@ class GamePreview : public QObject {
   QTimer patience_;
   int row_ = -1;          // that is pointed at, or was reached by the keys
   int waits_ = 0;         // what was asked for before counts no more
+  bool goesOn_ = false;   // with the list that is just being filled
   bool isKeyed_ = false;  // the last that was done to the grid was done by a key
 };
 

@@ -39,7 +39,7 @@ const ReadCase readCases[] = {
     {"HTML that we write",
      "From: a@b\nContent-Type: text/html\n\n<p>" + letters::TextToHtml(" a  b\r\n &amp;<i>\"ü♔'|") +
          "</p>",
-     "", "/a@b", " a  b\r\n&amp;<i>\"ü♔'|"},
+     "", "/a@b", " a  b\r\n &amp;<i>\"ü♔'|\r\n"},
 };
 
 TEST(MailTextTest, ReadsMailsOfOtherPrograms) {

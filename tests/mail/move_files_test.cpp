@@ -61,11 +61,13 @@ TEST_F(MoveFiles, UserImportsASavedMail) {
 
 TEST_F(MoveFiles, UserHearsOfAFailedImport) {
   Store(AnnasGame(), 1);
-  UserPicks("/f", FromAnna(1));
-  desktop.files.FailOperation(2);  // the game file's reading
-  EXPECT_FALSE(ImportMoveFiles(true, true).at(0).ok);
-  EXPECT_EQ(desktop.LastMessage().first, "File read error");
-  EXPECT_NE(Told().find("chess move file.\n\nThe cause: can't read"), std::string::npos) << Told();
+  for (const bool isPickedFile : {true, false}) {
+    UserPicks("/f", FromAnna(1));
+    desktop.files.FailOperation(isPickedFile ? 1 : 2);  // or the game file
+    EXPECT_FALSE(ImportMoveFiles(true, true).at(0).ok);
+    EXPECT_EQ(desktop.LastMessage().first, "File read error");
+    EXPECT_EQ(Told().ends_with("move file.\n\nThe cause: can't read /f."), isPickedFile) << Told();
+  }
 }
 
 TEST_F(MoveFiles, FailureAtATickIsToldForTheFirstFileAndCostsNone) {

@@ -117,8 +117,8 @@ void SaveMailMemory(const MailMemory& memory) {
   for (const auto& [thread, reason] : memory.undelivered) {
     content.append("undelivered|").append(thread).append("|").append(reason).append("\n");
   }
-  for (const auto& [kind, known] : {std::pair("arrived|", &memory.arrivals),
-                                    std::pair("departed|", &memory.departures)}) {
+  for (const auto& [kind, known] :
+       {std::pair("arrived|", &memory.arrivals), std::pair("departed|", &memory.departures)}) {
     for (auto it = LatestOf(*known, mostArrivals); it != known->end(); ++it) {
       content.append(kind).append(it->thread).append("|");
       content.append(std::to_string(it->at)).append("\n");

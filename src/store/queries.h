@@ -25,8 +25,9 @@ bool SelectGames(GameRecords& games, std::string_view selection, std::string_vie
 /// The last stored move of each game that has one, by its GAME_ID.
 using LastMoves = std::unordered_map<std::int32_t, MoveRecord>;
 
-/// Fills `games` with all of them, sorted, and `lastMoves` from the same read, which takes no longer
-/// for many moves. Fails as SelectGames does; a game whose moves are damaged has no last one.
+/// Fills `games` with all of them, sorted, and `lastMoves` from the same read, which takes no
+/// longer for many moves. Fails as SelectGames does; a game whose moves are damaged has no last
+/// one.
 bool SelectGamesWithLastMoves(GameRecords& games, LastMoves& lastMoves, std::string_view sort);
 
 /// Fills `moves` with the stored moves of one game. A game that isn't in the file has none. False

@@ -252,7 +252,7 @@ class Sending(Dialogue):
         altered = accepted and trouble.kind in GARBLING
         if self.fate_told(answer) in ("waiting", "perhaps"):
             left = self.scene.anna.console("mail", "deliver", patience=PATIENCE)
-            if not left.ok or left.lines:
+            if not left.ok or any(mail["state"] != "sent" for mail in left.lines):
                 yield "stuck", f"it doesn't leave afterwards: {left}"
         elif not self.told_sent(answer):
             stored = contents(self.scene.anna.games()) == self.after

@@ -92,9 +92,10 @@ def _held(file: Path) -> tuple[str, str]:
 
 def _memory(file: Path) -> tuple[str, ...]:
     """Without the count of strangers' games, which may miss one whose game is safe, and without
-    the notes of when a mail came, which may be missing and are of the run."""
+    the notes of when a mail came or went, which may be missing and are of the run."""
     lines = (_content(file) or b"").decode(errors="replace").splitlines()
-    return tuple(sorted(line for line in lines if not line.startswith(("founded|", "arrived|"))))
+    return tuple(sorted(line for line in lines
+                        if not line.startswith(("founded|", "arrived|", "departed|"))))
 
 
 def _digest(content: bytes) -> str:

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mail/inbox_walk.h"
 
+#include <algorithm>
 #include <exception>
 #include <optional>
-#include <ranges>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -100,7 +101,7 @@ class Reversion {
   void Do() {
     platform::Process().PendingGames = pending_;
     platform::Process().NewMoveArrived = newMoveArrived_;
-    for (MoveArrival& arrival : findings_.arrivals | std::views::drop(first_)) {
+    for (MoveArrival& arrival : std::span(findings_.arrivals).subspan(first_)) {
       if (!arrival.ok) continue;
       MoveArrival unsaved;
       unsaved.from = std::move(arrival.from);

@@ -11,26 +11,22 @@
 
 namespace mail {
 
-namespace {
+void NoteMoment(const std::string& thread, std::vector<Arrival>& moments) {
+  std::erase_if(moments, [&thread](const Arrival& known) { return known.thread == thread; });
+  moments.push_back({thread, platform::TheSeams().clock->Seconds()});
+}
 
-void Note(const std::string& thread, std::vector<Arrival> MailMemory::*moments) {
+void NoteDeparture(const std::string& thread) {
   try {
-    WithGamesLocked([&thread, moments] {
+    WithGamesLocked([&thread] {
       MailMemory memory = LoadMailMemory();
-      std::erase_if(memory.*moments, [&](const Arrival& known) { return known.thread == thread; });
-      (memory.*moments).push_back({thread, platform::TheSeams().clock->Seconds()});
+      NoteMoment(thread, memory.departures);
       SaveMailMemory(memory);
     });
   } catch (const std::exception&) {
-    // a note, and no reason to refuse the mail
+    // a note, and no reason to call the mail unsent
   }
 }
-
-}  // namespace
-
-void NoteArrival(const std::string& thread) { Note(thread, &MailMemory::arrivals); }
-
-void NoteDeparture(const std::string& thread) { Note(thread, &MailMemory::departures); }
 
 std::optional<std::int64_t> LastArrival(const std::string& thread) {
   try {

@@ -2,6 +2,7 @@
 #include "mail/inbox_walk.h"
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <optional>
 #include <span>
@@ -21,8 +22,9 @@
 namespace mail {
 namespace {
 
-/// Other programs wait for the game file until so many mails are judged.
+/// Read at once; other programs wait for the game file until they are judged, or the turn is over.
 constexpr std::size_t mostTogether = 100;
+constexpr std::chrono::milliseconds longestTurn(700);
 
 platform::MAPIMessages& Messages() { return *platform::TheSeams().MMess; }
 
@@ -79,13 +81,13 @@ bool IsTalk(const ReceivedMail& mail) {
   }
 }
 
-Fate Take(const ReceivedMail& mail, Findings& findings) {
+Fate Take(const ReceivedMail& mail, Findings& findings, Books& books) {
   if (IsTalk(mail)) return Fate::StaysUnread;
   MoveArrival& arrival = findings.arrivals.emplace_back();
   const auto claim = ClaimOf(mail, findings);
   if (!claim) return Fate::Stays;
   arrival.from = mail.address;
-  TakeClaim(*claim, mail, arrival);
+  TakeClaim(*claim, mail, arrival, books);
   return arrival.ok ? Fate::Goes : Fate::Stays;
 }
 
@@ -116,36 +118,52 @@ class Reversion {
   bool newMoveArrived_;
 };
 
-/// Where taking one fails, those before it are kept and the failure is handed out.
-std::exception_ptr TakeAndKeep(const std::vector<WaitingMail>& mails, std::vector<Fate>& fates,
+/// How long other programs may have to wait for the game file.
+class Turn {
+ public:
+  bool IsOver() const { return Clock::now() >= end_; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  Clock::time_point end_ = Clock::now() + longestTurn;
+};
+
+/// Takes mails as long as the turn is, at least one. Where taking one fails, those before it are
+/// kept and the failure is handed out.
+std::exception_ptr TakeAndKeep(std::span<const WaitingMail> mails, std::vector<Fate>& fates,
                                Findings& findings) {
   std::exception_ptr failure;
+  Books books;
   WithGamesLocked([&] {
     store::Batch batch;
+    const Turn turn;
     try {
-      for (const WaitingMail& waiting : mails) fates.push_back(Take(waiting.mail, findings));
+      for (const WaitingMail& waiting : mails) {
+        fates.push_back(Take(waiting.mail, findings, books));
+        if (turn.IsOver()) break;
+      }
     } catch (const std::exception&) {
       failure = std::current_exception();
     }
     if (!batch.Keep()) throw StoreFailure("the games can't be saved");
   });
+  Keep(books);
   return failure;
 }
 
-/// From the last one on, as those behind a deleted one get other numbers. Mails without a fate were
-/// read for nothing.
-void CarryOut(const std::vector<WaitingMail>& mails, std::vector<Fate> fates) {
-  fates.resize(mails.size(), Fate::StaysUnread);
-  for (std::size_t i = mails.size(); i-- > 0;) {
-    Messages().MsgIndex(mails[i].index);
+/// From the last one on, as those behind a deleted one get other numbers. `gone` of the set are
+/// deleted by now.
+void CarryOut(std::span<const WaitingMail> mails, const std::vector<Fate>& fates, int gone) {
+  for (std::size_t i = fates.size(); i-- > 0;) {
+    Messages().MsgIndex(mails[i].index - gone);
     if (fates[i] == Fate::StaysUnread) Messages().LeaveUnread();
     if (fates[i] == Fate::Goes) Messages().Delete();
   }
 }
 
-/// Answers how many mails have left the set.
-int TakeTogether(const std::vector<WaitingMail>& mails, Findings& findings) {
-  if (mails.empty()) return 0;
+/// The fates of the first ones; there may be more to take. Mails that a failure left without a fate
+/// were read for nothing.
+std::vector<Fate> TakeTogether(std::span<const WaitingMail> mails, int gone, Findings& findings) {
   std::vector<Fate> fates;
   std::exception_ptr failure;
   Reversion reversion(findings);
@@ -156,9 +174,21 @@ int TakeTogether(const std::vector<WaitingMail>& mails, Findings& findings) {
     fates.clear();
     reversion.Do();
   }
-  CarryOut(mails, fates);
+  if (failure) fates.resize(mails.size(), Fate::StaysUnread);
+  CarryOut(mails, fates, gone);
   if (failure) std::rethrow_exception(failure);
-  return static_cast<int>(std::ranges::count(fates, Fate::Goes));
+  return fates;
+}
+
+/// Answers how many mails have left the set.
+int TakeInTurns(const std::vector<WaitingMail>& mails, Findings& findings) {
+  int gone = 0;
+  for (std::span<const WaitingMail> rest(mails); !rest.empty();) {
+    const auto fates = TakeTogether(rest, gone, findings);
+    gone += static_cast<int>(std::ranges::count(fates, Fate::Goes));
+    rest = rest.subspan(fates.size());
+  }
+  return gone;
 }
 
 /// A mail that the user sent himself and that came back to him is no move for him.
@@ -206,7 +236,7 @@ void WalkInbox(Findings& findings) {
   // The user may have ended the program over the report of a mail.
   for (int index = 0; !failure && !platform::Process().Stopping && index < Messages().MsgCount();) {
     const auto mails = ReadSome(index, findings, failure);
-    index -= TakeTogether(mails, findings);
+    index -= TakeInTurns(mails, findings);
   }
   if (failure) std::rethrow_exception(failure);
 }

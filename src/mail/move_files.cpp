@@ -45,7 +45,10 @@ void ImportText(const std::string& content, bool userPicks, MoveArrival& arrival
   const std::string text = ExtractMoveText(content);
   platform::Process().NewMoveArrived = false;
   if (!ValidateMoveText(text, userPicks, &arrival.stage)) return;
-  TakeClaim(ReadClaim(text), {unknownName, unknownAddress, arrival.from, content, true}, arrival);
+  Books books;
+  TakeClaim(ReadClaim(text), {unknownName, unknownAddress, arrival.from, content, true}, arrival,
+            books);
+  Keep(books);
 }
 
 void ReportReadError(bool userPicks, const std::string& cause) {

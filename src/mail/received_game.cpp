@@ -75,7 +75,7 @@ void TakeSender(const Claim& claim, const ReceivedMail& mail, bool bringsMoves,
 
 /// `known` is the stored game, where there is one.
 void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<StoredGame>& known,
-          Consent consent, MoveArrival& arrival) {
+          Consent consent, MoveArrival& arrival, Books& books) {
   store::GameRecord game = known ? known->record : FoundedGame(claim, mail);
   if (game.GAME_WHITE_NAME.empty()) game.GAME_WHITE_NAME = claim.whiteName;
   const store::MoveRecords moves = Merged(claim, known ? known->moves : store::MoveRecords{});
@@ -90,11 +90,11 @@ void Save(const Claim& claim, const ReceivedMail& mail, const std::optional<Stor
     saved = store::SaveGame(game, moves, &changed);
   }
   if (!saved) throw StoreFailure("the game can't be saved");
-  if (!mail.isFile) ForgetUndelivered(ThreadOf(game));
+  if (!mail.isFile) books.answered.push_back(ThreadOf(game));
   platform::ProcessState& process = platform::Process();
   process.NewMoveArrived = changed;
   if (changed) process.PendingGames.push_back(game.GAME_ID);
-  if (changed && !mail.isFile) NoteArrival(ThreadOf(game));
+  if (changed && !mail.isFile) books.arrived.push_back(ThreadOf(game));
   arrival.gameID = game.GAME_ID;
   arrival.changed = changed;
   arrival.ok = true;
@@ -120,31 +120,39 @@ void SetAside(const ReceivedMail& mail, Objection why, std::optional<std::int32_
   if (kept->state == HeldState::New) platform::Process().HeldMailArrived = true;
 }
 
-/// Keeps the books behind a game that was saved. Where that fails, the user is asked once too
-/// often.
 template <typename Work>
 void Quietly(const Work& work) {
   try {
-    work();
+    WithGamesLocked(work);
   } catch (const std::exception&) {
+    // a note, and no reason to refuse a game that is saved
   }
 }
 
 /// What waited for an answer and needs none any more.
-void ReleaseHeld(const ReceivedMail& mail) {
-  Quietly([&mail] {
-    auto held = FindHeldMail(IdentifierOf(mail));
-    if (held && held->state != HeldState::Taken) SetState(*held, HeldState::Taken);
-  });
+void ReleaseHeld(const std::string& id) {
+  auto held = FindHeldMail(id);
+  if (held && held->state != HeldState::Taken) SetState(*held, HeldState::Taken);
+}
+
+void KeepMemory(const Books& books) {
+  if (!books.foundings && books.arrived.empty() && books.answered.empty()) return;
+  MailMemory memory = LoadMailMemory();
+  bool changes = !books.arrived.empty() || books.foundings;
+  if (books.foundings) memory.foundings = *books.foundings;
+  for (const std::string& thread : books.answered) changes |= memory.undelivered.erase(thread) > 0;
+  for (const std::string& thread : books.arrived) NoteMoment(thread, memory.arrivals);
+  if (changes) SaveMailMemory(memory);
 }
 
 void TakeForGame(const Claim& claim, const ReceivedMail& mail, const StoredGame& game,
-                 MoveArrival& arrival) {
+                 MoveArrival& arrival, Books& books) {
   const MailMemory memory = LoadMailMemory();
   const Objection objection = ObjectionTo(claim, mail, game, memory);
   if (objection == Objection::None) {
-    Save(claim, mail, game, Consent::None, arrival);
-    return ReleaseHeld(mail);
+    Save(claim, mail, game, Consent::None, arrival, books);
+    books.taken.push_back(IdentifierOf(mail));
+    return;
   }
   // Whom the user has refused for this game isn't heard of again.
   arrival.why = objection;
@@ -155,31 +163,39 @@ void TakeForGame(const Claim& claim, const ReceivedMail& mail, const StoredGame&
   SetAside(mail, objection, game.record.GAME_ID, arrival);
 }
 
-void TakeNewGame(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival) {
+void TakeNewGame(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival, Books& books) {
   MailMemory memory = LoadMailMemory();
+  if (books.foundings) memory.foundings = *books.foundings;
   const auto foundings = memory.foundings;
   const Objection objection = ObjectionToNewGame(claim, mail, memory);
   if (objection != Objection::None) return SetAside(mail, objection, {}, arrival);
-  Save(claim, mail, {}, Consent::None, arrival);
-  if (memory.foundings != foundings) Quietly([&memory] { SaveMailMemory(memory); });
-  ReleaseHeld(mail);
+  Save(claim, mail, {}, Consent::None, arrival, books);
+  if (memory.foundings != foundings) books.foundings = std::move(memory.foundings);
+  books.taken.push_back(IdentifierOf(mail));
 }
 
 }  // namespace
 
-void TakeClaim(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival) {
+void TakeClaim(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival, Books& books) {
   WithGamesLocked([&] {
     if (const auto game = FindGame(claim, mail)) {
-      TakeForGame(claim, mail, *game, arrival);
+      TakeForGame(claim, mail, *game, arrival, books);
     } else {
-      TakeNewGame(claim, mail, arrival);
+      TakeNewGame(claim, mail, arrival, books);
     }
   });
 }
 
 void SaveClaim(const Claim& claim, const ReceivedMail& mail, Consent consent,
                MoveArrival& arrival) {
-  WithGamesLocked([&] { Save(claim, mail, FindGame(claim, mail), consent, arrival); });
+  Books books;
+  WithGamesLocked([&] { Save(claim, mail, FindGame(claim, mail), consent, arrival, books); });
+  Keep(books);
+}
+
+void Keep(const Books& books) {
+  Quietly([&books] { KeepMemory(books); });
+  for (const std::string& id : books.taken) Quietly([&id] { ReleaseHeld(id); });
 }
 
 }  // namespace mail

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "mail/claim.h"
 #include "mail/games_locked.h"
@@ -26,9 +27,20 @@ struct MoveArrival {
   bool isDropped = false;              ///< too many wait: it was left in the Inbox and nowhere else
 };
 
+/// What is to be written down behind saved games, once they surely are on the disk.
+struct Books {
+  std::optional<std::vector<std::int64_t>> foundings;  ///< by strangers, with those before
+  std::vector<std::string> arrived;                    ///< threads of mails that brought news
+  std::vector<std::string> answered;                   ///< threads in which a mail came
+  std::vector<std::string> taken;                      ///< identifiers of mails that may be held
+};
+
 /// Finds the game of a claim, or founds it, saves it, and puts it on PendingGames where it brought
 /// something new, as NewMoveArrived then says; or sets the mail aside. Raises StoreFailure.
-void TakeClaim(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival);
+void TakeClaim(const Claim& claim, const ReceivedMail& mail, MoveArrival& arrival, Books& books);
+
+/// Raises nothing: where it fails the user is asked, or told, once too often.
+void Keep(const Books& books);
 
 /// What a person has said of a claim.
 enum class Consent {

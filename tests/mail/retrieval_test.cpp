@@ -216,6 +216,7 @@ TEST_F(Retrieval, FailingDiskNeverLosesAMail) {
     const bool taken = desktop.mail.inbox.empty();
     EXPECT_EQ(GameFile() != otherGame, taken);
     EXPECT_EQ(IsToldOf("trying to save"), !taken);
+    EXPECT_TRUE(taken || File("Tvmail.dat").empty()) << "no stranger has begun a game";
     const auto nth = static_cast<std::size_t>(failing) - 1;
     EXPECT_EQ(IsToldOf("The cause: can't read /program/Data/Tvmail.dat."),
               !taken && desktop.files.operations[nth].ends_with("Tvmail.dat"));

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/process_state.h"
 #include "platform/seams.h"
 #include "store/data_files.h"
 #include "store/game_file.h"
@@ -131,8 +132,11 @@ bool IsGameFileUnchanged(std::string& stamp) {
 std::optional<std::int32_t> NextGameID() {
   GameRecords games;
   if (!SelectGames(games, "", "Game_ID;A")) return std::nullopt;
-  if (games.empty()) return 1;
-  const std::int32_t last = games.back().GAME_ID;
+  std::int32_t last = games.empty() ? 0 : games.back().GAME_ID;
+  // A deleted game keeps its number as long as it can be put back.
+  for (const std::string& line : platform::Process().DeletedGames) {
+    last = std::max(last, GameIDOfLine(line));
+  }
   if (last < std::numeric_limits<std::int32_t>::max()) return last + 1;
   // Behind the greatest number there is none: the first gap, so that no game is overwritten.
   std::int32_t gap = 1;

@@ -45,7 +45,9 @@ TEST_F(QueriesTest, ALineReadsOrFailsTheWholeQuery) {
     EXPECT_EQ(SelectGamesWithLastMoves(games, last, ""), row.gameReads);
     const bool hasMoves = row.gameReads && SelectWholeMoves(moves, 1) && !moves.empty();
     EXPECT_EQ(last.contains(1), hasMoves);
-    if (hasMoves) EXPECT_EQ(Text({last[1]}), Text({moves.back()}));
+    if (hasMoves) {
+      EXPECT_EQ(Text({last[1]}), Text({moves.back()}));
+    }
     EXPECT_TRUE(SelectMoves(moves, 5)) << "damage behind the wanted line disturbs nothing";
   }
 }

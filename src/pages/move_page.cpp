@@ -59,7 +59,7 @@ std::string Beginning(const std::string& headline) {
          "</title>\n</head>\n<body style=\"margin:0\">\n"
          "<div style=\"max-width:560px;margin:0 auto;padding:20px 12px;"
          "font:18px/1.5 'Segoe UI',Verdana,Helvetica,Arial,sans-serif\">\n"
-         "<h1 style=\"margin:0 0 8px;font-size:27px;line-height:1.25\">" +
+         "<h1 style=\"margin:0 0 8px;font-size:24px;line-height:1.3\">" +
          headline + "</h1>\n";
 }
 
@@ -68,7 +68,7 @@ std::string Paragraph(string_view html) {
 }
 
 std::string Subtitle(string_view text) {
-  return std::string("<h2 style=\"margin:26px 0 8px;font-size:21px;line-height:1.3\">")
+  return std::string("<h2 style=\"margin:26px 0 8px;font-size:18px;line-height:1.5\">")
       .append(text)
       .append("</h2>\n");
 }
@@ -84,7 +84,7 @@ std::string LastMove(const ShownMove& shown) {
 std::string Comment(const std::string& comment) {
   if (comment.empty()) return {};
   return "<blockquote dir=\"auto\" style=\"margin:0 0 16px;padding:4px 0 4px 14px;"
-         "border-left:4px solid #c07a3c;font-size:20px\">" +
+         "border-left:4px solid #c07a3c\">" +
          TextToHtml(comment) + "</blockquote>\n";
 }
 

@@ -61,6 +61,7 @@ DialogSkin::DialogSkin(QWidget& dialog, bool composited)
   const bool isFixed = HasFixedSize(dialog);
   dialog.setContentsMargins(frame);
   if (!isFixed) {
+    if (!dialog.testAttribute(Qt::WA_Resized)) dialog.adjustSize();
     dialog.resize(dialog.size().grownBy(frame));
     new RimResize(dialog);  // the dialog's own
   }

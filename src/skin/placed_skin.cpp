@@ -112,6 +112,17 @@ void PlacedSkin::Colour() {
   ForEachControl(window, row->tabPages, pictures.tabColours, ColourPage);
 }
 
+namespace {
+
+/// The accent, where it stands out from the ground nearly as the texts do.
+QColor FocusColour(const QPalette& palette) {
+  const QColor accent = palette.color(QPalette::Highlight);
+  const QColor text = palette.color(QPalette::WindowText);
+  return std::abs(qGray(accent.rgb()) - qGray(text.rgb())) < 110 ? accent : text;
+}
+
+}  // namespace
+
 /// Buttons and the board show their focus themselves.
 void PlacedSkin::PaintOnGround(QPainter& painter) const {
   const QWidget* focused = Window().focusWidget();
@@ -122,7 +133,9 @@ void PlacedSkin::PaintOnGround(QPainter& painter) const {
       continue;
     }
     if (FindControl(Window(), control.name) != focused) continue;
-    DrawFocusRing(painter, InQt(control.rect), 0, Window().palette().color(QPalette::WindowText));
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(FocusColour(Window().palette()), 1));
+    painter.drawRect(QRectF(InQt(control.rect)).adjusted(-1.5, -1.5, 1.5, 1.5));
   }
 }
 

@@ -50,8 +50,8 @@ inline constexpr Control optionsPageControls[] = {
     {"opSystrayStartup_L", Surface::Label, {60, 258, 270, 21}},
     {"opSessionStart", Surface::Occasion, {36, 279, 20, 21}},
     {"opSessionStart_L", Surface::Label, {60, 279, 270, 21}},
-    {"Label2", Surface::Label, {252, 134, 240, 20}},
-    {"opIconList", Surface::Occasion, {252, 156, 240, 114}},
+    {"Label2", Surface::Label, {264, 134, 228, 20}},
+    {"opIconList", Surface::Occasion, {264, 156, 228, 98}},
 
     // Notification.
     {"opNotifySound", Surface::Occasion, {36, 76, 20, 24}},
@@ -66,6 +66,8 @@ inline constexpr Control optionsPageControls[] = {
     {"opComputerGames_L", Surface::Label, {60, 232, 420, 24}},
     {"opGamePreview", Surface::Occasion, {36, 260, 20, 24}},
     {"opGamePreview_L", Surface::Label, {60, 260, 420, 24}},
+    {"opAskSurrender", Surface::Occasion, {36, 288, 20, 24}},
+    {"opAskSurrender_L", Surface::Label, {60, 288, 340, 24}},
 
     // Chess set.
     {"Label8", Surface::Label, {36, 68, 190, 20}},

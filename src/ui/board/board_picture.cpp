@@ -232,14 +232,18 @@ void BoardPicture::PaintLastMove(QPainter& painter) const {
     const qreal width = std::max(2.0, RectOf(square).width() * 0.06);
     const QRectF rect = RectOf(square).adjusted(width / 2, width / 2, -width / 2, -width / 2);
     const QPointF along(rect.width() * 0.22, 0), down(0, rect.height() * 0.22);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), width, Qt::SolidLine, Qt::FlatCap,
-                        Qt::MiterJoin));
     const QPointF corners[][3] = {
         {rect.topLeft() + down, rect.topLeft(), rect.topLeft() + along},
         {rect.topRight() - along, rect.topRight(), rect.topRight() + down},
         {rect.bottomRight() - down, rect.bottomRight(), rect.bottomRight() - along},
         {rect.bottomLeft() + along, rect.bottomLeft(), rect.bottomLeft() - down}};
-    for (const auto& corner : corners) painter.drawPolyline(corner, 3);
+    // With a rim: no one colour shows on the squares of every chess set.
+    for (const auto& [role, part] :
+         {std::pair(QPalette::HighlightedText, 1.0), std::pair(QPalette::Highlight, 0.55)}) {
+      painter.setPen(
+          QPen(palette().color(role), width * part, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+      for (const auto& corner : corners) painter.drawPolyline(corner, 3);
+    }
   }
 }
 

@@ -2,12 +2,14 @@
 #include "ui/board/board_window.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
@@ -24,6 +26,7 @@
 #include "skin/layouts/board_layout.h"
 #include "skin/look.h"
 #include "skin/system_button.h"
+#include "skin/task_bar.h"
 #include "skin/window_skin.h"
 #include "ui/board/board_commands.h"
 #include "ui/board/board_toolbar.h"
@@ -137,7 +140,7 @@ void BoardWindow::AddSkinnedControls() {
   auto* minimise = new SystemButton(u"MinimiseButton"_s, this);
   minimise->setText(u"\u2013"_s);
   minimise->setAccessibleName(u"Minimise the board"_s);
-  connect(minimise, &SystemButton::clicked, this, &QWidget::showMinimized);
+  connect(minimise, &SystemButton::clicked, this, &BoardWindow::BecomeIcon);
 }
 
 void BoardWindow::Connect() {
@@ -293,11 +296,23 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
   }
   if (event->key() == Qt::Key_Escape) {
     // One that is still down has stopped the computer; another came too late for that.
-    if (!event->isAutoRepeat() && !commands_->EscapeIsLate()) showMinimized();
+    if (!event->isAutoRepeat() && !commands_->EscapeIsLate()) BecomeIcon();
   } else if (event->key() == Qt::Key_F1) {
     platform::TheSeams().help->ShowHelp(platform::HelpOfBoard);
   } else if (!menus_->Press(event->keyCombination())) {
     QWidget::keyPressEvent(event);
+  }
+}
+
+/// Where nothing could bring it back the window stays as it is.
+void BoardWindow::BecomeIcon() {
+  if (TaskBarShowsWindows()) showMinimized();
+}
+
+/// Over the board the wheel goes through the moves as it does over their list.
+void BoardWindow::wheelEvent(QWheelEvent* event) {
+  if (moveList_->isVisible() && moveList_->isEnabled() && !board_.ComputerThinking) {
+    QCoreApplication::sendEvent(moveList_->viewport(), event);
   }
 }
 

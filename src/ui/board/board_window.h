@@ -53,6 +53,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -69,6 +70,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void Hide() override { hide(); }
   void Close() override;
 
+  void BecomeIcon();
   void SetSimpleUI();
   void AddSkinnedControls();
   void Connect();

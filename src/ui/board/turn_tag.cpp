@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "board/controls.h"
+#include "widgets/shown_moment.h"
 #include "widgets/shown_text.h"
 #include "widgets/tool_tips.h"
 
@@ -25,8 +26,7 @@ QStringList LinesOf(const board::Game& game) {
 }
 
 QString MailLine(const board::Game& game) {
-  const QDateTime came = QDateTime::fromSecsSinceEpoch(game.LastMail);
-  return u"Mail: "_s + QLocale().toString(came, QLocale::ShortFormat);
+  return u"Mail: "_s + ShownMoment(QDateTime::fromSecsSinceEpoch(game.LastMail));
 }
 
 QString MailTip(const board::Game& game) {

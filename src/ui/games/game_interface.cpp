@@ -417,11 +417,12 @@ void GameInterface::showEvent(QShowEvent* event) {
 }
 
 /// Where no task bar could bring it back, into the tray, which can.
+/// Where nothing could bring it back the window stays as it is.
 void GameInterface::BecomeIcon() {
-  if (platform::Settings().SystrayStartup && !TaskBarShowsWindows()) {
-    close();
-  } else {
+  if (TaskBarShowsWindows()) {
     showMinimized();
+  } else if (platform::Settings().SystrayStartup) {
+    close();
   }
 }
 

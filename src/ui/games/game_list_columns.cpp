@@ -12,6 +12,7 @@
 #include "platform/setting_variables.h"
 #include "skin/window_region.h"
 #include "ui/games/game_list_model.h"
+#include "widgets/shown_moment.h"
 
 namespace ui {
 

@@ -140,6 +140,11 @@ bool GameListGrid::viewportEvent(QEvent* event) {
   return QTableView::viewportEvent(event);
 }
 
+/// Beside the games a press leaves the selected one as it is.
+void GameListGrid::mousePressEvent(QMouseEvent* event) {
+  if (indexAt(event->position().toPoint()).isValid()) QTableView::mousePressEvent(event);
+}
+
 void GameListGrid::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Backspace:

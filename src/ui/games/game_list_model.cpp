@@ -9,6 +9,7 @@
 #include "platform/setting_variables.h"
 #include "skin/program_pictures.h"
 #include "ui/games/mail_mark.h"
+#include "widgets/shown_moment.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -69,10 +70,6 @@ QString ShownDate(const std::string& storedDate) {
   const auto day = shell::DayOfGame(storedDate);
   if (!day) return ShownLine(storedDate);
   return QLocale().toString(QDate(day->year, day->month, day->day), QLocale::LongFormat);
-}
-
-QString ShownMoment(const QDateTime& moment) {
-  return QLocale().toString(moment, QLocale::ShortFormat);
 }
 
 QString GameListModel::TextOf(const store::GameRecord& game, int column) const {

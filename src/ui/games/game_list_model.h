@@ -55,7 +55,4 @@ class GameListModel : public QAbstractTableModel {
 /// A date in the desktop's long form; one that can't be read shows as it is stored.
 QString ShownDate(const std::string& storedDate);
 
-/// Day and time in the desktop's short form.
-QString ShownMoment(const QDateTime& moment);
-
 }  // namespace ui

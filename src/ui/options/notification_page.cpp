@@ -47,7 +47,8 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
       opComputerGames_(new LabelledBox(
           "opComputerGames", "Show games against the computer as new moves in the tray?", this)),
       opGamePreview_(new LabelledBox(
-          "opGamePreview", "Show the board of a game that is pointed at in the list?", this)) {
+          "opGamePreview", "Show the board of a game that is pointed at in the list?", this)),
+      opAskSurrender_(new LabelledBox("opAskSurrender", "Ask before a game is given up?", this)) {
   opNotificationSound_->setObjectName(u"opNotificationSound"_s);
   opNotificationSound_->setTextFormat(Qt::PlainText);
   opNotificationSound_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -59,7 +60,7 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
   for (LabelledBox* box : {opNotifySound_, opNotifyDialog_}) {
     connect(box, &QCheckBox::clicked, this, &NotificationPage::SetNotifyMethod);
   }
-  for (LabelledBox* box : {opComputerGames_, opGamePreview_}) {
+  for (LabelledBox* box : {opComputerGames_, opGamePreview_, opAskSurrender_}) {
     connect(box, &QCheckBox::clicked, this, &NotificationPage::ApplyWanted);
   }
   connect(opBrowseSound_, &QAbstractButton::clicked, this, &NotificationPage::BrowseSound);
@@ -80,7 +81,7 @@ void NotificationPage::SetSimpleUI() {
   layout->addWidget(opTimeoutCombo_, 3, 2, Qt::AlignLeft);
   int row = 4;
   layout->setRowMinimumHeight(row++, 8);
-  for (LabelledBox* box : {opComputerGames_, opGamePreview_}) {
+  for (LabelledBox* box : {opComputerGames_, opGamePreview_, opAskSurrender_}) {
     layout->addWidget(box, row, 0);
     layout->addWidget(&box->Caption(), row++, 1, 1, 2);
   }
@@ -103,6 +104,7 @@ void NotificationPage::LoadOptions() {
   opTimeoutCombo_->setCurrentIndex(Settings().NotificationTimeout);
   opComputerGames_->setChecked(Settings().ComputerGamesCount);
   opGamePreview_->setChecked(Settings().ShowGamePreview);
+  opAskSurrender_->setChecked(Settings().AskBeforeSurrender);
 }
 
 void NotificationPage::SetOptions() {
@@ -112,6 +114,7 @@ void NotificationPage::SetOptions() {
   if (timeout >= 0) Settings().NotificationTimeout = timeout;
   shell::CountComputerGames(opComputerGames_->isChecked());
   Settings().ShowGamePreview = opGamePreview_->isChecked();
+  Settings().AskBeforeSurrender = opAskSurrender_->isChecked();
 }
 
 void NotificationPage::SetNotifyMethod() {
@@ -142,6 +145,7 @@ void NotificationPage::SetToolTips() {
   SetTip(*opTimeoutCombo_, "How long to leave the new move notification dialog on screen");
   opComputerGames_->SetTip("Whether a game against the computer shows as a new move in the tray");
   opGamePreview_->SetTip("Whether the list shows the board of a game after a second");
+  opAskSurrender_->SetTip("Whether to ask once more before a surrender is sent");
 }
 
 }  // namespace ui

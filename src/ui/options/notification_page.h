@@ -47,6 +47,7 @@ class NotificationPage : public QWidget {
   QComboBox* opTimeoutCombo_;
   LabelledBox* opComputerGames_;
   LabelledBox* opGamePreview_;
+  LabelledBox* opAskSurrender_;
 };
 
 }  // namespace ui

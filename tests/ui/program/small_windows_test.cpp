@@ -53,14 +53,14 @@ TEST_F(NotifyFormTest, Choices) {
       SCOPED_TRACE(row.name);
       platform::Settings().NotificationTimeout = row.timeout;
       OnNextDialog(row.action);
-      EXPECT_EQ(AskAboutNewMove({"Eva", "Winter", "Well, well", row.isLast}), row.choice);
+      EXPECT_EQ(AskAboutNewMove({"Eva", "Winter", "Well, well", row.isLast, "", -1}), row.choice);
     }
   }
 }
 
 TEST_F(NotifyFormTest, WhatItShows) {
   const auto font = [](const std::string& comment) {
-    const NotifyForm form({"Eva", "Winter", comment, true});
+    const NotifyForm form({"Eva", "Winter", comment, true, "", -1});
     return Find(form, "MoveComment").font();
   };
   platform::Settings().NotificationTimeout = 2;

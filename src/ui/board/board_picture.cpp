@@ -229,7 +229,7 @@ void BoardPicture::PaintLastMove(QPainter& painter) const {
   if (!lastMove_) return;
   painter.setBrush(Qt::NoBrush);
   for (const Square square : {lastMove_->from, lastMove_->to}) {
-    const qreal width = std::max(2.0, RectOf(square).width() * 0.06);
+    const qreal width = std::max(2.0, RectOf(square).width() * 0.08);
     const QRectF rect = RectOf(square).adjusted(width / 2, width / 2, -width / 2, -width / 2);
     const QPointF along(rect.width() * 0.22, 0), down(0, rect.height() * 0.22);
     const QPointF corners[][3] = {

@@ -50,8 +50,8 @@ inline constexpr Control optionsPageControls[] = {
     {"opSystrayStartup_L", Surface::Label, {60, 258, 270, 21}},
     {"opSessionStart", Surface::Occasion, {36, 279, 20, 21}},
     {"opSessionStart_L", Surface::Label, {60, 279, 270, 21}},
-    {"Label2", Surface::Label, {264, 134, 228, 20}},
-    {"opIconList", Surface::Occasion, {264, 156, 228, 98}},
+    {"Label2", Surface::Label, {252, 134, 240, 20}},
+    {"opIconList", Surface::Occasion, {252, 156, 240, 98}},
 
     // Notification.
     {"opNotifySound", Surface::Occasion, {36, 76, 20, 24}},

@@ -92,6 +92,7 @@ bool PrintAll(const std::vector<ReadFile>& files, std::optional<std::int32_t> ne
 bool CheckGames(const std::vector<std::string>& names) {
   const auto begin = std::chrono::steady_clock::now();
   std::vector<ReadFile> files;
+  files.reserve(names.size());
   for (const std::string& name : names) files.push_back(ReadGamesOf(name, pgn::CheckGames));
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
   const bool allGood = PrintAll(files, {});

@@ -105,9 +105,10 @@ std::string Board(const std::string& picture, rules::Side reader) {
     table += "<tr>" + Coordinate(std::to_string(fromWhite ? 8 - row : row + 1),
                                  "width=\"18\" height=\"40\"");
     if (row == 0) {
-      table += "<td colspan=\"8\" rowspan=\"8\"><img src=\"cid:" + letters::ContentIDOf(picture) +
-               "\" width=\"" + edge + "\" height=\"" + edge +
-               "\" alt=\"The board\" style=\"display:block\"></td>";
+      table.append("<td colspan=\"8\" rowspan=\"8\"><img src=\"cid:")
+          .append(letters::ContentIDOf(picture))
+          .append("\" width=\"" + edge + "\" height=\"" + edge)
+          .append("\" alt=\"The board\" style=\"display:block\"></td>");
     }
     table += "</tr>\n";
   }

@@ -54,7 +54,7 @@ class MailState {
   virtual std::vector<MailOnItsWay> OnItsWay() { return {}; }
 
   /// Calls `changed` on the window's thread, from its event loop, when the two above have changed.
-  virtual void OnChange(std::function<void()> /*changed*/) {}
+  virtual void OnChange(const std::function<void()>& /*changed*/) {}
 
   /// Tries all that waits, at once.
   virtual void DeliverNow() {}

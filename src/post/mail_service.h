@@ -112,7 +112,7 @@ class MailService : public platform::MAPISession,
   // What is told of it all.
   platform::MailConnection Connection() override;
   std::vector<platform::MailOnItsWay> OnItsWay() override { return delivery_.OnItsWay(); }
-  void OnChange(std::function<void()> changed) override { changed_ = std::move(changed); }
+  void OnChange(const std::function<void()>& changed) override { changed_ = changed; }
   void DeliverNow() override { delivery_.DeliverNow(); }
   void NoteTold(const std::string& thread) override { delivery_.NoteTold(thread); }
 

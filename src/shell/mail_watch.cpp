@@ -34,7 +34,7 @@ platform::MailState& State() { return *platform::TheSeams().mailState; }
 
 /// Such as "14:05", of a moment given in seconds since 1970.
 std::string TimeOfDay(std::int64_t seconds) {
-  constexpr std::int64_t minutesOfDay = 24 * 60;
+  constexpr std::int64_t minutesOfDay = 1440;
   platform::Clock& clock = *platform::TheSeams().clock;
   const platform::LocalTime now = clock.Now();
   const std::int64_t ahead = (seconds - clock.Seconds()) / 60;

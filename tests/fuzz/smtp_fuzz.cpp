@@ -16,8 +16,8 @@ bool IsSent(const char* security) {
   bool sent = true;
   try {
     const post::Patience patience(std::chrono::seconds(1));
-    post::SendBySmtp({"127.0.0.1", 25, security}, {"me", "secret", {}}, patience, "me@example.org",
-                     {"eva@example.org"}, "Subject: s\r\n\r\nt\r\n");
+    post::SmtpClient({"127.0.0.1", 25, security}, {"me", "secret", {}}, patience)
+        .Send("me@example.org", {"eva@example.org"}, "Subject: s\r\n\r\nt\r\n");
   } catch (const platform::MailError&) {
     sent = false;
   }

@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/process_state.h"
 #include "platform/seams.h"
@@ -39,18 +40,26 @@ bool IsWorthABackup(std::string_view content) {
   }
 }
 
-bool ChangeBatch(Batch& batch, const std::function<std::string(std::string_view)>& change) {
+/// False, with the reason where somebody asks for it.
+bool Fail(const std::exception& error, std::string* why) {
+  if (why) *why = error.what();
+  return false;
+}
+
+bool ChangeBatch(Batch& batch, const std::function<std::string(std::string_view)>& change,
+                 std::string* why) {
   try {
     batch.Change(change(batch.Content() ? std::string_view(*batch.Content()) : ""));
     return true;
-  } catch (const std::exception&) {
-    return false;
+  } catch (const std::exception& error) {
+    return Fail(error, why);
   }
 }
 
 /// Replaces the game file by what `change` makes of its content, after a backup.
-bool ChangeGameFile(const std::function<std::string(std::string_view)>& change) {
-  if (Batch* batch = Batch::Open()) return ChangeBatch(*batch, change);
+bool ChangeGameFile(const std::function<std::string(std::string_view)>& change,
+                    std::string* why = nullptr) {
+  if (Batch* batch = Batch::Open()) return ChangeBatch(*batch, change, why);
   std::optional<DatabaseLock> lock;
   std::optional<std::string> before;
   std::string after;
@@ -61,20 +70,20 @@ bool ChangeGameFile(const std::function<std::string(std::string_view)>& change) 
     after = change(before.value_or(""));
     backUp = before && IsWorthABackup(*before);
     if (backUp) ReplaceFile(BackupPath(), *before);
-  } catch (const std::exception&) {
-    return false;
+  } catch (const std::exception& error) {
+    return Fail(error, why);
   }
   try {
     ReplaceFile(GameFilePath(), after);
     return true;
-  } catch (const std::exception&) {
+  } catch (const std::exception& error) {
     // Where no backup was made an earlier one is none of this state.
     if (backUp) {
       RestoreDatabase();
     } else {
       RestoreGameFile(before);
     }
-    return false;
+    return Fail(error, why);
   }
 }
 
@@ -92,6 +101,21 @@ std::optional<std::string_view> CopyOtherGames(std::string_view content, std::in
     }
   }
   return oldLine;
+}
+
+/// The first of `count` free numbers in a row: behind the greatest, or where that leaves too few,
+/// in the first gap that has room for all.
+std::int64_t FreeNumbers(std::vector<std::int64_t> taken, std::int64_t count) {
+  constexpr std::int64_t greatest = std::numeric_limits<std::int32_t>::max();
+  std::ranges::sort(taken);
+  std::int64_t free = taken.empty() ? 1 : std::max<std::int64_t>(taken.back() + 1, 1);
+  if (free + count - 1 <= greatest) return free;
+  free = 1;
+  for (const std::int64_t number : taken) {
+    if (number - free >= count) return free;
+    free = std::max(free, number + 1);
+  }
+  throw std::invalid_argument("there are no numbers left for new games");
 }
 
 }  // namespace
@@ -149,25 +173,24 @@ std::string_view NewGames::Line(std::size_t index) const {
   return std::string_view(lines_).substr(begin, ends_[index] - begin);
 }
 
-std::optional<std::int32_t> AddGames(const NewGames& games) {
+std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why) {
   std::int64_t first = 1;
-  const bool saved = ChangeGameFile([&](std::string_view content) {
+  const auto add = [&](std::string_view content) {
     std::string all;
+    std::vector<std::int64_t> taken;
     LineWalk lines(content);
     while (const auto line = lines.Next()) {
       all.append(*line).append(lineEnd);
-      first = std::max(first, std::int64_t{GameIDOfLine(*line)} + 1);
+      taken.push_back(GameIDOfLine(*line));
     }
-    if (first + static_cast<std::int64_t>(games.Count()) >
-        std::numeric_limits<std::int32_t>::max()) {
-      throw std::invalid_argument("there is no number left for a new game");
-    }
+    first = FreeNumbers(std::move(taken), static_cast<std::int64_t>(games.Count()));
     for (std::size_t i = 0; i < games.Count(); ++i) {
       const auto number = first + static_cast<std::int64_t>(i);
       all.append(std::to_string(number)).append(games.Line(i)).append(lineEnd);
     }
     return all;
-  });
+  };
+  const bool saved = ChangeGameFile(add, why);
   return saved && games.Count() > 0 ? std::optional(static_cast<std::int32_t>(first))
                                     : std::nullopt;
 }

@@ -50,9 +50,10 @@ class NewGames {
   std::vector<std::size_t> ends_;
 };
 
-/// Stores new games in one change, under numbers in their order behind the greatest one. The first
-/// of these; nothing where none is stored.
-std::optional<std::int32_t> AddGames(const NewGames& games);
+/// Stores new games in one change, under numbers in a row behind the greatest one, or in a gap
+/// where there are too few. The first of these; nothing where none is stored: `why`, where given,
+/// is then the reason, as the end of a sentence.
+std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why = nullptr);
 
 /// True also where the game wasn't there. `removed`, where given, gets what PutBackGame takes;
 /// nothing for a game that wasn't there.

@@ -92,6 +92,19 @@ TEST_F(SavingTest, ALineWithoutANumberBlocksEveryChange) {
   }
 }
 
+TEST_F(SavingTest, NewGamesStandBehindTheGreatestNumberOrInAGap) {
+  NewGames games;
+  for (int i = 0; i < 2; ++i) games.Add(Game(0), {});
+  const auto file = [](auto... ids) { return ((Line(Game(ids)) + "\n") + ...); };
+  SetGameFile(file(2147483645, 2));
+  EXPECT_EQ(AddGames(games), 2147483646);
+  EXPECT_EQ(AddGames(games), 3) << "the place before 2 has no room for both";
+  std::string why;
+  SetGameFile("x\n");
+  EXPECT_EQ(AddGames(games, &why), std::nullopt);
+  EXPECT_NE(why, "");
+}
+
 TEST_F(SavingTest, TheBackupIsTheStateBeforeTheLatestChange) {
   const std::string a = Line(Game(1)) + "\r\n";
   const std::string b = Line(Game(2)) + "\r\n";

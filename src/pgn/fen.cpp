@@ -8,6 +8,9 @@
 #include <vector>
 
 #include "pgn/entries.h"
+#include "pgn/game_text.h"
+#include "platform/utf8.h"
+#include "rules/attack.h"
 
 namespace pgn {
 
@@ -123,6 +126,7 @@ class FenReader {
       }
     }
     if (fields.size() > std::size(steps)) Refuse("There is more behind the number of the move.");
+    if (reading_.trouble.empty()) CheckWaitingKing();
     return std::move(reading_);
   }
 
@@ -143,17 +147,22 @@ class FenReader {
   void ReadRow(std::string_view row, int y) {
     const std::string name = "Row " + std::to_string(y);
     int x = 0;
-    for (const char c : row) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      const char c = row[i];
       const auto piece = pieceLetters.find(c, 1);
       if (c >= '1' && c <= '8') {
         x += c - '0';
       } else if (piece == std::string_view::npos) {
-        return Refuse(name + " holds " + Quoted({&c, 1}) + ", which is no piece and no number.");
+        const auto letter = row.substr(i, platform::FirstCharacter(row.substr(i)).length);
+        return Refuse(name + " holds " + Quoted(letter) + ", which is no piece and no number.");
       } else if (++x <= 8) {
         reading_.board.Put({x, y}, static_cast<rules::PieceCode>(piece));
       }
     }
     if (x != 8) Refuse(name + " has " + std::to_string(x) + " squares in place of 8.");
+    if ((y == 1 || y == 8) && row.find_first_of("Pp") != std::string_view::npos) {
+      Refuse(name + " holds a pawn, and no pawn can stand there.");
+    }
   }
 
   void CountKings(rules::Side side) {
@@ -221,6 +230,15 @@ class FenReader {
     }
   }
 
+  void CheckWaitingKing() {
+    const rules::Side waiting = rules::OtherSide(reading_.turn.side);
+    const PositionGuard guard;
+    ThePosition().BoardState = reading_.board;
+    if (!rules::IsInCheck(waiting)) return;
+    Refuse(std::string(sideNames[waiting]) + " is in check, and it isn't " + sideNames[waiting] +
+           "'s turn.");
+  }
+
   FenReading reading_;
 };
 
@@ -260,7 +278,7 @@ std::string FenOfGame(const store::GameRecord& game, const store::MoveRecords& m
   return WriteFen(turn);
 }
 
-FenReading ReadFen(std::string_view text) { return FenReader().Read(text); }
+FenReading ReadFen(std::string_view text) { return FenReader().Read(AsUtf8(text)); }
 
 std::string WhyNoStart(const FenReading& reading) {
   if (reading.turn.side == rules::Black) {

@@ -14,13 +14,15 @@ class MoveText {
   /// A move, with its number where a reader needs it. `turn` is the moment before the move.
   void AddMove(const Turn& turn, std::string_view san);
 
-  /// Nothing for a blank text. Braces, which would end it, become round.
+  /// Nothing for a blank text. Braces, which would end it, become round, and blanks in a row one;
+  /// but for that an import gets the same text.
   void AddComment(std::string_view text);
 
   /// The lines, ended by the result and an empty line.
   std::string Finished(std::string_view result);
 
  private:
+  void AddParted(std::string word);
   void AddWord(std::string_view word);
 
   std::string text_;

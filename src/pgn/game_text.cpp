@@ -26,10 +26,20 @@ std::string_view WithoutNumber(std::string_view token) {
   return move == std::string_view::npos ? std::string_view{} : token.substr(move);
 }
 
+/// The sign from `at` on, if it comes before the line's end. Lines may be very long, with very many
+/// tags: nothing looks further than it has to.
+std::size_t FindInLine(std::string_view text, char sign, std::size_t at) {
+  while (at < text.size() && text[at] != sign && text[at] != '\n') ++at;
+  return at < text.size() && text[at] == sign ? at : std::string_view::npos;
+}
+
 /// The quote that ends a tag's value; one behind a backslash doesn't.
-std::size_t ClosingQuote(std::string_view line, std::size_t at) {
-  while (at < line.size() && line[at] != '"') at += line[at] == '\\' ? 2 : 1;
-  return at < line.size() ? at : std::string_view::npos;
+std::size_t ClosingQuote(std::string_view text, std::size_t at) {
+  std::size_t quote = FindInLine(text, '"', at);
+  for (; at < quote && quote != std::string_view::npos; ++at) {
+    if (text[at] == '\\' && ++at == quote) quote = FindInLine(text, '"', quote + 1);
+  }
+  return quote;
 }
 
 }  // namespace
@@ -50,13 +60,17 @@ bool GameText::IsBlank() const {
   return tags.empty() && moves.empty() && result.empty() && trouble.empty();
 }
 
-std::string GameText::Tag(std::string_view name) const {
+std::string_view GameText::RawTag(std::string_view name) const {
   const auto found = std::ranges::find(tags, name, [](const auto& tag) { return tag.first; });
-  if (found == tags.end()) return {};
+  return found == tags.end() ? std::string_view{} : found->second;
+}
+
+std::string GameText::Tag(std::string_view name) const {
+  const std::string_view raw = RawTag(name);
   std::string value;
-  for (std::size_t i = 0; i < found->second.size(); ++i) {
-    if (found->second[i] == '\\' && i + 1 < found->second.size()) ++i;
-    value += found->second[i];
+  for (std::size_t i = 0; i < raw.size(); ++i) {
+    if (raw[i] == '\\' && i + 1 < raw.size()) ++i;
+    value += raw[i];
   }
   return AsUtf8(value);
 }
@@ -71,6 +85,7 @@ bool GameReader::Next(GameText& game) {
     game = {};
     while (SkipBlanks() && text_[at_] == '[') ReadTag(game);
     ReadMoves(game);
+    if (game.result.empty()) game.result = ResultIn(game.RawTag("Result"));
   } while (game.IsBlank() && !AtEnd());
   return !game.IsBlank();
 }
@@ -96,16 +111,15 @@ bool GameReader::SkipBlanks() {
 
 /// Passes over the whole line of a tag that isn't well formed.
 void GameReader::ReadTag(GameText& game) {
-  const auto line = text_.substr(at_, text_.find('\n', at_) - at_);
-  const auto open = line.find('"');
-  const auto close = open == std::string_view::npos ? open : ClosingQuote(line, open + 1);
-  const auto end = close == std::string_view::npos ? close : line.find(']', close);
+  const auto open = FindInLine(text_, '"', at_);
+  const auto close = open == std::string_view::npos ? open : ClosingQuote(text_, open + 1);
+  const auto end = close == std::string_view::npos ? close : FindInLine(text_, ']', close);
   if (end == std::string_view::npos) return SkipLine();
-  auto name = line.substr(1, open - 1);
+  auto name = text_.substr(at_ + 1, open - at_ - 1);
   name.remove_prefix(std::min(name.find_first_not_of(blanks), name.size()));
   game.tags.emplace_back(name.substr(0, name.find_first_of(blanks)),
-                         line.substr(open + 1, close - open - 1));
-  at_ += end + 1;
+                         text_.substr(open + 1, close - open - 1));
+  at_ = end + 1;
 }
 
 void GameReader::ReadMoves(GameText& game) {
@@ -139,17 +153,13 @@ bool GameReader::ReadWord(GameText& game) {
 
 void GameReader::ReadComment(GameText& game) {
   const auto begin = at_ + 1;
-  const auto end = std::min(text_.find('}', begin), text_.size());
-  // A game's line in it tells that its end is another's.
-  const auto text = text_.substr(begin, end - begin);
-  for (auto line = text.find('\n'); line != std::string_view::npos;
-       line = text.find('\n', line + 1)) {
-    at_ = begin + line + 1;
-    if (AtGameLine()) return Refuse(game, "A comment isn't closed.");
+  for (at_ = begin; !AtEnd() && text_[at_] != '}'; ++at_) {
+    // A game's line in it tells that its end is another's.
+    if (text_[at_] == '[' && AtGameLine()) return Refuse(game, "A comment isn't closed.");
   }
-  if (end == text_.size()) Refuse(game, "A comment isn't closed.");
-  game.comments.push_back({game.moves.size(), text});
-  at_ = std::min(end + 1, text_.size());
+  if (AtEnd()) Refuse(game, "A comment isn't closed.");
+  game.comments.push_back({game.moves.size(), text_.substr(begin, at_ - begin)});
+  if (!AtEnd()) ++at_;
 }
 
 void GameReader::ReadLineComment(GameText& game) {

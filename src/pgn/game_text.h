@@ -30,8 +30,11 @@ struct GameText {
   std::vector<std::pair<std::string_view, std::string_view>> tags;  ///< as they are written
   std::vector<std::string_view> moves;
   std::vector<Comment> comments;
-  std::string_view result;  ///< blank where the game just breaks off
+  std::string_view result;  ///< behind the moves, else in the tag; blank where the game breaks off
   std::string trouble;      ///< what is wrong with its form behind the last move, as a sentence
+
+  /// As it is written; blank where there is none.
+  std::string_view RawTag(std::string_view name) const;
 
   /// As UTF-8, with blanks for control characters; blank where there is none.
   std::string Tag(std::string_view name) const;

@@ -75,16 +75,20 @@ void PrintGames(const ReadFile& file, std::optional<std::int32_t>& next) {
   std::cout.flush();
 }
 
-/// True where all games were taken.
+/// True where there were games, and all were taken.
 bool PrintAll(const std::vector<ReadFile>& files, std::optional<std::int32_t> next) {
   int count = 0;
   int good = 0;
+  bool allHoldGames = true;
   for (const ReadFile& file : files) {
     PrintGames(file, next);
     count += file.games.count;
     good += GoodGames(file);
+    if (file.games.count > 0) continue;
+    std::cerr << "There is no game in " << file.name << ".\n";
+    allHoldGames = false;
   }
-  if (good == count) return true;
+  if (good == count) return allHoldGames;
   std::cerr << count - good << " of " << count << " games were refused.\n";
   return false;
 }
@@ -109,9 +113,8 @@ bool CheckGames(const std::vector<std::string>& names) {
 pgn::ImportOptions OptionsOf(const Arguments& arguments) {
   const post::MailAccount account = Account();
   const std::string opponent = arguments.Value("--opponent");
-  if (arguments.Has("--opponent") && opponent.find('@') == std::string::npos) {
-    throw Refusal("\"" + opponent + "\" is no mail address.");
-  }
+  const std::string why = arguments.Has("--opponent") ? pgn::WhyNoAddress(opponent) : std::string();
+  if (!why.empty()) throw Refusal("The text of --opponent " + why + ".");
   return {account.MyName, account.MyAddress, opponent, platform::TheSeams().clock->Now()};
 }
 
@@ -141,8 +144,9 @@ bool PgnImport(const Call& call) {
   }
   std::optional<std::int32_t> first;
   if (taken.Count() > 0) {
-    first = store::AddGames(taken);
-    if (!first) throw GameFileRefusal("The games can't be saved.");
+    std::string why;
+    first = store::AddGames(taken, &why);
+    if (!first) throw GameFileRefusal("The games can't be saved: " + why + ".");
   }
   return PrintAll(files, first);
 }

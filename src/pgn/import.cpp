@@ -7,12 +7,14 @@
 #include <istream>
 #include <thread>
 
+#include "letters/mail_text.h"
 #include "mail/character_count.h"
 #include "mail/move_mail.h"
 #include "pgn/game_text.h"
 #include "pgn/played_text.h"
 #include "platform/ascii.h"
 #include "platform/mail_address.h"
+#include "platform/utf8.h"
 
 namespace pgn {
 namespace {
@@ -20,6 +22,9 @@ namespace {
 /// How much is read at a time. A game may be longer, up to the second figure.
 constexpr std::size_t blockSize = std::size_t{1} << 20;
 constexpr std::size_t longestBlock = std::size_t{8} << 20;
+
+/// Characters of an address in the game file.
+constexpr std::size_t longestAddress = 255;
 
 constexpr std::string_view runningResult = "*";
 
@@ -107,8 +112,21 @@ std::string DateOf(const std::string& tag, const platform::LocalTime& now) {
   return platform::ToDate(date) ? date : Today(now);
 }
 
+std::string WithoutBlanksAround(const std::string& text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// A blank name is nobody's.
+bool SameName(const std::string& a, const std::string& b) {
+  const std::string name = WithoutBlanksAround(a);
+  return !name.empty() && platform::SameWithoutCase(name, WithoutBlanksAround(b));
+}
+
+/// Other notes than addresses are usual in such a tag.
 std::string AddressIn(const std::string& tag) {
-  return tag.find('@') == std::string::npos ? std::string() : Field(tag);
+  return tag.find('@') == std::string::npos ? std::string() : WithoutBlanksAround(tag);
 }
 
 /// Turns the games of one part of the text into lines of the game file.
@@ -136,9 +154,13 @@ class Importer {
   void Keep(const GameText& text, PlayedText& played) {
     const bool white = PlaysWhite(text);
     const bool running = played.result == runningResult;
-    std::string address = AddressIn(text.Tag(white ? "BlackNA" : "WhiteNA"));
+    const std::string tag = white ? "BlackNA" : "WhiteNA";
+    std::string address = AddressIn(text.Tag(tag));
+    const std::string why = address.empty() ? std::string() : WhyNoAddress(address);
     if (address.empty() && running) address = options_->opponent;
-    if (running && !IsOwn(text, white)) {
+    if (!why.empty()) {
+      played.objection.why = "Its " + tag + ' ' + why + '.';
+    } else if (running && !IsOwn(text, white)) {
       played.objection.why = "It isn't finished, and neither player is you.";
     } else if (running && address.empty()) {
       played.objection.why = "It isn't finished, and your opponent's mail address isn't known.";
@@ -149,7 +171,7 @@ class Importer {
 
   bool IsOwn(const GameText& text, bool white) const {
     return platform::SameAddress(text.Tag(white ? "WhiteNA" : "BlackNA"), options_->ownAddress) ||
-           platform::SameWithoutCase(text.Tag(white ? "White" : "Black"), options_->ownName);
+           SameName(text.Tag(white ? "White" : "Black"), options_->ownName);
   }
 
   /// A game of others is seen from White's side.
@@ -213,6 +235,14 @@ ImportedGames ReadParts(std::istream& text, const ImportOptions* options) {
 }
 
 }  // namespace
+
+std::string WhyNoAddress(std::string_view text) {
+  if (mail::CharacterCount(text) > longestAddress) {
+    return "is longer than " + std::to_string(longestAddress) + " characters";
+  }
+  const bool isOne = platform::IsUtf8(text) && letters::IsMailAddress(text);
+  return isOne ? std::string() : "is not one mail address";
+}
 
 ImportedGames ReadGames(std::istream& text, const ImportOptions& options) {
   return ReadParts(text, &options);

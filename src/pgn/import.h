@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/clock.h"
@@ -16,7 +17,7 @@ namespace pgn {
 struct ImportOptions {
   std::string ownName;     ///< who the user is among the players
   std::string ownAddress;  ///< the same, where the file has addresses
-  std::string opponent;    ///< address for games that aren't finished and have none
+  std::string opponent;    ///< address for games that aren't finished and have none, or blank
   platform::LocalTime now;
 };
 
@@ -32,6 +33,10 @@ struct ImportedGames {
   std::vector<RefusedGame> refused;
   store::NewGames taken;  ///< the others, in their order, to be stored with store::AddGames
 };
+
+/// Why a text can't stand as a mail address, as the end of a sentence: "is not one mail address".
+/// Blank where it can.
+std::string WhyNoAddress(std::string_view text);
 
 /// Reads games, on all processors. The text is never in memory as a whole.
 ImportedGames ReadGames(std::istream& text, const ImportOptions& options);

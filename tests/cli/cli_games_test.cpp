@@ -61,6 +61,14 @@ TEST_F(CliTest, GamesAndPositionsGoToOtherProgramsAndComeFromThem) {
   EXPECT_EQ(answer.out, taken + "1}\n" + refused);
   EXPECT_EQ(answer.exitCode, 1);
   EXPECT_EQ(As("anna", {"pgn", "import", root_ / "none"}).exitCode, 1);
+  for (const std::string opponent : {"f|o@x y", "f@x.org\n9|"}) {
+    EXPECT_EQ(As("anna", {"pgn", "import", file, "--opponent", opponent}).err,
+              "The text of --opponent is not one mail address.\n");
+  }
+  WriteFile(root_ / "empty", " ");
+  const Answer empty = As("anna", {"pgn", "import", root_ / "empty"});
+  EXPECT_EQ(empty.err, "There is no game in " + (root_ / "empty") + ".\n");
+  EXPECT_EQ(empty.exitCode, 1);
   EXPECT_TRUE(As("anna", {"pgn", "export", "1"}).out.ends_with("\n\n1. e4 *\n\n"));
   EXPECT_EQ(As("anna", {"pgn", "export", "7"}).exitCode, 1);
   const std::string fen = "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq e3 0 1";

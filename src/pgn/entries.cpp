@@ -38,6 +38,12 @@ EntryKind KindOf(const store::MoveRecord& entry) {
   return EntryKind::Move;
 }
 
+bool IsUnspokenEnd(const store::MoveRecord& entry) {
+  const EntryKind kind = KindOf(entry);
+  return (kind == EntryKind::Draw || kind == EntryKind::Surrender) &&
+         entry.MoveCoordinates == "0000";
+}
+
 ChessMove MoveOf(const store::MoveRecord& entry, rules::Side side) {
   const auto move = rules::LastMove::FromText(entry.MoveCoordinates);
   if (!IsOnBoard(move.from) || !IsOnBoard(move.to)) return {};

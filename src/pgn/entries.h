@@ -12,6 +12,11 @@ enum class EntryKind { Move, DrawOffer, Draw, Decline, Surrender };
 
 EntryKind KindOf(const store::MoveRecord& entry);
 
+/// Whether the entry ends a game of which it isn't known that a player ended it by that word: one
+/// on time, by adjudication, or that just has its result. Its comment is how it ended, if that is
+/// known.
+bool IsUnspokenEnd(const store::MoveRecord& entry);
+
 /// The side that made entry `number`, from 1.
 constexpr rules::Side SideOfEntry(std::size_t number) {
   return number % 2 == 1 ? rules::White : rules::Black;

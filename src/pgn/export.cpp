@@ -8,6 +8,7 @@
 #include "pgn/fen.h"
 #include "pgn/movetext.h"
 #include "pgn/san.h"
+#include "pgn/sayings.h"
 #include "store/queries.h"
 
 namespace pgn {
@@ -53,47 +54,39 @@ class Course {
   }
 
   std::string_view Result() const { return result_; }
+  std::string Termination() const { return result_ == running ? "unterminated" : termination_; }
   std::string Text() { return text_.Finished(result_); }
 
  private:
   /// False for what is no move of chess.
   bool AddEntry(const store::MoveRecord& entry, rules::Side side) {
-    const std::string name = side == rules::White ? "White" : "Black";
-    switch (KindOf(entry)) {
-      case EntryKind::Move:
-        return AddMove(entry, side);
-      case EntryKind::DrawOffer:
-        AddSaying(name + " offers a draw", entry);
-        isOffered_ = true;
-        break;
-      case EntryKind::Decline:
-        AddSaying(name + " declines the draw", entry);
-        isOffered_ = false;
-        result_ = running;
-        break;
-      case EntryKind::Draw:
-        // Of one that came from elsewhere nobody knows who wanted it.
-        AddSaying(isOffered_ ? name + " accepts the draw" : "", entry);
-        result_ = drawn;
-        break;
-      case EntryKind::Surrender:
-        AddSurrender(entry, side);
+    const EntryKind kind = KindOf(entry);
+    if (kind == EntryKind::Move) return AddMove(entry, side);
+    // The word tells who has won; an old one tells nothing but that.
+    if (kind == EntryKind::Surrender && entry.MoveText != "Surrender") {
+      side = entry.MoveText == WonBy(rules::Black) ? rules::White : rules::Black;
     }
+    AddWords(entry, {kind, side, entry.MoveComment});
+    if (kind != EntryKind::DrawOffer) result_ = ResultBy(kind, side);
+    isOffered_ = kind == EntryKind::DrawOffer;
     turn_.lastMove = {};
     return true;
   }
 
-  void AddSaying(const std::string& what, const store::MoveRecord& entry) {
-    const char* between = what.empty() || entry.MoveComment.empty() ? "" : ": ";
-    text_.AddComment(what + between + entry.MoveComment);
+  void AddWords(const store::MoveRecord& entry, const Saying& saying) {
+    if (IsUnspokenEnd(entry)) {
+      if (!entry.MoveComment.empty()) termination_ = entry.MoveComment;
+    } else if (saying.kind == EntryKind::Draw && !isOffered_) {
+      // Nobody knows who wanted it.
+      text_.AddComment(entry.MoveComment);
+    } else {
+      text_.AddComment(CommentOf(saying));
+    }
   }
 
-  /// The word tells who has won; an old one tells nothing but that.
-  void AddSurrender(const store::MoveRecord& entry, rules::Side side) {
-    const bool byWhite = entry.MoveText == "Surrender" ? side == rules::White
-                                                       : entry.MoveText == WonBy(rules::Black);
-    AddSaying(byWhite ? "White surrenders" : "Black surrenders", entry);
-    result_ = WonBy(byWhite ? rules::Black : rules::White);
+  static std::string_view ResultBy(EntryKind kind, rules::Side side) {
+    if (kind == EntryKind::Surrender) return WonBy(rules::OtherSide(side));
+    return kind == EntryKind::Draw ? drawn : running;
   }
 
   bool AddMove(const store::MoveRecord& entry, rules::Side side) {
@@ -127,6 +120,7 @@ class Course {
   MoveText text_;
   bool isOffered_ = false;
   std::string_view result_ = running;
+  std::string termination_ = "normal";
 };
 
 std::string PlayerTag(const std::string& name, bool own, const ExportOptions& options) {
@@ -160,7 +154,7 @@ std::string PgnOfGame(const store::GameRecord& game, const store::MoveRecords& m
          TagLine("White", PlayerTag(game.GAME_WHITE_NAME, white, options)) +
          TagLine("Black", PlayerTag(game.GAME_BLACK_NAME, !white, options)) +
          TagLine("Result", course.Result()) + AddressTag("BlackNA", !white, game, options) + setUp +
-         TagLine("Termination", course.Result() == running ? "unterminated" : "normal") +
+         TagLine("Termination", course.Termination()) +
          AddressTag("WhiteNA", white, game, options) + '\n' + course.Text();
 }
 

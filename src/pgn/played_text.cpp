@@ -3,11 +3,16 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
+#include <utility>
+#include <vector>
 
 #include "mail/character_count.h"
 #include "mail/move_mail.h"
 #include "pgn/fen.h"
 #include "pgn/san.h"
+#include "pgn/sayings.h"
+#include "platform/ascii.h"
 #include "rules/board_text.h"
 #include "rules/game_end.h"
 #include "rules/notation.h"
@@ -44,13 +49,20 @@ std::string CommentText(std::string_view raw) {
   return words;
 }
 
+/// How a game ended that the board didn't end; blank where the tag says nothing of it.
+std::string WayOfEnding(const GameText& text) {
+  constexpr std::string_view emptyWords[] = {"normal", "unterminated", "?"};
+  const std::string way = CommentText(text.Tag("Termination"));
+  const auto isWay = [&way](std::string_view word) { return platform::SameWithoutCase(way, word); };
+  return std::ranges::any_of(emptyWords, isWay) ? std::string() : way;
+}
+
 class Player {
  public:
   Player(const GameText& text, bool keepMoves) : text_(text), keepMoves_(keepMoves) {}
 
   PlayedText Play() {
     if (Begin() && PlayMoves()) End();
-    if (keepMoves_ && played_.objection.why.empty()) AddComments();
     return std::move(played_);
   }
 
@@ -98,6 +110,7 @@ class Player {
   bool PlayMoves() {
     if (keepMoves_) played_.moves.reserve(text_.moves.size() + 2);
     for (std::size_t i = 0; i < text_.moves.size(); ++i) {
+      if (keepMoves_) Hear(CommentsAt(i), false);
       if (!PlayMove(text_.moves[i], i + 1)) return false;
     }
     if (!text_.trouble.empty()) return RefuseAt(text_.moves.size() + 1, {}, text_.trouble);
@@ -144,7 +157,71 @@ class Player {
       return std::string{static_cast<char>('0' + square.x), static_cast<char>('0' + square.y)};
     };
     const auto number = static_cast<std::int32_t>(played_.moves.size() + 1);
-    played_.moves.push_back({number, digits(from) + digits(to), std::move(text), {}});
+    played_.moves.push_back(
+        {number, digits(from) + digits(to), std::move(text), std::exchange(opening_, {})});
+  }
+
+  std::vector<std::string> CommentsAt(std::size_t ply) {
+    std::vector<std::string> comments;
+    for (; heard_ < text_.comments.size() && text_.comments[heard_].ply == ply; ++heard_) {
+      std::string text = CommentText(text_.comments[heard_].text);
+      if (!text.empty()) comments.push_back(std::move(text));
+    }
+    return comments;
+  }
+
+  /// Takes what is said between two moves, or behind the last of a game that the board left open.
+  void Hear(std::span<const std::string> comments, bool mayEnd) {
+    while (!comments.empty()) {
+      const std::size_t count = CountOfSayings(comments, mayEnd);
+      for (const std::string& comment : comments.first(count)) AddSaying(*SayingIn(comment));
+      if (count == 0) AddComment(comments.front());
+      comments = comments.subspan(std::max<std::size_t>(count, 1));
+    }
+  }
+
+  /// How many of the comments at the front are entries: only what can be said at this point is.
+  std::size_t CountOfSayings(std::span<const std::string> comments, bool mayEnd) const {
+    const auto first = SayingIn(comments[0]);
+    if (!first) return 0;
+    const bool isLast = mayEnd && comments.size() == 1;
+    if (first->kind == EntryKind::Surrender) {
+      return isLast && WinnerOf(played_.result) == rules::OtherSide(first->side) ? 1 : 0;
+    }
+    if (first->kind != EntryKind::DrawOffer || first->side != turn_.side) return 0;
+    if (isLast) return played_.result == "*" ? 1 : 0;
+    const auto answer = comments.size() > 1 ? SayingIn(comments[1]) : std::nullopt;
+    if (!answer || answer->side == first->side) return 0;
+    const bool isDraw = answer->kind == EntryKind::Draw && mayEnd && comments.size() == 2 &&
+                        played_.result == "1/2-1/2";
+    return isDraw || answer->kind == EntryKind::Decline ? 2 : 0;
+  }
+
+  void AddSaying(const Saying& saying) {
+    if (saying.kind == EntryKind::Surrender) LeavePlaceBefore(saying.side);
+    const rules::Square king = rules::FindPiece(rules::OfSide(rules::WhiteKing, saying.side));
+    AddEntry(king, king, std::string(WordOf(saying.kind)));
+    AddComment(saying.comment);
+    turn_.lastMove = {};
+    isEnded_ = saying.kind == EntryKind::Surrender || saying.kind == EntryKind::Draw;
+  }
+
+  std::string_view WordOf(EntryKind kind) const {
+    if (kind == EntryKind::DrawOffer) return "Draw offer";
+    return kind == EntryKind::Decline ? "Decline" : played_.result;
+  }
+
+  /// An entry belongs to the side whose turn it is, so the other's place may have to stay free.
+  void LeavePlaceBefore(rules::Side speaker) {
+    if (SideOfEntry(played_.moves.size() + 1) != speaker) AddEntry({}, {}, "...");
+  }
+
+  /// What is said ahead of the first entry goes to it.
+  void AddComment(const std::string& text) {
+    std::string& place = played_.moves.empty() ? opening_ : played_.moves.back().MoveComment;
+    if (text.empty()) return;
+    place += (place.empty() ? "" : " ") + text;
+    place.resize(mail::FirstCharacters(place, mail::longestComment).size());
   }
 
   /// What the game says of its end has to be what the board says, where that says anything.
@@ -155,6 +232,7 @@ class Player {
       return;
     }
     const Ending ending = EndingAt(turn_);
+    if (keepMoves_) Hear(CommentsAt(text_.moves.size()), ending == Ending::None);
     if (ending == Ending::None) return EndByWord();
     played_.result = ResultOf(ending, turn_);
     if (text_.result != "*" && text_.result != played_.result) {
@@ -163,32 +241,23 @@ class Player {
     }
   }
 
-  /// Adds what a player says who gives the game up, or to whom a draw is due. An entry belongs to
-  /// the side whose turn it is, so the winner's place may have to stay free before it.
+  /// Adds the entry of an end that no player spoke: on time, by adjudication, or nobody knows how.
+  /// It shows no king, as one that was given up does.
   void EndByWord() {
-    if (!keepMoves_ || played_.result == "*") return;
+    if (!keepMoves_ || isEnded_ || played_.result == "*") return;
     const rules::Side winner = WinnerOf(played_.result);
-    if (winner == turn_.side) AddEntry({}, {}, "...");
-    const rules::Side speaker = winner == rules::NoSide ? turn_.side : rules::OtherSide(winner);
-    const rules::Square king = rules::FindPiece(rules::OfSide(rules::WhiteKing, speaker));
-    AddEntry(king, king, std::string(played_.result));
-  }
-
-  /// What was said ahead of the first move goes to it.
-  void AddComments() {
-    for (const GameText::Comment& comment : text_.comments) {
-      const std::string text = CommentText(comment.text);
-      if (text.empty()) continue;
-      std::string& place = played_.moves[std::max<std::size_t>(comment.ply, 1) - 1].MoveComment;
-      place += (place.empty() ? "" : " ") + text;
-      place.resize(mail::FirstCharacters(place, mail::longestComment).size());
-    }
+    if (winner != rules::NoSide) LeavePlaceBefore(rules::OtherSide(winner));
+    AddEntry({}, {}, std::string(played_.result));
+    AddComment(WayOfEnding(text_));
   }
 
   const GameText& text_;
   const bool keepMoves_;
   Turn turn_;
   PlayedText played_;
+  std::size_t heard_ = 0;  // how many of the comments
+  std::string opening_;    // what was said before the first entry
+  bool isEnded_ = false;   // by what a player said
 };
 
 }  // namespace

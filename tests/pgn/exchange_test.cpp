@@ -34,7 +34,7 @@ TEST(ExportTest, AGameHasItsTagsItsMovesAndWhatWasSaid) {
             "[Termination \"normal\"]\n[WhiteNA \"anna@example.org\"]\n\n"
             "1. e4 {(100 %sure) |} 1... e5 {White offers a draw} {Black declines the draw:\n"
             "Not yet, as\n" +
-                std::string(70, 'x') + " xxxxx\n" +
+                std::string(68, 'x') + "[% ]xxxxxxx\n" +
                 "says} 2. Nf3 {Black offers a draw} {White accepts the draw} 1/2-1/2\n\n");
 }
 
@@ -78,9 +78,15 @@ const ImportCase importCases[] = {
      "1. e4 d5 2. e5 f5 3. exf6ep e5 4. Nf3 Be7 5. Bd3 Nh6 6. 0-0 *",
      "e2e4 d7d5 e4e5 f7f5 e5f6 e7e5 g1f3 f8e7 f1d3 g8h6 e1g1 ", "0-0"},
     {"mate", "1. f3 e5 2. g4 Qh4# 0-1", "f2f3 e7e5 g2g4 d8h4 ", "Qh4++"},
-    {"who gives up on his turn", "1. e4 1-0", "e2e4 e8e8 ", "1-0"},
-    {"who gives up after his move leaves a place free", "1. e4 0-1", "e2e4 `0`0 e1e1 ", "0-1"},
-    {"a draw", "1. e4 e5 1/2-1/2", "e2e4 e7e5 e1e1 ", "1/2-1/2"},
+    {"who gives up on his turn", "1. e4 {Black surrenders} 1-0", "e2e4 e8e8 ", "1-0"},
+    {"who gives up after his move leaves a place free", "1. e4 {White surrenders: oh} 0-1",
+     "e2e4 `0`0 e1e1 ", "0-1"},
+    {"the winner gives nothing up", "1. e4 {Black surrenders} 0-1", "e2e4 `0`0 `0`0 ", "0-1"},
+    {"nobody tells how it was drawn", "1. e4 e5 1/2-1/2", "e2e4 e7e5 `0`0 ", "1/2-1/2"},
+    {"a result in the tags alone, of which many may be on a line",
+     "[Event \"T\"][X \"\\\\a\\\"]\"] [Result \"1-0\"] 1. e4", "e2e4 `0`0 ", "1-0"},
+    {"two addresses", "[BlackNA \"a@x.org, b@x.org\"]\n1. e4 *",
+     "1/0 : Its BlackNA is not one mail address."},
     {"stalemate", "[FEN \"7k/5K2/8/6Q1/8/8/8/8 w - - 0 1\"]\n1. Qg6 *", "g5g6 ", "Qg6 1/2-1/2"},
     {"no more pieces to win with", "[FEN \"8/8/8/8/8/k1p5/8/K7 w - - 0 1\"]\n1. Kb1 c2+ 2. Kxc2 *",
      "a1b1 c3c2 b1c2 ", "Kxc2 1/2-1/2"},
@@ -128,17 +134,59 @@ TEST(ImportTest, AGameIsTakenOrRefusedByNumberMoveAndReason) {
 }
 
 TEST(ImportTest, WhatIsSaidStaysWithItsMoveAndWhoPlaysIsKnown) {
+  const std::string address = std::string(243, 'b') + "@example.org";
   const ImportedGames games = Import(
       "[Event \"Caf\xE9 | <<TARVOLENIX:\"]\n[Date \"1992.??.??\"]\n[White \"B\\\"b\"]\n"
-      "[Black \"anna\"]\n[WhiteNA \"b@example.org\"]\n\n{before} 1. e4 {[%clk 1:02] first\r\n "
+      "[Black \"anna\"]\n[WhiteNA \"" +
+      address +
+      "\"]\n\n{before} 1. e4 {[%clk 1:02] first\r\n "
       "line} *\n[Event \"other\"]\n[Date \"31.12.99\"]\n[White \"X\"]\n[Black \"Y\"]\n1. e4 *");
   ASSERT_EQ(games.taken.Count(), 1U);
   const auto [record, moves] = TakenGame(games.taken, 0);
   std::string line;
   store::AppendGame(line, record);
-  EXPECT_EQ(line, "1|090320260805|0|Caf\xC3\xA9 / |01/01/1992|b@example.org|B\"b|anna|0|B\"b|1|0|");
+  EXPECT_EQ(line,
+            "1|090320260805|0|Caf\xC3\xA9 / |01/01/1992|" + address + "|B\"b|anna|0|B\"b|1|0|");
   EXPECT_EQ(moves.front().MoveComment, "before first line");
   EXPECT_EQ(games.refused.front().why, "It isn't finished, and neither player is you.");
+  const ImportOptions nobody{"", "", "bob@example.org", {}};
+  EXPECT_EQ(Import("1. e4 *", nobody).refused.size(), 1U) << "a blank name is nobody's";
+}
+
+const char* const unchangedEnds[] = {
+    "[Termination \"time forfeit\"]\n\n1. e4 {fast} 1-0\n\n",
+    "[Termination \"normal\"]\n\n1. e4 {well} {White surrenders: oh} 0-1\n\n",
+    "[Termination \"unterminated\"]\n\n1. e4 {hm} {Black offers a draw: now?} *\n\n",
+    "[Termination \"unterminated\"]\n\n1. e4 {Black offers a draw} 1... e5 *\n\n",
+    "[Termination \"normal\"]\n\n{White offers a draw} {Black declines the draw: no} 1. e4 "
+    "{Black offers a draw}\n{White accepts the draw} 1/2-1/2\n\n",
+};
+
+TEST(ExchangeTest, WhatCameInGoesOutTheSame) {
+  for (const std::string end : unchangedEnds) {
+    const ImportedGames games = Import("[White \"Anna\"]\n" + end);
+    ASSERT_EQ(games.taken.Count(), 1U) << end << games.refused.front().why;
+    const auto [record, moves] = TakenGame(games.taken, 0);
+    const std::string text = PgnOfGame(record, moves);
+    EXPECT_TRUE(text.ends_with(end)) << end << text;
+  }
+}
+
+// Wherever its lines end.
+TEST(ExchangeTest, ACommentComesBackAsItWas) {
+  store::MoveRecords moves = Entries("e2e4");
+  for (std::size_t length = 1; length < 80; ++length) {
+    moves[0].MoveComment = std::string(length, 'a') + " %20b [Event \"T\"] [%clk] " +
+                           std::string(66, 'w') + "[%5]" + std::string(20, 'w');
+    const std::string text = PgnOfGame(Game("T"), moves, {false, "Anna", ""});
+    std::istringstream lines(text.substr(text.find("\n\n") + 2));
+    for (std::string line; std::getline(lines, line);) {
+      EXPECT_TRUE(line.size() < 80 && !line.starts_with('%') && !line.starts_with('[')) << line;
+    }
+    const ImportedGames games = Import(text);
+    ASSERT_EQ(games.taken.Count(), 1U) << text;
+    EXPECT_EQ(TakenGame(games.taken, 0).moves[0].MoveComment, moves[0].MoveComment) << text;
+  }
 }
 
 TEST(ImportTest, NestingIsAsDeepAsItLikes) {
@@ -179,7 +227,7 @@ TEST(ExchangeTest, GamesGoThroughAnotherProgramAndBack) {
     store::MoveRecords moves = RandomGame(random);
     moves.front().MoveComment = std::string(random() % 200, 'w');
     text += PgnOfGame(Game("game " + std::to_string(n)), moves, {true, "Anna", "a@example.org"});
-    expected.push_back(SquaresOf(moves));
+    expected.push_back(SquaresOf(moves) + moves.front().MoveComment);
   }
   WriteFile(folder / "out.pgn", text);
   const std::string command = "/usr/games/pgn-extract -o " + (folder / "back.pgn") + ' ' +
@@ -197,7 +245,8 @@ TEST(ExchangeTest, GamesGoThroughAnotherProgramAndBack) {
     const ImportedGames back = Import(games);
     ASSERT_EQ(back.taken.Count(), expected.size()) << back.refused.front().why;
     for (std::size_t i = 0; i < expected.size(); ++i) {
-      EXPECT_EQ(SquaresOf(TakenGame(back.taken, i).moves), expected[i]) << i;
+      const store::MoveRecords moves = TakenGame(back.taken, i).moves;
+      EXPECT_EQ(SquaresOf(moves) + moves.front().MoveComment, expected[i]) << i;
     }
   }
 }

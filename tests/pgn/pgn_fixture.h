@@ -45,9 +45,9 @@ inline std::string ReadAndWritten(const char* text) {
 inline const ImportOptions annaImports{
     "Anna", "anna@example.org", "bob@example.org", {2026, 3, 9, 8, 5}};
 
-inline ImportedGames Import(const std::string& text) {
+inline ImportedGames Import(const std::string& text, const ImportOptions& options = annaImports) {
   std::istringstream stream(text);
-  return ReadGames(stream, annaImports);
+  return ReadGames(stream, options);
 }
 
 /// A taken game as the store has it.

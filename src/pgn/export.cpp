@@ -78,10 +78,15 @@ class Course {
       if (!entry.MoveComment.empty()) termination_ = entry.MoveComment;
     } else if (saying.kind == EntryKind::Draw && !isOffered_) {
       // Nobody knows who wanted it.
-      text_.AddComment(entry.MoveComment);
+      AddPlain(entry.MoveComment);
     } else {
       text_.AddComment(CommentOf(saying));
     }
+  }
+
+  /// A comment of a move may read like a saying, and isn't one.
+  void AddPlain(const std::string& comment) {
+    text_.AddComment(comment, SayingIn(comment).has_value());
   }
 
   static std::string_view ResultBy(EntryKind kind, rules::Side side) {
@@ -96,7 +101,7 @@ class Course {
     if (side != turn_.side || !IsLegal(turn_, move.from, move.to) || StaysPawn(move)) return false;
     const Turn before = turn_;
     text_.AddMove(before, PlaySan(turn_, move));
-    text_.AddComment(entry.MoveComment);
+    AddPlain(entry.MoveComment);
     const std::string& words = entry.MoveText;
     if (words.ends_with("++")) result_ = WonBy(side);
     if (words.ends_with(drawn)) result_ = drawn;

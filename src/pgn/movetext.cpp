@@ -51,13 +51,13 @@ void MoveText::AddMove(const Turn& turn, std::string_view san) {
   numberNeeded_ = false;
 }
 
-void MoveText::AddComment(std::string_view text) {
-  std::string words = '{' + WithoutBraces(text);
-  const auto last = words.find_last_not_of(' ');
-  if (last == 0) return;
-  words.erase(last + 1) += '}';
-  const auto first = words.find_first_not_of(' ', 1);
-  words.erase(1, first - 1);
+void MoveText::AddComment(std::string_view text, bool behindCommand) {
+  const std::string plain = WithoutBraces(text);
+  const auto first = plain.find_first_not_of(' ');
+  if (first == std::string::npos) return;
+  std::string words(behindCommand ? commandEnd : "{");
+  words.append(plain, first, plain.find_last_not_of(' ') + 1 - first) += '}';
+  if (behindCommand) AddWord(std::string(1, '{').append(commandBegin));
   for (std::size_t at = 0; at < words.size();) {
     const std::size_t end = std::min(words.find(' ', at), words.size());
     if (end > at) AddParted(words.substr(at, end - at));

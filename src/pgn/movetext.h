@@ -15,8 +15,9 @@ class MoveText {
   void AddMove(const Turn& turn, std::string_view san);
 
   /// Nothing for a blank text. Braces, which would end it, become round, and blanks in a row one;
-  /// but for that an import gets the same text.
-  void AddComment(std::string_view text);
+  /// but for that an import gets the same text. What stands `behindCommand`, one that says nothing,
+  /// isn't read as words of the program's own.
+  void AddComment(std::string_view text, bool behindCommand = false);
 
   /// The lines, ended by the result and an empty line.
   std::string Finished(std::string_view result);

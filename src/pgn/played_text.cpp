@@ -33,6 +33,11 @@ rules::Side WinnerOf(std::string_view result) {
   return result == "1-0" ? rules::White : result == "0-1" ? rules::Black : rules::NoSide;
 }
 
+struct Remark {
+  std::string text;
+  std::optional<Saying> saying;  ///< what the text says, where it isn't a comment of a move
+};
+
 /// A comment as the game file keeps it, without what programs say to each other in "[%...]".
 std::string CommentText(std::string_view raw) {
   std::string text = AsUtf8(raw);
@@ -110,7 +115,7 @@ class Player {
   bool PlayMoves() {
     if (keepMoves_) played_.moves.reserve(text_.moves.size() + 2);
     for (std::size_t i = 0; i < text_.moves.size(); ++i) {
-      if (keepMoves_) Hear(CommentsAt(i), false);
+      if (keepMoves_) Hear(RemarksAt(i), false);
       if (!PlayMove(text_.moves[i], i + 1)) return false;
     }
     if (!text_.trouble.empty()) return RefuseAt(text_.moves.size() + 1, {}, text_.trouble);
@@ -161,38 +166,42 @@ class Player {
         {number, digits(from) + digits(to), std::move(text), std::exchange(opening_, {})});
   }
 
-  std::vector<std::string> CommentsAt(std::size_t ply) {
-    std::vector<std::string> comments;
+  std::vector<Remark> RemarksAt(std::size_t ply) {
+    std::vector<Remark> remarks;
     for (; heard_ < text_.comments.size() && text_.comments[heard_].ply == ply; ++heard_) {
-      std::string text = CommentText(text_.comments[heard_].text);
-      if (!text.empty()) comments.push_back(std::move(text));
+      const std::string_view raw = text_.comments[heard_].text;
+      std::string text = CommentText(raw);
+      if (text.empty()) continue;
+      const bool behindCommand = raw[raw.find_first_not_of(" \t\r\n")] == '[';
+      auto saying = behindCommand ? std::nullopt : SayingIn(text);
+      remarks.push_back({std::move(text), std::move(saying)});
     }
-    return comments;
+    return remarks;
   }
 
   /// Takes what is said between two moves, or behind the last of a game that the board left open.
-  void Hear(std::span<const std::string> comments, bool mayEnd) {
-    while (!comments.empty()) {
-      const std::size_t count = CountOfSayings(comments, mayEnd);
-      for (const std::string& comment : comments.first(count)) AddSaying(*SayingIn(comment));
-      if (count == 0) AddComment(comments.front());
-      comments = comments.subspan(std::max<std::size_t>(count, 1));
+  void Hear(std::span<const Remark> remarks, bool mayEnd) {
+    while (!remarks.empty()) {
+      const std::size_t count = CountOfSayings(remarks, mayEnd);
+      for (const Remark& remark : remarks.first(count)) AddSaying(*remark.saying);
+      if (count == 0) AddComment(remarks.front().text);
+      remarks = remarks.subspan(std::max<std::size_t>(count, 1));
     }
   }
 
-  /// How many of the comments at the front are entries: only what can be said at this point is.
-  std::size_t CountOfSayings(std::span<const std::string> comments, bool mayEnd) const {
-    const auto first = SayingIn(comments[0]);
+  /// How many of the remarks at the front are entries: only what can be said at this point is.
+  std::size_t CountOfSayings(std::span<const Remark> remarks, bool mayEnd) const {
+    const auto& first = remarks[0].saying;
     if (!first) return 0;
-    const bool isLast = mayEnd && comments.size() == 1;
+    const bool isLast = mayEnd && remarks.size() == 1;
     if (first->kind == EntryKind::Surrender) {
       return isLast && WinnerOf(played_.result) == rules::OtherSide(first->side) ? 1 : 0;
     }
     if (first->kind != EntryKind::DrawOffer || first->side != turn_.side) return 0;
     if (isLast) return played_.result == "*" ? 1 : 0;
-    const auto answer = comments.size() > 1 ? SayingIn(comments[1]) : std::nullopt;
+    const auto answer = remarks.size() > 1 ? remarks[1].saying : std::nullopt;
     if (!answer || answer->side == first->side) return 0;
-    const bool isDraw = answer->kind == EntryKind::Draw && mayEnd && comments.size() == 2 &&
+    const bool isDraw = answer->kind == EntryKind::Draw && mayEnd && remarks.size() == 2 &&
                         played_.result == "1/2-1/2";
     return isDraw || answer->kind == EntryKind::Decline ? 2 : 0;
   }
@@ -232,7 +241,7 @@ class Player {
       return;
     }
     const Ending ending = EndingAt(turn_);
-    if (keepMoves_) Hear(CommentsAt(text_.moves.size()), ending == Ending::None);
+    if (keepMoves_) Hear(RemarksAt(text_.moves.size()), ending == Ending::None);
     if (ending == Ending::None) return EndByWord();
     played_.result = ResultOf(ending, turn_);
     if (text_.result != "*" && text_.result != played_.result) {

@@ -7,6 +7,7 @@
 #include "pgn/entries.h"
 #include "pgn/export.h"
 #include "pgn/pgn_fixture.h"
+#include "platform/text_fields.h"
 
 namespace pgn {
 namespace {
@@ -85,6 +86,7 @@ const ImportCase importCases[] = {
     {"nobody tells how it was drawn", "1. e4 e5 1/2-1/2", "e2e4 e7e5 `0`0 ", "1/2-1/2"},
     {"a result in the tags alone, of which many may be on a line",
      "[Event \"T\"][X \"\\\\a\\\"]\"] [Result \"1-0\"] 1. e4", "e2e4 `0`0 ", "1-0"},
+    {"an offer that nobody heeds", "1. e4 {Black offers a draw} e5 *", "e2e4 e7e5 ", "e5"},
     {"two addresses", "[BlackNA \"a@x.org, b@x.org\"]\n1. e4 *",
      "1/0 : Its BlackNA is not one mail address."},
     {"stalemate", "[FEN \"7k/5K2/8/6Q1/8/8/8/8 w - - 0 1\"]\n1. Qg6 *", "g5g6 ", "Qg6 1/2-1/2"},
@@ -157,7 +159,7 @@ const char* const unchangedEnds[] = {
     "[Termination \"time forfeit\"]\n\n1. e4 {fast} 1-0\n\n",
     "[Termination \"normal\"]\n\n1. e4 {well} {White surrenders: oh} 0-1\n\n",
     "[Termination \"unterminated\"]\n\n1. e4 {hm} {Black offers a draw: now?} *\n\n",
-    "[Termination \"unterminated\"]\n\n1. e4 {Black offers a draw} 1... e5 *\n\n",
+    "[Termination \"unterminated\"]\n\n1. e4 {[% ]Black offers a draw: no} *\n\n",
     "[Termination \"normal\"]\n\n{White offers a draw} {Black declines the draw: no} 1. e4 "
     "{Black offers a draw}\n{White accepts the draw} 1/2-1/2\n\n",
 };
@@ -169,6 +171,8 @@ TEST(ExchangeTest, WhatCameInGoesOutTheSame) {
     const auto [record, moves] = TakenGame(games.taken, 0);
     const std::string text = PgnOfGame(record, moves);
     EXPECT_TRUE(text.ends_with(end)) << end << text;
+    const ImportedGames again = Import(platform::ReplaceAll(text, "{[% ]", "{\n[%\n]"));
+    EXPECT_EQ(again.taken.Line(0), games.taken.Line(0)) << "as another program lays it out";
   }
 }
 

@@ -118,6 +118,13 @@ pgn::ImportOptions OptionsOf(const Arguments& arguments) {
   return {account.MyName, account.MyAddress, opponent, platform::TheSeams().clock->Now()};
 }
 
+/// What is wrong with the game file says more than `why` saving failed.
+Refusal SavingRefusal(const std::string& why) {
+  const std::string sentence = "The games can't be saved.";
+  const Refusal refusal = GameFileRefusal(sentence);
+  return refusal.what() == sentence ? Refusal(sentence + " The cause: " + why + ".") : refusal;
+}
+
 }  // namespace
 
 bool PgnExport(const Call& call) {
@@ -146,7 +153,7 @@ bool PgnImport(const Call& call) {
   if (taken.Count() > 0) {
     std::string why;
     first = store::AddGames(taken, &why);
-    if (!first) throw GameFileRefusal("The games can't be saved: " + why + ".");
+    if (!first) throw SavingRefusal(why);
   }
   return PrintAll(files, first);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "board/stored_positions.h"
 
+#include <algorithm>
+
 #include "board/history.h"
 #include "board/load_board.h"
 
@@ -36,6 +38,17 @@ void WalkStoredGame(std::int32_t gameID, const store::MoveRecords& moves,
     previous = move;
     side = rules::OtherSide(side);
   }
+}
+
+rules::LastMove LastPieceMove(const store::MoveRecords& moves) {
+  const auto moveOf = [](const store::MoveRecord& entry) {
+    return rules::LastMove::FromText(entry.MoveCoordinates);
+  };
+  const auto last = std::find_if(moves.rbegin(), moves.rend(), [&moveOf](const auto& entry) {
+    const rules::LastMove move = moveOf(entry);
+    return move.from != move.to;
+  });
+  return last == moves.rend() ? rules::LastMove() : moveOf(*last);
 }
 
 rules::BoardSquares LastSquares(std::int32_t gameID, const store::MoveRecords& moves) {

@@ -25,15 +25,6 @@ End EndOf(const mail::OutgoingGame& game) {
   return end;
 }
 
-/// An offer of a draw, and what follows it, leaves the last move of a piece marked.
-rules::LastMove LastPieceMove(const store::MoveRecords& moves) {
-  for (auto entry = moves.rbegin(); entry != moves.rend(); ++entry) {
-    const auto move = rules::LastMove::FromText(entry->MoveCoordinates);
-    if (move.from != move.to) return move;
-  }
-  return {};
-}
-
 /// As the mail's own sender is called, if possible.
 std::string SendersName(const store::GameRecord& game) {
   const std::string name = game.GAME_HOST ? game.GAME_WHITE_NAME : game.GAME_BLACK_NAME;
@@ -49,7 +40,7 @@ platform::MovePage MailPages::PageOf(std::int32_t gameID) {
   const rules::Side reader = game.record.GAME_HOST ? rules::Black : rules::White;
   platform::MovePage page;
   try {
-    page.picture = pictures_.PictureOf({end.after, LastPieceMove(game.moves), reader});
+    page.picture = pictures_.PictureOf({end.after, board::LastPieceMove(game.moves), reader});
   } catch (const std::exception&) {
     // the words say it, too
   }

@@ -107,7 +107,10 @@ std::string Board(const std::string& picture, rules::Side reader) {
     if (row == 0) {
       table.append("<td colspan=\"8\" rowspan=\"8\"><img src=\"cid:")
           .append(letters::ContentIDOf(picture))
-          .append("\" width=\"" + edge + "\" height=\"" + edge)
+          .append("\" width=\"")
+          .append(edge)
+          .append("\" height=\"")
+          .append(edge)
           .append("\" alt=\"The board\" style=\"display:block\"></td>");
     }
     table += "</tr>\n";

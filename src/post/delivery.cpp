@@ -27,7 +27,7 @@ constexpr std::int64_t longestJitter = longestPause / 10;
 constexpr std::int64_t shortestPause = 5;  ///< also where another program is delivering
 
 // Both: a clock that jumps loses nothing.
-constexpr std::int64_t longestWaiting = 5 * 24 * 60 * minute;
+constexpr std::int64_t longestWaiting = minute * 60 * 24 * 5;
 constexpr int fewestTries = 24;
 
 std::int64_t Now() { return platform::TheSeams().clock->Seconds(); }

@@ -28,8 +28,6 @@
 
 namespace ui {
 
-using platform::Process;
-
 namespace {
 
 std::string SkinPath(std::string_view file) {

@@ -49,7 +49,8 @@ std::string FreeName(const std::string& start, const std::string& ending) {
                            ZeroFilled(now.minute, 2) + ZeroFilled(second, 2);
   std::string free = name + ending;
   for (int n = 2; Files().Exists(platform::Process().DataPath + free); ++n) {
-    free = name + "-" + std::to_string(n) + ending;
+    free = name;
+    free.append("-").append(std::to_string(n)).append(ending);
   }
   return free;
 }

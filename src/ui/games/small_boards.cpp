@@ -31,19 +31,10 @@ QString KeyOf(const SmallBoards::Wanted& wanted) {
                                 platform::Settings().ChessBoard);
 }
 
-/// The last one that moved a piece.
-rules::LastMove LastPieceMove(const store::MoveRecords& moves) {
-  for (auto move = moves.rbegin(); move != moves.rend(); ++move) {
-    const auto last = rules::LastMove::FromText(move->MoveCoordinates);
-    if (last.from != last.to) return last;
-  }
-  return {};
-}
-
 std::optional<boards::ShownPosition> PositionOf(const store::GameRecord& game) {
   store::MoveRecords moves;
   if (!store::SelectWholeMoves(moves, game.GAME_ID)) return std::nullopt;
-  return boards::ShownPosition{board::LastSquares(game.GAME_ID, moves), LastPieceMove(moves),
+  return boards::ShownPosition{board::LastSquares(game.GAME_ID, moves), board::LastPieceMove(moves),
                                game.GAME_HOST ? rules::White : rules::Black};
 }
 

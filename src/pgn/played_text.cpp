@@ -38,13 +38,21 @@ struct Remark {
   std::optional<Saying> saying;  ///< what the text says, where it isn't a comment of a move
 };
 
-/// A comment as the game file keeps it, without what programs say to each other in "[%...]".
-std::string CommentText(std::string_view raw) {
-  std::string text = AsUtf8(raw);
-  for (auto open = text.find("[%"); open != std::string::npos; open = text.find("[%", open)) {
-    const auto close = text.find(']', open);
-    text.erase(open, close == std::string::npos ? close : close + 1 - open);
+/// Without what programs say to each other in "[%...]".
+std::string WithoutCommands(std::string_view text) {
+  std::string kept;
+  while (true) {
+    const auto open = text.find("[%");
+    kept += text.substr(0, open);
+    const auto close = text.find(']', std::min(open, text.size()));
+    if (close == std::string_view::npos) return kept;
+    text.remove_prefix(close + 1);
   }
+}
+
+/// A comment as the game file keeps it.
+std::string CommentText(std::string_view raw) {
+  std::string text = WithoutCommands(AsUtf8(raw));
   std::ranges::replace(text, '|', '/');
   std::string words;
   for (const char c : mail::StripReservedText(text)) {

@@ -16,8 +16,8 @@ namespace board {
 void WalkStoredGame(std::int32_t gameID, const store::MoveRecords& moves,
                     const std::function<void()>& seen);
 
-/// The last entry that moves a piece, as offers of a draw and what follows them don't; no move where
-/// there is none.
+/// The last entry that moves a piece, as offers of a draw and what follows them don't; no move
+/// where there is none.
 rules::LastMove LastPieceMove(const store::MoveRecords& moves);
 
 /// The squares at the end of the moves.

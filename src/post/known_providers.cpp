@@ -17,16 +17,6 @@ namespace {
 
 using desktop::IniText;
 
-/// Nothing where the file is missing or damaged: then all servers are guessed.
-IniText KnownProviders() {
-  try {
-    return IniText::Read(desktop::PosixFiles().Read(desktop::SharedFolder() + "providers.ini"))
-        .value_or(IniText());
-  } catch (const platform::FileError&) {
-    return {};
-  }
-}
-
 using Fit = bool (*)(std::string_view name, std::string_view pattern);
 
 bool Fits(std::string_view domain, std::string_view pattern) {
@@ -85,7 +75,27 @@ MailAccount WithServersOf(const IniText& providers, const std::string& provider,
   return account;
 }
 
+/// What the file says of the provider at the account's server.
+std::string OfProviderAt(const MailAccount& account, const char* name) {
+  const IniText providers = KnownProviders();
+  const std::string place = account.ImapHost + ':' + std::to_string(account.ImapPort);
+  for (const std::string& provider : providers.Groups()) {
+    if (!platform::SameWithoutCase(place, providers.Value(provider, "Imap").value_or(""))) continue;
+    return providers.Value(provider, name).value_or("");
+  }
+  return {};
+}
+
 }  // namespace
+
+IniText KnownProviders() {
+  try {
+    return IniText::Read(desktop::PosixFiles().Read(desktop::SharedFolder() + "providers.ini"))
+        .value_or(IniText());
+  } catch (const platform::FileError&) {
+    return {};
+  }
+}
 
 bool IsKnownProvider(std::string_view address) {
   return !ProviderOf(KnownProviders(), DomainOf(address)).empty();
@@ -112,14 +122,8 @@ bool HasGuessedServers(const MailAccount& account) {
   return !DomainOf(account.MyAddress).empty() && WithGuessedServers(account) == account;
 }
 
-std::string PasswordAdvice(const MailAccount& account) {
-  const IniText providers = KnownProviders();
-  const std::string place = account.ImapHost + ':' + std::to_string(account.ImapPort);
-  for (const std::string& provider : providers.Groups()) {
-    if (!platform::SameWithoutCase(place, providers.Value(provider, "Imap").value_or(""))) continue;
-    return providers.Value(provider, "Advice").value_or("");
-  }
-  return {};
-}
+std::string PasswordAdvice(const MailAccount& account) { return OfProviderAt(account, "Advice"); }
+
+std::string SignInOf(const MailAccount& account) { return OfProviderAt(account, "SignIn"); }
 
 }  // namespace post

@@ -7,9 +7,13 @@
 #include <string>
 #include <string_view>
 
+#include "desktop/ini_text.h"
 #include "post/mail_account.h"
 
 namespace post {
+
+/// What the file says; nothing where it is missing or damaged.
+desktop::IniText KnownProviders();
 
 bool IsKnownProvider(std::string_view address);
 
@@ -29,5 +33,9 @@ bool HasGuessedServers(const MailAccount& account);
 /// its own for programs, or IMAP switched on first, and where. Goes by the account's server; one
 /// without a name is that of a provider who lets no program in. Blank where nothing is known.
 std::string PasswordAdvice(const MailAccount& account);
+
+/// What the provider at the account's server calls its sign-in in the browser; blank where it has
+/// none, or isn't known.
+std::string SignInOf(const MailAccount& account);
 
 }  // namespace post

@@ -23,6 +23,7 @@ struct MailAccount {
   std::string UserName;
   bool SendPage = true;      ///< beside each move's text, for people who open the mail
   std::string TokenCommand;  ///< prints a token that stands for the password; blank: a password
+  std::string SignIn;  ///< whose sign-in stands for the password; blank: a password, or the command
 
   bool operator==(const MailAccount&) const = default;
 };
@@ -30,7 +31,8 @@ struct MailAccount {
 /// What the user says when he is asked for his account.
 struct AccountAnswer {
   MailAccount account;
-  std::optional<std::string> password;  ///< nothing: what is kept stays
+  /// Or what the sign-in left in its place. Nothing: what is kept stays.
+  std::optional<std::string> password;
 };
 
 }  // namespace platform

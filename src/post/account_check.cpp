@@ -20,14 +20,18 @@ std::string AsSentence(std::string text) {
 std::string InPlainWords(const std::exception& failure, const MailAccount& account) {
   std::string sentence = AsSentence(letters::WithoutReserved(failure.what()));
   const bool isRefusal = dynamic_cast<const LoginRefused*>(&failure) != nullptr;
-  const std::string advice = isRefusal ? PasswordAdvice(account) : "";
+  const std::string advice = !isRefusal               ? ""
+                             : account.SignIn.empty() ? PasswordAdvice(account)
+                                                      : "Please sign in again.";
   if (!advice.empty()) sentence += " " + advice;
   return sentence;
 }
 
-AccountCheck::AccountCheck(const MailAccount& account, const std::string& password)
+AccountCheck::AccountCheck(const MailAccount& account, const std::string& password,
+                           AccessTokens* tokens)
     : account_(WithAbsolutePostFolder(account)), password_(password) {
   if (account_.MailKind == "Imap") servers_ = std::make_unique<ServerMail>(account_, password_);
+  if (servers_ && tokens) servers_->TakeTokensFrom(*tokens);
 }
 
 void AccountCheck::Try() {
@@ -54,8 +58,9 @@ void AccountCheck::Hurry() {
   if (servers_) servers_->Hurry();
 }
 
-std::string WhatIsWrongWith(const MailAccount& account, const std::string& password) {
-  return AccountCheck(account, password).Problem();
+std::string WhatIsWrongWith(const MailAccount& account, const std::string& password,
+                            AccessTokens* tokens) {
+  return AccountCheck(account, password, tokens).Problem();
 }
 
 }  // namespace post

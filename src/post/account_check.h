@@ -16,7 +16,9 @@ std::string InPlainWords(const std::exception& failure, const MailAccount& accou
 
 class AccountCheck {
  public:
-  AccountCheck(const MailAccount& account, const std::string& password);
+  /// `tokens` are for an account that signs in by its provider.
+  AccountCheck(const MailAccount& account, const std::string& password,
+               AccessTokens* tokens = nullptr);
 
   /// Signs on at both ends and says in a sentence or two what is wrong and what to do about it;
   /// blank where all is well. No mail is sent or changed; a local post office is made where it
@@ -35,6 +37,7 @@ class AccountCheck {
 };
 
 /// For callers who wait.
-std::string WhatIsWrongWith(const MailAccount& account, const std::string& password);
+std::string WhatIsWrongWith(const MailAccount& account, const std::string& password,
+                            AccessTokens* tokens = nullptr);
 
 }  // namespace post

@@ -12,8 +12,10 @@ struct Login {
   std::string token;  ///< stands for the password where it isn't blank
 };
 
-/// What the mechanisms XOAUTH2 and PLAIN say (RFC 4616), before it is encoded.
+/// What the mechanisms XOAUTH2, OAUTHBEARER (RFC 7628) and PLAIN (RFC 4616) say, before it is
+/// encoded.
 std::string TokenCredentials(const Login& login);
+std::string BearerCredentials(const Login& login);
 std::string PlainCredentials(const Login& login);
 
 std::string InBase64(const std::string& bytes);

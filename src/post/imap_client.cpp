@@ -118,7 +118,12 @@ void ImapClient::AskCapabilities() {
 
 void ImapClient::LogOn(const Login& login) {
   if (!login.token.empty()) {
-    Authenticate("XOAUTH2", TokenCredentials(login));
+    const bool onlyBearer = Can("AUTH=OAUTHBEARER") && !Can("AUTH=XOAUTH2");
+    if (onlyBearer) {
+      Authenticate("OAUTHBEARER", BearerCredentials(login), InBase64("\1"));
+    } else {
+      Authenticate("XOAUTH2", TokenCredentials(login));
+    }
   } else if (Can("AUTH=PLAIN")) {
     Authenticate("PLAIN", PlainCredentials(login));
   } else {
@@ -126,7 +131,9 @@ void ImapClient::LogOn(const Login& login) {
   }
 }
 
-void ImapClient::Authenticate(const std::string& mechanism, const std::string& credentials) {
+/// `heard` is what the mechanism says when it has heard why it is refused.
+void ImapClient::Authenticate(const std::string& mechanism, const std::string& credentials,
+                              const std::string& heard) {
   const std::string tag = NextTag();
   const std::string answer = InBase64(credentials);
   const bool atOnce = Can("SASL-IR");
@@ -136,9 +143,9 @@ void ImapClient::Authenticate(const std::string& mechanism, const std::string& c
     AwaitGoOn(tag);
     link_.Send(answer + "\r\n");
   }
-  AwaitEnd(tag, [this](const ImapResponse& response) {
+  AwaitEnd(tag, [this, &heard](const ImapResponse& response) {
     // Why the token is refused; the refusal itself comes when that has been heard.
-    if (response.line.starts_with('+')) link_.Send("\r\n");
+    if (response.line.starts_with('+')) link_.Send(heard + "\r\n");
     return true;
   });
 }

@@ -90,7 +90,8 @@ class ImapClient {
   std::string NextTag() { return std::string("T").append(std::to_string(++lastTag_)); }
   void AskCapabilities();
   void LogOn(const Login& login);
-  void Authenticate(const std::string& mechanism, const std::string& credentials);
+  void Authenticate(const std::string& mechanism, const std::string& credentials,
+                    const std::string& heard = {});
   void Introduce();
   void Command(const std::string& text, const Listener& listen = {});
   void AwaitGoOn(const std::string& tag);

@@ -34,6 +34,7 @@ constexpr TextField textFields[] = {
     {"SmtpSecurity", &MailAccount::SmtpSecurity, true},
     {"UserName", &MailAccount::UserName, true},
     {"TokenCommand", &MailAccount::TokenCommand, true},
+    {"SignIn", &MailAccount::SignIn, true},
 };
 
 struct PortField {
@@ -121,7 +122,8 @@ bool NeedsPassword(const MailAccount& account) {
 }
 
 std::string PasswordKey(const MailAccount& account) {
-  return account.UserName + '@' + account.ImapHost;
+  const std::string key = account.UserName + '@' + account.ImapHost;
+  return account.SignIn.empty() ? key : "sign-in " + account.SignIn + ' ' + key;
 }
 
 void ReportAccountTrouble(const std::string& text) {

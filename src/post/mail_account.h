@@ -33,7 +33,7 @@ bool HasUsableAddress(const MailAccount& account);
 /// `account` with its post folder as seen from the program folder.
 MailAccount WithAbsolutePostFolder(MailAccount account);
 
-/// Whether the account's service wants a password.
+/// Whether the account's service wants a password, or what a sign-in leaves in its place.
 bool NeedsPassword(const MailAccount& account);
 
 /// Where the account's password is kept.

@@ -5,11 +5,13 @@
 // it anew or raises.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "letters/mails.h"
+#include "post/access_tokens.h"
 #include "post/mail_account.h"
 
 namespace post {
@@ -63,5 +65,10 @@ class MailTransport {
 /// The transport of an account's kind. Raises MailError where there is none.
 std::unique_ptr<MailTransport> MakeMailTransport(const MailAccount& account,
                                                  const std::string& password);
+
+/// The same with these tokens for accounts that sign in by their provider. They must outlive it
+/// all.
+std::function<std::unique_ptr<MailTransport>(const MailAccount&, const std::string& password)>
+TransportsWith(AccessTokens& tokens);
 
 }  // namespace post

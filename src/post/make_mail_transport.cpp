@@ -14,4 +14,15 @@ std::unique_ptr<MailTransport> MakeMailTransport(const MailAccount& account,
   throw platform::MailError("unknown kind of mail account: " + account.MailKind);
 }
 
+std::function<std::unique_ptr<MailTransport>(const MailAccount&, const std::string&)>
+TransportsWith(AccessTokens& tokens) {
+  return [&tokens](const MailAccount& account, const std::string& password) {
+    auto transport = MakeMailTransport(account, password);
+    if (auto* const servers = dynamic_cast<ServerMail*>(transport.get())) {
+      servers->TakeTokensFrom(tokens);
+    }
+    return transport;
+  };
+}
+
 }  // namespace post

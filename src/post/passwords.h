@@ -14,7 +14,7 @@ class Passwords {
  public:
   virtual ~Passwords() = default;
 
-  /// `key` is "user@host". Nothing where none is kept.
+  /// `key` is PasswordKey's. Nothing where none is kept.
   virtual std::optional<std::string> Read(const std::string& key) = 0;
 
   /// False where it can't be kept; what was kept before then stands.

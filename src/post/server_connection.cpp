@@ -143,7 +143,7 @@ void ServerConnection::LogOnAs(const Login& login) {
     Set(Handle(), CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN;AUTH=CRAM-MD5");
   } else {
     Set(Handle(), CURLOPT_XOAUTH2_BEARER, login.token.c_str());
-    Set(Handle(), CURLOPT_LOGIN_OPTIONS, "AUTH=XOAUTH2");
+    Set(Handle(), CURLOPT_LOGIN_OPTIONS, "AUTH=XOAUTH2;AUTH=OAUTHBEARER");
   }
 }
 

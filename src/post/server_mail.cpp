@@ -118,13 +118,33 @@ ServerMail::ServerMail(const MailAccount& account, const std::string& password,
 Login ServerMail::NewLogin() {
   Login login{account_.UserName, password_, {}};
   if (!account_.TokenCommand.empty()) login.token = TokenFrom(account_.TokenCommand, patience_);
+  if (account_.SignIn.empty()) return login;
+  if (!tokens_) throw AccountRefused("Nobody can sign in at " + account_.SignIn + " here.");
+  const std::string stale = std::exchange(isStale_, false) ? token_ : std::string{};
+  login.token = token_ = tokens_->Token(account_, password_, stale, patience_);
   return login;
 }
 
+/// A provider may take a token back before its time: `work` is done once more with a new one.
+template <typename Work>
+void ServerMail::LoggingOnAnew(const Work& work) {
+  try {
+    return work();
+  } catch (const LoginRefused&) {
+    if (account_.SignIn.empty()) throw;
+    smtp_.reset();
+    isStale_ = true;
+  }
+  work();
+}
+
 void ServerMail::Connect() {
-  auto imap = std::make_unique<ImapClient>(
-      ServerAddress{account_.ImapHost, account_.ImapPort, account_.ImapSecurity}, NewLogin(),
-      patience_);
+  std::unique_ptr<ImapClient> imap;
+  LoggingOnAnew([this, &imap] {
+    imap = std::make_unique<ImapClient>(
+        ServerAddress{account_.ImapHost, account_.ImapPort, account_.ImapSecurity}, NewLogin(),
+        patience_);
+  });
   const Uid validity = imap->SelectInbox();
   if (std::exchange(validity_, validity) != validity) {
     foreign_.clear();
@@ -279,7 +299,8 @@ void ServerMail::Send(const letters::OutgoingMail& given) {
   std::vector<std::string> recipients;
   for (const letters::Mailbox& recipient : mail.to)
     recipients.push_back(letters::EnvelopeAddress(recipient.address));
-  HandOver(letters::EnvelopeAddress(mail.from.address), recipients, bytes);
+  LoggingOnAnew(
+      [&] { HandOver(letters::EnvelopeAddress(mail.from.address), recipients, bytes); });
   sent_.push_back({std::move(bytes), mail.messageID});
 }
 
@@ -326,7 +347,9 @@ void ServerMail::Close() {
 }
 
 void ServerMail::TryOutgoing() {
-  TrySmtp({account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(), patience_);
+  LoggingOnAnew([this] {
+    TrySmtp({account_.SmtpHost, account_.SmtpPort, account_.SmtpSecurity}, NewLogin(), patience_);
+  });
 }
 
 }  // namespace post

@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "post/access_tokens.h"
 #include "post/imap_client.h"
 #include "post/mail_transport.h"
 #include "post/patience.h"
@@ -23,6 +24,9 @@ class ServerMail : public MailTransport {
   ServerMail(const MailAccount& account, const std::string& password,
              std::chrono::milliseconds silence = std::chrono::seconds(30),
              std::size_t lookSize = greatestLook);
+
+  /// Where an account that signs in by its provider has its tokens from. They must outlive this.
+  void TakeTokensFrom(AccessTokens& tokens) { tokens_ = &tokens; }
 
   void Open() override;
 
@@ -44,6 +48,8 @@ class ServerMail : public MailTransport {
 
  private:
   Login NewLogin();
+  template <typename Work>
+  void LoggingOnAnew(const Work& work);
   void Connect();
   template <typename Work>
   auto OnInbox(const Work& work);
@@ -62,6 +68,9 @@ class ServerMail : public MailTransport {
 
   MailAccount account_;
   std::string password_;
+  AccessTokens* tokens_ = nullptr;
+  std::string token_;     // the last one from there
+  bool isStale_ = false;  // a server refused it
   Patience patience_;
   std::size_t lookSize_;
   std::unique_ptr<ImapClient> imap_;  // null while not connected

@@ -15,6 +15,7 @@
 #include "platform/sounds.h"
 #include "post/mail_service.h"
 #include "post/passwords.h"
+#include "sign_in/kept_tokens.h"
 
 namespace wiring {
 
@@ -31,6 +32,7 @@ class RealSeams {
   RealSeams& operator=(const RealSeams&) = delete;
 
   post::Passwords& KeptPasswords() { return *passwords_; }
+  sign_in::KeptTokens& Tokens() { return tokens_; }
   desktop::QtEvents& Events() { return events_; }
   post::MailService& Mail() { return mail_; }
 
@@ -43,6 +45,7 @@ class RealSeams {
   std::unique_ptr<platform::Sounds> sounds_;
   desktop::QtEvents events_;
   pages::MailPages movePages_;
+  sign_in::KeptTokens tokens_;
   post::MailService mail_;
 };
 

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sign_in/device_sign_in.h"
+
+#include <QJsonObject>
+#include <QVariant>
+
+#include <algorithm>
+
+#include "post/mail_failures.h"
+
+namespace sign_in {
+namespace {
+
+using namespace Qt::StringLiterals;
+using std::chrono::seconds;
+
+constexpr seconds usualInterval(5);
+constexpr seconds slowingDown(5);  // as often as the provider asks for it
+constexpr seconds longestLifetime(1800);
+
+seconds SecondsIn(const QJsonObject& answer, const QString& name, seconds usual) {
+  const int given = answer[name].toVariant().toInt();
+  return given > 0 ? seconds(given) : usual;
+}
+
+}  // namespace
+
+DeviceCode BeginDeviceSignIn(const Service& service, const post::Patience& patience) {
+  if (service.device.empty()) {
+    throw platform::MailError(service.name +
+                              " lets people sign in by a browser only: use the window program.");
+  }
+  const QJsonObject answer =
+      AskProvider(service, service.device, {{"scope", service.scope}}, patience);
+  const auto text = [&answer](const QString& name) {
+    return answer[name].toString().toStdString();
+  };
+  DeviceCode code{text(u"verification_uri"_s), text(u"user_code"_s), text(u"device_code"_s),
+                  std::min(longestLifetime, SecondsIn(answer, u"expires_in"_s, longestLifetime)),
+                  SecondsIn(answer, u"interval"_s, usualInterval)};
+  if (code.address.empty()) code.address = text(u"verification_url"_s);  // an older name of it
+  if (code.address.empty() || code.userCode.empty() || code.deviceCode.empty()) {
+    throw platform::MailError(service.name + " gave no code for the sign-in.");
+  }
+  return code;
+}
+
+Tokens AwaitDeviceSignIn(const Service& service, const DeviceCode& code, const Pause& pause,
+                         const post::Patience& patience) {
+  seconds interval = code.interval;
+  for (seconds waited(0); waited < code.lifetime; waited += interval) {
+    pause(interval);
+    try {
+      return AskForFirstTokens(service,
+                               {{"grant_type", "urn:ietf:params:oauth:grant-type:device_code"},
+                                {"device_code", code.deviceCode}},
+                               patience);
+    } catch (const GrantRefused& refusal) {
+      const bool isTooFast = refusal.error == "slow_down";
+      if (!isTooFast && refusal.error != "authorization_pending") throw;
+      if (isTooFast) interval += slowingDown;
+    } catch (const post::ConnectionLost&) {
+      // the user goes on in his browser meanwhile
+    }
+  }
+  throw platform::MailError("The sign-in took too long: please begin again.");
+}
+
+}  // namespace sign_in

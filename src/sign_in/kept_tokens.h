@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The access tokens of this run. What gets them, the refresh token, is kept with the passwords;
+// some providers give another one with every access token, which then has to be kept in its place.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "platform/events.h"
+#include "post/access_tokens.h"
+#include "post/passwords.h"
+#include "sign_in/services.h"
+
+namespace sign_in {
+
+class KeptTokens : public post::AccessTokens {
+ public:
+  /// How long this computer is on: a clock that is set counts for nothing.
+  using Clock = std::chrono::steady_clock;
+  using Now = std::function<Clock::time_point()>;
+
+  /// Belongs to the window's thread, as `events` and `passwords` do, which must outlive it.
+  KeptTokens(platform::Events& events, post::Passwords& passwords, ClientFiles files,
+             Now now = Clock::now);
+  ~KeptTokens() override;
+  KeptTokens(const KeptTokens&) = delete;
+  KeptTokens& operator=(const KeptTokens&) = delete;
+
+  std::string Token(const post::MailAccount& account, const std::string& refresh,
+                    const std::string& stale, const post::Patience& patience) override;
+
+  const ClientFiles& Files() const { return files_; }
+
+ private:
+  struct Known {
+    std::string refresh;
+    std::string access;
+    Clock::time_point end;
+  };
+
+  bool IsGood(const Known& known, const std::string& stale) const;
+  void Renew(Known& known, const post::MailAccount& account, const post::Patience& patience);
+  void KeepLater(const std::string& key, const std::string& refresh);
+  void KeepRenewed();
+
+  platform::Events& events_;
+  post::Passwords& passwords_;
+  ClientFiles files_;
+  Now now_;
+  std::shared_ptr<const bool> audience_;  // goes with this
+
+  std::timed_mutex renewing_;           // guards what follows, and holds questions apart
+  std::map<std::string, Known> known_;  // by the refresh token that an account began with
+
+  std::mutex mutex_;                           // guards what follows
+  std::map<std::string, std::string> unkept_;  // refresh tokens under their keys
+};
+
+}  // namespace sign_in

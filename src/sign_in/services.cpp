@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sign_in/services.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUrl>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+
+#include "desktop/folders.h"
+#include "desktop/ini_text.h"
+#include "desktop/posix_files.h"
+#include "post/domain_names.h"
+#include "post/known_providers.h"
+#include "sign_in/web_request.h"
+
+namespace sign_in {
+namespace {
+
+using desktop::IniText;
+using platform::MailError;
+
+constexpr const char* fileName = "OAuth clients.ini";
+
+/// Nothing where the file is missing or damaged.
+IniText Content(const std::string& file) {
+  try {
+    return IniText::Read(desktop::PosixFiles().Read(file)).value_or(IniText());
+  } catch (const platform::FileError&) {
+    return {};
+  }
+}
+
+/// The first file that has a client of that name.
+std::optional<IniText> ClientsWith(const std::string& name, const ClientFiles& files) {
+  for (const std::string& file : files) {
+    IniText content = Content(file);
+    if (content.Value(name, "ClientId").value_or("") != "") return content;
+  }
+  return std::nullopt;
+}
+
+constexpr struct {
+  const char* name;
+  std::string Service::*member;
+} settings[] = {
+    {"Issuer", &Service::issuer},     {"Authorize", &Service::authorize},
+    {"Token", &Service::token},       {"Device", &Service::device},
+    {"Scope", &Service::scope},       {"RedirectHost", &Service::redirectHost},
+    {"ClientId", &Service::clientId}, {"ClientSecret", &Service::clientSecret},
+};
+
+constexpr struct {
+  const char* name;
+  std::string Service::*member;
+} metadata[] = {
+    {"authorization_endpoint", &Service::authorize},
+    {"token_endpoint", &Service::token},
+    {"device_authorization_endpoint", &Service::device},
+};
+
+/// Where an issuer's metadata may lie. RFC 8414 puts its place ahead of the issuer's own path.
+std::vector<std::string> PlacesOfMetadata(const std::string& issuer) {
+  const QUrl url(QString::fromStdString(issuer));
+  const std::string root = url.toString(QUrl::RemovePath).toStdString();
+  const std::string path = url.path(QUrl::FullyEncoded).toStdString();
+  const std::string below = path == "/" ? "" : path;
+  return {root + "/.well-known/oauth-authorization-server" + below,
+          root + below + "/.well-known/openid-configuration"};
+}
+
+/// Blank where it isn't an issuer's, or another's.
+QJsonObject MetadataAt(const std::string& place, const std::string& issuer,
+                       const post::Patience& patience) {
+  const WebAnswer answer = Get(place, patience);
+  QJsonObject content = QJsonDocument::fromJson(QByteArray::fromStdString(answer.content)).object();
+  const bool isIts = content[QLatin1StringView("issuer")].toString().toStdString() == issuer;
+  return answer.status == 200 && isIts ? content : QJsonObject();
+}
+
+bool HasSecret(const std::string& file) {
+  const IniText content = Content(file);
+  const auto groups = content.Groups();
+  return std::any_of(groups.begin(), groups.end(), [&content](const std::string& group) {
+    return content.Value(group, "ClientSecret").has_value();
+  });
+}
+
+bool IsOwnAndOpen(const std::string& file) {
+  struct stat status {};
+  return ::stat(file.c_str(), &status) == 0 && status.st_uid == ::getuid() &&
+         (status.st_mode & (S_IRGRP | S_IROTH)) != 0;
+}
+
+}  // namespace
+
+ClientFiles UsualClientFiles(const std::string& programFolder) {
+  const std::filesystem::path settingsFile = desktop::SettingsFileFor(programFolder);
+  return {(settingsFile.parent_path() / fileName).string(),
+          (std::filesystem::path(programFolder) / fileName).string(),
+          std::string("/etc/tarvolenix/") + fileName};
+}
+
+std::string ServiceNameFor(const post::MailAccount& account, const ClientFiles& files) {
+  const std::string known = post::SignInOf(account);
+  if (!known.empty()) return known;
+  for (const std::string& name : {post::DomainOf(account.MyAddress), account.ImapHost}) {
+    if (!name.empty() && ClientsWith(name, files)) return name;
+  }
+  return {};
+}
+
+Service ServiceNamed(const std::string& name, const ClientFiles& files) {
+  const auto clients = ClientsWith(name, files);
+  if (!clients) {
+    throw post::AccountRefused(
+        "To sign in at " + name +
+        " Tarvolenix needs a client identifier, which this copy has not: a file \"" + fileName +
+        "\" would have it.");
+  }
+  const IniText providers = post::KnownProviders();
+  Service service;
+  service.name = name;
+  service.redirectHost = "127.0.0.1";
+  for (const auto& [setting, member] : settings) {
+    for (const auto& value :
+         {providers.Value("SignIn " + name, setting), clients->Value(name, setting)}) {
+      if (value) service.*member = *value;
+    }
+  }
+  if (service.issuer.empty() && (service.authorize.empty() || service.token.empty())) {
+    throw MailError(std::string("The file \"") + fileName + "\" doesn't say where " + name +
+                    " signs people in: it wants Issuer, or Authorize and Token.");
+  }
+  return service;
+}
+
+Service WithMetadata(Service service, const post::Patience& patience) {
+  if (service.issuer.empty()) return service;
+  for (const std::string& place : PlacesOfMetadata(service.issuer)) {
+    const QJsonObject found = MetadataAt(place, service.issuer, patience);
+    for (const auto& [name, member] : metadata) {
+      std::string value = found[QLatin1StringView(name)].toString().toStdString();
+      if ((service.*member).empty()) service.*member = std::move(value);
+    }
+    if (!service.authorize.empty() && !service.token.empty()) return service;
+  }
+  throw MailError("\"" + service.issuer + "\" doesn't tell how to sign in at " + service.name +
+                  ".");
+}
+
+std::string RemarkOn(const ClientFiles& files) {
+  for (const std::string& file : files) {
+    if (IsOwnAndOpen(file) && HasSecret(file)) {
+      return "Others on this computer can read \"" + file + "\" with the secret in it.";
+    }
+  }
+  return {};
+}
+
+}  // namespace sign_in

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One question to a web server, and its answer. What is asked is encrypted, but on this machine.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "post/patience.h"
+
+namespace sign_in {
+
+using Fields = std::vector<std::pair<std::string, std::string>>;
+
+/// "name=value&name=value", encoded for an address or a form.
+std::string Encoded(const Fields& fields);
+
+struct WebAnswer {
+  long status = 0;
+  std::string content;
+};
+
+// Not for the window's thread. Both raise ConnectionLost where nobody answers, CertificateRefused
+// where it is a stranger, and MailError for an address that can't be asked.
+WebAnswer Get(const std::string& url, const post::Patience& patience);
+WebAnswer PostForm(const std::string& url, const Fields& fields, const post::Patience& patience);
+
+}  // namespace sign_in

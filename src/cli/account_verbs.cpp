@@ -7,6 +7,7 @@
 #include <charconv>
 #include <iostream>
 #include <optional>
+#include <thread>
 
 #include "cli/verbs.h"
 #include "letters/mail_text.h"
@@ -18,6 +19,7 @@
 #include "post/known_providers.h"
 #include "post/mail_account.h"
 #include "post/outbox.h"
+#include "sign_in/device_sign_in.h"
 
 namespace cli {
 namespace {
@@ -82,6 +84,7 @@ constexpr Setting settings[] = {
     {"UserName", &MailAccount::UserName, CheckLine},
     {"TokenCommand", &MailAccount::TokenCommand, CheckCommand, nullptr, false},
     {"SendPage", nullptr, nullptr, nullptr, false, &MailAccount::SendPage},
+    {"SignIn", &MailAccount::SignIn, CheckLine, nullptr, false},
 };
 
 struct Change {
@@ -258,6 +261,7 @@ bool SetAccount(const Call& call) {
       throw Refusal("A mail account of this kind, or with a token command, has no password.");
     }
     answer.password = ReadPassword();
+    answer.account.SignIn.clear();
   }
   SettleWaitingMails(post::LoadMailAccount().MyAddress, answer.account.MyAddress,
                      call.arguments.Value("--waiting"));
@@ -275,13 +279,38 @@ bool TestAccount(const Call& call) {
   if (reason.empty()) {
     reason = post::NeedsPassword(account) && !password
                  ? "No password is kept for this mail account."
-                 : post::WhatIsWrongWith(account, password.value_or(""));
+                 : post::WhatIsWrongWith(account, password.value_or(""), &call.tokens);
   }
   JsonObject answer;
   answer.Add("ok", reason.empty());
   if (!reason.empty()) answer.Add("reason", reason);
   answer.Print();
   if (!reason.empty()) throw Refusal(reason);
+  return true;
+}
+
+bool SignIn(const Call& call) {
+  const std::string none = post::WhyNoAccount();
+  if (!none.empty()) throw Refusal(none);
+  post::AccountAnswer answer{post::LoadMailAccount(), {}};
+  MailAccount& account = answer.account;
+  const auto& files = call.tokens.Files();
+  const std::string name = sign_in::ServiceNameFor(account, files);
+  if (account.MailKind != "Imap" || name.empty()) {
+    throw Refusal("Nothing is known of a sign-in at this account's mail provider.");
+  }
+  const post::Patience patience(std::chrono::seconds(30));
+  const auto service = sign_in::WithMetadata(sign_in::ServiceNamed(name, files), patience);
+  const auto code = sign_in::BeginDeviceSignIn(service, patience);
+  JsonObject().Add("address", code.address).Add("code", code.userCode).Print();
+  std::cout.flush();
+  const auto pause = [](std::chrono::seconds time) { std::this_thread::sleep_for(time); };
+  answer.password = sign_in::AwaitDeviceSignIn(service, code, pause, patience).refresh;
+  account.SignIn = name;
+  account.TokenCommand.clear();
+  const bool stored = post::SaveAccountAnswer(answer, call.passwords);
+  if (!stored || !call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
+  JsonObject().Add("ok", true).Print();
   return true;
 }
 

@@ -124,7 +124,7 @@ int Run(int argc, char** argv) {
   platform::Settings().Verbose = true;
   platform::TheSeams().messageBoxes = &messages;
   if (NeedsSettings(verb, parsed)) LookAtSettings();
-  const bool done = verb.run({parsed, messages, desktop.KeptPasswords()});
+  const bool done = verb.run({parsed, messages, desktop.KeptPasswords(), desktop.Tokens()});
   if (!std::cout.flush()) throw cli::Refusal("The answer could not be written.");
   return done ? Done : Failed;
 }

@@ -176,6 +176,13 @@ const std::vector<VerbRow>& Verbs() {
        "Signs on at the mail service without changing anything there.",
        {},
        TestAccount},
+      {"account sign-in",
+       "account sign-in",
+       "Signs in at the mail provider instead of with a password: prints the address to open in "
+       "any "
+       "browser and the code to enter there, and waits for it.",
+       {},
+       SignIn},
   };
   return verbs;
 }

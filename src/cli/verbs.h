@@ -6,6 +6,7 @@
 #include "cli/arguments.h"
 #include "cli/collected_messages.h"
 #include "post/passwords.h"
+#include "sign_in/kept_tokens.h"
 
 namespace cli {
 
@@ -14,6 +15,7 @@ struct Call {
   const Arguments& arguments;
   CollectedMessages& messages;
   post::Passwords& passwords;
+  sign_in::KeptTokens& tokens;
 };
 
 /// Answers whether all that was asked was done. Raises Refusal with the reason for standard error,
@@ -83,5 +85,6 @@ bool MailDeliver(const Call& call);
 bool ShowAccount(const Call& call);
 bool SetAccount(const Call& call);
 bool TestAccount(const Call& call);
+bool SignIn(const Call& call);
 
 }  // namespace cli

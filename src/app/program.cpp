@@ -2,9 +2,12 @@
 #include "app/program.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QIcon>
 #include <QTimer>
+#include <QUrl>
 
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <utility>
@@ -29,6 +32,7 @@
 #include "shell/shell_hooks.h"
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
+#include "sign_in/browser_sign_in.h"
 #include "skin/program_pictures.h"
 #include "ui/people/address_book_dialog.h"
 
@@ -41,6 +45,23 @@ namespace {
 ui::ProviderGuess Guess(const post::MailAccount& account) {
   const post::MailAccount guessed = post::WithGuessedServers(account);
   return {guessed, post::IsKnownProvider(account.MyAddress), post::PasswordAdvice(guessed)};
+}
+
+/// Without what the provider has to know the program by, the user hears what works.
+ui::AccountHelp::SignInOffer OfferFor(const post::MailAccount& account,
+                                      const sign_in::ClientFiles& files) {
+  const std::string name = sign_in::ServiceNameFor(account, files);
+  if (name.empty()) return {};
+  try {
+    sign_in::ServiceNamed(name, files);
+    return {name, sign_in::RemarkOn(files), true};
+  } catch (const platform::MailError& error) {
+    return {name,
+            std::string(error.what()) +
+                " What works without is a password for programs (an app password) where the "
+                "provider gives one, or a token command.",
+            false};
+  }
 }
 
 /// An account that nobody has chosen yet begins with what its user most likely has.
@@ -112,12 +133,20 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
   // Looked up once: a keyring may ask its user to unlock it.
   const bool isKept = KeptPassword(suggestion).has_value();
   const ui::AccountHelp help{
-      post::HasUsableAddress, Guess,
+      post::HasUsableAddress,
+      Guess,
       [this](const auto& account, auto found) { LookUpServers(account, std::move(found)); },
       [isKept, key = post::PasswordKey(suggestion)](const post::MailAccount& account) {
         return isKept && post::PasswordKey(account) == key;
       },
-      [this](const auto& answer, auto told) { TestAccount(answer, std::move(told)); }};
+      [this](const auto& answer, auto told) { TestAccount(answer, std::move(told)); },
+      [&files = desktop_->Tokens().Files()](const auto& account) {
+        return OfferFor(account, files);
+      },
+      [this](const auto& account, const auto& name, auto signedIn) {
+        SignIn(account, name, std::move(signedIn));
+      },
+      [this] { HurryInquiries(); }};
   auto answer = ui::AskForAccount(suggestion, help);
   HurryInquiries();  // nobody hears of them any more
   return answer;
@@ -145,13 +174,41 @@ void Program::Inquire(std::function<void()> work, std::function<void()> hurry) {
 void Program::TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told) {
   const std::string password =
       answer.password.value_or(KeptPassword(answer.account).value_or(std::string{}));
-  const auto check = std::make_shared<post::AccountCheck>(answer.account, password);
+  const auto check =
+      std::make_shared<post::AccountCheck>(answer.account, password, &desktop_->Tokens());
   Inquire(
       [check, told = std::move(told), &events = *platform::TheSeams().events] {
         const std::string problem = check->Problem();
         events.Post([told, problem] { told(problem); });
       },
       [check] { check->Hurry(); });
+}
+
+void Program::SignIn(const post::MailAccount& account, const std::string& name,
+                     ui::AccountHelp::SignedIn signedIn) {
+  const auto patience = std::make_shared<post::Patience>(std::chrono::seconds(30));
+  const auto noBrowser = std::make_shared<std::atomic<bool>>(false);
+  // The browser is asked for on the window's thread; where there is none, nobody waits for it.
+  const auto open = [patience, noBrowser, &events = *platform::TheSeams().events](const auto& url) {
+    events.Post([patience, noBrowser, url] {
+      *noBrowser = !QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+      if (*noBrowser) patience->Hurry();
+    });
+    return true;
+  };
+  Inquire(
+      [open, noBrowser, address = account.MyAddress,
+       service = sign_in::ServiceNamed(name, desktop_->Tokens().Files()), patience,
+       signedIn = std::move(signedIn), &events = *platform::TheSeams().events] {
+        std::string secret, problem;
+        try {
+          secret = sign_in::SignInByBrowser(service, address, open, *patience).refresh;
+        } catch (const std::exception& error) {
+          problem = *noBrowser ? "The browser can't be opened." : error.what();
+        }
+        events.Post([signedIn, secret, problem] { signedIn(secret, problem); });
+      },
+      [patience] { patience->Hurry(); });
 }
 
 void Program::LookUpServers(const post::MailAccount& account, ui::AccountHelp::Found found) {

@@ -57,6 +57,8 @@ class Program {
 
   std::optional<std::string> KeptPassword(const post::MailAccount& account);
   void TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told);
+  void SignIn(const post::MailAccount& account, const std::string& name,
+              ui::AccountHelp::SignedIn signedIn);
   void LookUpServers(const post::MailAccount& account, ui::AccountHelp::Found found);
 
   ui::QtMessageBoxes boxes_;

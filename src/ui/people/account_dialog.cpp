@@ -86,6 +86,7 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       serversAreGuessed_((suggestion.ImapHost.empty() && suggestion.SmtpHost.empty()) ||
                          help_.guess(suggestion).account == suggestion),
       lookedUp_(suggestion.ImapHost.empty() ? "" : suggestion.MyAddress),  // it works already
+      signIn_(suggestion.SignIn),
       kinds_(new QButtonGroup(this)),
       explanation_(NewText(u"Explanation"_s)),
       form_(new FormRows),
@@ -93,6 +94,8 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       address_(NewField(u"MyAddress"_s, suggestion.MyAddress, longestAddress)),
       postFolder_(NewField(u"PostFolder"_s, suggestion.PostFolder, 4096)),
       password_(new QLineEdit),
+      signInButton_(NewDialogButton(u"SignInButton"_s, u"S&ign in..."_s)),
+      signInNote_(NewText(u"SignInNote"_s)),
       providerNote_(NewText(u"ProviderNote"_s)),
       fold_(new QToolButton),
       sendPage_(new QCheckBox),
@@ -183,6 +186,9 @@ void AccountDialog::AddRows() {
     password_->setEchoMode(shown ? QLineEdit::Normal : QLineEdit::Password);
   });
   passwordRow_ = form_->AddRow(u"Pass&word:"_s, {password_, show});
+  signInButton_->setToolTip(u"Opens your provider's own page in your browser"_s);
+  connect(signInButton_, &QPushButton::clicked, this, &AccountDialog::SignIn);
+  signInRow_ = form_->AddRow(u"Or sign in:"_s, {signInButton_, signInNote_});
 }
 
 void AccountDialog::AddPageRow() {
@@ -271,8 +277,11 @@ AccountAnswer AccountDialog::Answer() const {
   }
   if (!IsKind("Imap")) return answer;
   servers_->FillIn(account);
+  account.SignIn = account.TokenCommand.empty() && password_->text().isEmpty() ? signIn_ : "";
   if (account.TokenCommand.empty() && !password_->text().isEmpty()) {
     answer.password = password_->text().toStdString();
+  } else if (!account.SignIn.empty() && !secret_.empty()) {
+    answer.password = secret_;
   }
   return answer;
 }
@@ -288,7 +297,9 @@ QString AccountDialog::WhatIsMissing() const {
   if (account.ImapHost.empty() || account.SmtpHost.empty()) return u"the names of the servers"_s;
   if (account.UserName.empty()) return u"your user name at the servers"_s;
   const bool needsPassword = account.TokenCommand.empty() && !password;
-  if (needsPassword && !help_.hasKeptPassword(account)) return u"your password"_s;
+  if (needsPassword && !help_.hasKeptPassword(account)) {
+    return offer_.isReady ? u"your password, or a sign-in"_s : u"your password"_s;
+  }
   return {};
 }
 
@@ -327,6 +338,7 @@ ProviderGuess AccountDialog::Guess(const MailAccount& account) const {
   if (!found_.isKnown || account.MyAddress != lookedUp_) return help_.guess(account);
   ProviderGuess guess = found_;
   guess.account.TokenCommand = account.TokenCommand;
+  guess.account.SignIn = account.SignIn;
   return guess;
 }
 
@@ -399,6 +411,7 @@ void AccountDialog::ShowRows() {
   }
   form_->ShowRow(postFolderRow_, IsKind("Post"));
   form_->ShowRow(passwordRow_, imap);
+  ShowSignIn();
   form_->ShowRow(noteRow_, imap && !providerNote_->text().isEmpty());
   form_->ShowRow(foldRow_, imap);
   fold_->setArrowType(isOpen_ ? Qt::DownArrow : Qt::RightArrow);
@@ -410,11 +423,14 @@ void AccountDialog::ShowRows() {
 /// What was found out about the account before it was changed counts no more.
 void AccountDialog::Refresh() {
   testing_ = false;
+  if (std::exchange(signingIn_, false)) help_.giveUp();
   test_->setText(u"&Test"_s);
   const AccountAnswer answer = Answer();
   const bool token = !answer.account.TokenCommand.empty();
   password_->setEnabled(!token);
+  signInButton_->setText(answer.account.SignIn.empty() ? u"S&ign in..."_s : u"S&ign in again..."_s);
   password_->setPlaceholderText(token ? u"the token command stands for it"_s
+                                : !answer.account.SignIn.empty() ? u"the sign-in stands for it"_s
                                 : help_.hasKeptPassword(answer.account)
                                     ? u"the stored password stays"_s
                                     : QString());
@@ -465,6 +481,51 @@ void AccountDialog::TellOutcome(int test, const std::string& problem) {
   Refresh();
   if (problem.empty()) {
     outcome_->ShowSuccess(u"It works: mail can be fetched and sent."_s);
+  } else {
+    outcome_->ShowFailure(Shown(problem));
+  }
+}
+
+/// What the account's provider offers beside a password.
+void AccountDialog::ShowSignIn() {
+  const MailAccount account = Answer().account;
+  if (IsKind("Imap")) offer_ = help_.signInOffer(account);
+  // A sign-in is good at one provider only.
+  if (IsKind("Imap") && signIn_ != offer_.name) signIn_ = secret_ = "";
+  signInButton_->setEnabled(offer_.isReady);
+  signInNote_->setText(Shown(!offer_.remark.empty() ? offer_.remark
+                             : signIn_.empty()      ? "at " + offer_.name + ", with your browser"
+                                                    : "You are signed in at " + offer_.name + "."));
+  form_->ShowRow(signInRow_, IsKind("Imap") && !offer_.name.empty());
+}
+
+void AccountDialog::SignIn() {
+  const bool wasSigningIn = signingIn_;
+  Refresh();
+  if (wasSigningIn) return;
+  signingIn_ = true;
+  signInButton_->setText(u"Sto&p"_s);
+  for (QPushButton* button : {test_, ok_}) button->setEnabled(false);
+  outcome_->ShowBusy(u"Waiting for you to sign in with your browser..."_s);
+  help_.signIn(Answer().account, offer_.name,
+               [dialog = QPointer(this), signIn = ++signIns_, name = offer_.name](
+                   const std::string& secret, const std::string& problem) {
+                 if (dialog) dialog->TellSignedIn(signIn, name, secret, problem);
+               });
+}
+
+void AccountDialog::TellSignedIn(int signIn, const std::string& name, const std::string& secret,
+                                 const std::string& problem) {
+  if (!signingIn_ || signIn != signIns_) return;
+  signingIn_ = false;
+  if (problem.empty()) {
+    signIn_ = name;
+    secret_ = secret;
+    password_->clear();
+  }
+  ShowRows();
+  if (problem.empty()) {
+    outcome_->ShowSuccess(u"You are signed in."_s);
   } else {
     outcome_->ShowFailure(Shown(problem));
   }

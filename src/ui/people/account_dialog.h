@@ -55,6 +55,22 @@ struct AccountHelp {
   /// it; a blank one where nothing is.
   using Told = std::function<void(const std::string& problem)>;
   std::function<void(const AccountAnswer&, Told)> test;
+
+  /// Whose sign-in in the browser may stand for the account's password, and what keeps it from it.
+  struct SignInOffer {
+    std::string name;    ///< blank: nobody's
+    std::string remark;  ///< may be blank
+    bool isReady = false;
+  };
+  std::function<SignInOffer(const MailAccount&)> signInOffer;
+
+  /// Has the user sign in with his browser, without making anybody wait, and tells what is to be
+  /// kept in the place of a password, or what was wrong. One begun before ends.
+  using SignedIn = std::function<void(const std::string& secret, const std::string& problem)>;
+  std::function<void(const MailAccount&, const std::string& name, SignedIn)> signIn;
+
+  /// What was begun interests nobody any more.
+  std::function<void()> giveUp;
 };
 
 class AccountDialog : public QDialog {
@@ -99,6 +115,10 @@ class AccountDialog : public QDialog {
   void Browse();
   void Test();
   void TellOutcome(int test, const std::string& problem);
+  void ShowSignIn();
+  void SignIn();
+  void TellSignedIn(int signIn, const std::string& name, const std::string& secret,
+                    const std::string& problem);
 
   MailAccount suggestion_;
   AccountHelp help_;
@@ -111,6 +131,12 @@ class AccountDialog : public QDialog {
   bool testing_ = false;
   int tests_ = 0;  // the number of the last one; an older one's outcome interests nobody
 
+  AccountHelp::SignInOffer offer_;
+  std::string signIn_;  // whose sign-in stands for the password; blank: none
+  std::string secret_;  // what it left; blank: what is kept
+  bool signingIn_ = false;
+  int signIns_ = 0;  // the number of the last one
+
   QButtonGroup* kinds_;
   QLabel* explanation_;
   FormRows* form_;
@@ -118,12 +144,15 @@ class AccountDialog : public QDialog {
   QLineEdit* address_;
   QLineEdit* postFolder_;
   QLineEdit* password_;
+  QPushButton* signInButton_;
+  QLabel* signInNote_;
   QLabel* providerNote_;
   QToolButton* fold_;
   QCheckBox* sendPage_;
   ServerFields* servers_ = nullptr;
   int postFolderRow_ = 0;
   int passwordRow_ = 0;
+  int signInRow_ = 0;
   int noteRow_ = 0;
   int foldRow_ = 0;
   OutcomeLine* outcome_;

@@ -34,7 +34,8 @@ class AccountDialogTest : public testing::Test {
 
   void Open() {
     const AccountHelp help{
-        [](const MailAccount& account) { return IsAddress(account.MyAddress); }, GuessFor,
+        [](const MailAccount& account) { return IsAddress(account.MyAddress); },
+        GuessFor,
         [this](const MailAccount& account, AccountHelp::Found found) {
           found_.emplace_back(account.MyAddress, std::move(found));
         },
@@ -42,7 +43,14 @@ class AccountDialogTest : public testing::Test {
         [this](const AccountAnswer& answer, AccountHelp::Told told) {
           tested_.push_back(answer);
           told_.push_back(std::move(told));
-        }};
+        },
+        [this](const MailAccount& account) {
+          return account.ImapHost == "imap.known.org" ? offer_ : AccountHelp::SignInOffer{};
+        },
+        [this](const MailAccount&, const std::string&, AccountHelp::SignedIn signedIn) {
+          signedIn_.push_back(std::move(signedIn));
+        },
+        [this] { ++givenUp_; }};
     dialog_ = std::make_unique<AccountDialog>(suggestion_, help);
     BringUp(*dialog_);
   }
@@ -65,6 +73,9 @@ class AccountDialogTest : public testing::Test {
   std::vector<std::pair<std::string, AccountHelp::Found>> found_;
   std::vector<AccountAnswer> tested_;
   std::vector<AccountHelp::Told> told_;
+  AccountHelp::SignInOffer offer_{"Known", "", true};
+  std::vector<AccountHelp::SignedIn> signedIn_;
+  int givenUp_ = 0;
   std::unique_ptr<AccountDialog> dialog_;
 };
 
@@ -231,6 +242,32 @@ TEST_F(AccountDialogTest, KeysDoEverything) {
   Field(*dialog_, "MyName").setFocus();
   Key(Qt::Key_Return)(*dialog_);
   EXPECT_EQ(dialog_->result(), QDialog::Accepted);
+}
+
+TEST_F(AccountDialogTest, ASignInStandsForThePasswordAtItsProvider) {
+  OpenMailbox("anna@known.org");
+  Press("SignInButton");
+  EXPECT_FALSE(CanGoOn());
+  Press("SignInButton");
+  EXPECT_EQ(givenUp_, 1) << "the second click ends it";
+  signedIn_.at(0)("too late", "");
+  EXPECT_EQ(Account().SignIn, "");
+  Press("SignInButton");
+  signedIn_.at(1)("", "The sign-in was refused.");
+  EXPECT_EQ(Outcome(), "The sign-in was refused.");
+  Press("SignInButton");
+  signedIn_.at(2)("secret", "");
+  EXPECT_TRUE(CanGoOn());
+  EXPECT_EQ(Account().SignIn, "Known");
+  EXPECT_EQ(dialog_->Answer().password, "secret");
+  Type("Password", "typed");
+  EXPECT_EQ(Account().SignIn, "");
+  EXPECT_EQ(dialog_->Answer().password, "typed");
+  Type("Password", "");
+  Type("MyAddress", "anna@other.org");
+  Find<QLineEdit>(*dialog_, "MyAddress").editingFinished();
+  EXPECT_FALSE(Shows("SignInButton"));
+  EXPECT_EQ(Account().SignIn, "") << "it is no use elsewhere";
 }
 
 }  // namespace

@@ -254,7 +254,7 @@ TEST_F(AccountDialogTest, ASignInStandsForThePasswordAtItsProvider) {
   EXPECT_EQ(Account().SignIn, "");
   Press("SignInButton");
   signedIn_.at(1)("", "The sign-in was refused.");
-  EXPECT_EQ(Outcome(), "The sign-in was refused.");
+  EXPECT_EQ(Outcome(), u"The sign-in was refused."_s);
   Press("SignInButton");
   signedIn_.at(2)("secret", "");
   EXPECT_TRUE(CanGoOn());

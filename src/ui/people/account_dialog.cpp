@@ -94,7 +94,7 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       address_(NewField(u"MyAddress"_s, suggestion.MyAddress, longestAddress)),
       postFolder_(NewField(u"PostFolder"_s, suggestion.PostFolder, 4096)),
       password_(new QLineEdit),
-      signInButton_(NewDialogButton(u"SignInButton"_s, u"S&ign in..."_s)),
+      signInButton_(NewDialogButton(u"SignInButton"_s, u"Sign in with the b&rowser..."_s)),
       signInNote_(NewText(u"SignInNote"_s)),
       providerNote_(NewText(u"ProviderNote"_s)),
       fold_(new QToolButton),
@@ -187,8 +187,10 @@ void AccountDialog::AddRows() {
   });
   passwordRow_ = form_->AddRow(u"Pass&word:"_s, {password_, show});
   signInButton_->setToolTip(u"Opens your provider's own page in your browser"_s);
+  signInButton_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   connect(signInButton_, &QPushButton::clicked, this, &AccountDialog::SignIn);
-  signInRow_ = form_->AddRow(u"Or sign in:"_s, {signInButton_, signInNote_});
+  signInRow_ = form_->AddRow(u"Or sign in:"_s, {signInButton_});
+  signInNoteRow_ = form_->AddRow({}, {signInNote_});
 }
 
 void AccountDialog::AddPageRow() {
@@ -428,7 +430,8 @@ void AccountDialog::Refresh() {
   const AccountAnswer answer = Answer();
   const bool token = !answer.account.TokenCommand.empty();
   password_->setEnabled(!token);
-  signInButton_->setText(answer.account.SignIn.empty() ? u"S&ign in..."_s : u"S&ign in again..."_s);
+  signInButton_->setText(answer.account.SignIn.empty() ? u"Sign in with the b&rowser..."_s
+                                                       : u"Sign in again with the b&rowser..."_s);
   password_->setPlaceholderText(token ? u"the token command stands for it"_s
                                 : !answer.account.SignIn.empty() ? u"the sign-in stands for it"_s
                                 : help_.hasKeptPassword(answer.account)
@@ -493,10 +496,12 @@ void AccountDialog::ShowSignIn() {
   // A sign-in is good at one provider only.
   if (IsKind("Imap") && signIn_ != offer_.name) signIn_ = secret_ = "";
   signInButton_->setEnabled(offer_.isReady);
-  signInNote_->setText(Shown(!offer_.remark.empty() ? offer_.remark
-                             : signIn_.empty()      ? "at " + offer_.name + ", with your browser"
-                                                    : "You are signed in at " + offer_.name + "."));
-  form_->ShowRow(signInRow_, IsKind("Imap") && !offer_.name.empty());
+  const std::string standing = signIn_.empty() ? "At " + offer_.name + ", instead of a password."
+                                               : "You are signed in at " + offer_.name + ".";
+  signInNote_->setText(Shown(offer_.isReady ? standing + ' ' + offer_.remark : offer_.remark));
+  for (const int row : {signInRow_, signInNoteRow_}) {
+    form_->ShowRow(row, IsKind("Imap") && !offer_.name.empty());
+  }
 }
 
 void AccountDialog::SignIn() {
@@ -504,7 +509,7 @@ void AccountDialog::SignIn() {
   Refresh();
   if (wasSigningIn) return;
   signingIn_ = true;
-  signInButton_->setText(u"Sto&p"_s);
+  signInButton_->setText(u"Stop waiting fo&r it"_s);
   for (QPushButton* button : {test_, ok_}) button->setEnabled(false);
   outcome_->ShowBusy(u"Waiting for you to sign in with your browser..."_s);
   help_.signIn(Answer().account, offer_.name,

@@ -153,6 +153,7 @@ class AccountDialog : public QDialog {
   int postFolderRow_ = 0;
   int passwordRow_ = 0;
   int signInRow_ = 0;
+  int signInNoteRow_ = 0;
   int noteRow_ = 0;
   int foldRow_ = 0;
   OutcomeLine* outcome_;

@@ -299,8 +299,7 @@ void ServerMail::Send(const letters::OutgoingMail& given) {
   std::vector<std::string> recipients;
   for (const letters::Mailbox& recipient : mail.to)
     recipients.push_back(letters::EnvelopeAddress(recipient.address));
-  LoggingOnAnew(
-      [&] { HandOver(letters::EnvelopeAddress(mail.from.address), recipients, bytes); });
+  LoggingOnAnew([&] { HandOver(letters::EnvelopeAddress(mail.from.address), recipients, bytes); });
   sent_.push_back({std::move(bytes), mail.messageID});
 }
 

@@ -98,11 +98,9 @@ bool IsOwnAndOpen(const std::string& file) {
 
 }  // namespace
 
-ClientFiles UsualClientFiles(const std::string& programFolder) {
-  const std::filesystem::path settingsFile = desktop::SettingsFileFor(programFolder);
-  return {(settingsFile.parent_path() / fileName).string(),
-          (std::filesystem::path(programFolder) / fileName).string(),
-          std::string("/etc/tarvolenix/") + fileName};
+ClientFiles UsualClientFiles(const std::string& settingsFile) {
+  return {(std::filesystem::path(settingsFile).parent_path() / fileName).string(),
+          desktop::SharedFolder() + fileName, std::string("/etc/tarvolenix/") + fileName};
 }
 
 std::string ServiceNameFor(const post::MailAccount& account, const ClientFiles& files) {

@@ -41,8 +41,8 @@ struct Service {
 /// Of several files that know a provider the first counts.
 using ClientFiles = std::vector<std::string>;
 
-/// Beside the settings, in the program folder, and below /etc.
-ClientFiles UsualClientFiles(const std::string& programFolder);
+/// Beside the settings, with what came with the program, and below /etc.
+ClientFiles UsualClientFiles(const std::string& settingsFile);
 
 /// What the account's provider calls its sign-in; blank where it has none, or nobody knows of it.
 std::string ServiceNameFor(const post::MailAccount& account, const ClientFiles& files);

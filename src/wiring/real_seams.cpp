@@ -15,7 +15,7 @@ RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAcco
       autostart_(files_, desktop::ProgramFolder()),
       passwords_(post::PasswordsBeside(settingsFile)),
       sounds_(std::make_unique<desktop::QtSounds>()),
-      tokens_(events_, *passwords_, sign_in::UsualClientFiles(programFolder)),
+      tokens_(events_, *passwords_, sign_in::UsualClientFiles(settingsFile)),
       mail_(events_, *passwords_, std::move(ask), post::TransportsWith(tokens_)) {
   mail_.SetAskRecipients(std::move(askRecipients));
   platform::Seams& seams = platform::TheSeams();

@@ -39,7 +39,7 @@ IniText Content(const std::string& file) {
 std::optional<IniText> ClientsWith(const std::string& name, const ClientFiles& files) {
   for (const std::string& file : files) {
     IniText content = Content(file);
-    if (content.Value(name, "ClientId").value_or("") != "") return content;
+    if (!content.Value(name, "ClientId").value_or("").empty()) return content;
   }
   return std::nullopt;
 }
@@ -104,7 +104,7 @@ ClientFiles UsualClientFiles(const std::string& settingsFile) {
 }
 
 std::string ServiceNameFor(const post::MailAccount& account, const ClientFiles& files) {
-  const std::string known = post::SignInOf(account);
+  std::string known = post::SignInOf(account);
   if (!known.empty()) return known;
   for (const std::string& name : {post::DomainOf(account.MyAddress), account.ImapHost}) {
     if (!name.empty() && ClientsWith(name, files)) return name;

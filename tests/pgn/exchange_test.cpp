@@ -160,8 +160,8 @@ const char* const unchangedEnds[] = {
     "[Termination \"normal\"]\n\n1. e4 {well} {White surrenders: oh} 0-1\n\n",
     "[Termination \"unterminated\"]\n\n1. e4 {hm} {Black offers a draw: now?} *\n\n",
     "[Termination \"unterminated\"]\n\n1. e4 {[% ]Black offers a draw: no} *\n\n",
-    "[Termination \"normal\"]\n\n{White offers a draw} {Black declines the draw: no} 1. e4 "
-    "{Black offers a draw}\n{White accepts the draw} 1/2-1/2\n\n",
+    ("[Termination \"normal\"]\n\n{White offers a draw} {Black declines the draw: no} 1. e4 "
+     "{Black offers a draw}\n{White accepts the draw} 1/2-1/2\n\n"),
 };
 
 TEST(ExchangeTest, WhatCameInGoesOutTheSame) {

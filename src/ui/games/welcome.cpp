@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QCommandLinkButton>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,6 +18,7 @@
 #include "platform/setting_variables.h"
 #include "skin/look.h"
 #include "skin/program_pictures.h"
+#include "ui/games/way_button.h"
 #include "ui/help/help_key.h"
 #include "widgets/shown_text.h"
 
@@ -29,7 +29,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize bannerSize(560, 168);
-constexpr int pictureSize = 40;
 
 /// The style draws such a button as bare text until it is pointed at.
 constexpr const char* cardStyle =
@@ -164,10 +163,8 @@ QWidget* Welcome::NewPage() {
 
 QWidget* Welcome::NewWay(const char* name, const char* title, const char* text,
                          const QIcon& picture, std::function<void()> way) {
-  auto* button = new QCommandLinkButton(QLatin1StringView(title), QLatin1StringView(text));
-  button->setIcon(picture);
+  auto* button = new WayButton(QLatin1StringView(title), QLatin1StringView(text), picture);
   button->setStyleSheet(QLatin1StringView(cardStyle));
-  button->setIconSize({pictureSize, pictureSize});
   button->setObjectName(QLatin1StringView(name));
   button->setAccessibleDescription(QLatin1StringView(text));
   connect(button, &QAbstractButton::clicked, this, [this, way = std::move(way)] {

@@ -49,8 +49,7 @@ QJsonObject AskProvider(const Service& service, const std::string& url, Fields f
   fields.emplace_back("client_id", service.clientId);
   if (!service.clientSecret.empty()) fields.emplace_back("client_secret", service.clientSecret);
   const WebAnswer answer = PostForm(url, fields, patience);
-  QJsonObject content =
-      QJsonDocument::fromJson(QByteArray::fromStdString(answer.content)).object();
+  QJsonObject content = QJsonDocument::fromJson(QByteArray::fromStdString(answer.content)).object();
   if (answer.status == 200 && !content.isEmpty()) return content;
   const std::string error = TextOf(content, u"error"_s);
   const bool passes = answer.status >= 500 || answer.status == 429 || error.empty() ||
@@ -65,7 +64,7 @@ QJsonObject AskProvider(const Service& service, const std::string& url, Fields f
 Tokens AskForTokens(const Service& service, const Fields& fields, const post::Patience& patience) {
   const QJsonObject answer = AskProvider(service, service.token, fields, patience);
   Tokens tokens{TokenOf(answer, u"access_token"_s), TokenOf(answer, u"refresh_token"_s),
-                      std::chrono::seconds(answer[u"expires_in"].toVariant().toInt())};
+                std::chrono::seconds(answer[u"expires_in"].toVariant().toInt())};
   if (tokens.access.empty()) throw platform::MailError(service.name + " gave no token.");
   if (tokens.lifetime.count() > 0) return tokens;
   return {tokens.access, tokens.refresh, std::chrono::seconds(usualLifetime)};

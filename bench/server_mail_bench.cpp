@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From an Inbox on a mail server into the game file, over TLS and a real server on this machine.
-// Aims: 1,000 waiting move mails in 40 s; 50,000 other mails in the Inbox cost a retrieve at most
+// Aims: 1,000 waiting move mails in 3 s; 50,000 other mails in the Inbox cost a retrieve at most
 // 1 s more; a tick that finds nothing takes 20 ms. And out of the outbox to the server, at its
 // pace.
 #include <QCoreApplication>

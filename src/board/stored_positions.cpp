@@ -5,26 +5,12 @@
 
 #include "board/history.h"
 #include "board/load_board.h"
+#include "rules/position_guard.h"
 
 namespace board {
-namespace {
-
-class PositionGuard {
- public:
-  PositionGuard() : saved_(rules::ThePosition()) {}
-  ~PositionGuard() { rules::ThePosition() = saved_; }
-  PositionGuard(const PositionGuard&) = delete;
-  PositionGuard& operator=(const PositionGuard&) = delete;
-
- private:
-  rules::Position saved_;
-};
-
-}  // namespace
-
 void WalkStoredGame(std::int32_t gameID, const store::MoveRecords& moves,
                     const std::function<void()>& seen) {
-  const PositionGuard guard;
+  const rules::PositionGuard guard;
   int sideInCheck = rules::NobodyInCheck;
   bool flashPhase = false;
   LoadBoard(gameID, sideInCheck, flashPhase, false, false);

@@ -9,6 +9,7 @@
 #include "pgn/movetext.h"
 #include "pgn/san.h"
 #include "pgn/sayings.h"
+#include "rules/position_guard.h"
 #include "store/queries.h"
 
 namespace pgn {
@@ -148,7 +149,7 @@ std::string SetUpTags() {
 
 std::string PgnOfGame(const store::GameRecord& game, const store::MoveRecords& moves,
                       const ExportOptions& options) {
-  const PositionGuard guard;
+  const rules::PositionGuard guard;
   Course course(game);
   const std::string setUp = SetUpTags();
   course.Add(moves);

@@ -11,6 +11,7 @@
 #include "pgn/game_text.h"
 #include "platform/utf8.h"
 #include "rules/attack.h"
+#include "rules/position_guard.h"
 
 namespace pgn {
 
@@ -232,7 +233,7 @@ class FenReader {
 
   void CheckWaitingKing() {
     const rules::Side waiting = rules::OtherSide(reading_.turn.side);
-    const PositionGuard guard;
+    const rules::PositionGuard guard;
     ThePosition().BoardState = reading_.board;
     if (!rules::IsInCheck(waiting)) return;
     Refuse(std::string(sideNames[waiting]) + " is in check, and it isn't " + sideNames[waiting] +
@@ -243,7 +244,7 @@ class FenReader {
 };
 
 bool CanTakeInPassing(const FenReading& reading) {
-  const PositionGuard guard;
+  const rules::PositionGuard guard;
   ThePosition().BoardState = reading.board;
   const rules::LastMove last = reading.turn.lastMove;
   const Square to{last.to.x, (last.from.y + last.to.y) / 2};
@@ -271,7 +272,7 @@ std::string WriteFen(const Turn& turn) {
 }
 
 std::string FenOfGame(const store::GameRecord& game, const store::MoveRecords& moves) {
-  const PositionGuard guard;
+  const rules::PositionGuard guard;
   BeginGame(game);
   Turn turn;
   for (std::size_t i = 0; i < moves.size(); ++i) Replay(turn, moves[i], i + 1);

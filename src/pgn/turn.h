@@ -8,18 +8,6 @@
 
 namespace pgn {
 
-/// Puts all of the position back as it was found.
-class PositionGuard {
- public:
-  PositionGuard() : saved_(rules::ThePosition()) {}
-  ~PositionGuard() { rules::ThePosition() = saved_; }
-  PositionGuard(const PositionGuard&) = delete;
-  PositionGuard& operator=(const PositionGuard&) = delete;
-
- private:
-  rules::Position saved_;
-};
-
 struct ChessMove {
   rules::Square from;
   rules::Square to;

@@ -5,13 +5,13 @@
 #include <curl/curl.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "post/discovery_names.h"
 #include "post/domain_names.h"
+#include "post/server_trust.h"
 
 namespace post {
 namespace {
@@ -39,10 +39,7 @@ class WebFile {
     Set(CURLOPT_FOLLOWLOCATION, 1L);
     Set(CURLOPT_MAXREDIRS, 3L);
     Set(CURLOPT_FAILONERROR, 1L);
-    Set(CURLOPT_SSL_VERIFYPEER, 1L);
-    Set(CURLOPT_SSL_VERIFYHOST, 2L);
-    Set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
-    if (const char* own = std::getenv("SSL_CERT_FILE"); own && *own) Set(CURLOPT_CAINFO, own);
+    DemandTrust(curl_.get());
     Set(CURLOPT_NOSIGNAL, 1L);
     Set(CURLOPT_QUICK_EXIT, 1L);
     Set(CURLOPT_WRITEFUNCTION, Hear);

@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
-#include <cstdlib>
 #include <mutex>
 #include <string_view>
 #include <utility>
 
 #include "letters/mail_text.h"
 #include "post/login_failure.h"
+#include "post/server_trust.h"
 
 namespace post {
 namespace {
@@ -125,13 +125,7 @@ void ServerConnection::SetUpEncryption() {
     return;
   }
   Set(Handle(), CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_ALL));
-  Set(Handle(), CURLOPT_SSL_VERIFYPEER, 1L);
-  Set(Handle(), CURLOPT_SSL_VERIFYHOST, 2L);
-  Set(Handle(), CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
-  // For an authority that only its users know, such as a company's own.
-  if (const char* authorities = std::getenv("SSL_CERT_FILE"); authorities && *authorities) {
-    Set(Handle(), CURLOPT_CAINFO, authorities);
-  }
+  DemandTrust(Handle());
 }
 
 void ServerConnection::LogOnAs(const Login& login) {

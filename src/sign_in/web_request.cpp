@@ -5,10 +5,10 @@
 #include <curl/curl.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 
 #include "post/mail_failures.h"
+#include "post/server_trust.h"
 
 namespace sign_in {
 namespace {
@@ -35,10 +35,7 @@ class Request {
     const auto silence = static_cast<long>(patience.Silence().count());
     Set(CURLOPT_URL, url.c_str());
     Set(CURLOPT_PROTOCOLS_STR, "http,https");
-    Set(CURLOPT_SSL_VERIFYPEER, 1L);
-    Set(CURLOPT_SSL_VERIFYHOST, 2L);
-    Set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
-    if (const char* own = std::getenv("SSL_CERT_FILE"); own && *own) Set(CURLOPT_CAINFO, own);
+    post::DemandTrust(curl_.get());
     Set(CURLOPT_NOSIGNAL, 1L);
     Set(CURLOPT_QUICK_EXIT, 1L);
     Set(CURLOPT_TIMEOUT_MS, std::max(1000L, silence));

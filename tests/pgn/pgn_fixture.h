@@ -9,6 +9,7 @@
 
 #include "pgn/fen.h"
 #include "pgn/import.h"
+#include "rules/position_guard.h"
 #include "rules/rules_fixture.h"
 #include "store/game_file.h"
 
@@ -36,7 +37,7 @@ inline store::MoveRecords Entries(const std::string& words) {
 inline std::string ReadAndWritten(const char* text) {
   const FenReading reading = ReadFen(text);
   EXPECT_EQ(reading.trouble, "") << text;
-  const PositionGuard guard;
+  const rules::PositionGuard guard;
   rules::ThePosition().BoardState = reading.board;
   rules::ThePosition().CastleState = reading.hasMoved;
   return WriteFen(reading.turn);

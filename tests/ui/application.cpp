@@ -10,6 +10,7 @@ namespace {
 class ApplicationEnvironment : public testing::Environment {
  public:
   void SetUp() override {
+    qputenv("CUPS_SERVER", "/nowhere");  // the machine's own printers are none of the tests'
     static char name[] = "ui_test";
     static char* arguments[] = {name, nullptr};
     static int count = 1;

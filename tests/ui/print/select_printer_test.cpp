@@ -16,7 +16,7 @@ namespace {
 class SelectPrinterTest : public SkinTest {
  protected:
   void SetUp() override {
-    if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "there is a printer";
+    ASSERT_TRUE(QPrinterInfo::availablePrinterNames().isEmpty()) << "of this machine's own";
   }
 
   DesktopPrinters printers_;

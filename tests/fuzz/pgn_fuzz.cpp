@@ -7,6 +7,7 @@
 #include "pgn/export.h"
 #include "pgn/fen.h"
 #include "pgn/import.h"
+#include "rules/position_guard.h"
 #include "store/game_file.h"
 
 namespace {
@@ -18,7 +19,7 @@ pgn::ImportedGames Read(const std::string& text) {
 }
 
 std::string WrittenFen(const pgn::FenReading& reading) {
-  const pgn::PositionGuard guard;
+  const rules::PositionGuard guard;
   rules::ThePosition().BoardState = reading.board;
   rules::ThePosition().CastleState = reading.hasMoved;
   return pgn::WriteFen(reading.turn);

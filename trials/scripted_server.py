@@ -226,6 +226,10 @@ class Greylist:
         del self.first_tries[pair]
         return True
 
+    def let_time_pass(self):
+        """The wait is over for all that was tried so far."""
+        self.first_tries = dict.fromkeys(self.first_tries, -self.seconds)
+
 
 class SmtpTalk(Talk):
     def __init__(self, boxes, connection, greylist):

@@ -10,7 +10,7 @@
 #include "app/screen_scale.h"
 #include "desktop/folders.h"
 #include "platform/process_state.h"
-#include "post/passwords.h"
+#include "post/accounts/passwords.h"
 #include "widgets/contrast.h"
 
 namespace {

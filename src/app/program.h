@@ -13,7 +13,7 @@
 #include "contacts/contacts_book.h"
 #include "desktop/folders.h"
 #include "desktop/single_instance.h"
-#include "post/mail_account.h"
+#include "post/accounts/mail_account.h"
 #include "ui/help/help_window.h"
 #include "ui/people/account_dialog.h"
 #include "ui/print/desktop_printers.h"

@@ -16,8 +16,8 @@
 #include "platform/mail_address.h"
 #include "platform/utf8.h"
 #include "post/account_check.h"
-#include "post/known_providers.h"
-#include "post/mail_account.h"
+#include "post/accounts/known_providers.h"
+#include "post/accounts/mail_account.h"
 #include "post/outbox.h"
 #include "sign_in/device_sign_in.h"
 

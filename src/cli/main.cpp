@@ -20,7 +20,7 @@
 #include "platform/registry.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
-#include "post/passwords.h"
+#include "post/accounts/passwords.h"
 #include "wiring/real_seams.h"
 
 namespace {

@@ -12,7 +12,7 @@
 #include "platform/mail_address.h"
 #include "platform/seams.h"
 #include "platform/settings_store.h"
-#include "post/mail_account.h"
+#include "post/accounts/mail_account.h"
 #include "store/queries.h"
 
 namespace cli {

@@ -5,7 +5,7 @@
 
 #include "cli/arguments.h"
 #include "cli/collected_messages.h"
-#include "post/passwords.h"
+#include "post/accounts/passwords.h"
 #include "sign_in/kept_tokens.h"
 
 namespace cli {

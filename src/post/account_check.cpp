@@ -2,7 +2,7 @@
 #include "post/account_check.h"
 
 #include "letters/mail_text.h"
-#include "post/known_providers.h"
+#include "post/accounts/known_providers.h"
 #include "post/mail_transport.h"
 
 namespace post {

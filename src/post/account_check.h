@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "post/mail_account.h"
+#include "post/accounts/mail_account.h"
 #include "post/server_mail.h"
 
 namespace post {

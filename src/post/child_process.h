@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "post/patience.h"
+#include "post/servers/patience.h"
 
 namespace post {
 

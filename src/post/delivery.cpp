@@ -11,7 +11,7 @@
 #include "platform/files.h"
 #include "platform/seams.h"
 #include "post/account_check.h"
-#include "post/mail_failures.h"
+#include "post/servers/mail_failures.h"
 
 namespace post {
 namespace {

@@ -16,7 +16,7 @@
 
 #include "platform/events.h"
 #include "platform/mail_state.h"
-#include "post/mail_account.h"
+#include "post/accounts/mail_account.h"
 #include "post/mail_thread.h"
 #include "post/mail_transport.h"
 #include "post/outbox.h"

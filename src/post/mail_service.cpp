@@ -16,8 +16,8 @@
 #include "platform/seams.h"
 #include "platform/settings_store.h"
 #include "post/account_check.h"
-#include "post/mail_failures.h"
 #include "post/post_office.h"
+#include "post/servers/mail_failures.h"
 
 namespace post {
 namespace {

@@ -18,8 +18,8 @@
 #include "platform/events.h"
 #include "platform/mail_client.h"
 #include "platform/mail_state.h"
+#include "post/accounts/mail_account.h"
 #include "post/delivery.h"
-#include "post/mail_account.h"
 #include "post/mail_thread.h"
 #include "post/mail_transport.h"
 

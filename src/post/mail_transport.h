@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "letters/mails.h"
-#include "post/access_tokens.h"
-#include "post/mail_account.h"
+#include "post/accounts/access_tokens.h"
+#include "post/accounts/mail_account.h"
 
 namespace post {
 

@@ -11,7 +11,7 @@
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/whole_file.h"
-#include "post/post_office.h"
+#include "post/accounts/local_address.h"
 
 namespace post {
 namespace {

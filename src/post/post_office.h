@@ -4,25 +4,13 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "post/maildir.h"
 
 namespace post {
 
-/// `address` without blanks around it. A name without "@" is one of this machine's users. Raises
-/// MailError for a blank address.
-std::string LocalAddress(std::string_view address);
-
 /// The mail with local addresses at both ends.
 letters::OutgoingMail LocalMail(letters::OutgoingMail mail);
-
-/// Any text as a file's name: all but small letters, digits and "@.+_-" as "%" and two hexadecimal
-/// digits. It is never a path and never hidden.
-std::string FileNameOf(std::string_view text);
-
-/// The local address as a folder's name, in lower case: an address doesn't tell cases apart.
-std::string BoxName(std::string_view address);
 
 class PostOffice : public MailTransport {
  public:

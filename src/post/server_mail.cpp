@@ -12,7 +12,7 @@
 #include "letters/mail_text.h"
 #include "letters/message_ids.h"
 #include "platform/move_subject.h"
-#include "post/server_folders.h"
+#include "post/servers/server_folders.h"
 #include "post/token_command.h"
 
 namespace post {

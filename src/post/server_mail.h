@@ -10,11 +10,11 @@
 #include <unordered_set>
 #include <vector>
 
-#include "post/access_tokens.h"
-#include "post/imap_client.h"
+#include "post/accounts/access_tokens.h"
 #include "post/mail_transport.h"
-#include "post/patience.h"
-#include "post/smtp.h"
+#include "post/servers/imap_client.h"
+#include "post/servers/patience.h"
+#include "post/servers/smtp.h"
 
 namespace post {
 

@@ -14,7 +14,7 @@
 #include "platform/mail_client.h"
 #include "platform/text_fields.h"
 #include "post/child_process.h"
-#include "post/mail_failures.h"
+#include "post/servers/mail_failures.h"
 
 namespace post {
 namespace {

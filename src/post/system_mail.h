@@ -7,7 +7,7 @@
 #include <string>
 
 #include "post/maildir.h"
-#include "post/patience.h"
+#include "post/servers/patience.h"
 
 namespace post {
 

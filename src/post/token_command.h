@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "post/patience.h"
+#include "post/servers/patience.h"
 
 namespace post {
 

@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "post/patience.h"
+#include "post/servers/patience.h"
 
 class QTcpSocket;
 

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "post/mail_failures.h"
+#include "post/servers/mail_failures.h"
 
 namespace sign_in {
 namespace {

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "platform/events.h"
-#include "post/access_tokens.h"
-#include "post/passwords.h"
+#include "post/accounts/access_tokens.h"
+#include "post/accounts/passwords.h"
 #include "sign_in/services.h"
 
 namespace sign_in {

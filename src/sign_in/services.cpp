@@ -14,8 +14,8 @@
 #include "desktop/folders.h"
 #include "desktop/ini_text.h"
 #include "desktop/posix_files.h"
-#include "post/domain_names.h"
-#include "post/known_providers.h"
+#include "post/accounts/domain_names.h"
+#include "post/accounts/known_providers.h"
 #include "sign_in/web_request.h"
 
 namespace sign_in {

@@ -20,9 +20,9 @@
 #include <string>
 #include <vector>
 
-#include "post/mail_account.h"
-#include "post/mail_failures.h"
-#include "post/patience.h"
+#include "post/accounts/mail_account.h"
+#include "post/servers/mail_failures.h"
+#include "post/servers/patience.h"
 
 namespace sign_in {
 

@@ -5,7 +5,7 @@
 #include <QJsonObject>
 
 #include "letters/mail_text.h"
-#include "post/mail_failures.h"
+#include "post/servers/mail_failures.h"
 
 namespace sign_in {
 namespace {

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <memory>
 
-#include "post/mail_failures.h"
-#include "post/server_trust.h"
+#include "post/servers/mail_failures.h"
+#include "post/servers/server_trust.h"
 
 namespace sign_in {
 namespace {

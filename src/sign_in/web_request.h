@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "post/patience.h"
+#include "post/servers/patience.h"
 
 namespace sign_in {
 

@@ -13,8 +13,8 @@
 #include "desktop/system_clock.h"
 #include "pages/mail_pages.h"
 #include "platform/sounds.h"
+#include "post/accounts/passwords.h"
 #include "post/mail_service.h"
-#include "post/passwords.h"
 #include "sign_in/kept_tokens.h"
 
 namespace wiring {

@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "post/passwords.h"
+#include "post/accounts/passwords.h"
 
 namespace fakes {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Configuration files that say arbitrary things: only encrypted servers with a name are found.
 #include "fuzz/fuzz.h"
-#include "post/discovery_file.h"
-#include "post/domain_names.h"
+#include "post/accounts/discovery_file.h"
+#include "post/accounts/domain_names.h"
 
 void TryInput(std::string_view input) {
   post::MailAccount account;

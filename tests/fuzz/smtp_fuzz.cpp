@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "fuzz/fuzz.h"
-#include "post/smtp.h"
+#include "post/servers/smtp.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "post/mail_account.h"
+#include "post/accounts/mail_account.h"
 
 namespace servers {
 

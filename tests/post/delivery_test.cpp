@@ -9,7 +9,7 @@
 
 #include "fakes/fake_desktop.h"
 #include "fakes/plain_events.h"
-#include "post/mail_failures.h"
+#include "post/servers/mail_failures.h"
 
 namespace post {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "post/discovery.h"
+#include "post/accounts/discovery.h"
 
 #include <gtest/gtest.h>
 

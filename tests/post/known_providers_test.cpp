@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "post/known_providers.h"
+#include "post/accounts/known_providers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "post/login_failure.h"
+#include "post/servers/login_failure.h"
 
 #include <gtest/gtest.h>
 

@@ -13,7 +13,7 @@
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
 #include "platform/process_state.h"
-#include "post/mail_failures.h"
+#include "post/servers/mail_failures.h"
 
 namespace {
 

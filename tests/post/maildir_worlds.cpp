@@ -8,6 +8,7 @@
 #include "fakes/plain_events.h"
 #include "fakes/temporary_folder.h"
 #include "letters/mail_text.h"
+#include "post/accounts/local_address.h"
 #include "post/mail_contract.h"
 #include "post/mail_service.h"
 #include "post/post_office.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "post/passwords.h"
+#include "post/accounts/passwords.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -7,8 +7,8 @@
 #include <numeric>
 
 #include "fakes/temporary_folder.h"
-#include "post/file_passwords.h"
-#include "post/keyring_passwords.h"
+#include "post/accounts/file_passwords.h"
+#include "post/accounts/keyring_passwords.h"
 
 namespace {
 

@@ -14,6 +14,7 @@
 #include "fakes/temporary_folder.h"
 #include "letters/mail_text.h"
 #include "platform/mail_client.h"
+#include "post/accounts/local_address.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "fakes/memory_passwords.h"
 #include "fakes/plain_events.h"
 #include "fakes/temporary_folder.h"
-#include "post/mail_failures.h"
+#include "post/servers/mail_failures.h"
 #include "sign_in/authorization_server.h"
 #include "sign_in/browser_sign_in.h"
 #include "sign_in/device_sign_in.h"

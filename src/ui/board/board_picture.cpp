@@ -163,6 +163,23 @@ QPixmap BoardPicture::FloatingPicture(rules::PieceCode piece) const {
   return picture;
 }
 
+/// Another picture of that size, as this one grows with its widget.
+QImage BoardPicture::Image(int edge, const std::function<int(Square)>& cellOf) const {
+  BoardPicture picture(graphics_, coordinates_ ? edge_ : 0);
+  picture.setPalette(palette());
+  picture.setFont(font());
+  picture.resize(edge, edge);
+  picture.places_ = places_;
+  for (int i = 0; i < 64; ++i) picture.PaintSquare(rules::SquareAt(i), cellOf(rules::SquareAt(i)));
+  picture.lastMove_ = lastMove_;
+  picture.dots_ = dots_;
+  picture.coordinates_ = coordinates_;
+  QImage image(edge, edge, QImage::Format_RGB32);
+  image.fill(palette().color(QPalette::Window));
+  picture.render(&image, {}, {}, QWidget::DrawChildren);
+  return image;
+}
+
 void BoardPicture::TakeGraphics() {
   scaledPixels_ = 0;
   update();

@@ -157,16 +157,19 @@ class Importer {
     if (address.empty() && running) address = options_->opponent;
     if (!why.empty()) {
       played.objection.why = "Its " + tag + ' ' + why + '.';
-    } else if (running && !isOwn && options_->ownSide == rules::NoSide) {
+      return Lack::Nothing;
+    }
+    Lack lacks = Lack::Nothing;
+    if (running && !isOwn && options_->ownSide == rules::NoSide) {
       played.objection.why = "It isn't finished, and neither player is you.";
-      return Lack::OwnSide;
+      lacks = Lack::OwnSide;
     } else if (running && address.empty()) {
       played.objection.why = "It isn't finished, and your opponent's mail address isn't known.";
-      return Lack::Address;
-    } else {
-      games_.taken.Add(Record(text, played, white, address), played.moves);
+      lacks = Lack::Address;
     }
-    return Lack::Nothing;
+    store::NewGames& place = lacks == Lack::Nothing ? games_.taken : games_.lacking;
+    place.Add(Record(text, played, white, address), played.moves);
+    return lacks;
   }
 
   bool IsOwn(const GameText& text, bool white) const {
@@ -213,6 +216,7 @@ void Append(ImportedGames& all, ImportedGames&& part) {
   }
   all.count += part.count;
   all.taken.Append(part.taken);
+  all.lacking.Append(part.lacking);
 }
 
 /// Each processor has a part; the games keep the order of the text.

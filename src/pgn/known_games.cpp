@@ -31,6 +31,18 @@ char ResultKey(const store::GameRecord& game) {
 
 }  // namespace
 
+/// A game as the file would have it.
+struct KnownGames::StoredGame {
+  StoredGame(const store::NewGames& games, std::size_t index) {
+    const std::string line = '1' + std::string(games.Line(index));
+    store::ReadGameLine(line, record);
+    moves = store::ReadMoves(line);
+  }
+
+  store::GameRecord record;
+  store::MoveRecords moves;
+};
+
 KnownGames::KnownGames(const ImportOptions& options)
     : ownName_(options.ownName), today_(DayOf(options.now)) {}
 
@@ -38,35 +50,47 @@ std::optional<KnownGames> KnownGames::Stored(const ImportOptions& options) {
   KnownGames known(options);
   const bool read =
       store::VisitGames([&](const store::GameRecord& game, const store::MoveRecords& moves) {
-        known.Add(game, known.KeyOf(game, moves));
+        known.Add(game, moves);
       });
   return read ? std::optional(std::move(known)) : std::nullopt;
 }
 
 std::vector<int> KnownGames::LeaveOutOf(ImportedGames& games) {
   std::vector<int> numbers;
-  store::NewGames news;
-  auto refused = games.refused.begin();
-  std::size_t index = 0;
+  std::vector<RefusedGame> refused;
+  store::NewGames taken;
+  std::size_t lacking = 0;
+  std::size_t next = 0;
+  auto refusal = games.refused.begin();
   for (int number = 1; number <= games.count; ++number) {
-    if (refused != games.refused.end() && refused->number == number) {
-      ++refused;
+    if (refusal == games.refused.end() || refusal->number != number) {
+      if (!Take(StoredGame(games.taken, next++), taken)) numbers.push_back(number);
       continue;
     }
-    const std::string line = '1' + std::string(games.taken.Line(index++));
-    store::GameRecord game;
-    store::ReadGameLine(line, game);
-    const store::MoveRecords moves = store::ReadMoves(line);
-    const std::string key = KeyOf(game, moves);
-    if (IsKnown(game, key)) {
+    const bool lacks = refusal->lacks != Lack::Nothing;
+    if (lacks && Knows(StoredGame(games.lacking, lacking++))) {
       numbers.push_back(number);
     } else {
-      Add(game, key);
-      news.Add(game, moves);
+      refused.push_back(std::move(*refusal));
     }
+    ++refusal;
   }
-  games.taken = std::move(news);
+  games.refused = std::move(refused);
+  games.taken = std::move(taken);
   return numbers;
+}
+
+bool KnownGames::Knows(const StoredGame& game) const {
+  const std::string key = KeyOf(game.record, game.moves);
+  const std::string& day = game.record.GAME_DATE;
+  return keys_.contains(day + key) || (day == today_ && keys_.contains(key));
+}
+
+bool KnownGames::Take(const StoredGame& game, store::NewGames& taken) {
+  if (Knows(game)) return false;
+  Add(game.record, game.moves);
+  taken.Add(game.record, game.moves);
+  return true;
 }
 
 /// What players say in place of a move is in the result.
@@ -84,11 +108,8 @@ std::string KnownGames::KeyOf(const store::GameRecord& game,
   return key;
 }
 
-bool KnownGames::IsKnown(const store::GameRecord& game, const std::string& key) const {
-  return keys_.contains(game.GAME_DATE + key) || (game.GAME_DATE == today_ && keys_.contains(key));
-}
-
-void KnownGames::Add(const store::GameRecord& game, const std::string& key) {
+void KnownGames::Add(const store::GameRecord& game, const store::MoveRecords& moves) {
+  const std::string key = KeyOf(game, moves);
   keys_.insert(game.GAME_DATE + key);
   keys_.insert(key);
 }

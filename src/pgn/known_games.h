@@ -19,16 +19,19 @@ class KnownGames {
   /// can't be read.
   static std::optional<KnownGames> Stored(const ImportOptions& options);
 
-  /// Takes those out of `games.taken` that are known by now, and tells their numbers in the file.
-  /// The others are known from now on.
+  /// Takes those out of `games` that are known by now, also where they lack something, and tells
+  /// their numbers in the file. Those that are taken are known from now on.
   std::vector<int> LeaveOutOf(ImportedGames& games);
 
  private:
+  struct StoredGame;
+
   explicit KnownGames(const ImportOptions& options);
 
+  bool Knows(const StoredGame& game) const;
+  bool Take(const StoredGame& game, store::NewGames& taken);
+  void Add(const store::GameRecord& game, const store::MoveRecords& moves);
   std::string KeyOf(const store::GameRecord& game, const store::MoveRecords& moves) const;
-  bool IsKnown(const store::GameRecord& game, const std::string& key) const;
-  void Add(const store::GameRecord& game, const std::string& key);
 
   std::string ownName_;
   std::string today_;

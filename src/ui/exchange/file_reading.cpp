@@ -54,12 +54,13 @@ class WatchedFile : public std::filebuf {
   Progress& progress_;
 };
 
-FileReading ReadAll(const std::string& name, const pgn::ImportOptions& options,
-                    Progress& progress) try {
+using Read = std::function<pgn::ImportedGames(std::istream& text)>;
+
+FileReading ReadAll(const std::string& name, const Read& read, Progress& progress) try {
   WatchedFile file(name, progress);
   if (!file.is_open()) return {.why = "The file " + name + " can't be read."};
   std::istream text(&file);
-  FileReading reading{.games = pgn::ReadGames(text, options)};
+  FileReading reading{.games = read(text)};
   if (text.bad()) return {.why = "The file " + name + " can't be read to its end."};
   reading.isDone = !progress.isCancelled;
   return reading;
@@ -100,12 +101,12 @@ class ProgressDialog : public QDialog {
 
 }  // namespace
 
-FileReading ReadFile(QWidget& window, const QString& path, const pgn::ImportOptions& options) {
+FileReading ReadFile(QWidget& window, const QString& path, const Read& read) {
   const QFileInfo file(path);
   const std::string name = path.toStdString();
   if (!file.isFile()) return {.why = "There is no file " + name + "."};
   Progress progress;
-  auto reading = std::async(std::launch::async, [&] { return ReadAll(name, options, progress); });
+  auto reading = std::async(std::launch::async, [&] { return ReadAll(name, read, progress); });
   const auto isDone = [&reading](std::chrono::milliseconds patience) {
     return reading.wait_for(patience) == std::future_status::ready;
   };

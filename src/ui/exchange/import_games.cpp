@@ -43,12 +43,17 @@ class Import {
   std::optional<std::int32_t> Run() {
     const Myself me = WhoIAm();
     options_ = {me.name, me.address, {}, platform::TheSeams().clock->Now()};
+    stored_ = pgn::KnownGames::Stored(options_);
+    if (!stored_) {
+      Tell(store::WithDamage("The games can't be imported: those in the list can't be read."),
+           true);
+      return std::nullopt;
+    }
     if (!Read() || !AskAboutUnfinished()) return std::nullopt;
     if (games_.count == 0) {
       Tell("There is no game in " + name_ + ".", true);
       return std::nullopt;
     }
-    if (!LeaveOutKnown()) return std::nullopt;
     if (games_.taken.Count() > 0 && !Store()) return std::nullopt;
     ShowResult();
     return first_;
@@ -59,7 +64,11 @@ class Import {
 
   /// False where it can't be read, or the user cancelled.
   bool Read() {
-    FileReading reading = ReadFile(*window_, path_, options_);
+    FileReading reading = ReadFile(*window_, path_, [this](std::istream& text) {
+      pgn::ImportedGames games = pgn::ReadGames(text, options_);
+      known_ = pgn::KnownGames(*stored_).LeaveOutOf(games);
+      return games;
+    });
     if (!reading.why.empty()) Tell(reading.why, true);
     games_ = std::move(reading.games);
     return reading.isDone && !IsOver();
@@ -75,18 +84,6 @@ class Import {
     options_.opponent = answer->address;
     options_.ownSide = answer->ownSide;
     return Read();
-  }
-
-  bool LeaveOutKnown() {
-    const platform::BusyPointer busy;
-    auto known = pgn::KnownGames::Stored(options_);
-    if (known) {
-      known_ = known->LeaveOutOf(games_);
-    } else {
-      Tell(store::WithDamage("The games can't be imported: those in the list can't be read."),
-           true);
-    }
-    return known.has_value();
   }
 
   bool Store() {
@@ -117,7 +114,8 @@ class Import {
   const std::string name_;
   pgn::ImportOptions options_;
   pgn::ImportedGames games_;
-  std::vector<int> known_;
+  std::optional<pgn::KnownGames> stored_;
+  std::vector<int> known_;  ///< the numbers of those that were in the list before
   std::optional<std::int32_t> first_;
 };
 

@@ -72,10 +72,9 @@ class UnfinishedDialog : public QDialog {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);
     layout->setSpacing(12);
-    AddLabel(*layout, sentence + u" To go on with what isn't finished, Tarvolenix has to know:"_s);
+    AddLabel(*layout, sentence + u" To go on here, Tarvolenix has to know:"_s);
     if (askSide) AddSides(*layout);
-    AddLabel(*layout, needsAddress_ ? u"W&here do your moves go?"_s
-                                    : u"W&here do your moves go, if the file doesn't say it?"_s)
+    AddLabel(*layout, u"W&here do your moves go, where the file has no address?"_s)
         ->setBuddy(address_);
     layout->addWidget(address_);
     AddButtons(*layout);
@@ -85,7 +84,7 @@ class UnfinishedDialog : public QDialog {
   }
 
   void AddSides(QVBoxLayout& layout) {
-    AddLabel(layout, u"Which side do you play?"_s);
+    AddLabel(layout, u"Which side is yours, where neither player has your name?"_s);
     white_ = new QRadioButton(u"&White"_s);
     black_ = new QRadioButton(u"&Black"_s);
     white_->setObjectName(u"White"_s);

@@ -97,7 +97,8 @@ bool KnownGames::Take(const StoredGame& game, store::NewGames& taken) {
 std::string KnownGames::KeyOf(const store::GameRecord& game,
                               const store::MoveRecords& moves) const {
   const auto name = [this](const std::string& player, bool own) {
-    return player.empty() && own ? ownName_ : player;
+    const std::string& known = player.empty() && own ? ownName_ : player;
+    return known.empty() ? "?" : known;
   };
   std::string key = '|' + name(game.GAME_WHITE_NAME, game.GAME_HOST) + '|' +
                     name(game.GAME_BLACK_NAME, !game.GAME_HOST) + '|' + game.GAME_START_BOARD +

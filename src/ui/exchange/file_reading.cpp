@@ -14,6 +14,7 @@
 #include <fstream>
 #include <future>
 #include <istream>
+#include <stdexcept>
 
 #include "skin/look.h"
 #include "widgets/dialog_button.h"
@@ -35,7 +36,7 @@ struct Progress {
   std::atomic<bool> isCancelled = false;
 };
 
-/// A file that tells how much of it was read, and ends early for who cancels.
+/// A file that tells how much of it was read, and can't be read any further once that is cancelled.
 class WatchedFile : public std::filebuf {
  public:
   WatchedFile(const std::string& name, Progress& progress) : progress_(progress) {
@@ -44,7 +45,7 @@ class WatchedFile : public std::filebuf {
 
  protected:
   std::streamsize xsgetn(char* to, std::streamsize count) override {
-    if (progress_.isCancelled) return 0;
+    if (progress_.isCancelled) throw std::runtime_error("cancelled");
     const std::streamsize read = std::filebuf::xsgetn(to, count);
     progress_.bytes += read;
     return read;

@@ -66,6 +66,7 @@ class Import {
   bool Read() {
     FileReading reading = ReadFile(*window_, path_, [this](std::istream& text) {
       pgn::ImportedGames games = pgn::ReadGames(text, options_);
+      if (text.bad()) return games;
       known_ = pgn::KnownGames(*stored_).LeaveOutOf(games);
       return games;
     });

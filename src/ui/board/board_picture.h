@@ -88,6 +88,7 @@ class BoardPicture : public QWidget {
     qreal cell = 0;  // a whole number of the screen's own pixels
   };
   Grid MeasureGrid() const;
+  QColor ColourBeside() const;
   void UpdateSquare(rules::Square square);
   const QPixmap& ScaledCell(int cell, qreal size);
   void PaintSquares(QPainter& painter, const QRegion& region);

@@ -26,15 +26,24 @@ using rules::ThePosition;
 
 namespace {
 
-constexpr const char* bringsCheckmate =
+/// Why nothing can begin from a position: what a person reads who has placed one piece, and who
+/// has put up all of them.
+struct Refusal {
+  const char* ofPiece;
+  const char* ofPosition;
+};
+constexpr Refusal bringsCheckmate = {
     "Checkmate.  Placing that piece there will result in checkmate which is not a valid starting "
-    "state.";
-constexpr const char* bringsStalemate =
+    "state.",
+    "A king is in checkmate, and no game can begin with that."};
+constexpr Refusal bringsStalemate = {
     "Stalemate.  Placing that piece there will result in a stalemate which is not a valid starting "
-    "state.";
-constexpr const char* checksBothKings =
+    "state.",
+    "A side has no move, and no game can begin with that."};
+constexpr Refusal checksBothKings = {
     "Putting that piece there will result in both kings being in check, which is impossible in "
-    "chess.";
+    "chess.",
+    "Both kings are in check, which is impossible in chess."};
 
 Standing StandingOf(rules::Side side) {
   return rules::GameState(side, true, ThePosition().SideInCheck);
@@ -56,31 +65,31 @@ void PutInCheck(Game& game, rules::Side side) {
 
 /// Weighs the board after a piece of `side` was placed or taken off: says why it can't be, or
 /// nothing, and notes who stands in check then.
-std::string SetupRefusal(Game& game, rules::Side side) {
+const Refusal* SetupRefusal(Game& game, rules::Side side) {
   const rules::Side other = rules::OtherSide(side);
   switch (StandingOf(other)) {
     case Standing::Checkmate:
-      return bringsCheckmate;
+      return &bringsCheckmate;
     case Standing::Check:
-      if (rules::IsInCheck(side)) return checksBothKings;
+      if (rules::IsInCheck(side)) return &checksBothKings;
       PutInCheck(game, other);
-      return {};
+      return nullptr;
     case Standing::Neither:
       break;
   }
-  if (IsStalemated(other)) return bringsStalemate;
+  if (IsStalemated(other)) return &bringsStalemate;
   switch (StandingOf(side)) {
     case Standing::Checkmate:
-      return bringsCheckmate;
+      return &bringsCheckmate;
     case Standing::Check:
       PutInCheck(game, side);
-      return {};
+      return nullptr;
     case Standing::Neither:
       break;
   }
-  if (IsStalemated(side)) return bringsStalemate;
+  if (IsStalemated(side)) return &bringsStalemate;
   ThePosition().SideInCheck = rules::NobodyInCheck;
-  return {};
+  return nullptr;
 }
 
 void ReportInvalidSetup(Game& game, const std::string& text) {
@@ -96,9 +105,8 @@ void Drop(Game& game, Square target, rules::PieceCode piece, Square source) {
   if (IsOnBoard(source)) position.BoardState.Put(source, rules::NoPiece);
   if (IsOnBoard(target)) position.BoardState.Put(target, piece);
   position.SideToMove = rules::SideOfPiece(piece);
-  const std::string refusal = SetupRefusal(game, position.SideToMove);
-  if (!refusal.empty()) {
-    ReportInvalidSetup(game, refusal);
+  if (const Refusal* refusal = SetupRefusal(game, position.SideToMove)) {
+    ReportInvalidSetup(game, refusal->ofPiece);
     rules::RestoreGameState(kept, game.Surrendered, false);
   }
   position.SideToMove = rules::White;
@@ -171,8 +179,7 @@ void RemovePieces(Game& game, rules::PieceCode code) {
     const rules::GameStateSnapshot kept = rules::SaveGameState(game.Surrendered);
     position.BoardState.Put(rules::SquareAt(rules::TakeLowest(left)), rules::NoPiece);
     position.SideToMove = rules::SideOfPiece(code);
-    if (!DrawForcedWarning(game, false) && SetupRefusal(game, position.SideToMove).empty())
-      continue;
+    if (!DrawForcedWarning(game, false) && !SetupRefusal(game, position.SideToMove)) continue;
     rules::RestoreGameState(kept, game.Surrendered, false);
     refused = true;
   }
@@ -185,6 +192,18 @@ void RemovePieces(Game& game, rules::PieceCode code) {
   }
   DisplayBoardState(game, true);
   UpdatePiecePalette(game);
+}
+
+std::string SetUpPosition(Game& game, const rules::BoardSquares& squares) {
+  rules::Position& position = ThePosition();
+  const rules::GameStateSnapshot kept = rules::SaveGameState(game.Surrendered);
+  position.BoardState = squares;
+  position.SideToMove = rules::White;
+  const Refusal* refusal = SetupRefusal(game, rules::White);
+  if (refusal) rules::RestoreGameState(kept, game.Surrendered, false);
+  DisplayBoardState(game, true);
+  UpdatePiecePalette(game);
+  return refusal ? refusal->ofPosition : "";
 }
 
 void ResetSetup(Game& game) { LoadSetup(game, false); }

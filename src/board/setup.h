@@ -25,6 +25,10 @@ void ApplySetupDrop(Game& game, rules::Square target, rules::PieceCode fromPalet
 /// Takes all pieces of one code off the board that may go.
 void RemovePieces(Game& game, rules::PieceCode code);
 
+/// Puts up a whole position, which White is to move in. Why that can't be, as a sentence; nothing
+/// has changed then.
+std::string SetUpPosition(Game& game, const rules::BoardSquares& squares);
+
 void ResetSetup(Game& game);
 void ClearSetup(Game& game);
 void PlaySetup(Game& game);

@@ -89,13 +89,8 @@ std::string Field(std::string text) {
   return text.empty() ? "?" : text;
 }
 
-std::string Today(const platform::LocalTime& now) {
-  return platform::ZeroFilled(now.day, 2) + '/' + platform::ZeroFilled(now.month, 2) + '/' +
-         platform::ZeroFilled(now.year, 4);
-}
-
 std::string StampOf(const platform::LocalTime& now) {
-  std::string stamp = Today(now) + platform::ZeroFilled(now.hour, 2);
+  std::string stamp = DayOf(now) + platform::ZeroFilled(now.hour, 2);
   std::erase(stamp, '/');
   return stamp + platform::ZeroFilled(now.minute, 2);
 }
@@ -103,13 +98,13 @@ std::string StampOf(const platform::LocalTime& now) {
 /// The day of a tag such as "1992.11.??". What isn't known of it is its beginning; of a day without
 /// a year nothing is.
 std::string DateOf(const std::string& tag, const platform::LocalTime& now) {
-  if (tag.size() != 10) return Today(now);
+  if (tag.size() != 10) return DayOf(now);
   const auto part = [&](std::size_t at) {
     const std::string digits = tag.substr(at, 2);
     return digits == "??" ? std::string("01") : digits;
   };
   const std::string date = part(8) + '/' + part(5) + '/' + tag.substr(0, 4);
-  return platform::ToDate(date) ? date : Today(now);
+  return platform::ToDate(date) ? date : DayOf(now);
 }
 
 std::string WithoutBlanksAround(const std::string& text) {
@@ -145,28 +140,36 @@ class Importer {
   void Take(const GameText& text) {
     ++games_.count;
     PlayedText played = PlayThrough(text, options_ != nullptr);
-    if (options_ && played.objection.why.empty()) Keep(text, played);
+    Lack lacks = Lack::Nothing;
+    if (options_ && played.objection.why.empty()) lacks = Keep(text, played);
     if (played.objection.why.empty()) return;
     games_.refused.push_back({games_.count, played.objection.ply, std::move(played.objection.move),
-                              std::move(played.objection.why)});
+                              std::move(played.objection.why), lacks});
   }
 
-  void Keep(const GameText& text, PlayedText& played) {
-    const bool white = PlaysWhite(text);
+  Lack Keep(const GameText& text, PlayedText& played) {
     const bool running = played.result == runningResult;
+    const bool isOwn = IsOwn(text, true) || IsOwn(text, false);
+    const bool white = isOwn || !running ? PlaysWhite(text) : options_->ownSide != rules::Black;
     const std::string tag = white ? "BlackNA" : "WhiteNA";
     std::string address = AddressIn(text.Tag(tag));
     const std::string why = address.empty() ? std::string() : WhyNoAddress(address);
     if (address.empty() && running) address = options_->opponent;
     if (!why.empty()) {
       played.objection.why = "Its " + tag + ' ' + why + '.';
-    } else if (running && !IsOwn(text, white)) {
+      return Lack::Nothing;
+    }
+    Lack lacks = Lack::Nothing;
+    if (running && !isOwn && options_->ownSide == rules::NoSide) {
       played.objection.why = "It isn't finished, and neither player is you.";
+      lacks = Lack::OwnSide;
     } else if (running && address.empty()) {
       played.objection.why = "It isn't finished, and your opponent's mail address isn't known.";
-    } else {
-      games_.taken.Add(Record(text, played, white, address), played.moves);
+      lacks = Lack::Address;
     }
+    store::NewGames& place = lacks == Lack::Nothing ? games_.taken : games_.lacking;
+    place.Add(Record(text, played, white, address), played.moves);
+    return lacks;
   }
 
   bool IsOwn(const GameText& text, bool white) const {
@@ -213,6 +216,7 @@ void Append(ImportedGames& all, ImportedGames&& part) {
   }
   all.count += part.count;
   all.taken.Append(part.taken);
+  all.lacking.Append(part.lacking);
 }
 
 /// Each processor has a part; the games keep the order of the text.
@@ -235,6 +239,11 @@ ImportedGames ReadParts(std::istream& text, const ImportOptions* options) {
 }
 
 }  // namespace
+
+std::string DayOf(const platform::LocalTime& moment) {
+  return platform::ZeroFilled(moment.day, 2) + '/' + platform::ZeroFilled(moment.month, 2) + '/' +
+         platform::ZeroFilled(moment.year, 4);
+}
 
 std::string WhyNoAddress(std::string_view text) {
   if (mail::CharacterCount(text) > longestAddress) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "rules/position.h"
 #include "store/saving.h"
 
 namespace pgn {
@@ -19,20 +20,29 @@ struct ImportOptions {
   std::string ownAddress;  ///< the same, where the file has addresses
   std::string opponent;    ///< address for games that aren't finished and have none, or blank
   platform::LocalTime now;
+  rules::Side ownSide = rules::NoSide;  ///< in games that aren't finished and name no own player
 };
+
+/// What a game that isn't finished lacks to be gone on with, and the user can tell.
+enum class Lack { Nothing, OwnSide, Address };
 
 struct RefusedGame {
   int number = 0;  ///< in the file, from 1
   int ply = 0;     ///< of the move at which it was refused; 0 for the game as a whole
   std::string move;
   std::string why;  ///< as a sentence
+  Lack lacks = Lack::Nothing;
 };
 
 struct ImportedGames {
   int count = 0;  ///< of all that were read
   std::vector<RefusedGame> refused;
-  store::NewGames taken;  ///< the others, in their order, to be stored with store::AddGames
+  store::NewGames taken;    ///< the others, in their order, to be stored with store::AddGames
+  store::NewGames lacking;  ///< the refused ones that lack something, as far as they are known
 };
+
+/// As the game file has it; a game whose day isn't known gets that of its import.
+std::string DayOf(const platform::LocalTime& moment);
 
 /// Why a text can't stand as a mail address, as the end of a sentence: "is not one mail address".
 /// Blank where it can.

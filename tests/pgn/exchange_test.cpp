@@ -3,9 +3,11 @@
 #include <cstdlib>
 
 #include "ai/random_positions.h"
+#include "fakes/fake_desktop.h"
 #include "fakes/temporary_folder.h"
 #include "pgn/entries.h"
 #include "pgn/export.h"
+#include "pgn/known_games.h"
 #include "pgn/pgn_fixture.h"
 #include "platform/text_fields.h"
 
@@ -190,6 +192,65 @@ TEST(ExchangeTest, ACommentComesBackAsItWas) {
     const ImportedGames games = Import(text);
     ASSERT_EQ(games.taken.Count(), 1U) << text;
     EXPECT_EQ(TakenGame(games.taken, 0).moves[0].MoveComment, moves[0].MoveComment) << text;
+  }
+}
+
+struct KnownCase {
+  const char* name;
+  const char* text;   ///< behind the first White's name
+  const char* known;  ///< and what is refused, by numbers
+};
+
+constexpr KnownCase knownCases[] = {
+    {"as it was stored", "[Black \"Bob\"]\n[Date \"2026.03.08\"]\n1. e4 e5 *", "1 "},
+    {"with other words", "[Black \"Bob\"]\n[Date \"2026.03.08\"]\n1. e4 {oh} e5 *", "1 "},
+    {"of another day", "[Black \"Bob\"]\n[Date \"2026.03.07\"]\n1. e4 e5 *", ""},
+    {"of no day", "[Black \"Bob\"]\n1. e4 e5 *", "1 "},
+    {"against another", "[Black \"Rob\"]\n[Date \"2026.03.08\"]\n1. e4 e5 *", ""},
+    {"with a move more", "[Black \"Bob\"]\n[Date \"2026.03.08\"]\n1. e4 e5 2. d4 *", ""},
+    {"over by now", "[Black \"Bob\"]\n[Date \"2026.03.08\"]\n1. e4 e5 1-0", ""},
+    {"a refused one ahead", "1. e5 *\n[Event \"T\"]\n[White \"Anna\"]\n[Black \"Bob\"]\n1. e4 e5 *",
+     "r1 2 "},
+    {"twice in the file", "1. d4 1-0\n[Event \"T\"]\n[White \"Anna\"]\n1. d4 1-0", "2 "},
+};
+
+TEST(ImportTest, AGameThatIsStoredIsLeftOutAlsoWhereItLacksAnAddress) {
+  const fakes::FakeDesktop desktop;
+  store::GameRecord stored = Game("T");
+  stored.GAME_ID = 1;
+  stored.GAME_DATE = "08/03/2026";
+  stored.GAME_BLACK_NAME = "Bob";
+  ASSERT_TRUE(store::SaveGame(stored, Entries("e2e4 e7e5")));
+  ImportOptions options = annaImports;
+  const std::string anna = "[Event \"T\"]\n[White \"Anna\"]\n";
+  for (const std::string opponent : {"bob@example.org", ""}) {
+    options.opponent = opponent;
+    for (const KnownCase& row : knownCases) {
+      SCOPED_TRACE(row.name + opponent);
+      ImportedGames games = Import(anna + row.text, options);
+      const std::vector<int> known = KnownGames::Stored(options)->LeaveOutOf(games);
+      std::string outcome;
+      for (const RefusedGame& refused : games.refused) {
+        const bool lacks = refused.lacks == Lack::Address;
+        if (!lacks) outcome += 'r' + std::to_string(refused.number) + ' ';
+      }
+      for (const int number : known) outcome += std::to_string(number) + ' ';
+      EXPECT_EQ(outcome, row.known);
+      EXPECT_EQ(games.taken.Count() + games.refused.size() + known.size(),
+                static_cast<std::size_t>(games.count));
+    }
+  }
+}
+
+TEST(ImportTest, TheUserSaysWhoHeIsWhereAGameDoesNot) {
+  const std::string text = "[White \"X\"]\n[Black \"Y\"]\n1. e4 *";
+  ImportOptions options = annaImports;
+  EXPECT_EQ(Import(text, options).refused.front().lacks, Lack::OwnSide);
+  for (const rules::Side side : {rules::White, rules::Black}) {
+    options.ownSide = side;
+    const TakenGame game(Import(text, options).taken, 0);
+    EXPECT_EQ(game.record.GAME_HOST, side == rules::White);
+    EXPECT_EQ(game.record.GAME_OPPONENTS_EMAIL, "bob@example.org");
   }
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/board/board_commands.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QPointer>
 
 #include <utility>
@@ -12,24 +14,31 @@
 #include "board/opening.h"
 #include "board/squares.h"
 #include "platform/busy_pointer.h"
+#include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "print/printing.h"
+#include "ui/board/board_exchange.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/comment_box.h"
 #include "ui/board/conversation_form.h"
 #include "ui/board/piece_palette.h"
+#include "ui/exchange/clipboard.h"
+#include "ui/exchange/game_texts.h"
 #include "widgets/disabled_window.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
 
+using namespace Qt::StringLiterals;
 using platform::Process;
 
 namespace {
 constexpr int lateEscapeMilliseconds = 1500;
-}
+constexpr int imageEdge = 800;
+constexpr int longestPosition = 1000;
+}  // namespace
 
 BoardCommands::BoardCommands(const BoardParts& parts, std::function<void()> openOptions)
     : QObject(&parts.window),
@@ -44,7 +53,12 @@ BoardActions BoardCommands::Actions() {
           [this] { PrintBoard(); },
           [this] { ToggleHilight(); },
           [this](int row) { board::MoveList_RowColChange(board_, row); },
-          [this] { ShowConversation(); }};
+          [this] { ShowConversation(); },
+          [this] { CopyShownPosition(); },
+          [this] { CopyShownImage(); },
+          [this] { PastePosition(); },
+          [this] { CopyGame(parts_.window, Process().CurrentGameID); },
+          [this] { SaveGame(); }};
 }
 
 void BoardCommands::Click(int button, bool byMouse) {
@@ -130,6 +144,35 @@ void BoardCommands::ShowConversation() {
   const QPointer<QWidget> window(&parts_.window);
   board_.LockedForDialog = true;
   ConversationForm(board::Conversation(board_), window).exec();
+  if (window) board_.LockedForDialog = false;
+}
+
+void BoardCommands::CopyShownPosition() {
+  CopyText(parts_.window, AsItIs(ShownFen(board_)), u"The position was copied."_s);
+}
+
+void BoardCommands::CopyShownImage() {
+  const auto cellOf = [this](rules::Square square) { return board::SquareCell(board_, square); };
+  CopyImage(parts_.window, parts_.picture.Image(imageEdge, cellOf), u"The picture was copied."_s);
+}
+
+/// A position is short, whatever else the clipboard holds.
+void BoardCommands::PastePosition() {
+  const QString text = QGuiApplication::clipboard()->text().left(longestPosition);
+  const std::string trouble = SetUpFen(board_, text.toStdString());
+  if (trouble.empty()) return;
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  platform::ShowMessage(platform::SetupIcon, "Paste position",
+                        "The clipboard holds no position that a game can begin with.||" + trouble,
+                        "OK", {}, false, platform::AttentionSound);
+  if (window) board_.LockedForDialog = false;
+}
+
+void BoardCommands::SaveGame() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  SaveGameAsPgn(parts_.window, Process().CurrentGameID);
   if (window) board_.LockedForDialog = false;
 }
 

@@ -58,6 +58,10 @@ class BoardCommands : public QObject {
   void PrintBoard();
   void ToggleHilight();
   void ShowConversation();
+  void CopyShownPosition();
+  void PastePosition();
+  void CopyShownImage();
+  void SaveGame();
 
   BoardParts parts_;
   board::Game& board_;

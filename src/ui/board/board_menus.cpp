@@ -34,6 +34,28 @@ MenuRow CloseRow(const BoardActions& actions) {
   return WithKey(Qt::CTRL | Qt::Key_W, {"Close", actions.Click(board::CloseButton)});
 }
 
+MenuRow CopyPositionRow(const BoardActions& actions) {
+  return WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_P, {"Copy position", actions.copyPosition});
+}
+
+MenuRow CopyImageRow(const BoardActions& actions) {
+  return WithKey(Qt::CTRL | Qt::Key_I, {"Copy image", actions.copyImage});
+}
+
+/// The game as other programs read it: what is stored of it.
+std::vector<MenuRow> ExchangeRows(const BoardActions& actions) {
+  const bool isStored = platform::Process().CurrentGameID != -1;
+  const auto row = [isStored](const char* caption, const std::function<void()>& action) {
+    return MenuRow{.caption = caption,
+                   .action = action,
+                   .enabled = isStored,
+                   .whyNot = "Works once the first move has been sent."};
+  };
+  return {{"-"},
+          WithKey(Qt::CTRL | Qt::Key_C, row("Copy game", actions.copyGame)),
+          WithKey(Qt::CTRL | Qt::Key_S, row("Save game as PGN...", actions.saveGame))};
+}
+
 std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow>& others) {
   rows.insert(rows.end(), others.begin(), others.end());
   return rows;
@@ -60,6 +82,8 @@ std::vector<MenuRow> ActionsRows(const board::Game& board, const BoardActions& a
        {"-"},
        OptionsRow(actions),
        WithKey(Qt::CTRL | Qt::Key_P, {"Print board state...", actions.print}),
+       CopyPositionRow(actions),
+       CopyImageRow(actions),
        CloseRow(actions)});
 }
 
@@ -74,6 +98,10 @@ std::vector<MenuRow> SetupRows(const board::Game& board, const BoardActions& act
                          {"Play current setup", actions.Click(board::PlaySetupButton),
                           board::Controls(board).playSetup}),
                  {"-"},
+                 WithKey(Qt::CTRL | Qt::Key_V, {"Paste position", actions.pastePosition}),
+                 CopyPositionRow(actions),
+                 CopyImageRow(actions),
+                 {"-"},
                  OptionsRow(actions),
                  CloseRow(actions)});
 }
@@ -81,18 +109,20 @@ std::vector<MenuRow> SetupRows(const board::Game& board, const BoardActions& act
 std::vector<MenuRow> HistoryRows(const board::Game& board, const BoardActions& actions) {
   const board::BoardControls controls = board::Controls(board);
   const auto select = [&](int row) { return [select = actions.select, row] { select(row); }; };
-  return {WithKey(Qt::CTRL | Qt::Key_H, {board.HilightAsked ? "Remove hilight" : "Show hilight",
-                                         actions.toggleHilight, controls.hilight}),
-          {"-"},
-          WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast}),
-          WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast}),
-          {"-"},
-          WithKey(Qt::CTRL | Qt::Key_M, {"Earlier comments...",
-                                         actions.showConversation,
-                                         !board::Conversation(board).empty(),
-                                         {},
-                                         {},
-                                         "Nothing has been said in this game."})};
+  return Joined(
+      {WithKey(Qt::CTRL | Qt::Key_H, {board.HilightAsked ? "Remove hilight" : "Show hilight",
+                                      actions.toggleHilight, controls.hilight}),
+       {"-"},
+       WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast}),
+       WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast}),
+       {"-"},
+       WithKey(Qt::CTRL | Qt::Key_M, {"Earlier comments...",
+                                      actions.showConversation,
+                                      !board::Conversation(board).empty(),
+                                      {},
+                                      {},
+                                      "Nothing has been said in this game."})},
+      ExchangeRows(actions));
 }
 
 std::unique_ptr<QMenu> NewActionsMenu(const board::Game& board, const BoardActions& actions) {

@@ -21,6 +21,11 @@ struct BoardActions {
   std::function<void()> toggleHilight = {};
   std::function<void(int row)> select = {};
   std::function<void()> showConversation = {};
+  std::function<void()> copyPosition = {};
+  std::function<void()> copyImage = {};
+  std::function<void()> pastePosition = {};  ///< while a position is set up
+  std::function<void()> copyGame = {};
+  std::function<void()> saveGame = {};  ///< into a file for other programs
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };

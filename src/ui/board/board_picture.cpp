@@ -163,6 +163,28 @@ QPixmap BoardPicture::FloatingPicture(rules::PieceCode piece) const {
   return picture;
 }
 
+/// A skin's ground is a picture. On the right there is nothing else.
+QColor BoardPicture::ColourBeside() const {
+  const QRect band(width() - edge_ + 1, 0, edge_ - 1, height());
+  const QImage seen = window()->grab({mapTo(window(), band.topLeft()), band.size()}).toImage();
+  return seen.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+}
+
+/// Another picture of that size, as this one grows with its widget.
+QImage BoardPicture::Image(int edge, const std::function<int(Square)>& cellOf) const {
+  BoardPicture picture(graphics_, coordinates_ ? edge_ : 0, parentWidget());
+  picture.resize(edge, edge);
+  picture.places_ = places_;
+  for (int i = 0; i < 64; ++i) picture.PaintSquare(rules::SquareAt(i), cellOf(rules::SquareAt(i)));
+  picture.lastMove_ = lastMove_;
+  picture.dots_ = dots_;
+  picture.coordinates_ = coordinates_;
+  QImage image(edge, edge, QImage::Format_RGB32);
+  image.fill(ColourBeside());
+  picture.render(&image, {}, {}, QWidget::DrawChildren);
+  return image;
+}
+
 void BoardPicture::TakeGraphics() {
   scaledPixels_ = 0;
   update();

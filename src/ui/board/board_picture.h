@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -66,6 +67,10 @@ class BoardPicture : public QWidget {
   /// The picture of the piece whose icon this is, as large as a square.
   QPixmap FloatingPicture(rules::PieceCode piece) const;
 
+  /// The board as it is shown, `edge` pixels wide and high, without what belongs to a hand: a
+  /// picture for other programs. `cellOf` tells what stands on a square.
+  QImage Image(int edge, const std::function<int(rules::Square)>& cellOf) const;
+
   QSize sizeHint() const override;
 
  Q_SIGNALS:
@@ -83,6 +88,7 @@ class BoardPicture : public QWidget {
     qreal cell = 0;  // a whole number of the screen's own pixels
   };
   Grid MeasureGrid() const;
+  QColor ColourBeside() const;
   void UpdateSquare(rules::Square square);
   const QPixmap& ScaledCell(int cell, qreal size);
   void PaintSquares(QPainter& painter, const QRegion& region);

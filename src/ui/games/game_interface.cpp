@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QToolButton>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -36,6 +37,9 @@
 #include "skin/window_region.h"
 #include "skin/window_skin.h"
 #include "store/repair.h"
+#include "ui/exchange/game_texts.h"
+#include "ui/exchange/import_games.h"
+#include "ui/exchange/pgn_drop.h"
 #include "ui/games/game_list_grid.h"
 #include "ui/games/game_list_model.h"
 #include "widgets/disabled_window.h"
@@ -145,6 +149,8 @@ GameInterface::GameInterface(OtherErrands errands)
   AddToolbar();
   AddMenuButtons();
   if (!IsSimpleUI()) AddWindowButtons();
+  AddKeys();
+  new PgnDrop(*this, [this](const QStringList& paths) { ImportPgnFiles(paths); });
   hasSkin_ = TakeLook(*this, layouts::gameInterface, [this] { SetSimpleUI(); });
   if (!hasSkin_) return;
   RefreshInterfaceButtons();
@@ -181,6 +187,17 @@ void GameInterface::AddToolbar() {
             [this, number = entry.button] { ClickToolbar(number); });
     toolbar_[static_cast<std::size_t>(entry.button)] = button;
   }
+}
+
+void GameInterface::AddKeys() {
+  constexpr struct {
+    QKeyCombination key;
+    void (GameInterface::*errand)();
+  } keys[] = {{importPgnKey, &GameInterface::ImportPgn},
+              {saveAllKey, &GameInterface::SaveAllAsPgn},
+              {copyGameKey, &GameInterface::CopyGame},
+              {saveGameKey, &GameInterface::SaveAsPgn}};
+  for (const auto& entry : keys) new QShortcut(entry.key, this, this, entry.errand);
 }
 
 void GameInterface::AddMenuButtons() {
@@ -342,6 +359,36 @@ void GameInterface::UseOtherGames() {
       QFileDialog::getExistingDirectory(this, u"Use games from another folder"_s, QDir::homePath());
   if (!self || Process().Stopping || folder.isEmpty()) return;
   if (shell::UseGamesOfFolder(folder.toStdString()) && self && !Process().Stopping) Refill();
+}
+
+void GameInterface::CopyGame() {
+  if (const auto game = SelectedGame()) ui::CopyGame(*this, *game);
+}
+
+void GameInterface::SaveAsPgn() {
+  if (const auto game = SelectedGame()) SaveGameAsPgn(*this, *game);
+}
+
+void GameInterface::SaveAllAsPgn() {
+  if (HasGames()) SaveAllGamesAsPgn(*this);
+}
+
+void GameInterface::ImportPgn() {
+  const platform::PollingHold hold;
+  const QPointer<GameInterface> self = this;
+  const QStringList paths = AskForPgnFiles(*this);
+  if (self && !Process().Stopping) ImportPgnFiles(paths);
+}
+
+void GameInterface::ImportPgnFiles(const QStringList& paths) {
+  const QPointer<GameInterface> self = this;
+  for (const QString& path : paths) {
+    const auto first = ImportGames(*this, path);
+    if (!self || Process().Stopping) return;
+    if (!first) continue;
+    Refill(first);
+    shell::UpdateTrayStatus(platform::TrayOperation::Modify);
+  }
 }
 
 void GameInterface::ClickToolbar(int button) {

@@ -59,6 +59,13 @@ class GameInterface : public QWidget {
   void GetGames(bool import);
   void UseOtherGames();
 
+  // Games as other chess programs read and write them.
+  void CopyGame();
+  void SaveAsPgn();
+  void SaveAllAsPgn();
+  void ImportPgn();                               ///< of a file that the user picks
+  void ImportPgnFiles(const QStringList& paths);  ///< one after the other
+
   /// The state of the program, where no tray shows it.
   void SetFace(const QIcon& icon, const QString& caption);
 
@@ -76,6 +83,7 @@ class GameInterface : public QWidget {
   void SetSimpleUI();
   void AddMenuButtons();
   void AddToolbar();
+  void AddKeys();
   void AddWindowButtons();
   void ClickToolbar(int button);
   void SetToolbarButton(int button, bool enabled);

@@ -34,6 +34,7 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
   std::vector<MenuRow> rows{
       {"Retrieve games", [&list] { list.GetGames(false); }},
       {"Import game", [&list] { list.GetGames(true); }},
+      {.caption = "Import PGN...", .action = [&list] { list.ImportPgn(); }, .key = importPgnKey},
       {"Use games from another folder...", [&list] { list.UseOtherGames(); }},
       {"Deliver now",
        [] { shell::DeliverNow(); },
@@ -50,6 +51,12 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
       {"Print game notation...", OnSelected(list, print::PrintMoveList), prints, {}, {}, whyNoGame},
       {"Print travel sheet...", [] { print::PrintTravelSheet(); }, prints, {}, {}, whyNoGame},
       {"Print postcard...", OnSelected(list, print::PrintPostcard), prints, {}, {}, whyNoGame},
+      {"-"},
+      {.caption = "Save all games as PGN...",
+       .action = [&list] { list.SaveAllAsPgn(); },
+       .enabled = prints,
+       .whyNot = whyNoGame,
+       .key = saveAllKey},
       {"-"},
   };
   // A program that doesn't live in the tray can't hide in it.
@@ -117,6 +124,17 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
        {},
        "No game has been deleted since the program began."},
       {"-"},
+      {.caption = "Copy game",
+       .action = [&list] { list.CopyGame(); },
+       .enabled = list.HasGames(),
+       .whyNot = whyNoGame,
+       .key = copyGameKey},
+      {.caption = "Save game as PGN...",
+       .action = [&list] { list.SaveAsPgn(); },
+       .enabled = list.HasGames(),
+       .whyNot = whyNoGame,
+       .key = saveGameKey},
+      {"-"},
       {"Try again to send",
        [&list] { list.TryAgainToSend(); },
        list.MayTryAgain(),
@@ -152,7 +170,10 @@ std::vector<MenuRow> PopupRows(GameInterface& list) {
   return {{"Play selected game", [&list] { list.PlayCurrentGame(); }},
           {"Delete selected game...", [&list] { list.DeleteGame(); }},
           {"-"},
-          {"Print selected game...", OnSelected(list, print::PrintGameBoards)}};
+          {"Print selected game...", OnSelected(list, print::PrintGameBoards)},
+          {.caption = "Copy selected game",
+           .action = [&list] { list.CopyGame(); },
+           .key = copyGameKey}};
 }
 
 std::pair<const char*, std::vector<MenuRow>> NameAndRows(InterfaceMenu menu, GameInterface& list,

@@ -146,6 +146,24 @@ TEST_F(BoardWindowTest, EveryEntryOfTheMenusHasAKeyThatDoesTheSame) {
   EXPECT_TRUE(Game().CoordsVisible);
 }
 
+TEST_F(BoardWindowTest, WhatIsCopiedIsTheGameAndTheBoardAsItIsSeen) {
+  Open({e4, e5});
+  const auto copied = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(window_->windowHandle(), key, Qt::ControlModifier | modifiers);
+    return QGuiApplication::clipboard()->text();
+  };
+  EXPECT_TRUE(copied(Qt::Key_C).endsWith(u"1. e4 e5 *\n\n"_s));
+  QTest::keyClick(window_->windowHandle(), Qt::Key_Home);
+  EXPECT_EQ(copied(Qt::Key_P, Qt::ShiftModifier),
+            u"rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR b KQkq e3 0 1"_s);
+  copied(Qt::Key_T);
+  copied(Qt::Key_I);
+  const QImage image = QGuiApplication::clipboard()->image();
+  EXPECT_EQ(image.size(), QSize(800, 800));
+  constexpr int whiteRook = 1 + 8;
+  EXPECT_EQ(image.pixelColor(750, 50), ColourOfCell(whiteRook)) << "a1 is seen from Black's side";
+}
+
 TEST_F(BoardWindowTest, PairsAreDrawnOverTheListThatStays) {
   platform::Settings().Pairs = true;
   Open({e4, e5, {"7163", "Nf3"}});

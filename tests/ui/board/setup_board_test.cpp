@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Setting up a position on the Board window, with mouse and keyboard as they reach the window.
+#include <QClipboard>
 #include <QMenu>
 #include <QTextEdit>
 
@@ -113,6 +114,37 @@ TEST_F(SetupBoardTest, ARefusedPieceGoesBackAndTheUserIsToldWhy) {
     EXPECT_EQ(desktop_.LastMessage().first, "Invalid setup");
     EXPECT_EQ(desktop_.LastMessage().second.substr(0, 10), "Checkmate.");
     EXPECT_EQ(Changes(), "34=3");
+    ExpectThatThePictureShowsThePosition();
+  }
+}
+
+TEST_F(SetupBoardTest, APastedPositionStandsWholeOrTheUserIsToldWhy) {
+  const struct {
+    const char* pasted;
+    const char* told;  ///< a part of it; blank where the position stands
+  } rows[] = {
+      {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", ""},
+      {" 4k3/8/8/8/8/8/4P3/4K3 w - - 7 31\n", ""},
+      {"", "it is empty"},
+      {"4k3/8/8/8/8/8/8/4K3 b - - 0 1", "White's move"},
+      {"r3k2r/8/8/8/8/8/8/R3K2R w Qkq - 0 1", "castle"},
+      {"4k3/8/8/8/8/8/r7/1r2K3 w - - 0 1", "checkmate"},
+      {"k7/8/1Q6/8/8/8/8/7K w - - 0 1", "no move"},
+  };
+  OpenAtTheStart();
+  std::string shown = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR";
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.pasted);
+    desktop_.boxes.messages.clear();
+    QGuiApplication::clipboard()->setText(QLatin1StringView(row.pasted));
+    QTest::keyClick(window_->windowHandle(), Qt::Key_V, Qt::ControlModifier);
+    const std::string told = desktop_.LastMessage().second;
+    EXPECT_EQ(told.empty(), *row.told == '\0') << told;
+    EXPECT_NE(told.find(row.told), std::string::npos) << told;
+    if (told.empty())
+      shown = QString(QLatin1StringView(row.pasted)).trimmed().section(u' ', 0, 0).toStdString();
+    QTest::keyClick(window_->windowHandle(), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QString::fromStdString(shown)));
     ExpectThatThePictureShowsThePosition();
   }
 }

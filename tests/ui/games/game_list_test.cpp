@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLocale>
+#include <QMimeData>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QToolTip>
+#include <QUrl>
 
+#include "fakes/temporary_folder.h"
 #include "ui/games/game_interface.h"
 #include "ui/games/game_list_columns.h"
 #include "ui/games/game_list_grid.h"
@@ -265,6 +270,70 @@ TEST_F(GameInterfaceTest, RetrievingKeepsTheSelectionAndLetsNobodyCloseTheWindow
   EXPECT_EQ(Grid().model()->rowCount(), 4);
   EXPECT_EQ(window_->SelectedGame(), 3);
   EXPECT_TRUE(window_->isEnabled());
+}
+
+TEST_F(GameInterfaceTest, GamesAreSavedWithTheirAddressesOnlyForWhoWantsThat) {
+  StoreThree();
+  Open();
+  const std::string path = QDir::tempPath().toStdString() + "/three.pgn";
+  for (const bool leaveOut : {true, false}) {
+    BringUp(*window_);
+    desktop_.boxes.answers = {leaveOut};
+    OnNextDialog([&](QWidget& dialog) {
+      Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(path));
+      QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    QTest::keyClick(window_, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    const std::string text = desktop_.files.content[path];
+    EXPECT_NE(text.find("[Black \"Carla\"]"), std::string::npos);
+    EXPECT_EQ(text.find("eva@example.org") == std::string::npos, leaveOut);
+    EXPECT_EQ(desktop_.LastMessage().second, "3 games saved as " + path + ".");
+  }
+}
+
+TEST_F(GameInterfaceTest, DroppedGamesComeInOnceAndAskForWhatTheyLack) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "games.PGN";
+  WriteFile(path, "[White \"X\"]\n1. e4 *\n[Event \"T\"]\n1. d4 1-0\n[Event \"T\"]\n1. d5 1-0\n");
+  Open();
+  QMimeData dragged;
+  const auto drop = [&](const QList<QUrl>& urls) {
+    dragged.setUrls(urls);
+    QDragEnterEvent enters({}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(window_, &enters);
+    QDropEvent drops({}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    if (enters.isAccepted()) QApplication::sendEvent(window_, &drops);
+    return enters.isAccepted();
+  };
+  const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
+  EXPECT_FALSE(drop({file, QUrl(u"file:///a/move.txt"_s)}));
+  std::vector<std::string> seen;
+  for (const bool isFirst : {true, false}) {
+    EXPECT_TRUE(drop({file}));
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, window_, [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      if (!dialog) return;
+      if (dialog->objectName() == u"UnfinishedGames"_s) {
+        EXPECT_TRUE(isFirst) << "games that are known need no answer";
+        EXPECT_FALSE(ui::Can(*dialog, "OkButton"));
+        ui::Press(*dialog, "Black");
+        Field(*dialog, "Address").setText(u"x@example.org"_s);
+        ui::Press(*dialog, "OkButton");
+      } else {
+        seen.push_back(Find<QPlainTextEdit>(*dialog, "LeftOut").toPlainText().toStdString());
+        dialog->close();
+      }
+    });
+    watch.start(10);
+    const std::size_t before = seen.size();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return seen.size() > before; }));
+    watch.stop();
+    EXPECT_EQ(Grid().model()->rowCount(), 2);
+    EXPECT_EQ(window_->SelectedGame(), 1);
+  }
+  EXPECT_EQ(seen[0], "Game 3, move 1. d5: There is no pawn that can go to d5.");
+  EXPECT_EQ(seen[1], "Game 1: already there.\nGame 2: already there.\n" + seen[0]);
 }
 
 TEST_F(GameInterfaceTest, HelpAndClosing) {

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Games of a file that are stored already, so that a file may be read twice. Two games are one
+// where their players, day, start, moves and result are the same. Of a game without a day, which
+// is stored with that of its import, the others are enough.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "pgn/import.h"
+
+namespace pgn {
+
+class KnownGames {
+ public:
+  /// Those that are stored now. `options` are those of the import. Nothing where the game file
+  /// can't be read.
+  static std::optional<KnownGames> Stored(const ImportOptions& options);
+
+  /// Takes those out of `games` that are known by now, also where they lack something, and tells
+  /// their numbers in the file. Those that are taken are known from now on.
+  std::vector<int> LeaveOutOf(ImportedGames& games);
+
+ private:
+  struct StoredGame;
+
+  explicit KnownGames(const ImportOptions& options);
+
+  bool Knows(const StoredGame& game) const;
+  bool Take(const StoredGame& game, store::NewGames& taken);
+  void Add(const store::GameRecord& game, const store::MoveRecords& moves);
+  std::string KeyOf(const store::GameRecord& game, const store::MoveRecords& moves) const;
+
+  std::string ownName_;
+  std::string today_;
+  std::unordered_set<std::string> keys_;  ///< with the day ahead, and without one
+};
+
+}  // namespace pgn

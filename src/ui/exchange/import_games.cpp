@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/exchange/import_games.h"
+
+#include <QFileDialog>
+#include <QPointer>
+
+#include <string>
+
+#include "pgn/import.h"
+#include "pgn/known_games.h"
+#include "platform/busy_pointer.h"
+#include "platform/messages.h"
+#include "platform/polling.h"
+#include "platform/process_state.h"
+#include "platform/seams.h"
+#include "store/repair.h"
+#include "store/saving.h"
+#include "ui/exchange/exchange_settings.h"
+#include "ui/exchange/file_reading.h"
+#include "ui/exchange/import_result.h"
+#include "ui/exchange/unfinished_games.h"
+#include "widgets/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using platform::Process;
+
+namespace {
+
+void Tell(const std::string& text, bool isFailure) {
+  platform::ShowMessage(isFailure ? platform::DatabaseIcon : platform::InformationIcon,
+                        "Import PGN", text, "OK", {}, false,
+                        isFailure ? platform::FailureSound : platform::AttentionSound);
+}
+
+/// One file on its way into the list.
+class Import {
+ public:
+  Import(QWidget& window, const QString& path)
+      : window_(&window), path_(path), name_(path.toStdString()) {}
+
+  std::optional<std::int32_t> Run() {
+    const Myself me = WhoIAm();
+    options_ = {me.name, me.address, {}, platform::TheSeams().clock->Now()};
+    stored_ = pgn::KnownGames::Stored(options_);
+    if (!stored_) {
+      Tell(store::WithDamage("The games can't be imported: those in the list can't be read."),
+           true);
+      return std::nullopt;
+    }
+    if (!Read() || !AskAboutUnfinished()) return std::nullopt;
+    if (games_.count == 0) {
+      Tell("There is no game in " + name_ + ".", true);
+      return std::nullopt;
+    }
+    if (games_.taken.Count() > 0 && !Store()) return std::nullopt;
+    ShowResult();
+    return first_;
+  }
+
+ private:
+  bool IsOver() const { return !window_ || Process().Stopping; }
+
+  /// False where it can't be read, or the user cancelled.
+  bool Read() {
+    FileReading reading = ReadFile(*window_, path_, [this](std::istream& text) {
+      pgn::ImportedGames games = pgn::ReadGames(text, options_);
+      if (text.bad()) return games;
+      known_ = pgn::KnownGames(*stored_).LeaveOutOf(games);
+      return games;
+    });
+    if (!reading.why.empty()) Tell(reading.why, true);
+    games_ = std::move(reading.games);
+    return reading.isDone && !IsOver();
+  }
+
+  /// Whoever doesn't answer gets the other games.
+  bool AskAboutUnfinished() {
+    const UnfinishedGames unfinished(games_.refused);
+    if (unfinished.IsEmpty()) return true;
+    const auto answer = unfinished.Ask(*window_);
+    if (IsOver()) return false;
+    if (!answer) return true;
+    options_.opponent = answer->address;
+    options_.ownSide = answer->ownSide;
+    return Read();
+  }
+
+  bool Store() {
+    const platform::BusyPointer busy;
+    std::string why;
+    first_ = store::AddGames(games_.taken, &why);
+    if (first_) return true;
+    Tell(store::WithDamage("The games of " + name_ + " can't be saved.  The cause: " + why + "."),
+         true);
+    return false;
+  }
+
+  void ShowResult() const {
+    const int stored = static_cast<int>(games_.taken.Count());
+    const QStringList lines = LeftOutLines(games_.refused, known_);
+    if (lines.isEmpty()) {
+      Tell(store::CountedGames(stored) + " imported from " + name_ + ".", false);
+    } else {
+      ShowImportResult(*window_,
+                       u"%1 of %2 imported from %3"_s.arg(stored).arg(
+                           Shown(store::CountedGames(games_.count)), ShownLine(name_)),
+                       lines);
+    }
+  }
+
+  const QPointer<QWidget> window_;
+  const QString path_;
+  const std::string name_;
+  pgn::ImportOptions options_;
+  pgn::ImportedGames games_;
+  std::optional<pgn::KnownGames> stored_;
+  std::vector<int> known_;  ///< the numbers of those that were in the list before
+  std::optional<std::int32_t> first_;
+};
+
+}  // namespace
+
+bool IsPgnFile(const QString& path) { return path.endsWith(u".pgn"_s, Qt::CaseInsensitive); }
+
+QStringList AskForPgnFiles(QWidget& window) {
+  const QStringList paths =
+      QFileDialog::getOpenFileNames(&window, u"Import PGN"_s, LastFolder(), pgnFilter);
+  if (!paths.isEmpty()) KeepFolderOf(paths.first());
+  return paths;
+}
+
+std::optional<std::int32_t> ImportGames(QWidget& window, const QString& path) {
+  const platform::PollingHold hold;
+  return Import(window, path).Run();
+}
+
+}  // namespace ui

@@ -162,7 +162,7 @@ void BoardWindow::Connect() {
 }
 
 void BoardWindow::SetToolTips() {
-  toolbar_->SetToolTips();
+  toolbar_->SetToolTips(board_);
   searchDisplay_->SetToolTips();
   menus_->SetToolTips();
   const std::pair<const char*, QString> tips[] = {

@@ -66,7 +66,6 @@ class GameInterface : public QWidget {
   void SetToolTips();
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -79,6 +78,7 @@ class GameInterface : public QWidget {
   void AddWindowButtons();
   void ClickToolbar(int button);
   void SetToolbarButton(int button, bool enabled);
+  void SetToolbarTips();
   void PopUp(InterfaceMenu menu, QPoint place, QAbstractButton* opener = nullptr);
 
   OtherErrands errands_;

@@ -105,8 +105,8 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
     return [fromSetup] { shell::StartNewGame({.fromSetup = fromSetup, .fromGameList = true}); };
   };
   return {
-      {"New game...", start(false), mayStart, {}, {}, whyNoMailGame},
-      {"New setup game...", start(true), mayStart, {}, {}, whyNoMailGame},
+      {"New game...", start(false), mayStart, {}, {}, shell::WhyNoMailGame()},
+      {"New setup game...", start(true), mayStart, {}, {}, shell::WhyNoMailGame()},
       {"-"},
       {"Play selected", [&list] { list.PlayCurrentGame(); }, list.HasGames(), {}, {}, whyNoGame},
       {"Delete selected", [&list] { list.DeleteGame(); }, list.HasGames(), {}, {}, whyNoGame},

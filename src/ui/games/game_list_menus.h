@@ -16,7 +16,6 @@ namespace ui {
 class GameInterface;
 
 // What is waited for where something of the list can't be done.
-inline constexpr const char* whyNoMailGame = "Works once your mail service is reached.";
 inline constexpr const char* whyNoGame = "Works once there is a game in the list.";
 
 /// The menus by their place in `mnuInterfaceMenuBar`.

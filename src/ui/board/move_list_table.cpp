@@ -110,7 +110,8 @@ void MoveListTable::ScrollToTopRow() {
   scrollTo(currentIndex());
 }
 
-void MoveListTable::GoTo(int entry) {
+void MoveListTable::Step(int rows) {
+  const int entry = EntryAt(currentRow(), currentColumn()) + rows;
   if (entry >= 1 && entry <= count_) setCurrentIndex(CellOf(entry));
 }
 
@@ -145,9 +146,8 @@ void MoveListTable::changeEvent(QEvent* event) {
 void MoveListTable::wheelEvent(QWheelEvent* event) {
   constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
   wheel_ += event->angleDelta().y();
-  const auto current = [this] { return EntryAt(currentRow(), currentColumn()); };
-  for (; wheel_ >= notch; wheel_ -= notch) GoTo(current() - 1);
-  for (; wheel_ <= -notch; wheel_ += notch) GoTo(current() + 1);
+  for (; wheel_ >= notch; wheel_ -= notch) Step(-1);
+  for (; wheel_ <= -notch; wheel_ += notch) Step(1);
   event->accept();
 }
 

@@ -110,6 +110,7 @@ NewGameInfo::NewGameInfo(QWidget* owner)
   hasLook_ = TakeItsLook();
   ShowMissing();
   Game_name_->setFocus();
+  Game_name_->selectAll();
 }
 
 bool NewGameInfo::TakeItsLook() {
@@ -160,7 +161,8 @@ void NewGameInfo::SetUpOpponent() {
     Game_opponents_email_->setReadOnly(true);
     Game_opponents_email_->setText(u"n/a"_s);
     Resolve_->setEnabled(false);
-    SetOkEnabled(!IsSimpleUI());
+    FillTitle();
+    SetOkEnabled(true);
     return;
   }
   Game_opponents_email_->setReadOnly(!Process().Offline);

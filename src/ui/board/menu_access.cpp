@@ -121,13 +121,7 @@ std::vector<MenuRow> MenuAccess::RowsOfNow() const {
 }
 
 bool MenuAccess::Press(QKeyCombination key) {
-  if (board_.ComputerThinking) return false;
-  for (const MenuRow& row : RowsOfNow()) {
-    if (row.key != QKeySequence(key) || !row.enabled || !row.action) continue;
-    row.action();
-    return true;
-  }
-  return false;
+  return !board_.ComputerThinking && PressKey(RowsOfNow(), key);
 }
 
 /// Those with Ctrl, whatever has the focus; the others are for who has no use for them himself.

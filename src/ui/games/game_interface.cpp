@@ -422,7 +422,7 @@ void GameInterface::keyPressEvent(QKeyEvent* event) {
       ShowHelp();
       return;
     default:
-      QWidget::keyPressEvent(event);
+      if (!PressMenuKey(event->keyCombination(), *this, errands_)) QWidget::keyPressEvent(event);
   }
 }
 

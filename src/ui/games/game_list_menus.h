@@ -36,4 +36,8 @@ struct OtherErrands {
 std::unique_ptr<QMenu> NewInterfaceMenu(InterfaceMenu menu, GameInterface& list,
                                         const OtherErrands& errands);
 
+/// Does what the entry of that key does. False where there is none, or it can't be chosen now. The
+/// list may be gone afterwards.
+bool PressMenuKey(QKeyCombination key, GameInterface& list, const OtherErrands& errands);
+
 }  // namespace ui

@@ -134,15 +134,6 @@ QModelIndex MoveListTable::moveCursor(CursorAction action, Qt::KeyboardModifiers
   return EntryAt(next.row(), next.column()) > count_ ? CellOf(count_) : next;
 }
 
-/// The skin's font may be another one than that of the desktop, which the heading would keep.
-void MoveListTable::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::FontChange) {
-    horizontalHeader()->setFont(font());
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
-  }
-  RowTable::changeEvent(event);
-}
-
 void MoveListTable::wheelEvent(QWheelEvent* event) {
   constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
   wheel_ += event->angleDelta().y();

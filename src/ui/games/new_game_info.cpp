@@ -243,6 +243,7 @@ void NewGameInfo::SetComputerUI() {
   Game_name_->setMinimumSize(220, 28);
   layout->addWidget(Game_name_, 2, 1);
   int row = computer_->AddRows(*layout, 3);
+  layout->setRowStretch(row, 1);  // where a remark comes and goes
   layout->addWidget(outcome_, row++, 0, 1, 2);
   layout->addLayout(NewButtonRow({cancel_, ok_}), row, 0, 1, 2);
   layout->setColumnStretch(1, 1);

@@ -114,6 +114,13 @@ bool HasMailAccount() {
 
 bool MayStartMailGame() { return !Process().Offline || Process().StandAlone; }
 
+const char* WhyNoMailGame() {
+  return platform::IsEmptyValue(platform::ReadRegistry(platform::mailSection, "MyAddress"))
+             ? "Works once Tarvolenix knows your mail account: choose \"Mail account...\" in the "
+               "File menu of the game list."
+             : "Works once your mail service is reached.";
+}
+
 bool DeleteGame(std::int32_t gameID, const std::string& title) {
   if (!platform::ShowMessage(platform::InformationIcon, "Delete game.",
                              "Are you sure you wish to delete the game titled " + title + "?",

@@ -57,6 +57,9 @@ GameList ReadGameList(std::int16_t& column, std::string& order,
 /// A game by mail needs a mail service, or moves that travel as files.
 bool MayStartMailGame();
 
+/// What a game by mail still waits for.
+const char* WhyNoMailGame();
+
 /// Whether the user has ever said who he is to his mail service.
 bool HasMailAccount();
 

@@ -28,71 +28,134 @@ using platform::WriteRegistry;
 constexpr int longestInterval = 30000;
 constexpr int noLimit = std::numeric_limits<std::int16_t>::max();
 
-struct Default {
+constexpr const char* newUsersWindowSize = "Auto";
+
+/// A setting between the store and its variable.
+struct Setting {
+  using Copied = std::string (*)(const Setting& setting, const std::string& section);
+
   const char* name;
-  const char* value;
+  const char* usual;  ///< stands in for a missing value
+  /// False where the program can't start with that.
+  bool (*load)(const std::string& text, const char* usual);
+  std::string (*save)();
+  Copied copied =
+      nullptr;  ///< what an older version's section makes of it, where that isn't as plain
 };
 
-constexpr Default CheckInterval{"CheckInterval", "20000"};
-constexpr Default DisplaySplash{"DisplaySplash", "True"};
-constexpr Default NotificationMethod{"NotificationMethod", "2"};
-constexpr Default NotificationSoundPath{"NotificationSoundPath", ""};
-constexpr Default NotificationSoundWav{"NotificationSoundWav", "None"};
-constexpr Default OlderNotificationSoundWav{"NotificationSoundSav", "None"};
-constexpr Default NotificationTimeout{"NotificationTimeout", "1"};
-constexpr Default Verbose{"Verbose", "False"};
-constexpr Default ChessSet{"ChessSet", "Classic Wood"};
-constexpr Default ChessBoard{"ChessBoard", "Plain"};
-constexpr Default SearchDepth{"SearchDepth", "1"};
-constexpr Default SysTrayIcons{"SysTrayIcons", "1"};
-constexpr Default ShowToolTips{"ShowToolTips", "True"};
-constexpr Default Heuristics{"Heuristics", ""};
-constexpr Default Skin{"Skin", "Tarvolenix Classic"};
-constexpr Default WindowSize{"WindowSize", "100"};
-constexpr const char* newUsersWindowSize = "Auto";
-constexpr Default BoardWidth{"BoardWidth", "0"};
-constexpr Default BoardHeight{"BoardHeight", "0"};
-constexpr Default DefaultView{"DefaultView", "False"};
-constexpr Default ShowMoves{"ShowMoves", "True"};
-constexpr Default Coordinates{"Coordinates", "False"};
-constexpr Default Pairs{"Pairs", "False"};
-constexpr Default AskBeforeSurrender{"AskBeforeSurrender", "True"};
-constexpr Default SetUpFirst{"SetUpFirst", "True"};
-constexpr Default ComputerGamesCount{"ComputerGamesCount", "True"};
-constexpr Default HiddenColumns{"HiddenColumns", ""};
-constexpr Default ShowGamePreview{"ShowGamePreview", "True"};
-constexpr Default SimpleUI{"SimpleUI", "False"};
-constexpr Default SystrayStartup{"SystrayStartup", "True"};
-constexpr Default BppChecked{"BppChecked", "False"};
-
-std::string ReadText(const Default& setting, const std::string& section = productSection) {
-  return ReturnValue(ReadRegistryOrRaise(section, setting.name), setting.value);
+std::string ReadText(const Setting& setting, const std::string& section = productSection) {
+  return ReturnValue(ReadRegistryOrRaise(section, setting.name), setting.usual);
 }
 
-bool ReadFlag(const Default& setting) { return ReadText(setting) == "True"; }
+/// Where there are two variables the first one rules this run, and the second one is stored.
+template <bool SettingVariables::*Variable, bool SettingVariables::*Saved = Variable>
+constexpr Setting Flag(const char* name, const char* usual, Setting::Copied copied = nullptr) {
+  return {name, usual,
+          [](const std::string& text, const char*) {
+            platform::Settings().*Variable = platform::Settings().*Saved = text == "True";
+            return true;
+          },
+          [] { return BooleanText(platform::Settings().*Saved); }, copied};
+}
+
+template <std::string SettingVariables::*Variable, std::string SettingVariables::*Saved = Variable>
+constexpr Setting Text(const char* name, const char* usual, Setting::Copied copied = nullptr) {
+  return {name, usual,
+          [](const std::string& text, const char*) {
+            platform::Settings().*Variable = platform::Settings().*Saved = text;
+            return true;
+          },
+          [] { return platform::Settings().*Saved; }, copied};
+}
 
 /// What is no number of the setting's range counts as missing.
-int ReadNumber(const Default& setting, int least, int most) {
-  const auto number = platform::ToInteger32(ReadText(setting));
-  if (number && *number >= least && *number <= most) return *number;
-  return *platform::ToInteger32(setting.value);
+int NumberFrom(const std::string& text, const char* usual, int least, int most) {
+  const auto number = platform::ToInteger32(text);
+  return number && *number >= least && *number <= most ? *number : *platform::ToInteger32(usual);
 }
 
-void WriteText(const Default& setting, const std::string& value) {
-  WriteRegistry(productSection, setting.name, value);
+template <int SettingVariables::*Variable, int least, int most = noLimit>
+constexpr Setting Number(const char* name, const char* usual) {
+  return {name, usual,
+          [](const std::string& text, const char* usualText) {
+            platform::Settings().*Variable = NumberFrom(text, usualText, least, most);
+            return true;
+          },
+          [] { return std::to_string(platform::Settings().*Variable); }};
 }
 
-void WriteOrDefault(const Default& setting, const std::string& value) {
-  WriteText(setting, ReturnValue(value, setting.value));
+bool LoadInterval(const std::string& text, const char* usual) {
+  platform::Process().CheckTimer.Interval = NumberFrom(text, usual, 0, longestInterval);
+  return true;
 }
 
-void WriteFlag(const Default& setting, bool value) { WriteText(setting, BooleanText(value)); }
-
-bool LoadHeuristics() {
-  const std::string text = ReadText(Heuristics);
+bool LoadHeuristics(const std::string& text, const char*) {
   if (!text.empty()) return ai::SetHeuristicsFromText(text);
   ai::LoadDefaultHeuristics();
   return true;
+}
+
+/// It once had another name.
+std::string CopiedSound(const Setting& sound, const std::string& section) {
+  const Setting older{"NotificationSoundSav", sound.usual, sound.load, sound.save};
+  const std::string stored = ReadText(older, section);
+  return stored == sound.usual ? ReadText(sound, section) : stored;
+}
+
+std::string CopiedLook(const Setting& look, const std::string& section) {
+  return platform::Process().ForcedSimpleUI ? BooleanText(true) : ReadText(look, section);
+}
+
+std::string CopiedWindowSize(const Setting& size, const std::string& section) {
+  return ReturnValue(ReadRegistryOrRaise(section, size.name), newUsersWindowSize);
+}
+
+constexpr Setting DisplaySplash = Flag<&SettingVariables::DisplaySplash>(
+    "DisplaySplash", "True", [](const Setting&, const std::string&) { return BooleanText(true); });
+constexpr Setting Heuristics{"Heuristics", "", LoadHeuristics, ai::HeuristicsText};
+constexpr Setting Skin = Text<&SettingVariables::Skin>("Skin", "Tarvolenix Classic");
+constexpr Setting SimpleUI = Flag<&SettingVariables::SimpleUI, &SettingVariables::SimpleUISaved>(
+    "SimpleUI", "False", CopiedLook);
+constexpr Setting WindowSize =
+    Text<&SettingVariables::WindowSize, &SettingVariables::WindowSizeSaved>("WindowSize", "100",
+                                                                            CopiedWindowSize);
+
+/// All of them, in the order in which they are written.
+constexpr Setting settings[] = {
+    {"CheckInterval", "20000", LoadInterval,
+     [] { return std::to_string(platform::Process().CheckTimer.Interval); }},
+    DisplaySplash,
+    Number<&SettingVariables::NotificationMethod, 0, 3>("NotificationMethod", "2"),
+    Text<&SettingVariables::NotificationSoundPath>("NotificationSoundPath", ""),
+    Text<&SettingVariables::NotificationSoundWav>("NotificationSoundWav", "None", CopiedSound),
+    Number<&SettingVariables::NotificationTimeout, 0>("NotificationTimeout", "1"),
+    Flag<&SettingVariables::Verbose>("Verbose", "False"),
+    Text<&SettingVariables::ChessSet>("ChessSet", "Classic Wood"),
+    Text<&SettingVariables::ChessBoard>("ChessBoard", "Plain"),
+    Number<&SettingVariables::SysTrayIcons, 1>("SysTrayIcons", "1"),
+    Number<&SettingVariables::SearchDepth, 0, 4>("SearchDepth", "1"),
+    Flag<&SettingVariables::ShowToolTips>("ShowToolTips", "True"),
+    Heuristics,
+    Skin,
+    Flag<&SettingVariables::DefaultView>("DefaultView", "False"),
+    SimpleUI,
+    Flag<&SettingVariables::SystrayStartup, &SettingVariables::SystrayStartupSaved>(
+        "SystrayStartup", "True"),
+    WindowSize,
+    Number<&SettingVariables::BoardWidth, 0>("BoardWidth", "0"),
+    Number<&SettingVariables::BoardHeight, 0>("BoardHeight", "0"),
+    Flag<&SettingVariables::ShowMoves>("ShowMoves", "True"),
+    Flag<&SettingVariables::Coordinates>("Coordinates", "False"),
+    Flag<&SettingVariables::Pairs>("Pairs", "False"),
+    Flag<&SettingVariables::AskBeforeSurrender>("AskBeforeSurrender", "True"),
+    Flag<&SettingVariables::SetUpFirst>("SetUpFirst", "True"),
+    Flag<&SettingVariables::ComputerGamesCount>("ComputerGamesCount", "True"),
+    Text<&SettingVariables::HiddenColumns>("HiddenColumns", ""),
+    Flag<&SettingVariables::ShowGamePreview>("ShowGamePreview", "True"),
+};
+
+void Write(const Setting& setting, const std::string& value) {
+  WriteRegistry(productSection, setting.name, ReturnValue(value, setting.usual));
 }
 
 /// The section of the latest older version. Versions compare as plain text, so "2.10.0" is older
@@ -106,71 +169,31 @@ std::string PreviousSection() {
 }
 
 void CopySettings(const std::string& from) {
-  const auto copy = [&from](const Default& setting) {
-    WriteText(setting, ReadText(setting, from));
-  };
-  copy(CheckInterval);
-  WriteFlag(DisplaySplash, true);
-  copy(NotificationMethod);
-  copy(NotificationSoundPath);
-  std::string sound = ReadText(OlderNotificationSoundWav, from);
-  if (sound == OlderNotificationSoundWav.value) sound = ReadText(NotificationSoundWav, from);
-  WriteText(NotificationSoundWav, sound);
-  for (const Default& setting : {NotificationTimeout, Verbose, ChessSet, ChessBoard, SysTrayIcons,
-                                 SearchDepth, ShowToolTips, Heuristics, Skin, DefaultView}) {
-    copy(setting);
+  for (const Setting& setting : settings) {
+    Write(setting, setting.copied ? setting.copied(setting, from) : ReadText(setting, from));
   }
-  if (platform::Process().ForcedSimpleUI) {
-    WriteFlag(SimpleUI, true);
-  } else {
-    copy(SimpleUI);
-  }
-  copy(SystrayStartup);
-  copy(BppChecked);
-  WriteText(WindowSize, newUsersWindowSize);
+  // No variable has it: the warning is given before there are any.
+  const std::string warned = ReturnValue(ReadRegistryOrRaise(from, "BppChecked"), "False");
+  WriteRegistry(productSection, "BppChecked", warned);
 }
 
 }  // namespace
 
 bool LoadSettings() {
-  SettingVariables& variables = platform::Settings();
-  platform::Process().CheckTimer.Interval = ReadNumber(CheckInterval, 0, longestInterval);
-  variables.DisplaySplash = ReadFlag(DisplaySplash);
-  variables.NotificationMethod = ReadNumber(NotificationMethod, 0, 3);
-  variables.NotificationSoundPath = ReadText(NotificationSoundPath);
-  variables.NotificationSoundWav = ReadText(NotificationSoundWav);
-  variables.NotificationTimeout = ReadNumber(NotificationTimeout, 0, noLimit);
-  variables.Verbose = ReadFlag(Verbose);
-  variables.ChessSet = ReadText(ChessSet);
-  variables.ChessBoard = ReadText(ChessBoard);
-  variables.SearchDepth = ReadNumber(SearchDepth, 0, 4);
-  variables.SysTrayIcons = ReadNumber(SysTrayIcons, 1, noLimit);
-  variables.ShowToolTips = ReadFlag(ShowToolTips);
-  variables.Skin = ReadText(Skin);
-  variables.WindowSize = variables.WindowSizeSaved = ReadText(WindowSize);
-  variables.BoardWidth = ReadNumber(BoardWidth, 0, noLimit);
-  variables.BoardHeight = ReadNumber(BoardHeight, 0, noLimit);
-  variables.DefaultView = ReadFlag(DefaultView);
-  variables.ShowMoves = ReadFlag(ShowMoves);
-  variables.Coordinates = ReadFlag(Coordinates);
-  variables.Pairs = ReadFlag(Pairs);
-  variables.AskBeforeSurrender = ReadFlag(AskBeforeSurrender);
-  variables.SetUpFirst = ReadFlag(SetUpFirst);
-  variables.ComputerGamesCount = ReadFlag(ComputerGamesCount);
-  variables.HiddenColumns = ReadText(HiddenColumns);
-  variables.ShowGamePreview = ReadFlag(ShowGamePreview);
-  variables.SimpleUI = variables.SimpleUISaved = ReadFlag(SimpleUI);
-  variables.SystrayStartup = variables.SystrayStartupSaved = ReadFlag(SystrayStartup);
-  return LoadHeuristics();
+  bool usable = true;
+  for (const Setting& setting : settings) {
+    usable = setting.load(ReadText(setting), setting.usual) && usable;
+  }
+  return usable;
 }
 
 std::optional<std::string> WindowSizeAtStart() {
-  const auto read = [](const Default& setting) {
+  const auto read = [](const Setting& setting) {
     return platform::ReadRegistry(productSection, setting.name);
   };
   if (read(SimpleUI) == "True") return std::nullopt;
   const bool isNew = platform::IsEmptyValue(read(DisplaySplash));
-  return ReturnValue(read(WindowSize), isNew ? newUsersWindowSize : WindowSize.value);
+  return ReturnValue(read(WindowSize), isNew ? newUsersWindowSize : WindowSize.usual);
 }
 
 bool SetHeuristicsAside() {
@@ -182,40 +205,12 @@ bool SetHeuristicsAside() {
 
 void SaveSettings() {
   const platform::BusyPointer busy;
-  const SettingVariables& variables = platform::Settings();
-  WriteText(CheckInterval, std::to_string(platform::Process().CheckTimer.Interval));
-  WriteFlag(DisplaySplash, variables.DisplaySplash);
-  WriteText(NotificationMethod, std::to_string(variables.NotificationMethod));
-  WriteOrDefault(NotificationSoundPath, variables.NotificationSoundPath);
-  WriteOrDefault(NotificationSoundWav, variables.NotificationSoundWav);
-  WriteText(NotificationTimeout, std::to_string(variables.NotificationTimeout));
-  WriteFlag(Verbose, variables.Verbose);
-  WriteText(ChessSet, variables.ChessSet);
-  WriteText(ChessBoard, variables.ChessBoard);
-  WriteText(SysTrayIcons, std::to_string(variables.SysTrayIcons));
-  WriteText(SearchDepth, std::to_string(variables.SearchDepth));
-  WriteFlag(ShowToolTips, variables.ShowToolTips);
-  WriteText(Heuristics, ai::HeuristicsText());
-  WriteText(Skin, variables.Skin);
-  WriteText(WindowSize, variables.WindowSizeSaved);
-  WriteText(BoardWidth, std::to_string(variables.BoardWidth));
-  WriteText(BoardHeight, std::to_string(variables.BoardHeight));
-  WriteFlag(DefaultView, variables.DefaultView);
-  WriteFlag(SimpleUI, variables.SimpleUISaved);
-  WriteFlag(SystrayStartup, variables.SystrayStartupSaved);
-  WriteFlag(ShowMoves, variables.ShowMoves);
-  WriteFlag(Coordinates, variables.Coordinates);
-  WriteFlag(Pairs, variables.Pairs);
-  WriteFlag(AskBeforeSurrender, variables.AskBeforeSurrender);
-  WriteFlag(SetUpFirst, variables.SetUpFirst);
-  WriteFlag(ComputerGamesCount, variables.ComputerGamesCount);
-  WriteText(HiddenColumns, variables.HiddenColumns);
-  WriteFlag(ShowGamePreview, variables.ShowGamePreview);
+  for (const Setting& setting : settings) Write(setting, setting.save());
 }
 
 void UpgradeSettings() {
   if (!platform::IsEmptyValue(ReadRegistryOrRaise(productSection, DisplaySplash.name))) {
-    if (platform::Process().ForcedSimpleUI) WriteFlag(SimpleUI, true);
+    if (platform::Process().ForcedSimpleUI) Write(SimpleUI, BooleanText(true));
     return;
   }
   {

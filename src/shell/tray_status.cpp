@@ -82,7 +82,7 @@ TrayMenuState TrayMenu() {
   };
   return {entry(!listOpen, "The game list is open already."),
           listOpen ? entry(false, "The game list is open: begin the game there.")
-                   : entry(MayStartMailGame(), "Works once your mail service is reached."),
+                   : entry(MayStartMailGame(), WhyNoMailGame()),
           entry(MayDeliverNow(), "No mail waits to be sent."),
           entry(true, ""),
           !listOpen,

@@ -42,6 +42,15 @@ void Fill(QMenu& menu, const std::vector<MenuRow>& rows) {
 
 }  // namespace
 
+bool PressKey(const std::vector<MenuRow>& rows, QKeyCombination key) {
+  for (const MenuRow& row : rows) {
+    if (row.key != QKeySequence(key) || !row.enabled || !row.action) continue;
+    row.action();
+    return true;
+  }
+  return false;
+}
+
 std::unique_ptr<QMenu> NewMenu(const char* name, const std::vector<MenuRow>& rows) {
   auto menu = std::make_unique<QMenu>();
   menu->setObjectName(QLatin1StringView(name));

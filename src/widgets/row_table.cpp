@@ -42,9 +42,18 @@ void BecomeRowTable(QTableView& table, int rowPadding) {
 }
 
 RowTable::RowTable(const QStringList& headings, int rowPadding, QWidget* parent)
-    : QTableWidget(0, static_cast<int>(headings.size()), parent) {
+    : QTableWidget(0, static_cast<int>(headings.size()), parent), rowPadding_(rowPadding) {
   setHorizontalHeaderLabels(headings);
   BecomeRowTable(*this, rowPadding);
+}
+
+/// The skin's font may be another one than that of the desktop, which the heading would keep.
+void RowTable::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange) {
+    horizontalHeader()->setFont(font());
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding_);
+  }
+  QTableWidget::changeEvent(event);
 }
 
 QModelIndex RowTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {

@@ -7,8 +7,8 @@
 
 namespace ui {
 
-/// `rowPadding` is what a row is higher than its text.
-/// Makes any table such a list, but for those two keys.
+/// Makes any table such a list, but for those two keys. `rowPadding` is what a row is higher than
+/// its text.
 void BecomeRowTable(QTableView& table, int rowPadding);
 
 class RowTable : public QTableWidget {
@@ -18,8 +18,12 @@ class RowTable : public QTableWidget {
   RowTable(const QStringList& headings, int rowPadding, QWidget* parent = nullptr);
 
  protected:
+  void changeEvent(QEvent* event) override;
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   bool viewportEvent(QEvent* event) override;
+
+ private:
+  const int rowPadding_;
 };
 
 }  // namespace ui

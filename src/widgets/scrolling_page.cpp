@@ -37,4 +37,11 @@ bool ScrollingPage::eventFilter(QObject* object, QEvent* event) {
   return QScrollArea::eventFilter(object, event);
 }
 
+/// What the user is at stays in sight where the page becomes lower.
+void ScrollingPage::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  QWidget* focused = window()->focusWidget();
+  if (focused && widget()->isAncestorOf(focused)) ensureWidgetVisible(focused);
+}
+
 }  // namespace ui

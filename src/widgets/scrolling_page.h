@@ -24,6 +24,7 @@ class ScrollingPage : public QScrollArea {
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 };
 
 }  // namespace ui

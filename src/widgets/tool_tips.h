@@ -15,4 +15,11 @@ inline void SetTip(QWidget& control, const QString& tip) {
 
 inline void SetTip(QWidget& control, const char* tip) { SetTip(control, QString::fromUtf8(tip)); }
 
+/// While the control is grey the tip says, below, what it waits for.
+inline void SetTip(QWidget& control, const char* tip, const char* whyGrey) {
+  const bool tells = !control.isEnabled() && *whyGrey != '\0';
+  SetTip(control,
+         QString::fromUtf8(tip) + (tells ? u'\n' + QString::fromUtf8(whyGrey) : QString()));
+}
+
 }  // namespace ui

@@ -4,6 +4,7 @@
 #include "board/controls.h"
 #include "board/conversation.h"
 #include "platform/process_state.h"
+#include "ui/board/why_grey.h"
 
 namespace ui {
 
@@ -12,6 +13,12 @@ namespace {
 MenuRow WithKey(QKeyCombination key, MenuRow row) {
   row.key = key;
   return row;
+}
+
+/// A row that does what a button of the action bar does.
+MenuRow OfButton(const board::Game& board, const BoardActions& actions, int button,
+                 const char* caption, bool enabled) {
+  return {caption, actions.Click(button), enabled, {}, {}, WhyGrey(board, button)};
 }
 
 /// What both of the board's first menus begin with.
@@ -68,17 +75,21 @@ std::vector<MenuRow> ActionsRows(const board::Game& board, const BoardActions& a
   return Joined(
       ViewRows(board, actions),
       {WithKey(Qt::CTRL | Qt::Key_Z,
-               {"Undo current move", actions.Click(board::UndoButton), controls.undo}),
+               OfButton(board, actions, board::UndoButton, "Undo current move", controls.undo)),
        WithKey(Qt::CTRL | Qt::Key_Enter,
-               {"Send new move", actions.Click(board::SendButton), controls.send}),
+               OfButton(board, actions, board::SendButton, "Send new move", controls.send)),
        WithKey(Qt::CTRL | Qt::Key_R,
-               {"Re-send last move", actions.Click(board::ResendButton), controls.resend}),
+               OfButton(board, actions, board::ResendButton, "Re-send last move", controls.resend)),
        {"-"},
-       WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_S,
-               {"Surrender game", actions.Click(board::SurrenderButton), controls.surrender}),
+       WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_S, OfButton(board, actions, board::SurrenderButton,
+                                                          "Surrender game", controls.surrender)),
        {"-"},
-       WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_D,
-               {"Offer a draw", actions.offerDraw, controls.surrender}),
+       WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_D, {"Offer a draw",
+                                                  actions.offerDraw,
+                                                  controls.surrender,
+                                                  {},
+                                                  {},
+                                                  WhyGrey(board, board::SurrenderButton)}),
        {"-"},
        OptionsRow(actions),
        WithKey(Qt::CTRL | Qt::Key_P, {"Print board state...", actions.print}),
@@ -95,8 +106,8 @@ std::vector<MenuRow> SetupRows(const board::Game& board, const BoardActions& act
                          {"Clear board", actions.Click(board::ClearSetupButton)}),
                  {"-"},
                  WithKey(Qt::CTRL | Qt::Key_Enter,
-                         {"Play current setup", actions.Click(board::PlaySetupButton),
-                          board::Controls(board).playSetup}),
+                         OfButton(board, actions, board::PlaySetupButton, "Play current setup",
+                                  board::Controls(board).playSetup)),
                  {"-"},
                  WithKey(Qt::CTRL | Qt::Key_V, {"Paste position", actions.pastePosition}),
                  CopyPositionRow(actions),
@@ -111,10 +122,15 @@ std::vector<MenuRow> HistoryRows(const board::Game& board, const BoardActions& a
   const auto select = [&](int row) { return [select = actions.select, row] { select(row); }; };
   return Joined(
       {WithKey(Qt::CTRL | Qt::Key_H, {board.HilightAsked ? "Remove hilight" : "Show hilight",
-                                      actions.toggleHilight, controls.hilight}),
+                                      actions.toggleHilight,
+                                      controls.hilight,
+                                      {},
+                                      {},
+                                      whyNoHistory}),
        {"-"},
-       WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast}),
-       WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast}),
+       WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast, {}, {}, whyNoWay}),
+       WithKey(Qt::Key_End,
+               {"Last move", select(board.Moves.Count()), controls.firstAndLast, {}, {}, whyNoWay}),
        {"-"},
        WithKey(Qt::CTRL | Qt::Key_M, {"Earlier comments...",
                                       actions.showConversation,

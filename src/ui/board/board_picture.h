@@ -54,6 +54,7 @@ class BoardPicture : public QWidget {
   /// keyboard is used.
   rules::Square Cursor() const { return cursor_; }
   void MoveCursor(rules::Square square, bool showRing);
+  bool ShowsRing() const { return cursorRing_; }
 
   /// The square one step to the right and up as the board is seen now; the same at an edge.
   rules::Square Neighbour(rules::Square square, int right, int up) const;

@@ -11,6 +11,7 @@
 #include "skin/look.h"
 #include "skin/strip_button.h"
 #include "skin/window_skin.h"
+#include "ui/board/why_grey.h"
 #include "widgets/tool_tips.h"
 
 namespace ui {
@@ -167,6 +168,7 @@ void BoardToolbar::Show(const board::Game& board) {
     if (!IsSimpleUI()) button->setAccessibleName(QLatin1StringView(state.meaning));
     button->setEnabled(state.enabled);
   }
+  SetToolTips(board);
 }
 
 void BoardToolbar::RefreshBoardButtons() {
@@ -178,10 +180,11 @@ void BoardToolbar::RefreshBoardButtons() {
   }
 }
 
-void BoardToolbar::SetToolTips() {
+void BoardToolbar::SetToolTips(const board::Game& board) {
   for (const ToolbarEntry& entry : entries) {
     SetTip(*buttons_[Slot(entry.button)],
-           setup_ && entry.setupToolTip ? entry.setupToolTip : entry.toolTip);
+           setup_ && entry.setupToolTip ? entry.setupToolTip : entry.toolTip,
+           WhyGrey(board, entry.button));
   }
 }
 

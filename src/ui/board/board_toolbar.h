@@ -30,13 +30,13 @@ class BoardToolbar : public QObject {
   /// In the plain look: where the buttons stand from now on. The layout must live as long.
   void LayOut(QGridLayout& layout);
 
-  /// Captions, and what is enabled.
+  /// Captions, what is enabled, and tips.
   void Show(const board::Game& board);
 
   /// Shows the pictures that the window's skin has now.
   void RefreshBoardButtons();
 
-  void SetToolTips();
+  void SetToolTips(const board::Game& board);
 
  private:
   QAbstractButton* NewToolbarButton(QWidget& window, int button);

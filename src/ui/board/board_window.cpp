@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QShortcut>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -155,6 +156,9 @@ void BoardWindow::Connect() {
   // The control that takes the focus gets it first; a message would cut that off.
   connect(playerComment_, &CommentBox::Left, commands_, &BoardCommands::LeaveComment,
           Qt::QueuedConnection);
+  for (const auto& [key, rows] : {std::pair(Qt::Key_Left, -1), std::pair(Qt::Key_Right, 1)}) {
+    new QShortcut(Qt::ALT | key, this, [this, rows = rows] { Browse(rows); });
+  }
   if (const auto* skin = WindowSkin::Of(*this)) {
     connect(skin, &WindowSkin::Worn, toolbar_, &BoardToolbar::RefreshBoardButtons);
     connect(skin, &WindowSkin::Worn, this, &BoardWindow::Refresh);
@@ -162,7 +166,7 @@ void BoardWindow::Connect() {
 }
 
 void BoardWindow::SetToolTips() {
-  toolbar_->SetToolTips();
+  toolbar_->SetToolTips(board_);
   searchDisplay_->SetToolTips();
   menus_->SetToolTips();
   const std::pair<const char*, QString> tips[] = {
@@ -299,6 +303,8 @@ void BoardWindow::keyPressEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat() && !commands_->EscapeIsLate()) BecomeIcon();
   } else if (event->key() == Qt::Key_F1) {
     platform::TheSeams().help->ShowHelp(platform::HelpOfBoard);
+  } else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
+    Browse(event->key() == Qt::Key_Left ? -1 : 1);
   } else if (!menus_->Press(event->keyCombination())) {
     QWidget::keyPressEvent(event);
   }
@@ -311,9 +317,15 @@ void BoardWindow::BecomeIcon() {
 
 /// Over the board the wheel goes through the moves as it does over their list.
 void BoardWindow::wheelEvent(QWheelEvent* event) {
-  if (moveList_->isVisible() && moveList_->isEnabled() && !board_.ComputerThinking) {
-    QCoreApplication::sendEvent(moveList_->viewport(), event);
-  }
+  if (Browses()) QCoreApplication::sendEvent(moveList_->viewport(), event);
+}
+
+bool BoardWindow::Browses() const {
+  return moveList_->isVisible() && moveList_->isEnabled() && !board_.ComputerThinking;
+}
+
+void BoardWindow::Browse(int rows) {
+  if (Browses()) moveList_->Step(rows);
 }
 
 void BoardWindow::resizeEvent(QResizeEvent* event) {

@@ -59,6 +59,9 @@ class BoardWindow final : public QWidget, private board::BoardView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  bool Browses() const;
+  void Browse(int rows);
+
   // What the logic asks for.
   void ConstructBoard() override;
   void PaintSquare(rules::Square square, int cell) override;

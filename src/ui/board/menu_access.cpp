@@ -11,6 +11,7 @@
 #include "skin/system_button.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/move_list_table.h"
+#include "ui/board/why_grey.h"
 #include "widgets/menu_opener.h"
 #include "widgets/tool_tips.h"
 
@@ -101,12 +102,14 @@ void MenuAccess::Refresh() {
   const bool thinking = board_.ComputerThinking;
   buttons_[ActionsMenu]->setEnabled(!thinking);
   buttons_[HistoryMenu]->setEnabled(!thinking && board_.Moves.Count() > 0);
+  SetToolTips();
 }
 
 void MenuAccess::SetToolTips() {
   for (const std::size_t menu : {ActionsMenu, HistoryMenu}) {
     const MenuButton& told = menuButtons[menu];
-    SetTip(*buttons_[menu], Process().BoardSetupMode ? told.setupToolTip : told.toolTip);
+    SetTip(*buttons_[menu], Process().BoardSetupMode ? told.setupToolTip : told.toolTip,
+           board_.ComputerThinking ? "Works once the computer has moved." : whyNoHistory);
   }
 }
 
@@ -118,13 +121,7 @@ std::vector<MenuRow> MenuAccess::RowsOfNow() const {
 }
 
 bool MenuAccess::Press(QKeyCombination key) {
-  if (board_.ComputerThinking) return false;
-  for (const MenuRow& row : RowsOfNow()) {
-    if (row.key != QKeySequence(key) || !row.enabled || !row.action) continue;
-    row.action();
-    return true;
-  }
-  return false;
+  return !board_.ComputerThinking && PressKey(RowsOfNow(), key);
 }
 
 /// Those with Ctrl, whatever has the focus; the others are for who has no use for them himself.

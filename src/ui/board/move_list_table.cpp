@@ -110,7 +110,8 @@ void MoveListTable::ScrollToTopRow() {
   scrollTo(currentIndex());
 }
 
-void MoveListTable::GoTo(int entry) {
+void MoveListTable::Step(int rows) {
+  const int entry = EntryAt(currentRow(), currentColumn()) + rows;
   if (entry >= 1 && entry <= count_) setCurrentIndex(CellOf(entry));
 }
 
@@ -133,21 +134,11 @@ QModelIndex MoveListTable::moveCursor(CursorAction action, Qt::KeyboardModifiers
   return EntryAt(next.row(), next.column()) > count_ ? CellOf(count_) : next;
 }
 
-/// The skin's font may be another one than that of the desktop, which the heading would keep.
-void MoveListTable::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::FontChange) {
-    horizontalHeader()->setFont(font());
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
-  }
-  RowTable::changeEvent(event);
-}
-
 void MoveListTable::wheelEvent(QWheelEvent* event) {
   constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
   wheel_ += event->angleDelta().y();
-  const auto current = [this] { return EntryAt(currentRow(), currentColumn()); };
-  for (; wheel_ >= notch; wheel_ -= notch) GoTo(current() - 1);
-  for (; wheel_ <= -notch; wheel_ += notch) GoTo(current() + 1);
+  for (; wheel_ >= notch; wheel_ -= notch) Step(-1);
+  for (; wheel_ <= -notch; wheel_ += notch) Step(1);
   event->accept();
 }
 

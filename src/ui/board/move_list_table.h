@@ -20,6 +20,9 @@ class MoveListTable : public RowTable {
   /// selected than at the last time.
   void ShowMoves(const board::MoveList& moves, int topRow);
 
+  /// Chooses the move so many rows further down, as the user does; nothing where there is none.
+  void Step(int rows);
+
   QSize sizeHint() const override { return {240, 160}; }
 
  Q_SIGNALS:
@@ -28,7 +31,6 @@ class MoveListTable : public RowTable {
 
  protected:
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-  void changeEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -42,7 +44,6 @@ class MoveListTable : public RowTable {
   void Choose(int row, int column);
   QModelIndex CellOf(int entry) const;
   int EntryAt(int row, int column) const;
-  void GoTo(int entry);
 
   bool pairs_ = false;
   int count_ = 0;  // of the entries

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What was said with the move that the board shows; while the user's own is pending, above that
-// what it answers. A word of the program's own takes its place for
-// a while: why something was refused, for those who want no box for it.
+// what it answers. A word of the program's own takes its place for a while, and no longer than
+// until the user does the next thing or something is said: why something was refused, for those who
+// want no box for it.
 #pragma once
 
 #include <QTimer>
@@ -20,15 +21,20 @@ class OpponentWords : public PlainTextView {
 
   void Refresh();
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void TellQuietly(const QString& text);
+  void EndQuiet();
   QString Words() const;
   void ShowWords();
 
   const board::Game& board_;
   QTimer quietTimer_;     // while it runs, the next is seen
   QString quietMessage_;  // in place of the opponent's words
-  int quietCount_ = 0;    // the entries of the game when it came
+  QString quietWords_;    // which those were when it came
+  int quietCount_ = 0;    // and the entries of the game
 };
 
 }  // namespace ui

@@ -82,7 +82,9 @@ bool PieceHand::Release(const QMouseEvent& event) {
 }
 
 bool PieceHand::Key(const QKeyEvent& event) {
-  if (const auto step = ArrowStepOf(event.key())) {
+  const auto step = ArrowStepOf(event.key());
+  if (event.modifiers() & Qt::AltModifier) return false;
+  if (step && (step->up != 0 || held_ || picture_.ShowsRing())) {
     picture_.MoveCursor(picture_.Neighbour(picture_.Cursor(), step->right, step->up), true);
     return true;
   }
@@ -93,12 +95,22 @@ bool PieceHand::Key(const QKeyEvent& event) {
       if (!event.isAutoRepeat() && !dragging_) ActOn(picture_.Cursor());
       return true;
     case Qt::Key_Escape:
-      if (!held_) return false;
-      SetDown();
-      return true;
+      return PutCursorAway();
     default:
       return false;
   }
+}
+
+/// What is in the hand first.
+bool PieceHand::PutCursorAway() {
+  if (held_) {
+    SetDown();
+  } else if (picture_.ShowsRing()) {
+    picture_.MoveCursor(picture_.Cursor(), false);
+  } else {
+    return false;
+  }
+  return true;
 }
 
 void PieceHand::ActOn(Square square) {

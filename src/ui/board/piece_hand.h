@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The user's hand on the board: dragging a piece, clicking it and then its target, or moving a
 // cursor with the arrow keys and picking up and dropping with Enter or Space. All of them end in
-// the same two operations of the logic, a pick-up and a drop on squares. While a position is
+// the same two operations of the logic, a pick-up and a drop on squares. The keys to both sides are
+// his only while a piece is in the hand or the cursor is seen; else the window goes through the
+// moves with them. While a position is
 // set up it keeps still; SetupHand is at work then.
 #pragma once
 
@@ -40,6 +42,7 @@ class PieceHand : public QObject {
   bool Move(const QMouseEvent& event);
   bool Release(const QMouseEvent& event);
   bool Key(const QKeyEvent& event);
+  bool PutCursorAway();
   void ActOn(rules::Square square);
 
   void ShowTargets();

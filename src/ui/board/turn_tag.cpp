@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "board/controls.h"
+#include "widgets/cut_text.h"
 #include "widgets/shown_moment.h"
 #include "widgets/shown_text.h"
 #include "widgets/tool_tips.h"
@@ -17,15 +18,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList LinesOf(const board::Game& game) {
-  QStringList lines;
-  for (const std::string& line : {board::TurnInWords(game), game.Title}) {
-    if (!line.empty()) lines << ShownLine(line);
-  }
-  return lines;
+/// Those that say something.
+QString Joined(QStringList lines) {
+  lines.removeAll(QString());
+  return lines.join(u'\n');
 }
 
 QString MailLine(const board::Game& game) {
+  if (game.LastMail == 0) return {};
   return u"Mail: "_s + ShownMoment(QDateTime::fromSecsSinceEpoch(game.LastMail));
 }
 
@@ -42,16 +42,23 @@ QString MailTip(const board::Game& game) {
 TurnTag::TurnTag(QWidget* parent) : PlainTextView(parent) { setObjectName(u"TurnTag"_s); }
 
 void TurnTag::Show(const board::Game& game) {
-  QStringList lines = LinesOf(game);
-  if (game.LastMail != 0) lines << MailLine(game);
-  SetText(lines.join(u'\n'));
-  SetTip(*this, MailTip(game));
+  SetText(Joined({ShownLine(board::TurnInWords(game)), ShownLine(game.Title), MailLine(game)}));
+  SetTip(*this, WholeAsTip(Joined({ShownLine(game.Title), MailTip(game)})));
 }
 
 void TurnTag::ShowAt(const board::Game& game, QRect place, int highest) {
   const auto top = [&] { return place.bottom() + 1 - heightForWidth(place.width()); };
+  const auto cut = [&](const QString& line) {
+    return fontMetrics().elidedText(line, Qt::ElideRight, place.width());
+  };
+  const QString turn = ShownLine(board::TurnInWords(game)), title = ShownLine(game.Title);
+  const QString mail = MailLine(game);
   Show(game);
-  if (top() < highest) SetText(LinesOf(game).join(u'\n'));
+  const QStringList shorter[] = {
+      {turn, cut(title), mail}, {cut(turn), cut(title), mail}, {cut(turn), mail}};
+  for (const QStringList& lines : shorter) {
+    if (top() < highest) SetText(Joined(lines));
+  }
   place.setTop(std::min(place.top(), std::max(highest, top())));
   setGeometry(place);
 }

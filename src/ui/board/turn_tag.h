@@ -17,8 +17,8 @@ class TurnTag : public PlainTextView {
 
   void Show(const board::Game& game);
 
-  /// The same where it has a place, from which it grows upwards as far as `highest`. The mail that
-  /// has no room there is told by the tip alone.
+  /// The same where it has a place, from which it grows upwards as far as `highest`. What has no
+  /// room there is cut, the title first; the tip has the whole. The mail stays.
   void ShowAt(const board::Game& game, QRect place, int highest);
 };
 

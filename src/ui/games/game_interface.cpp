@@ -5,14 +5,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QHBoxLayout>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QToolButton>
-#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -60,17 +58,18 @@ struct ToolbarEntry {  // NOLINT(clang-analyzer-optin.performance.Padding)
   const char* caption;
   layouts::InterfaceButtonRow row;
   const char* toolTip;
-  const char* whyNot = nullptr;  ///< what it waits for while it is disabled
+  const char* (*whyGrey)() = [] { return ""; };
 };
 constexpr ToolbarEntry toolbarEntries[] = {
     {PlayGameButton, "&Play game", "Play", layouts::PlayGameRow,
-     "PLAY - Play the currently selected game", whyNoGame},
+     "PLAY - Play the currently selected game", [] { return whyNoGame; }},
     {NewGameButton, "&New game", "New game", layouts::NewGameRow,
-     "NEW EMAIL GAME - Start a new email game", whyNoMailGame},
+     "NEW EMAIL GAME - Start a new email game", shell::WhyNoMailGame},
     {ComputerGameButton, "&vs. Computer", "Computer", layouts::NewComputerRow,
      "NEW COMPUTER GAME - Start a new game against the computer"},
     {SetupGameButton, "&Setup new game", "Setup", layouts::NewSetupRow,
-     "NEW SETUP GAME - Configure the board layout before starting a new game", whyNoMailGame},
+     "NEW SETUP GAME - Configure the board layout before starting a new game",
+     shell::WhyNoMailGame},
 };
 
 struct MenuLabel {
@@ -181,7 +180,6 @@ void GameInterface::AddToolbar() {
       button->setAccessibleName(QString(QLatin1StringView(entry.plainCaption)).remove(u'&'));
     }
     button->setFocusPolicy(Qt::TabFocus);
-    button->installEventFilter(this);
     connect(button, &QAbstractButton::released, grid_, qOverload<>(&QWidget::setFocus));
     connect(button, &QAbstractButton::clicked, this,
             [this, number = entry.button] { ClickToolbar(number); });
@@ -278,6 +276,7 @@ void GameInterface::FillGameList(std::int16_t column, std::string order,
   SetToolbarButton(PlayGameButton, anyGame);
   SetToolbarButton(NewGameButton, mayStart);
   SetToolbarButton(SetupGameButton, mayStart);
+  SetToolbarTips();
   ShowMails();
 }
 
@@ -428,28 +427,16 @@ void GameInterface::SetToolTips() {
       SetTip(*this, name, label.toolTip);
     }
   }
-  for (const ToolbarEntry& entry : toolbarEntries) {
-    for (const char* name : {"Toolbar1_%1", "Toolbar1S_%1"}) {
-      SetTip(*this, QString(QLatin1StringView(name)).arg(entry.button).toLatin1().constData(),
-             entry.toolTip);
-    }
-  }
+  SetToolbarTips();
   SetTip(*this, "MinimiseButton", "Minimise the game interface");
   SetTip(*this, "HideButton", "Finished with game interface");
   SetTip(*this, "GameList", "All the chess games held in the database");
 }
 
-/// A disabled button says what it waits for, too.
-bool GameInterface::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QWidget::eventFilter(watched, event);
+void GameInterface::SetToolbarTips() {
   for (const ToolbarEntry& entry : toolbarEntries) {
-    QAbstractButton* button = toolbar_[static_cast<std::size_t>(entry.button)];
-    if (button != watched || button->isEnabled() || button->toolTip().isEmpty()) continue;
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                       button->toolTip() + u'\n' + QLatin1StringView(entry.whyNot), button);
-    return true;
+    ui::SetTip(*toolbar_[static_cast<std::size_t>(entry.button)], entry.toolTip, entry.whyGrey());
   }
-  return QWidget::eventFilter(watched, event);
 }
 
 void GameInterface::showEvent(QShowEvent* event) {
@@ -482,7 +469,7 @@ void GameInterface::keyPressEvent(QKeyEvent* event) {
       ShowHelp();
       return;
     default:
-      QWidget::keyPressEvent(event);
+      if (!PressMenuKey(event->keyCombination(), *this, errands_)) QWidget::keyPressEvent(event);
   }
 }
 

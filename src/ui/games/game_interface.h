@@ -73,7 +73,6 @@ class GameInterface : public QWidget {
   void SetToolTips();
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -87,6 +86,7 @@ class GameInterface : public QWidget {
   void AddWindowButtons();
   void ClickToolbar(int button);
   void SetToolbarButton(int button, bool enabled);
+  void SetToolbarTips();
   void PopUp(InterfaceMenu menu, QPoint place, QAbstractButton* opener = nullptr);
 
   OtherErrands errands_;

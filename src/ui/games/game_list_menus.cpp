@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/games/game_list_menus.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -21,6 +23,55 @@ namespace ui {
 using platform::Process;
 
 namespace {
+
+struct EntryKey {
+  const char* caption;
+  QKeyCombination key;
+};
+constexpr EntryKey entryKeys[] = {
+    {"Retrieve games", Qt::Key_F5},
+    {"Import game", Qt::CTRL | Qt::Key_I},
+    {"Use games from another folder...", Qt::CTRL | Qt::Key_U},
+    {"Deliver now", Qt::CTRL | Qt::Key_D},
+    {"Options...", Qt::CTRL | Qt::Key_O},
+    {"Mail account...", Qt::CTRL | Qt::Key_M},
+    {"Mails set aside...", Qt::CTRL | Qt::SHIFT | Qt::Key_M},
+    {"Print game...", Qt::CTRL | Qt::Key_P},
+    {"Print selected game...", Qt::CTRL | Qt::Key_P},
+    {"Print game notation...", Qt::CTRL | Qt::SHIFT | Qt::Key_P},
+    {"Print travel sheet...", Qt::CTRL | Qt::SHIFT | Qt::Key_T},
+    {"Print postcard...", Qt::CTRL | Qt::SHIFT | Qt::Key_C},
+    {"Hide interface", Qt::CTRL | Qt::Key_W},
+    {"Exit Tarvolenix", Qt::CTRL | Qt::Key_Q},
+    {"Game status", Qt::CTRL | Qt::Key_1},
+    {"Opponents name", Qt::CTRL | Qt::Key_2},
+    {"Game title", Qt::CTRL | Qt::Key_3},
+    {"First move date", Qt::CTRL | Qt::Key_4},
+    {"Last move", Qt::CTRL | Qt::Key_5},
+    {"Since", Qt::CTRL | Qt::Key_6},
+    {"Ascending", Qt::CTRL | Qt::Key_7},
+    {"Descending", Qt::CTRL | Qt::Key_8},
+    {"New game...", Qt::CTRL | Qt::Key_N},
+    {"New setup game...", Qt::CTRL | Qt::SHIFT | Qt::Key_N},
+    {"Play selected", Qt::Key_Return},
+    {"Play selected game", Qt::Key_Return},
+    {"Delete selected", Qt::Key_Delete},
+    {"Delete selected game...", Qt::Key_Delete},
+    {"Undo delete", Qt::CTRL | Qt::Key_Z},
+    {"Try again to send", Qt::CTRL | Qt::Key_T},
+    {"Change address...", Qt::CTRL | Qt::SHIFT | Qt::Key_A},
+    {"Contents", Qt::CTRL | Qt::Key_F1},
+    {"Index...", Qt::SHIFT | Qt::Key_F1},
+};
+
+/// Of a menu itself; the ones within it are chosen there.
+void GiveKeys(std::vector<MenuRow>& rows) {
+  for (MenuRow& row : rows) {
+    for (const EntryKey& entry : entryKeys) {
+      if (row.caption == entry.caption) row.key = entry.key;
+    }
+  }
+}
 
 /// What a print of the selected game is chosen by.
 std::function<void()> OnSelected(GameInterface& list, void (*printGame)(std::int32_t gameID)) {
@@ -112,8 +163,8 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
     return [fromSetup] { shell::StartNewGame({.fromSetup = fromSetup, .fromGameList = true}); };
   };
   return {
-      {"New game...", start(false), mayStart, {}, {}, whyNoMailGame},
-      {"New setup game...", start(true), mayStart, {}, {}, whyNoMailGame},
+      {"New game...", start(false), mayStart, {}, {}, shell::WhyNoMailGame()},
+      {"New setup game...", start(true), mayStart, {}, {}, shell::WhyNoMailGame()},
       {"-"},
       {"Play selected", [&list] { list.PlayCurrentGame(); }, list.HasGames(), {}, {}, whyNoGame},
       {"Delete selected", [&list] { list.DeleteGame(); }, list.HasGames(), {}, {}, whyNoGame},
@@ -195,9 +246,20 @@ std::pair<const char*, std::vector<MenuRow>> NameAndRows(InterfaceMenu menu, Gam
 
 }  // namespace
 
+bool PressMenuKey(QKeyCombination key, GameInterface& list, const OtherErrands& errands) {
+  if (std::ranges::find(entryKeys, key, &EntryKey::key) == std::end(entryKeys)) return false;
+  for (const InterfaceMenu menu : {FileMenu, SortMenu, GameMenu, HelpMenu}) {
+    std::vector<MenuRow> rows = NameAndRows(menu, list, errands).second;
+    GiveKeys(rows);
+    if (PressKey(rows, key)) return true;
+  }
+  return false;
+}
+
 std::unique_ptr<QMenu> NewInterfaceMenu(InterfaceMenu menu, GameInterface& list,
                                         const OtherErrands& errands) {
-  const auto& [name, rows] = NameAndRows(menu, list, errands);
+  auto [name, rows] = NameAndRows(menu, list, errands);
+  GiveKeys(rows);
   auto opened = NewMenu(name, rows);
   // A tick mustn't refill the list below an open menu.
   QObject::connect(opened.get(), &QMenu::aboutToShow, [] { Process().TrayMenuOpen = true; });

@@ -16,7 +16,6 @@ namespace ui {
 class GameInterface;
 
 // What is waited for where something of the list can't be done.
-inline constexpr const char* whyNoMailGame = "Works once your mail service is reached.";
 inline constexpr const char* whyNoGame = "Works once there is a game in the list.";
 
 /// What the list does by keys, with no menu open.
@@ -42,5 +41,9 @@ struct OtherErrands {
 /// As the list can be used just now. The list must outlive the menu.
 std::unique_ptr<QMenu> NewInterfaceMenu(InterfaceMenu menu, GameInterface& list,
                                         const OtherErrands& errands);
+
+/// Does what the entry of that key does. False where there is none, or it can't be chosen now. The
+/// list may be gone afterwards.
+bool PressMenuKey(QKeyCombination key, GameInterface& list, const OtherErrands& errands);
 
 }  // namespace ui

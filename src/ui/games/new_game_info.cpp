@@ -110,6 +110,7 @@ NewGameInfo::NewGameInfo(QWidget* owner)
   hasLook_ = TakeItsLook();
   ShowMissing();
   Game_name_->setFocus();
+  Game_name_->selectAll();
 }
 
 bool NewGameInfo::TakeItsLook() {
@@ -160,7 +161,8 @@ void NewGameInfo::SetUpOpponent() {
     Game_opponents_email_->setReadOnly(true);
     Game_opponents_email_->setText(u"n/a"_s);
     Resolve_->setEnabled(false);
-    SetOkEnabled(!IsSimpleUI());
+    FillTitle();
+    SetOkEnabled(true);
     return;
   }
   Game_opponents_email_->setReadOnly(!Process().Offline);
@@ -241,6 +243,7 @@ void NewGameInfo::SetComputerUI() {
   Game_name_->setMinimumSize(220, 28);
   layout->addWidget(Game_name_, 2, 1);
   int row = computer_->AddRows(*layout, 3);
+  layout->setRowStretch(row, 1);  // where a remark comes and goes
   layout->addWidget(outcome_, row++, 0, 1, 2);
   layout->addLayout(NewButtonRow({cancel_, ok_}), row, 0, 1, 2);
   layout->setColumnStretch(1, 1);

@@ -32,7 +32,7 @@ namespace {
 constexpr int longestInterval = 30;  // seconds
 constexpr int millisecondsPerSecond = 1000;
 constexpr int picturesOfSet = 3;
-constexpr int iconColumn = 60;
+constexpr int iconColumn = 48;
 constexpr int iconSize = 22;
 
 QLabel* NewLabel(QWidget* page, const char* name, const char* caption) {
@@ -112,7 +112,9 @@ void GeneralPage::SetupIconList() {
     opIconList_->setRowHeight(row, iconSize + 6);
   }
   opIconList_->horizontalHeader()->setMinimumSectionSize(iconColumn);
-  opIconList_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  opIconList_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  opIconList_->horizontalHeader()->setStretchLastSection(true);
+  opIconList_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 void GeneralPage::SetSimpleUI() {

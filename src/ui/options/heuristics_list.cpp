@@ -51,7 +51,8 @@ class PairedHeading : public QHeaderView {
 
  private:
   QRect PlaceOfCaption(int first, QRect place) const {
-    const int end = sectionViewportPosition(first + 1) + sectionSize(first + 1);
+    int end = sectionViewportPosition(first + 1) + sectionSize(first + 1);
+    if (first == BeforeCurrent) end = std::min(end, PlaceOfCaption(BeforeNew, place).left());
     const int width =
         std::max(sectionSize(first) + sectionSize(first + 1), WidthOfCaption(*this, first));
     place.setLeft(end - width);
@@ -59,6 +60,17 @@ class PairedHeading : public QHeaderView {
     return place;
   }
 };
+
+/// A value too long for its column stands closer.
+void Condense(QStyleOptionViewItem& option) {
+  const int margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+  const int room = option.rect.width() - 2 * margin;
+  const int excess = QFontMetrics(option.font).horizontalAdvance(option.text) + 1 - room;
+  if (excess <= 0) return;
+  option.font.setLetterSpacing(QFont::AbsoluteSpacing,
+                               -excess / static_cast<qreal>(option.text.size()));
+  option.fontMetrics = QFontMetrics(option.font);
+}
 
 class HeuristicsDelegate : public QStyledItemDelegate {
  public:
@@ -72,7 +84,10 @@ class HeuristicsDelegate : public QStyledItemDelegate {
     if (IsHeading(index.row())) {
       option->text = (list_.IsFolded(index.row()) ? u"▸ "_s : u"▾ "_s) + option->text;
       if (HeadingAbove(index.row()) > 0) option->text.prepend(u"    "_s);
-    } else if (index.column() == New && option->font.bold()) {
+      return;
+    }
+    if (index.column() == Current || index.column() == New) Condense(*option);
+    if (index.column() == New && option->font.bold()) {
       QPalette& palette = option->palette;
       palette.setColor(QPalette::Text, LegibleBlue(palette.color(QPalette::Base)));
       palette.setColor(QPalette::HighlightedText, LegibleBlue(palette.color(QPalette::Highlight)));

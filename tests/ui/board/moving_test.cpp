@@ -20,7 +20,7 @@ TEST_F(MovingTest, EveryWayOfMovingAPieceGivesTheSameMove) {
       {"dragging a piece that was selected", "click 52 drag 52 54"},
       {"the keyboard, which begins on e2", "return up up space"},
       {"past the edge of the board",
-       "left left left left left right right right right "
+       "up down left left left left left right right right right "
        "enter up up enter"},
       {"clicking the piece and Enter on its target", "click 52 up up enter"},
   };
@@ -58,13 +58,15 @@ TEST_F(MovingTest, ARefusedMovePutsThePieceBackAndTellsWhy) {
   }
 }
 
-TEST_F(MovingTest, AQuietRefusalIsALineUntilTheNextMove) {
+TEST_F(MovingTest, AQuietRefusalIsALineUntilTheUserDoesSomethingElse) {
   platform::Settings().Verbose = false;
   Open({});
   Do("drag 52 55");
   EXPECT_TRUE(Find<QTextEdit>("OpponentComment").toPlainText().startsWith(u"The Pawn can only"_s));
   EXPECT_TRUE(desktop_.boxes.messages.empty());
-  Do("drag 52 54");
+  Do("up");
+  EXPECT_EQ(Find<QTextEdit>("OpponentComment").toPlainText(), QString());
+  Do("drag 52 55 drag 52 54");
   EXPECT_EQ(Find<QTextEdit>("OpponentComment").toPlainText(), QString());
 }
 
@@ -87,6 +89,17 @@ TEST_F(MovingTest, KeysSendUndoAndBrowse) {
   EXPECT_EQ(Game().Moves.Selected(), 1);
   QTest::keyClick(&Find("MoveList"), Qt::Key_Right);
   EXPECT_TRUE(Game().Moves.AtEnd());
+  const std::pair<const char*, int> browsing[] = {
+      {"left", 1},     {"right right", 2}, {"up left", 2},      {"escape left", 1},
+      {"click 42", 1}, {"right", 2},       {"click 42 left", 2}};
+  for (const auto& [keys, selected] : browsing) {
+    Do(keys);
+    EXPECT_EQ(Game().Moves.Selected(), selected)
+        << keys << ": the ring has the keys while it shows";
+  }
+  QTest::keyClick(&Find("CBoard"), Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(Game().Moves.Selected(), 1);
+  Do("escape escape right");
   Do("drag 42 44");
   Comment().setFocus();
   QTest::keyClick(&Comment(), Qt::Key_A);
@@ -119,8 +132,8 @@ TEST_F(MovingTest, APieceThatIsPutDownAgainIsNoMove) {
     EXPECT_TRUE(desktop_.boxes.messages.empty());
     EXPECT_EQ(Heard(), "34");
   }
-  Do("escape");
-  EXPECT_TRUE(window_->isMinimized()) << "with an empty hand";
+  Do("escape escape");
+  EXPECT_TRUE(window_->isMinimized()) << "with an empty hand and no ring";
 }
 
 TEST_F(MovingTest, WhileAPieceIsDraggedItsSquareShowsEmpty) {

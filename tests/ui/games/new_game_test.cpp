@@ -68,6 +68,7 @@ TEST_F(NewGameTest, AgainstTheComputerOnlyTheTitleIsAsked) {
   EXPECT_EQ(Opponent(), "The Computer, n/a");
   EXPECT_FALSE(Can(*dialog_, "Game_opponents_name"));
   EXPECT_FALSE(Can(*dialog_, "Resolve"));
+  EXPECT_TRUE(Field(*dialog_, "Game_name").selectedText().startsWith(u"Game of "_s));
   Type("Game_name", "Test");
   EXPECT_TRUE(CanGoOn());
   Field(*dialog_, "Game_name").clear();

@@ -9,6 +9,7 @@
 #include "board/conversation.h"
 #include "board/ends.h"
 #include "board/history.h"
+#include "board/moving.h"
 #include "board/opening.h"
 #include "board/squares.h"
 #include "platform/busy_pointer.h"
@@ -17,6 +18,7 @@
 #include "platform/setting_variables.h"
 #include "print/printing.h"
 #include "ui/board/board_picture.h"
+#include "ui/board/board_study.h"
 #include "ui/board/comment_box.h"
 #include "ui/board/conversation_form.h"
 #include "ui/board/piece_palette.h"
@@ -44,7 +46,9 @@ BoardActions BoardCommands::Actions() {
           [this] { PrintBoard(); },
           [this] { ToggleHilight(); },
           [this](int row) { board::MoveList_RowColChange(board_, row); },
-          [this] { ShowConversation(); }};
+          [this] { ShowConversation(); },
+          parts_.study ? std::function([this] { TryMoves(); }) : nullptr,
+          parts_.study ? std::function([this] { ShowNotes(); }) : nullptr};
 }
 
 void BoardCommands::Click(int button, bool byMouse) {
@@ -132,6 +136,27 @@ void BoardCommands::ShowConversation() {
   ConversationForm(board::Conversation(board_), window).exec();
   if (window) board_.LockedForDialog = false;
 }
+
+void BoardCommands::TryMoves() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  const auto wanted = parts_.study->TryMoves(board_, parts_.window);
+  if (!window) return;
+  board_.LockedForDialog = false;
+  if (wanted && !board_.ClosingDown) Play(*wanted);
+}
+
+/// As if the user had moved the piece himself, where the game stands now.
+void BoardCommands::Play(const WantedMove& move) {
+  const QPointer<QWidget> window(&parts_.window);
+  board::MoveList_RowColChange(board_, board_.Moves.Count());
+  if (!board::CBoard_MouseDown(board_, move.from)) return;
+  wantedPiece_ = move.becomes;
+  board::CBoard_DragDrop(board_, move.to, move.from);
+  if (window) wantedPiece_ = rules::NoPiece;
+}
+
+void BoardCommands::ShowNotes() { parts_.study->ShowNotes(board_, parts_.window); }
 
 void BoardCommands::ToggleHilight() {
   if (board_.HilightAsked) {

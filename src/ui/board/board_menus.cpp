@@ -34,6 +34,17 @@ MenuRow CloseRow(const BoardActions& actions) {
   return WithKey(Qt::CTRL | Qt::Key_W, {"Close", actions.Click(board::CloseButton)});
 }
 
+/// What the user does for himself.
+MenuRow StudyRow(QKeyCombination key, const char* caption, const std::function<void()>& action) {
+  const bool stored = platform::Process().CurrentGameID >= 1;
+  return WithKey(key, {caption,
+                       action,
+                       stored && action,
+                       {},
+                       {},
+                       "A game that isn't stored yet has none; it is once a move of it was sent."});
+}
+
 std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow>& others) {
   rows.insert(rows.end(), others.begin(), others.end());
   return rows;
@@ -51,6 +62,9 @@ std::vector<MenuRow> ActionsRows(const board::Game& board, const BoardActions& a
                {"Send new move", actions.Click(board::SendButton), controls.send}),
        WithKey(Qt::CTRL | Qt::Key_R,
                {"Re-send last move", actions.Click(board::ResendButton), controls.resend}),
+       {"-"},
+       StudyRow(Qt::CTRL | Qt::SHIFT | Qt::Key_T, "Try moves", actions.tryMoves),
+       StudyRow(Qt::CTRL | Qt::SHIFT | Qt::Key_N, "Notes", actions.showNotes),
        {"-"},
        WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_S,
                {"Surrender game", actions.Click(board::SurrenderButton), controls.surrender}),

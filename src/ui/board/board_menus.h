@@ -21,6 +21,8 @@ struct BoardActions {
   std::function<void()> toggleHilight = {};
   std::function<void(int row)> select = {};
   std::function<void()> showConversation = {};
+  std::function<void()> tryMoves = {};  ///< and the notes; none where nothing can be kept of it
+  std::function<void()> showNotes = {};
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };

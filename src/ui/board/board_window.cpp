@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QToolButton>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -132,10 +133,21 @@ void BoardWindow::SetSimpleUI() {
   auto* menus = new QHBoxLayout;
   menus->setSpacing(0);
   for (QAbstractButton* button : menus_->Buttons()) menus->addWidget(button);
+  if (study_) menus->addWidget(NewTryButton());
   menus->addStretch();
   LayOut(*this, {picture_, menus, playersTag_, turnTag_, drawAnswers_->Row(), moveList_, palette_,
                  opponentComment_, noteMark_, earlierComments_, playerComment_,
                  searchDisplay_->NewPlace(), trash_, buttons});
+}
+
+QWidget* BoardWindow::NewTryButton() {
+  auto* button = new QToolButton(this);
+  button->setObjectName(u"TryMovesButton"_s);
+  button->setText(u"Try &moves"_s);
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::TabFocus);
+  connect(button, &QAbstractButton::clicked, this, [this] { commands_->Actions().tryMoves(); });
+  return button;
 }
 
 /// What a window without a frame and a menu has of its own.
@@ -182,6 +194,7 @@ void BoardWindow::SetToolTips() {
       {"PlayersTag", u"Your opponent"_s},
       {"OpponentComment", u"Player comments"_s},
       {"EarlierComments", u"What has been said in this game"_s},
+      {"TryMovesButton", u"Try moves without playing them"_s},
       {"NoteMark", u"Your own notes, which nobody else gets (Ctrl+Shift+N)"_s},
       {"PlayerComment", u"Type a comment here"_s},
       {"MinimiseButton", u"Minimise the board"_s},
@@ -205,6 +218,7 @@ void BoardWindow::ShowGameBits(bool show) {
       {"Menu2Button", show},
       {"Menu2_L", show},
       {"PlayerComment", comment},
+      {"TryMovesButton", show && !board_.ComputerThinking && study_ && study_->IsAvailable()},
       {"PiecePallete", !show},
       {"PiecePallete_L", !show},
       {"PlayerComment_L", label},

@@ -74,6 +74,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
 
   void BecomeIcon();
   void SetSimpleUI();
+  QWidget* NewTryButton();
   void AddSkinnedControls();
   void Connect();
   void ShowGameBits(bool show);

@@ -79,7 +79,10 @@ bool PieceHand::Release(const QMouseEvent& event) {
 }
 
 bool PieceHand::Key(const QKeyEvent& event) {
-  if (const auto step = ArrowStepOf(event.key())) {
+  // With Ctrl the arrows are the window's.
+  const auto step = ArrowStepOf(event.key());
+  if (step && (event.modifiers() & Qt::ControlModifier)) return false;
+  if (step) {
     picture_.MoveCursor(picture_.Neighbour(picture_.Cursor(), step->right, step->up), true);
     return true;
   }

@@ -10,6 +10,7 @@
 #include "store/data_files.h"
 #include "store/other_games.h"
 #include "store/repair.h"
+#include "study/study_file.h"
 
 namespace shell {
 namespace {
@@ -45,15 +46,23 @@ void ForgetFormerGames() {
   Process().NewMoveArrived = false;
 }
 
+/// A sentence where the notes, which lie beside the games, stayed behind.
+std::string UseNotesBeside(const std::string& gameFile) {
+  const std::string trouble = study::UseNotesOf(gameFile.substr(0, gameFile.rfind('/') + 1));
+  return trouble.empty() ? "" : "|The notes that lie beside them weren't copied: " + trouble + ".";
+}
+
 void Use(const store::OtherGames& other) {
   const std::string kept = store::UseGames(other);
+  const std::string notes = UseNotesBeside(other.path);
   ForgetFormerGames();
   UpdateTrayStatus(platform::TrayOperation::Modify);
   Tell(platform::InformationIcon,
        "Copied " + store::CountedGames(other.games) + " from " + other.path +
            (kept.empty() ? "."
                          : "; the games that were here are kept as " + kept + " in the folder " +
-                               Process().DataPath + "."));
+                               Process().DataPath + ".") +
+           notes);
 }
 
 }  // namespace

@@ -45,6 +45,7 @@ inline constexpr Control boardControls[] = {
 
     // Below the board.
     {"OpponentComment", Surface::Panel, {28, 469, 326, 68}},
+    {"NoteMark", Surface::Occasion, {32, 515, 318, 20}},
     {"PlayerComment_L", Surface::Label, {374, 465, 200, 16}},
     {"EarlierComments", Surface::Occasion, {582, 461, 127, 24}},
     {"PlayerComment", Surface::Field, {374, 485, 335, 56}},

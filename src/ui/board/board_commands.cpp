@@ -11,6 +11,7 @@
 #include "board/conversation.h"
 #include "board/ends.h"
 #include "board/history.h"
+#include "board/moving.h"
 #include "board/opening.h"
 #include "board/squares.h"
 #include "platform/busy_pointer.h"
@@ -21,6 +22,7 @@
 #include "print/printing.h"
 #include "ui/board/board_exchange.h"
 #include "ui/board/board_picture.h"
+#include "ui/board/board_study.h"
 #include "ui/board/comment_box.h"
 #include "ui/board/conversation_form.h"
 #include "ui/board/piece_palette.h"
@@ -58,7 +60,9 @@ BoardActions BoardCommands::Actions() {
           [this] { CopyShownImage(); },
           [this] { PastePosition(); },
           [this] { CopyGame(parts_.window, Process().CurrentGameID); },
-          [this] { SaveGame(); }};
+          [this] { SaveGame(); },
+          parts_.study ? std::function([this] { TryMoves(); }) : nullptr,
+          parts_.study ? std::function([this] { ShowNotes(); }) : nullptr};
 }
 
 void BoardCommands::Click(int button, bool byMouse) {
@@ -175,6 +179,27 @@ void BoardCommands::SaveGame() {
   SaveGameAsPgn(parts_.window, Process().CurrentGameID);
   if (window) board_.LockedForDialog = false;
 }
+
+void BoardCommands::TryMoves() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  const auto wanted = parts_.study->TryMoves(board_, parts_.window);
+  if (!window) return;
+  board_.LockedForDialog = false;
+  if (wanted && !board_.ClosingDown) Play(*wanted);
+}
+
+/// As if the user had moved the piece himself, where the game stands now.
+void BoardCommands::Play(const WantedMove& move) {
+  const QPointer<QWidget> window(&parts_.window);
+  board::MoveList_RowColChange(board_, board_.Moves.Count());
+  if (!board::CBoard_MouseDown(board_, move.from)) return;
+  wantedPiece_ = move.becomes;
+  board::CBoard_DragDrop(board_, move.to, move.from);
+  if (window) wantedPiece_ = rules::NoPiece;
+}
+
+void BoardCommands::ShowNotes() { parts_.study->ShowNotes(board_, parts_.window); }
 
 void BoardCommands::ToggleHilight() {
   if (board_.HilightAsked) {

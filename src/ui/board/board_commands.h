@@ -14,7 +14,9 @@ class QWidget;
 
 namespace ui {
 
+struct WantedMove;
 class BoardPicture;
+class BoardStudy;
 class CommentBox;
 class PiecePalette;
 
@@ -25,6 +27,7 @@ struct BoardParts {
   BoardPicture& picture;
   PiecePalette& palette;
   CommentBox& comment;
+  BoardStudy* study;  ///< may be null
 };
 
 class BoardCommands : public QObject {
@@ -50,6 +53,9 @@ class BoardCommands : public QObject {
   /// Whether an Escape may still be meant for the computer's turn that is over.
   bool EscapeIsLate() const { return !lateEscape_.hasExpired(); }
 
+  /// What the pawn of a tried move is to become that is being played; nothing at other times.
+  rules::PieceCode WantedPiece() const { return wantedPiece_; }
+
  private:
   void Send(int button);
   void TakeTurns(int button);
@@ -62,10 +68,14 @@ class BoardCommands : public QObject {
   void PastePosition();
   void CopyShownImage();
   void SaveGame();
+  void TryMoves();
+  void Play(const WantedMove& move);
+  void ShowNotes();
 
   BoardParts parts_;
   board::Game& board_;
   const std::function<void()> openOptions_;
+  rules::PieceCode wantedPiece_ = rules::NoPiece;
   bool takingTurns_ = false;  // the user's move and the computer's are under way
   bool closesAfterTurns_ = false;
   QDeadlineTimer lateEscape_;

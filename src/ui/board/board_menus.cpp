@@ -61,12 +61,23 @@ std::vector<MenuRow> ExchangeRows(const BoardActions& actions) {
   return {{"-"},
           WithKey(Qt::CTRL | Qt::Key_C, row("Copy game", actions.copyGame)),
           WithKey(Qt::CTRL | Qt::Key_S, row("Save game as PGN...", actions.saveGame))};
-}
 
-std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow>& others) {
-  rows.insert(rows.end(), others.begin(), others.end());
-  return rows;
-}
+  /// What the user does for himself.
+  MenuRow StudyRow(QKeyCombination key, const char* caption, const std::function<void()>& action) {
+    const bool stored = platform::Process().CurrentGameID >= 1;
+    return WithKey(key,
+                   {caption,
+                    action,
+                    stored && action,
+                    {},
+                    {},
+                    "A game that isn't stored yet has none; it is once a move of it was sent."});
+  }
+
+  std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow>& others) {
+    rows.insert(rows.end(), others.begin(), others.end());
+    return rows;
+  }
 
 }  // namespace
 
@@ -80,6 +91,9 @@ std::vector<MenuRow> ActionsRows(const board::Game& board, const BoardActions& a
                OfButton(board, actions, board::SendButton, "Send new move", controls.send)),
        WithKey(Qt::CTRL | Qt::Key_R,
                OfButton(board, actions, board::ResendButton, "Re-send last move", controls.resend)),
+       {"-"},
+       StudyRow(Qt::CTRL | Qt::SHIFT | Qt::Key_T, "Try moves", actions.tryMoves),
+       StudyRow(Qt::CTRL | Qt::SHIFT | Qt::Key_N, "Notes", actions.showNotes),
        {"-"},
        WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_S, OfButton(board, actions, board::SurrenderButton,
                                                           "Surrender game", controls.surrender)),

@@ -26,6 +26,8 @@ struct BoardActions {
   std::function<void()> pastePosition = {};  ///< while a position is set up
   std::function<void()> copyGame = {};
   std::function<void()> saveGame = {};  ///< into a file for other programs
+  std::function<void()> tryMoves = {};  ///< and the notes; none where nothing can be kept of it
+  std::function<void()> showNotes = {};
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };

@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QShortcut>
+#include <QToolButton>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -30,14 +31,17 @@
 #include "skin/task_bar.h"
 #include "skin/window_skin.h"
 #include "ui/board/board_commands.h"
+#include "ui/board/board_study.h"
 #include "ui/board/board_toolbar.h"
 #include "ui/board/comment_box.h"
 #include "ui/board/draw_answers.h"
 #include "ui/board/exchange_pawn.h"
 #include "ui/board/floating_piece.h"
+#include "ui/board/game_under_hand.h"
 #include "ui/board/link_button.h"
 #include "ui/board/menu_access.h"
 #include "ui/board/move_list_table.h"
+#include "ui/board/note_mark.h"
 #include "ui/board/opponent_words.h"
 #include "ui/board/piece_hand.h"
 #include "ui/board/piece_palette.h"
@@ -72,8 +76,10 @@ void SetBold(QWidget* widget, bool bold) {
 
 }  // namespace
 
-BoardWindow::BoardWindow(const boards::ChessGraphics& graphics, std::function<void()> openOptions)
+BoardWindow::BoardWindow(const boards::ChessGraphics& graphics, std::function<void()> openOptions,
+                         BoardStudy* study)
     : graphics_(graphics),
+      study_(study),
       board_(*this),
       picture_(new BoardPicture(graphics,
                                 IsSimpleUI() ? BoardPicture::plainEdge : layouts::boardBand, this)),
@@ -86,9 +92,10 @@ BoardWindow::BoardWindow(const boards::ChessGraphics& graphics, std::function<vo
       playerComment_(new CommentBox(this)),
       playerCommentLabel_(new QLabel(this)),
       earlierComments_(new LinkButton(u"EarlierComments"_s, u"Earlier comments"_s, this)),
+      noteMark_(new NoteMark(this)),
       searchDisplay_(new SearchDisplay(*this, *playerCommentLabel_, board_)),
       trash_(new Trash(this)),
-      commands_(new BoardCommands({*this, board_, *picture_, *palette_, *playerComment_},
+      commands_(new BoardCommands({*this, board_, *picture_, *palette_, *playerComment_, study},
                                   std::move(openOptions))) {
   setObjectName(u"Board"_s);
   setAttribute(Qt::WA_DeleteOnClose);
@@ -101,12 +108,13 @@ BoardWindow::BoardWindow(const boards::ChessGraphics& graphics, std::function<vo
       *this, [this](int button, bool byMouse) { commands_->Click(button, byMouse); });
   menus_ = new MenuAccess(*this, board_, *picture_, *moveList_, commands_->Actions());
   if (!IsSimpleUI()) AddSkinnedControls();
-  hand_ = new PieceHand(board_, *picture_, *floating_, this);
+  hand_ = new PieceHand(std::make_unique<GameUnderHand>(board_), *picture_, *floating_, this);
   setupHand_ = new SetupHand(board_, *picture_, *palette_, *trash_, *floating_, this);
   palette_->hide();
   open_ = TakeLook(*this, layouts::board, [this] { SetSimpleUI(); });
   if (!open_) return;
   Connect();
+  if (study_) study_->Open();
   board::Form_Load(board_);
   SetToolTips();
   Refresh();
@@ -126,10 +134,21 @@ void BoardWindow::SetSimpleUI() {
   auto* menus = new QHBoxLayout;
   menus->setSpacing(0);
   for (QAbstractButton* button : menus_->Buttons()) menus->addWidget(button);
+  if (study_) menus->addWidget(NewTryButton());
   menus->addStretch();
   LayOut(*this, {picture_, menus, playersTag_, turnTag_, drawAnswers_->Row(), moveList_, palette_,
-                 opponentComment_, earlierComments_, playerComment_, searchDisplay_->NewPlace(),
-                 trash_, buttons});
+                 opponentComment_, noteMark_, earlierComments_, playerComment_,
+                 searchDisplay_->NewPlace(), trash_, buttons});
+}
+
+QWidget* BoardWindow::NewTryButton() {
+  auto* button = new QToolButton(this);
+  button->setObjectName(u"TryMovesButton"_s);
+  button->setText(u"Try &moves"_s);
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::TabFocus);
+  connect(button, &QAbstractButton::clicked, this, [this] { commands_->Actions().tryMoves(); });
+  return button;
 }
 
 /// What a window without a frame and a menu has of its own.
@@ -150,6 +169,8 @@ void BoardWindow::Connect() {
           [this](int row) { board::MoveList_RowColChange(board_, row); });
   connect(earlierComments_, &QAbstractButton::clicked, this,
           [this] { commands_->Actions().showConversation(); });
+  connect(noteMark_, &QAbstractButton::clicked, this, [this] { commands_->Actions().showNotes(); });
+  if (study_) connect(study_, &BoardStudy::NotesChanged, this, &BoardWindow::ShowNote);
   connect(floating_, &FloatingPiece::Settled, picture_, &BoardPicture::Uncover);
   connect(playerComment_, &QPlainTextEdit::textChanged, this,
           [this] { board_.PlayerComment = playerComment_->toPlainText().toStdString(); });
@@ -177,6 +198,8 @@ void BoardWindow::SetToolTips() {
       {"PlayersTag", u"Your opponent"_s},
       {"OpponentComment", u"Player comments"_s},
       {"EarlierComments", u"What has been said in this game"_s},
+      {"TryMovesButton", u"Try moves without playing them"_s},
+      {"NoteMark", u"Your own notes, which nobody else gets (Ctrl+Shift+N)"_s},
       {"PlayerComment", u"Type a comment here"_s},
       {"MinimiseButton", u"Minimise the board"_s},
       {"MoveList", u"History of previous moves"_s},
@@ -199,6 +222,7 @@ void BoardWindow::ShowGameBits(bool show) {
       {"Menu2Button", show},
       {"Menu2_L", show},
       {"PlayerComment", comment},
+      {"TryMovesButton", show && !board_.ComputerThinking && study_ && study_->IsAvailable()},
       {"PiecePallete", !show},
       {"PiecePallete_L", !show},
       {"PlayerComment_L", label},
@@ -241,6 +265,7 @@ void BoardWindow::Refresh() {
   setWindowTitle(Cut(ShownLine(board_.Caption), longestTitle));
   ShowTags();
   opponentComment_->Refresh();
+  ShowNote();
   moveList_->ShowMoves(board_.Moves, board::TopRow(board_));
   picture_->ShowDots(board::ShownPath(board_));
   picture_->ShowLastMove(board::ShownMove(board_));
@@ -268,7 +293,20 @@ void BoardWindow::ShowTags() {
                    playersTag_->y() + std::min(high, playersTag_->height()));
 }
 
+void BoardWindow::ShowNote() {
+  const bool shown = study_ && !platform::Process().BoardSetupMode;
+  noteMark_->Show(shown ? study_->NoteOn(board_) : QString());
+  if (IsSimpleUI()) return;
+  // It takes the lowest line of what the opponent said.
+  constexpr layouts::Rect place = layouts::RectOf(layouts::board, "OpponentComment");
+  constexpr layouts::Rect mark = layouts::RectOf(layouts::board, "NoteMark");
+  const bool marked = !noteMark_->isHidden();
+  opponentComment_->setGeometry(place.x, place.y, place.width,
+                                marked ? mark.y - place.y : place.height);
+}
+
 rules::PieceCode BoardWindow::ExchangePawn(rules::Side side) {
+  if (commands_->WantedPiece() != rules::NoPiece) return commands_->WantedPiece();
   return ui::ExchangePawn(graphics_, side, this).Choose();
 }
 

@@ -18,6 +18,7 @@ class QLabel;
 namespace ui {
 
 class BoardCommands;
+class BoardStudy;
 class BoardToolbar;
 class CommentBox;
 class DrawAnswers;
@@ -25,6 +26,7 @@ class FloatingPiece;
 class LinkButton;
 class MenuAccess;
 class MoveListTable;
+class NoteMark;
 class OpponentWords;
 class PieceHand;
 class PiecePalette;
@@ -38,10 +40,10 @@ class BoardWindow final : public QWidget, private board::BoardView {
   Q_OBJECT
 
  public:
-  /// The graphics must outlive the window. `openOptions` shows the options, and returns when they
-  /// are closed.
+  /// The graphics, and the study where there is one, must outlive the window. `openOptions` shows
+  /// the options, and returns when they are closed.
   explicit BoardWindow(const boards::ChessGraphics& graphics,
-                       std::function<void()> openOptions = {});
+                       std::function<void()> openOptions = {}, BoardStudy* study = nullptr);
 
   /// False where the window's skin failed: there is no game in it then.
   bool IsOpen() const { return open_; }
@@ -75,12 +77,15 @@ class BoardWindow final : public QWidget, private board::BoardView {
 
   void BecomeIcon();
   void SetSimpleUI();
+  QWidget* NewTryButton();
   void AddSkinnedControls();
   void Connect();
   void ShowGameBits(bool show);
   void ShowTags();
+  void ShowNote();
 
   const boards::ChessGraphics& graphics_;
+  BoardStudy* const study_;
   board::Game board_;
   QTimer checkTimer_;
 
@@ -96,6 +101,7 @@ class BoardWindow final : public QWidget, private board::BoardView {
   CommentBox* playerComment_;
   QLabel* playerCommentLabel_;
   LinkButton* earlierComments_;
+  NoteMark* noteMark_;
   SearchDisplay* searchDisplay_;
   Trash* trash_;
   BoardCommands* commands_;

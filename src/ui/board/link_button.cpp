@@ -11,8 +11,9 @@ constexpr int marginSideways = 4;
 constexpr int marginUpright = 3;
 }  // namespace
 
-LinkButton::LinkButton(const QString& name, const QString& caption, QWidget* parent)
-    : QAbstractButton(parent) {
+LinkButton::LinkButton(const QString& name, const QString& caption, QWidget* parent,
+                       Qt::Alignment side)
+    : QAbstractButton(parent), side_(side) {
   setObjectName(name);
   setText(caption);
   setCursor(Qt::PointingHandCursor);
@@ -32,7 +33,7 @@ void LinkButton::paintEvent(QPaintEvent*) {
   underlined.setUnderline(true);
   painter.setFont(underlined);
   const QRect place = rect().adjusted(marginSideways, 0, -marginSideways, 0);
-  painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, text());
+  painter.drawText(place, side_ | Qt::AlignVCenter, text());
   if (!hasFocus()) return;
   painter.setPen(palette().color(QPalette::Highlight));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));

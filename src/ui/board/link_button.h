@@ -10,13 +10,17 @@ class LinkButton : public QAbstractButton {
   Q_OBJECT
 
  public:
-  LinkButton(const QString& name, const QString& caption, QWidget* parent);
+  LinkButton(const QString& name, const QString& caption, QWidget* parent,
+             Qt::Alignment side = Qt::AlignRight);
 
   QSize sizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  const Qt::Alignment side_;
 };
 
 }  // namespace ui

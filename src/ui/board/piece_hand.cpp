@@ -6,24 +6,21 @@
 
 #include <utility>
 
-#include "board/moving.h"
-#include "platform/process_state.h"
 #include "platform/setting_variables.h"
-#include "rules/test_moves.h"
 #include "ui/board/hand_parts.h"
 
 namespace ui {
 
 using rules::Square;
 
-PieceHand::PieceHand(board::Game& board, BoardPicture& picture, FloatingPiece& floating,
-                     QObject* parent)
-    : QObject(parent), board_(board), picture_(picture), floating_(floating) {
+PieceHand::PieceHand(std::unique_ptr<BoardUnderHand> board, BoardPicture& picture,
+                     FloatingPiece& floating, QObject* parent)
+    : QObject(parent), board_(std::move(board)), picture_(picture), floating_(floating) {
   picture_.installEventFilter(this);
 }
 
 bool PieceHand::eventFilter(QObject*, QEvent* event) {
-  if (platform::Process().BoardSetupMode) return false;
+  if (board_->Rests()) return false;
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -82,8 +79,9 @@ bool PieceHand::Release(const QMouseEvent& event) {
 }
 
 bool PieceHand::Key(const QKeyEvent& event) {
+  // With Ctrl or Alt the arrows are the window's.
   const auto step = ArrowStepOf(event.key());
-  if (event.modifiers() & Qt::AltModifier) return false;
+  if (step && (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier))) return false;
   if (step && (step->up != 0 || held_ || picture_.ShowsRing())) {
     picture_.MoveCursor(picture_.Neighbour(picture_.Cursor(), step->right, step->up), true);
     return true;
@@ -124,31 +122,28 @@ void PieceHand::ActOn(Square square) {
 
 /// A press or Enter on a square. True where a piece of that square is in the hand now.
 bool PieceHand::Touch(Square square) {
-  const bool ownPiece = rules::SideOf(square) == rules::ThePosition().SideToMove;
+  const bool ownPiece = rules::SideOfPiece(board_->PieceOn(square)) == board_->SideToMove();
   if (held_ == square) return true;
   if (held_ && !ownPiece) {
     Drop(square);
     return false;
   }
   LetGo();
-  if (!board::CBoard_MouseDown(board_, square)) return false;
+  if (!board_->PickUp(square)) return false;
   held_ = square;
   ShowTargets();
   return true;
 }
 
 void PieceHand::ShowTargets() {
-  if (!platform::Settings().ShowMoves) return;
-  const board::MoveList& moves = board_.Moves;
-  picture_.ShowTargets(
-      rules::LegalTargets(rules::ThePosition().SideToMove, *held_, moves.MoveOf(moves.Count())));
+  if (platform::Settings().ShowMoves) picture_.ShowTargets(board_->TargetsFrom(*held_));
 }
 
 void PieceHand::SetDown() {
   if (!held_) return;
   const Square square = *held_;
   LetGo();
-  board::CBoard_DragDrop(board_, square, square);
+  board_->Drop(square, square);
 }
 
 void PieceHand::LetGo() {
@@ -169,12 +164,12 @@ void PieceHand::Drop(std::optional<Square> target) {
   floating_.SettleAt(CornerOf(source));
   const int cellBefore = target ? picture_.CellOn(*target) : 0;
   const auto turning = connect(&picture_, &BoardPicture::Painted, this, [&](Square painted) {
-    const bool taken = rules::SideOf(source) == rules::NoSide;
+    const bool taken = board_->PieceOn(source) == rules::NoPiece;
     if (painted != target || !taken || !floating_.IsSettling()) return;
     picture_.Cover(*target, cellBefore);
     floating_.SettleAt(CornerOf(*target));
   });
-  board::CBoard_DragDrop(board_, target.value_or(Square{}), source);
+  board_->Drop(target.value_or(Square{}), source);
   disconnect(turning);
 }
 
@@ -185,8 +180,7 @@ QPoint PieceHand::CornerOf(Square square) const {
 /// Takes a square's piece off the picture, the pointer being `grab` away from its corner.
 void PieceHand::Float(Square square, QPoint grab) {
   grab_ = grab;
-  const rules::PieceCode piece = rules::ThePosition().BoardState.At(square);
-  floating_.PickUp(picture_.FloatingPicture(piece), CornerOf(square));
+  floating_.PickUp(picture_.FloatingPicture(board_->PieceOn(square)), CornerOf(square));
   picture_.Cover(square, EmptyCell(square));
 }
 

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The user's hand on the board: dragging a piece, clicking it and then its target, or moving a
 // cursor with the arrow keys and picking up and dropping with Enter or Space. All of them end in
-// the same two operations of the logic, a pick-up and a drop on squares. The keys to both sides are
+// the same two operations of the board, a pick-up and a drop on squares. The keys to both sides are
 // his only while a piece is in the hand or the cursor is seen; else the window goes through the
-// moves with them. While a position is
-// set up it keeps still; SetupHand is at work then.
+// moves with them.
 #pragma once
 
 #include <QObject>
 #include <QPoint>
 
+#include <memory>
 #include <optional>
 
-#include "board/game.h"
 #include "ui/board/board_picture.h"
+#include "ui/board/board_under_hand.h"
 #include "ui/board/floating_piece.h"
 
 class QKeyEvent;
@@ -25,8 +25,9 @@ class PieceHand : public QObject {
   Q_OBJECT
 
  public:
-  /// Listens to the picture. All three must outlive the hand.
-  PieceHand(board::Game& board, BoardPicture& picture, FloatingPiece& floating, QObject* parent);
+  /// Listens to the picture. It and the floating piece must outlive the hand.
+  PieceHand(std::unique_ptr<BoardUnderHand> board, BoardPicture& picture, FloatingPiece& floating,
+            QObject* parent);
 
   /// Puts a held piece back on its square.
   void SetDown();
@@ -52,7 +53,7 @@ class PieceHand : public QObject {
   void PutAway();
   QPoint CornerOf(rules::Square square) const;
 
-  board::Game& board_;
+  const std::unique_ptr<BoardUnderHand> board_;
   BoardPicture& picture_;
   FloatingPiece& floating_;
   std::optional<rules::Square> held_;  // the square of the piece in the hand

@@ -46,6 +46,7 @@ QVBoxLayout* NewTalkColumn(const PlainBoard& board) {
   auto* column = new QVBoxLayout;
   column->setSpacing(spacing);
   column->addWidget(board.opponentWords);
+  column->addWidget(board.noteMark);
   column->addWidget(board.earlierComments, 0, Qt::AlignRight);
   column->addStretch();
   column->addLayout(NewSharedPlace({board.playerComment, board.search, board.trash}));

@@ -19,6 +19,7 @@ struct PlainBoard {
   QWidget* moveList;
   QWidget* palette;  ///< shares its place
   QWidget* opponentWords;
+  QWidget* noteMark;
   QWidget* earlierComments;
   QWidget* playerComment;
   QWidget* search;  ///< share that place

@@ -158,7 +158,8 @@ std::optional<std::string> ProgramWindows::AskAddress(const std::string& name,
 }
 
 void ProgramWindows::OpenBoard(bool toFront) {
-  QPointer<BoardWindow> board = Made<BoardWindow>(graphics_, [this] { OpenOptions(); });
+  QPointer<BoardWindow> board = Made<BoardWindow>(
+      graphics_, [this] { OpenOptions(); }, &study_);
   if (!board->IsOpen()) {
     delete board;
     return;

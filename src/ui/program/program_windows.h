@@ -14,6 +14,7 @@
 #include "ui/games/game_interface.h"
 #include "ui/games/new_game_info.h"
 #include "ui/program/splash_screen.h"
+#include "ui/study/study_desk.h"
 
 namespace ui {
 
@@ -60,6 +61,7 @@ class ProgramWindows : public QObject, public platform::Windows {
   OtherErrands errands_;
   std::unique_ptr<QMenu> listMenu_;  // the last one that was opened
   boards::ChessGraphics graphics_;
+  StudyDesk study_{graphics_};
   QPointer<SplashScreen> splash_;
   QPointer<GameInterface> list_;
   QPointer<BoardWindow> board_;

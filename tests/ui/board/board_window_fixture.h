@@ -130,6 +130,7 @@ class BoardWindowTest : public SkinTest {
   }
 
   const boards::ChessGraphics graphics_ = ColouredGraphics();
+  BoardStudy* study_ = nullptr;
   QPointer<BoardWindow> window_;
 
  private:
@@ -137,7 +138,7 @@ class BoardWindowTest : public SkinTest {
     delete window_;
     platform::Settings().SimpleUI = look == Look::Plain;
     Process().CurrentGameID = id;
-    window_ = new BoardWindow(graphics_);
+    window_ = new BoardWindow(graphics_, {}, study_);
     BringUp(*window_);
     desktop_.sounds.played.clear();
     desktop_.boxes.messages.clear();

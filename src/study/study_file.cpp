@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "study/study_file.h"
+
+#include <exception>
+
+#include "platform/messages.h"
+#include "platform/process_state.h"
+#include "platform/seams.h"
+#include "store/data_files.h"
+
+namespace study {
+
+namespace {
+
+constexpr int layoutNumber = 1;
+
+constexpr const char* tables[] = {
+    "CREATE TABLE IF NOT EXISTS game_note (game INTEGER, stamp TEXT, note TEXT NOT NULL, "
+    "PRIMARY KEY (game, stamp))",
+    "CREATE TABLE IF NOT EXISTS position_note (game INTEGER, stamp TEXT, position TEXT, "
+    "note TEXT NOT NULL, PRIMARY KEY (game, stamp, position))",
+    "CREATE TABLE IF NOT EXISTS tried_lines (game INTEGER, stamp TEXT, ply INTEGER, position TEXT, "
+    "moves TEXT NOT NULL, PRIMARY KEY (game, stamp, ply, position))",
+};
+
+platform::Files& Files() { return *platform::TheSeams().files; }
+
+void TellUser(const std::string& text) {
+  platform::ShowMessage(platform::DatabaseIcon, "Your notes", text, "OK", {}, false,
+                        platform::FailureSound);
+}
+
+/// Answers the name that the file has now.
+std::string PutAside(const std::string& start) {
+  const std::string name = store::FreeName(start, ".sqlite");
+  const std::string path = platform::Process().DataPath + name;
+  const std::string journal = NotesPath() + "-journal";
+  // A change that was cut off belongs to the file.
+  if (Files().Exists(journal)) Files().Rename(journal, path + "-journal");
+  Files().Rename(NotesPath(), path);
+  return name;
+}
+
+int LayoutOf(NotesDatabase& database) {
+  int number = 0;
+  database.Run("PRAGMA user_version", {}, [&number](const NotesDatabase::Row& row) {
+    number = static_cast<int>(row.Number(0));
+  });
+  return number;
+}
+
+void LookOver(NotesDatabase& database) {
+  database.Run("PRAGMA quick_check(1)", {}, [](const NotesDatabase::Row& row) {
+    if (row.Text(0) != "ok") throw DatabaseError(Trouble::Damaged, row.Text(0));
+  });
+}
+
+}  // namespace
+
+std::string NotesPath() { return platform::Process().DataPath + notesFile; }
+
+void StudyFile::Prepare(NotesDatabase& database) {
+  const int number = LayoutOf(database);
+  if (number > layoutNumber) {
+    throw DatabaseError(Trouble::Newer, "layout " + std::to_string(number));
+  }
+  if (!lookedOver_) LookOver(database);
+  lookedOver_ = true;
+  if (number == layoutNumber) return;
+  database.InOneStep([&database] {
+    for (const char* table : tables) database.Run(table);
+    database.Run("PRAGMA user_version = " + std::to_string(layoutNumber));
+  });
+}
+
+GameStudy StudyFile::Read(const GameIdentity& game) {
+  GameStudy kept;
+  const auto read = [&](NotesDatabase& database) {
+    kept = {};
+    using Row = NotesDatabase::Row;
+    database.Run("SELECT note FROM game_note WHERE game = ? AND stamp = ?",
+                 {game.number, game.stamp}, [&](const Row& row) { kept.note = row.Text(0); });
+    database.Run("SELECT position, note FROM position_note WHERE game = ? AND stamp = ?",
+                 {game.number, game.stamp},
+                 [&](const Row& row) { kept.positionNotes[row.Text(0)] = row.Text(1); });
+    database.Run(
+        "SELECT ply, position, moves FROM tried_lines WHERE game = ? AND stamp = ? ORDER BY ply",
+        {game.number, game.stamp}, [&](const Row& row) {
+          kept.lines.push_back({static_cast<int>(row.Number(0)), row.Text(1), row.Text(2)});
+        });
+  };
+  return Do(false, read) ? kept : GameStudy();
+}
+
+bool StudyFile::KeepNote(const GameIdentity& game, const std::string& note) {
+  return Keep(note.empty(), [&](NotesDatabase& database) {
+    if (note.empty()) {
+      database.Run("DELETE FROM game_note WHERE game = ? AND stamp = ?", {game.number, game.stamp});
+    } else {
+      database.Run("INSERT OR REPLACE INTO game_note VALUES (?, ?, ?)",
+                   {game.number, game.stamp, note});
+    }
+  });
+}
+
+bool StudyFile::KeepPositionNote(const GameIdentity& game, const std::string& position,
+                                 const std::string& note) {
+  return Keep(note.empty(), [&](NotesDatabase& database) {
+    if (note.empty()) {
+      database.Run("DELETE FROM position_note WHERE game = ? AND stamp = ? AND position = ?",
+                   {game.number, game.stamp, position});
+    } else {
+      database.Run("INSERT OR REPLACE INTO position_note VALUES (?, ?, ?, ?)",
+                   {game.number, game.stamp, position, note});
+    }
+  });
+}
+
+bool StudyFile::KeepLines(const GameIdentity& game, const std::vector<TriedLines>& lines) {
+  return Keep(lines.empty(), [&](NotesDatabase& database) {
+    database.InOneStep([&] {
+      database.Run("DELETE FROM tried_lines WHERE game = ? AND stamp = ?",
+                   {game.number, game.stamp});
+      for (const TriedLines& tried : lines) {
+        database.Run("INSERT OR REPLACE INTO tried_lines VALUES (?, ?, ?, ?, ?)",
+                     {game.number, game.stamp, tried.ply, tried.position, tried.moves});
+      }
+    });
+  });
+}
+
+/// To keep nothing needs no file.
+bool StudyFile::Keep(bool isBlank, const Work& work) { return Do(!isBlank, work); }
+
+bool StudyFile::Do(bool create, const Work& work) {
+  try {
+    try {
+      return DoOnce(create, work);
+    } catch (const DatabaseError& error) {
+      if (error.trouble != Trouble::Damaged) throw;
+    }
+    const std::string name = PutAside("Notes.damaged-");
+    TellUser("The file of your notes is damaged and was put aside as " + name +
+             "; your games are as they were, and what you note from now on is kept in a new file.");
+    return DoOnce(create, work);
+  } catch (const DatabaseError& error) {
+    Tell(error);
+  } catch (const std::exception& error) {
+    Tell(DatabaseError(Trouble::Other, error.what()));
+  }
+  return false;
+}
+
+bool StudyFile::DoOnce(bool create, const Work& work) {
+  if (!create && !Files().Exists(NotesPath())) return true;
+  NotesDatabase database(NotesPath(), create);
+  Prepare(database);
+  work(database);
+  told_.erase(Trouble::Locked);
+  return true;
+}
+
+void StudyFile::Tell(const DatabaseError& error) {
+  if (!told_.insert(error.trouble).second) return;
+  switch (error.trouble) {
+    case Trouble::Newer:
+      return TellUser(
+          "Your notes were written by a later version of Tarvolenix, so they aren't shown and "
+          "nothing is added to them here.");
+    case Trouble::Locked:
+      return TellUser(
+          "Another program is at work in the file of your notes, so they can't be read or kept "
+          "until it lets go of it.");
+    default:
+      return TellUser("Your notes can't be read or kept (" + NotesPath() + "): " + error.what() +
+                      ".");
+  }
+}
+
+std::string UseNotesOf(const std::string& folder) {
+  const std::string source = folder + notesFile;
+  const std::string copy = platform::Process().DataPath + "Notes.new";
+  try {
+    if (!Files().Exists(source)) return {};
+    store::RemoveQuietly(copy);
+    {
+      NotesDatabase other(source, false);
+      LookOver(other);
+      other.Run("VACUUM INTO ?", {copy});
+    }
+    if (Files().Exists(NotesPath())) PutAside("Notes.replaced-");
+    Files().Rename(copy, NotesPath());
+    return {};
+  } catch (const std::exception& error) {
+    store::RemoveQuietly(copy);
+    return error.what();
+  }
+}
+
+}  // namespace study

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/study/try_form.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <utility>
+
+#include "platform/help.h"
+#include "skin/look.h"
+#include "ui/board/exchange_pawn.h"
+#include "ui/board/floating_piece.h"
+#include "ui/board/piece_hand.h"
+#include "ui/help/help_key.h"
+#include "ui/study/lines_view.h"
+#include "ui/study/note_box.h"
+#include "ui/study/tried_board.h"
+#include "ui/study/try_frame.h"
+#include "widgets/dialog_button.h"
+#include "widgets/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+using study::VariationTree;
+
+/// What goes through the tree or changes it, and returns false where it can't.
+struct TryForm::Command {
+  const char* name;
+  const char* caption;
+  const char* meaning;
+  std::initializer_list<QKeyCombination> keys;
+  bool (*run)(VariationTree& tree);
+  bool changes = false;
+};
+
+const TryForm::Command TryForm::commands[] = {
+    {"FirstButton",
+     "|<",
+     "To where the game is now, then to its start (Home)",
+     {Qt::Key_Home},
+     [](VariationTree& tree) { return tree.First(); }},
+    {"BackButton",
+     "<",
+     "One move back (Page Up or Ctrl+Left)",
+     {Qt::Key_PageUp, Qt::CTRL | Qt::Key_Left},
+     [](VariationTree& tree) { return tree.Back(); }},
+    {"ForwardButton",
+     ">",
+     "One move on (Page Down or Ctrl+Right)",
+     {Qt::Key_PageDown, Qt::CTRL | Qt::Key_Right},
+     [](VariationTree& tree) { return tree.Forward(); }},
+    {"LastButton",
+     ">|",
+     "To the end of the line (End)",
+     {Qt::Key_End},
+     [](VariationTree& tree) { return tree.Last(); }},
+    {"PreviousLineButton",
+     "Line &above",
+     "To the line above that begins here (Ctrl+Up)",
+     {Qt::CTRL | Qt::Key_Up},
+     [](VariationTree& tree) { return tree.PreviousSibling(); }},
+    {"NextLineButton",
+     "Line belo&w",
+     "To the line below that begins here (Ctrl+Down)",
+     {Qt::CTRL | Qt::Key_Down},
+     [](VariationTree& tree) { return tree.NextSibling(); }},
+    {"PromoteButton",
+     "Put &first",
+     "Puts this line before the others (Ctrl+Home)",
+     {Qt::CTRL | Qt::Key_Home},
+     [](VariationTree& tree) { return tree.Promote(tree.Cursor()); },
+     true},
+    {"DeleteButton",
+     "&Delete line",
+     "Takes this move and what follows it away (Delete)",
+     {Qt::Key_Delete},
+     [](VariationTree& tree) { return tree.Delete(tree.Cursor()); },
+     true},
+};
+
+namespace {
+
+constexpr int margin = 16;
+constexpr int spacing = 8;
+
+/// The same keys without Ctrl, for the list of lines, where the arrows have nothing else to do.
+const std::pair<int, QKeyCombination> keysOfLines[] = {
+    {Qt::Key_Left, Qt::CTRL | Qt::Key_Left},
+    {Qt::Key_Right, Qt::CTRL | Qt::Key_Right},
+    {Qt::Key_Up, Qt::CTRL | Qt::Key_Up},
+    {Qt::Key_Down, Qt::CTRL | Qt::Key_Down},
+};
+
+QString SideName(rules::Side side) { return side == rules::White ? u"White"_s : u"Black"_s; }
+
+}  // namespace
+
+TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, TryOptions options,
+                 QWidget* parent)
+    : QDialog(parent),
+      tree_(tree),
+      graphics_(graphics),
+      options_(std::move(options)),
+      picture_(new BoardPicture(graphics, BoardPicture::plainEdge, this)),
+      frame_(new TryFrame(*picture_, options_.squaresWidth + 2 * BoardPicture::plainEdge,
+                          u"Trying out - nothing is sent"_s, this)),
+      words_(new QLabel(this)),
+      lines_(new LinesView(tree, this)),
+      note_(new NoteBox(u"PositionNote"_s, u"Note on this position"_s, this)),
+      play_(NewDialogButton(u"PlayButton"_s, u"&Play this"_s)) {
+  setObjectName(u"TryForm"_s);
+  setWindowTitle(u"Try moves"_s);
+  GiveHelpKey(*this, platform::HelpOfBoard);
+  words_->setObjectName(u"TriedWords"_s);
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(margin, margin, margin, margin);
+  layout->setSpacing(margin);
+  layout->addWidget(frame_, 1);
+  layout->addLayout(NewSide());
+  LayOutSquares();
+  AddHand();
+  connect(lines_, &LinesView::Chosen, this, &TryForm::GoTo);
+  connect(note_, &NoteBox::Changed, this, [this] {
+    Q_EMIT NoteChanged(study::PositionKey(ShownPosition().BoardState, ShownTurn().side),
+                       note_->Note());
+  });
+  TakeDialogLook(*this);
+  // How large buttons are only their style knows.
+  for (QWidget* part : findChildren<QWidget*>()) part->ensurePolished();
+  for (QLayout* part : findChildren<QLayout*>()) part->invalidate();
+  resize(sizeHint());
+  Refresh();
+  picture_->setFocus();
+}
+
+void TryForm::LayOutSquares() {
+  picture_->ShowCoordinates(options_.coordinates);
+  const bool white = options_.viewSide == rules::White;
+  for (int i = 0; i < 64; ++i) {
+    const rules::Square square = rules::SquareAt(i);
+    picture_->Place(square, white ? board::GridPlace{square.x - 1, square.y - 1}
+                                  : board::GridPlace{8 - square.x, 8 - square.y});
+  }
+}
+
+void TryForm::AddHand() {
+  auto* floating = new FloatingPiece(this);
+  connect(floating, &FloatingPiece::Settled, picture_, &BoardPicture::Uncover);
+  const TriedBoard::Answers answers{
+      [this](rules::Side side) { return ExchangePawn(graphics_, side, this).Choose(); },
+      [this] {
+        Refresh();
+        Q_EMIT LinesChanged();
+      },
+      [this] { words_->setText(u"The rules don't allow that move."_s); }};
+  new PieceHand(std::make_unique<TriedBoard>(tree_, answers), *picture_, *floating, this);
+}
+
+QAbstractButton* TryForm::NewCommandButton(const Command& command) {
+  auto* button =
+      NewDialogButton(QLatin1StringView(command.name), QLatin1StringView(command.caption), 48);
+  button->setToolTip(QLatin1StringView(command.meaning));
+  button->setAccessibleDescription(button->toolTip());
+  connect(button, &QPushButton::clicked, this, [this, &command] { Do(command); });
+  buttons_.push_back(button);
+  return button;
+}
+
+/// What stands at the right of the board.
+QLayout* TryForm::NewSide() {
+  auto* side = new QVBoxLayout;
+  side->setSpacing(spacing);
+  side->addWidget(words_);
+  side->addWidget(lines_, 3);
+  QHBoxLayout* row = nullptr;
+  for (const Command& command : commands) {
+    if (buttons_.size() % 4 == 0) side->addLayout(row = new QHBoxLayout);
+    row->setSpacing(spacing);
+    row->addWidget(NewCommandButton(command), 1);
+  }
+  side->addSpacing(spacing);
+  auto* noteLabel = new QLabel(u"&Note on this position"_s, this);
+  noteLabel->setBuddy(note_);
+  side->addWidget(noteLabel);
+  side->addWidget(note_, 1);
+  side->addSpacing(spacing);
+  auto* ends = new QHBoxLayout;
+  ends->setSpacing(spacing);
+  auto* back = NewDialogButton(u"BackToGameButton"_s, u"&Back to the game"_s);
+  connect(back, &QPushButton::clicked, this, &QDialog::reject);
+  connect(play_, &QAbstractButton::clicked, this, [this] {
+    wantsToPlay_ = true;
+    accept();
+  });
+  ends->addStretch();
+  ends->addWidget(back);
+  ends->addWidget(play_);
+  side->addLayout(ends);
+  return side;
+}
+
+void TryForm::GoTo(VariationTree::Node node) {
+  tree_.GoTo(node);
+  Refresh();
+}
+
+void TryForm::Do(const Command& command) {
+  if (!command.run(tree_)) return;
+  Refresh();
+  if (command.changes) Q_EMIT LinesChanged();
+}
+
+void TryForm::Refresh() {
+  words_->setText(Words());
+  lines_->Refresh();
+  ShowSquares();
+  note_->Show(options_.noteOn(study::PositionKey(ShownPosition().BoardState, ShownTurn().side)));
+  ShowOffers();
+  Q_EMIT PositionShown();
+}
+
+void TryForm::ShowSquares() {
+  picture_->Uncover();
+  for (int i = 0; i < 64; ++i) {
+    const rules::Square square = rules::SquareAt(i);
+    const int cell = CellOf(ShownPosition(), square);
+    if (picture_->CellOn(square) != cell) picture_->PaintSquare(square, cell);
+  }
+  const rules::LastMove move = ShownTurn().lastMove;
+  picture_->ShowLastMove(move ? std::optional(move) : std::nullopt);
+}
+
+/// A command that can't do anything here is told by a tree that it is tried on.
+void TryForm::ShowOffers() {
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    VariationTree other = tree_;
+    buttons_[i]->setEnabled(commands[i].run(other));
+  }
+  const auto next = tree_.NextMoveOfGame();
+  play_->setEnabled(next && options_.whyNotPlay.isEmpty());
+  play_->setToolTip(!options_.whyNotPlay.isEmpty() ? options_.whyNotPlay
+                    : next ? u"Makes the first of these moves yours in the game; it is sent only "
+                             u"when you send it there"_s
+                           : u"There is no move here yet that could be played in the game"_s);
+}
+
+QString TryForm::Words() const {
+  const rules::Side side = ShownTurn().side;
+  const QString& written = AsItIs(tree_.Written(tree_.Cursor()));
+  if (ShownPosition().CheckmateFlag) return SideName(side) + u" is checkmated"_s;
+  if (written.endsWith(u"1/2-1/2"_s)) return u"A draw"_s;
+  const bool check = ShownPosition().SideInCheck == side;
+  return SideName(side) + (check ? u" to move, in check"_s : u" to move"_s);
+}
+
+void TryForm::keyPressEvent(QKeyEvent* event) {
+  QKeyCombination pressed(event->modifiers() & ~Qt::KeypadModifier, Qt::Key(event->key()));
+  for (const auto& [key, meant] : keysOfLines) {
+    if (lines_->hasFocus() && pressed == QKeyCombination(Qt::Key(key))) pressed = meant;
+  }
+  for (const Command& command : commands) {
+    if (std::ranges::find(command.keys, pressed) != command.keys.end()) return Do(command);
+  }
+  QDialog::keyPressEvent(event);
+}
+
+/// As over the board of the game.
+void TryForm::wheelEvent(QWheelEvent* event) {
+  constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
+  if (!frame_->geometry().contains(event->position().toPoint())) return;
+  wheel_ += event->angleDelta().y();
+  bool moved = false;
+  for (; wheel_ >= notch; wheel_ -= notch) moved = tree_.Back() || moved;
+  for (; wheel_ <= -notch; wheel_ += notch) moved = tree_.Forward() || moved;
+  if (moved) Refresh();
+  event->accept();
+}
+
+}  // namespace ui

@@ -56,6 +56,7 @@ constexpr Default DefaultView{"DefaultView", "False"};
 constexpr Default ShowMoves{"ShowMoves", "True"};
 constexpr Default Coordinates{"Coordinates", "False"};
 constexpr Default Pairs{"Pairs", "False"};
+constexpr Default WhyInMailGames{"WhyInMailGames", "False"};
 constexpr Default AskBeforeSurrender{"AskBeforeSurrender", "True"};
 constexpr Default SetUpFirst{"SetUpFirst", "True"};
 constexpr Default ComputerGamesCount{"ComputerGamesCount", "True"};
@@ -154,6 +155,7 @@ bool LoadSettings() {
   variables.ShowMoves = ReadFlag(ShowMoves);
   variables.Coordinates = ReadFlag(Coordinates);
   variables.Pairs = ReadFlag(Pairs);
+  variables.WhyInMailGames = ReadFlag(WhyInMailGames);
   variables.AskBeforeSurrender = ReadFlag(AskBeforeSurrender);
   variables.SetUpFirst = ReadFlag(SetUpFirst);
   variables.ComputerGamesCount = ReadFlag(ComputerGamesCount);
@@ -206,6 +208,7 @@ void SaveSettings() {
   WriteFlag(ShowMoves, variables.ShowMoves);
   WriteFlag(Coordinates, variables.Coordinates);
   WriteFlag(Pairs, variables.Pairs);
+  WriteFlag(WhyInMailGames, variables.WhyInMailGames);
   WriteFlag(AskBeforeSurrender, variables.AskBeforeSurrender);
   WriteFlag(SetUpFirst, variables.SetUpFirst);
   WriteFlag(ComputerGamesCount, variables.ComputerGamesCount);

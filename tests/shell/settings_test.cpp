@@ -78,7 +78,7 @@ TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   EXPECT_EQ(Stored().size(), 19U);
   Stored().erase("BppChecked");
   Stored()["ShowMoves"] = Stored()["AskBeforeSurrender"] = "True";
-  Stored()["Coordinates"] = Stored()["Pairs"] = "False";
+  Stored()["Coordinates"] = Stored()["Pairs"] = Stored()["WhyInMailGames"] = "False";
   Stored()["ComputerGamesCount"] = Stored()["ShowGamePreview"] = Stored()["SetUpFirst"] = "True";
   Stored()["HiddenColumns"] = "Since;";
   for (auto& [name, value] : Stored()) {

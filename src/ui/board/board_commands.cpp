@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "ai/heuristics.h"
+#include "board/asked_move.h"
 #include "board/controls.h"
 #include "board/conversation.h"
 #include "board/ends.h"
@@ -12,14 +14,17 @@
 #include "board/opening.h"
 #include "board/squares.h"
 #include "platform/busy_pointer.h"
+#include "platform/messages.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "print/printing.h"
+#include "rules/position_guard.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/comment_box.h"
 #include "ui/board/conversation_form.h"
 #include "ui/board/piece_palette.h"
+#include "ui/board/why_form.h"
 #include "widgets/disabled_window.h"
 #include "widgets/shown_text.h"
 
@@ -28,8 +33,17 @@ namespace ui {
 using platform::Process;
 
 namespace {
+
 constexpr int lateEscapeMilliseconds = 1500;
+
+/// Against the computer as it plays now, else as it plays by nature.
+WhyQuestion WhyOf(const board::Game& game) {
+  WhyQuestion question{board::MoveToAskAbout(game), platform::Settings().SearchDepth};
+  if (!Process().ComputerGame) question.heuristics = ai::DefaultHeuristics();
+  return question;
 }
+
+}  // namespace
 
 BoardCommands::BoardCommands(const BoardParts& parts, std::function<void()> openOptions)
     : QObject(&parts.window),
@@ -44,7 +58,8 @@ BoardActions BoardCommands::Actions() {
           [this] { PrintBoard(); },
           [this] { ToggleHilight(); },
           [this](int row) { board::MoveList_RowColChange(board_, row); },
-          [this] { ShowConversation(); }};
+          [this] { ShowConversation(); },
+          [this] { AskWhy(); }};
 }
 
 void BoardCommands::Click(int button, bool byMouse) {
@@ -131,6 +146,49 @@ void BoardCommands::ShowConversation() {
   board_.LockedForDialog = true;
   ConversationForm(board::Conversation(board_), window).exec();
   if (window) board_.LockedForDialog = false;
+}
+
+void BoardCommands::AskWhy() {
+  if (LeaveComment()) return;
+  if (!board::MayAskWhy(board_)) return TellOfFairness();
+  Explain();
+}
+
+void BoardCommands::TellOfFairness() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  const bool leavesIt = platform::AskWithExtra(
+      platform::InformationIcon, "Why this move?",
+      "In a game against a person this would be help from a machine.||Your friend and you may "
+      "agree on it: Options...",
+      "OK", "Options...");
+  if (!window) return;
+  board_.LockedForDialog = false;
+  if (!leavesIt) ShowOptions();
+}
+
+/// The board shows meanwhile what is selected there, and its own game again afterwards.
+void BoardCommands::Explain() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  {
+    WhyForm form(
+        WhyOf(board_), [this](const WhyPicture& picture) { ShowWhy(picture); }, window);
+    form.StandBeside(parts_.window);
+    form.exec();
+  }
+  if (!window) return;
+  board_.LockedForDialog = false;
+  ShowWhy({});
+  board_.view.Refresh();
+}
+
+void BoardCommands::ShowWhy(const WhyPicture& picture) {
+  const rules::PositionGuard guard;
+  if (picture.position) rules::ThePosition() = *picture.position;
+  board::DisplayBoardState(board_, true);
+  parts_.picture.ShowLastMove(picture.move);
+  parts_.picture.ShowArrow(picture.arrow);
 }
 
 void BoardCommands::ToggleHilight() {

@@ -17,6 +17,7 @@ namespace ui {
 class BoardPicture;
 class CommentBox;
 class PiecePalette;
+struct WhyPicture;
 
 /// Of the window, which all of them must be as long as.
 struct BoardParts {
@@ -58,6 +59,10 @@ class BoardCommands : public QObject {
   void PrintBoard();
   void ToggleHilight();
   void ShowConversation();
+  void AskWhy();
+  void TellOfFairness();
+  void Explain();
+  void ShowWhy(const WhyPicture& picture);
 
   BoardParts parts_;
   board::Game& board_;

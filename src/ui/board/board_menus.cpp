@@ -87,6 +87,8 @@ std::vector<MenuRow> HistoryRows(const board::Game& board, const BoardActions& a
           WithKey(Qt::Key_Home, {"First move", select(1), controls.firstAndLast}),
           WithKey(Qt::Key_End, {"Last move", select(board.Moves.Count()), controls.firstAndLast}),
           {"-"},
+          WithKey(Qt::CTRL | Qt::Key_I, {"Why this move?...", actions.askWhy}),
+          {"-"},
           WithKey(Qt::CTRL | Qt::Key_M, {"Earlier comments...",
                                          actions.showConversation,
                                          !board::Conversation(board).empty(),

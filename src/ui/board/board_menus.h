@@ -21,6 +21,7 @@ struct BoardActions {
   std::function<void()> toggleHilight = {};
   std::function<void(int row)> select = {};
   std::function<void()> showConversation = {};
+  std::function<void()> askWhy = {};
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };

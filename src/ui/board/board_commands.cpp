@@ -2,6 +2,7 @@
 #include "ui/board/board_commands.h"
 
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -185,7 +186,12 @@ void BoardCommands::Explain() {
 
 void BoardCommands::ShowWhy(const WhyPicture& picture) {
   const rules::PositionGuard guard;
-  if (picture.position) rules::ThePosition() = *picture.position;
+  // No king has fallen where the game would have gone on.
+  const QScopedValueRollback surrendered(board_.Surrendered);
+  if (picture.position) {
+    board_.Surrendered = false;
+    rules::ThePosition() = *picture.position;
+  }
   board::DisplayBoardState(board_, true);
   parts_.picture.ShowLastMove(picture.move);
   parts_.picture.ShowArrow(picture.arrow);

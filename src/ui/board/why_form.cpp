@@ -15,6 +15,7 @@
 #include "platform/help.h"
 #include "skin/look.h"
 #include "ui/board/move_adviser.h"
+#include "ui/board/roomy_rows.h"
 #include "ui/help/help_key.h"
 #include "widgets/dialog_button.h"
 #include "widgets/row_table.h"
@@ -30,8 +31,8 @@ namespace {
 enum MoveColumn { Place, MoveText, Score };
 enum ReasonColumn { Points, Words };
 
-constexpr std::size_t bestMoves = 5;
-constexpr QSize usualSize(62, 34);  // characters and lines
+constexpr int bestMoves = 5;
+constexpr QSize usualSize(70, 35);  // characters and lines
 constexpr int rowPadding = 8;
 
 bool IsMove(const ai::CandidateMove& candidate, LastMove move) {
@@ -106,14 +107,11 @@ WhyForm::WhyForm(WhyQuestion question, ShowWhyPicture show, QWidget* parent)
 }
 
 void WhyForm::LayOut() {
-  // The best moves, and the one that was played.
-  moves_->setFixedHeight(
-      moves_->verticalHeader()->defaultSectionSize() * static_cast<int>(bestMoves + 1) +
-      moves_->horizontalHeader()->sizeHint().height() + 2 * moves_->frameWidth());
   moves_->horizontalHeader()->setSectionResizeMode(Score, QHeaderView::Stretch);
   reasons_->horizontalHeader()->setSectionResizeMode(Words, QHeaderView::Stretch);
   reasons_->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   reasons_->setWordWrap(true);
+  reasons_->setItemDelegate(new RoomyRows(rowPadding, reasons_));
   auto* close = NewDialogButton(u"CloseButton"_s, u"Close"_s);
   close->setDefault(true);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
@@ -149,7 +147,7 @@ void WhyForm::TakeAdvice(int depth, const ai::CandidateList& moves) {
     const bool isAsked = hasMove_ && IsMove(move, asked.move);
     if (isAsked) lines.insert(lines.begin(), asked);
   }
-  for (std::size_t n = 0; n < std::min(bestMoves, moves.size()); ++n) {
+  for (std::size_t n = 0; n < std::min<std::size_t>(bestMoves, moves.size()); ++n) {
     lines.push_back({{moves[n].from, moves[n].to}, moves[n].Score});
   }
   const bool last = depth == question_.depth;
@@ -231,6 +229,9 @@ void WhyForm::ShowPicture() {
 
 void WhyForm::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
+  // As high as the best moves and the one that was played, in the look that is worn by now.
+  moves_->setFixedHeight(moves_->verticalHeader()->defaultSectionSize() * (bestMoves + 1) +
+                         moves_->horizontalHeader()->height() + 2 * moves_->frameWidth());
   moves_->setFocus();
   ShowPicture();
 }

@@ -25,20 +25,6 @@ using rules::ThePosition;
 
 namespace {
 
-constexpr int checkmateScore = 1000;
-
-enum HeuristicIndex {
-  GoForCheck = 0,
-  MoveAPiece = 16,  // Rook, Knight, Bishop, Queen, Pawn, King
-  CloserToKing = 47,
-  CloserToQueen = 48,
-  CloserToCentre = 49,
-  MoveLastCastlingRook = 50,
-  MoveCastlingRook = 51,
-  MoveUncastledKing = 52,
-  PerformCastling = 53
-};
-
 /// The place of a kind in a group of five; -1 for an empty square and a king.
 constexpr std::array<int, 7> placeInGroup{-1, 0, 1, 2, 3, -1, 4};
 
@@ -331,7 +317,7 @@ class Passes {
     if (rules::SideOfPiece(taken) == enemy_ && attackersOn_[rules::IndexOf(to)] == 0) {
       sum += PieceMotivation(taken, TakeUndefended, table_);
     }
-    return sum + Motivation(MoveAPiece + placeInMoves[rules::KindOf(piece_)]);
+    return sum + Motivation(MotivationToMove(piece_));
   }
 
   const HeuristicTable& table_;
@@ -373,9 +359,16 @@ std::int16_t Saturate(int score) {
   return static_cast<std::int16_t>(std::clamp<int>(score, Limits::min(), Limits::max()));
 }
 
-int PieceMotivation(PieceCode piece, HeuristicGroup group, const HeuristicTable& table) {
+int MotivationOf(PieceCode piece, HeuristicGroup group) {
   const int place = placeInGroup[static_cast<std::size_t>(rules::KindOf(piece))];
-  return place < 0 ? 0 : table[group + place];
+  return place < 0 ? place : group + place;
+}
+
+int MotivationToMove(PieceCode piece) { return MoveAPiece + placeInMoves[rules::KindOf(piece)]; }
+
+int PieceMotivation(PieceCode piece, HeuristicGroup group, const HeuristicTable& table) {
+  const int index = MotivationOf(piece, group);
+  return index < 0 ? 0 : table[index];
 }
 
 int CountAttackers(Side side, Square square) {
@@ -400,16 +393,21 @@ int PinMotivation(PieceCode pinner, PieceCode pinned, const HeuristicTable& tabl
   }
 }
 
-int CastlingRightsBonus(Side side, PieceCode piece, int fromX, const HeuristicTable& table) {
+int CastlingMotivation(Side side, PieceCode piece, int fromX) {
   rules::Position& position = ThePosition();
   const bool kingMoved = position.HasMoved(side, rules::KingItself);
   const PieceCode kind = rules::KindOf(piece);
-  if (kind == rules::WhiteKing) return kingMoved ? 0 : table[MoveUncastledKing];
-  if (kind != rules::WhiteRook || (fromX != 1 && fromX != 8)) return 0;
+  if (kind == rules::WhiteKing) return kingMoved ? -1 : MoveUncastledKing;
+  if (kind != rules::WhiteRook || (fromX != 1 && fromX != 8)) return -1;
   const auto own = fromX == 1 ? rules::Column1Rook : rules::Column8Rook;
   const auto other = fromX == 1 ? rules::Column8Rook : rules::Column1Rook;
-  if (kingMoved || position.HasMoved(side, own)) return 0;
-  return table[position.HasMoved(side, other) ? MoveLastCastlingRook : MoveCastlingRook];
+  if (kingMoved || position.HasMoved(side, own)) return -1;
+  return position.HasMoved(side, other) ? MoveLastCastlingRook : MoveCastlingRook;
+}
+
+int CastlingRightsBonus(Side side, PieceCode piece, int fromX, const HeuristicTable& table) {
+  const int index = CastlingMotivation(side, piece, fromX);
+  return index < 0 ? 0 : table[index];
 }
 
 std::int16_t EvaluateMove(Square from, Square to, int sideInCheck, bool doMove,

@@ -31,6 +31,28 @@ enum HeuristicGroup {
   PinByQueen = 42
 };
 
+/// The entries that are in no group of five.
+enum HeuristicIndex {
+  GoForCheck = 0,
+  MoveAPiece = 16,  ///< Rook, Knight, Bishop, Queen, Pawn, King
+  CloserToKing = 47,
+  CloserToQueen = 48,
+  CloserToCentre = 49,
+  MoveLastCastlingRook = 50,
+  MoveCastlingRook = 51,
+  MoveUncastledKing = 52,
+  PerformCastling = 53
+};
+
+/// What a pass scores where the move gives checkmate, whatever else there is.
+inline constexpr int checkmateScore = 1000;
+
+/// The entry's index for the kind of `piece`, of either colour; -1 for an empty square and a king.
+int MotivationOf(rules::PieceCode piece, HeuristicGroup group);
+
+/// The entry's index for a move of `piece`.
+int MotivationToMove(rules::PieceCode piece);
+
 /// The entry for the kind of `piece`, of either colour; 0 for an empty square and for a king.
 int PieceMotivation(rules::PieceCode piece, HeuristicGroup group,
                     const HeuristicTable& table = Heuristics);
@@ -44,7 +66,10 @@ int PinBonus(rules::Side side, rules::Square square, const HeuristicTable& table
 int PinMotivation(rules::PieceCode pinner, rules::PieceCode pinned,
                   const HeuristicTable& table = Heuristics);
 
-/// The three motivations to keep castling open, for a move of this piece.
+/// Which of the three motivations to keep castling open a move of this piece touches; -1 for none.
+int CastlingMotivation(rules::Side side, rules::PieceCode piece, int fromX);
+
+/// Its value, or 0.
 int CastlingRightsBonus(rules::Side side, rules::PieceCode piece, int fromX,
                         const HeuristicTable& table = Heuristics);
 

@@ -30,6 +30,7 @@ struct SettingVariables {
   bool ShowGamePreview = true;     ///< show the board of the game in the list that is pointed at
   bool ShowMoves = true;           ///< show where a lifted piece may go
   bool Coordinates = false;        ///< leave them on the board for good
+  bool WhyInMailGames = false;     ///< explain moves of games against people that still go on
   bool Pairs = false;              ///< list White's move and Black's answer in one row
 
   // These take effect at the next start: the live value rules this run, the saved one is

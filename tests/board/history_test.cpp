@@ -2,6 +2,7 @@
 // The replay that every position comes from, and what the window shows of the moves.
 #include <random>
 
+#include "board/asked_move.h"
 #include "board/board_fixture.h"
 #include "board/conversation.h"
 #include "board/move_pairs.h"
@@ -65,6 +66,12 @@ TEST_F(BoardTest, AReplayReachesWhatWasPlayed) {
       EXPECT_EQ(BoardText(), rules::WriteBoardText(then.BoardState)) << row;
       EXPECT_EQ(ThePosition().CastleState, then.CastleState) << row;
       EXPECT_EQ(ThePosition().CheckmateFlag, then.CheckmateFlag) << row;
+      const AskedMove asked = MoveToAskAbout(*game);
+      // In the computer's eyes a pawn stays a pawn, and no move ends the game by itself.
+      if (asked.text.find_first_of("=/") == asked.text.npos) {
+        EXPECT_EQ(NameOfMove(asked.moment, asked.move), asked.text);
+        EXPECT_EQ(PositionBehind(asked.moment, asked.move).BoardState, then.BoardState);
+      }
       // A drawn game doesn't look for a check of Black.
       EXPECT_TRUE(drawn || ThePosition().SideInCheck == then.SideInCheck) << row;
     }

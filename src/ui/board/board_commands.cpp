@@ -4,9 +4,12 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include <utility>
 
+#include "ai/heuristics.h"
+#include "board/asked_move.h"
 #include "board/controls.h"
 #include "board/conversation.h"
 #include "board/ends.h"
@@ -20,12 +23,14 @@
 #include "platform/seams.h"
 #include "platform/setting_variables.h"
 #include "print/printing.h"
+#include "rules/position_guard.h"
 #include "ui/board/board_exchange.h"
 #include "ui/board/board_picture.h"
 #include "ui/board/board_study.h"
 #include "ui/board/comment_box.h"
 #include "ui/board/conversation_form.h"
 #include "ui/board/piece_palette.h"
+#include "ui/board/why_form.h"
 #include "ui/exchange/clipboard.h"
 #include "ui/exchange/game_texts.h"
 #include "widgets/disabled_window.h"
@@ -37,9 +42,18 @@ using namespace Qt::StringLiterals;
 using platform::Process;
 
 namespace {
+
 constexpr int lateEscapeMilliseconds = 1500;
 constexpr int imageEdge = 800;
 constexpr int longestPosition = 1000;
+
+/// Against the computer as it plays now, else as it plays by nature.
+WhyQuestion WhyOf(const board::Game& game) {
+  WhyQuestion question{board::MoveToAskAbout(game), platform::Settings().SearchDepth};
+  if (!Process().ComputerGame) question.heuristics = ai::DefaultHeuristics();
+  return question;
+}
+
 }  // namespace
 
 BoardCommands::BoardCommands(const BoardParts& parts, std::function<void()> openOptions)
@@ -62,7 +76,8 @@ BoardActions BoardCommands::Actions() {
           [this] { CopyGame(parts_.window, Process().CurrentGameID); },
           [this] { SaveGame(); },
           parts_.study ? std::function([this] { TryMoves(); }) : nullptr,
-          parts_.study ? std::function([this] { ShowNotes(); }) : nullptr};
+          parts_.study ? std::function([this] { ShowNotes(); }) : nullptr,
+          [this] { AskWhy(); }};
 }
 
 void BoardCommands::Click(int button, bool byMouse) {
@@ -200,6 +215,53 @@ void BoardCommands::Play(const WantedMove& move) {
 }
 
 void BoardCommands::ShowNotes() { parts_.study->ShowNotes(board_, parts_.window); }
+void BoardCommands::AskWhy() {
+  if (LeaveComment()) return;
+  if (!board::MayAskWhy(board_)) return TellOfFairness();
+  Explain();
+}
+
+void BoardCommands::TellOfFairness() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  const bool leavesIt = platform::AskWithExtra(
+      platform::InformationIcon, "Why this move?",
+      "In a game against a person this would be help from a machine.||Your friend and you may "
+      "agree on it: Options...",
+      "OK", "Options...");
+  if (!window) return;
+  board_.LockedForDialog = false;
+  if (!leavesIt) ShowOptions();
+}
+
+/// The board shows meanwhile what is selected there, and its own game again afterwards.
+void BoardCommands::Explain() {
+  const QPointer<QWidget> window(&parts_.window);
+  board_.LockedForDialog = true;
+  {
+    WhyForm form(
+        WhyOf(board_), [this](const WhyPicture& picture) { ShowWhy(picture); }, window);
+    form.StandBeside(parts_.window);
+    form.exec();
+  }
+  if (!window) return;
+  board_.LockedForDialog = false;
+  ShowWhy({});
+  board_.view.Refresh();
+}
+
+void BoardCommands::ShowWhy(const WhyPicture& picture) {
+  const rules::PositionGuard guard;
+  // No king has fallen where the game would have gone on.
+  const QScopedValueRollback surrendered(board_.Surrendered);
+  if (picture.position) {
+    board_.Surrendered = false;
+    rules::ThePosition() = *picture.position;
+  }
+  board::DisplayBoardState(board_, true);
+  parts_.picture.ShowLastMove(picture.move);
+  parts_.picture.ShowArrow(picture.arrow);
+}
 
 void BoardCommands::ToggleHilight() {
   if (board_.HilightAsked) {

@@ -19,6 +19,7 @@ class BoardPicture;
 class BoardStudy;
 class CommentBox;
 class PiecePalette;
+struct WhyPicture;
 
 /// Of the window, which all of them must be as long as.
 struct BoardParts {
@@ -71,6 +72,10 @@ class BoardCommands : public QObject {
   void TryMoves();
   void Play(const WantedMove& move);
   void ShowNotes();
+  void AskWhy();
+  void TellOfFairness();
+  void Explain();
+  void ShowWhy(const WhyPicture& picture);
 
   BoardParts parts_;
   board::Game& board_;

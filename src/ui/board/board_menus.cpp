@@ -146,6 +146,8 @@ std::vector<MenuRow> HistoryRows(const board::Game& board, const BoardActions& a
        WithKey(Qt::Key_End,
                {"Last move", select(board.Moves.Count()), controls.firstAndLast, {}, {}, whyNoWay}),
        {"-"},
+       WithKey(Qt::CTRL | Qt::Key_Y, {"Why this move?...", actions.askWhy}),
+       {"-"},
        WithKey(Qt::CTRL | Qt::Key_M, {"Earlier comments...",
                                       actions.showConversation,
                                       !board::Conversation(board).empty(),

@@ -28,6 +28,7 @@ struct BoardActions {
   std::function<void()> saveGame = {};  ///< into a file for other programs
   std::function<void()> tryMoves = {};  ///< and the notes; none where nothing can be kept of it
   std::function<void()> showNotes = {};
+  std::function<void()> askWhy = {};
 
   std::function<void()> Click(int button) const {
     return [click = click, button] { click(button); };

@@ -5,6 +5,7 @@
 #include <QFocusEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -26,6 +27,28 @@ std::size_t IndexIn64(Square square) { return static_cast<std::size_t>(rules::In
 bool IsEmptyCell(int cell) { return cell % boards::ChessGraphics::columns == 0; }
 
 QString FileLetter(int column) { return QString(QChar(u'a' + column - 1)); }
+
+QPainterPath RingIn(const QRectF& square) {
+  const qreal inset = square.width() * 0.07;
+  QPainterPath path;
+  path.addEllipse(square.adjusted(inset, inset, -inset, -inset));
+  return path;
+}
+
+QPainterPath ArrowBetween(const QRectF& from, const QRectF& to) {
+  constexpr qreal barbAngle = 150;
+  QLineF shaft(from.center(), to.center());
+  const qreal gap = from.width() * 0.3;
+  shaft = QLineF(shaft.pointAt(gap / shaft.length()), shaft.pointAt(1 - gap / shaft.length()));
+  QPainterPath path(shaft.p1());
+  path.lineTo(shaft.p2());
+  for (const qreal turn : {barbAngle, -barbAngle}) {
+    path.moveTo(shaft.p2());
+    path.lineTo(
+        QLineF::fromPolar(from.width() * 0.25, shaft.angle() + turn).translated(shaft.p2()).p2());
+  }
+  return path;
+}
 
 }  // namespace
 
@@ -124,6 +147,11 @@ void BoardPicture::ShowLastMove(std::optional<rules::LastMove> move) {
   update();
 }
 
+void BoardPicture::ShowArrow(rules::LastMove arrow) {
+  arrow_ = arrow;
+  update();
+}
+
 void BoardPicture::ShowDots(const std::vector<Square>& dots) {
   if (dots == dots_) return;
   dots_ = dots;
@@ -215,6 +243,7 @@ void BoardPicture::paintEvent(QPaintEvent* event) {
   PaintLastMove(painter);
   PaintTargets(painter);
   PaintDots(painter);
+  PaintArrow(painter);
   PaintCursor(painter);
 }
 
@@ -283,6 +312,20 @@ void BoardPicture::PaintTargets(QPainter& painter) const {
                          : QPen(accent, rect.width() * 0.06));
     const qreal radius = rect.width() * (empty ? 0.13 : 0.45);
     painter.drawEllipse(rect.center(), radius, radius);
+  }
+}
+
+/// From beside one piece to beside the other, so that both are seen.
+void BoardPicture::PaintArrow(QPainter& painter) const {
+  if (!arrow_) return;
+  const QPainterPath path = arrow_.from == arrow_.to
+                                ? RingIn(RectOf(arrow_.from))
+                                : ArrowBetween(RectOf(arrow_.from), RectOf(arrow_.to));
+  const qreal width = RectOf(arrow_.from).width();
+  for (const auto& [role, part] :
+       {std::pair(QPalette::HighlightedText, 0.13), std::pair(QPalette::Highlight, 0.07)}) {
+    const QPen pen(palette().color(role), width * part, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    painter.strokePath(path, pen);
   }
 }
 

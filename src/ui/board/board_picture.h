@@ -46,6 +46,9 @@ class BoardPicture : public QWidget {
   /// Marks both squares of a move.
   void ShowLastMove(std::optional<rules::LastMove> move);
 
+  /// An arrow from one square to another, or round one square; none where there is none.
+  void ShowArrow(rules::LastMove arrow);
+
   void ShowDots(const std::vector<rules::Square>& dots);
   void ShowCoordinates(bool visible);
   void ShowSelection(std::optional<rules::Square> square);
@@ -96,6 +99,7 @@ class BoardPicture : public QWidget {
   void PaintCoordinates(QPainter& painter) const;
   void PaintLastMove(QPainter& painter) const;
   void PaintTargets(QPainter& painter) const;
+  void PaintArrow(QPainter& painter) const;
   void PaintDots(QPainter& painter) const;
   void PaintSelection(QPainter& painter) const;
   void PaintCursor(QPainter& painter) const;
@@ -109,6 +113,7 @@ class BoardPicture : public QWidget {
   int cover_ = 0;
   rules::Bitboard targets_ = 0;
   std::optional<rules::LastMove> lastMove_;
+  rules::LastMove arrow_;
   std::vector<rules::Square> dots_;
   bool coordinates_ = false;
   std::optional<rules::Square> selected_;

@@ -3,14 +3,13 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QPainter>
 #include <QScreen>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include "platform/help.h"
 #include "platform/setting_variables.h"
 #include "skin/look.h"
+#include "ui/board/roomy_rows.h"
 #include "ui/help/help_key.h"
 #include "widgets/dialog_button.h"
 #include "widgets/row_table.h"
@@ -27,31 +26,11 @@ enum Column { Number, Speaker, Words };
 constexpr QSize usualSize(74, 25);  // characters and lines
 constexpr int rowPadding = 8;
 
-/// Remarks of several lines keep apart from each other.
-class RemarkDelegate : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, rowPadding);
-  }
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option,
-             const QModelIndex& index) const override {
-    QStyleOptionViewItem inner = option;
-    inner.state &= ~QStyle::State_HasFocus;
-    option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &inner, painter,
-                                          option.widget);
-    inner.rect.adjust(0, rowPadding / 2, 0, -rowPadding / 2);
-    QStyledItemDelegate::paint(painter, inner, index);
-  }
-};
-
 RowTable* NewList(QWidget* parent) {
   auto* list = new RowTable({u"No."_s, u"Who"_s, u"Words"_s}, rowPadding, parent);
   list->setObjectName(u"Conversation"_s);
   list->setAccessibleName(u"Earlier comments"_s);
-  list->setItemDelegate(new RemarkDelegate(list));
+  list->setItemDelegate(new RoomyRows(rowPadding, list));
   list->setWordWrap(true);
   list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   for (const int column : {Number, Speaker}) {

@@ -48,7 +48,9 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
           "opComputerGames", "Show games against the computer as new moves in the tray?", this)),
       opGamePreview_(new LabelledBox(
           "opGamePreview", "Show the board of a game that is pointed at in the list?", this)),
-      opAskSurrender_(new LabelledBox("opAskSurrender", "Ask before a game is given up?", this)) {
+      opAskSurrender_(new LabelledBox("opAskSurrender", "Ask before a game is given up?", this)),
+      opWhyInMailGames_(new LabelledBox("opWhyInMailGames",
+                                        "Explain moves in games against people, too?", this)) {
   opNotificationSound_->setObjectName(u"opNotificationSound"_s);
   opNotificationSound_->setTextFormat(Qt::PlainText);
   opNotificationSound_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -60,7 +62,7 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
   for (LabelledBox* box : {opNotifySound_, opNotifyDialog_}) {
     connect(box, &QCheckBox::clicked, this, &NotificationPage::SetNotifyMethod);
   }
-  for (LabelledBox* box : {opComputerGames_, opGamePreview_, opAskSurrender_}) {
+  for (LabelledBox* box : {opComputerGames_, opGamePreview_, opAskSurrender_, opWhyInMailGames_}) {
     connect(box, &QCheckBox::clicked, this, &NotificationPage::ApplyWanted);
   }
   connect(opBrowseSound_, &QAbstractButton::clicked, this, &NotificationPage::BrowseSound);
@@ -81,7 +83,7 @@ void NotificationPage::SetSimpleUI() {
   layout->addWidget(opTimeoutCombo_, 3, 2, Qt::AlignLeft);
   int row = 4;
   layout->setRowMinimumHeight(row++, 8);
-  for (LabelledBox* box : {opComputerGames_, opGamePreview_, opAskSurrender_}) {
+  for (LabelledBox* box : {opComputerGames_, opGamePreview_, opAskSurrender_, opWhyInMailGames_}) {
     layout->addWidget(box, row, 0);
     layout->addWidget(&box->Caption(), row++, 1, 1, 2);
   }
@@ -105,6 +107,7 @@ void NotificationPage::LoadOptions() {
   opComputerGames_->setChecked(Settings().ComputerGamesCount);
   opGamePreview_->setChecked(Settings().ShowGamePreview);
   opAskSurrender_->setChecked(Settings().AskBeforeSurrender);
+  opWhyInMailGames_->setChecked(Settings().WhyInMailGames);
 }
 
 void NotificationPage::SetOptions() {
@@ -115,6 +118,7 @@ void NotificationPage::SetOptions() {
   shell::CountComputerGames(opComputerGames_->isChecked());
   Settings().ShowGamePreview = opGamePreview_->isChecked();
   Settings().AskBeforeSurrender = opAskSurrender_->isChecked();
+  Settings().WhyInMailGames = opWhyInMailGames_->isChecked();
 }
 
 void NotificationPage::SetNotifyMethod() {
@@ -146,6 +150,9 @@ void NotificationPage::SetToolTips() {
   opComputerGames_->SetTip("Whether a game against the computer shows as a new move in the tray");
   opGamePreview_->SetTip("Whether the list shows the board of a game after a second");
   opAskSurrender_->SetTip("Whether to ask once more before a surrender is sent");
+  opWhyInMailGames_->SetTip(
+      "Whether the computer may tell you about the moves of a game against a person that still "
+      "goes on");
 }
 
 }  // namespace ui

@@ -48,6 +48,7 @@ class NotificationPage : public QWidget {
   LabelledBox* opComputerGames_;
   LabelledBox* opGamePreview_;
   LabelledBox* opAskSurrender_;
+  LabelledBox* opWhyInMailGames_;
 };
 
 }  // namespace ui

@@ -207,6 +207,34 @@ TEST_F(BoardWindowTest, TheConversationEndsWithTheNewestWords) {
             u"Eva <i>Ü</i> said: Hi\nYou said: Ha"_s);
 }
 
+TEST_F(BoardWindowTest, AMoveIsExplainedOnTheBoardWhichStaysAsItWas) {
+  platform::Settings().SearchDepth = ai::deepestSearch;  // so that closing breaks it off
+  for (const Look look : {Look::Plain, Look::Skinned}) {
+    const auto ask = [this] { QTest::keyClick(window_, Qt::Key_Y, Qt::ControlModifier); };
+    const auto seen = [this] { return Find("CBoard").grab().toImage(); };
+    platform::Settings().WhyInMailGames = false;
+    Open({e4, e5}, look);
+    ask();
+    ASSERT_EQ(desktop_.boxes.messages.size(), 1U) << "an unfair one goes on";
+    platform::Settings().WhyInMailGames = true;
+    const QImage before = seen();
+    OnNextDialog([&](QWidget& form) {
+      auto& moves = ui::Find<QTableWidget>(form, "BestMoves");
+      EXPECT_TRUE(QTest::qWaitFor([&] { return moves.rowCount() == 6; }));
+      EXPECT_EQ(moves.item(0, 1)->text(), u"e5"_s);
+      const QImage played = seen();
+      EXPECT_NE(played, before) << "no arrow";
+      QTest::keyClick(&moves, Qt::Key_Down);
+      EXPECT_NE(seen(), played) << "not the other move";
+      QTest::keyClick(&moves, Qt::Key_Escape);
+    });
+    ask();
+    EXPECT_EQ(seen(), before);
+    EXPECT_EQ(desktop_.boxes.messages.size(), 1U);
+  }
+  platform::Settings().WhyInMailGames = false;
+}
+
 /// As the desktop asks for it.
 void CloseByFrame(QWidget& window) {
   QCloseEvent event;

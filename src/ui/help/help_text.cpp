@@ -33,6 +33,7 @@ const QString pageStyle =
     u"a[href] { color: %1; } h1, h2 { margin-top: 8px; margin-bottom: 12px; } "
     u"h3 { margin-top: 16px; margin-bottom: 4px; } "
     u"p, li { line-height: 130%; margin-top: 0px; margin-bottom: 10px; } "
+    u"p.picture { line-height: 100%; } "
     u"td, th { padding: 4px 12px 4px 0px; }"_s;
 
 }  // namespace

@@ -217,11 +217,14 @@ void HelpWindow::Search(const QString& words) {
     auto* item = new QListWidgetItem(book_.pages[page].title, found_);
     item->setData(nameRole, book_.pages[page].name);
   }
+  if (found_->count() == 0 && !WordsOf(words).empty()) {
+    (new QListWidgetItem(u"No page has these words"_s, found_))->setFlags(Qt::NoItemFlags);
+  }
   found_->setCurrentRow(0);
 }
 
 void HelpWindow::OpenFound(const QListWidgetItem* page) {
-  if (!page) return;
+  if (!page || !page->flags().testFlag(Qt::ItemIsEnabled)) return;
   text_->Open(page->data(nameRole).toString());
   text_->Mark(words_->text());
 }

@@ -148,7 +148,6 @@ GameInterface::GameInterface(OtherErrands errands)
   AddToolbar();
   AddMenuButtons();
   if (!IsSimpleUI()) AddWindowButtons();
-  AddKeys();
   new PgnDrop(*this, [this](const QStringList& paths) { ImportPgnFiles(paths); });
   hasSkin_ = TakeLook(*this, layouts::gameInterface, [this] { SetSimpleUI(); });
   if (!hasSkin_) return;
@@ -185,17 +184,6 @@ void GameInterface::AddToolbar() {
             [this, number = entry.button] { ClickToolbar(number); });
     toolbar_[static_cast<std::size_t>(entry.button)] = button;
   }
-}
-
-void GameInterface::AddKeys() {
-  constexpr struct {
-    QKeyCombination key;
-    void (GameInterface::*errand)();
-  } keys[] = {{importPgnKey, &GameInterface::ImportPgn},
-              {saveAllKey, &GameInterface::SaveAllAsPgn},
-              {copyGameKey, &GameInterface::CopyGame},
-              {saveGameKey, &GameInterface::SaveAsPgn}};
-  for (const auto& entry : keys) new QShortcut(entry.key, this, this, entry.errand);
 }
 
 void GameInterface::AddMenuButtons() {

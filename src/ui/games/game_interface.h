@@ -82,7 +82,6 @@ class GameInterface : public QWidget {
   void SetSimpleUI();
   void AddMenuButtons();
   void AddToolbar();
-  void AddKeys();
   void AddWindowButtons();
   void ClickToolbar(int button);
   void SetToolbarButton(int button, bool enabled);

@@ -31,6 +31,11 @@ struct EntryKey {
 constexpr EntryKey entryKeys[] = {
     {"Retrieve games", Qt::Key_F5},
     {"Import game", Qt::CTRL | Qt::Key_I},
+    {"Import PGN...", Qt::CTRL | Qt::SHIFT | Qt::Key_I},
+    {"Save all games as PGN...", Qt::CTRL | Qt::SHIFT | Qt::Key_S},
+    {"Copy game", Qt::CTRL | Qt::Key_C},
+    {"Copy selected game", Qt::CTRL | Qt::Key_C},
+    {"Save game as PGN...", Qt::CTRL | Qt::Key_S},
     {"Use games from another folder...", Qt::CTRL | Qt::Key_U},
     {"Deliver now", Qt::CTRL | Qt::Key_D},
     {"Options...", Qt::CTRL | Qt::Key_O},
@@ -85,7 +90,7 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
   std::vector<MenuRow> rows{
       {"Retrieve games", [&list] { list.GetGames(false); }},
       {"Import game", [&list] { list.GetGames(true); }},
-      {.caption = "Import PGN...", .action = [&list] { list.ImportPgn(); }, .key = importPgnKey},
+      {.caption = "Import PGN...", .action = [&list] { list.ImportPgn(); }},
       {"Use games from another folder...", [&list] { list.UseOtherGames(); }},
       {"Deliver now",
        [] { shell::DeliverNow(); },
@@ -106,8 +111,7 @@ std::vector<MenuRow> FileRows(GameInterface& list, const OtherErrands& errands) 
       {.caption = "Save all games as PGN...",
        .action = [&list] { list.SaveAllAsPgn(); },
        .enabled = prints,
-       .whyNot = whyNoGame,
-       .key = saveAllKey},
+       .whyNot = whyNoGame},
       {"-"},
   };
   // A program that doesn't live in the tray can't hide in it.
@@ -178,13 +182,11 @@ std::vector<MenuRow> GameRows(GameInterface& list) {
       {.caption = "Copy game",
        .action = [&list] { list.CopyGame(); },
        .enabled = list.HasGames(),
-       .whyNot = whyNoGame,
-       .key = copyGameKey},
+       .whyNot = whyNoGame},
       {.caption = "Save game as PGN...",
        .action = [&list] { list.SaveAsPgn(); },
        .enabled = list.HasGames(),
-       .whyNot = whyNoGame,
-       .key = saveGameKey},
+       .whyNot = whyNoGame},
       {"-"},
       {"Try again to send",
        [&list] { list.TryAgainToSend(); },
@@ -222,9 +224,7 @@ std::vector<MenuRow> PopupRows(GameInterface& list) {
           {"Delete selected game...", [&list] { list.DeleteGame(); }},
           {"-"},
           {"Print selected game...", OnSelected(list, print::PrintGameBoards)},
-          {.caption = "Copy selected game",
-           .action = [&list] { list.CopyGame(); },
-           .key = copyGameKey}};
+          {.caption = "Copy selected game", .action = [&list] { list.CopyGame(); }}};
 }
 
 std::pair<const char*, std::vector<MenuRow>> NameAndRows(InterfaceMenu menu, GameInterface& list,

@@ -19,10 +19,6 @@ class GameInterface;
 inline constexpr const char* whyNoGame = "Works once there is a game in the list.";
 
 /// What the list does by keys, with no menu open.
-inline constexpr QKeyCombination importPgnKey = Qt::CTRL | Qt::Key_I;
-inline constexpr QKeyCombination saveAllKey = Qt::CTRL | Qt::SHIFT | Qt::Key_S;
-inline constexpr QKeyCombination copyGameKey = Qt::CTRL | Qt::Key_C;
-inline constexpr QKeyCombination saveGameKey = Qt::CTRL | Qt::Key_S;
 
 /// The menus by their place in `mnuInterfaceMenuBar`.
 enum InterfaceMenu { FileMenu, SortMenu, GameMenu, HelpMenu, GameListPopup };

@@ -42,6 +42,20 @@ std::optional<std::size_t> HelpBook::PageOf(const QString& name) const {
   return static_cast<std::size_t>(page - pages.begin());
 }
 
+std::vector<std::size_t> HelpBook::PagesWith(const QString& words) const {
+  const QStringList wanted = WordsOf(words);
+  const auto has = [](const QString& text) {
+    return [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive); };
+  };
+  std::vector<std::size_t> found;
+  for (std::size_t page = 0; page < pages.size() && !wanted.empty(); ++page) {
+    if (std::ranges::all_of(wanted, has(pages[page].text))) found.push_back(page);
+  }
+  std::ranges::stable_partition(
+      found, [&](std::size_t page) { return std::ranges::any_of(wanted, has(pages[page].title)); });
+  return found;
+}
+
 HelpBook ReadHelpBook(const QString& html) {
   static const QRegularExpression heading(
       u"<h([12])>(?:<a name=\"[^\"]+\"></a>)?<a name=\"([^\"]+)\">(.*?)</a></h\\1>"_s,
@@ -55,8 +69,8 @@ HelpBook ReadHelpBook(const QString& html) {
     if (match.captured(2) == indexName) {
       book.index = ReadIndex(text);
     } else {
-      book.pages.push_back(
-          {match.captured(2), PlainText(match.captured(3)), match.captured(1).toInt(), text});
+      book.pages.push_back({match.captured(2), PlainText(match.captured(3)),
+                            match.captured(1).toInt(), text, PlainText(text)});
     }
     match = next;
   }

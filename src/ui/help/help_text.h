@@ -17,18 +17,25 @@ class HelpText : public QTextBrowser {
 
   void Open(const QString& name);
 
+  /// Marks each of these words on the page that is shown, and shows the first.
+  void Mark(const QString& words);
+
   /// The page that an address of the text shows, from 0.
   std::size_t PageAt(const QUrl& url) const;
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   QVariant loadResource(int type, const QUrl& url) override;
   void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
 
  private:
   void Style();
+  bool HasPictures() const;
+  QVariant Picture(const QString& path) const;
 
   const HelpBook& book_;
+  int widest_ = 0;  // that a picture may be
 };
 
 }  // namespace ui

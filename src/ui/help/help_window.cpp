@@ -35,6 +35,7 @@ namespace {
 constexpr QSize usualSize(900, 640);
 constexpr int sideWidth = 280;
 constexpr int nameRole = Qt::UserRole;
+enum Side { ContentsSide, IndexSide, SearchSide };
 constexpr qreal smallestText = 9, largestText = 28;  // points
 
 QToolButton* NewTool(const QString& name, const QString& text, const QString& tip,
@@ -51,6 +52,18 @@ QToolButton* NewTool(const QString& name, const QString& text, const QString& ti
   return tool;
 }
 
+/// A field, and what it finds below it.
+QWidget* NewSide(QLineEdit* field, QListWidget* list) {
+  field->setClearButtonEnabled(true);
+  field->setAccessibleName(field->placeholderText());
+  auto* side = new QWidget;
+  auto* layout = new QVBoxLayout(side);
+  layout->setContentsMargins(0, 8, 0, 0);
+  layout->addWidget(field);
+  layout->addWidget(list, 1);
+  return side;
+}
+
 }  // namespace
 
 HelpWindow::HelpWindow(HelpBook book)
@@ -59,11 +72,14 @@ HelpWindow::HelpWindow(HelpBook book)
       contents_(new QTreeWidget),
       filter_(new QLineEdit),
       index_(new QListWidget),
+      words_(new QLineEdit),
+      found_(new QListWidget),
       text_(new HelpText(book_)) {
   setObjectName(u"HelpWindow"_s);
   setWindowTitle(u"Tarvolenix help"_s);
   sides_->addTab(NewContents(), u"&Contents"_s);
   sides_->addTab(NewIndex(), u"&Index"_s);
+  sides_->addTab(NewSearch(), u"&Search"_s);
   text_->setObjectName(u"Text"_s);
   auto* splitter = new QSplitter;
   splitter->addWidget(sides_);
@@ -100,18 +116,25 @@ QWidget* HelpWindow::NewContents() {
 QWidget* HelpWindow::NewIndex() {
   filter_->setObjectName(u"IndexFilter"_s);
   filter_->setPlaceholderText(u"Type a word"_s);
-  filter_->setClearButtonEnabled(true);
   index_->setObjectName(u"Index"_s);
   for (const IndexWord& word : book_.index) {
     auto* item = new QListWidgetItem(word.word, index_);
     item->setData(nameRole, word.name);
   }
-  auto* side = new QWidget;
-  auto* layout = new QVBoxLayout(side);
-  layout->setContentsMargins(0, 8, 0, 0);
-  layout->addWidget(filter_);
-  layout->addWidget(index_, 1);
-  return side;
+  return NewSide(filter_, index_);
+}
+
+QWidget* HelpWindow::NewSearch() {
+  words_->setObjectName(u"SearchWords"_s);
+  words_->setPlaceholderText(u"Words on the page"_s);
+  found_->setObjectName(u"Found"_s);
+  auto* key = new QShortcut(QKeySequence::Find, this);
+  connect(key, &QShortcut::activated, this, [this] {
+    sides_->setCurrentIndex(SearchSide);
+    words_->setFocus();
+    words_->selectAll();
+  });
+  return NewSide(words_, found_);
 }
 
 QHBoxLayout* HelpWindow::NewTools() {
@@ -161,6 +184,10 @@ void HelpWindow::Connect() {
   connect(filter_, &QLineEdit::textChanged, this, &HelpWindow::FilterIndex);
   connect(filter_, &QLineEdit::returnPressed, this,
           [this, openWord] { openWord(index_->currentItem()); });
+  connect(words_, &QLineEdit::textChanged, this, &HelpWindow::Search);
+  connect(words_, &QLineEdit::returnPressed, this, [this] { OpenFound(found_->currentItem()); });
+  connect(found_, &QListWidget::itemClicked, this, &HelpWindow::OpenFound);
+  connect(found_, &QListWidget::itemActivated, this, &HelpWindow::OpenFound);
   connect(text_, &QTextBrowser::sourceChanged, this, &HelpWindow::FollowPage);
 }
 
@@ -184,23 +211,42 @@ void HelpWindow::FilterIndex(const QString& text) {
   index_->setCurrentItem(first);
 }
 
+void HelpWindow::Search(const QString& words) {
+  found_->clear();
+  for (const std::size_t page : book_.PagesWith(words)) {
+    auto* item = new QListWidgetItem(book_.pages[page].title, found_);
+    item->setData(nameRole, book_.pages[page].name);
+  }
+  if (found_->count() == 0 && !WordsOf(words).empty()) {
+    (new QListWidgetItem(u"No page has these words"_s, found_))->setFlags(Qt::NoItemFlags);
+  }
+  found_->setCurrentRow(0);
+}
+
+void HelpWindow::OpenFound(const QListWidgetItem* page) {
+  if (!page || !page->flags().testFlag(Qt::ItemIsEnabled)) return;
+  text_->Open(page->data(nameRole).toString());
+  text_->Mark(words_->text());
+}
+
 void HelpWindow::ChangeTextSize(int step) {
   QFont font = text_->font();
   font.setPointSizeF(std::clamp(font.pointSizeF() + step, smallestText, largestText));
-  for (QWidget* part : std::initializer_list<QWidget*>{text_, contents_, filter_, index_}) {
+  for (QWidget* part :
+       std::initializer_list<QWidget*>{text_, contents_, filter_, index_, words_, found_}) {
     part->setFont(font);
   }
 }
 
 void HelpWindow::Open(const QString& name) {
   text_->Open(book_.PageOf(name) ? name : book_.pages.front().name);
-  sides_->setCurrentIndex(0);
+  sides_->setCurrentIndex(ContentsSide);
   text_->setFocus();
 }
 
 void HelpWindow::OpenIndex() {
   if (text_->source().isEmpty()) text_->Open(book_.pages.front().name);
-  sides_->setCurrentIndex(1);
+  sides_->setCurrentIndex(IndexSide);
   filter_->setFocus();
   filter_->selectAll();
 }
@@ -222,6 +268,7 @@ HelpWindow* HelpViewer::Prepare() {
     QFile file(AsItIs(platform::Process().ProgramFolder) + u"tvchess.hlp"_s);
     HelpBook book;
     if (file.open(QFile::ReadOnly)) book = ReadHelpBook(QString::fromUtf8(file.readAll()));
+    book.folder = AsItIs(platform::Process().ProgramFolder);
     if (book.pages.empty()) {
       platform::ShowMessage(
           platform::InformationIcon, "Help",

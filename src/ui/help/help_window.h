@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The viewer of the program's help: contents and index on the left, the text on the right. It opens
-// no address outside the help.
+// The viewer of the program's help: contents, index and search on the left, the text on the
+// right. It opens no address outside the help.
 #pragma once
 
 #include <QPointer>
@@ -12,6 +12,7 @@
 class QHBoxLayout;
 class QLineEdit;
 class QListWidget;
+class QListWidgetItem;
 class QTabWidget;
 class QTreeWidget;
 
@@ -35,11 +36,14 @@ class HelpWindow : public QWidget {
  private:
   QWidget* NewContents();
   QWidget* NewIndex();
+  QWidget* NewSearch();
   QHBoxLayout* NewTools();
   QWidget* NewClose();
   void Connect();
   void FollowPage(const QUrl& url);
   void FilterIndex(const QString& text);
+  void Search(const QString& words);
+  void OpenFound(const QListWidgetItem* page);
   void ChangeTextSize(int step);
 
   HelpBook book_;
@@ -47,6 +51,8 @@ class HelpWindow : public QWidget {
   QTreeWidget* contents_;
   QLineEdit* filter_;
   QListWidget* index_;
+  QLineEdit* words_;  // that are searched for
+  QListWidget* found_;
   HelpText* text_;
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QDialog>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -49,6 +51,27 @@ TEST(HelpFileTest, EveryLinkLeadsToAPage) {
     EXPECT_TRUE(link.startsWith(u'#') && book.PageOf(link.mid(1))) << link.toStdString();
   }
   EXPECT_GT(book.index.size(), 50u);
+}
+
+TEST(HelpFileTest, EveryPictureIsThere) {
+  const auto pictures = AllMatches("<img src=\"Pictures/help/([^\"]*)\" alt=\"[^\"]");
+  const QDir folder(QFileInfo(QStringLiteral(TARVOLENIX_HELP)).path() + u"/pictures"_s);
+  EXPECT_EQ(pictures.size(), AllMatches("<img( )").size())
+      << "one from elsewhere, or without words";
+  for (const QString& picture : pictures) {
+    EXPECT_TRUE(folder.exists(picture)) << picture.toStdString();
+  }
+}
+
+TEST(HelpBookTest, FindsThePagesWithEachOfTheWords) {
+  const HelpBook book = ReadHelpBook(
+      u"<h1><a name=\"a\">Mail</a></h1><p>The board &amp; the <b>mov</b>es.</p>"
+      "<h2><a name=\"b\">Board</a></h2><p>moves</p><h1><a name=\"c\">Castling</a></h1>"_s);
+  using Pages = std::vector<std::size_t>;
+  EXPECT_EQ(book.PagesWith(u"  MOVES  board "_s), (Pages{1, 0})) << "its title comes first";
+  EXPECT_EQ(book.PagesWith(u"board &"_s), Pages{0});
+  EXPECT_EQ(book.PagesWith(u"href"_s), Pages{}) << "no reader sees it";
+  EXPECT_EQ(book.PagesWith(u" "_s), Pages{});
 }
 
 class HelpViewerTest : public SkinTest {

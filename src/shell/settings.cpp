@@ -36,6 +36,7 @@ struct Default {
 constexpr Default CheckInterval{"CheckInterval", "20000"};
 constexpr Default DisplaySplash{"DisplaySplash", "True"};
 constexpr Default NotificationMethod{"NotificationMethod", "2"};
+constexpr Default DesktopNotices{"DesktopNotices", "False"};
 constexpr Default NotificationSoundPath{"NotificationSoundPath", ""};
 constexpr Default NotificationSoundWav{"NotificationSoundWav", "None"};
 constexpr Default OlderNotificationSoundWav{"NotificationSoundSav", "None"};
@@ -137,6 +138,7 @@ bool LoadSettings() {
   platform::Process().CheckTimer.Interval = ReadNumber(CheckInterval, 0, longestInterval);
   variables.DisplaySplash = ReadFlag(DisplaySplash);
   variables.NotificationMethod = ReadNumber(NotificationMethod, 0, 3);
+  variables.DesktopNotices = ReadFlag(DesktopNotices);
   variables.NotificationSoundPath = ReadText(NotificationSoundPath);
   variables.NotificationSoundWav = ReadText(NotificationSoundWav);
   variables.NotificationTimeout = ReadNumber(NotificationTimeout, 0, noLimit);
@@ -186,6 +188,7 @@ void SaveSettings() {
   WriteText(CheckInterval, std::to_string(platform::Process().CheckTimer.Interval));
   WriteFlag(DisplaySplash, variables.DisplaySplash);
   WriteText(NotificationMethod, std::to_string(variables.NotificationMethod));
+  WriteFlag(DesktopNotices, variables.DesktopNotices);
   WriteOrDefault(NotificationSoundPath, variables.NotificationSoundPath);
   WriteOrDefault(NotificationSoundWav, variables.NotificationSoundWav);
   WriteText(NotificationTimeout, std::to_string(variables.NotificationTimeout));

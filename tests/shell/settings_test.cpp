@@ -79,6 +79,7 @@ TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   Stored().erase("BppChecked");
   Stored()["ShowMoves"] = Stored()["AskBeforeSurrender"] = "True";
   Stored()["Coordinates"] = Stored()["Pairs"] = "False";
+  Stored()["DesktopNotices"] = "True";
   Stored()["ComputerGamesCount"] = Stored()["ShowGamePreview"] = Stored()["SetUpFirst"] = "True";
   Stored()["HiddenColumns"] = "Since;";
   for (auto& [name, value] : Stored()) {

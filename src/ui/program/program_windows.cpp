@@ -195,6 +195,14 @@ platform::NotifyChoice ProgramWindows::AskAboutNewMove(const platform::NewMove& 
   return ui::AskAboutNewMove(move);
 }
 
+bool ProgramWindows::AnswerAboutNewMove(platform::NotifyChoice choice) {
+  auto* form = qobject_cast<NotifyForm*>(QApplication::activeModalWidget());
+  if (form) form->Answer(choice);
+  return form != nullptr;
+}
+
+void ProgramWindows::RaiseFrontWindow() { BringActiveWindowToFront(); }
+
 platform::HeldMailChoice ProgramWindows::AskAboutHeldMail(
     const platform::HeldMailQuestion& question) {
   return ui::AskAboutHeldMail(question);

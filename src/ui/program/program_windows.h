@@ -43,6 +43,8 @@ class ProgramWindows : public QObject, public platform::Windows {
   void HideNewGame() override;
   void CloseNewGame() override;
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
+  bool AnswerAboutNewMove(platform::NotifyChoice choice) override;
+  void RaiseFrontWindow() override;
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   std::optional<std::string> PickMoveFile() override;
   void CloseAll() override;

@@ -107,6 +107,18 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
 
 Program::~Program() { HurryInquiries(); }
 
+bool Program::HandOver(const desktop::GivenFiles& files) {
+  if (instance_->IsAnotherRunning()) {
+    return !files.empty() && desktop::HandOverFiles(instance_->Socket(), files);
+  }
+  const auto give = [this](const auto& given) { tray_->Windows().Files().Give(given); };
+  if (instance_->IsHeld()) {
+    channel_ = std::make_unique<desktop::InstanceChannel>(instance_->Socket(), give);
+  }
+  if (!files.empty()) give(files);
+  return false;
+}
+
 bool Program::Start() { return shell::StartUp(); }
 
 void Program::End() {

@@ -24,6 +24,7 @@
 #include "ui/options/options_page.h"
 #include "ui/program/about_box.h"
 #include "ui/program/select_sound.h"
+#include "widgets/dropped_files.h"
 #include "widgets/front_window.h"
 #include "widgets/pointers.h"
 #include "widgets/shown_text.h"
@@ -113,6 +114,7 @@ void ProgramWindows::ShowGameList() {
       delete list_;
       return;
     }
+    TakeDroppedFiles(*list_, [this](const auto& paths) { files_.Give(paths); });
   }
   if (board_ && board_->isVisible()) {
     Replace(*board_, *list_);

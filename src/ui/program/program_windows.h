@@ -13,6 +13,7 @@
 #include "ui/board/board_window.h"
 #include "ui/games/game_interface.h"
 #include "ui/games/new_game_info.h"
+#include "ui/program/given_files.h"
 #include "ui/program/splash_screen.h"
 
 namespace ui {
@@ -55,11 +56,15 @@ class ProgramWindows : public QObject, public platform::Windows {
   /// The dialog with the program's version, modal.
   void ShowAbout();
 
+  /// Files dropped on the list of games go there, too.
+  GivenFiles& Files() { return files_; }
+
   BoardWindow* OpenedBoard() const { return board_; }
   GameInterface* GameList() const { return list_; }
 
  private:
   OtherErrands errands_;
+  GivenFiles files_;
   std::unique_ptr<QMenu> listMenu_;  // the last one that was opened
   boards::ChessGraphics graphics_;
   QPointer<SplashScreen> splash_;

@@ -15,6 +15,7 @@
 #include "platform/process_state.h"
 #include "post/passwords.h"
 #include "widgets/contrast.h"
+#include "widgets/readable_windows.h"
 
 namespace {
 
@@ -54,6 +55,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   app::KeepScaleToOneself();
   ui::KeepPlaceholdersLegible();
+  ui::LetWindowsBeRead();
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 

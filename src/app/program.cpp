@@ -109,9 +109,12 @@ Program::~Program() { HurryInquiries(); }
 
 bool Program::HandOver(const desktop::GivenFiles& files) {
   if (instance_->IsAnotherRunning()) {
-    return !files.empty() && desktop::HandOverFiles(instance_->Socket(), files);
+    return desktop::HandOverFiles(instance_->Socket(), files) && !files.empty();
   }
-  const auto give = [this](const auto& given) { tray_->Windows().Files().Give(given); };
+  const auto give = [this](const auto& given) {
+    if (given.empty()) return tray_->ComeToFront();
+    tray_->Windows().Files().Give(given);
+  };
   if (instance_->IsHeld()) {
     channel_ = std::make_unique<desktop::InstanceChannel>(instance_->Socket(), give);
   }

@@ -35,8 +35,8 @@ class Program {
   Program& operator=(const Program&) = delete;
 
   /// Ahead of the start, with the files that the user has given. True where a program that runs
-  /// already has taken them over, and this one has nothing to do; else they wait for the start, and
-  /// those of later ones come here.
+  /// already has taken them over, and this one has nothing to do; without any that one only comes to
+  /// the front. Else they wait for the start, and those of later ones come here.
   bool HandOver(const desktop::GivenFiles& files);
 
   /// The whole start. False where the program must not go on; the user was told then.

@@ -49,7 +49,7 @@ void InstanceChannel::Read(QLocalSocket& caller) {
 }
 
 bool HandOverFiles(const std::string& socket, const GivenFiles& files) {
-  QByteArray message;
+  QByteArray message = files.empty() ? QByteArray(1, '\0') : QByteArray();
   for (const std::string& path : files) message += QByteArray::fromStdString(path) + '\0';
   QLocalSocket running;
   running.connectToServer(QString::fromStdString(socket));

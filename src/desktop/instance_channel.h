@@ -28,7 +28,8 @@ class InstanceChannel : public QObject {
   std::function<void(const GivenFiles&)> take_;
 };
 
-/// True where the running program has taken the files over. Waits for a few seconds at most.
+/// True where the running program has taken the files over; without any it knows that somebody
+/// looks for it. Waits for a few seconds at most.
 bool HandOverFiles(const std::string& socket, const GivenFiles& files);
 
 }  // namespace desktop

@@ -16,6 +16,7 @@
 #include "post/passwords.h"
 #include "widgets/contrast.h"
 #include "widgets/readable_windows.h"
+#include "widgets/visible_boxes.h"
 
 namespace {
 
@@ -54,6 +55,7 @@ int main(int argc, char** argv) {
   app::ScaleWindows(folders.settingsFile, argc, argv);
   QApplication application(argc, argv);
   app::KeepScaleToOneself();
+  ui::KeepBoxesVisible();
   ui::KeepPlaceholdersLegible();
   ui::LetWindowsBeRead();
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
+#include <QFileInfo>
+#include <QUrl>
 
 #include <iostream>
 #include <string>
@@ -9,17 +11,34 @@
 #include "app/program.h"
 #include "app/screen_scale.h"
 #include "desktop/folders.h"
+#include "desktop/instance_channel.h"
 #include "platform/process_state.h"
 #include "post/accounts/passwords.h"
 #include "widgets/contrast.h"
+#include "widgets/readable_windows.h"
+#include "widgets/visible_boxes.h"
 
 namespace {
 
-/// Options are looked for anywhere in the whole command line.
+/// Options are looked for anywhere in the whole command line, but for the names of files.
 std::string CommandLine(int argc, char** argv) {
   std::string line;
-  for (int i = 1; i < argc; ++i) line.append(argv[i]).append(" ");
+  for (int i = 1; i < argc; ++i) {
+    if (!QFileInfo(QString::fromLocal8Bit(argv[i])).isFile()) line.append(argv[i]).append(" ");
+  }
   return line;
+}
+
+/// Without what the toolkit has taken for itself. A file manager may know them by their addresses.
+desktop::GivenFiles FilesGiven() {
+  desktop::GivenFiles files;
+  for (const QString& argument : QCoreApplication::arguments().mid(1)) {
+    if (argument.startsWith(u'-')) continue;
+    const QUrl url(argument);
+    const QFileInfo file(url.isLocalFile() ? url.toLocalFile() : argument);
+    files.push_back(file.absoluteFilePath().toStdString());
+  }
+  return files;
 }
 
 }  // namespace
@@ -36,11 +55,14 @@ int main(int argc, char** argv) {
   app::ScaleWindows(folders.settingsFile, argc, argv);
   QApplication application(argc, argv);
   app::KeepScaleToOneself();
+  ui::KeepBoxesVisible();
   ui::KeepPlaceholdersLegible();
+  ui::LetWindowsBeRead();
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 
   app::Program program(folders, commandLine);
+  if (program.HandOver(FilesGiven())) return 0;
   const app::EndRequests requests([&program] { program.End(); });
   QObject::connect(
       &application, &QGuiApplication::commitDataRequest, &application,

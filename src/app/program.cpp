@@ -107,6 +107,21 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
 
 Program::~Program() { HurryInquiries(); }
 
+bool Program::HandOver(const desktop::GivenFiles& files) {
+  if (instance_->IsAnotherRunning()) {
+    return desktop::HandOverFiles(instance_->Socket(), files) && !files.empty();
+  }
+  const auto give = [this](const auto& given) {
+    if (given.empty()) return tray_->ComeToFront();
+    tray_->Windows().Files().Give(given);
+  };
+  if (instance_->IsHeld()) {
+    channel_ = std::make_unique<desktop::InstanceChannel>(instance_->Socket(), give);
+  }
+  if (!files.empty()) give(files);
+  return false;
+}
+
 bool Program::Start() { return shell::StartUp(); }
 
 void Program::End() {

@@ -12,6 +12,7 @@
 #include "app/network_watch.h"
 #include "contacts/contacts_book.h"
 #include "desktop/folders.h"
+#include "desktop/instance_channel.h"
 #include "desktop/single_instance.h"
 #include "post/accounts/mail_account.h"
 #include "ui/help/help_window.h"
@@ -32,6 +33,11 @@ class Program {
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
+
+  /// Ahead of the start, with the files that the user has given. True where a program that runs
+  /// already has taken them over, and this one has nothing to do; without any that one only comes
+  /// to the front. Else they wait for the start, and those of later ones come here.
+  bool HandOver(const desktop::GivenFiles& files);
 
   /// The whole start. False where the program must not go on; the user was told then.
   bool Start();
@@ -69,6 +75,7 @@ class Program {
   ui::QtScreen screen_;
   std::unique_ptr<desktop::SingleInstance> instance_;
   std::unique_ptr<ui::SystemTray> tray_;
+  std::unique_ptr<desktop::InstanceChannel> channel_;
   ui::WaitingWindows waiting_;
   NetworkWatch network_;
   /// What the account dialog wants to know of the network. Only the last one counts.

@@ -31,20 +31,23 @@ std::string LockFolder() {
 }
 
 /// The same for every path that leads to the folder.
-QString LockName(const std::string& folder) {
+QString MarkName(const std::string& folder) {
   const QString path = QDir(QString::fromStdString(folder)).canonicalPath();
   const QByteArray digest =
       QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex();
-  return u"tarvolenix-"_s + QString::fromLatin1(digest.left(16)) + u".lock"_s;
+  return u"tarvolenix-"_s + QString::fromLatin1(digest.left(16));
 }
 
 }  // namespace
 
 SingleInstance::SingleInstance(const std::string& folder)
-    : lock_(std::make_unique<QLockFile>(QString::fromStdString(LockFolder()) + LockName(folder))) {
+    : mark_(QString::fromStdString(LockFolder()) + MarkName(folder)),
+      lock_(std::make_unique<QLockFile>(mark_ + u".lock"_s)) {
   // However long the program runs, its lock is good; a dead process's is not.
   lock_->setStaleLockTime(0);
 }
+
+std::string SingleInstance::Socket() const { return (mark_ + u".socket"_s).toStdString(); }
 
 bool SingleInstance::IsAnotherRunning() {
   if (lock_->isLocked() || lock_->tryLock()) return false;

@@ -18,7 +18,14 @@ class SingleInstance {
   /// this object. Where no lock file can be written nobody can know, and the program goes on.
   bool IsAnotherRunning();
 
+  /// This process holds the mark.
+  bool IsHeld() const { return lock_->isLocked(); }
+
+  /// Where the one that holds the mark listens; the same for all.
+  std::string Socket() const;
+
  private:
+  QString mark_;  // without what its files end with
   std::unique_ptr<QLockFile> lock_;
 };
 

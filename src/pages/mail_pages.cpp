@@ -6,6 +6,7 @@
 #include "board/stored_positions.h"
 #include "mail/sending.h"
 #include "pages/move_page.h"
+#include "pages/move_words.h"
 #include "platform/registry.h"
 
 namespace pages {
@@ -47,6 +48,15 @@ platform::MovePage MailPages::PageOf(std::int32_t gameID) {
   page.html =
       PageHtml({game.record, game.moves, SendersName(game.record), end.before}, page.picture);
   return page;
+}
+
+std::string MailPages::WordsOf(std::int32_t gameID) {
+  try {
+    const mail::OutgoingGame game = mail::LoadOutgoingGame(gameID);
+    return MoveWords(game.moves.back(), EndOf(game).before);
+  } catch (const std::exception&) {
+    return {};
+  }
 }
 
 }  // namespace pages

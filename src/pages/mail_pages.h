@@ -12,6 +12,7 @@ class MailPages : public platform::MovePages {
   /// Without a picture where the chess set can't be read. Raises std::exception where the game
   /// can't be.
   platform::MovePage PageOf(std::int32_t gameID) override;
+  std::string WordsOf(std::int32_t gameID) override;
 
  private:
   BoardPictures pictures_;

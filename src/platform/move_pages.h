@@ -22,6 +22,9 @@ class MovePages {
 
   /// The page of a stored game's last move. What can't be shown is left out, be it the whole page.
   virtual MovePage PageOf(std::int32_t /*gameID*/) { return {}; }
+
+  /// The last move in plain words; blank where it moves no piece, or can't be told.
+  virtual std::string WordsOf(std::int32_t /*gameID*/) { return {}; }
 };
 
 inline MovePages noMovePages;

@@ -12,6 +12,7 @@
 #include "platform/mail_state.h"
 #include "platform/message_boxes.h"
 #include "platform/move_pages.h"
+#include "platform/notices.h"
 #include "platform/printing.h"
 #include "platform/screen.h"
 #include "platform/session_start.h"
@@ -36,6 +37,7 @@ struct Seams {
   MAPIMessages* MMess = nullptr;
   MailState* mailState = &noMailState;
   MovePages* movePages = &noMovePages;
+  Notices* notices = &noNotices;
   AddressBook* addressBook = nullptr;
   SettingsStore* settings = nullptr;
   MessageBoxes* messageBoxes = nullptr;

@@ -9,7 +9,8 @@ namespace platform {
 
 struct SettingVariables {
   bool DisplaySplash = true;
-  int NotificationMethod = 2;  ///< 0 nothing, 1 a sound, 2 a dialog, 3 both
+  int NotificationMethod = 2;   ///< 0 nothing, 1 a sound, 2 a dialog, 3 both
+  bool DesktopNotices = false;  ///< the desktop's own notifications, beside the method
   std::string NotificationSoundPath;
   std::string NotificationSoundWav = "None";
   int NotificationTimeout = 1;  ///< 30-second ticks until a dialog answers for itself; 0 never

@@ -111,6 +111,13 @@ class Windows {
   /// The dialog about a new move, modal and in front.
   virtual NotifyChoice AskAboutNewMove(const NewMove& /*move*/) { return NotifyChoice::Later; }
 
+  /// The user has answered elsewhere what that dialog asks: it closes with his answer. False where
+  /// it isn't up.
+  virtual bool AnswerAboutNewMove(NotifyChoice /*choice*/) { return false; }
+
+  /// The dialog that waits for the user, else the window that he used last, comes to the front.
+  virtual void RaiseFrontWindow() {}
+
   /// The dialog about a mail that was set aside, modal and in front. Closing it is Later.
   virtual HeldMailChoice AskAboutHeldMail(const HeldMailQuestion& /*question*/) {
     return HeldMailChoice::Later;

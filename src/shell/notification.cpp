@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/harmless_text.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
@@ -59,11 +60,46 @@ std::optional<platform::NewMove> FirstNewMove() {
                            game->GAME_ID};
 }
 
+/// Opens a game that has a new move, which isn't pending any more then.
+void PlayNewMove(std::int32_t gameID) {
+  if (OpenNewMove(gameID)) std::erase(Process().PendingGames, gameID);
+}
+
+/// What the user has answered to the desktop's notice, at any time.
+void TakeAnswer(std::int32_t gameID, NotifyChoice choice) {
+  platform::Windows& windows = *platform::TheSeams().windows;
+  if (Process().Stopping || windows.AnswerAboutNewMove(choice)) return;
+  if (choice == NotifyChoice::Later) return Process().PendingGames.clear();
+  if (Process().CheckTimerHeld) return windows.RaiseFrontWindow();
+  try {
+    PlayNewMove(gameID);
+  } catch (const std::exception& error) {
+    ReportFailedOpening(error, "the game board");
+  }
+}
+
+/// In words, where it can be told so.
+std::string TextOf(const platform::NewMove& move) {
+  std::string text = move.OpName + ", " + move.GameName;
+  for (const std::string& line :
+       {move.LastMove, platform::TheSeams().movePages->WordsOf(move.gameID), move.MoveComment}) {
+    if (!line.empty()) text += '\n' + line;
+  }
+  return platform::Harmless(text);
+}
+
+void ShowNotice(const platform::NewMove& move) {
+  if (!platform::Settings().DesktopNotices) return;
+  platform::TheSeams().notices->Show(
+      {"A new move has arrived", TextOf(move)},
+      [gameID = move.gameID](NotifyChoice choice) { TakeAnswer(gameID, choice); });
+}
+
 /// False where the user plays one of them, or can't.
 bool GoesOnAfter(NotifyChoice choice) {
   switch (choice) {
     case NotifyChoice::Play:
-      if (OpenNewMove(FirstPending())) DropFirstPending();
+      PlayNewMove(FirstPending());
       return false;
     case NotifyChoice::GameList:
       ShowGameList();
@@ -90,7 +126,11 @@ void NotifyNewMoves() {
   if (!Process().NewMoveArrived || Process().GameListOpen || Process().Stopping) return;
   try {
     if (Notifies(BySound)) PlayNotificationSound();
-    if (Notifies(ByDialog)) AskAboutPendingGames();
+    if (Notifies(ByDialog)) {
+      AskAboutPendingGames();
+    } else if (const auto newMove = FirstNewMove()) {
+      ShowNotice(*newMove);
+    }
     if (Process().PendingGames.empty()) Process().NewMoveArrived = false;
   } catch (const std::exception& error) {
     ReportFailedOpening(error, "the new move notification dialog");
@@ -111,7 +151,12 @@ void TellOfWaitingGames() {
 NotifyChoice ShowNotification() {
   const platform::PollingHold hold;
   const auto newMove = FirstNewMove();
-  if (newMove) return platform::TheSeams().windows->AskAboutNewMove(*newMove);
+  if (newMove) {
+    ShowNotice(*newMove);
+    const NotifyChoice choice = platform::TheSeams().windows->AskAboutNewMove(*newMove);
+    platform::TheSeams().notices->Withdraw();
+    return choice;
+  }
   platform::ShowMessage(platform::InformationIcon, "Notification error.",
                         "The new game appears to be missing from the database.||Please try "
                         "deleting this game and getting your opponent to send the move agian.",

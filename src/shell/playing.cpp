@@ -22,6 +22,7 @@ platform::Windows& Windows() { return *platform::TheSeams().windows; }
 /// found its game unreadable has gone by itself.
 void OpenBoard(platform::PollingHold& hold, bool toFront) {
   const platform::BusyPointer busy;
+  platform::TheSeams().notices->Withdraw();
   Windows().OpenBoard(toFront);
   if (!Process().BoardOpen) return;
   hold.HandOver();
@@ -99,6 +100,7 @@ void StartNewGame(const NewGame& game) {
 }
 
 void ShowGameList() {
+  platform::TheSeams().notices->Withdraw();
   try {
     Windows().ShowGameList();
   } catch (const platform::WindowError&) {

@@ -147,6 +147,7 @@ constexpr Setting settings[] = {
     Flag<&SettingVariables::ShowMoves>("ShowMoves", "True"),
     Flag<&SettingVariables::Coordinates>("Coordinates", "False"),
     Flag<&SettingVariables::Pairs>("Pairs", "False"),
+    Flag<&SettingVariables::DesktopNotices>("DesktopNotices", "False"),
     Flag<&SettingVariables::WhyInMailGames>("WhyInMailGames", "False"),
     Flag<&SettingVariables::AskBeforeSurrender>("AskBeforeSurrender", "True"),
     Flag<&SettingVariables::SetUpFirst>("SetUpFirst", "True"),

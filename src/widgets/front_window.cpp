@@ -22,6 +22,13 @@ void TakeKeys(QWidget& window) {
   if (QWindow* handle = window.windowHandle()) handle->setFlag(Qt::WindowDoesNotAcceptFocus, false);
 }
 
+/// A Wayland desktop doesn't tell which windows it shows as icons, and brings none back because its
+/// program asks for it. What is shown anew comes in front there. A dialog that is hidden has ended.
+bool MayBeLostFromSight(const QWidget& window) {
+  return QGuiApplication::platformName().startsWith(QLatin1StringView("wayland")) &&
+         window.windowType() == Qt::Window && !window.isActiveWindow();
+}
+
 }  // namespace
 
 void ShowInTheMiddle(QWidget& window) {
@@ -63,7 +70,9 @@ void BringActiveWindowToFront() {
       if (candidate->isVisible() && IsOfProgram(*candidate)) window = candidate;
     }
   }
-  if (window) BringToFront(*window);
+  if (!window) return;
+  if (MayBeLostFromSight(*window)) window->hide();
+  BringToFront(*window);
 }
 
 }  // namespace ui

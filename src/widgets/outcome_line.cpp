@@ -28,6 +28,7 @@ QColor Red(const QPalette& palette) { return IsDark(palette) ? 0xff8a80 : 0xb320
 OutcomeLine::OutcomeLine(QWidget* parent)
     : QWidget(parent), sign_(new QLabel), busy_(new QProgressBar), text_(new PlainTextView) {
   text_->setObjectName(u"OutcomeText"_s);
+  text_->setAccessibleName(u"What has come of it"_s);
   text_->SetMostLines(mostLines);
   busy_->setRange(0, 0);
   busy_->setTextVisible(false);

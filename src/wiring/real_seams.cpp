@@ -23,6 +23,7 @@ RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAcco
   seams.MMess = &mail_;
   seams.mailState = &mail_;
   seams.movePages = &movePages_;
+  seams.notices = &notices_;
   seams.settings = &settings_;
   seams.sessionStart = &autostart_;
   seams.sounds = sounds_.get();

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desktop/autostart_entry.h"
+#include "desktop/desktop_notices.h"
 #include "desktop/ini_settings.h"
 #include "desktop/posix_files.h"
 #include "desktop/qt_events.h"
@@ -45,6 +46,7 @@ class RealSeams {
   std::unique_ptr<platform::Sounds> sounds_;
   desktop::QtEvents events_;
   pages::MailPages movePages_;
+  desktop::DesktopNotices notices_;
   sign_in::KeptTokens tokens_;
   post::MailService mail_;
 };

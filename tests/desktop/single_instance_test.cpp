@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/single_instance.h"
 
+#include <QCoreApplication>
+#include <QTest>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <future>
 #include <optional>
 
+#include "desktop/instance_channel.h"
 #include "fakes/temporary_folder.h"
 
 namespace {
@@ -40,6 +44,25 @@ TEST_F(SingleInstanceTest, OneRunsAtATimeFromEachFolder) {
   EXPECT_FALSE(elsewhere.IsAnotherRunning());
   first.reset();
   EXPECT_FALSE(second.IsAnotherRunning());
+}
+
+TEST_F(SingleInstanceTest, TheRunningOneTakesTheFilesOfLaterStarts) {
+  int argumentCount = 1;
+  char name[] = "test";
+  char* arguments[] = {name, nullptr};
+  QCoreApplication application(argumentCount, arguments);
+  SingleInstance first(program_ / "");
+  WriteFile(first.Socket(), "left by a crash");
+  EXPECT_FALSE(desktop::HandOverFiles(first.Socket(), {"/a"})) << "nobody listens";
+  desktop::GivenFiles taken;
+  const desktop::InstanceChannel channel(first.Socket(), [&](const auto& files) { taken = files; });
+  const desktop::GivenFiles files{"/a b;c\n.txt", "/\xC3\xA4"};
+  auto handedOver = std::async(std::launch::async, [&] {
+    return desktop::HandOverFiles(SingleInstance(program_ / "").Socket(), files);
+  });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !taken.empty(); }));
+  EXPECT_TRUE(handedOver.get());
+  EXPECT_EQ(taken, files);
 }
 
 TEST_F(SingleInstanceTest, WhatACrashOrAPowerCutLeavesIsNobodys) {

@@ -44,6 +44,7 @@ FakeDesktop::FakeDesktop(const std::string& commandLine) {
   desktop.files = &files;
   desktop.windows = &windows;
   desktop.tray = &tray;
+  desktop.notices = &notices;
   desktop.help = &help;
   desktop.printers = &printers;
   desktop.screen = &screen;

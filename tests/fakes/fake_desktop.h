@@ -88,6 +88,7 @@ class FakeDesktop {
   MemoryMail mail;
   RecordingWindows windows{log};
   RecordingTray tray{log};
+  RecordingNotices notices;
   RecordingHelp help{log};
   RecordingPrinters printers;
   ScriptedScreen screen;

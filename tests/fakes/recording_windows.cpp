@@ -47,7 +47,9 @@ platform::HeldMailChoice RecordingWindows::AskAboutHeldMail(
 platform::NotifyChoice RecordingWindows::AskAboutNewMove(const platform::NewMove& move) {
   Did("notify " + move.OpName + "/" + move.GameName + "/" + move.MoveComment +
       (move.isLast ? "/last" : ""));
+  isAsking = true;
   if (duringQuestion) duringQuestion();
+  isAsking = false;
   if (choices.empty()) {
     ADD_FAILURE() << "unexpected question about " << move.GameName;
     return platform::NotifyChoice::Later;

@@ -7,9 +7,11 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/help.h"
+#include "platform/notices.h"
 #include "platform/screen.h"
 #include "platform/tray.h"
 #include "platform/windows.h"
@@ -36,6 +38,11 @@ class RecordingWindows : public platform::Windows {
   void HideNewGame() override { Did("hide new game"); }
   std::optional<std::string> PickMoveFile() override { return picked; }
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
+  bool AnswerAboutNewMove(platform::NotifyChoice choice) override {
+    if (isAsking) choices = {choice};
+    return isAsking;
+  }
+  void RaiseFrontWindow() override { Did("raise"); }
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   std::optional<std::string> AskAddress(const std::string&, const std::string&) override {
     return newAddress;
@@ -51,12 +58,26 @@ class RecordingWindows : public platform::Windows {
   std::optional<std::string> picked;                      ///< file to import
   std::optional<std::string> newAddress;                  ///< of an opponent
   std::function<void()> duringQuestion;  ///< while the user is asked about a new move
+  bool isAsking = false;                 ///< just then
   std::function<void()> gameListClosed;  ///< the close handler
 
  private:
   bool Did(const std::string& entry);
 
   EventLog& log_;
+};
+
+/// As a desktop with a daemon that shows them.
+class RecordingNotices : public platform::Notices {
+ public:
+  void Show(const platform::Notice& notice, Answered onAnswer) override {
+    text = notice.text;
+    answered = std::move(onAnswer);
+  }
+  void Withdraw() override { text.clear(); }
+
+  std::string text;  ///< of the one that is shown
+  Answered answered;
 };
 
 class RecordingTray : public platform::Tray {

@@ -77,6 +77,48 @@ TEST_F(NotificationTest, TheFourAnswersLeadOnThroughThePendingGames) {
   }
 }
 
+TEST_F(NotificationTest, TheDesktopsNoticeCanBeAnsweredInThePlaceOfTheDialog) {
+  const struct {
+    const char* name;
+    int method;
+    platform::NotifyChoice answer;
+    bool anotherWindow;
+    std::string came;
+    GameIDs left;
+  } rows[] = {
+      {"Play beside the dialog",
+       2,
+       Play,
+       false,
+       "notify Anna/Game 4/My plan, board 4 in front",
+       {5}},
+      {"Later beside the dialog", 2, Later, false, "notify Anna/Game 4/My plan", {}},
+      {"Play without one", 0, Play, false, "board 4 in front", {5}},
+      {"Later without one", 0, Later, false, "", {}},
+      {"Play while something else is up", 0, Play, true, "raise", {4, 5}},
+  };
+  Settings().DesktopNotices = true;
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    Settings().NotificationMethod = row.method;
+    Process().CheckTimerHeld = Process().BoardOpen = false;
+    const auto answer = [&] {
+      EXPECT_EQ(desktop.notices.text, "Anna, Game 4\n1. e4\nMy plan");
+      Process().CheckTimerHeld = row.anotherWindow || row.method != 0;
+      desktop.notices.answered(row.answer);
+    };
+    desktop.windows.duringQuestion = answer;
+    Process().NewMoveArrived = true;
+    Process().PendingGames = {4, 5};
+    Happened();
+    NotifyNewMoves();
+    if (row.method == 0) answer();
+    EXPECT_EQ(Happened({"notify", "board", "raise"}), row.came);
+    EXPECT_EQ(Process().PendingGames, row.left);
+    EXPECT_EQ(desktop.notices.text.empty(), row.method != 0 || Process().BoardOpen);
+  }
+}
+
 TEST_F(NotificationTest, AGameThatIsGoneIsToldAndCountsAsLater) {
   store::RemoveGame(4);
   Notify({4, 5});

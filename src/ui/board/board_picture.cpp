@@ -11,6 +11,8 @@
 #include <cmath>
 #include <utility>
 
+#include "ui/board/readable_board.h"
+
 namespace ui {
 
 using namespace Qt::StringLiterals;
@@ -54,6 +56,7 @@ QPainterPath ArrowBetween(const QRectF& from, const QRectF& to) {
 
 BoardPicture::BoardPicture(const boards::ChessGraphics& graphics, int edge, QWidget* parent)
     : QWidget(parent), graphics_(graphics), edge_(edge) {
+  LetBoardsBeRead();
   setObjectName(u"CBoard"_s);
   setAccessibleName(u"Chess board"_s);
   setFocusPolicy(Qt::StrongFocus);
@@ -120,6 +123,7 @@ void BoardPicture::PaintSquare(Square square, int cell) {
   cells_[IndexIn64(square)] = cell;
   UpdateSquare(square);
   if (square == cursor_) DescribeCursor();
+  TellReaderOfSquare(*this, square);
   Q_EMIT Painted(square);
 }
 
@@ -176,6 +180,7 @@ void BoardPicture::MoveCursor(Square square, bool showRing) {
   cursorRing_ = showRing;
   UpdateSquare(cursor_);
   DescribeCursor();
+  TellReaderOfCursor(*this);
 }
 
 void BoardPicture::DescribeCursor() {
@@ -388,6 +393,7 @@ void BoardPicture::focusInEvent(QFocusEvent* event) {
     cursorRing_ = true;
   }
   UpdateSquare(cursor_);
+  TellReaderOfCursor(*this);
 }
 
 void BoardPicture::focusOutEvent(QFocusEvent*) { UpdateSquare(cursor_); }
@@ -395,12 +401,10 @@ void BoardPicture::focusOutEvent(QFocusEvent*) { UpdateSquare(cursor_); }
 QString DescribeSquare(Square square, int cell) {
   static constexpr const char* pieces[] = {"",      "rook", "knight", "bishop",
                                            "queen", "king", "pawn",   "fallen king"};
-  QString text = FileLetter(square.x) + QString::number(square.y);
+  const QString text = FileLetter(square.x) + QString::number(square.y);
   const int column = cell % boards::ChessGraphics::columns;
-  if (column != 0) {
-    text += (cell < 16 ? u", white "_s : u", black "_s) + QLatin1StringView(pieces[column]);
-  }
-  return text;
+  if (column == 0) return text + u", empty"_s;
+  return text + (cell < 16 ? u", white "_s : u", black "_s) + QLatin1StringView(pieces[column]);
 }
 
 }  // namespace ui

@@ -124,7 +124,7 @@ class BoardPicture : public QWidget {
   int scaledPixels_ = 0;  // the size of what scaled_ holds
 };
 
-/// Such as "e4, white pawn".
+/// Such as "e4, white pawn", or "e5, empty".
 QString DescribeSquare(rules::Square square, int cell);
 
 }  // namespace ui

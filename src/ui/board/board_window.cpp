@@ -100,6 +100,7 @@ BoardWindow::BoardWindow(const boards::ChessGraphics& graphics, std::function<vo
   setObjectName(u"Board"_s);
   setAttribute(Qt::WA_DeleteOnClose);
   playersTag_->setObjectName(u"PlayersTag"_s);
+  playersTag_->setAccessibleName(u"Players"_s);
   SetBold(playersTag_, true);
   playerCommentLabel_->setObjectName(u"PlayerComment_L"_s);
   playerCommentLabel_->setBuddy(playerComment_);

@@ -37,6 +37,7 @@ bool IsModifier(int key) {
 OpponentWords::OpponentWords(const board::Game& board, QWidget* parent)
     : PlainTextView(parent), board_(board) {
   setObjectName(u"OpponentComment"_s);
+  setAccessibleName(u"Player comments"_s);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   quietTimer_.setSingleShot(true);
   connect(&quietTimer_, &QTimer::timeout, this, &OpponentWords::EndQuiet);

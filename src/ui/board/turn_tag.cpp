@@ -39,7 +39,10 @@ QString MailTip(const board::Game& game) {
 
 }  // namespace
 
-TurnTag::TurnTag(QWidget* parent) : PlainTextView(parent) { setObjectName(u"TurnTag"_s); }
+TurnTag::TurnTag(QWidget* parent) : PlainTextView(parent) {
+  setObjectName(u"TurnTag"_s);
+  setAccessibleName(u"Whose turn it is"_s);
+}
 
 void TurnTag::Show(const board::Game& game) {
   SetText(Joined({ShownLine(board::TurnInWords(game)), ShownLine(game.Title), MailLine(game)}));

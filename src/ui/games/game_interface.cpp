@@ -37,7 +37,6 @@
 #include "store/repair.h"
 #include "ui/exchange/game_texts.h"
 #include "ui/exchange/import_games.h"
-#include "ui/exchange/pgn_drop.h"
 #include "ui/games/game_list_grid.h"
 #include "ui/games/game_list_model.h"
 #include "widgets/disabled_window.h"
@@ -148,7 +147,6 @@ GameInterface::GameInterface(OtherErrands errands)
   AddToolbar();
   AddMenuButtons();
   if (!IsSimpleUI()) AddWindowButtons();
-  new PgnDrop(*this, [this](const QStringList& paths) { ImportPgnFiles(paths); });
   hasSkin_ = TakeLook(*this, layouts::gameInterface, [this] { SetSimpleUI(); });
   if (!hasSkin_) return;
   RefreshInterfaceButtons();

@@ -122,11 +122,14 @@ void NotifyForm::AddButtons(bool isLast) {
                       QLatin1StringView(row.plainCaption));
     if (platform::Settings().ShowToolTips) play_->setToolTip(QLatin1StringView(row.tip));
     play_->setEnabled(row.choice != NotifyChoice::Next || !isLast);
-    connect(play_, &QAbstractButton::clicked, this, [this, choice = row.choice] {
-      UserChoice = choice;
-      accept();
-    });
+    connect(play_, &QAbstractButton::clicked, this,
+            [this, choice = row.choice] { Answer(choice); });
   }
+}
+
+void NotifyForm::Answer(NotifyChoice choice) {
+  UserChoice = choice;
+  accept();
 }
 
 void NotifyForm::SetSimpleUI() {

@@ -23,6 +23,9 @@ class NotifyForm : public QDialog {
   /// What the dialog was left with; any way out but a button is "Later".
   platform::NotifyChoice UserChoice = platform::NotifyChoice::Later;
 
+  /// As the button does it.
+  void Answer(platform::NotifyChoice choice);
+
  public Q_SLOTS:
   /// One beat of the time-out; the last one answers "Later".
   void Tick();

@@ -77,10 +77,13 @@ HelpWindow::HelpWindow(HelpBook book)
       text_(new HelpText(book_)) {
   setObjectName(u"HelpWindow"_s);
   setWindowTitle(u"Tarvolenix help"_s);
+  sides_->setAccessibleName(u"Ways into the help"_s);
   sides_->addTab(NewContents(), u"&Contents"_s);
   sides_->addTab(NewIndex(), u"&Index"_s);
   sides_->addTab(NewSearch(), u"&Search"_s);
+  contents_->setAccessibleName(u"Contents"_s);
   text_->setObjectName(u"Text"_s);
+  text_->setAccessibleName(u"Page of the help"_s);
   auto* splitter = new QSplitter;
   splitter->addWidget(sides_);
   splitter->addWidget(text_);

@@ -44,6 +44,8 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
       opNotifyDialog_(new LabelledBox("opNotifyDialog", "Display a message", this)),
       Label4_(new QLabel(u"Notification dialog timeout:"_s, this)),
       opTimeoutCombo_(new QComboBox(this)),
+      opNotifyDesktop_(
+          new LabelledBox("opNotifyDesktop", "Show a notification of the desktop, too", this)),
       opComputerGames_(new LabelledBox(
           "opComputerGames", "Show games against the computer as new moves in the tray?", this)),
       opGamePreview_(new LabelledBox(
@@ -62,7 +64,8 @@ NotificationPage::NotificationPage(std::function<void()> pickSound, QWidget* par
   for (LabelledBox* box : {opNotifySound_, opNotifyDialog_}) {
     connect(box, &QCheckBox::clicked, this, &NotificationPage::SetNotifyMethod);
   }
-  for (LabelledBox* box : {opComputerGames_, opGamePreview_, opAskSurrender_, opWhyInMailGames_}) {
+  for (LabelledBox* box :
+       {opNotifyDesktop_, opComputerGames_, opGamePreview_, opAskSurrender_, opWhyInMailGames_}) {
     connect(box, &QCheckBox::clicked, this, &NotificationPage::ApplyWanted);
   }
   connect(opBrowseSound_, &QAbstractButton::clicked, this, &NotificationPage::BrowseSound);
@@ -81,7 +84,9 @@ void NotificationPage::SetSimpleUI() {
   layout->addWidget(&opNotifyDialog_->Caption(), 2, 1, 1, 2);
   layout->addWidget(Label4_, 3, 1);
   layout->addWidget(opTimeoutCombo_, 3, 2, Qt::AlignLeft);
-  int row = 4;
+  layout->addWidget(opNotifyDesktop_, 4, 0);
+  layout->addWidget(&opNotifyDesktop_->Caption(), 4, 1, 1, 2);
+  int row = 5;
   layout->setRowMinimumHeight(row++, 8);
   for (LabelledBox* box : {opComputerGames_, opGamePreview_, opAskSurrender_, opWhyInMailGames_}) {
     layout->addWidget(box, row, 0);
@@ -104,6 +109,7 @@ void NotificationPage::LoadOptions() {
   ShowSound();
   SetSoundPickEnable();
   opTimeoutCombo_->setCurrentIndex(Settings().NotificationTimeout);
+  opNotifyDesktop_->setChecked(Settings().DesktopNotices);
   opComputerGames_->setChecked(Settings().ComputerGamesCount);
   opGamePreview_->setChecked(Settings().ShowGamePreview);
   opAskSurrender_->setChecked(Settings().AskBeforeSurrender);
@@ -115,6 +121,7 @@ void NotificationPage::SetOptions() {
   // One beyond the list stays until another is chosen.
   const int timeout = opTimeoutCombo_->currentIndex();
   if (timeout >= 0) Settings().NotificationTimeout = timeout;
+  Settings().DesktopNotices = opNotifyDesktop_->isChecked();
   shell::CountComputerGames(opComputerGames_->isChecked());
   Settings().ShowGamePreview = opGamePreview_->isChecked();
   Settings().AskBeforeSurrender = opAskSurrender_->isChecked();
@@ -147,6 +154,7 @@ void NotificationPage::SetToolTips() {
   SetTip(*opBrowseSound_, "Click to choose a sound to play for new move notification");
   SetTip(*opNotificationSound_, "The sound chosen to notify you of a new move");
   SetTip(*opTimeoutCombo_, "How long to leave the new move notification dialog on screen");
+  opNotifyDesktop_->SetTip("Whether your desktop shows a new move as it shows those of others");
   opComputerGames_->SetTip("Whether a game against the computer shows as a new move in the tray");
   opGamePreview_->SetTip("Whether the list shows the board of a game after a second");
   opAskSurrender_->SetTip("Whether to ask once more before a surrender is sent");

@@ -45,6 +45,7 @@ class NotificationPage : public QWidget {
   LabelledBox* opNotifyDialog_;
   QLabel* Label4_;
   QComboBox* opTimeoutCombo_;
+  LabelledBox* opNotifyDesktop_;
   LabelledBox* opComputerGames_;
   LabelledBox* opGamePreview_;
   LabelledBox* opAskSurrender_;

@@ -85,11 +85,13 @@ ServerFields::Server ServerFields::NewServer(const QString& protocol) {
                       new QComboBox};
   KeepFitForFields(server.host);
   server.port->setObjectName(protocol + u"Port"_s);
+  server.port->setAccessibleName(protocol.toUpper() + u" port"_s);
   server.port->setToolTip(u"The server's port"_s);
   server.port->setPrefix(u"Port "_s);
   server.port->setRange(1, 65535);
   server.port->setButtonSymbols(QSpinBox::NoButtons);
   server.security->setObjectName(protocol + u"Security"_s);
+  server.security->setAccessibleName(protocol.toUpper() + u" encryption"_s);
   server.security->setToolTip(
       u"How the connection is encrypted. Without encryption, only a server on this computer is "
       u"spoken to."_s);

@@ -48,6 +48,7 @@ Credits::Credits(QWidget* parent)
   page_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   page_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   page_->setWidgetResizable(true);
+  page_->setAccessibleName(windowTitle());
   auto* text = new QLabel(QLatin1StringView(names));
   text->setAlignment(Qt::AlignHCenter);
   text->setWordWrap(true);

@@ -43,6 +43,7 @@ QLabel* NewPicture(int icon, QWidget* window) {
 PlainTextView* NewText(const QString& name, const QString& text, bool bold, QWidget* window) {
   auto* view = new PlainTextView(window);
   view->setObjectName(name);
+  view->setAccessibleName(bold ? u"Title of the message"_s : u"Message"_s);
   QFont font = view->font();
   font.setBold(bold);
   view->setFont(font);

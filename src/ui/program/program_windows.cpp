@@ -24,6 +24,7 @@
 #include "ui/options/options_page.h"
 #include "ui/program/about_box.h"
 #include "ui/program/select_sound.h"
+#include "widgets/dropped_files.h"
 #include "widgets/front_window.h"
 #include "widgets/pointers.h"
 #include "widgets/shown_text.h"
@@ -113,6 +114,7 @@ void ProgramWindows::ShowGameList() {
       delete list_;
       return;
     }
+    TakeDroppedFiles(*list_, [this](const auto& paths) { files_.Give(paths); });
   }
   if (board_ && board_->isVisible()) {
     Replace(*board_, *list_);
@@ -121,6 +123,11 @@ void ProgramWindows::ShowGameList() {
     BringToFront(*list_);
   }
   list_->repaint();
+}
+
+void ProgramWindows::ImportGames(const QStringList& paths) {
+  ShowGameList();
+  if (list_) list_->ImportPgnFiles(paths);
 }
 
 void ProgramWindows::CloseGameList() {
@@ -195,6 +202,14 @@ platform::NotifyChoice ProgramWindows::AskAboutNewMove(const platform::NewMove& 
   const OtherPointer arrow(Qt::ArrowCursor);
   return ui::AskAboutNewMove(move);
 }
+
+bool ProgramWindows::AnswerAboutNewMove(platform::NotifyChoice choice) {
+  auto* form = qobject_cast<NotifyForm*>(QApplication::activeModalWidget());
+  if (form) form->Answer(choice);
+  return form != nullptr;
+}
+
+void ProgramWindows::RaiseFrontWindow() { BringActiveWindowToFront(); }
 
 platform::HeldMailChoice ProgramWindows::AskAboutHeldMail(
     const platform::HeldMailQuestion& question) {

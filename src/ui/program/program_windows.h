@@ -13,6 +13,7 @@
 #include "ui/board/board_window.h"
 #include "ui/games/game_interface.h"
 #include "ui/games/new_game_info.h"
+#include "ui/program/given_files.h"
 #include "ui/program/splash_screen.h"
 #include "ui/study/study_desk.h"
 
@@ -44,6 +45,8 @@ class ProgramWindows : public QObject, public platform::Windows {
   void HideNewGame() override;
   void CloseNewGame() override;
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
+  bool AnswerAboutNewMove(platform::NotifyChoice choice) override;
+  void RaiseFrontWindow() override;
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   std::optional<std::string> PickMoveFile() override;
   void CloseAll() override;
@@ -54,11 +57,17 @@ class ProgramWindows : public QObject, public platform::Windows {
   /// The dialog with the program's version, modal.
   void ShowAbout();
 
+  /// Files dropped on the list of games go there, too.
+  GivenFiles& Files() { return files_; }
+
   BoardWindow* OpenedBoard() const { return board_; }
   GameInterface* GameList() const { return list_; }
 
  private:
+  void ImportGames(const QStringList& paths);
+
   OtherErrands errands_;
+  GivenFiles files_{[this](const QStringList& paths) { ImportGames(paths); }};
   std::unique_ptr<QMenu> listMenu_;  // the last one that was opened
   boards::ChessGraphics graphics_;
   StudyDesk study_{graphics_};

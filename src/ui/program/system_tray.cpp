@@ -88,7 +88,7 @@ SystemTray::SystemTray(const ChangeAccount& changeAccount,
   };
   seams.mailState->OnChange(shell::FollowMails);
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
-  connect(&icon_, &TrayIcon::Opened, this, &SystemTray::OpenByDoubleClick);
+  connect(&icon_, &TrayIcon::Opened, this, &SystemTray::ComeToFront);
   connect(&icon_, &TrayIcon::Missing, this, &SystemTray::LeaveTray);
   connect(&icon_, &TrayIcon::Come, this, &shell::TrayHasCome);
 }
@@ -137,7 +137,7 @@ void SystemTray::LeaveTray() {
   shell::LiveWithoutTray();
 }
 
-void SystemTray::OpenByDoubleClick() {
+void SystemTray::ComeToFront() {
   if (Process().CheckTimerHeld) {
     BringActiveWindowToFront();
     QApplication::beep();

@@ -26,8 +26,10 @@ class SystemTray : public QObject {
   TrayIcon& Icon() { return icon_; }
   TrayMenu& Menu() { return menu_; }
 
+  /// The user looks for the program: what is up comes to the front, else the list of games opens.
+  void ComeToFront();
+
  private:
-  void OpenByDoubleClick();
   void LeaveTray();
   void Greet(const ChangeAccount& changeAccount);
   void FollowCheckTimer();

@@ -147,6 +147,29 @@ TEST_F(SystemTrayTest, TheBoardTakesThePlaceOfTheListAndGivesItBack) {
   EXPECT_FALSE(Process().GameListOpen);
 }
 
+TEST_F(SystemTrayTest, AFileDroppedOnTheListIsImportedOnceTheBoardIsClosed) {
+  Store(1, store::MoveWaiting, "Anna");
+  Process().StartupComplete = true;
+  Choose("mnuPopupOpen");
+  for (const bool whilePlaying : {false, true}) {
+    SCOPED_TRACE(whilePlaying);
+    if (whilePlaying) TakeEntry(*List(), "GameMenu_L", "Play selected");
+    desktop_.boxes.messages.clear();
+    QMimeData files;
+    files.setUrls({QUrl(u"https://example.org/a"_s), QUrl::fromLocalFile(u"/nowhere/a b.txt"_s)});
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(List(), &enter);
+    QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(List(), &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "it is its owner's still";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(desktop_.LastMessage().first, whilePlaying ? "Game import" : "File read error");
+    if (!whilePlaying) continue;
+    Board()->close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return desktop_.LastMessage().first == "File read error"; }));
+  }
+}
+
 TEST_F(SystemTrayTest, ANewMoveOpensBehindTheOneThatCloses) {
   Store(1, store::MoveWaiting, "Anna");
   Store(2, store::MoveWaiting, "Bob");

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/desktop_notices.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QVariantMap>
+
+#include <utility>
+
+namespace desktop {
+
+using namespace Qt::StringLiterals;
+using platform::NotifyChoice;
+
+namespace {
+
+constexpr auto service = "org.freedesktop.Notifications"_L1;
+constexpr auto object = "/org/freedesktop/Notifications"_L1;
+
+constexpr uint inTheOldOnesPlace = 0;  // that one is closed
+constexpr int asLongAsTheDesktopLikes = -1;
+
+struct Action {
+  QLatin1StringView key;
+  QLatin1StringView caption;
+  NotifyChoice choice;
+};
+
+/// A click on the notice itself, where the desktop tells of it, means to see the move.
+constexpr Action actions[] = {{"default"_L1, "Play"_L1, NotifyChoice::Play},
+                              {"play"_L1, "Play"_L1, NotifyChoice::Play},
+                              {"later"_L1, "Later"_L1, NotifyChoice::Later}};
+
+QDBusMessage Call(QLatin1StringView method, const QVariantList& arguments) {
+  QDBusMessage call = QDBusMessage::createMethodCall(service, object, service, method);
+  call.setArguments(arguments);
+  return call;
+}
+
+/// What comes by mail may look like markup, which only the text can hold.
+QVariantList NotifyArguments(const platform::Notice& notice) {
+  QStringList offered;
+  for (const Action& action : actions) offered << action.key << action.caption;
+  return {u"Tarvolenix"_s,
+          inTheOldOnesPlace,
+          u"tarvolenix"_s,  // its icon
+          QString::fromStdString(notice.title),
+          QString::fromStdString(notice.text).toHtmlEscaped(),
+          offered,
+          QVariantMap{{u"desktop-entry"_s, u"tarvolenix"_s}},
+          asLongAsTheDesktopLikes};
+}
+
+}  // namespace
+
+DesktopNotices::~DesktopNotices() { Withdraw(); }
+
+bool DesktopNotices::ReachesBus() {
+  if (bus_.isConnected()) return true;
+  bus_ = QDBusConnection::sessionBus();
+  if (!bus_.isConnected()) return false;
+  bus_.connect(service, object, service, u"ActionInvoked"_s, this, SLOT(TakeAction(uint, QString)));
+  bus_.connect(service, object, service, u"NotificationClosed"_s, this, SLOT(Forget(uint, uint)));
+  return true;
+}
+
+void DesktopNotices::Show(const platform::Notice& notice, Answered answered) {
+  Withdraw();
+  if (!ReachesBus()) return;
+  answered_ = std::move(answered);
+  coming_ =
+      new QDBusPendingCallWatcher(bus_.asyncCall(Call("Notify"_L1, NotifyArguments(notice))), this);
+  connect(coming_, &QDBusPendingCallWatcher::finished, this, &DesktopNotices::TakeNumber);
+}
+
+void DesktopNotices::TakeNumber(QDBusPendingCallWatcher* call) {
+  call->deleteLater();
+  const QDBusPendingReply<uint> reply = *call;
+  const uint number = reply.isError() ? 0 : reply.value();
+  if (call == coming_) {
+    coming_ = nullptr;
+    number_ = number;
+  } else if (number != 0) {
+    bus_.send(Call("CloseNotification"_L1, {number}));
+  }
+}
+
+void DesktopNotices::Withdraw() {
+  answered_ = nullptr;
+  coming_ = nullptr;  // closed as soon as its number is known
+  if (const uint number = std::exchange(number_, 0)) {
+    bus_.send(Call("CloseNotification"_L1, {number}));
+  }
+}
+
+void DesktopNotices::TakeAction(uint number, const QString& action) {
+  if (number_ == 0 || number != number_) return;
+  for (const Action& offered : actions) {
+    if (action != offered.key) continue;
+    // What is answered may show the next one.
+    const Answered answered = std::exchange(answered_, nullptr);
+    Withdraw();
+    if (answered) answered(offered.choice);
+    return;
+  }
+}
+
+void DesktopNotices::Forget(uint number, uint /*reason*/) {
+  if (number != number_) return;
+  number_ = 0;
+  answered_ = nullptr;
+}
+
+}  // namespace desktop

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The way from a start that finds the program running to the one that runs: the files that the user
+// gave go through a local socket beside the mark of the single instance. Each path ends with a NUL,
+// and the whole with another; the running program answers with one byte.
+#pragma once
+
+#include <QLocalServer>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace desktop {
+
+using GivenFiles = std::vector<std::string>;
+
+/// The end of the running program. Where there can be no socket, nobody finds it.
+class InstanceChannel : public QObject {
+ public:
+  /// For the only instance: what a crashed one has left is swept away. `take` is called from the
+  /// event loop.
+  InstanceChannel(const std::string& socket, std::function<void(const GivenFiles&)> take);
+
+ private:
+  void Read(QLocalSocket& caller);
+
+  QLocalServer server_;
+  std::function<void(const GivenFiles&)> take_;
+};
+
+/// True where the running program has taken the files over; without any it knows that somebody
+/// looks for it. Waits for a few seconds at most.
+bool HandOverFiles(const std::string& socket, const GivenFiles& files);
+
+}  // namespace desktop

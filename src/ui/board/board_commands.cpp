@@ -227,7 +227,7 @@ void BoardCommands::TellOfFairness() {
   const bool leavesIt = platform::AskWithExtra(
       platform::InformationIcon, "Why this move?",
       "In a game against a person this would be help from a machine.||Your friend and you may "
-      "agree on it: Options...",
+      "agree on it: Options..., Notification.",
       "OK", "Options...");
   if (!window) return;
   board_.LockedForDialog = false;

@@ -11,6 +11,7 @@ bool MemoryFiles::NextFails(const std::string& operation) {
 }
 
 std::string MemoryFiles::Read(const std::string& path) {
+  const std::lock_guard lock(mutex_);
   if (NextFails("read " + path)) throw platform::FileError("can't read " + path);
   const auto found = content.find(path);
   if (found == content.end()) throw platform::FileError("no file " + path);
@@ -18,6 +19,7 @@ std::string MemoryFiles::Read(const std::string& path) {
 }
 
 void MemoryFiles::Write(const std::string& path, std::string_view text) {
+  const std::lock_guard lock(mutex_);
   if (NextFails("write " + path)) {
     content[path] = text.substr(0, text.size() / 2);
     throw platform::FileError("disk full at " + path);
@@ -26,6 +28,7 @@ void MemoryFiles::Write(const std::string& path, std::string_view text) {
 }
 
 void MemoryFiles::Rename(const std::string& from, const std::string& to) {
+  const std::lock_guard lock(mutex_);
   if (NextFails("rename " + from + " " + to)) throw platform::FileError("can't rename " + from);
   const auto found = content.find(from);
   if (found == content.end()) throw platform::FileError("no file " + from);
@@ -34,11 +37,13 @@ void MemoryFiles::Rename(const std::string& from, const std::string& to) {
 }
 
 void MemoryFiles::Remove(const std::string& path) {
+  const std::lock_guard lock(mutex_);
   if (NextFails("remove " + path)) throw platform::FileError("can't remove " + path);
   if (content.erase(path) == 0) throw platform::FileError("no file " + path);
 }
 
 std::vector<std::string> MemoryFiles::List(const std::string& folder) {
+  const std::lock_guard lock(mutex_);
   if (NextFails("list " + folder)) throw platform::FileError("can't list " + folder);
   std::vector<std::string> names;
   for (const auto& [path, text] : content) {

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Files in memory. The N-th operation can be made to fail, as a full disk or a lost drive would.
+// The operations may come from several threads at a time, as on a disk; a test itself has `content`
+// only while no other is at work.
 #pragma once
 
 #include <map>
+#include <mutex>
 #include <set>
 #include <string>
 #include <vector>
@@ -15,6 +18,7 @@ class MemoryFiles : public platform::Files {
  public:
   /// A folder, whose path ends in "/", is there with its first file.
   bool Exists(const std::string& path) override {
+    const std::lock_guard lock(mutex_);
     const auto found = content.lower_bound(path);
     return found != content.end() &&
            (found->first == path || (path.ends_with('/') && found->first.starts_with(path)));
@@ -22,6 +26,7 @@ class MemoryFiles : public platform::Files {
   std::string Read(const std::string& path) override;
   /// The content itself: it needs no clock.
   std::string Stamp(const std::string& path) override {
+    const std::lock_guard lock(mutex_);
     return Exists(path) ? "file " + content[path] : std::string{};
   }
   void Write(const std::string& path, std::string_view text) override;
@@ -43,6 +48,7 @@ class MemoryFiles : public platform::Files {
  private:
   bool NextFails(const std::string& operation);
 
+  std::recursive_mutex mutex_;
   int operationsUntilFailure_ = 0;
 };
 

@@ -117,7 +117,10 @@ class Reader {
     return files;
   }
 
-  std::string& GameFile() { return desktop.files.content["/program/Data/Tvgdb.dat"]; }
+  std::string GameFile() {
+    const std::string path = "/program/Data/Tvgdb.dat";
+    return desktop.files.Exists(path) ? desktop.files.Read(path) : std::string{};
+  }
 
   fakes::FakeDesktop desktop;
 

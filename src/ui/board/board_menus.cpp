@@ -61,23 +61,23 @@ std::vector<MenuRow> ExchangeRows(const BoardActions& actions) {
   return {{"-"},
           WithKey(Qt::CTRL | Qt::Key_C, row("Copy game", actions.copyGame)),
           WithKey(Qt::CTRL | Qt::Key_S, row("Save game as PGN...", actions.saveGame))};
+}
 
-  /// What the user does for himself.
-  MenuRow StudyRow(QKeyCombination key, const char* caption, const std::function<void()>& action) {
-    const bool stored = platform::Process().CurrentGameID >= 1;
-    return WithKey(key,
-                   {caption,
-                    action,
-                    stored && action,
-                    {},
-                    {},
-                    "A game that isn't stored yet has none; it is once a move of it was sent."});
-  }
+/// What the user does for himself.
+MenuRow StudyRow(QKeyCombination key, const char* caption, const std::function<void()>& action) {
+  const bool stored = platform::Process().CurrentGameID >= 1;
+  return WithKey(key, {caption,
+                       action,
+                       stored && action,
+                       {},
+                       {},
+                       "A game that isn't stored yet has none; it is once a move of it was sent."});
+}
 
-  std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow>& others) {
-    rows.insert(rows.end(), others.begin(), others.end());
-    return rows;
-  }
+std::vector<MenuRow> Joined(std::vector<MenuRow> rows, const std::vector<MenuRow>& others) {
+  rows.insert(rows.end(), others.begin(), others.end());
+  return rows;
+}
 
 }  // namespace
 

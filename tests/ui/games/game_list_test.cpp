@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QDropEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLocale>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QToolTip>
-#include <QUrl>
 
 #include "fakes/temporary_folder.h"
 #include "ui/games/game_interface.h"
@@ -293,25 +290,13 @@ TEST_F(GameInterfaceTest, GamesAreSavedWithTheirAddressesOnlyForWhoWantsThat) {
   }
 }
 
-TEST_F(GameInterfaceTest, DroppedGamesComeInOnceAndAskForWhatTheyLack) {
+TEST_F(GameInterfaceTest, ImportedGamesComeInOnceAndAskForWhatTheyLack) {
   const TemporaryFolder folder;
   const std::string path = folder / "games.PGN";
   WriteFile(path, "[White \"X\"]\n1. e4 *\n[Event \"T\"]\n1. d4 1-0\n[Event \"T\"]\n1. d5 1-0\n");
   Open();
-  QMimeData dragged;
-  const auto drop = [&](const QList<QUrl>& urls) {
-    dragged.setUrls(urls);
-    QDragEnterEvent enters({}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
-    QApplication::sendEvent(window_, &enters);
-    QDropEvent drops({}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
-    if (enters.isAccepted()) QApplication::sendEvent(window_, &drops);
-    return enters.isAccepted();
-  };
-  const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
-  EXPECT_FALSE(drop({file, QUrl(u"file:///a/move.txt"_s)}));
   std::vector<std::string> seen;
   for (const bool isFirst : {true, false}) {
-    EXPECT_TRUE(drop({file}));
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, window_, [&] {
       QWidget* dialog = QApplication::activeModalWidget();
@@ -328,12 +313,11 @@ TEST_F(GameInterfaceTest, DroppedGamesComeInOnceAndAskForWhatTheyLack) {
       }
     });
     watch.start(10);
-    const std::size_t before = seen.size();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return seen.size() > before; }));
-    watch.stop();
+    window_->ImportPgnFiles({QString::fromStdString(path)});
     EXPECT_EQ(Grid().model()->rowCount(), 2);
     EXPECT_EQ(window_->SelectedGame(), 1);
   }
+  ASSERT_EQ(seen.size(), 2);
   EXPECT_EQ(seen[0], "Game 3, move 1. d5: There is no pawn that can go to d5.");
   EXPECT_EQ(seen[1], "Game 1: already there.\nGame 2: already there.\n" + seen[0]);
 }

@@ -65,10 +65,10 @@ bool DesktopNotices::ReachesBus() {
   return true;
 }
 
-void DesktopNotices::Show(const platform::Notice& notice, Answered answered) {
+void DesktopNotices::Show(const platform::Notice& notice, const Answered& answered) {
   Withdraw();
   if (!ReachesBus()) return;
-  answered_ = std::move(answered);
+  answered_ = answered;
   coming_ =
       new QDBusPendingCallWatcher(bus_.asyncCall(Call("Notify"_L1, NotifyArguments(notice))), this);
   connect(coming_, &QDBusPendingCallWatcher::finished, this, &DesktopNotices::TakeNumber);

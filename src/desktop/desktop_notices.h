@@ -20,7 +20,7 @@ class DesktopNotices : public QObject, public platform::Notices {
  public:
   ~DesktopNotices() override;
 
-  void Show(const platform::Notice& notice, Answered answered) override;
+  void Show(const platform::Notice& notice, const Answered& answered) override;
   void Withdraw() override;
 
  private Q_SLOTS:

@@ -24,7 +24,7 @@ class Notices {
   /// Offers Play and Later, in the place of what was shown before. Never waits, and where the
   /// desktop shows nothing, nobody hears of it. `answered` is called at most once, from the event
   /// loop; looking at the notice or closing it is no answer.
-  virtual void Show(const Notice& /*notice*/, Answered /*answered*/) {}
+  virtual void Show(const Notice& /*notice*/, const Answered& /*answered*/) {}
 
   /// The user knows, or needn't know any more.
   virtual void Withdraw() {}

@@ -7,7 +7,6 @@
 #include <functional>
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/help.h"
@@ -70,9 +69,9 @@ class RecordingWindows : public platform::Windows {
 /// As a desktop with a daemon that shows them.
 class RecordingNotices : public platform::Notices {
  public:
-  void Show(const platform::Notice& notice, Answered onAnswer) override {
+  void Show(const platform::Notice& notice, const Answered& onAnswer) override {
     text = notice.text;
-    answered = std::move(onAnswer);
+    answered = onAnswer;
   }
   void Withdraw() override { text.clear(); }
 

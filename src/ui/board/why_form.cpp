@@ -11,8 +11,11 @@
 #include <thread>
 #include <utility>
 
+#include "ai/heuristics.h"
 #include "ai/reason_words.h"
 #include "platform/help.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
 #include "skin/look.h"
 #include "ui/board/move_adviser.h"
 #include "ui/board/roomy_rows.h"
@@ -82,6 +85,12 @@ LastMove ArrowOf(const ai::Reason& reason) {
 }
 
 }  // namespace
+
+WhyQuestion QuestionOn(board::AskedMove asked) {
+  WhyQuestion question{std::move(asked), platform::Settings().SearchDepth};
+  if (!platform::Process().ComputerGame) question.heuristics = ai::DefaultHeuristics();
+  return question;
+}
 
 WhyForm::WhyForm(WhyQuestion question, ShowWhyPicture show, QWidget* parent)
     : QDialog(parent),
@@ -176,7 +185,8 @@ void WhyForm::FillLines(int selected) {
   for (int n = 0; n < moves_->rowCount(); ++n) {
     const Line& line = lines_[static_cast<std::size_t>(n)];
     const std::string name = board::NameOfMove(question_.asked.moment, line.move);
-    Put(*moves_, n, Place, line.asked ? u"Played"_s : u"Best %1"_s.arg(++best));
+    Put(*moves_, n, Place,
+        line.asked ? QString::fromLatin1(question_.place) : u"Best %1"_s.arg(++best));
     Put(*moves_, n, MoveText,
         line.asked ? ShownLine(question_.asked.text) : QString::fromStdString(name));
     Put(*moves_, n, Score, line.score ? Signed(*line.score) : QString());

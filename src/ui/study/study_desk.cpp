@@ -4,6 +4,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 #include "board/controls.h"
 #include "board/ends.h"
@@ -209,8 +210,8 @@ void StudyDesk::Keep() {
   });
 }
 
-TryForm* StudyDesk::NewTryForm(const board::Game& game, const QWidget& window,
-                               VariationTree& tree) {
+TryForm* StudyDesk::NewTryForm(const board::Game& game, const QWidget& window, VariationTree& tree,
+                               std::function<bool()> mayAskWhy) {
   const QRectF square = window.findChild<BoardPicture*>()->RectOf({1, 1});
   auto* form =
       new TryForm(tree, graphics_,
@@ -218,17 +219,19 @@ TryForm* StudyDesk::NewTryForm(const board::Game& game, const QWidget& window,
                    [this](const std::string& position) {
                      const auto note = thoughts_.positionNotes.find(position);
                      return note == thoughts_.positionNotes.end() ? std::string() : note->second;
-                   }});
+                   },
+                   std::move(mayAskWhy)});
   connect(form, &TryForm::LinesChanged, this, [this, &tree] { TakeLines(tree); });
   connect(form, &TryForm::NoteChanged, this, &StudyDesk::TakePositionNote);
   return form;
 }
 
-std::optional<WantedMove> StudyDesk::TryMoves(const board::Game& game, QWidget& window) {
+std::optional<WantedMove> StudyDesk::TryMoves(const board::Game& game, QWidget& window,
+                                              std::function<bool()> mayAskWhy) {
   if (!Take()) return std::nullopt;
   VariationTree tree = TreeOf(game, thoughts_.lines, strange_);
   const QPointer<QWidget> board(&window);
-  const QPointer<TryForm> form(NewTryForm(game, window, tree));
+  const QPointer<TryForm> form(NewTryForm(game, window, tree, std::move(mayAskWhy)));
   if (notes_) notes_->close();
   PutInPlaceOf(window, *form);
   window.hide();

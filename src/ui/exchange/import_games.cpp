@@ -8,7 +8,6 @@
 
 #include "pgn/import.h"
 #include "pgn/known_games.h"
-#include "platform/busy_pointer.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
@@ -19,6 +18,7 @@
 #include "ui/exchange/file_reading.h"
 #include "ui/exchange/import_result.h"
 #include "ui/exchange/unfinished_games.h"
+#include "ui/exchange/watched_work.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -54,7 +54,7 @@ class Import {
       Tell("There is no game in " + name_ + ".", true);
       return std::nullopt;
     }
-    if (games_.taken.Count() > 0 && !Store()) return std::nullopt;
+    if (games_.taken.Count() > 0 && !Store()) return first_;
     ShowResult();
     return first_;
   }
@@ -87,11 +87,16 @@ class Import {
     return Read();
   }
 
+  /// False where they can't be stored, or the user cancelled.
   bool Store() {
-    const platform::BusyPointer busy;
     std::string why;
-    first_ = store::AddGames(games_.taken, &why);
-    if (first_) return true;
+    WorkProgress progress;
+    const WorkWords words{"StoreProgress", "Import PGN", u"Taking the games into the list"_s};
+    DoWatched(*window_, words, progress, [&] {
+      first_ = store::AddGames(games_.taken, &why, [&] { return progress.isCancelled.load(); });
+    });
+    if (first_) return !IsOver();
+    if (progress.isCancelled || IsOver()) return false;
     Tell(store::WithDamage("The games of " + name_ + " can't be saved.  The cause: " + why + "."),
          true);
     return false;

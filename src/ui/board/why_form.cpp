@@ -106,7 +106,10 @@ WhyForm::WhyForm(WhyQuestion question, ShowWhyPicture show, QWidget* parent)
   setWindowTitle(u"Why this move?"_s);
   GiveHelpKey(*this, platform::HelpOfBoard);
   LayOut();
-  connect(moves_, &QTableWidget::itemSelectionChanged, this, &WhyForm::ShowReasons);
+  connect(moves_, &QTableWidget::itemSelectionChanged, this, [this] {
+    chosen_ = true;
+    ShowReasons();
+  });
   connect(reasons_, &QTableWidget::itemSelectionChanged, this, &WhyForm::ShowPicture);
   connect(adviser_, &MoveAdviser::Advised, this, &WhyForm::TakeAdvice);
   if (hasMove_) ShowLines({{question_.asked.move, {}, true}});
@@ -166,9 +169,9 @@ void WhyForm::TakeAdvice(int depth, const ai::CandidateList& moves) {
   ShowLines(std::move(lines));
 }
 
-/// The selection stays with its move, if that is still there.
+/// The selection stays with its move, if that is still there and anybody wanted it.
 void WhyForm::ShowLines(std::vector<Line> lines) {
-  const auto was = Selected() ? std::optional(*Selected()) : std::nullopt;
+  const auto was = Selected() && (hasMove_ || chosen_) ? std::optional(*Selected()) : std::nullopt;
   const auto found = was ? std::find(lines.begin(), lines.end(), *was) : lines.end();
   const bool stays = found != lines.end();
   const auto row = stays ? static_cast<int>(found - lines.begin()) : 0;

@@ -82,7 +82,8 @@ class WhyForm : public QDialog {
   QLabel* sum_;
   QLabel* state_;
   MoveAdviser* adviser_;
-  const bool hasMove_;  // one that the rules allow, which a stored one needn't be
+  bool chosen_ = false;  // the selected move, by the user
+  const bool hasMove_;   // one that the rules allow, which a stored one needn't be
 };
 
 }  // namespace ui

@@ -31,12 +31,12 @@ QSize Decoration(const QWidget& window) { return window.frameGeometry().size() -
 TwoPlaces PlacesSideBySide(const QRect& screen, QRect window, QRect next, int narrowest) {
   const int atRight = screen.right() - window.right() - between;
   const int atLeft = window.left() - screen.left() - between;
-  const bool right = atRight >= next.width() || atRight >= atLeft;
+  const int inAll = screen.width() - window.width() - between;
+  const bool right = atRight >= next.width() || atRight >= atLeft || inAll < narrowest;
   int room = right ? atRight : atLeft;
-  if (room < narrowest) {
-    room = screen.width() - window.width() - between;
-    if (room >= narrowest)
-      window.moveLeft(right ? screen.left() : screen.right() + 1 - window.width());
+  if (room < narrowest && inAll >= narrowest) {
+    window.moveLeft(right ? screen.left() : screen.right() + 1 - window.width());
+    room = inAll;
   }
   if (room >= narrowest) next.setWidth(std::min(room, next.width()));
   next.moveTop(window.top());

@@ -12,7 +12,8 @@ namespace ui {
 void PutInPlaceOf(const QWidget& old, QWidget& next);
 
 /// At its side, so that it stays in sight. Where neither side has room the window moves, and the
-/// next one is narrower than it would be; only a window as wide as the screen is covered.
+/// next one is narrower than it would be; only a window as wide as the screen is covered, at its
+/// right.
 void PutBeside(QWidget& window, QWidget& next);
 
 struct TwoPlaces {

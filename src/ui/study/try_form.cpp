@@ -111,6 +111,10 @@ board::AskedMove AskedIn(const VariationTree& tree) {
   return asked;
 }
 
+QKeyCombination Pressed(const QKeyEvent& event) {
+  return QKeyCombination(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
+}
+
 QString SideName(rules::Side side) { return side == rules::White ? u"White"_s : u"Black"_s; }
 
 }  // namespace
@@ -148,6 +152,7 @@ TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, Try
   TakeDialogLook(*this);
   // How large buttons are only their style knows.
   for (QWidget* part : findChildren<QWidget*>()) part->ensurePolished();
+  for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
   for (QLayout* part : findChildren<QLayout*>()) part->invalidate();
   resize(sizeHint());
   Refresh();
@@ -302,16 +307,35 @@ QString TryForm::Words() const {
   return SideName(side) + (check ? u" to move, in check"_s : u" to move"_s);
 }
 
+/// True where it is one of the window's own.
+bool TryForm::TakeKey(QKeyCombination key) {
+  if (key == (Qt::CTRL | Qt::Key_Y)) {
+    AskWhy();
+    return true;
+  }
+  for (const Command& command : commands) {
+    if (std::ranges::find(command.keys, key) == command.keys.end()) continue;
+    Do(command);
+    return true;
+  }
+  return false;
+}
+
 void TryForm::keyPressEvent(QKeyEvent* event) {
-  QKeyCombination pressed(event->modifiers() & ~Qt::KeypadModifier, Qt::Key(event->key()));
+  QKeyCombination pressed = Pressed(*event);
   for (const auto& [key, meant] : keysOfLines) {
     if (lines_->hasFocus() && pressed == QKeyCombination(Qt::Key(key))) pressed = meant;
   }
-  if (pressed == (Qt::CTRL | Qt::Key_Y)) return AskWhy();
-  for (const Command& command : commands) {
-    if (std::ranges::find(command.keys, pressed) != command.keys.end()) return Do(command);
+  if (!TakeKey(pressed)) QDialog::keyPressEvent(event);
+}
+
+/// A button would take the arrows to go to its neighbours, with Ctrl too.
+bool TryForm::eventFilter(QObject* button, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto pressed = Pressed(static_cast<const QKeyEvent&>(*event));
+    if (pressed.keyboardModifiers() == Qt::ControlModifier && TakeKey(pressed)) return true;
   }
-  QDialog::keyPressEvent(event);
+  return QDialog::eventFilter(button, event);
 }
 
 /// As over the board of the game.

@@ -50,6 +50,7 @@ class TryForm : public QDialog {
   void NoteChanged(const std::string& position, const std::string& note);
 
  protected:
+  bool eventFilter(QObject* button, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
@@ -62,6 +63,7 @@ class TryForm : public QDialog {
   void AddHand();
   void LayOutSquares();
   void Do(const Command& command);
+  bool TakeKey(QKeyCombination key);
   void GoTo(study::VariationTree::Node node);
   void Refresh();
   void ShowSquares(const rules::Position& position, rules::LastMove move);

@@ -7,7 +7,6 @@
 #include <istream>
 #include <stdexcept>
 
-#include "ui/exchange/watched_work.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -36,16 +35,15 @@ class WatchedFile : public std::filebuf {
   WorkProgress& progress_;
 };
 
-using Read = std::function<pgn::ImportedGames(std::istream& text)>;
+using Read = std::function<void(std::istream& text, WorkProgress& progress)>;
 
 FileReading ReadAll(const std::string& name, const Read& read, WorkProgress& progress) try {
   WatchedFile file(name, progress);
   if (!file.is_open()) return {.why = "The file " + name + " can't be read."};
   std::istream text(&file);
-  FileReading reading{.games = read(text)};
+  read(text, progress);
   if (text.bad()) return {.why = "The file " + name + " can't be read to its end."};
-  reading.isDone = !progress.isCancelled;
-  return reading;
+  return {.isDone = true};
 } catch (const std::exception& error) {
   return {.why = "The file " + name + " can't be read: " + error.what() + "."};
 }
@@ -60,7 +58,7 @@ FileReading ReadFile(QWidget& window, const QString& path, const Read& read) {
   progress.whole = file.size();
   FileReading reading;
   const WorkWords words{"ImportProgress", "Import PGN",
-                        u"Reading the games of %1"_s.arg(ShownLine(file.fileName()))};
+                        u"Importing the games of %1"_s.arg(ShownLine(file.fileName()))};
   DoWatched(window, words, progress, [&] { reading = ReadAll(name, read, progress); });
   if (progress.isCancelled) return {};
   return reading;

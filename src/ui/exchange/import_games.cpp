@@ -28,9 +28,11 @@ using platform::Process;
 
 namespace {
 
+constexpr const char* title = "Import PGN";
+
 void Tell(const std::string& text, bool isFailure) {
-  platform::ShowMessage(isFailure ? platform::DatabaseIcon : platform::InformationIcon,
-                        "Import PGN", text, "OK", {}, false,
+  platform::ShowMessage(isFailure ? platform::DatabaseIcon : platform::InformationIcon, title, text,
+                        "OK", {}, false,
                         isFailure ? platform::FailureSound : platform::AttentionSound);
 }
 
@@ -54,7 +56,7 @@ class Import {
       Tell("There is no game in " + name_ + ".", true);
       return std::nullopt;
     }
-    if (games_.taken.Count() > 0 && !Store()) return first_;
+    if (games_.taken.Count() > 0 && !Store()) return std::nullopt;
     ShowResult();
     return first_;
   }
@@ -62,17 +64,18 @@ class Import {
  private:
   bool IsOver() const { return !window_ || Process().Stopping; }
 
-  /// False where it can't be read, or the user cancelled.
+  /// False where it can't be read, or the user cancelled. Where nothing is to be asked, the games
+  /// are stored on the way.
   bool Read() {
-    FileReading reading = ReadFile(*window_, path_, [this](std::istream& text) {
-      pgn::ImportedGames games = pgn::ReadGames(text, options_);
-      if (text.bad()) return games;
-      known_ = pgn::KnownGames(*stored_).LeaveOutOf(games);
-      return games;
+    const FileReading reading = ReadFile(*window_, path_, [this](auto& text, auto& progress) {
+      games_ = pgn::ReadGames(text, options_);
+      if (text.bad()) return;
+      known_ = pgn::KnownGames(*stored_).LeaveOutOf(games_);
+      if (isAnswered_ || UnfinishedGames(games_.refused).IsEmpty()) AddGames(progress);
     });
     if (!reading.why.empty()) Tell(reading.why, true);
-    games_ = std::move(reading.games);
-    return reading.isDone && !IsOver();
+    // What is stored already can't be cancelled any more.
+    return (reading.isDone || first_) && !IsOver();
   }
 
   /// Whoever doesn't answer gets the other games.
@@ -84,20 +87,28 @@ class Import {
     if (!answer) return true;
     options_.opponent = answer->address;
     options_.ownSide = answer->ownSide;
+    isAnswered_ = true;
     return Read();
   }
 
-  /// False where they can't be stored, or the user cancelled.
+  /// On any thread.
+  void AddGames(const WorkProgress& progress) {
+    const auto isCancelled = [&progress] { return progress.isCancelled.load(); };
+    if (games_.taken.Count() == 0 || isCancelled()) return;
+    first_ = store::AddGames(games_.taken, &whyNot_, isCancelled);
+  }
+
+  /// What isn't stored yet. False where it can't be, or the user cancelled.
   bool Store() {
-    std::string why;
     WorkProgress progress;
-    const WorkWords words{"StoreProgress", "Import PGN", u"Taking the games into the list"_s};
-    DoWatched(*window_, words, progress, [&] {
-      first_ = store::AddGames(games_.taken, &why, [&] { return progress.isCancelled.load(); });
-    });
-    if (first_) return !IsOver();
+    if (!first_ && whyNot_.empty()) {
+      const WorkWords words{"ImportProgress", title, u"Taking the games into the list"_s};
+      DoWatched(*window_, words, progress, [&] { AddGames(progress); });
+    }
+    if (first_) return true;
     if (progress.isCancelled || IsOver()) return false;
-    Tell(store::WithDamage("The games of " + name_ + " can't be saved.  The cause: " + why + "."),
+    Tell(store::WithDamage("The games of " + name_ + " can't be saved.  The cause: " + whyNot_ +
+                           "."),
          true);
     return false;
   }
@@ -122,7 +133,9 @@ class Import {
   pgn::ImportedGames games_;
   std::optional<pgn::KnownGames> stored_;
   std::vector<int> known_;  ///< the numbers of those that were in the list before
-  std::optional<std::int32_t> first_;
+  bool isAnswered_ = false;
+  std::optional<std::int32_t> first_;  ///< once they are stored
+  std::string whyNot_;                 ///< they can't be stored
 };
 
 }  // namespace
@@ -131,7 +144,7 @@ bool IsPgnFile(const QString& path) { return path.endsWith(u".pgn"_s, Qt::CaseIn
 
 QStringList AskForPgnFiles(QWidget& window) {
   const QStringList paths =
-      QFileDialog::getOpenFileNames(&window, u"Import PGN"_s, LastFolder(), pgnFilter);
+      QFileDialog::getOpenFileNames(&window, QString::fromLatin1(title), LastFolder(), pgnFilter);
   if (!paths.isEmpty()) KeepFolderOf(paths.first());
   return paths;
 }

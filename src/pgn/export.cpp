@@ -165,12 +165,15 @@ std::string PgnOfGame(const store::GameRecord& game, const store::MoveRecords& m
 }
 
 std::optional<std::string> PgnOfStoredGames(const std::vector<std::int32_t>& numbers,
-                                            const ExportOptions& options) {
+                                            const ExportOptions& options,
+                                            const std::function<bool()>& goOn) {
   std::string text;
+  bool goesOn = true;
   const bool read =
       store::VisitGames([&](const store::GameRecord& game, const store::MoveRecords& moves) {
         const bool wanted = numbers.empty() || std::ranges::count(numbers, game.GAME_ID) > 0;
-        if (wanted) text += PgnOfGame(game, moves, options);
+        goesOn = goesOn && (!wanted || !goOn || goOn());
+        if (wanted && goesOn) text += PgnOfGame(game, moves, options);
       });
   return read ? std::optional(text) : std::nullopt;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,7 +26,9 @@ std::string PgnOfGame(const store::GameRecord& game, const store::MoveRecords& m
                       const ExportOptions& options = {});
 
 /// The stored games of these numbers, or all, by number. Nothing where the game file can't be read.
+/// `goOn`, where given, is asked before each; the text ends where it answers false.
 std::optional<std::string> PgnOfStoredGames(const std::vector<std::int32_t>& numbers,
-                                            const ExportOptions& options = {});
+                                            const ExportOptions& options = {},
+                                            const std::function<bool()>& goOn = {});
 
 }  // namespace pgn

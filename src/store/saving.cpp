@@ -173,7 +173,8 @@ std::string_view NewGames::Line(std::size_t index) const {
   return std::string_view(lines_).substr(begin, ends_[index] - begin);
 }
 
-std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why) {
+std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why,
+                                     const std::function<bool()>& isCancelled) {
   std::int64_t first = 1;
   const auto add = [&](std::string_view content) {
     std::string all;
@@ -185,6 +186,7 @@ std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why) {
     }
     first = FreeNumbers(std::move(taken), static_cast<std::int64_t>(games.Count()));
     for (std::size_t i = 0; i < games.Count(); ++i) {
+      if (isCancelled && isCancelled()) throw std::runtime_error("it was cancelled");
       const auto number = first + static_cast<std::int64_t>(i);
       all.append(std::to_string(number)).append(games.Line(i)).append(lineEnd);
     }

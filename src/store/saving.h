@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,8 +53,10 @@ class NewGames {
 
 /// Stores new games in one change, under numbers in a row behind the greatest one, or in a gap
 /// where there are too few. The first of these; nothing where none is stored: `why`, where given,
-/// is then the reason, as the end of a sentence.
-std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why = nullptr);
+/// is then the reason, as the end of a sentence. So it is also where `isCancelled`, where given,
+/// says so; it is asked until the game file is written.
+std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why = nullptr,
+                                     const std::function<bool()>& isCancelled = {});
 
 /// True also where the game wasn't there. `removed`, where given, gets what PutBackGame takes;
 /// nothing for a game that wasn't there.

@@ -97,6 +97,7 @@ TEST_F(SavingTest, NewGamesStandBehindTheGreatestNumberOrInAGap) {
   for (int i = 0; i < 2; ++i) games.Add(Game(0), {});
   const auto file = [](auto... ids) { return ((Line(Game(ids)) + "\n") + ...); };
   SetGameFile(file(2147483645, 2));
+  EXPECT_EQ(AddGames(games, nullptr, [] { return true; }), std::nullopt) << "it is cancelled";
   EXPECT_EQ(AddGames(games), 2147483646);
   EXPECT_EQ(AddGames(games), 3) << "the place before 2 has no room for both";
   std::string why;

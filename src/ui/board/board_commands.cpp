@@ -8,7 +8,6 @@
 
 #include <utility>
 
-#include "ai/heuristics.h"
 #include "board/asked_move.h"
 #include "board/controls.h"
 #include "board/conversation.h"
@@ -46,13 +45,6 @@ namespace {
 constexpr int lateEscapeMilliseconds = 1500;
 constexpr int imageEdge = 800;
 constexpr int longestPosition = 1000;
-
-/// Against the computer as it plays now, else as it plays by nature.
-WhyQuestion WhyOf(const board::Game& game) {
-  WhyQuestion question{board::MoveToAskAbout(game), platform::Settings().SearchDepth};
-  if (!Process().ComputerGame) question.heuristics = ai::DefaultHeuristics();
-  return question;
-}
 
 }  // namespace
 
@@ -136,9 +128,12 @@ void BoardCommands::DecideDraw(bool accept) {
   if (!LeaveComment()) board::DecideDraw(board_, accept);
 }
 
-/// The chess set may be another one behind that.
 void BoardCommands::ShowOptions() {
-  if (LeaveComment()) return;
+  if (!LeaveComment()) OpenOptions();
+}
+
+/// The chess set may be another one behind that.
+void BoardCommands::OpenOptions() {
   const QPointer<QWidget> window(&parts_.window);
   const bool coordinates = platform::Settings().Coordinates;
   openOptions_();
@@ -198,7 +193,8 @@ void BoardCommands::SaveGame() {
 void BoardCommands::TryMoves() {
   const QPointer<QWidget> window(&parts_.window);
   board_.LockedForDialog = true;
-  const auto wanted = parts_.study->TryMoves(board_, parts_.window);
+  const auto mayAskWhy = [this, window] { return window && MayAskWhy(); };
+  const auto wanted = parts_.study->TryMoves(board_, parts_.window, mayAskWhy);
   if (!window) return;
   board_.LockedForDialog = false;
   if (wanted && !board_.ClosingDown) Play(*wanted);
@@ -215,23 +211,29 @@ void BoardCommands::Play(const WantedMove& move) {
 }
 
 void BoardCommands::ShowNotes() { parts_.study->ShowNotes(board_, parts_.window); }
+
 void BoardCommands::AskWhy() {
-  if (LeaveComment()) return;
-  if (!board::MayAskWhy(board_)) return TellOfFairness();
-  Explain();
+  if (!LeaveComment() && MayAskWhy()) Explain();
+}
+
+/// Tells the user where he may not.
+bool BoardCommands::MayAskWhy() {
+  const bool may = board::MayAskWhy(board_);
+  if (!may) TellOfFairness();
+  return may;
 }
 
 void BoardCommands::TellOfFairness() {
   const QPointer<QWidget> window(&parts_.window);
-  board_.LockedForDialog = true;
+  const bool wasLocked = std::exchange(board_.LockedForDialog, true);
   const bool leavesIt = platform::AskWithExtra(
       platform::InformationIcon, "Why this move?",
       "In a game against a person this would be help from a machine.||Your friend and you may "
       "agree on it: Options..., Notification.",
       "OK", "Options...");
   if (!window) return;
-  board_.LockedForDialog = false;
-  if (!leavesIt) ShowOptions();
+  if (!leavesIt) OpenOptions();
+  if (window) board_.LockedForDialog = wasLocked;
 }
 
 /// The board shows meanwhile what is selected there, and its own game again afterwards.
@@ -240,7 +242,8 @@ void BoardCommands::Explain() {
   board_.LockedForDialog = true;
   {
     WhyForm form(
-        WhyOf(board_), [this](const WhyPicture& picture) { ShowWhy(picture); }, window);
+        QuestionOn(board::MoveToAskAbout(board_)),
+        [this](const WhyPicture& picture) { ShowWhy(picture); }, window);
     form.StandBeside(parts_.window);
     form.exec();
   }

@@ -62,6 +62,7 @@ class BoardCommands : public QObject {
   void TakeTurns(int button);
   void OfferDraw();
   void ShowOptions();
+  void OpenOptions();
   void PrintBoard();
   void ToggleHilight();
   void ShowConversation();
@@ -73,6 +74,7 @@ class BoardCommands : public QObject {
   void Play(const WantedMove& move);
   void ShowNotes();
   void AskWhy();
+  bool MayAskWhy();
   void TellOfFairness();
   void Explain();
   void ShowWhy(const WhyPicture& picture);

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 #include "board/game.h"
@@ -29,8 +30,10 @@ class BoardStudy : public QObject {
   virtual bool IsAvailable() const = 0;
 
   /// Tries moves from the position that the board shows, in the place of its window. Answers the
-  /// one that the user wants to play in the game.
-  virtual std::optional<WantedMove> TryMoves(const board::Game& game, QWidget& window) = 0;
+  /// one that the user wants to play in the game. `mayAskWhy` is asked before the computer is, and
+  /// has told the user why where it answers false.
+  virtual std::optional<WantedMove> TryMoves(const board::Game& game, QWidget& window,
+                                             std::function<bool()> mayAskWhy) = 0;
 
   /// Opens the notes beside the window.
   virtual void ShowNotes(const board::Game& game, QWidget& window) = 0;

@@ -11,8 +11,11 @@
 #include <thread>
 #include <utility>
 
+#include "ai/heuristics.h"
 #include "ai/reason_words.h"
 #include "platform/help.h"
+#include "platform/process_state.h"
+#include "platform/setting_variables.h"
 #include "skin/look.h"
 #include "ui/board/move_adviser.h"
 #include "ui/board/roomy_rows.h"
@@ -83,6 +86,12 @@ LastMove ArrowOf(const ai::Reason& reason) {
 
 }  // namespace
 
+WhyQuestion QuestionOn(board::AskedMove asked) {
+  WhyQuestion question{std::move(asked), platform::Settings().SearchDepth};
+  if (!platform::Process().ComputerGame) question.heuristics = ai::DefaultHeuristics();
+  return question;
+}
+
 WhyForm::WhyForm(WhyQuestion question, ShowWhyPicture show, QWidget* parent)
     : QDialog(parent),
       question_(std::move(question)),
@@ -97,7 +106,10 @@ WhyForm::WhyForm(WhyQuestion question, ShowWhyPicture show, QWidget* parent)
   setWindowTitle(u"Why this move?"_s);
   GiveHelpKey(*this, platform::HelpOfBoard);
   LayOut();
-  connect(moves_, &QTableWidget::itemSelectionChanged, this, &WhyForm::ShowReasons);
+  connect(moves_, &QTableWidget::itemSelectionChanged, this, [this] {
+    chosen_ = true;
+    ShowReasons();
+  });
   connect(reasons_, &QTableWidget::itemSelectionChanged, this, &WhyForm::ShowPicture);
   connect(adviser_, &MoveAdviser::Advised, this, &WhyForm::TakeAdvice);
   if (hasMove_) ShowLines({{question_.asked.move, {}, true}});
@@ -157,9 +169,9 @@ void WhyForm::TakeAdvice(int depth, const ai::CandidateList& moves) {
   ShowLines(std::move(lines));
 }
 
-/// The selection stays with its move, if that is still there.
+/// The selection stays with its move, if that is still there and anybody wanted it.
 void WhyForm::ShowLines(std::vector<Line> lines) {
-  const auto was = Selected() ? std::optional(*Selected()) : std::nullopt;
+  const auto was = Selected() && (hasMove_ || chosen_) ? std::optional(*Selected()) : std::nullopt;
   const auto found = was ? std::find(lines.begin(), lines.end(), *was) : lines.end();
   const bool stays = found != lines.end();
   const auto row = stays ? static_cast<int>(found - lines.begin()) : 0;
@@ -176,7 +188,8 @@ void WhyForm::FillLines(int selected) {
   for (int n = 0; n < moves_->rowCount(); ++n) {
     const Line& line = lines_[static_cast<std::size_t>(n)];
     const std::string name = board::NameOfMove(question_.asked.moment, line.move);
-    Put(*moves_, n, Place, line.asked ? u"Played"_s : u"Best %1"_s.arg(++best));
+    Put(*moves_, n, Place,
+        line.asked ? QString::fromLatin1(question_.place) : u"Best %1"_s.arg(++best));
     Put(*moves_, n, MoveText,
         line.asked ? ShownLine(question_.asked.text) : QString::fromStdString(name));
     Put(*moves_, n, Score, line.score ? Signed(*line.score) : QString());

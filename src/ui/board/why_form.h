@@ -23,7 +23,11 @@ struct WhyQuestion {
   board::AskedMove asked;
   int depth = 0;
   ai::HeuristicTable heuristics = ai::Heuristics;
+  const char* place = "Played";  ///< of the asked move among the others
 };
+
+/// Against the computer as it plays now, else as it plays by nature.
+WhyQuestion QuestionOn(board::AskedMove asked);
 
 /// What belongs to the selected rows.
 struct WhyPicture {
@@ -78,7 +82,8 @@ class WhyForm : public QDialog {
   QLabel* sum_;
   QLabel* state_;
   MoveAdviser* adviser_;
-  const bool hasMove_;  // one that the rules allow, which a stored one needn't be
+  bool chosen_ = false;  // the selected move, by the user
+  const bool hasMove_;   // one that the rules allow, which a stored one needn't be
 };
 
 }  // namespace ui

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reading the games of a file, which may be very long: beside the window, which shows how far it
-// is and lets the user cancel.
+// Reading a file that may be very long: beside the window, which shows how far it is and lets the
+// user cancel.
 #pragma once
 
 #include <QString>
@@ -10,18 +10,18 @@
 #include <iosfwd>
 #include <string>
 
-#include "pgn/import.h"
+#include "ui/exchange/watched_work.h"
 
 namespace ui {
 
 struct FileReading {
   bool isDone = false;   ///< else it failed, or the user cancelled
   std::string why = {};  ///< why it failed, as a sentence
-  pgn::ImportedGames games = {};
 };
 
-/// `read` does its work on another thread, while the window is modal.
+/// `read` does its work on another thread, while the window is modal. What it does behind the end
+/// of the text should end soon where the user cancels.
 FileReading ReadFile(QWidget& window, const QString& path,
-                     const std::function<pgn::ImportedGames(std::istream& text)>& read);
+                     const std::function<void(std::istream& text, WorkProgress& progress)>& read);
 
 }  // namespace ui

@@ -2,11 +2,14 @@
 #include "ui/exchange/game_texts.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPointer>
 
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "pgn/export.h"
 #include "platform/busy_pointer.h"
@@ -19,6 +22,7 @@
 #include "store/repair.h"
 #include "ui/exchange/clipboard.h"
 #include "ui/exchange/exchange_settings.h"
+#include "ui/exchange/watched_work.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -43,12 +47,10 @@ std::optional<store::GameRecords> ReadRecords(std::optional<std::int32_t> gameID
   return std::nullopt;
 }
 
-std::optional<std::string> ReadText(std::optional<std::int32_t> gameID, bool withAddresses) {
+std::optional<std::string> ReadText(std::int32_t gameID) {
   const platform::BusyPointer busy;
   const Myself me = WhoIAm();
-  const std::vector<std::int32_t> numbers =
-      gameID ? std::vector{*gameID} : std::vector<std::int32_t>{};
-  auto text = pgn::PgnOfStoredGames(numbers, {withAddresses, me.name, me.address});
+  auto text = pgn::PgnOfStoredGames({gameID}, {false, me.name, me.address});
   if (!text) Fail(store::WithDamage("The games can't be read."));
   return text;
 }
@@ -87,18 +89,54 @@ bool WantsAddresses(const store::GameRecords& games) {
                                  "Leave out", "Put in");
 }
 
-void Write(const QString& path, const std::string& text, std::size_t count) {
-  const std::string name = path.toStdString();
-  try {
-    platform::ReplaceFile(name, text);
-  } catch (const platform::FileError& error) {
-    Fail(platform::WithCause("The file " + name + " can't be written.", error.what()));
-    return;
+/// Stored games on their way into a file, on another thread than the window's.
+class GamesFile {
+ public:
+  GamesFile(std::string name, std::optional<std::int32_t> gameID, pgn::ExportOptions options)
+      : name_(std::move(name)), options_(std::move(options)) {
+    if (gameID) numbers_.push_back(*gameID);
   }
-  platform::ShowMessage(platform::InformationIcon, title,
-                        store::CountedGames(static_cast<int>(count)) + " saved as " + name + ".",
-                        "OK");
-}
+
+  void Write(WorkProgress& progress) {
+    const auto goOn = [&progress] {
+      ++progress.done;
+      return !progress.isCancelled;
+    };
+    const auto text = pgn::PgnOfStoredGames(numbers_, options_, goOn);
+    if (progress.isCancelled) return;
+    progress.BeginLastStep();
+    if (text) {
+      Replace(*text);
+    } else {
+      couldRead_ = false;
+    }
+  }
+
+  /// Of a file that isn't there because the user cancelled nothing is said.
+  void Tell(std::size_t games) const {
+    if (!couldRead_) return Fail(store::WithDamage("The games can't be read."));
+    if (!why_.empty()) return Fail(why_);
+    if (!isWritten_) return;
+    platform::ShowMessage(platform::InformationIcon, title,
+                          store::CountedGames(static_cast<int>(games)) + " saved as " + name_ + ".",
+                          "OK");
+  }
+
+ private:
+  void Replace(const std::string& text) try {
+    platform::ReplaceFile(name_, text);
+    isWritten_ = true;
+  } catch (const std::exception& error) {
+    why_ = platform::WithCause("The file " + name_ + " can't be written.", error.what());
+  }
+
+  const std::string name_;
+  const pgn::ExportOptions options_;
+  std::vector<std::int32_t> numbers_;
+  bool couldRead_ = true;
+  bool isWritten_ = false;
+  std::string why_;
+};
 
 void Save(QWidget& window, std::optional<std::int32_t> gameID) {
   const platform::PollingHold hold;
@@ -110,13 +148,20 @@ void Save(QWidget& window, std::optional<std::int32_t> gameID) {
   KeepFolderOf(path);
   const bool withAddresses = WantsAddresses(*games);
   if (platform::Process().Stopping) return;
-  if (const auto text = ReadText(gameID, withAddresses)) Write(path, *text, games->size());
+  const Myself me = WhoIAm();
+  GamesFile file(path.toStdString(), gameID, {withAddresses, me.name, me.address});
+  WorkProgress progress;
+  progress.whole = static_cast<std::int64_t>(games->size());
+  const WorkWords words{"ExportProgress", title,
+                        u"Saving the games as %1"_s.arg(ShownLine(QFileInfo(path).fileName()))};
+  DoWatched(window, words, progress, [&] { file.Write(progress); });
+  if (self && !platform::Process().Stopping) file.Tell(games->size());
 }
 
 }  // namespace
 
 void CopyGame(const QWidget& window, std::int32_t gameID) {
-  if (const auto text = ReadText(gameID, false)) {
+  if (const auto text = ReadText(gameID)) {
     CopyText(window, AsItIs(*text), u"The game was copied."_s);
   }
 }

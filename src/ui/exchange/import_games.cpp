@@ -8,7 +8,6 @@
 
 #include "pgn/import.h"
 #include "pgn/known_games.h"
-#include "platform/busy_pointer.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
@@ -19,6 +18,7 @@
 #include "ui/exchange/file_reading.h"
 #include "ui/exchange/import_result.h"
 #include "ui/exchange/unfinished_games.h"
+#include "ui/exchange/watched_work.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -28,9 +28,11 @@ using platform::Process;
 
 namespace {
 
+constexpr const char* title = "Import PGN";
+
 void Tell(const std::string& text, bool isFailure) {
-  platform::ShowMessage(isFailure ? platform::DatabaseIcon : platform::InformationIcon,
-                        "Import PGN", text, "OK", {}, false,
+  platform::ShowMessage(isFailure ? platform::DatabaseIcon : platform::InformationIcon, title, text,
+                        "OK", {}, false,
                         isFailure ? platform::FailureSound : platform::AttentionSound);
 }
 
@@ -62,17 +64,18 @@ class Import {
  private:
   bool IsOver() const { return !window_ || Process().Stopping; }
 
-  /// False where it can't be read, or the user cancelled.
+  /// False where it can't be read, or the user cancelled. Where nothing is to be asked, the games
+  /// are stored on the way.
   bool Read() {
-    FileReading reading = ReadFile(*window_, path_, [this](std::istream& text) {
-      pgn::ImportedGames games = pgn::ReadGames(text, options_);
-      if (text.bad()) return games;
-      known_ = pgn::KnownGames(*stored_).LeaveOutOf(games);
-      return games;
+    const FileReading reading = ReadFile(*window_, path_, [this](auto& text, auto& progress) {
+      games_ = pgn::ReadGames(text, options_);
+      if (text.bad()) return;
+      known_ = pgn::KnownGames(*stored_).LeaveOutOf(games_);
+      if (isAnswered_ || UnfinishedGames(games_.refused).IsEmpty()) AddGames(progress);
     });
     if (!reading.why.empty()) Tell(reading.why, true);
-    games_ = std::move(reading.games);
-    return reading.isDone && !IsOver();
+    // What is stored already can't be cancelled any more.
+    return (reading.isDone || first_) && !IsOver();
   }
 
   /// Whoever doesn't answer gets the other games.
@@ -84,15 +87,28 @@ class Import {
     if (!answer) return true;
     options_.opponent = answer->address;
     options_.ownSide = answer->ownSide;
+    isAnswered_ = true;
     return Read();
   }
 
+  /// On any thread.
+  void AddGames(const WorkProgress& progress) {
+    const auto isCancelled = [&progress] { return progress.isCancelled.load(); };
+    if (games_.taken.Count() == 0 || isCancelled()) return;
+    first_ = store::AddGames(games_.taken, &whyNot_, isCancelled);
+  }
+
+  /// What isn't stored yet. False where it can't be, or the user cancelled.
   bool Store() {
-    const platform::BusyPointer busy;
-    std::string why;
-    first_ = store::AddGames(games_.taken, &why);
+    WorkProgress progress;
+    if (!first_ && whyNot_.empty()) {
+      const WorkWords words{"ImportProgress", title, u"Taking the games into the list"_s};
+      DoWatched(*window_, words, progress, [&] { AddGames(progress); });
+    }
     if (first_) return true;
-    Tell(store::WithDamage("The games of " + name_ + " can't be saved.  The cause: " + why + "."),
+    if (progress.isCancelled || IsOver()) return false;
+    Tell(store::WithDamage("The games of " + name_ + " can't be saved.  The cause: " + whyNot_ +
+                           "."),
          true);
     return false;
   }
@@ -117,7 +133,9 @@ class Import {
   pgn::ImportedGames games_;
   std::optional<pgn::KnownGames> stored_;
   std::vector<int> known_;  ///< the numbers of those that were in the list before
-  std::optional<std::int32_t> first_;
+  bool isAnswered_ = false;
+  std::optional<std::int32_t> first_;  ///< once they are stored
+  std::string whyNot_;                 ///< they can't be stored
 };
 
 }  // namespace
@@ -126,7 +144,7 @@ bool IsPgnFile(const QString& path) { return path.endsWith(u".pgn"_s, Qt::CaseIn
 
 QStringList AskForPgnFiles(QWidget& window) {
   const QStringList paths =
-      QFileDialog::getOpenFileNames(&window, u"Import PGN"_s, LastFolder(), pgnFilter);
+      QFileDialog::getOpenFileNames(&window, QString::fromLatin1(title), LastFolder(), pgnFilter);
   if (!paths.isEmpty()) KeepFolderOf(paths.first());
   return paths;
 }

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/study/study_desk.h"
 
-#include <QScreen>
-
-#include <algorithm>
+#include <utility>
 
 #include "board/controls.h"
 #include "board/ends.h"
@@ -14,6 +12,7 @@
 #include "ui/study/try_form.h"
 #include "widgets/front_window.h"
 #include "widgets/shown_text.h"
+#include "widgets/window_places.h"
 
 namespace ui {
 
@@ -24,7 +23,6 @@ using study::VariationTree;
 namespace {
 
 constexpr int keepMilliseconds = 800;
-constexpr int besideWindow = 12;
 
 bool IsMove(const store::MoveRecord& entry) {
   const auto move = rules::LastMove::FromText(entry.MoveCoordinates);
@@ -85,27 +83,6 @@ QString WhyNotPlay(const board::Game& game) {
   if (game.Moves.Last().MoveText == "Draw offer") return u"Answer the offer of a draw first"_s;
   return board::OpponentIsReachable(game) || Process().ComputerGame ? QString()
                                                                     : u"You are working offline"_s;
-}
-
-/// Where the other one stands, as far as the screen has room for it there.
-void PutInPlaceOf(const QWidget& old, QWidget& next) {
-  const QRect screen = old.screen()->availableGeometry();
-  next.resize(next.size().boundedTo(screen.size()));
-  QRect frame({}, next.size());
-  frame.moveCenter(old.frameGeometry().center());
-  next.move(std::clamp(frame.left(), screen.left(), screen.right() + 1 - frame.width()),
-            std::clamp(frame.top(), screen.top(), screen.bottom() + 1 - frame.height()));
-}
-
-/// At its right, else at its left, where there is room.
-void PutBeside(const QWidget& window, QWidget& next) {
-  const QRect screen = window.screen()->availableGeometry();
-  const QRect beside = window.frameGeometry();
-  const int right = beside.right() + besideWindow;
-  const int left = beside.left() - besideWindow - next.width();
-  const bool hasRoom = right + next.width() <= screen.right();
-  const int x = hasRoom || left < screen.left() ? right : left;
-  next.move(std::min(x, screen.right() + 1 - next.width()), std::max(beside.top(), screen.top()));
 }
 
 }  // namespace
@@ -209,8 +186,8 @@ void StudyDesk::Keep() {
   });
 }
 
-TryForm* StudyDesk::NewTryForm(const board::Game& game, const QWidget& window,
-                               VariationTree& tree) {
+TryForm* StudyDesk::NewTryForm(const board::Game& game, const QWidget& window, VariationTree& tree,
+                               std::function<bool()> mayAskWhy) {
   const QRectF square = window.findChild<BoardPicture*>()->RectOf({1, 1});
   auto* form =
       new TryForm(tree, graphics_,
@@ -218,17 +195,19 @@ TryForm* StudyDesk::NewTryForm(const board::Game& game, const QWidget& window,
                    [this](const std::string& position) {
                      const auto note = thoughts_.positionNotes.find(position);
                      return note == thoughts_.positionNotes.end() ? std::string() : note->second;
-                   }});
+                   },
+                   std::move(mayAskWhy)});
   connect(form, &TryForm::LinesChanged, this, [this, &tree] { TakeLines(tree); });
   connect(form, &TryForm::NoteChanged, this, &StudyDesk::TakePositionNote);
   return form;
 }
 
-std::optional<WantedMove> StudyDesk::TryMoves(const board::Game& game, QWidget& window) {
+std::optional<WantedMove> StudyDesk::TryMoves(const board::Game& game, QWidget& window,
+                                              std::function<bool()> mayAskWhy) {
   if (!Take()) return std::nullopt;
   VariationTree tree = TreeOf(game, thoughts_.lines, strange_);
   const QPointer<QWidget> board(&window);
-  const QPointer<TryForm> form(NewTryForm(game, window, tree));
+  const QPointer<TryForm> form(NewTryForm(game, window, tree, std::move(mayAskWhy)));
   if (notes_) notes_->close();
   PutInPlaceOf(window, *form);
   window.hide();

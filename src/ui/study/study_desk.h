@@ -28,7 +28,8 @@ class StudyDesk final : public BoardStudy {
 
   void Open() override;
   bool IsAvailable() const override;
-  std::optional<WantedMove> TryMoves(const board::Game& game, QWidget& window) override;
+  std::optional<WantedMove> TryMoves(const board::Game& game, QWidget& window,
+                                     std::function<bool()> mayAskWhy) override;
   void ShowNotes(const board::Game& game, QWidget& window) override;
   QString NoteOn(const board::Game& game) override;
 
@@ -41,7 +42,8 @@ class StudyDesk final : public BoardStudy {
   void ShowPosition(const board::Game& game);
   void KeepSoon();
   void Keep();
-  TryForm* NewTryForm(const board::Game& game, const QWidget& window, study::VariationTree& tree);
+  TryForm* NewTryForm(const board::Game& game, const QWidget& window, study::VariationTree& tree,
+                      std::function<bool()> mayAskWhy);
 
   const boards::ChessGraphics& graphics_;
   study::StudyFile file_;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/messages.h"
+#include "platform/process_state.h"
 
 namespace ui {
 
@@ -35,6 +36,8 @@ void TriedBoard::Drop(Square to, Square from) {
   const rules::Side side = SideToMove();
   if (rules::IsPawn(piece) && to.y == rules::HomeRow(rules::OtherSide(side))) {
     piece = answers_.exchangePawn(side);
+    // The end of the program has closed the question.
+    if (platform::Process().Stopping) return;
   }
   tree_.Try({from, to, piece});
   answers_.tried();

@@ -9,11 +9,13 @@
 
 #include <utility>
 
+#include "ai/reasons.h"
 #include "platform/help.h"
 #include "skin/look.h"
 #include "ui/board/exchange_pawn.h"
 #include "ui/board/floating_piece.h"
 #include "ui/board/piece_hand.h"
+#include "ui/board/why_form.h"
 #include "ui/help/help_key.h"
 #include "ui/study/lines_view.h"
 #include "ui/study/note_box.h"
@@ -95,6 +97,24 @@ const std::pair<int, QKeyCombination> keysOfLines[] = {
     {Qt::Key_Down, Qt::CTRL | Qt::Key_Down},
 };
 
+/// The tried move to which the cursor has come, else no move but the position.
+board::AskedMove AskedIn(const VariationTree& tree) {
+  const VariationTree::Node here = tree.Cursor();
+  const bool tried = !tree.WasPlayed(here);
+  const VariationTree::Node before = tried ? tree.ParentOf(here) : here;
+  const pgn::Turn& turn = tree.TurnAt(before);
+  board::AskedMove asked{{tree.PositionAt(before), turn.side, turn.lastMove}, {}, {}};
+  asked.moment.position.SideToMove = turn.side;
+  if (!tried) return asked;
+  asked.move = tree.TurnAt(here).lastMove;
+  asked.text = tree.Written(here);
+  return asked;
+}
+
+QKeyCombination Pressed(const QKeyEvent& event) {
+  return QKeyCombination(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
+}
+
 QString SideName(rules::Side side) { return side == rules::White ? u"White"_s : u"Black"_s; }
 
 }  // namespace
@@ -111,6 +131,7 @@ TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, Try
       words_(new QLabel(this)),
       lines_(new LinesView(tree, this)),
       note_(new NoteBox(u"PositionNote"_s, u"Note on this position"_s, this)),
+      why_(NewDialogButton(u"WhyButton"_s, u"Wh&y this move?"_s)),
       play_(NewDialogButton(u"PlayButton"_s, u"&Play this"_s)) {
   setObjectName(u"TryForm"_s);
   setWindowTitle(u"Try moves"_s);
@@ -131,6 +152,7 @@ TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, Try
   TakeDialogLook(*this);
   // How large buttons are only their style knows.
   for (QWidget* part : findChildren<QWidget*>()) part->ensurePolished();
+  for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
   for (QLayout* part : findChildren<QLayout*>()) part->invalidate();
   resize(sizeHint());
   Refresh();
@@ -192,10 +214,12 @@ QLayout* TryForm::NewSide() {
   ends->setSpacing(spacing);
   auto* back = NewDialogButton(u"BackToGameButton"_s, u"&Back to the game"_s);
   connect(back, &QPushButton::clicked, this, &QDialog::reject);
+  connect(why_, &QAbstractButton::clicked, this, &TryForm::AskWhy);
   connect(play_, &QAbstractButton::clicked, this, [this] {
     wantsToPlay_ = true;
     accept();
   });
+  ends->addWidget(why_);
   ends->addStretch();
   ends->addWidget(back);
   ends->addWidget(play_);
@@ -217,20 +241,19 @@ void TryForm::Do(const Command& command) {
 void TryForm::Refresh() {
   words_->setText(Words());
   lines_->Refresh();
-  ShowSquares();
+  ShowSquares(ShownPosition(), ShownTurn().lastMove);
   note_->Show(options_.noteOn(study::PositionKey(ShownPosition().BoardState, ShownTurn().side)));
   ShowOffers();
   Q_EMIT PositionShown();
 }
 
-void TryForm::ShowSquares() {
+void TryForm::ShowSquares(const rules::Position& position, rules::LastMove move) {
   picture_->Uncover();
   for (int i = 0; i < 64; ++i) {
     const rules::Square square = rules::SquareAt(i);
-    const int cell = CellOf(ShownPosition(), square);
+    const int cell = CellOf(position, square);
     if (picture_->CellOn(square) != cell) picture_->PaintSquare(square, cell);
   }
-  const rules::LastMove move = ShownTurn().lastMove;
   picture_->ShowLastMove(move ? std::optional(move) : std::nullopt);
 }
 
@@ -240,12 +263,39 @@ void TryForm::ShowOffers() {
     VariationTree other = tree_;
     buttons_[i]->setEnabled(commands[i].run(other));
   }
+  why_->setEnabled(!ai::MovesOf(AskedIn(tree_).moment).empty());
+  why_->setToolTip(why_->isEnabled() ? u"What the computer sees in this move, and which it would "
+                                       u"rather make (Ctrl+Y)"_s
+                                     : u"The game would be over here"_s);
   const auto next = tree_.NextMoveOfGame();
   play_->setEnabled(next && options_.whyNotPlay.isEmpty());
   play_->setToolTip(!options_.whyNotPlay.isEmpty() ? options_.whyNotPlay
                     : next ? u"Makes the first of these moves yours in the game; it is sent only "
                              u"when you send it there"_s
                            : u"There is no move here yet that could be played in the game"_s);
+}
+
+/// The chess set may be another one behind the options.
+void TryForm::AskWhy() {
+  if (!why_->isEnabled()) return;
+  const bool may = options_.mayAskWhy();
+  picture_->TakeGraphics();
+  if (may) Explain();
+}
+
+/// The board shows meanwhile what is selected there.
+void TryForm::Explain() {
+  WhyQuestion question = QuestionOn(AskedIn(tree_));
+  question.place = "Tried";
+  const auto show = [this](const WhyPicture& why) {
+    ShowSquares(why.position.value_or(ShownPosition()), why.move);
+    picture_->ShowArrow(why.arrow);
+  };
+  WhyForm form(std::move(question), show, this);
+  form.StandBeside(*frame_);
+  form.exec();
+  picture_->ShowArrow({});
+  ShowSquares(ShownPosition(), ShownTurn().lastMove);
 }
 
 QString TryForm::Words() const {
@@ -257,15 +307,35 @@ QString TryForm::Words() const {
   return SideName(side) + (check ? u" to move, in check"_s : u" to move"_s);
 }
 
+/// True where it is one of the window's own.
+bool TryForm::TakeKey(QKeyCombination key) {
+  if (key == (Qt::CTRL | Qt::Key_Y)) {
+    AskWhy();
+    return true;
+  }
+  for (const Command& command : commands) {
+    if (std::ranges::find(command.keys, key) == command.keys.end()) continue;
+    Do(command);
+    return true;
+  }
+  return false;
+}
+
 void TryForm::keyPressEvent(QKeyEvent* event) {
-  QKeyCombination pressed(event->modifiers() & ~Qt::KeypadModifier, Qt::Key(event->key()));
+  QKeyCombination pressed = Pressed(*event);
   for (const auto& [key, meant] : keysOfLines) {
     if (lines_->hasFocus() && pressed == QKeyCombination(Qt::Key(key))) pressed = meant;
   }
-  for (const Command& command : commands) {
-    if (std::ranges::find(command.keys, pressed) != command.keys.end()) return Do(command);
+  if (!TakeKey(pressed)) QDialog::keyPressEvent(event);
+}
+
+/// A button would take the arrows to go to its neighbours, with Ctrl too.
+bool TryForm::eventFilter(QObject* button, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto pressed = Pressed(static_cast<const QKeyEvent&>(*event));
+    if (pressed.keyboardModifiers() == Qt::ControlModifier && TakeKey(pressed)) return true;
   }
-  QDialog::keyPressEvent(event);
+  return QDialog::eventFilter(button, event);
 }
 
 /// As over the board of the game.

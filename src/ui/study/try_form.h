@@ -26,6 +26,7 @@ struct TryOptions {
   int squaresWidth = 0;  ///< of the eight squares of the board that the user comes from
   QString whyNotPlay;    ///< blank where a move may be played in the game now
   std::function<std::string(const std::string& position)> noteOn;
+  std::function<bool()> mayAskWhy;  ///< tells the user why not
 };
 
 class TryForm : public QDialog {
@@ -49,6 +50,7 @@ class TryForm : public QDialog {
   void NoteChanged(const std::string& position, const std::string& note);
 
  protected:
+  bool eventFilter(QObject* button, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
@@ -61,10 +63,13 @@ class TryForm : public QDialog {
   void AddHand();
   void LayOutSquares();
   void Do(const Command& command);
+  bool TakeKey(QKeyCombination key);
   void GoTo(study::VariationTree::Node node);
   void Refresh();
-  void ShowSquares();
+  void ShowSquares(const rules::Position& position, rules::LastMove move);
   void ShowOffers();
+  void AskWhy();
+  void Explain();
   QString Words() const;
 
   study::VariationTree& tree_;
@@ -75,6 +80,7 @@ class TryForm : public QDialog {
   QLabel* words_;
   LinesView* lines_;
   NoteBox* note_;
+  QAbstractButton* why_;
   QAbstractButton* play_;
   std::vector<QAbstractButton*> buttons_;  // of the commands
   int wheel_ = 0;                          // turned, and short of a step yet

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fakes/temporary_folder.h"
+#include "ui/board/board_picture.h"
 #include "ui/board/board_window_fixture.h"
 #include "ui/study/study_desk.h"
 
@@ -13,14 +14,18 @@ class StudyTest : public BoardWindowTest {
     study_ = &desk_;
   }
 
-  /// Tries moves: words are keys, of the board first. "play" and "back" leave.
+  /// Tries moves by keys, of the board first, and leaves by a button.
   void Try(std::vector<Qt::Key> keys, const char* leave) {
-    QTimer::singleShot(0, [&] {
-      QWidget* form = QApplication::activeModalWidget();
-      ASSERT_TRUE(form && form->objectName() == QLatin1StringView("TryForm"));
+    Try([&](QWidget& form) {
+      for (const Qt::Key key : keys) QTest::keyClick(form.windowHandle(), key);
+      QTest::mouseClick(&ui::Find(form, leave), Qt::LeftButton);
+    });
+  }
+  void Try(const Action& work) {
+    OnNextDialog([&](QWidget& form) {
+      ASSERT_EQ(form.objectName().toStdString(), "TryForm");
       EXPECT_FALSE(window_->isVisible());
-      for (const Qt::Key key : keys) QTest::keyClick(form->windowHandle(), key);
-      QTest::mouseClick(&ui::Find(*form, leave), Qt::LeftButton);
+      work(form);
     });
     QTest::keyClick(window_.data(), Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
   }
@@ -46,6 +51,63 @@ TEST_F(StudyTest, TriedMovesStayOutOfTheGameUntilTheFirstOfThemIsPlayed) {
     EXPECT_EQ(LastMove(), "d4");
     EXPECT_TRUE(Button(board::SendButton).isEnabled());
     EXPECT_TRUE(desktop_.mail.sent.empty());
+  }
+}
+
+const std::vector<PlayedEntry> beforePromotion{{"5254", "e4"},   {"4745", "d5"},   {"5445", "exd5"},
+                                               {"3736", "c6"},   {"4536", "dxc6"}, {"7866", "Nf6"},
+                                               {"3627", "cxb7"}, {"1716", "a6"}};
+
+TEST_F(StudyTest, APromotionIsAskedForOnceAndPlayedAsTried) {
+  for (const bool drags : {true, false}) {
+    Open(beforePromotion);
+    Try([&](QWidget& form) {
+      auto& board = *form.findChild<BoardPicture*>();
+      const auto at = [&board](rules::Square square) {
+        return board.RectOf(square).center().toPoint();
+      };
+      QTest::mousePress(&board, Qt::LeftButton, {}, at({2, 7}));
+      if (!drags) QTest::mouseRelease(&board, Qt::LeftButton, {}, at({2, 7}));
+      OnNextDialog([](QWidget& choice) { QTest::keyClick(&choice, Qt::Key_N); });
+      if (!drags) QTest::mousePress(&board, Qt::LeftButton, {}, at({1, 8}));
+      if (drags) QTest::mouseRelease(&board, Qt::LeftButton, {}, at({1, 8}));
+      QTest::mouseClick(&ui::Find(form, "PlayButton"), Qt::LeftButton);
+    });
+    EXPECT_EQ(LastMove(), "bxa8=N");
+  }
+}
+
+TEST_F(StudyTest, ATriedMoveIsExplainedOnItsBoardWhereThatIsFair) {
+  const std::vector<Qt::Key> d4(d4d5.begin(), d4d5.begin() + 5);
+  for (const bool tries : {false, true}) {
+    platform::Settings().WhyInMailGames = false;
+    Open({{"5254", "e4"}, {"5755", "e5"}});
+    Try([&](QWidget& form) {
+      for (const Qt::Key key : tries ? d4 : std::vector<Qt::Key>{}) {
+        QTest::keyClick(form.windowHandle(), key);
+      }
+      const auto ask = [&form] { QTest::keyClick(&form, Qt::Key_Y, Qt::ControlModifier); };
+      const auto seen = [board = form.findChild<BoardPicture*>()] {
+        board->MoveCursor(board->Cursor(), false);  // its ring comes and goes with the focus
+        return board->grab().toImage();
+      };
+      ask();
+      ASSERT_EQ(desktop_.boxes.messages.size(), 1U);
+      platform::Settings().WhyInMailGames = true;
+      auto& floating = *form.findChild<FloatingPiece*>();
+      EXPECT_TRUE(QTest::qWaitFor([&floating] { return !floating.IsSettling(); }));
+      const QImage before = seen();
+      OnNextDialog([&](QWidget& why) {
+        auto& moves = ui::Find<QTableWidget>(why, "BestMoves");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return moves.rowCount() == (tries ? 6 : 5); }));
+        EXPECT_EQ(moves.item(0, 0)->text() == u"Tried", tries);
+        EXPECT_NE(seen(), before) << "no arrow";
+        QTest::keyClick(&moves, Qt::Key_Escape);
+      });
+      ask();
+      EXPECT_EQ(seen(), before);
+      QTest::keyClick(&form, Qt::Key_Escape);
+    });
   }
 }
 

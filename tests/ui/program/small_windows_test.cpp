@@ -11,6 +11,7 @@
 #include "ui/program/credits.h"
 #include "ui/program/splash_screen.h"
 #include "ui/skin_fixture.h"
+#include "widgets/window_places.h"
 
 namespace ui {
 namespace {
@@ -23,6 +24,26 @@ using HeldMailFormTest = SkinTest;
 using SplashScreenTest = SkinTest;
 using AboutBoxTest = SkinTest;
 using WelcomeTest = SkinTest;
+
+TEST(WindowPlacesTest, BothAreInSightWhereTheScreenHasRoom) {
+  const struct {
+    const char* name;
+    QRect window;
+    int windowLeft, nextLeft, nextWidth;
+  } rows[] = {
+      {"right", {0, 0, 500, 400}, 0, 508, 300},
+      {"left", {500, 0, 500, 400}, 500, 192, 300},
+      {"narrower", {240, 0, 500, 400}, 240, 748, 252},
+      {"the window moves", {150, 0, 700, 400}, 0, 708, 292},
+      {"no room", {50, 0, 900, 400}, 50, 700, 300},
+  };
+  for (const auto& row : rows) {
+    const TwoPlaces places = PlacesSideBySide({0, 0, 1000, 600}, row.window, {0, 0, 300, 300}, 250);
+    EXPECT_EQ(places.window.left(), row.windowLeft) << row.name;
+    EXPECT_EQ(places.next.left(), row.nextLeft) << row.name;
+    EXPECT_EQ(places.next.width(), row.nextWidth) << row.name;
+  }
+}
 
 TEST_F(NotifyFormTest, Choices) {
   const struct {

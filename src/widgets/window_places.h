@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where a window goes that belongs to another one.
+#pragma once
+
+#include <QRect>
+
+class QWidget;
+
+namespace ui {
+
+/// Where the other one stands, as far as the screen has room for it there.
+void PutInPlaceOf(const QWidget& old, QWidget& next);
+
+/// At its side, so that it stays in sight. Where neither side has room the window moves, and the
+/// next one is narrower than it would be; only a window as wide as the screen is covered, at its
+/// right.
+void PutBeside(QWidget& window, QWidget& next);
+
+struct TwoPlaces {
+  QRect window;
+  QRect next;
+};
+
+/// The frames of the two, where the next one may be as narrow as that.
+TwoPlaces PlacesSideBySide(const QRect& screen, QRect window, QRect next, int narrowest);
+
+}  // namespace ui

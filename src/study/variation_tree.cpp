@@ -167,9 +167,37 @@ bool VariationTree::Delete(Node node) {
   if (WasPlayed(node)) return false;
   MoveNode& parent = nodes_[ParentOf(node)];
   if (IsBehind(cursor_, node)) cursor_ = ParentOf(node);
+  deletions_.push_back({node, PlaceAmong(parent.children, node)});
   std::erase(parent.children, node);
   parent.cameFrom = 0;
   return true;
+}
+
+bool VariationTree::Undelete() {
+  if (deletions_.empty()) return false;
+  const Deletion last = deletions_.back();
+  deletions_.pop_back();
+  cursor_ = PutBack(last.node, last.place);
+  return true;
+}
+
+/// A move that was tried again meanwhile takes what stood behind the old one. Answers the node that
+/// is now in the tree.
+VariationTree::Node VariationTree::PutBack(Node node, std::ptrdiff_t place) {
+  const Node parent = ParentOf(node);
+  const auto again = ChildBy(parent, nodes_[node].move);
+  if (!again) {
+    std::vector<Node>& siblings = nodes_[parent].children;
+    siblings.insert(siblings.begin() + std::min(place, std::ssize(siblings)), node);
+    return node;
+  }
+  for (MoveNode& other : nodes_) {
+    if (other.parent == node) other.parent = *again;  // of those that are deleted, too
+  }
+  for (const Node child : std::vector<Node>(ChildrenOf(node))) {
+    PutBack(child, std::ssize(ChildrenOf(*again)));
+  }
+  return *again;
 }
 
 bool VariationTree::Promote(Node node) {

@@ -60,6 +60,9 @@ class VariationTree {
   /// was played.
   bool Delete(Node node);
 
+  /// Brings back what was deleted last, with the cursor. False where nothing was.
+  bool Undelete();
+
   /// Puts the line that this move belongs to before its neighbours. False where it is before all
   /// that were tried.
   bool Promote(Node node);
@@ -102,7 +105,15 @@ class VariationTree {
   MoveNode PlayedAfter(Node node, const pgn::ChessMove& move) const;
   bool IsBehind(Node node, Node ancestor) const;
 
+  struct Deletion {
+    Node node;
+    std::ptrdiff_t place;  // among its parent's children
+  };
+
+  Node PutBack(Node node, std::ptrdiff_t place);
+
   std::vector<MoveNode> nodes_;  // deleted ones stay, without a parent that knows them
+  std::vector<Deletion> deletions_;
   Node cursor_ = start;
   Node present_ = start;
 };

@@ -71,6 +71,11 @@ TEST(VariationTreeTest, TheCursorGoesAllWaysAndOnlyTriedMovesAreDeletedOrPutFirs
   const auto here = [&] { return tree.Written(tree.Cursor()); };
   const auto deleteHere = [&] { return tree.Delete(tree.Cursor()); };
   const auto promoteHere = [&] { return tree.Promote(tree.Cursor()); };
+  const auto undelete = [&] { return tree.Undelete(); };
+  const auto tryAgain = [&] {
+    tree.Try({rules::Sq("f1"), rules::Sq("c4"), rules::WhiteBishop});
+    return true;
+  };
   struct Step {
     const char* name;
     std::function<bool()> take;
@@ -94,6 +99,14 @@ TEST(VariationTreeTest, TheCursorGoesAllWaysAndOnlyTriedMovesAreDeletedOrPutFirs
       {"to the start", [&] { return tree.First(); }, true, ""},
       {"along the game", [&] { return tree.Last(); }, true, "Nc6"},
       {"back", [&] { return tree.Back(); }, true, "Nf3"},
+      {"the line comes back", undelete, true, "Bc4"},
+      {"and its move", undelete, true, "Nf6"},
+      {"nothing else", undelete, false, "Nf6"},
+      {"back to the line", [&] { return tree.Back(); }, true, "Bc4"},
+      {"off with all of it", deleteHere, true, "e7e5"},
+      {"tried again", tryAgain, true, "Bc4"},
+      {"what stood behind it comes back", undelete, true, "Bc4"},
+      {"to its end", [&] { return tree.Last(); }, true, "Nf6"},
   };
   for (const Step& step : steps) {
     SCOPED_TRACE(step.name);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "study/game_study.h"
 
+#include <algorithm>
+
 #include "rules/notation.h"
 #include "study/tried_text.h"
 
@@ -35,6 +37,21 @@ std::string KeyOf(const VariationTree& tree, Node node) {
 }
 
 }  // namespace
+
+bool StudyChanges::IsBlank() const {
+  const auto blank = [](const auto& entry) { return entry.second.empty(); };
+  return note.value_or("").empty() && std::ranges::all_of(positionNotes, blank) &&
+         (!lines || lines->empty());
+}
+
+void Apply(const StudyChanges& changes, GameStudy& study) {
+  if (changes.note) study.note = *changes.note;
+  for (const auto& [position, note] : changes.positionNotes) {
+    study.positionNotes[position] = note;
+    if (note.empty()) study.positionNotes.erase(position);
+  }
+  if (changes.lines) study.lines = *changes.lines;
+}
 
 VariationTree NewTree(const rules::BoardSquares& startBoard, const store::MoveRecords& entries) {
   VariationTree tree(startBoard);

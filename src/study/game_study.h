@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,7 @@ struct GameIdentity {
   std::int32_t number = 0;
   std::string stamp;
 
-  bool operator==(const GameIdentity&) const = default;
+  auto operator<=>(const GameIdentity&) const = default;
 };
 
 /// What was tried from one position of the game.
@@ -35,6 +36,19 @@ struct GameStudy {
   std::map<std::string, std::string> positionNotes;  ///< by the keys of their positions
   std::vector<TriedLines> lines;
 };
+
+/// What was changed of a study and is still to be kept. A blank text takes a note back.
+struct StudyChanges {
+  std::optional<std::string> note;
+  std::map<std::string, std::string> positionNotes;
+  std::optional<std::vector<TriedLines>> lines;
+
+  /// To keep nothing needs no file.
+  bool IsBlank() const;
+};
+
+/// The study as it is with the changes.
+void Apply(const StudyChanges& changes, GameStudy& study);
 
 /// The entries of a game that are moves, as a tree in which nothing was tried yet.
 VariationTree NewTree(const rules::BoardSquares& startBoard, const store::MoveRecords& entries);

@@ -12,8 +12,6 @@ namespace study {
 
 namespace {
 
-constexpr int patienceMilliseconds = 1000;
-
 Trouble KindOf(int code) {
   switch (code & 0xff) {
     case SQLITE_CORRUPT:
@@ -46,7 +44,8 @@ void KeepPrivate(const std::string& path) {
 
 }  // namespace
 
-NotesDatabase::NotesDatabase(const std::string& path, bool create)
+NotesDatabase::NotesDatabase(const std::string& path, bool create,
+                             std::chrono::milliseconds patience)
     : database_(nullptr, sqlite3_close) {
   const bool isNew = create && !std::filesystem::exists(path);
   sqlite3* opened = nullptr;
@@ -54,7 +53,7 @@ NotesDatabase::NotesDatabase(const std::string& path, bool create)
       path.c_str(), &opened, SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0), nullptr);
   database_.reset(opened);
   Check(code);
-  sqlite3_busy_timeout(opened, patienceMilliseconds);
+  sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
   if (!isNew) return;
   Run("PRAGMA user_version");  // only now the file is there
   KeepPrivate(path);
@@ -69,7 +68,8 @@ void NotesDatabase::Check(int code) const {
 void NotesDatabase::Run(const std::string& sql, std::initializer_list<Value> values,
                         const std::function<void(const Row&)>& seen) {
   sqlite3_stmt* prepared = nullptr;
-  Check(sqlite3_prepare_v2(database_.get(), sql.c_str(), -1, &prepared, nullptr));
+  const int made = sqlite3_prepare_v2(database_.get(), sql.c_str(), -1, &prepared, nullptr);
+  Check(made == SQLITE_ERROR ? SQLITE_CORRUPT : made);
   const Statement statement(prepared, sqlite3_finalize);
   int place = 0;
   for (const Value& value : values) Check(Bind(prepared, ++place, value));

@@ -2,6 +2,7 @@
 // One SQLite file while it is open.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -22,14 +23,17 @@ struct DatabaseError : std::runtime_error {
   Trouble trouble;
 };
 
-/// Every operation raises DatabaseError, and waits no longer than a moment for another program.
+/// Every operation raises DatabaseError. A file whose tables aren't those that a statement names is
+/// damaged.
 class NotesDatabase {
  public:
   using Value = std::variant<std::int64_t, std::string>;
 
   /// Where there is no such file, `create` makes one that only the user can read; else it is an
   /// error.
-  NotesDatabase(const std::string& path, bool create);
+  /// Another program's work is waited for as long as the patience says.
+  NotesDatabase(const std::string& path, bool create,
+                std::chrono::milliseconds patience = std::chrono::seconds(1));
 
   /// A row of an answer, while it is looked at.
   class Row {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "study/study_file.h"
 
+#include <chrono>
 #include <exception>
+#include <utility>
 
 #include "platform/messages.h"
 #include "platform/process_state.h"
@@ -13,6 +15,8 @@ namespace study {
 namespace {
 
 constexpr int layoutNumber = 1;
+constexpr std::chrono::milliseconds patience{1000};
+constexpr std::chrono::milliseconds patienceAfterwards{50};  // where it was in vain before
 
 constexpr const char* tables[] = {
     "CREATE TABLE IF NOT EXISTS game_note (game INTEGER, stamp TEXT, note TEXT NOT NULL, "
@@ -53,6 +57,48 @@ void LookOver(NotesDatabase& database) {
   database.Run("PRAGMA quick_check(1)", {}, [](const NotesDatabase::Row& row) {
     if (row.Text(0) != "ok") throw DatabaseError(Trouble::Damaged, row.Text(0));
   });
+  if (LayoutOf(database) != layoutNumber) return;
+  for (const char* columns : {"note FROM game_note", "position, note FROM position_note",
+                              "ply, position, moves FROM tried_lines"}) {
+    database.Run(std::string("SELECT game, stamp, ") + columns + " LIMIT 0");
+  }
+}
+
+void KeepNote(NotesDatabase& database, const GameIdentity& game, const std::string& note) {
+  database.Run("DELETE FROM game_note WHERE game = ? AND stamp = ?", {game.number, game.stamp});
+  if (note.empty()) return;
+  database.Run("INSERT INTO game_note VALUES (?, ?, ?)", {game.number, game.stamp, note});
+}
+
+void KeepPositionNote(NotesDatabase& database, const GameIdentity& game,
+                      const std::string& position, const std::string& note) {
+  database.Run("DELETE FROM position_note WHERE game = ? AND stamp = ? AND position = ?",
+               {game.number, game.stamp, position});
+  if (note.empty()) return;
+  database.Run("INSERT INTO position_note VALUES (?, ?, ?, ?)",
+               {game.number, game.stamp, position, note});
+}
+
+void KeepLines(NotesDatabase& database, const GameIdentity& game,
+               const std::vector<TriedLines>& lines) {
+  database.Run("DELETE FROM tried_lines WHERE game = ? AND stamp = ?", {game.number, game.stamp});
+  for (const TriedLines& tried : lines) {
+    database.Run("INSERT OR REPLACE INTO tried_lines VALUES (?, ?, ?, ?, ?)",
+                 {game.number, game.stamp, tried.ply, tried.position, tried.moves});
+  }
+}
+
+std::string Sentence(const DatabaseError& error) {
+  switch (error.trouble) {
+    case Trouble::Newer:
+      return "Your notes were written by a later version of Tarvolenix, so they aren't shown and "
+             "nothing is added to them here.";
+    case Trouble::Locked:
+      return "Another program is at work in the file of your notes, so they can't be read or kept "
+             "until it lets go of it.";
+    default:
+      return "Your notes can't be read or kept (" + NotesPath() + "): " + error.what() + ".";
+  }
 }
 
 }  // namespace
@@ -73,7 +119,7 @@ void StudyFile::Prepare(NotesDatabase& database) {
   });
 }
 
-GameStudy StudyFile::Read(const GameIdentity& game) {
+std::optional<GameStudy> StudyFile::Read(const GameIdentity& game) {
   GameStudy kept;
   const auto read = [&](NotesDatabase& database) {
     kept = {};
@@ -89,48 +135,20 @@ GameStudy StudyFile::Read(const GameIdentity& game) {
           kept.lines.push_back({static_cast<int>(row.Number(0)), row.Text(1), row.Text(2)});
         });
   };
-  return Do(false, read) ? kept : GameStudy();
+  return Do(false, read) ? std::optional(std::move(kept)) : std::nullopt;
 }
 
-bool StudyFile::KeepNote(const GameIdentity& game, const std::string& note) {
-  return Keep(note.empty(), [&](NotesDatabase& database) {
-    if (note.empty()) {
-      database.Run("DELETE FROM game_note WHERE game = ? AND stamp = ?", {game.number, game.stamp});
-    } else {
-      database.Run("INSERT OR REPLACE INTO game_note VALUES (?, ?, ?)",
-                   {game.number, game.stamp, note});
-    }
-  });
-}
-
-bool StudyFile::KeepPositionNote(const GameIdentity& game, const std::string& position,
-                                 const std::string& note) {
-  return Keep(note.empty(), [&](NotesDatabase& database) {
-    if (note.empty()) {
-      database.Run("DELETE FROM position_note WHERE game = ? AND stamp = ? AND position = ?",
-                   {game.number, game.stamp, position});
-    } else {
-      database.Run("INSERT OR REPLACE INTO position_note VALUES (?, ?, ?, ?)",
-                   {game.number, game.stamp, position, note});
-    }
-  });
-}
-
-bool StudyFile::KeepLines(const GameIdentity& game, const std::vector<TriedLines>& lines) {
-  return Keep(lines.empty(), [&](NotesDatabase& database) {
+bool StudyFile::Keep(const GameIdentity& game, const StudyChanges& changes) {
+  return Do(!changes.IsBlank(), [&](NotesDatabase& database) {
     database.InOneStep([&] {
-      database.Run("DELETE FROM tried_lines WHERE game = ? AND stamp = ?",
-                   {game.number, game.stamp});
-      for (const TriedLines& tried : lines) {
-        database.Run("INSERT OR REPLACE INTO tried_lines VALUES (?, ?, ?, ?, ?)",
-                     {game.number, game.stamp, tried.ply, tried.position, tried.moves});
+      if (changes.note) KeepNote(database, game, *changes.note);
+      for (const auto& [position, note] : changes.positionNotes) {
+        KeepPositionNote(database, game, position, note);
       }
+      if (changes.lines) KeepLines(database, game, *changes.lines);
     });
   });
 }
-
-/// To keep nothing needs no file.
-bool StudyFile::Keep(bool isBlank, const Work& work) { return Do(!isBlank, work); }
 
 bool StudyFile::Do(bool create, const Work& work) {
   try {
@@ -152,29 +170,19 @@ bool StudyFile::Do(bool create, const Work& work) {
 }
 
 bool StudyFile::DoOnce(bool create, const Work& work) {
-  if (!create && !Files().Exists(NotesPath())) return true;
-  NotesDatabase database(NotesPath(), create);
-  Prepare(database);
-  work(database);
-  told_.erase(Trouble::Locked);
+  if (create || Files().Exists(NotesPath())) {
+    NotesDatabase database(NotesPath(), create, whyNot_.empty() ? patience : patienceAfterwards);
+    Prepare(database);
+    work(database);
+    told_.erase(Trouble::Locked);
+  }
+  whyNot_.clear();
   return true;
 }
 
 void StudyFile::Tell(const DatabaseError& error) {
-  if (!told_.insert(error.trouble).second) return;
-  switch (error.trouble) {
-    case Trouble::Newer:
-      return TellUser(
-          "Your notes were written by a later version of Tarvolenix, so they aren't shown and "
-          "nothing is added to them here.");
-    case Trouble::Locked:
-      return TellUser(
-          "Another program is at work in the file of your notes, so they can't be read or kept "
-          "until it lets go of it.");
-    default:
-      return TellUser("Your notes can't be read or kept (" + NotesPath() + "): " + error.what() +
-                      ".");
-  }
+  whyNot_ = Sentence(error);
+  if (told_.insert(error.trouble).second) TellUser(whyNot_);
 }
 
 std::string UseNotesOf(const std::string& folder) {

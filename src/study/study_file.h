@@ -14,6 +14,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -30,18 +31,18 @@ std::string NotesPath();
 
 class StudyFile {
  public:
-  /// Nothing where nothing is kept, or it can't be read.
-  GameStudy Read(const GameIdentity& game);
+  /// Nothing where it can't be read; a study that is empty where nothing is kept.
+  std::optional<GameStudy> Read(const GameIdentity& game);
 
-  // A blank text takes back what was kept. False where it couldn't be.
-  bool KeepNote(const GameIdentity& game, const std::string& note);
-  bool KeepPositionNote(const GameIdentity& game, const std::string& position,
-                        const std::string& note);
-  bool KeepLines(const GameIdentity& game, const std::vector<TriedLines>& lines);
+  /// All of the changes, or none of them. False where they couldn't be kept.
+  bool Keep(const GameIdentity& game, const StudyChanges& changes);
+
+  /// Why the last of these couldn't be done, in a sentence; blank where it could. Until it can be,
+  /// nobody is made to wait for it again.
+  const std::string& WhyNot() const { return whyNot_; }
 
  private:
   using Work = std::function<void(NotesDatabase&)>;
-  bool Keep(bool isBlank, const Work& work);
   bool Do(bool create, const Work& work);
   bool DoOnce(bool create, const Work& work);
   void Prepare(NotesDatabase& database);
@@ -49,6 +50,7 @@ class StudyFile {
 
   bool lookedOver_ = false;  // since the program started
   std::set<Trouble> told_;
+  std::string whyNot_;
 };
 
 /// Copies the notes that lie in the folder of other games, and keeps one's own beside them. Nothing

@@ -35,6 +35,11 @@ void NoteBox::Show(const std::string& note) {
   setPlainText(AsItIs(note));
 }
 
+void NoteBox::MakeWritable(bool writable) {
+  setReadOnly(!writable);
+  if (!writable) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
 /// The end of a text that is pasted, or a letter at the end of a long note, doesn't fit any more.
 void NoteBox::insertFromMimeData(const QMimeData* source) {
   const int room =

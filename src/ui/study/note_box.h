@@ -16,6 +16,9 @@ class NoteBox : public QPlainTextEdit {
 
   /// Another note, whose typing begins now. Says nothing of it.
   void Show(const std::string& note);
+
+  /// Where it isn't writable, its text can still be marked and copied.
+  void MakeWritable(bool writable);
   std::string Note() const { return toPlainText().toStdString(); }
 
   QSize sizeHint() const override;

@@ -10,6 +10,7 @@
 #include "ui/help/help_key.h"
 #include "ui/study/note_box.h"
 #include "widgets/dialog_button.h"
+#include "widgets/outcome_line.h"
 
 namespace ui {
 
@@ -23,7 +24,8 @@ NotesForm::NotesForm(QWidget* parent)
     : QDialog(parent),
       game_(new NoteBox(u"GameNote"_s, u"Note on this game"_s, this)),
       where_(new QLabel(this)),
-      position_(new NoteBox(u"PositionNote"_s, u"Note on this position"_s, this)) {
+      position_(new NoteBox(u"PositionNote"_s, u"Note on this position"_s, this)),
+      trouble_(new OutcomeLine(this)) {
   setObjectName(u"NotesForm"_s);
   setWindowTitle(u"Notes"_s);
   GiveHelpKey(*this, platform::HelpOfBoard);
@@ -44,6 +46,7 @@ NotesForm::NotesForm(QWidget* parent)
   layout->addSpacing(8);
   layout->addWidget(where_);
   layout->addWidget(position_, 1);
+  layout->addWidget(trouble_);
   layout->addSpacing(8);
   layout->addWidget(close, 0, Qt::AlignRight);
   resize(usualSize.width() * fontMetrics().averageCharWidth(),
@@ -56,6 +59,11 @@ void NotesForm::ShowGame(const std::string& note) { game_->Show(note); }
 void NotesForm::ShowPosition(const QString& where, const std::string& note) {
   where_->setText(u"On this &position: "_s + where);
   position_->Show(note);
+}
+
+void NotesForm::ShowTrouble(const QString& sentence, bool writable) {
+  trouble_->ShowRemark(sentence);
+  for (NoteBox* box : {game_, position_}) box->MakeWritable(writable);
 }
 
 }  // namespace ui

@@ -9,6 +9,7 @@ class QLabel;
 namespace ui {
 
 class NoteBox;
+class OutcomeLine;
 
 class NotesForm : public QDialog {
   Q_OBJECT
@@ -21,6 +22,9 @@ class NotesForm : public QDialog {
   /// `where` tells which position it is.
   void ShowPosition(const QString& where, const std::string& note);
 
+  /// Why notes can't be read or kept now; blank where they can.
+  void ShowTrouble(const QString& sentence, bool writable);
+
  Q_SIGNALS:
   void GameNoteChanged(const std::string& note);
   void PositionNoteChanged(const std::string& note);
@@ -29,6 +33,7 @@ class NotesForm : public QDialog {
   NoteBox* game_;
   QLabel* where_;
   NoteBox* position_;
+  OutcomeLine* trouble_;
 };
 
 }  // namespace ui

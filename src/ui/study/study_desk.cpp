@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/study/study_desk.h"
 
+#include <QEvent>
+
 #include <utility>
 
 #include "board/controls.h"
 #include "board/ends.h"
+#include "platform/messages.h"
 #include "platform/process_state.h"
 #include "rules/board_text.h"
 #include "store/queries.h"
@@ -23,6 +26,7 @@ using study::VariationTree;
 namespace {
 
 constexpr int keepMilliseconds = 800;
+constexpr int retryMilliseconds = 3000;
 
 bool IsMove(const store::MoveRecord& entry) {
   const auto move = rules::LastMove::FromText(entry.MoveCoordinates);
@@ -74,6 +78,11 @@ VariationTree TreeOf(const board::Game& game, const std::vector<study::TriedLine
   return tree;
 }
 
+void TellUser(const std::string& text) {
+  platform::ShowMessage(platform::DatabaseIcon, "Your notes", text, "OK", {}, false,
+                        platform::FailureSound);
+}
+
 QString WhyNotPlay(const board::Game& game) {
   if (board::GameIsOver(game)) return u"The game is over"_s;
   if (board::EntryIsPending(game) && game.Moves.Count() > 0) {
@@ -89,8 +98,7 @@ QString WhyNotPlay(const board::Game& game) {
 
 StudyDesk::StudyDesk(const boards::ChessGraphics& graphics) : graphics_(graphics) {
   keepTimer_.setSingleShot(true);
-  keepTimer_.setInterval(keepMilliseconds);
-  connect(&keepTimer_, &QTimer::timeout, this, &StudyDesk::Keep);
+  connect(&keepTimer_, &QTimer::timeout, this, &StudyDesk::GoOn);
 }
 
 StudyDesk::~StudyDesk() { Keep(); }
@@ -98,7 +106,9 @@ StudyDesk::~StudyDesk() { Keep(); }
 void StudyDesk::Open() {
   Keep();
   game_.reset();
+  isRead_ = false;
   thoughts_ = {};
+  strange_.clear();
 }
 
 bool StudyDesk::IsAvailable() const { return Process().CurrentGameID >= 1; }
@@ -106,27 +116,56 @@ bool StudyDesk::IsAvailable() const { return Process().CurrentGameID >= 1; }
 /// Reads what there is on the open game. False where that has no record yet.
 bool StudyDesk::Take() {
   if (!IsAvailable()) return false;
-  if (game_ && game_->number == Process().CurrentGameID) return true;
-  Open();
-  std::optional<store::GameRecord> record;
-  if (!store::FindGame(record, Process().CurrentGameID) || !record) return false;
-  game_ = study::GameIdentity{record->GAME_ID, record->GAME_DATESTAMP};
-  thoughts_ = file_.Read(*game_);
+  if (!game_ || game_->number != Process().CurrentGameID) {
+    Open();
+    std::optional<store::GameRecord> record;
+    if (!store::FindGame(record, Process().CurrentGameID) || !record) return false;
+    game_ = study::GameIdentity{record->GAME_ID, record->GAME_DATESTAMP};
+  }
+  if (!isRead_) ReadThoughts();
   return true;
+}
+
+void StudyDesk::ReadThoughts() {
+  const auto read = file_.Read(*game_);
+  isRead_ = read.has_value();
+  thoughts_ = read.value_or(study::GameStudy());
+  const auto waiting = unsaved_.find(*game_);
+  if (waiting != unsaved_.end()) study::Apply(waiting->second, thoughts_);
+  if (isRead_) Q_EMIT ThoughtsRead();
+}
+
+/// What couldn't be done is done again, as long as there is somebody who waits for it.
+void StudyDesk::GoOn() {
+  Keep();
+  if (!isRead_ && Take() && isRead_) Q_EMIT NotesChanged();
+  TellWindows();
+}
+
+void StudyDesk::TellWindows() {
+  const QString trouble = AsItIs(file_.WhyNot());
+  if (notes_) notes_->ShowTrouble(trouble, isRead_);
+  if (trying_) trying_->ShowTrouble(trouble, isRead_);
+  const bool waits = !isRead_ && (notes_ || trying_);
+  if (waits || !unsaved_.empty()) keepTimer_.start(retryMilliseconds);
+}
+
+std::string StudyDesk::PositionNote(const std::string& position) const {
+  const auto note = thoughts_.positionNotes.find(position);
+  return note == thoughts_.positionNotes.end() ? std::string() : note->second;
 }
 
 QString StudyDesk::NoteOn(const board::Game& game) {
   if (!Take()) return {};
-  ShowPosition(game);
-  const auto note = thoughts_.positionNotes.find(ShownKey(game));
-  return AsItIs(note == thoughts_.positionNotes.end() ? thoughts_.note : note->second);
+  ShowThoughts(game);
+  const std::string note = PositionNote(ShownKey(game));
+  return AsItIs(note.empty() ? thoughts_.note : note);
 }
 
-void StudyDesk::ShowPosition(const board::Game& game) {
+void StudyDesk::ShowThoughts(const board::Game& game) {
   if (!notes_) return;
-  const auto note = thoughts_.positionNotes.find(ShownKey(game));
-  const bool none = note == thoughts_.positionNotes.end();
-  notes_->ShowPosition(Where(game), none ? std::string() : note->second);
+  notes_->ShowGame(thoughts_.note);
+  notes_->ShowPosition(Where(game), PositionNote(ShownKey(game)));
 }
 
 void StudyDesk::ShowNotes(const board::Game& game, QWidget& window) {
@@ -137,53 +176,83 @@ void StudyDesk::ShowNotes(const board::Game& game, QWidget& window) {
     connect(notes_, &NotesForm::GameNoteChanged, this, &StudyDesk::TakeGameNote);
     connect(notes_, &NotesForm::PositionNoteChanged, this,
             [this, &game](const std::string& note) { TakePositionNote(ShownKey(game), note); });
-    connect(notes_, &QDialog::finished, this, &StudyDesk::Keep);
-    notes_->ShowGame(thoughts_.note);
+    connect(notes_, &QDialog::finished, this, &StudyDesk::Leave);
+    window.installEventFilter(this);
+    ShowThoughts(game);
+    TellWindows();
     PutBeside(window, *notes_);
   }
-  ShowPosition(game);
+  ShowThoughts(game);
   BringToFront(*notes_);
 }
 
+study::StudyChanges& StudyDesk::Changes() { return unsaved_[*game_]; }
+
 void StudyDesk::TakeGameNote(const std::string& note) {
+  if (!isRead_) return;
   thoughts_.note = note;
-  noteChanged_ = true;
+  Changes().note = note;
   KeepSoon();
 }
 
 void StudyDesk::TakePositionNote(const std::string& position, const std::string& note) {
-  if (note.empty()) {
-    thoughts_.positionNotes.erase(position);
-  } else {
-    thoughts_.positionNotes[position] = note;
-  }
-  positionsChanged_.insert(position);
+  if (!isRead_) return;
+  study::Apply({{}, {{position, note}}, {}}, thoughts_);
+  Changes().positionNotes[position] = note;
   KeepSoon();
 }
 
+/// Those that are tried while nothing could be read join the others when these come.
 void StudyDesk::TakeLines(const VariationTree& tree) {
+  if (!isRead_) return;
   thoughts_.lines = study::TakeDown(tree);
   thoughts_.lines.insert(thoughts_.lines.end(), strange_.begin(), strange_.end());
-  linesChanged_ = true;
+  Changes().lines = thoughts_.lines;
   KeepSoon();
 }
 
 void StudyDesk::KeepSoon() {
-  keepTimer_.start();
+  keepTimer_.start(keepMilliseconds);
   Q_EMIT NotesChanged();
 }
 
-/// What can't be kept is tried again with the next change.
+/// A message of the file may let others in here.
 void StudyDesk::Keep() {
   keepTimer_.stop();
-  if (!game_) return;
-  if (noteChanged_) noteChanged_ = !file_.KeepNote(*game_, thoughts_.note);
-  if (linesChanged_) linesChanged_ = !file_.KeepLines(*game_, thoughts_.lines);
-  std::erase_if(positionsChanged_, [this](const std::string& position) {
-    const auto note = thoughts_.positionNotes.find(position);
-    const bool none = note == thoughts_.positionNotes.end();
-    return file_.KeepPositionNote(*game_, position, none ? std::string() : note->second);
-  });
+  while (!unsaved_.empty()) {
+    const auto [game, changes] = *unsaved_.begin();
+    if (!file_.Keep(game, changes)) return;
+    unsaved_.erase(game);
+  }
+  toldUnsaved_ = false;
+}
+
+/// The user turns away from what he noted. What waits is told once, and at the program's end.
+void StudyDesk::Leave() {
+  Keep();
+  if (!unsaved_.empty() && (Process().Stopping || !toldUnsaved_)) {
+    toldUnsaved_ = true;
+    TellUser(Process().Stopping
+                 ? "What you noted last couldn't be kept. " + file_.WhyNot()
+                 : "What you noted last isn't kept yet: Tarvolenix goes on trying until it ends, "
+                   "and you can open your notes again to copy it.");
+  }
+  TellWindows();
+}
+
+/// The board closes, with the notes beside it.
+bool StudyDesk::eventFilter(QObject* window, QEvent* event) {
+  if (event->type() == QEvent::Close) Leave();
+  return BoardStudy::eventFilter(window, event);
+}
+
+/// What was read at last joins what is tried meanwhile.
+void StudyDesk::Join(VariationTree& tree, TryForm& form) {
+  const VariationTree::Node here = tree.Cursor();
+  strange_ = study::HangUp(thoughts_.lines, tree);
+  tree.GoTo(here);
+  TakeLines(tree);
+  form.Refresh();
 }
 
 TryForm* StudyDesk::NewTryForm(const board::Game& game, const QWidget& window, VariationTree& tree,
@@ -192,13 +261,11 @@ TryForm* StudyDesk::NewTryForm(const board::Game& game, const QWidget& window, V
   auto* form =
       new TryForm(tree, graphics_,
                   {game.ViewSide, true, static_cast<int>(8 * square.width()), WhyNotPlay(game),
-                   [this](const std::string& position) {
-                     const auto note = thoughts_.positionNotes.find(position);
-                     return note == thoughts_.positionNotes.end() ? std::string() : note->second;
-                   },
+                   [this](const std::string& position) { return PositionNote(position); },
                    std::move(mayAskWhy)});
   connect(form, &TryForm::LinesChanged, this, [this, &tree] { TakeLines(tree); });
   connect(form, &TryForm::NoteChanged, this, &StudyDesk::TakePositionNote);
+  connect(this, &StudyDesk::ThoughtsRead, form, [this, form, &tree] { Join(tree, *form); });
   return form;
 }
 
@@ -206,16 +273,23 @@ std::optional<WantedMove> StudyDesk::TryMoves(const board::Game& game, QWidget& 
                                               std::function<bool()> mayAskWhy) {
   if (!Take()) return std::nullopt;
   VariationTree tree = TreeOf(game, thoughts_.lines, strange_);
+  const std::vector<study::TriedLines> before = study::TakeDown(tree);
   const QPointer<QWidget> board(&window);
   const QPointer<TryForm> form(NewTryForm(game, window, tree, std::move(mayAskWhy)));
+  trying_ = form;
+  TellWindows();
   if (notes_) notes_->close();
   PutInPlaceOf(window, *form);
   window.hide();
   form->exec();
   const bool wanted = form && form->WantsToPlay();
   if (board && !Process().Stopping) board->show();
+  if (!isRead_) Take();
+  if (!isRead_ && study::TakeDown(tree) != before) {
+    TellUser("The moves that you tried aren't kept, as your notes couldn't be read.");
+  }
   delete form;
-  Keep();
+  Leave();
   const auto move = tree.NextMoveOfGame();
   if (!wanted || !move || !board) return std::nullopt;
   return WantedMove{move->from, move->to, move->becomes};

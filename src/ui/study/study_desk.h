@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The user's own thoughts on the game that is open: read from their file when the board opens, kept
 // there a moment after he has changed them, and whenever he leaves.
+//
+// Thoughts that couldn't be read are only shown as far as they are known, and nothing is written
+// over them; they are read again until they can be. Changes that couldn't be kept wait here under
+// the name of their game, and are seen whenever it comes onto the board.
 #pragma once
 
 #include <QPointer>
 #include <QTimer>
 
 #include <functional>
-#include <set>
+#include <map>
 
 #include "boards/chess_graphics.h"
 #include "study/study_file.h"
@@ -33,31 +37,44 @@ class StudyDesk final : public BoardStudy {
   void ShowNotes(const board::Game& game, QWidget& window) override;
   QString NoteOn(const board::Game& game) override;
 
+ Q_SIGNALS:
+  /// The thoughts on the open game are here.
+  void ThoughtsRead();
+
+ protected:
+  bool eventFilter(QObject* window, QEvent* event) override;
+
  private:
-  enum class Part { Note, Positions, Lines };
   bool Take();
+  void ReadThoughts();
+  void GoOn();
+  void TellWindows();
+  void Leave();
   void TakeGameNote(const std::string& note);
   void TakePositionNote(const std::string& position, const std::string& note);
   void TakeLines(const study::VariationTree& tree);
-  void ShowPosition(const board::Game& game);
+  void ShowThoughts(const board::Game& game);
+  std::string PositionNote(const std::string& position) const;
+  study::StudyChanges& Changes();
   void KeepSoon();
   void Keep();
+  void Join(study::VariationTree& tree, TryForm& form);
   TryForm* NewTryForm(const board::Game& game, const QWidget& window, study::VariationTree& tree,
                       std::function<bool()> mayAskWhy);
 
   const boards::ChessGraphics& graphics_;
   study::StudyFile file_;
   std::optional<study::GameIdentity> game_;  // whose thoughts these are
+  bool isRead_ = false;
   study::GameStudy thoughts_;
   std::vector<study::TriedLines> strange_;  // lines of positions that the game never had
 
-  // What is still to be kept.
-  bool noteChanged_ = false;
-  bool linesChanged_ = false;
-  std::set<std::string> positionsChanged_;
+  std::map<study::GameIdentity, study::StudyChanges> unsaved_;
+  bool toldUnsaved_ = false;
   QTimer keepTimer_;
 
   QPointer<NotesForm> notes_;
+  QPointer<TryForm> trying_;
 };
 
 }  // namespace ui

@@ -22,6 +22,7 @@
 #include "ui/study/tried_board.h"
 #include "ui/study/try_frame.h"
 #include "widgets/dialog_button.h"
+#include "widgets/outcome_line.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -131,6 +132,7 @@ TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, Try
       words_(new QLabel(this)),
       lines_(new LinesView(tree, this)),
       note_(new NoteBox(u"PositionNote"_s, u"Note on this position"_s, this)),
+      trouble_(new OutcomeLine(this)),
       why_(NewDialogButton(u"WhyButton"_s, u"Wh&y this move?"_s)),
       play_(NewDialogButton(u"PlayButton"_s, u"&Play this"_s)) {
   setObjectName(u"TryForm"_s);
@@ -209,6 +211,7 @@ QLayout* TryForm::NewSide() {
   noteLabel->setBuddy(note_);
   side->addWidget(noteLabel);
   side->addWidget(note_, 1);
+  side->addWidget(trouble_);
   side->addSpacing(spacing);
   auto* ends = new QHBoxLayout;
   ends->setSpacing(spacing);
@@ -245,6 +248,11 @@ void TryForm::Refresh() {
   note_->Show(options_.noteOn(study::PositionKey(ShownPosition().BoardState, ShownTurn().side)));
   ShowOffers();
   Q_EMIT PositionShown();
+}
+
+void TryForm::ShowTrouble(const QString& sentence, bool writable) {
+  trouble_->ShowRemark(sentence);
+  note_->MakeWritable(writable);
 }
 
 void TryForm::ShowSquares(const rules::Position& position, rules::LastMove move) {

@@ -18,6 +18,8 @@ namespace ui {
 
 class LinesView;
 class NoteBox;
+class OutcomeLine;
+class PieceHand;
 class TryFrame;
 
 struct TryOptions {
@@ -44,13 +46,19 @@ class TryForm : public QDialog {
   const rules::Position& ShownPosition() const { return tree_.PositionAt(tree_.Cursor()); }
   const pgn::Turn& ShownTurn() const { return tree_.TurnAt(tree_.Cursor()); }
 
+  /// The tree or the notes were changed from without.
+  void Refresh();
+
+  /// Why notes and moves can't be read or kept now; blank where they can.
+  void ShowTrouble(const QString& sentence, bool writable);
+
  Q_SIGNALS:
   void LinesChanged();
   void PositionShown();
   void NoteChanged(const std::string& position, const std::string& note);
 
  protected:
-  bool eventFilter(QObject* button, QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
@@ -65,7 +73,6 @@ class TryForm : public QDialog {
   void Do(const Command& command);
   bool TakeKey(QKeyCombination key);
   void GoTo(study::VariationTree::Node node);
-  void Refresh();
   void ShowSquares(const rules::Position& position, rules::LastMove move);
   void ShowOffers();
   void AskWhy();
@@ -80,6 +87,8 @@ class TryForm : public QDialog {
   QLabel* words_;
   LinesView* lines_;
   NoteBox* note_;
+  OutcomeLine* trouble_;
+  PieceHand* hand_ = nullptr;
   QAbstractButton* why_;
   QAbstractButton* play_;
   std::vector<QAbstractButton*> buttons_;  // of the commands

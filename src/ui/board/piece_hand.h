@@ -29,6 +29,8 @@ class PieceHand : public QObject {
   PieceHand(std::unique_ptr<BoardUnderHand> board, BoardPicture& picture, FloatingPiece& floating,
             QObject* parent);
 
+  bool HoldsPiece() const { return held_.has_value(); }
+
   /// Puts a held piece back on its square.
   void SetDown();
 

@@ -61,6 +61,12 @@ const TryForm::Command TryForm::commands[] = {
      "To the end of the line (End)",
      {Qt::Key_End},
      [](VariationTree& tree) { return tree.Last(); }},
+    {"UndoButton",
+     "&Undo",
+     "Brings back the line that was deleted last (Ctrl+Z)",
+     {Qt::CTRL | Qt::Key_Z},
+     [](VariationTree& tree) { return tree.Undelete(); },
+     true},
     {"PreviousLineButton",
      "Line &above",
      "To the line above that begins here (Ctrl+Up)",
@@ -89,6 +95,7 @@ namespace {
 
 constexpr int margin = 16;
 constexpr int spacing = 8;
+constexpr std::size_t buttonsOfFirstRow = 5;
 
 /// The same keys without Ctrl, for the list of lines, where the arrows have nothing else to do.
 const std::pair<int, QKeyCombination> keysOfLines[] = {
@@ -181,7 +188,8 @@ void TryForm::AddHand() {
         Q_EMIT LinesChanged();
       },
       [this] { words_->setText(u"The rules don't allow that move."_s); }};
-  new PieceHand(std::make_unique<TriedBoard>(tree_, answers), *picture_, *floating, this);
+  hand_ = new PieceHand(std::make_unique<TriedBoard>(tree_, answers), *picture_, *floating, this);
+  picture_->installEventFilter(this);
 }
 
 QAbstractButton* TryForm::NewCommandButton(const Command& command) {
@@ -202,7 +210,7 @@ QLayout* TryForm::NewSide() {
   side->addWidget(lines_, 3);
   QHBoxLayout* row = nullptr;
   for (const Command& command : commands) {
-    if (buttons_.size() % 4 == 0) side->addLayout(row = new QHBoxLayout);
+    if (buttons_.size() % buttonsOfFirstRow == 0) side->addLayout(row = new QHBoxLayout);
     row->setSpacing(spacing);
     row->addWidget(NewCommandButton(command), 1);
   }
@@ -331,19 +339,27 @@ bool TryForm::TakeKey(QKeyCombination key) {
 
 void TryForm::keyPressEvent(QKeyEvent* event) {
   QKeyCombination pressed = Pressed(*event);
+  // What a note that can't be written has no use for isn't meant for the lines.
+  if (note_->hasFocus() && note_->isReadOnly()) return QDialog::keyPressEvent(event);
   for (const auto& [key, meant] : keysOfLines) {
     if (lines_->hasFocus() && pressed == QKeyCombination(Qt::Key(key))) pressed = meant;
   }
   if (!TakeKey(pressed)) QDialog::keyPressEvent(event);
 }
 
-/// A button would take the arrows to go to its neighbours, with Ctrl too.
-bool TryForm::eventFilter(QObject* button, QEvent* event) {
+/// A button would take the arrows to go to its neighbours, with Ctrl too, and the board a first
+/// Escape to put its cursor away.
+bool TryForm::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const auto pressed = Pressed(static_cast<const QKeyEvent&>(*event));
+    if (watched == picture_) {
+      if (pressed != QKeyCombination(Qt::Key_Escape) || hand_->HoldsPiece()) return false;
+      reject();
+      return true;
+    }
     if (pressed.keyboardModifiers() == Qt::ControlModifier && TakeKey(pressed)) return true;
   }
-  return QDialog::eventFilter(button, event);
+  return QDialog::eventFilter(watched, event);
 }
 
 /// As over the board of the game.

@@ -133,7 +133,6 @@ class BoardWindowTest : public SkinTest {
   BoardStudy* study_ = nullptr;
   QPointer<BoardWindow> window_;
 
- private:
   void OpenGame(std::int32_t id, Look look) {
     delete window_;
     platform::Settings().SimpleUI = look == Look::Plain;

@@ -5,6 +5,8 @@
 #include "ui/study/study_desk.h"
 
 namespace ui {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 class StudyTest : public BoardWindowTest {
@@ -14,11 +16,13 @@ class StudyTest : public BoardWindowTest {
     study_ = &desk_;
   }
 
-  /// Tries moves by keys, of the board first, and leaves by a button.
+  /// Tries moves by keys, of the board first, and leaves by a button or, without one, by Escape.
   void Try(std::vector<Qt::Key> keys, const char* leave) {
     Try([&](QWidget& form) {
       for (const Qt::Key key : keys) QTest::keyClick(form.windowHandle(), key);
-      QTest::mouseClick(&ui::Find(form, leave), Qt::LeftButton);
+      if (leave) QTest::mouseClick(&ui::Find(form, leave), Qt::LeftButton);
+      if (!leave) QTest::keyClick(form.windowHandle(), Qt::Key_Escape);
+      EXPECT_FALSE(form.isVisible());
     });
   }
   void Try(const Action& work) {
@@ -43,7 +47,7 @@ TEST_F(StudyTest, TriedMovesStayOutOfTheGameUntilTheFirstOfThemIsPlayed) {
   for (const Look look : {Look::Plain, Look::Skinned}) {
     Open({{"5254", "e4"}, {"5755", "e5"}}, look);
     const auto content = desktop_.files.content;
-    Try(d4d5, "BackToGameButton");
+    Try(d4d5, look == Look::Plain ? nullptr : "BackToGameButton");
     EXPECT_EQ(LastMove(), "e5");
     EXPECT_FALSE(Button(board::SendButton).isEnabled());
     EXPECT_EQ(desktop_.files.content, content);
@@ -124,6 +128,37 @@ TEST_F(StudyTest, ANoteIsSeenBesideTheBoardAndOnlyOnItsPosition) {
   Find<QPlainTextEdit>("GameNote").insertPlainText(QString(10050, u'x'));
   EXPECT_EQ(Find<QPlainTextEdit>("GameNote").toPlainText().size(), 10000);
   EXPECT_TRUE(Shows("NoteMark"));
+}
+
+TEST_F(StudyTest, WhatCannotBeReadOrKeptWaitsForItsFileUnderTheNameOfItsGame) {
+  const auto note = [this]() -> QPlainTextEdit& {
+    QTest::keyClick(window_.data(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    return Find<QPlainTextEdit>("GameNote");
+  };
+  Open({{"5254", "e4"}, {"5755", "e5"}});
+  StoreGame(2, store::MoveWaiting, "Eva", {{"5254", "e4"}, {"5755", "e5"}});
+  const auto go = [this](int game) { OpenGame(game, Look::Plain); };
+  for (const int game : {2, 1}) {
+    go(game);
+    note().setPlainText(QString(u"old %1"_s).arg(game));
+  }
+  go(1);
+  desktop_.files.content[study::NotesPath()] = "is on the disk";
+  auto other = std::make_unique<study::NotesDatabase>(study::NotesPath(), false);
+  other->Run("BEGIN EXCLUSIVE");
+  note().setPlainText(u"newer"_s);
+  for (const auto& [game, shown] : {std::pair{2, ""}, std::pair{1, "newer"}}) {
+    go(game);
+    EXPECT_TRUE(note().isReadOnly());
+    EXPECT_EQ(note().toPlainText().toStdString(), shown);
+  }
+  other.reset();
+  ChooseEntry(0);  // reads again
+  note().insertPlainText(u"still "_s);
+  for (const auto& [game, shown] : {std::pair{2, "old 2"}, std::pair{1, "still newer"}}) {
+    go(game);
+    EXPECT_EQ(note().toPlainText().toStdString(), shown);
+  }
 }
 
 }  // namespace

@@ -224,14 +224,14 @@ void StudyDesk::Keep() {
     if (!file_.Keep(game, changes)) return;
     unsaved_.erase(game);
   }
-  toldUnsaved_ = false;
+  toldWaiting_ = false;
 }
 
-/// The user turns away from what he noted. What waits is told once, and at the program's end.
+/// The user turns away from what he noted. What waits is told once, and once at the program's end.
 void StudyDesk::Leave() {
   Keep();
-  if (!unsaved_.empty() && (Process().Stopping || !toldUnsaved_)) {
-    toldUnsaved_ = true;
+  bool& told = Process().Stopping ? toldLost_ : toldWaiting_;
+  if (!unsaved_.empty() && !std::exchange(told, true)) {
     TellUser(Process().Stopping
                  ? "What you noted last couldn't be kept. " + file_.WhyNot()
                  : "What you noted last isn't kept yet: Tarvolenix goes on trying until it ends, "

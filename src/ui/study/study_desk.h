@@ -70,7 +70,8 @@ class StudyDesk final : public BoardStudy {
   std::vector<study::TriedLines> strange_;  // lines of positions that the game never had
 
   std::map<study::GameIdentity, study::StudyChanges> unsaved_;
-  bool toldUnsaved_ = false;
+  bool toldWaiting_ = false;
+  bool toldLost_ = false;
   QTimer keepTimer_;
 
   QPointer<NotesForm> notes_;

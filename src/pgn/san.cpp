@@ -135,6 +135,7 @@ std::string Explain(const SanWords& words, Bitboard pieces, Bitboard legal) {
   if (!std::has_single_bit(legal) && legal != 0) {
     return "More than one " + name + " can go to " + square + ", and it isn't said which.";
   }
+  if (pieces == 0 && words.kind == rules::WhiteKing) return "The king can't go to " + square + ".";
   if (pieces == 0) return "There is no " + name + " that can go to " + square + ".";
   return "The " + name + " can't go to " + square + ": the king would be left in check.";
 }

@@ -95,7 +95,7 @@ const ImportCase importCases[] = {
     {"no more pieces to win with", "[FEN \"8/8/8/8/8/k1p5/8/K7 w - - 0 1\"]\n1. Kb1 c2+ 2. Kxc2 *",
      "a1b1 c3c2 b1c2 ", "Kxc2 1/2-1/2"},
     {"an illegal move, and a good game behind it", "1. e4 e5 2. Ke3 1-0 1. d4 *",
-     "1/3 Ke3: There is no king that can go to e3."},
+     "1/3 Ke3: The king can't go to e3."},
     {"a null move", "1. e4 -- 1-0", "1/2 --: It is a null move, and nobody may leave a move out."},
     {"a move behind mate", "1. f3 e5 2. g4 Qh4# 3. a3 0-1",
      "1/5 a3: The game was over: it was mate."},

@@ -146,6 +146,23 @@ std::string ExplainPromotion(const SanWords& words, bool reachesLastRow) {
                                         : "Only a pawn can become another piece.";
 }
 
+/// Other programs look at the rook that castles only.
+std::string RuleOfColumns(Square from, Square to, rules::Side side) {
+  rules::Position& position = ThePosition();
+  const bool isShort = to.x > from.x;
+  const bool isAtHome =
+      position.BoardState.At(from) == OfSide(rules::WhiteKing, side) &&
+      position.BoardState.At({isShort ? 8 : 1, from.y}) == OfSide(rules::WhiteRook, side);
+  if (!isAtHome || position.HasMoved(side, rules::KingItself) ||
+      !position.HasMoved(side, isShort ? rules::Column8Rook : rules::Column1Rook)) {
+    return {};
+  }
+  return std::string(
+             " Tarvolenix's own rule is that it ends on a side as soon as any rook has "
+             "moved away from the ") +
+         (isShort ? 'h' : 'a') + " column.";
+}
+
 std::optional<ChessMove> ReadCastling(int column, const Turn& turn, std::string& trouble) {
   const int row = rules::HomeRow(turn.side);
   const Square from{5, row};
@@ -154,7 +171,7 @@ std::optional<ChessMove> ReadCastling(int column, const Turn& turn, std::string&
   if (ThePosition().BoardState.At(from) == king && IsLegal(turn, from, to)) {
     return ChessMove{from, to, king};
   }
-  trouble = "Castling isn't possible here.";
+  trouble = "Castling isn't possible here." + RuleOfColumns(from, to, turn.side);
   return std::nullopt;
 }
 

@@ -212,11 +212,12 @@ Reasons ChangesByMate(const Reasons& before, const Reasons& after) {
 /// What counts for the move itself, on the board before it.
 class OwnReasons : Collection {
  public:
-  OwnReasons(Side side, LastMove move, const HeuristicTable& table)
+  OwnReasons(Side side, LastMove move, const HeuristicTable& table, PieceCode arrives)
       : Collection(table),
         enemy_(rules::OtherSide(side)),
         move_(move),
-        mover_(PieceOn(move.from)) {}
+        mover_(PieceOn(move.from)),
+        arrives_(arrives) {}
 
   Reasons All() {
     const Placed king = EnemyPiece(rules::WhiteKing), queen = EnemyPiece(rules::WhiteQueen);
@@ -239,7 +240,7 @@ class OwnReasons : Collection {
   void AddNearing(int kind, const Lengths& lengths, Placed target) {
     const int points = Goal(lengths, table_[kind]).RewardOf(move_.from, move_.to);
     const bool grows = lengths[rules::IndexOf(move_.to)] > lengths[rules::IndexOf(move_.from)];
-    Add(kind, points, grows, {mover_.piece, move_.to}, target);
+    Add(kind, points, grows, {arrives_, move_.to}, target);
   }
 
   void AddTaking(Placed taken) {
@@ -253,6 +254,7 @@ class OwnReasons : Collection {
   const Side enemy_;
   const LastMove move_;
   const Placed mover_;
+  const PieceCode arrives_;
 };
 
 /// As the evaluation cuts both passes, and what is between them.
@@ -264,18 +266,26 @@ struct BothPasses {
   Reasons after;
 };
 
-BothPasses SeeBoth(const Moment& moment, LastMove move, const HeuristicTable& table) {
+BothPasses SeeBoth(const Moment& moment, LastMove move, const HeuristicTable& table,
+                   PieceCode arrives) {
   const PieceCode mover = ThePosition().BoardState.At(move.from);
   const Side enemy = rules::OtherSide(moment.side);
   const int rights = CastlingMotivation(moment.side, mover, move.from.x);
-  const auto see = [&](Square stand, Standing standing) {
-    return Sights(moment.side, move, table).Seen(mover, stand, standing, rights);
+  const auto see = [&](PieceCode piece, Square stand, Standing standing) {
+    return Sights(moment.side, move, table).Seen(piece, stand, standing, rights);
   };
   int sideInCheck = ThePosition().SideInCheck;
   BothPasses seen;
-  seen.before = see(move.from, rules::GameState(enemy, true, sideInCheck));
+  seen.before = see(mover, move.from, rules::GameState(enemy, true, sideInCheck));
   rules::MakeTestMove(moment.side, move.from, move.to, mover, moment.lastMove, sideInCheck);
-  seen.after = see(move.to, rules::GameState(enemy, true, sideInCheck, move));
+  {
+    const rules::BoardGuard pawn;
+    if (arrives != mover) {
+      ThePosition().BoardState.Put(move.to, arrives);
+      sideInCheck = rules::IsInCheck(enemy) ? enemy : rules::NobodyInCheck;
+    }
+    seen.after = see(arrives, move.to, rules::GameState(enemy, true, sideInCheck, move));
+  }
   rules::UndoTestMove(sideInCheck);
   return seen;
 }
@@ -284,15 +294,18 @@ bool IsMate(const Reasons& seen) { return seen.size() == 1 && seen.front().kind 
 
 }  // namespace
 
-MoveReasons ReasonsFor(const Moment& moment, LastMove move, const HeuristicTable& table) {
+MoveReasons ReasonsFor(const Moment& moment, LastMove move, const HeuristicTable& table,
+                       PieceCode becomes) {
   const rules::PositionGuard guard;
   ThePosition() = moment.position;
-  const auto [before, after] = SeeBoth(moment, move, table);
+  const PieceCode arrives =
+      becomes == rules::NoPiece ? ThePosition().BoardState.At(move.from) : becomes;
+  const auto [before, after] = SeeBoth(moment, move, table, arrives);
   MoveReasons result;
   if (IsMate(after)) {
     result.reasons = ChangesByMate(before, after);
   } else {
-    const Reasons own = OwnReasons(moment.side, move, table).All();
+    const Reasons own = OwnReasons(moment.side, move, table, arrives).All();
     result.reasons = Changes(before, after, move);
     result.reasons.insert(result.reasons.end(), own.begin(), own.end());
   }

@@ -43,9 +43,12 @@ struct MoveReasons {
   int score = 0;                ///< as ScoreCandidates has it
 };
 
-/// The reasons for and against a legal move. The live position is left as it was.
+/// The reasons for and against a legal move. The live position is left as it was. A pawn on the
+/// last row stays one, as the evaluation has it, but where it is told what it `becomes`: then the
+/// reasons are those of the new piece, and the score is theirs alone.
 MoveReasons ReasonsFor(const Moment& moment, rules::LastMove move,
-                       const HeuristicTable& table = Heuristics);
+                       const HeuristicTable& table = Heuristics,
+                       rules::PieceCode becomes = rules::NoPiece);
 
 /// The legal moves of the moment. The live position is left as it was.
 CandidateList MovesOf(const Moment& moment);

@@ -41,6 +41,17 @@ void PlayUpTo(const Game& game, int last) {
   }
 }
 
+/// What a pawn becomes by the entry at `row`, on the position before it.
+rules::PieceCode PromotionBy(const Game& game, int row, rules::Side side) {
+  const rules::PositionGuard guard;
+  const LastMove move = game.Moves.MoveOf(row);
+  const rules::PieceCode piece = ThePosition().BoardState.At(move.from);
+  if (rules::KindOf(piece) != rules::WhitePawn) return rules::NoPiece;
+  ReplayPieceMove(game.Moves.Row(row), game.Moves.MoveOf(row - 1), side);
+  const rules::PieceCode arrived = ThePosition().BoardState.At(move.to);
+  return arrived == piece ? rules::NoPiece : arrived;
+}
+
 void NoteCheck(rules::Side side) {
   rules::Position& position = ThePosition();
   position.SideToMove = side;
@@ -65,9 +76,11 @@ AskedMove MoveToAskAbout(const Game& game) {
   const rules::Side side = SideOfEntry(before + 1);
   PlayUpTo(game, before);
   NoteCheck(side);
-  return {{ThePosition(), side, game.Moves.MoveOf(before)},
-          game.Moves.MoveOf(row),
-          game.Moves.Row(row).MoveText};
+  AskedMove asked{{ThePosition(), side, game.Moves.MoveOf(before)},
+                  game.Moves.MoveOf(row),
+                  game.Moves.Row(row).MoveText};
+  if (row > 0) asked.becomes = PromotionBy(game, row, side);
+  return asked;
 }
 
 bool MayAskWhy(const Game& game) {

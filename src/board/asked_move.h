@@ -9,9 +9,10 @@
 namespace board {
 
 struct AskedMove {
-  ai::Moment moment;     ///< in front of the move
-  rules::LastMove move;  ///< none at the start of a game
-  std::string text;      ///< the move as the list has it; blank for none
+  ai::Moment moment;                          ///< in front of the move
+  rules::LastMove move;                       ///< none at the start of a game
+  std::string text;                           ///< the move as the list has it; blank for none
+  rules::PieceCode becomes = rules::NoPiece;  ///< a pawn on the last row
 };
 
 /// The live position is left as it was.

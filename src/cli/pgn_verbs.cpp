@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The verbs that exchange games with other chess programs.
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <iostream>
@@ -9,6 +10,7 @@
 #include "cli/verbs.h"
 #include "pgn/export.h"
 #include "pgn/import.h"
+#include "pgn/known_games.h"
 #include "platform/mail_address.h"
 #include "platform/seams.h"
 #include "platform/settings_store.h"
@@ -39,6 +41,7 @@ std::vector<std::int32_t> GameNumbers(const Arguments& arguments) {
 struct ReadFile {
   std::string name;
   pgn::ImportedGames games;
+  std::vector<int> known = {};  ///< numbers of those that were there before
 };
 
 template <typename Read>
@@ -66,9 +69,14 @@ void PrintGames(const ReadFile& file, std::optional<std::int32_t>& next) {
       answer.Add("ok", false).Add("ply", refused->ply).Add("move", refused->move);
       answer.Add("why", refused->why);
       ++refused;
+    } else if (std::ranges::binary_search(file.known, number)) {
+      answer.Add("ok", true).Add("why", "already there");
     } else {
       answer.Add("ok", true).Add("game", next);
       if (next) ++*next;
+      if (std::ranges::binary_search(file.games.withoutComments, number)) {
+        answer.Add("why", "taken without its comments");
+      }
     }
     std::cout << answer.Text() << '\n';
   }
@@ -142,11 +150,14 @@ bool PgnImport(const Call& call) {
   const std::vector<std::string>& names = call.arguments.Others();
   if (call.arguments.Has("--check")) return CheckGames(names);
   const pgn::ImportOptions options = OptionsOf(call.arguments);
+  auto known = pgn::KnownGames::Stored(options);
+  if (!known) throw GameFileRefusal("The games can't be read.");
   std::vector<ReadFile> files;
   store::NewGames taken;
   for (const std::string& name : names) {
     files.push_back(ReadGamesOf(
         name, [&options](std::istream& text) { return pgn::ReadGames(text, options); }));
+    files.back().known = known->LeaveOutOf(files.back().games);
     taken.Append(std::exchange(files.back().games.taken, {}));
   }
   std::optional<std::int32_t> first;

@@ -54,6 +54,10 @@ bool MayCastle(const BoardSquares& board, const rules::CastleFlags& hasMoved,
          IsAtHome(board, right);
 }
 
+std::string Counted(std::size_t count, const char* noun) {
+  return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
+}
+
 std::string RowText(const BoardSquares& board, int y) {
   std::string text;
   int empty = 0;
@@ -138,8 +142,12 @@ class FenReader {
 
   void ReadBoard(std::string_view field) {
     const auto rows = Split(field, "/");
+    if (rows.size() == 1) {
+      return Refuse("That is no position: one begins with the eight rows of the board, such as " +
+                    std::string("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR."));
+    }
     if (rows.size() != 8) {
-      return Refuse("The board has " + std::to_string(rows.size()) + " rows in place of 8.");
+      return Refuse("The board has " + Counted(rows.size(), "row") + " in place of 8.");
     }
     for (int y = 8; y >= 1; --y) ReadRow(rows[static_cast<std::size_t>(8 - y)], y);
     for (const rules::Side side : {rules::White, rules::Black}) CountKings(side);
@@ -160,7 +168,8 @@ class FenReader {
         reading_.board.Put({x, y}, static_cast<rules::PieceCode>(piece));
       }
     }
-    if (x != 8) Refuse(name + " has " + std::to_string(x) + " squares in place of 8.");
+    if (x != 8)
+      Refuse(name + " has " + Counted(static_cast<std::size_t>(x), "square") + " in place of 8.");
     if ((y == 1 || y == 8) && row.find_first_of("Pp") != std::string_view::npos) {
       Refuse(name + " holds a pawn, and no pawn can stand there.");
     }

@@ -85,6 +85,7 @@ bool GameReader::Next(GameText& game) {
     game = {};
     while (SkipBlanks() && text_[at_] == '[') ReadTag(game);
     ReadMoves(game);
+    game.isCut = game.result.empty() && AtEnd();
     if (game.result.empty()) game.result = ResultIn(game.RawTag("Result"));
   } while (game.IsBlank() && !AtEnd());
   return !game.IsBlank();

@@ -31,6 +31,7 @@ struct GameText {
   std::vector<std::string_view> moves;
   std::vector<Comment> comments;
   std::string_view result;  ///< behind the moves, else in the tag; blank where the game breaks off
+  bool isCut = false;       ///< the text ends with it, and no result stands behind the moves
   std::string trouble;      ///< what is wrong with its form behind the last move, as a sentence
 
   /// As it is written; blank where there is none.

@@ -42,10 +42,14 @@ class Blocks {
       if (cut == 0 && block.size() < longestBlock) continue;
       rest_ = block.substr(cut == 0 ? block.size() : cut);
       block.resize(block.size() - rest_.size());
-      break;
+      return block;
     }
+    isLast_ = true;
     return block;
   }
+
+  /// Whether the text ends with the part that Next() gave.
+  bool IsLast() const { return isLast_; }
 
  private:
   /// False at the end of the text.
@@ -79,6 +83,7 @@ class Blocks {
 
   std::istream& text_;
   std::string rest_;
+  bool isLast_ = false;
 };
 
 /// Text as a field of the game file, which knows no escapes.
@@ -127,12 +132,17 @@ std::string AddressIn(const std::string& tag) {
 /// Turns the games of one part of the text into lines of the game file.
 class Importer {
  public:
-  Importer(const ImportOptions* options) : options_(options) {}
+  Importer(const ImportOptions* options, bool isLastPart)
+      : options_(options), isLastPart_(isLastPart) {}
 
   ImportedGames Read(std::string_view block) {
     GameReader reader(block);
     GameText game;
-    while (reader.Next(game)) Take(game);
+    while (reader.Next(game)) {
+      // The tag tells how the game ended, and not whether all of it is here.
+      if (isLastPart_ && game.isCut) game.result = {};
+      Take(game);
+    }
     return std::move(games_);
   }
 
@@ -169,6 +179,7 @@ class Importer {
     }
     store::NewGames& place = lacks == Lack::Nothing ? games_.taken : games_.lacking;
     place.Add(Record(text, played, white, address), played.moves);
+    if (played.hasLeftComments) games_.withoutComments.push_back(games_.count);
     return lacks;
   }
 
@@ -206,6 +217,7 @@ class Importer {
   }
 
   const ImportOptions* options_;  // none where the games are only checked
+  const bool isLastPart_;
   ImportedGames games_;
 };
 
@@ -214,6 +226,7 @@ void Append(ImportedGames& all, ImportedGames&& part) {
     refused.number += all.count;
     all.refused.push_back(std::move(refused));
   }
+  for (const int number : part.withoutComments) all.withoutComments.push_back(number + all.count);
   all.count += part.count;
   all.taken.Append(part.taken);
   all.lacking.Append(part.lacking);
@@ -230,9 +243,10 @@ ImportedGames ReadParts(std::istream& text, const ImportOptions* options) {
       Append(games, parts.front().get());
       parts.pop_front();
     }
-    parts.push_back(std::async(std::launch::async, [options, block = std::move(block)] {
-      return Importer(options).Read(block);
-    }));
+    parts.push_back(std::async(std::launch::async,
+                               [options, block = std::move(block), isLast = blocks.IsLast()] {
+                                 return Importer(options, isLast).Read(block);
+                               }));
   }
   for (auto& part : parts) Append(games, part.get());
   return games;

@@ -37,7 +37,8 @@ struct RefusedGame {
 struct ImportedGames {
   int count = 0;  ///< of all that were read
   std::vector<RefusedGame> refused;
-  store::NewGames taken;    ///< the others, in their order, to be stored with store::AddGames
+  store::NewGames taken;  ///< the others, in their order, to be stored with store::AddGames
+  std::vector<int> withoutComments;  ///< numbers of those that aren't finished and had some
   store::NewGames lacking;  ///< the refused ones that lack something, as far as they are known
 };
 

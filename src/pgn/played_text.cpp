@@ -233,8 +233,13 @@ class Player {
     if (SideOfEntry(played_.moves.size() + 1) != speaker) AddEntry({}, {}, "...");
   }
 
-  /// What is said ahead of the first entry goes to it.
+  /// What is said ahead of the first entry goes to it. In a game that goes on here comments are the
+  /// player's own thoughts, which the next mail would carry to the opponent.
   void AddComment(const std::string& text) {
+    if (text_.result == "*" && !text.empty()) {
+      played_.hasLeftComments = true;
+      return;
+    }
     std::string& place = played_.moves.empty() ? opening_ : played_.moves.back().MoveComment;
     if (text.empty()) return;
     place += (place.empty() ? "" : " ") + text;
@@ -245,7 +250,7 @@ class Player {
   void End() {
     played_.result = text_.result;
     if (text_.result.empty()) {
-      Refuse("It breaks off: there is no result behind its last move.");
+      Refuse("It breaks off without a result.");
       return;
     }
     const Ending ending = EndingAt(turn_);

@@ -135,6 +135,7 @@ std::string Explain(const SanWords& words, Bitboard pieces, Bitboard legal) {
   if (!std::has_single_bit(legal) && legal != 0) {
     return "More than one " + name + " can go to " + square + ", and it isn't said which.";
   }
+  if (pieces == 0 && words.kind == rules::WhiteKing) return "The king can't go to " + square + ".";
   if (pieces == 0) return "There is no " + name + " that can go to " + square + ".";
   return "The " + name + " can't go to " + square + ": the king would be left in check.";
 }
@@ -145,6 +146,23 @@ std::string ExplainPromotion(const SanWords& words, bool reachesLastRow) {
                                         : "Only a pawn can become another piece.";
 }
 
+/// Other programs look at the rook that castles only.
+std::string RuleOfColumns(Square from, Square to, rules::Side side) {
+  rules::Position& position = ThePosition();
+  const bool isShort = to.x > from.x;
+  const bool isAtHome =
+      position.BoardState.At(from) == OfSide(rules::WhiteKing, side) &&
+      position.BoardState.At({isShort ? 8 : 1, from.y}) == OfSide(rules::WhiteRook, side);
+  if (!isAtHome || position.HasMoved(side, rules::KingItself) ||
+      !position.HasMoved(side, isShort ? rules::Column8Rook : rules::Column1Rook)) {
+    return {};
+  }
+  return std::string(
+             " Tarvolenix's own rule is that it ends on a side as soon as any rook has "
+             "moved away from the ") +
+         (isShort ? 'h' : 'a') + " column.";
+}
+
 std::optional<ChessMove> ReadCastling(int column, const Turn& turn, std::string& trouble) {
   const int row = rules::HomeRow(turn.side);
   const Square from{5, row};
@@ -153,7 +171,7 @@ std::optional<ChessMove> ReadCastling(int column, const Turn& turn, std::string&
   if (ThePosition().BoardState.At(from) == king && IsLegal(turn, from, to)) {
     return ChessMove{from, to, king};
   }
-  trouble = "Castling isn't possible here.";
+  trouble = "Castling isn't possible here." + RuleOfColumns(from, to, turn.side);
   return std::nullopt;
 }
 

@@ -44,6 +44,7 @@ TEST(ReasonsTest, AreToldInWords) {
     const char* move;
     const char* strongest;
     int points;
+    rules::PieceCode becomes = rules::NoPiece;
   };
   static constexpr Case cases[] = {
       {"Ke1 Nf3 qe5 kh8", "f3e5", "Black's queen on e5 is taken, and nothing protected it.", 200},
@@ -55,10 +56,12 @@ TEST(ReasonsTest, AreToldInWords) {
        "White's knight on d5 was unprotected and could be taken by Black's bishop on b7; it gets "
        "away.",
        200},
+      {"Kg1 Pa7 pf7 pg7 ph7 kg8", "a7a8", "It is checkmate.", 1000, rules::WhiteQueen},
   };
-  for (const auto& [position, move, strongest, points] : cases) {
+  for (const auto& [position, move, strongest, points, becomes] : cases) {
     rules::Place(position);
-    const MoveReasons why = ReasonsFor({ThePosition(), rules::White, {}}, rules::Move(move));
+    const MoveReasons why =
+        ReasonsFor({ThePosition(), rules::White, {}}, rules::Move(move), Heuristics, becomes);
     EXPECT_EQ(SentenceFor(why.reasons.front()), strongest);
     EXPECT_EQ(why.reasons.front().points, points);
   }

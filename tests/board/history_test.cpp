@@ -67,6 +67,9 @@ TEST_F(BoardTest, AReplayReachesWhatWasPlayed) {
       EXPECT_EQ(ThePosition().CastleState, then.CastleState) << row;
       EXPECT_EQ(ThePosition().CheckmateFlag, then.CheckmateFlag) << row;
       const AskedMove asked = MoveToAskAbout(*game);
+      const auto sign = asked.text.find('=');
+      EXPECT_EQ(asked.becomes,
+                sign == asked.text.npos ? rules::NoPiece : then.BoardState.At(asked.move.to));
       // In the computer's eyes a pawn stays a pawn, and no move ends the game by itself.
       if (asked.text.find_first_of("=/") == asked.text.npos) {
         EXPECT_EQ(NameOfMove(asked.moment, asked.move), asked.text);

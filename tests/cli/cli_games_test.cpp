@@ -60,6 +60,9 @@ TEST_F(CliTest, GamesAndPositionsGoToOtherProgramsAndComeFromThem) {
   const Answer answer = As("anna", arguments);
   EXPECT_EQ(answer.out, taken + "1}\n" + refused);
   EXPECT_EQ(answer.exitCode, 1);
+  const std::string there =
+      taken.substr(0, taken.find(",\"game")) + ",\"why\":\"already there\"}\n";
+  EXPECT_EQ(As("anna", arguments).out, there + refused);
   EXPECT_EQ(As("anna", {"pgn", "import", root_ / "none"}).exitCode, 1);
   for (const std::string opponent : {"f|o@x y", "f@x.org\n9|"}) {
     EXPECT_EQ(As("anna", {"pgn", "import", file, "--opponent", opponent}).err,

@@ -50,6 +50,10 @@ struct TroubleCase {
 const TroubleCase troubleCases[] = {
     {"", "There is no position: it is empty."},
     {"4k3/8/8/8/8/8/8/8/4K3 w - - 0 1", "The board has 9 rows in place of 8."},
+    {"hello world",
+     "That is no position: one begins with the eight rows of the board, such as "
+     "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR."},
+    {"4k3/8/8/8/1/8/8/4K3 w - - 0 1", "Row 4 has 1 square in place of 8."},
     {"4k3/8/8/8/7/8/8/4K3 w - - 0 1", "Row 4 has 7 squares in place of 8."},
     {"4k3/8/8/8/8/8/8/pppppppppp w - - 0 1", "Row 1 has 10 squares in place of 8."},
     {"4k3/8/8/8/7x/8/8/4K3 w - - 0 1", "Row 4 holds \"x\", which is no piece and no number."},

@@ -48,6 +48,11 @@ bool IsLegal(const board::AskedMove& asked) {
                      [&](const auto& move) { return IsMove(move, asked.move); });
 }
 
+bool IsPromotion(const ai::Moment& moment, LastMove move) {
+  const rules::PieceCode piece = moment.position.BoardState.At(move.from);
+  return rules::KindOf(piece) == rules::WhitePawn && (move.to.y == 1 || move.to.y == 8);
+}
+
 /// Both signs are as wide as a digit, and neither is told by its colour.
 QString Signed(int points) {
   if (points == 0) return u"0"_s;
@@ -155,7 +160,8 @@ void WhyForm::StandBeside(const QWidget& board) {
 void WhyForm::TakeAdvice(int depth, const ai::CandidateList& moves) {
   std::vector<Line> lines;
   for (const ai::CandidateMove& move : moves) {
-    const Line asked{question_.asked.move, move.Score, true};
+    Line asked{question_.asked.move, move.Score, true};
+    if (question_.asked.becomes != rules::NoPiece) asked.score.reset();
     const bool isAsked = hasMove_ && IsMove(move, asked.move);
     if (isAsked) lines.insert(lines.begin(), asked);
   }
@@ -204,7 +210,8 @@ const WhyForm::Line* WhyForm::Selected() const {
 
 void WhyForm::ShowReasons() {
   const Line* line = Selected();
-  why_ = line ? ai::ReasonsFor(question_.asked.moment, line->move, question_.heuristics)
+  why_ = line ? ai::ReasonsFor(question_.asked.moment, line->move, question_.heuristics,
+                               line->asked ? question_.asked.becomes : rules::NoPiece)
               : ai::MoveReasons();
   {
     const QSignalBlocker quiet(reasons_);
@@ -227,7 +234,12 @@ void WhyForm::ShowSum() {
   const int follows = line->score.value_or(why_.score) - why_.score;
   QString text = u"The reasons make up %1 points"_s.arg(Signed(why_.score));
   if (follows != 0) text += u", and what may follow makes %1"_s.arg(Signed(follows));
-  sum_->setText(text + u'.');
+  text += u'.';
+  if (IsPromotion(question_.asked.moment, line->move)) {
+    text += line->asked ? u" The computer has no score for it: in its search a pawn stays a pawn."_s
+                        : u" In the computer's search the pawn stays a pawn."_s;
+  }
+  sum_->setText(text);
 }
 
 void WhyForm::ShowPicture() {

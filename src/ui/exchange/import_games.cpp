@@ -115,7 +115,7 @@ class Import {
 
   void ShowResult() const {
     const int stored = static_cast<int>(games_.taken.Count());
-    const QStringList lines = LeftOutLines(games_.refused, known_);
+    const QStringList lines = LeftOutLines(games_.refused, known_, games_.withoutComments);
     if (lines.isEmpty()) {
       Tell(store::CountedGames(stored) + " imported from " + name_ + ".", false);
     } else {

@@ -92,8 +92,11 @@ class ResultDialog : public QDialog {
 }  // namespace
 
 QStringList LeftOutLines(const std::vector<pgn::RefusedGame>& refused,
-                         const std::vector<int>& known) {
+                         const std::vector<int>& known, const std::vector<int>& withoutComments) {
   std::map<int, QString> lines;
+  for (const int number : withoutComments) {
+    lines[number] = u": taken without its comments, which your next mails would have carried."_s;
+  }
   for (const int number : known) lines[number] = u": already there."_s;
   for (const pgn::RefusedGame& game : refused) {
     lines[game.number] = MoveText(game) + u": "_s + ShownLine(game.why);

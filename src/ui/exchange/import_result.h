@@ -13,7 +13,7 @@ namespace ui {
 
 /// A line for each game that was refused or is known, by their numbers.
 QStringList LeftOutLines(const std::vector<pgn::RefusedGame>& refused,
-                         const std::vector<int>& known);
+                         const std::vector<int>& known, const std::vector<int>& withoutComments);
 
 /// Modal.
 void ShowImportResult(QWidget& window, const QString& heading, const QStringList& lines);

@@ -116,6 +116,8 @@ board::AskedMove AskedIn(const VariationTree& tree) {
   if (!tried) return asked;
   asked.move = tree.TurnAt(here).lastMove;
   asked.text = tree.Written(here);
+  const rules::PieceCode arrived = tree.PositionAt(here).BoardState.At(asked.move.to);
+  if (arrived != asked.moment.position.BoardState.At(asked.move.from)) asked.becomes = arrived;
   return asked;
 }
 

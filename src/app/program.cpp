@@ -166,6 +166,10 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
       [this] { HurryInquiries(); }};
   auto answer = ui::AskForAccount(suggestion, help, errand);
   HurryInquiries();  // nobody hears of them any more
+  // A test may have spent what the sign-in left.
+  if (answer && answer->password && !answer->account.SignIn.empty()) {
+    answer->password = desktop_->Tokens().Newest(*answer->password);
+  }
   return answer;
 }
 

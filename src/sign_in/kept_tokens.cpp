@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sign_in/kept_tokens.h"
 
+#include <future>
 #include <memory>
 #include <utility>
 
+#include "post/servers/mail_failures.h"
 #include "sign_in/token_endpoint.h"
 
 namespace sign_in {
@@ -12,13 +14,26 @@ namespace {
 /// A token must outlast the logon that it is taken for.
 constexpr std::chrono::seconds margin(60);
 
+/// How soon a hurry is noticed.
+constexpr std::chrono::milliseconds slice(50);
+
 std::unique_lock<std::timed_mutex> Locked(std::timed_mutex& mutex, const post::Patience& patience) {
-  constexpr std::chrono::milliseconds slice(50);  // how soon a hurry is noticed
   std::unique_lock lock(mutex, std::defer_lock);
   while (!lock.try_lock_for(slice)) {
     if (patience.IsOver()) throw post::ConnectionLost("The sign-in was given up.");
   }
   return lock;
+}
+
+Tokens TokensFor(const Service& service, const std::string& refresh,
+                 const post::Patience& patience) {
+  try {
+    return AskForTokens(service, {{"grant_type", "refresh_token"}, {"refresh_token", refresh}},
+                        patience);
+  } catch (const GrantRefused& refusal) {
+    if (refusal.error == "invalid_grant") throw post::SignInLapsed(refusal.what());
+    throw;
+  }
 }
 
 }  // namespace
@@ -37,38 +52,70 @@ std::string KeptTokens::Token(const post::MailAccount& account, const std::strin
                               const std::string& stale, const post::Patience& patience) {
   // One asks at a time: a refresh token may count only once.
   const auto lock = Locked(renewing_, patience);
-  Known& known = known_.try_emplace(refresh, Known{refresh, {}, {}}).first->second;
-  if (!IsGood(known, stale)) Renew(known, account, patience);
-  return known.access;
+  const Access& access = access_[Newest(refresh)];
+  if (IsGood(access, stale)) return access.token;
+  try {
+    return Renewed(account, Newest(refresh), patience);
+  } catch (const post::SignInLapsed&) {
+    // Another program may have renewed it, or the user may have signed in again meanwhile.
+    const std::string kept = Newest(Kept(post::PasswordKey(account), patience));
+    if (kept.empty() || kept == Newest(refresh)) throw;
+    Follow(Newest(refresh), kept);
+    return Renewed(account, kept, patience);
+  }
 }
 
-bool KeptTokens::IsGood(const Known& known, const std::string& stale) const {
-  return !known.access.empty() && known.access != stale && now_() + margin < known.end;
+std::string KeptTokens::Newest(std::string refresh) const {
+  const std::lock_guard lock(mutex_);
+  for (auto at = followers_.find(refresh); at != followers_.end(); at = followers_.find(refresh)) {
+    refresh = at->second;
+  }
+  return refresh;
 }
 
-void KeptTokens::Renew(Known& known, const post::MailAccount& account,
-                       const post::Patience& patience) {
+void KeptTokens::Follow(const std::string& spent, const std::string& next) {
+  const std::lock_guard lock(mutex_);
+  followers_.erase(next);  // a provider may come back to an earlier one
+  followers_[spent] = next;
+}
+
+bool KeptTokens::IsGood(const Access& access, const std::string& stale) const {
+  return !access.token.empty() && access.token != stale && now_() + margin < access.end;
+}
+
+std::string KeptTokens::Renewed(const post::MailAccount& account, const std::string& refresh,
+                                const post::Patience& patience) {
+  access_.erase(refresh);
   const Service service = WithMetadata(ServiceNamed(account.SignIn, files_), patience);
   const auto asked = now_();
-  try {
-    const Tokens tokens = AskForTokens(
-        service, {{"grant_type", "refresh_token"}, {"refresh_token", known.refresh}}, patience);
-    known.access = tokens.access;
-    known.end = asked + tokens.lifetime;
-    if (tokens.refresh.empty() || tokens.refresh == known.refresh) return;
-    known.refresh = tokens.refresh;
-  } catch (...) {
-    known.access.clear();
-    throw;
+  const Tokens tokens = TokensFor(service, refresh, patience);
+  const bool isAnother = !tokens.refresh.empty() && tokens.refresh != refresh;
+  access_[isAnother ? tokens.refresh : refresh] = {tokens.access, asked + tokens.lifetime};
+  if (isAnother) {
+    Follow(refresh, tokens.refresh);
+    KeepLater(post::PasswordKey(account));
   }
-  KeepLater(post::PasswordKey(account), known.refresh);
+  return tokens.access;
 }
 
 /// The passwords belong to the window's thread.
-void KeptTokens::KeepLater(const std::string& key, const std::string& refresh) {
+std::string KeptTokens::Kept(const std::string& key, const post::Patience& patience) {
+  if (std::this_thread::get_id() == home_) return passwords_.Read(key).value_or("");
+  const auto kept = std::make_shared<std::promise<std::string>>();
+  auto answer = kept->get_future();
+  events_.Post([this, kept, key, audience = std::weak_ptr(audience_)] {
+    kept->set_value(audience.expired() ? "" : passwords_.Read(key).value_or(""));
+  });
+  while (answer.wait_for(slice) != std::future_status::ready) {
+    if (patience.IsOver()) throw post::ConnectionLost("The sign-in was given up.");
+  }
+  return answer.get();
+}
+
+void KeptTokens::KeepLater(const std::string& key) {
   {
     const std::lock_guard lock(mutex_);
-    unkept_[key] = refresh;
+    unkept_.insert(key);
   }
   events_.Post([this, audience = std::weak_ptr(audience_)] {
     if (!audience.expired()) KeepRenewed();
@@ -76,14 +123,15 @@ void KeptTokens::KeepLater(const std::string& key, const std::string& refresh) {
 }
 
 void KeptTokens::KeepRenewed() {
-  std::map<std::string, std::string> unkept;
+  std::set<std::string> unkept;
   {
     const std::lock_guard lock(mutex_);
     unkept.swap(unkept_);
   }
-  for (const auto& [key, refresh] : unkept) {
-    // Of an account that is the user's no longer nothing is kept.
-    if (passwords_.Read(key)) passwords_.Write(key, refresh);
+  for (const std::string& key : unkept) {
+    // Of an account that is the user's no longer nothing is kept, and a newer sign-in stays.
+    const auto kept = passwords_.Read(key);
+    if (kept && Newest(*kept) != *kept) passwords_.Write(key, Newest(*kept));
   }
 }
 

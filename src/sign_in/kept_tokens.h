@@ -6,9 +6,11 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
+#include <set>
 #include <string>
-#include <vector>
+#include <thread>
 
 #include "platform/events.h"
 #include "post/accounts/access_tokens.h"
@@ -33,18 +35,23 @@ class KeptTokens : public post::AccessTokens {
   std::string Token(const post::MailAccount& account, const std::string& refresh,
                     const std::string& stale, const post::Patience& patience) override;
 
+  /// Callable from any thread: what counts now in the place of a refresh token that may be spent.
+  std::string Newest(std::string refresh) const;
+
   const ClientFiles& Files() const { return files_; }
 
  private:
-  struct Known {
-    std::string refresh;
-    std::string access;
+  struct Access {
+    std::string token;
     Clock::time_point end;
   };
 
-  bool IsGood(const Known& known, const std::string& stale) const;
-  void Renew(Known& known, const post::MailAccount& account, const post::Patience& patience);
-  void KeepLater(const std::string& key, const std::string& refresh);
+  bool IsGood(const Access& access, const std::string& stale) const;
+  std::string Renewed(const post::MailAccount& account, const std::string& refresh,
+                      const post::Patience& patience);
+  void Follow(const std::string& spent, const std::string& next);
+  std::string Kept(const std::string& key, const post::Patience& patience);
+  void KeepLater(const std::string& key);
   void KeepRenewed();
 
   platform::Events& events_;
@@ -52,12 +59,14 @@ class KeptTokens : public post::AccessTokens {
   ClientFiles files_;
   Now now_;
   std::shared_ptr<const bool> audience_;  // goes with this
+  const std::thread::id home_ = std::this_thread::get_id();
 
-  std::timed_mutex renewing_;           // guards what follows, and holds questions apart
-  std::map<std::string, Known> known_;  // by the refresh token that an account began with
+  std::timed_mutex renewing_;             // guards what follows, and holds questions apart
+  std::map<std::string, Access> access_;  // by the refresh token that counts now
 
-  std::mutex mutex_;                           // guards what follows
-  std::map<std::string, std::string> unkept_;  // refresh tokens under their keys
+  mutable std::mutex mutex_;                      // guards what follows
+  std::map<std::string, std::string> followers_;  // what came in the place of a spent token
+  std::set<std::string> unkept_;                  // keys whose kept token may be spent
 };
 
 }  // namespace sign_in

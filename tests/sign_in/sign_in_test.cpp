@@ -189,11 +189,22 @@ TEST_F(SignInTest, TokensAreRenewedBeforeTheyEndAndWhenTheyAreRefused) {
   EXPECT_THROW(token("three"), post::ConnectionLost);
   server_.Say(200, "<html>welcome</html>");
   EXPECT_THROW(token("three"), post::ConnectionLost) << "a hotel's page";
-  EXPECT_THROW(token("three"), post::AccountRefused) << "revoked";
+  EXPECT_THROW(token("three"), post::SignInLapsed) << "revoked";
   bool done = false;
   events.Post([&done] { done = true; });
   events.RunUntil([&done] { return done; });
   EXPECT_EQ(passwords.kept[key], "next") << "the next start begins with what counts now";
+  EXPECT_EQ(tokens->Newest("first"), "next") << "what a window holds may be spent";
+  passwords.kept[key] = "another";
+  server_.Say(400, R"({"error":"invalid_grant"})");
+  server_.Say(200, R"({"access_token":"four","refresh_token":"later"})");
+  std::string elsewhere;
+  std::jthread session([&] {
+    elsewhere = token("three");
+    events.Post([&done] { done = false; });
+  });
+  events.RunUntil([&done] { return !done; });
+  EXPECT_EQ(elsewhere, "four") << "another program renewed it";
 }
 
 TEST_F(SignInTest, WhatIsMissingIsSaid) {

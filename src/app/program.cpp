@@ -75,6 +75,13 @@ post::MailAccount ForNewcomer(post::MailAccount suggestion, const char* kind) {
   return suggestion;
 }
 
+void TellOfUserFolder(const std::string& failure) {
+  platform::ShowMessage(platform::ErrorIcon, "Folder of your games",
+                        "Tarvolenix can't write into \"" + platform::Process().UserFolder +
+                            "Data\" (" + failure + "), so no game that you play now can be kept.",
+                        "OK");
+}
+
 }  // namespace
 
 Program::Program(const desktop::Folders& folders, const std::string& commandLine)
@@ -82,7 +89,7 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
   // Windows come and go before the last one: the program ends when it is told to.
   QApplication::setQuitOnLastWindowClosed(false);
   platform::SetupGlobalVariables(folders.program, commandLine, folders.user);
-  desktop::PrepareUserFolder(folders);
+  folderFailure_ = desktop::PrepareUserFolder(folders);
   desktop_ = std::make_unique<wiring::RealSeams>(
       folders.settingsFile, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
       post::MailService::AskRecipients{
@@ -122,7 +129,10 @@ bool Program::HandOver(const desktop::GivenFiles& files) {
   return false;
 }
 
-bool Program::Start() { return shell::StartUp(); }
+bool Program::Start() {
+  if (!folderFailure_.empty()) TellOfUserFolder(folderFailure_);
+  return shell::StartUp();
+}
 
 void Program::End() {
   HurryInquiries();

@@ -75,11 +75,11 @@ post::MailAccount ForNewcomer(post::MailAccount suggestion, const char* kind) {
   return suggestion;
 }
 
-void TellOfUserFolder(const std::string& failure) {
-  platform::ShowMessage(platform::ErrorIcon, "Folder of your games",
-                        "Tarvolenix can't write into \"" + platform::Process().UserFolder +
-                            "Data\" (" + failure + "), so no game that you play now can be kept.",
-                        "OK");
+/// There is no skin yet to tell it in.
+void TellOfUserFolder(platform::MessageBoxes& boxes, const std::string& failure) {
+  boxes.PlainBox(platform::PlainIcon::Warning, "Folder of your games",
+                 "Tarvolenix can't write into the folder \"" + platform::Process().DataPath +
+                     "\" (" + failure + "), so no game that you play now can be kept.");
 }
 
 }  // namespace
@@ -130,7 +130,7 @@ bool Program::HandOver(const desktop::GivenFiles& files) {
 }
 
 bool Program::Start() {
-  if (!folderFailure_.empty()) TellOfUserFolder(folderFailure_);
+  if (!folderFailure_.empty()) TellOfUserFolder(boxes_, folderFailure_);
   return shell::StartUp();
 }
 

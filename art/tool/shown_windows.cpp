@@ -252,19 +252,20 @@ Window NewAccount(const ChessGraphics&) {
   ui::AccountHelp help;
   help.hasUsableAddress = [](const ui::MailAccount&) { return true; };
   help.guess = [](const ui::MailAccount& account) {
-    return ui::ProviderGuess{account, true, "Your provider wants a password of its own for this."};
+    return ui::ProviderGuess{account, true, ""};
   };
   help.lookUp = [](const ui::MailAccount&, const ui::AccountHelp::Found&) {};
-  help.signInOffer = [](const ui::MailAccount&) { return ui::AccountHelp::SignInOffer{}; };
+  help.signInOffer = [](const ui::MailAccount&) { return ui::AccountHelp::SignInOffer{"Fastmail", "", true}; };
   help.giveUp = [] {};
   help.hasKeptPassword = [](const ui::MailAccount&) { return false; };
   help.test = [](const ui::AccountAnswer&, const ui::AccountHelp::Told& told) { told(""); };
   ui::MailAccount account;
   account.MailKind = "Imap";
   account.MyName = "Eva Lindqvist";
-  account.MyAddress = "eva@example.org";
-  account.UserName = "eva@example.org";
-  account.ImapHost = account.SmtpHost = "mail.example.org";
+  account.MyAddress = "eva@fastmail.com";
+  account.UserName = "eva@fastmail.com";
+  account.ImapHost = "imap.fastmail.com";
+  account.SmtpHost = "smtp.fastmail.com";
   return std::make_unique<ui::AccountDialog>(account, help);
 }
 

@@ -75,6 +75,13 @@ post::MailAccount ForNewcomer(post::MailAccount suggestion, const char* kind) {
   return suggestion;
 }
 
+/// There is no skin yet to tell it in.
+void TellOfUserFolder(platform::MessageBoxes& boxes, const std::string& failure) {
+  boxes.PlainBox(platform::PlainIcon::Warning, "Folder of your games",
+                 "Tarvolenix can't write into the folder \"" + platform::Process().DataPath +
+                     "\" (" + failure + "), so no game that you play now can be kept.");
+}
+
 }  // namespace
 
 Program::Program(const desktop::Folders& folders, const std::string& commandLine)
@@ -82,7 +89,7 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
   // Windows come and go before the last one: the program ends when it is told to.
   QApplication::setQuitOnLastWindowClosed(false);
   platform::SetupGlobalVariables(folders.program, commandLine, folders.user);
-  desktop::PrepareUserFolder(folders);
+  folderFailure_ = desktop::PrepareUserFolder(folders);
   desktop_ = std::make_unique<wiring::RealSeams>(
       folders.settingsFile, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
       post::MailService::AskRecipients{
@@ -123,7 +130,10 @@ bool Program::HandOver(const desktop::GivenFiles& files) {
   return false;
 }
 
-bool Program::Start() { return shell::StartUp(); }
+bool Program::Start() {
+  if (!folderFailure_.empty()) TellOfUserFolder(boxes_, folderFailure_);
+  return shell::StartUp();
+}
 
 void Program::End() {
   HurryInquiries();

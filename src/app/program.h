@@ -81,6 +81,7 @@ class Program {
   std::unique_ptr<desktop::InstanceChannel> channel_;
   ui::WaitingWindows waiting_;
   NetworkWatch network_;
+  std::string folderFailure_;  // why no game can be kept, told at the start
   /// What the account dialog wants to know of the network. Only the last one counts.
   struct Inquiry {
     std::function<void()> hurry;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/desktop_notices.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QVariantMap>
@@ -39,14 +38,15 @@ QDBusMessage Call(QLatin1StringView method, const QVariantList& arguments) {
 }
 
 /// What comes by mail may look like markup, which only the text can hold.
-QVariantList NotifyArguments(const platform::Notice& notice) {
+QVariantList NotifyArguments(const platform::Notice& notice, bool showsMarkup) {
+  const QString text = QString::fromStdString(notice.text);
   QStringList offered;
   for (const Action& action : actions) offered << action.key << action.caption;
   return {u"Tarvolenix"_s,
           inTheOldOnesPlace,
           u"tarvolenix"_s,  // its icon
           QString::fromStdString(notice.title),
-          QString::fromStdString(notice.text).toHtmlEscaped(),
+          showsMarkup ? text.toHtmlEscaped() : text,
           offered,
           QVariantMap{{u"desktop-entry"_s, u"tarvolenix"_s}},
           asLongAsTheDesktopLikes};
@@ -59,6 +59,7 @@ DesktopNotices::~DesktopNotices() { Withdraw(); }
 bool DesktopNotices::ReachesBus() {
   if (bus_.isConnected()) return true;
   bus_ = QDBusConnection::sessionBus();
+  showsMarkup_.reset();
   if (!bus_.isConnected()) return false;
   bus_.connect(service, object, service, u"ActionInvoked"_s, this, SLOT(TakeAction(uint, QString)));
   bus_.connect(service, object, service, u"NotificationClosed"_s, this, SLOT(Forget(uint, uint)));
@@ -69,9 +70,30 @@ void DesktopNotices::Show(const platform::Notice& notice, const Answered& answer
   Withdraw();
   if (!ReachesBus()) return;
   answered_ = answered;
-  coming_ =
-      new QDBusPendingCallWatcher(bus_.asyncCall(Call("Notify"_L1, NotifyArguments(notice))), this);
-  connect(coming_, &QDBusPendingCallWatcher::finished, this, &DesktopNotices::TakeNumber);
+  if (showsMarkup_) return Send(notice);
+  AskWhatItShows(notice);
+}
+
+QDBusPendingCallWatcher* DesktopNotices::Await(const QDBusMessage& call) {
+  coming_ = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
+  return coming_;
+}
+
+void DesktopNotices::AskWhatItShows(const platform::Notice& notice) {
+  const auto take = [this, notice](QDBusPendingCallWatcher* call) {
+    call->deleteLater();
+    const QDBusPendingReply<QStringList> reply = *call;
+    if (!reply.isError()) showsMarkup_ = reply.value().contains(u"body-markup"_s);
+    if (call == coming_) Send(notice);
+  };
+  connect(Await(Call("GetCapabilities"_L1, {})), &QDBusPendingCallWatcher::finished, this, take);
+}
+
+void DesktopNotices::Send(const platform::Notice& notice) {
+  // Who doesn't tell might take it for markup.
+  const auto arguments = NotifyArguments(notice, showsMarkup_.value_or(true));
+  connect(Await(Call("Notify"_L1, arguments)), &QDBusPendingCallWatcher::finished, this,
+          &DesktopNotices::TakeNumber);
 }
 
 void DesktopNotices::TakeNumber(QDBusPendingCallWatcher* call) {

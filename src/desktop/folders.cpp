@@ -72,6 +72,15 @@ void CopyMissing(const std::string& from, const std::string& to,
   }
 }
 
+/// The reason why there is no such folder, or why it can't be written to.
+std::string MakeWritable(const std::string& folder) {
+  std::error_code failed;
+  fs::create_directories(folder, failed);
+  if (!failed && ::access(folder.c_str(), W_OK | X_OK) != 0)
+    failed.assign(errno, std::generic_category());
+  return failed ? failed.message() : "";
+}
+
 }  // namespace
 
 std::string ConfigHome() { return FolderFrom("XDG_CONFIG_HOME", ".config/"); }
@@ -100,15 +109,16 @@ Folders FoldersFor(const std::string& home, const std::string& executables) {
           HasSettings(own) ? own + settingsName : UsersSettings()};
 }
 
-void PrepareUserFolder(const Folders& folders) {
+std::string PrepareUserFolder(const Folders& folders) {
+  const std::string failure = MakeWritable(folders.user + "Data");
   std::error_code ignored;
-  fs::create_directories(folders.user + "Data", ignored);
   fs::create_directories(folders.user + "AI Files", ignored);
-  if (folders.program == folders.user) return;
+  if (folders.program == folders.user) return failure;
   CopyMissing(folders.program + "Data/", folders.user + "Data/",
               [](const std::string& name) { return name.ends_with(".tvs"); });
   CopyMissing(folders.program + "AI Files/", folders.user + "AI Files/",
               [](const std::string&) { return true; });
+  return failure;
 }
 
 std::string DefaultPostFolder() { return UsersFolder() + "post/"; }

@@ -32,9 +32,10 @@ struct Folders {
 Folders FoldersFor(const std::string& home, const std::string& executables = ProgramFolder());
 
 /// Makes "Data" and "AI Files" in the user's folder and, where that isn't the program's, copies the
-/// numbered sounds and the ready-made AI files there that are missing. What can't be made or copied
-/// is missing then, without a word.
-void PrepareUserFolder(const Folders& folders);
+/// numbered sounds and the ready-made AI files there that are missing. What can't be copied is
+/// missing then, without a word. Answers why nothing can be kept in "Data", or nothing where it
+/// can.
+std::string PrepareUserFolder(const Folders& folders);
 
 /// Where the local post office lies unless the account names another folder.
 std::string DefaultPostFolder();

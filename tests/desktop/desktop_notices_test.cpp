@@ -21,6 +21,7 @@ class Daemon : public QObject {
     captions = offered;
     return ++number;
   }
+  QStringList GetCapabilities() { return abilities; }
   void CloseNotification(uint) { shown.clear(); }
 
  Q_SIGNALS:
@@ -28,6 +29,7 @@ class Daemon : public QObject {
   void NotificationClosed(uint number, uint reason);
 
  public:
+  QStringList abilities{QStringLiteral("actions"), QStringLiteral("body-markup")};
   QString shown;
   QStringList captions;
   uint number = 0;
@@ -99,6 +101,11 @@ TEST(DesktopNoticesTest, AreAnsweredOverTheBusAndSilentWithoutADaemon) {
   Q_EMIT daemon.NotificationClosed(daemon.number, 2);
   QTest::qWait(50);
   Q_EMIT daemon.ActionInvoked(daemon.number, QStringLiteral("play"));
+
+  daemon.abilities.removeLast();
+  desktop::DesktopNotices plain;
+  plain.Show({"A new move", "<b>Anna</b> & you"}, [](auto) {});
+  ASSERT_TRUE(showsSoon("<b>Anna</b> & you")) << "a daemon without markup shows what it gets";
 
   desktop.unregisterService(service);
   show("the daemon has died");

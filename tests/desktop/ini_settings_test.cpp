@@ -189,10 +189,12 @@ TEST_F(FoldersTest, TheUserGetsWhatHeLacksAndNobodysGames) {
   WriteFile(folders.program + "Data/Tvgdb.dat", "somebody's games");
   WriteFile(folders.program + "AI Files/Bold.tva", "bold");
   WriteFile(folders.user + "Data/Cs002.tvs", "my own");
-  desktop::PrepareUserFolder(folders);
+  EXPECT_EQ(desktop::PrepareUserFolder(folders), "");
   EXPECT_EQ(ReadFile(folders.user + "Data/Cs002.tvs"), "my own");
   EXPECT_EQ(ReadFile(folders.user + "AI Files/Bold.tva"), "bold");
   EXPECT_FALSE(std::filesystem::exists(folders.user + "Data/Tvgdb.dat"));
+  EXPECT_EQ(desktop::PrepareUserFolder({folders.program, folders.user + "Data/Cs002.tvs/", {}}),
+            "Not a directory");
 }
 
 TEST_F(FoldersTest, TheSessionStartsTheProgramWhereItsUserSaysSo) {

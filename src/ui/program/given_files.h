@@ -16,11 +16,13 @@ class GivenFiles : public QObject {
   /// `importGames` takes the files of games that other chess programs write.
   explicit GivenFiles(std::function<void(const QStringList& paths)> importGames);
 
-  /// They are taken at once, or as soon as start, dialog or board are over.
+  /// They are taken at once, or as soon as start, dialog or board are over:
+  /// moves first, then games.
   void Give(const std::vector<std::string>& paths);
 
  private:
   void TakeIfFree();
+  void TakeNextKind();
 
   std::function<void(const QStringList& paths)> importGames_;
   QTimer looks_;

@@ -5,6 +5,7 @@
 
 #include <QTemporaryDir>
 
+#include "mail/move_mail.h"
 #include "platform/polling.h"
 #include "platform/registry.h"
 #include "shell/shell_hooks.h"
@@ -168,6 +169,30 @@ TEST_F(SystemTrayTest, AFileDroppedOnTheListIsImportedOnceTheBoardIsClosed) {
     Board()->close();
     EXPECT_TRUE(QTest::qWaitFor([&] { return desktop_.LastMessage().first == "File read error"; }));
   }
+}
+
+TEST_F(SystemTrayTest, GamesThatCameWithAMoveWaitUntilItsBoardIsClosed) {
+  Process().StartupComplete = true;
+  const store::GameRecord game{7,
+                               "090320260805",
+                               0,
+                               "Sunday game",
+                               "09/03/2026",
+                               "anna@example.org",
+                               "",
+                               "Anna",
+                               true,
+                               "Anna",
+                               2,
+                               false,
+                               ""};
+  desktop_.files.content["/move.txt"] = mail::BuildMailBody(game, {{1, "5254", "e4", ""}});
+  OnNextDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+  tray_.Windows().Files().Give({"/nowhere/games.pgn", "/move.txt"});
+  ASSERT_NE(Board(), nullptr);
+  EXPECT_EQ(List(), nullptr) << "it would take the board's place";
+  Board()->close();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return List() != nullptr; }));
 }
 
 TEST_F(SystemTrayTest, ANewMoveOpensBehindTheOneThatCloses) {

@@ -21,6 +21,7 @@
 #include "skin/look.h"
 #include "ui/help/help_key.h"
 #include "ui/people/server_fields.h"
+#include "ui/people/sign_in_rows.h"
 #include "widgets/dialog_button.h"
 #include "widgets/form_rows.h"
 #include "widgets/outcome_line.h"
@@ -86,7 +87,6 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       serversAreGuessed_((suggestion.ImapHost.empty() && suggestion.SmtpHost.empty()) ||
                          help_.guess(suggestion).account == suggestion),
       lookedUp_(suggestion.ImapHost.empty() ? "" : suggestion.MyAddress),  // it works already
-      signIn_(suggestion.SignIn),
       kinds_(new QButtonGroup(this)),
       explanation_(NewText(u"Explanation"_s)),
       form_(new FormRows),
@@ -94,8 +94,6 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       address_(NewField(u"MyAddress"_s, suggestion.MyAddress, longestAddress)),
       postFolder_(NewField(u"PostFolder"_s, suggestion.PostFolder, 4096)),
       password_(new QLineEdit),
-      signInButton_(NewDialogButton(u"SignInButton"_s, u"Sign in with the b&rowser..."_s)),
-      signInNote_(NewText(u"SignInNote"_s)),
       providerNote_(NewText(u"ProviderNote"_s)),
       fold_(new QToolButton),
       sendPage_(new QCheckBox),
@@ -186,11 +184,9 @@ void AccountDialog::AddRows() {
     password_->setEchoMode(shown ? QLineEdit::Normal : QLineEdit::Password);
   });
   passwordRow_ = form_->AddRow(u"Pass&word:"_s, {password_, show});
-  signInButton_->setToolTip(u"Opens your provider's own page in your browser"_s);
-  signInButton_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  connect(signInButton_, &QPushButton::clicked, this, &AccountDialog::SignIn);
-  signInRow_ = form_->AddRow(u"Or sign in:"_s, {signInButton_});
-  signInNoteRow_ = form_->AddRow({}, {signInNote_});
+  signIn_ = new SignInRows(form_, help_, suggestion_.SignIn, this);
+  connect(signIn_, &SignInRows::Pressed, this, &AccountDialog::SignIn);
+  connect(signIn_, &SignInRows::Ended, this, &AccountDialog::TellSignedIn);
 }
 
 void AccountDialog::AddPageRow() {
@@ -279,11 +275,12 @@ AccountAnswer AccountDialog::Answer() const {
   }
   if (!IsKind("Imap")) return answer;
   servers_->FillIn(account);
-  account.SignIn = account.TokenCommand.empty() && password_->text().isEmpty() ? signIn_ : "";
+  account.SignIn =
+      account.TokenCommand.empty() && password_->text().isEmpty() ? signIn_->Name() : "";
   if (account.TokenCommand.empty() && !password_->text().isEmpty()) {
     answer.password = password_->text().toStdString();
-  } else if (!account.SignIn.empty() && !secret_.empty()) {
-    answer.password = secret_;
+  } else if (!account.SignIn.empty() && !signIn_->Secret().empty()) {
+    answer.password = signIn_->Secret();
   }
   return answer;
 }
@@ -300,7 +297,7 @@ QString AccountDialog::WhatIsMissing() const {
   if (account.UserName.empty()) return u"your user name at the servers"_s;
   const bool needsPassword = account.TokenCommand.empty() && !password;
   if (needsPassword && !help_.hasKeptPassword(account)) {
-    return offer_.isReady ? u"your password, or a sign-in"_s : u"your password"_s;
+    return signIn_->IsOffered() ? u"your password, or a sign-in"_s : u"your password"_s;
   }
   return {};
 }
@@ -413,7 +410,7 @@ void AccountDialog::ShowRows() {
   }
   form_->ShowRow(postFolderRow_, IsKind("Post"));
   form_->ShowRow(passwordRow_, imap);
-  ShowSignIn();
+  signIn_->ShowFor(Answer().account, imap);
   form_->ShowRow(noteRow_, imap && !providerNote_->text().isEmpty());
   form_->ShowRow(foldRow_, imap);
   fold_->setArrowType(isOpen_ ? Qt::DownArrow : Qt::RightArrow);
@@ -425,13 +422,12 @@ void AccountDialog::ShowRows() {
 /// What was found out about the account before it was changed counts no more.
 void AccountDialog::Refresh() {
   testing_ = false;
-  if (std::exchange(signingIn_, false)) help_.giveUp();
+  signIn_->GiveUp();
   test_->setText(u"&Test"_s);
   const AccountAnswer answer = Answer();
   const bool token = !answer.account.TokenCommand.empty();
   password_->setEnabled(!token);
-  signInButton_->setText(answer.account.SignIn.empty() ? u"Sign in with the b&rowser..."_s
-                                                       : u"Sign in again with the b&rowser..."_s);
+  signIn_->ShowCaption(!answer.account.SignIn.empty());
   password_->setPlaceholderText(token ? u"the token command stands for it"_s
                                 : !answer.account.SignIn.empty() ? u"the sign-in stands for it"_s
                                 : help_.hasKeptPassword(answer.account)
@@ -489,45 +485,17 @@ void AccountDialog::TellOutcome(int test, const std::string& problem) {
   }
 }
 
-/// What the account's provider offers beside a password.
-void AccountDialog::ShowSignIn() {
-  const MailAccount account = Answer().account;
-  if (IsKind("Imap")) offer_ = help_.signInOffer(account);
-  // A sign-in is good at one provider only.
-  if (IsKind("Imap") && signIn_ != offer_.name) signIn_ = secret_ = "";
-  signInButton_->setEnabled(offer_.isReady);
-  const std::string standing = signIn_.empty() ? "At " + offer_.name + ", instead of a password."
-                                               : "You are signed in at " + offer_.name + ".";
-  signInNote_->setText(Shown(offer_.isReady ? standing + ' ' + offer_.remark : offer_.remark));
-  for (const int row : {signInRow_, signInNoteRow_}) {
-    form_->ShowRow(row, IsKind("Imap") && !offer_.name.empty());
-  }
-}
-
 void AccountDialog::SignIn() {
-  const bool wasSigningIn = signingIn_;
+  const bool wasSigningIn = signIn_->IsUnderWay();
   Refresh();
   if (wasSigningIn) return;
-  signingIn_ = true;
-  signInButton_->setText(u"Stop waiting fo&r it"_s);
   for (QPushButton* button : {test_, ok_}) button->setEnabled(false);
   outcome_->ShowBusy(u"Waiting for you to sign in with your browser..."_s);
-  help_.signIn(Answer().account, offer_.name,
-               [dialog = QPointer(this), signIn = ++signIns_, name = offer_.name](
-                   const std::string& secret, const std::string& problem) {
-                 if (dialog) dialog->TellSignedIn(signIn, name, secret, problem);
-               });
+  signIn_->Begin(Answer().account);
 }
 
-void AccountDialog::TellSignedIn(int signIn, const std::string& name, const std::string& secret,
-                                 const std::string& problem) {
-  if (!signingIn_ || signIn != signIns_) return;
-  signingIn_ = false;
-  if (problem.empty()) {
-    signIn_ = name;
-    secret_ = secret;
-    password_->clear();
-  }
+void AccountDialog::TellSignedIn(const std::string& problem) {
+  if (problem.empty()) password_->clear();
   ShowRows();
   if (problem.empty()) {
     outcome_->ShowSuccess(u"You are signed in."_s);

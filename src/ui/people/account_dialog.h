@@ -6,11 +6,10 @@
 
 #include <QDialog>
 
-#include <functional>
 #include <optional>
 #include <string>
 
-#include "platform/mail_account.h"
+#include "ui/people/account_help.h"
 
 class QBoxLayout;
 class QButtonGroup;
@@ -25,53 +24,7 @@ namespace ui {
 class FormRows;
 class OutcomeLine;
 class ServerFields;
-
-using platform::AccountAnswer;
-using platform::MailAccount;
-
-/// What an address tells about its provider.
-struct ProviderGuess {
-  MailAccount account;  ///< with the servers that the address suggests
-  bool isKnown = false;
-  std::string advice;  ///< what there is to say of it, such as what the provider wants for a
-                       ///< password; may be blank
-};
-
-/// What the dialog has to ask others.
-struct AccountHelp {
-  /// Whether mail can be sent from and to the account's address.
-  std::function<bool(const MailAccount&)> hasUsableAddress;
-
-  std::function<ProviderGuess(const MailAccount&)> guess;
-
-  /// Asks the network about a provider that isn't known, without making anybody wait, and tells a
-  /// better guess, or one that isn't known either. Asked again, it may forget the question before.
-  using Found = std::function<void(const ProviderGuess&)>;
-  std::function<void(const MailAccount&, Found)> lookUp;
-
-  std::function<bool(const MailAccount&)> hasKeptPassword;
-
-  /// Tries the account out, without making anybody wait, and tells in a sentence what is wrong with
-  /// it; a blank one where nothing is.
-  using Told = std::function<void(const std::string& problem)>;
-  std::function<void(const AccountAnswer&, Told)> test;
-
-  /// Whose sign-in in the browser may stand for the account's password, and what keeps it from it.
-  struct SignInOffer {
-    std::string name;    ///< blank: nobody's
-    std::string remark;  ///< may be blank
-    bool isReady = false;
-  };
-  std::function<SignInOffer(const MailAccount&)> signInOffer;
-
-  /// Has the user sign in with his browser, without making anybody wait, and tells what is to be
-  /// kept in the place of a password, or what was wrong. One begun before ends.
-  using SignedIn = std::function<void(const std::string& secret, const std::string& problem)>;
-  std::function<void(const MailAccount&, const std::string& name, SignedIn)> signIn;
-
-  /// What was begun interests nobody any more.
-  std::function<void()> giveUp;
-};
+class SignInRows;
 
 class AccountDialog : public QDialog {
   Q_OBJECT
@@ -115,10 +68,8 @@ class AccountDialog : public QDialog {
   void Browse();
   void Test();
   void TellOutcome(int test, const std::string& problem);
-  void ShowSignIn();
   void SignIn();
-  void TellSignedIn(int signIn, const std::string& name, const std::string& secret,
-                    const std::string& problem);
+  void TellSignedIn(const std::string& problem);
 
   MailAccount suggestion_;
   AccountHelp help_;
@@ -131,12 +82,6 @@ class AccountDialog : public QDialog {
   bool testing_ = false;
   int tests_ = 0;  // the number of the last one; an older one's outcome interests nobody
 
-  AccountHelp::SignInOffer offer_;
-  std::string signIn_;  // whose sign-in stands for the password; blank: none
-  std::string secret_;  // what it left; blank: what is kept
-  bool signingIn_ = false;
-  int signIns_ = 0;  // the number of the last one
-
   QButtonGroup* kinds_;
   QLabel* explanation_;
   FormRows* form_;
@@ -144,16 +89,13 @@ class AccountDialog : public QDialog {
   QLineEdit* address_;
   QLineEdit* postFolder_;
   QLineEdit* password_;
-  QPushButton* signInButton_;
-  QLabel* signInNote_;
   QLabel* providerNote_;
   QToolButton* fold_;
   QCheckBox* sendPage_;
+  SignInRows* signIn_ = nullptr;
   ServerFields* servers_ = nullptr;
   int postFolderRow_ = 0;
   int passwordRow_ = 0;
-  int signInRow_ = 0;
-  int signInNoteRow_ = 0;
   int noteRow_ = 0;
   int foldRow_ = 0;
   OutcomeLine* outcome_;

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/people/sign_in_rows.h"
+
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+
+#include <utility>
+
+#include "widgets/dialog_button.h"
+#include "widgets/form_rows.h"
+#include "widgets/shown_text.h"
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+SignInRows::SignInRows(FormRows* form, const AccountHelp& help, std::string name, QObject* parent)
+    : QObject(parent),
+      form_(form),
+      help_(help),
+      name_(std::move(name)),
+      button_(NewDialogButton(u"SignInButton"_s, u"Sign in with the b&rowser..."_s)),
+      note_(new QLabel),
+      buttonRow_(form->AddRow(u"Or sign in:"_s, {button_})),
+      noteRow_(form->AddRow({}, {note_})) {
+  button_->setToolTip(u"Opens your provider's own page in your browser"_s);
+  button_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  connect(button_, &QPushButton::clicked, this, &SignInRows::Pressed);
+  note_->setObjectName(u"SignInNote"_s);
+  note_->setTextFormat(Qt::PlainText);
+  note_->setWordWrap(true);
+}
+
+void SignInRows::ShowFor(const MailAccount& account, bool wanted) {
+  if (wanted) offer_ = help_.signInOffer(account);
+  // A sign-in is good at one provider only.
+  if (wanted && name_ != offer_.name) name_ = secret_ = "";
+  button_->setEnabled(offer_.isReady);
+  const std::string standing = name_.empty() ? "At " + offer_.name + ", instead of a password."
+                                             : "You are signed in at " + offer_.name + ".";
+  note_->setText(Shown(offer_.isReady ? standing + ' ' + offer_.remark : offer_.remark));
+  for (const int row : {buttonRow_, noteRow_}) form_->ShowRow(row, wanted && !offer_.name.empty());
+}
+
+void SignInRows::ShowCaption(bool isAgain) {
+  button_->setText(isAgain ? u"Sign in again with the b&rowser..."_s
+                           : u"Sign in with the b&rowser..."_s);
+}
+
+void SignInRows::Begin(const MailAccount& account) {
+  isUnderWay_ = true;
+  button_->setText(u"Stop waiting fo&r it"_s);
+  help_.signIn(account, offer_.name,
+               [rows = QPointer(this), number = ++number_, name = offer_.name](
+                   const std::string& secret, const std::string& problem) {
+                 if (rows) rows->TakeEnd(number, name, secret, problem);
+               });
+}
+
+void SignInRows::GiveUp() {
+  if (std::exchange(isUnderWay_, false)) help_.giveUp();
+}
+
+void SignInRows::TakeEnd(int number, const std::string& name, const std::string& secret,
+                         const std::string& problem) {
+  if (!isUnderWay_ || number != number_) return;
+  isUnderWay_ = false;
+  if (problem.empty()) {
+    name_ = name;
+    secret_ = secret;
+  }
+  Q_EMIT Ended(problem);
+}
+
+}  // namespace ui

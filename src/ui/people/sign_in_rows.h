@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The rows of a form by which a user signs in at his mail provider, with his browser, instead of
+// typing a password.
+#pragma once
+
+#include <QObject>
+
+#include <string>
+
+#include "ui/people/account_help.h"
+
+class QLabel;
+class QPushButton;
+
+namespace ui {
+
+class FormRows;
+
+class SignInRows : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Adds the rows to the form. `name` is whose sign-in stands for the password so far, blank for
+  /// nobody's. `help` must outlive the rows.
+  SignInRows(FormRows* form, const AccountHelp& help, std::string name, QObject* parent);
+
+  /// Whose sign-in stands for the password; blank: nobody's.
+  const std::string& Name() const { return name_; }
+
+  /// What it left; blank: what is kept.
+  const std::string& Secret() const { return secret_; }
+
+  bool IsOffered() const { return offer_.isReady; }
+  bool IsUnderWay() const { return isUnderWay_; }
+
+  /// Shows what the account's provider offers beside a password; nothing where `wanted` is false.
+  void ShowFor(const MailAccount& account, bool wanted);
+
+  /// `isAgain` where a sign-in stands for the password already.
+  void ShowCaption(bool isAgain);
+
+  /// Opens the browser; Ended tells how it went.
+  void Begin(const MailAccount& account);
+
+  /// What is under way interests nobody any more.
+  void GiveUp();
+
+ Q_SIGNALS:
+  void Pressed();
+  /// A blank problem: the user is signed in.
+  void Ended(const std::string& problem);
+
+ private:
+  void TakeEnd(int number, const std::string& name, const std::string& secret,
+               const std::string& problem);
+
+  FormRows* form_;
+  const AccountHelp& help_;
+  AccountHelp::SignInOffer offer_;
+  std::string name_;
+  std::string secret_;
+  bool isUnderWay_ = false;
+  int number_ = 0;  // of the last one; an older one's end interests nobody
+  QPushButton* button_;
+  QLabel* note_;
+  int buttonRow_;
+  int noteRow_;
+};
+
+}  // namespace ui

@@ -130,9 +130,9 @@ QPoint PlaceBelow(const QWidget& button) {
   return button.window()->mapToGlobal(place.bottomLeft() + QPoint(0, 1));
 }
 
-void SetTip(const QWidget& window, const char* name, const char* tip) {
+void SetTipOf(const QWidget& window, const char* name, const char* tip) {
   auto* control = window.findChild<QWidget*>(QLatin1StringView(name));
-  if (control) ui::SetTip(*control, tip);
+  if (control) SetTip(*control, tip);
 }
 
 }  // namespace
@@ -410,18 +410,18 @@ void GameInterface::RefreshInterfaceButtons() {
 void GameInterface::SetToolTips() {
   for (const MenuLabel& label : menuLabels) {
     for (const char* name : {label.names.skinned, label.names.plain}) {
-      SetTip(*this, name, label.toolTip);
+      SetTipOf(*this, name, label.toolTip);
     }
   }
   SetToolbarTips();
-  SetTip(*this, "MinimiseButton", "Minimise the game interface");
-  SetTip(*this, "HideButton", "Finished with game interface");
-  SetTip(*this, "GameList", "All the chess games held in the database");
+  SetTipOf(*this, "MinimiseButton", "Minimise the game interface");
+  SetTipOf(*this, "HideButton", "Finished with game interface");
+  SetTipOf(*this, "GameList", "All the chess games held in the database");
 }
 
 void GameInterface::SetToolbarTips() {
   for (const ToolbarEntry& entry : toolbarEntries) {
-    ui::SetTip(*toolbar_[static_cast<std::size_t>(entry.button)], entry.toolTip, entry.whyGrey());
+    SetTip(*toolbar_[static_cast<std::size_t>(entry.button)], entry.toolTip, entry.whyGrey());
   }
 }
 

@@ -101,6 +101,7 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
   tray_ = std::make_unique<ui::SystemTray>([this](const char* kind) { ChangeAccount(kind); },
                                            [] { shell::AskAboutHeldMails(shell::HeldMails::All); });
   shell::FillHooks();
+  seams.hooks.signIn = [this] { return HasChangedAccount("Imap", ui::AccountErrand::SignIn); };
   seams.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
   QApplication::setWindowIcon(QIcon(ui::ProgramPicturePath(QStringLiteral("tarvolenix.png"))));
 }
@@ -144,7 +145,8 @@ std::optional<std::string> Program::KeptPassword(const post::MailAccount& accoun
   return desktop_->KeptPasswords().Read(post::PasswordKey(account));
 }
 
-std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& suggestion) {
+std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& suggestion,
+                                                       ui::AccountErrand errand) {
   // Looked up once: a keyring may ask its user to unlock it.
   const bool isKept = KeptPassword(suggestion).has_value();
   const ui::AccountHelp help{
@@ -162,7 +164,7 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
         SignIn(account, name, std::move(signedIn));
       },
       [this] { HurryInquiries(); }};
-  auto answer = ui::AskForAccount(suggestion, help);
+  auto answer = ui::AskForAccount(suggestion, help, errand);
   HurryInquiries();  // nobody hears of them any more
   return answer;
 }
@@ -241,17 +243,23 @@ void Program::LookUpServers(const post::MailAccount& account, ui::AccountHelp::F
 }
 
 void Program::ChangeAccount(const char* suggestedKind) {
+  // Whoever has confirmed his account wants his mail.
+  if (HasChangedAccount(suggestedKind, ui::AccountErrand::LookOver)) shell::RetrieveByHand();
+}
+
+bool Program::HasChangedAccount(const char* suggestedKind, ui::AccountErrand errand) {
   try {
-    // Whoever has confirmed his account wants his mail.
-    if (ChangeAccountFrom(post::LoadMailAccount(), suggestedKind)) shell::RetrieveByHand();
+    return ChangeAccountFrom(post::LoadMailAccount(), suggestedKind, errand);
   } catch (const platform::SettingsError& error) {
     post::ReportAccountTrouble(error.what());
+    return false;
   }
 }
 
-bool Program::ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind) {
+bool Program::ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind,
+                                ui::AccountErrand errand) {
   const platform::PollingHold hold;
-  const auto answer = AskAccount(ForNewcomer(post::WithLoginName(stored), suggestedKind));
+  const auto answer = AskAccount(ForNewcomer(post::WithLoginName(stored), suggestedKind), errand);
   if (!answer || (answer->account == stored && !answer->password)) return false;
   if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) return false;
   // The next logon is the new account's, whatever became of the old one's.

@@ -52,13 +52,16 @@ class Program {
   ui::ProgramWindows& Windows() { return tray_->Windows(); }
 
  private:
-  std::optional<post::AccountAnswer> AskAccount(const post::MailAccount& suggestion);
+  std::optional<post::AccountAnswer> AskAccount(
+      const post::MailAccount& suggestion, ui::AccountErrand errand = ui::AccountErrand::LookOver);
   std::optional<post::AccountAnswer> AskAtLogon(const post::MailAccount& suggestion);
 
   /// The user's own wish. What he changes is logged on with at once.
   void ChangeAccount(const char* suggestedKind);
-  /// True where there is another now.
-  bool ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind);
+  /// True where there is another now, or the user has signed in anew.
+  bool HasChangedAccount(const char* suggestedKind, ui::AccountErrand errand);
+  bool ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind,
+                         ui::AccountErrand errand);
   void GiveWaitingMailsTo(const std::string& address, const std::string& oldAddress);
 
   std::optional<std::string> KeptPassword(const post::MailAccount& account);

@@ -82,16 +82,14 @@ void ReportEarlierCrash() {
       "Ok", {}, false, platform::FailureSound);
 }
 
-/// In the mail service's own words, too, where it has any.
-void ReportLogonFailure() {
+/// In the mail service's own words, too, where it has any. True where a logon is worth another try.
+bool ReportLogonFailure() {
   const std::string problem = platform::TheSeams().MSess->LastProblem();
   platform::Process().RefusalTold = problem;
-  platform::ShowMessage(
-      platform::MailIcon, "Network error.",
+  return TellOfNetworkError(
       "Tarvolenix failed to connect to your mail service.||Please ensure you are logged onto a "
       "network and running an email client.  Tarvolenix is now running Offline." +
-          (problem.empty() ? "" : "||" + problem),
-      "Ok", {}, false, platform::FailureSound);
+      (problem.empty() ? "" : "||" + problem));
 }
 
 void ReportMissingAccount(const std::string& reason) {
@@ -100,6 +98,18 @@ void ReportMissingAccount(const std::string& reason) {
 }
 
 }  // namespace
+
+bool TellOfNetworkError(const std::string& text) {
+  const auto& signIn = platform::TheSeams().hooks.signIn;
+  const char* title = "Network error.";
+  if (!signIn || !platform::TheSeams().mailState->Connection().wantsSignIn) {
+    platform::ShowMessage(platform::MailIcon, title, text, "Ok", {}, false, platform::FailureSound);
+    return false;
+  }
+  const bool isSettled = platform::AskWithExtra(platform::MailIcon, title, text, "Ok", "Sign in...",
+                                                platform::FailureSound);
+  return !isSettled && !platform::Process().Stopping && signIn();
+}
 
 void ForgetEarlierCrash() { LogonGuard().Set(false); }
 
@@ -127,7 +137,8 @@ void MailLogon(bool showStatus) {
   } catch (const platform::AccountError& error) {
     if (showStatus && !process.StandAlone) ReportMissingAccount(error.what());
   } catch (const std::exception&) {
-    if (showStatus && !process.StandAlone) ReportLogonFailure();
+    const bool isHeard = showStatus && !process.StandAlone;
+    if (isHeard && ReportLogonFailure()) MailLogon(showStatus);
   }
 }
 

@@ -9,6 +9,7 @@
 // there is no tray the game list's or the console's) calls SetLogonStatus(false) first.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "mail/received_game.h"
@@ -20,6 +21,10 @@ namespace mail {
 /// only. Takes the status popup down in any case, also one that the caller has put up. Holds
 /// polling meanwhile.
 void MailLogon(bool showStatus);
+
+/// Tells the user why his mail service can't be used, with a button for a new sign-in where that
+/// mends it. True where he has signed in anew, and a logon is worth another try.
+bool TellOfNetworkError(const std::string& text);
 
 /// Takes the guard of a crash down. That of another process that just logs on stays.
 void ForgetEarlierCrash();

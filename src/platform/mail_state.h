@@ -24,6 +24,7 @@ struct MailConnection {
   std::int64_t triedAt = 0;  ///< likewise: when nothing answered the last time
   std::int64_t nextTry = 0;  ///< to send what waits; 0 none
   std::string reason;        ///< a sentence, where it isn't connected
+  bool wantsSignIn = false;  ///< a new sign-in at the mail provider mends the refusal
 };
 
 /// What becomes of a mail that was given to the service. One that is gone for good isn't told of.

@@ -16,6 +16,7 @@ struct ShellHooks {
   std::function<void()> handedOver;  ///< the start is over: the windows may greet a new user
   std::function<void()> stopped;     ///< all is saved and closed: the event loop may end
   std::function<void(const std::string&)> skinMissing;  ///< a file that no window can do without
+  std::function<bool()> signIn;      ///< at the mail provider, anew; true where the user did
   std::function<void()> endProcess;  ///< at once, without the work of an orderly stop
   /// What a message that isn't shown would have said; filled while a window has a line for it.
   std::function<void(const std::string&)> quietMessage;

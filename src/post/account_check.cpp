@@ -27,6 +27,11 @@ std::string InPlainWords(const std::exception& failure, const MailAccount& accou
   return sentence;
 }
 
+bool WantsSignIn(const std::exception& failure, const MailAccount& account) {
+  return dynamic_cast<const SignInLapsed*>(&failure) ||
+         (dynamic_cast<const LoginRefused*>(&failure) && !account.SignIn.empty());
+}
+
 AccountCheck::AccountCheck(const MailAccount& account, const std::string& password,
                            AccessTokens* tokens)
     : account_(WithAbsolutePostFolder(account)), password_(password) {

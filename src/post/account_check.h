@@ -14,6 +14,9 @@ namespace post {
 /// What is wrong, in a sentence or two with what to do about it, where mail of this account failed.
 std::string InPlainWords(const std::exception& failure, const MailAccount& account);
 
+/// Whether a new sign-in at the account's provider mends it.
+bool WantsSignIn(const std::exception& failure, const MailAccount& account);
+
 class AccountCheck {
  public:
   /// `tokens` are for an account that signs in by its provider.

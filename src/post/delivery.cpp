@@ -260,7 +260,7 @@ void Delivery::Deliver(const SessionPtr& session, Which which) {
     // The outbox can't be read just now.
     {
       const std::lock_guard lock(mutex_);
-      Find(MailLink::Waiting, InPlainWords(error, session->answer.account));
+      Find({MailLink::Waiting, InPlainWords(error, session->answer.account)});
     }
     EndOfTryingAll();
     Changed();
@@ -314,23 +314,23 @@ void Delivery::TryAll(Session& session, const std::vector<QueuedMail>& mails) {
 bool Delivery::Try(Session& session, QueuedMail queued) {
   BeginToTry(queued.file);
   queued.mail.from = {session.answer.account.MyName, session.answer.account.MyAddress};
-  MailLink link = MailLink::Connected;
-  std::string reason;
+  Way found;
+  found.link = MailLink::Connected;
   bool isSent = false;
   try {
     session.Transport().Send(queued.mail);
     isSent = session.sent.insert(queued.file).second;
   } catch (const std::exception& error) {
-    reason = InPlainWords(error, session.answer.account);
+    const MailAccount& account = session.answer.account;
     const Verdict verdict = VerdictOf(error, queued.state);
-    link = verdict.link;
+    found = {verdict.link, InPlainWords(error, account), WantsSignIn(error, account)};
     const bool isBroughtToEnd = verdict.state == queued.state && session.IsEnding();
-    if (!isBroughtToEnd) queued = PutOff(queued, verdict.state, reason);
-    if (link == MailLink::Waiting) session.pausedUntil = queued.nextTry;
+    if (!isBroughtToEnd) queued = PutOff(queued, verdict.state, found.reason);
+    if (found.link == MailLink::Waiting) session.pausedUntil = queued.nextTry;
   }
   Settle(session, queued);
-  EndTry(queued, isSent, link, reason);
-  return !IsBlocked(link);
+  EndTry(queued, isSent, found);
+  return !IsBlocked(found.link);
 }
 
 void Delivery::BeginToTry(const std::string& file) {
@@ -342,15 +342,14 @@ void Delivery::BeginToTry(const std::string& file) {
 }
 
 /// In one step: nobody who looks meanwhile takes a mail that was tried for one that waits.
-void Delivery::EndTry(const QueuedMail& mail, bool isSent, MailLink link,
-                      const std::string& reason) {
+void Delivery::EndTry(const QueuedMail& mail, bool isSent, const Way& found) {
   {
     const std::lock_guard lock(mutex_);
     trying_.clear();
     const auto known = std::ranges::find(mails_, mail.file, &QueuedMail::file);
     if (known != mails_.end()) *known = mail;
     if (known != mails_.end() && isSent) mails_.erase(known);
-    Find(link, reason);
+    Find(found);
   }
   Changed();
 }
@@ -415,10 +414,9 @@ std::vector<QueuedMail> Delivery::LookInto(Session& session) {
   return mails;
 }
 
-void Delivery::Find(MailLink link, const std::string& reason) {
-  if (link != way_.link) way_.since = Now();
-  way_.link = link;
-  way_.reason = reason;
+void Delivery::Find(Way way) {
+  way.since = way.link == way_.link ? way_.since : Now();
+  way_ = std::move(way);
 }
 
 /// Nothing waits: how the last mail fared tells nothing of the next one.

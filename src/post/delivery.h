@@ -79,6 +79,7 @@ class Delivery {
   struct Way {
     platform::MailLink link = platform::MailLink::None;
     std::string reason;
+    bool wantsSignIn = false;
     std::int64_t since = 0;  ///< seconds since 1970
   };
   Way TheWay() const;
@@ -104,8 +105,7 @@ class Delivery {
   void TryAll(Session& session, const std::vector<QueuedMail>& mails);
   bool Try(Session& session, QueuedMail mail);
   void BeginToTry(const std::string& file);
-  void EndTry(const QueuedMail& mail, bool isSent, platform::MailLink link,
-              const std::string& reason);
+  void EndTry(const QueuedMail& mail, bool isSent, const Way& found);
   void Settle(Session& session, const QueuedMail& mail);
   void PlanNext(const SessionPtr& session, std::int64_t notBefore);
   void PlanAt(const SessionPtr& session, std::int64_t next);
@@ -113,7 +113,7 @@ class Delivery {
   void ForgetWay();
   bool IsTryingAll() const;
   void EndOfTryingAll();
-  void Find(platform::MailLink link, const std::string& reason);  // with mutex_ held
+  void Find(Way way);  // with mutex_ held
 
   platform::Events& events_;
   std::function<void()> changed_;

@@ -181,7 +181,7 @@ void MailService::Open(const AccountAnswer& answer) {
     Found(platform::MailLink::Connected, {});
   } catch (const AccountRefused& error) {
     thread_.Post([transport = std::exchange(opening_, nullptr)] {});
-    Found(platform::MailLink::Refused, InPlainWords(error, account_));
+    Found(platform::MailLink::Refused, InPlainWords(error, account_), WantsSignIn(error, account_));
     throw;
   } catch (const std::exception& error) {
     cantOpen_ = std::current_exception();
@@ -215,12 +215,13 @@ void MailService::OpenWithPatience(const std::shared_ptr<MailTransport>& transpo
 }
 
 /// What a look or a logon says of the connection.
-void MailService::Found(platform::MailLink link, const std::string& reason) {
+void MailService::Found(platform::MailLink link, const std::string& reason, bool wantsSignIn) {
   const std::int64_t now = platform::TheSeams().clock->Seconds();
   const bool isNew = link != connection_.link;
   if (isNew) connection_.since = now;
   connection_.link = link;
   connection_.reason = reason;
+  connection_.wantsSignIn = wantsSignIn;
   if (link == platform::MailLink::Waiting) connection_.triedAt = now;
   if (isNew) delivery_.Changed();
 }
@@ -234,6 +235,7 @@ platform::MailConnection MailService::Connection() {
   connection.link = way.link;
   connection.since = way.since;
   connection.reason = way.reason;
+  connection.wantsSignIn = way.wantsSignIn;
   return connection;
 }
 
@@ -352,9 +354,9 @@ void MailService::FailedLook(const std::exception_ptr& failure) {
   if (session_ == 0) return Telling([&failure] { std::rethrow_exception(failure); });
   try {
     Telling([&failure] { std::rethrow_exception(failure); });
-  } catch (const AccountRefused&) {
+  } catch (const AccountRefused& error) {
     EndSession();
-    Found(platform::MailLink::Refused, problem_);
+    Found(platform::MailLink::Refused, problem_, WantsSignIn(error, account_));
     throw;
   } catch (const MailError&) {
     Found(platform::MailLink::Waiting, problem_);

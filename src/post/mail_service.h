@@ -133,7 +133,7 @@ class MailService : public platform::MAPISession,
   void Telling(const Work& work);
   void EndSession();
   void RequireSession() const;
-  void Found(platform::MailLink link, const std::string& reason);
+  void Found(platform::MailLink link, const std::string& reason, bool wantsSignIn = false);
   void FailedLook(const std::exception_ptr& failure);
   void HandOverMarks();
   letters::FetchedMail& Current();

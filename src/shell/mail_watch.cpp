@@ -9,6 +9,7 @@
 
 #include "mail/games_locked.h"
 #include "mail/mail_memory.h"
+#include "mail/mail_session.h"
 #include "mail/sending.h"
 #include "mail/undelivered.h"
 #include "mail/unsent.h"
@@ -17,6 +18,7 @@
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
+#include "shell/polling_loop.h"
 #include "shell/tray_status.h"
 #include "store/queries.h"
 
@@ -120,12 +122,12 @@ void TellOfFailure(const MailOnItsWay& failed) {
   if (!waits && !Process().Stopping) ChangeAddress(game->GAME_ID);
 }
 
-void TellOfRefusal(const std::string& reason) {
-  platform::ShowMessage(platform::MailIcon, "Network error.",
-                        reason +
-                            "||Tarvolenix is now running Offline until you mend your mail "
-                            "account, or choose Logon / Retrieve games.",
-                        "Ok", {}, false, platform::FailureSound);
+/// True where the user has signed in anew.
+bool TellOfRefusal(const std::string& reason) {
+  Process().RefusalTold = reason;
+  return mail::TellOfNetworkError(reason +
+                                  "||Tarvolenix is now running Offline until you mend your mail "
+                                  "account, or choose Logon / Retrieve games.");
 }
 
 bool IsUntoldRefusal(const MailConnection& connection) {
@@ -160,6 +162,20 @@ bool FollowRefusal() {
     process.RefusalTold.clear();
   }
   return process.Offline != before;
+}
+
+/// True where the user has signed in anew.
+bool TellOfWhatIsNew() {
+  const platform::PollingHold hold;
+  const MailConnection connection = State().Connection();
+  const bool hasSignedIn = IsUntoldRefusal(connection) && TellOfRefusal(connection.reason);
+  for (const MailOnItsWay& mail : State().OnItsWay()) {
+    if (Process().Stopping) return false;
+    if (!IsUntoldFailure(mail)) continue;
+    State().NoteTold(mail.thread);
+    TellOfFailure(mail);
+  }
+  return hasSignedIn && !Process().Stopping;
 }
 
 void ReportAddressNotStored(const std::string& cause) {
@@ -228,19 +244,7 @@ void FollowMails() {
 void TellOfMailTrouble() {
   if (Process().Stopping || Process().CheckTimerHeld || !Process().StartupComplete) return;
   // The end of a hold leads here again.
-  if (!HasTrouble()) return;
-  const platform::PollingHold hold;
-  const MailConnection connection = State().Connection();
-  if (IsUntoldRefusal(connection)) {
-    Process().RefusalTold = connection.reason;
-    TellOfRefusal(connection.reason);
-  }
-  for (const MailOnItsWay& mail : State().OnItsWay()) {
-    if (Process().Stopping) return;
-    if (!IsUntoldFailure(mail)) continue;
-    State().NoteTold(mail.thread);
-    TellOfFailure(mail);
-  }
+  if (HasTrouble() && TellOfWhatIsNew()) RetrieveByHand();
 }
 
 bool MayTryAgain(const store::GameRecord& game) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "post/servers/mail_failures.h"
 #include "sign_in/token_endpoint.h"
 
 namespace sign_in {
@@ -57,6 +58,10 @@ void KeptTokens::Renew(Known& known, const post::MailAccount& account,
     known.end = asked + tokens.lifetime;
     if (tokens.refresh.empty() || tokens.refresh == known.refresh) return;
     known.refresh = tokens.refresh;
+  } catch (const GrantRefused& refusal) {
+    known.access.clear();
+    if (refusal.error == "invalid_grant") throw post::SignInLapsed(refusal.what());
+    throw;
   } catch (...) {
     known.access.clear();
     throw;

@@ -55,6 +55,26 @@ TEST_F(Session, LogonIsGuardedAgainstAnEarlierCrash) {
   }
 }
 
+TEST_F(Session, ALogonThatWantsASignInOffersItAndIsTriedAgain) {
+  struct : platform::MailState {
+    platform::MailConnection Connection() override {
+      return {platform::MailLink::Refused, 0, 0, 0, {}, true};
+    }
+  } state;
+  platform::TheSeams().mailState = &state;
+  desktop.mail.SessionID(0);
+  for (const bool signsIn : {false, true}) {
+    desktop.mail.failing = {"SignOn"};
+    desktop.boxes.answers = {!signsIn};
+    platform::TheSeams().hooks.signIn = [this] {
+      desktop.mail.failing.clear();
+      return true;
+    };
+    MailLogon(true);
+    EXPECT_EQ(Process().Offline, !signsIn);
+  }
+}
+
 TEST_F(Session, CollectsFromWhereMovesComeFrom) {
   const struct {
     const char* name;

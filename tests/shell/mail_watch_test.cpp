@@ -97,5 +97,17 @@ TEST_F(MailWatchTest, ARefusalTakesTheProgramOfflineAndIsToldOnce) {
   EXPECT_FALSE(Process().Offline) << "the account is taken again";
 }
 
+TEST_F(MailWatchTest, WhoSignsInAnewAtARefusalIsLoggedOnAtOnce) {
+  state.connection = {MailLink::Refused, 0, 0, 0, "Please sign in again.", true};
+  desktop.boxes.answers = {false};
+  platform::TheSeams().hooks.signIn = [this] {
+    state.connection = {};
+    return true;
+  };
+  FollowMails();
+  EXPECT_FALSE(Process().Offline);
+  EXPECT_EQ(desktop.boxes.messages.size(), 1u);
+}
+
 }  // namespace
 }  // namespace shell

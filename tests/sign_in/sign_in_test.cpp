@@ -189,7 +189,7 @@ TEST_F(SignInTest, TokensAreRenewedBeforeTheyEndAndWhenTheyAreRefused) {
   EXPECT_THROW(token("three"), post::ConnectionLost);
   server_.Say(200, "<html>welcome</html>");
   EXPECT_THROW(token("three"), post::ConnectionLost) << "a hotel's page";
-  EXPECT_THROW(token("three"), post::AccountRefused) << "revoked";
+  EXPECT_THROW(token("three"), post::SignInLapsed) << "revoked";
   bool done = false;
   events.Post([&done] { done = true; });
   events.RunUntil([&done] { return done; });

@@ -14,8 +14,8 @@ class AccessTokens {
   virtual ~AccessTokens() = default;
 
   /// Callable from any thread; may wait. `refresh` is what the sign-in left among the passwords.
-  /// Another one than `stale`, which a server refused; blank where none was. Raises AccountRefused
-  /// where the user has to sign in again, ConnectionLost, or MailError.
+  /// Another one than `stale`, which a server refused; blank where none was. Raises SignInLapsed
+  /// where the user has to sign in again, AccountRefused, ConnectionLost, or MailError.
   virtual std::string Token(const MailAccount& account, const std::string& refresh,
                             const std::string& stale, const Patience& patience) = 0;
 };

@@ -17,6 +17,11 @@ struct LoginRefused : AccountRefused {
   using AccountRefused::AccountRefused;
 };
 
+/// The provider takes the sign-in no more: the user has to sign in anew.
+struct SignInLapsed : AccountRefused {
+  using AccountRefused::AccountRefused;
+};
+
 struct CertificateRefused : AccountRefused {
   using AccountRefused::AccountRefused;
 };

@@ -494,6 +494,10 @@ void AccountDialog::SignIn() {
   signIn_->Begin(Answer().account);
 }
 
+void AccountDialog::BeginSignIn() {
+  if (signIn_->IsOffered() && !signIn_->IsUnderWay()) SignIn();
+}
+
 void AccountDialog::TellSignedIn(const std::string& problem) {
   if (problem.empty()) password_->clear();
   ShowRows();
@@ -504,9 +508,11 @@ void AccountDialog::TellSignedIn(const std::string& problem) {
   }
 }
 
-std::optional<AccountAnswer> AskForAccount(const MailAccount& suggestion, const AccountHelp& help) {
+std::optional<AccountAnswer> AskForAccount(const MailAccount& suggestion, const AccountHelp& help,
+                                           AccountErrand errand) {
   const OtherPointer arrow(Qt::ArrowCursor);
   AccountDialog dialog(suggestion, help, QApplication::activeWindow());
+  if (errand == AccountErrand::SignIn) dialog.BeginSignIn();
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Answer();
 }

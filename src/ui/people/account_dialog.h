@@ -33,6 +33,9 @@ class AccountDialog : public QDialog {
   AccountDialog(const MailAccount& suggestion, AccountHelp help, QWidget* parent = nullptr);
   ~AccountDialog() override;
 
+  /// Begins to sign in, where that is offered, as its button does.
+  void BeginSignIn();
+
   AccountAnswer Answer() const;
 
  protected:
@@ -103,7 +106,11 @@ class AccountDialog : public QDialog {
   QPushButton* ok_;
 };
 
+/// What the user has come to the dialog for.
+enum class AccountErrand { LookOver, SignIn };
+
 /// Runs the dialog; nothing where the user cancels.
-std::optional<AccountAnswer> AskForAccount(const MailAccount& suggestion, const AccountHelp& help);
+std::optional<AccountAnswer> AskForAccount(const MailAccount& suggestion, const AccountHelp& help,
+                                           AccountErrand errand = AccountErrand::LookOver);
 
 }  // namespace ui

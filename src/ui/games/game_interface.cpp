@@ -247,8 +247,8 @@ void GameInterface::SetSimpleUI() {
   layout->addWidget(mailLine_);
   setMinimumSize(leastWidth, leastHeight);
   const int wanted = grid_->sizeHint().width() + 2 * margin;
-  resize(std::clamp(wanted, leastWidth, std::max(leastWidth, screen()->availableSize().width())),
-         leastHeight);
+  const QSize least(leastWidth, leastHeight);
+  resize(QSize(wanted, sizeHint().height()).boundedTo(screen()->availableSize()).expandedTo(least));
 }
 
 void GameInterface::FillGameList(std::int16_t column, std::string order,

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/study/try_form.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -86,6 +88,7 @@ namespace {
 
 constexpr int margin = 16;
 constexpr int spacing = 8;
+constexpr int signedCommands = 4;  // the first ones: their captions are signs, not names
 
 /// The same keys without Ctrl, for the list of lines, where the arrows have nothing else to do.
 const std::pair<int, QKeyCombination> keysOfLines[] = {
@@ -111,7 +114,8 @@ TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, Try
       words_(new QLabel(this)),
       lines_(new LinesView(tree, this)),
       note_(new NoteBox(u"PositionNote"_s, u"Note on this position"_s, this)),
-      play_(NewDialogButton(u"PlayButton"_s, u"&Play this"_s)) {
+      play_(NewDialogButton(u"PlayButton"_s, u"&Play this"_s)),
+      places_(new QGridLayout) {
   setObjectName(u"TryForm"_s);
   setWindowTitle(u"Try moves"_s);
   GiveHelpKey(*this, platform::HelpOfBoard);
@@ -132,6 +136,7 @@ TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, Try
   // How large buttons are only their style knows.
   for (QWidget* part : findChildren<QWidget*>()) part->ensurePolished();
   for (QLayout* part : findChildren<QLayout*>()) part->invalidate();
+  if (minimumSizeHint().width() > screen()->availableSize().width()) PlaceCommands(2);
   resize(sizeHint());
   Refresh();
   picture_->setFocus();
@@ -170,18 +175,30 @@ QAbstractButton* TryForm::NewCommandButton(const Command& command) {
   return button;
 }
 
+/// The four with signs in one row, and those with names below.
+void TryForm::PlaceCommands(int namedInARow) {
+  const int span = signedCommands / namedInARow;
+  for (int i = 0; i < static_cast<int>(buttons_.size()); ++i) {
+    const int named = i - signedCommands;
+    QAbstractButton* button = buttons_[static_cast<std::size_t>(i)];
+    if (named < 0) {
+      places_->addWidget(button, 0, i);
+    } else {
+      places_->addWidget(button, 1 + named / namedInARow, named % namedInARow * span, 1, span);
+    }
+  }
+}
+
 /// What stands at the right of the board.
 QLayout* TryForm::NewSide() {
+  places_->setSpacing(spacing);
   auto* side = new QVBoxLayout;
   side->setSpacing(spacing);
   side->addWidget(words_);
   side->addWidget(lines_, 3);
-  QHBoxLayout* row = nullptr;
-  for (const Command& command : commands) {
-    if (buttons_.size() % 4 == 0) side->addLayout(row = new QHBoxLayout);
-    row->setSpacing(spacing);
-    row->addWidget(NewCommandButton(command), 1);
-  }
+  for (const Command& command : commands) NewCommandButton(command);
+  PlaceCommands(signedCommands);
+  side->addLayout(places_);
   side->addSpacing(spacing);
   auto* noteLabel = new QLabel(u"&Note on this position"_s, this);
   noteLabel->setBuddy(note_);

@@ -30,6 +30,7 @@ constexpr int pictureSize = 48;
 constexpr int highestCaption = 36;  // in a skin
 constexpr int narrowestText = 280;
 constexpr int widestText = 440;
+constexpr int roomBesideText = 128;
 constexpr int mostCharacters = 55;  // in a line, where they need more
 constexpr int linesBeside = 7;      // those of the title and of the buttons, with what is between
 constexpr int buttonWidth = 96;
@@ -57,9 +58,11 @@ PlainTextView* NewText(const QString& name, const QString& text, bool bold, QWid
 void SizeText(PlainTextView* view, const QScreen& screen) {
   const QFontMetrics font = view->fontMetrics();
   const int natural = font.size(0, view->toPlainText()).width() + 8;
-  const int widest = std::max(widestText, mostCharacters * font.averageCharWidth());
-  const int width = std::clamp(natural, narrowestText, widest);
-  const int highest = screen.availableGeometry().height() - linesBeside * font.lineSpacing();
+  const QSize room = screen.availableSize();
+  const int widest = std::min(std::max(widestText, mostCharacters * font.averageCharWidth()),
+                              room.width() - roomBesideText);
+  const int width = std::clamp(natural, narrowestText, std::max(narrowestText, widest));
+  const int highest = room.height() - linesBeside * font.lineSpacing();
   const int height = view->heightForWidth(width);
   view->setMinimumSize(width, std::min(height, highest));
   if (height > highest) view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);

@@ -56,7 +56,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   app::KeepScaleToOneself();
   ui::KeepBoxesVisible();
-  ui::KeepPlaceholdersLegible();
+  ui::KeepFaintTextLegible();
   ui::LetWindowsBeRead();
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));

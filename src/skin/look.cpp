@@ -2,12 +2,12 @@
 #include "skin/look.h"
 
 #include <QHBoxLayout>
-#include <QPushButton>
 
 #include "skin/dialog_skin.h"
 #include "skin/placed_skin.h"
 #include "skin/skin.h"
 #include "skin/system_button.h"
+#include "widgets/dialog_button.h"
 
 namespace ui {
 
@@ -18,7 +18,7 @@ QAbstractButton* NewButton(QWidget& window, const ButtonTwins& twins, const QStr
     button->setText(caption);
     return button;
   }
-  auto* button = new QPushButton(plainCaption.isEmpty() ? caption : plainCaption, &window);
+  auto* button = new DialogButton(plainCaption.isEmpty() ? caption : plainCaption, 0, &window);
   button->setObjectName(QLatin1StringView(twins.plain));
   button->setAutoDefault(true);  // so that Enter presses it too
   return button;

@@ -49,7 +49,7 @@ QPalette PaletteOf(const QColor& back, const QColor& fore, const QColor& backSel
   }
   for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
     palette.setColor(role, fore);
-    palette.setColor(QPalette::Disabled, role, Between(fore, back));
+    palette.setColor(QPalette::Disabled, role, LegiblyFaint(fore, back));
   }
   palette.setColor(QPalette::PlaceholderText, LegiblyFaint(fore, back));
   palette.setColor(QPalette::Highlight, backSelected);

@@ -27,14 +27,32 @@ QColor Mixed(const QColor& one, const QColor& other, float share) {
                           mix(one.blueF(), other.blueF()));
 }
 
-/// Sets that one colour, so that all others go on following the desktop.
-void MendPlaceholders() {
+/// What is made of a text and the ground on which it stands.
+struct FaintText {
+  QPalette::ColorGroup group;
+  QPalette::ColorRole role, text, ground;
+};
+
+constexpr FaintText faintTexts[] = {
+    {QPalette::All, QPalette::PlaceholderText, QPalette::Text, QPalette::Base},
+    {QPalette::Disabled, QPalette::Text, QPalette::Text, QPalette::Base},
+    {QPalette::Disabled, QPalette::WindowText, QPalette::WindowText, QPalette::Window},
+    {QPalette::Disabled, QPalette::ButtonText, QPalette::ButtonText, QPalette::Button},
+};
+
+/// Sets those colours only, so that all others go on following the desktop.
+void MendFaintText() {
   const QPalette now = QApplication::palette();
-  const QColor faint = LegiblyFaint(now.color(QPalette::Text), now.color(QPalette::Base));
-  if (now.color(QPalette::PlaceholderText) == faint) return;
   QPalette own;
-  own.setColor(QPalette::PlaceholderText, faint);
-  QApplication::setPalette(own);
+  bool differs = false;
+  for (const auto& [group, role, text, ground] : faintTexts) {
+    const QColor faint =
+        LegiblyFaint(now.color(QPalette::Active, text), now.color(QPalette::Active, ground));
+    own.setColor(group, role, faint);
+    const auto shown = group == QPalette::All ? QPalette::Active : group;
+    differs = differs || now.color(shown, role) != faint;
+  }
+  if (differs) QApplication::setPalette(own);
 }
 
 class PaletteWatch : public QObject {
@@ -44,7 +62,7 @@ class PaletteWatch : public QObject {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (watched == parent() && event->type() == QEvent::ApplicationPaletteChange) {
-      MendPlaceholders();
+      MendFaintText();
     }
     return QObject::eventFilter(watched, event);
   }
@@ -66,8 +84,8 @@ QColor LegiblyFaint(const QColor& text, const QColor& ground) {
   return text;
 }
 
-void KeepPlaceholdersLegible() {
-  MendPlaceholders();
+void KeepFaintTextLegible() {
+  MendFaintText();
   qApp->installEventFilter(new PaletteWatch(qApp));
 }
 

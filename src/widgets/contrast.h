@@ -15,8 +15,8 @@ double Contrast(const QColor& one, const QColor& other);
 /// the text's own colour where there is none.
 QColor LegiblyFaint(const QColor& text, const QColor& ground);
 
-/// Hints in empty fields stay legible, whatever palette the desktop has and changes to. Until the
-/// application ends.
-void KeepPlaceholdersLegible();
+/// Hints in empty fields and what is grey stay legible, whatever palette the desktop has and
+/// changes to. Until the application ends.
+void KeepFaintTextLegible();
 
 }  // namespace ui

@@ -1,23 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The buttons of the dialogs that lay themselves out, in either look.
+// The buttons of what lays itself out, in either look.
 #pragma once
 
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace ui {
 
-/// At least so wide, and 28 pixels high; with a large font as high as that wants it, also where the
-/// dialog is short of room.
+/// At least so wide, with air beside its caption, and 28 pixels high; with a large font as high as
+/// that wants it, also where the dialog is short of room.
 class DialogButton : public QPushButton {
  public:
-  DialogButton(const QString& caption, int narrowest)
-      : QPushButton(caption), narrowest_(narrowest) {}
+  explicit DialogButton(const QString& caption, int narrowest = 0, QWidget* parent = nullptr)
+      : QPushButton(caption, parent), narrowest_(narrowest) {}
 
   QSize sizeHint() const override { return AtLeast(QPushButton::sizeHint()); }
   QSize minimumSizeHint() const override { return AtLeast(QPushButton::minimumSizeHint()); }
 
  private:
-  QSize AtLeast(QSize size) const { return size.expandedTo({narrowest_, 28}); }
+  QSize AtLeast(QSize size) const {
+    constexpr int height = 28, besideCaption = 24;
+    const int caption = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    return size.expandedTo({std::max(narrowest_, caption + besideCaption), height});
+  }
 
   const int narrowest_;
 };

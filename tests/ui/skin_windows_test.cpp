@@ -123,6 +123,16 @@ TEST_F(SkinnedWindowsTest, EveryControlHasItsRectangleAndTheColoursOfItsRow) {
   }
 }
 
+TEST_F(SkinnedWindowsTest, EveryBoxToTickHasTheColoursOfAField) {
+  const SkinRow& row = *FindSkinRow("OptionsPage");
+  for (const layouts::Control& control : layouts::optionsPage.controls) {
+    const std::string name(control.name);
+    if (!name.ends_with("_L") || !name.starts_with("op") || name == "opWindowSize_L") continue;
+    EXPECT_NE(row.fieldControls.find(name.substr(0, name.size() - 2)), std::string::npos) << name;
+    EXPECT_NE(row.textControls.find(name), std::string::npos) << name;
+  }
+}
+
 TEST_F(SkinnedWindowsTest, AChangeStopsAtTheWindowThatLacksAFileAndClosesIt) {
   StatusWindow first;
   ui::ExchangePawn second(graphics_, rules::White);  // refuses to close

@@ -82,17 +82,20 @@ constexpr SkinRow rows[] = {
      .background = "OptionsPage.jpg",
      .textChart = "OptionsPageText.bmp",
      .textControls =
-         "Label1;opDisplaySplash_L;opVerbose_L;opShowToolTips_L;opDefaultView_L;Label2;"
+         "Label1;opDisplaySplash_L;opVerbose_L;opShowToolTips_L;opDefaultView_L,opShowMoves_L;"
+         "Label2;"
          "vsCSearchDepth_L;opNotifySound_L;opNotificationSound;opNotifyDialog_L,opComputerGames_L,"
-         "opGamePreview_L;Label4;Label8;"
-         "Label9;HLabelLow;HLabelDontCare;HLabelHigh;Label13;Label11;SkinsList_L,opWindowSize_L;"
+         "opGamePreview_L,opNotifyDesktop_L,opAskSurrender_L,opWhyInMailGames_L;Label4;Label8;"
+         "Label9,opCoordinates_L,opPairs_L;HLabelLow;HLabelDontCare;HLabelHigh;Label13;Label11;"
+         "SkinsList_L,opWindowSize_L;"
          "SkinPreview_L;"
-         "opSimpleUI_L;opSystrayStartup_L",
+         "opSimpleUI_L;opSystrayStartup_L,opSessionStart_L",
      .fieldChart = "OptionsPageField.bmp",
      .fieldControls =
-         "opSysTrayTimerCombo,opDisplaySplash,opVerbose,opShowToolTips,opDefaultView,opSimpleUI,"
-         "opSystrayStartup;vsCSearchDepth;opTimeoutCombo,opNotifySound,opNotifyDialog,"
-         "opComputerGames,opGamePreview,"
+         "opSysTrayTimerCombo,opDisplaySplash,opVerbose,opShowToolTips,opDefaultView,opShowMoves,"
+         "opSimpleUI,opSystrayStartup,opSessionStart,opCoordinates,opPairs;vsCSearchDepth;"
+         "opTimeoutCombo,opNotifySound,opNotifyDialog,"
+         "opComputerGames,opGamePreview,opNotifyDesktop,opAskSurrender,opWhyInMailGames,"
          "opWindowSize;opSaveAIName",
      .gridChart = "OptionsPageGrid.bmp",
      .gridControls =

@@ -35,6 +35,7 @@ enum MoveColumn { Place, MoveText, Score };
 enum ReasonColumn { Points, Words };
 
 constexpr int bestMoves = 5;
+constexpr int fewestRows = 2;
 constexpr QSize usualSize(70, 35);  // characters and lines
 constexpr int rowPadding = 8;
 
@@ -138,14 +139,14 @@ void WhyForm::LayOut() {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
   layout->setSpacing(8);
-  layout->addWidget(moves_);
+  layout->addWidget(moves_, 3);
   layout->addWidget(state_);
   layout->addWidget(sum_);
-  layout->addWidget(reasons_, 1);
+  layout->addWidget(reasons_, 2);
   layout->addLayout(buttons);
   const QSize size(usualSize.width() * fontMetrics().averageCharWidth(),
                    usualSize.height() * fontMetrics().lineSpacing());
-  resize(size.boundedTo(screen()->availableSize() * 0.8));
+  resize(size.boundedTo(screen()->availableSize() * 0.85));
 }
 
 /// To the right of it, or else as far to the right as the screen reaches.
@@ -254,9 +255,14 @@ void WhyForm::ShowPicture() {
 
 void WhyForm::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  // As high as the best moves and the one that was played, in the look that is worn by now.
-  moves_->setFixedHeight(moves_->verticalHeader()->defaultSectionSize() * (bestMoves + 1) +
-                         moves_->horizontalHeader()->height() + 2 * moves_->frameWidth());
+  // The best moves and the one that was played are all, in the look that is worn by now; where the
+  // screen is low some are out of sight.
+  const auto heightOf = [](const RowTable* list, int rows) {
+    return list->verticalHeader()->defaultSectionSize() * rows +
+           list->horizontalHeader()->height() + 2 * list->frameWidth();
+  };
+  for (RowTable* list : {moves_, reasons_}) list->setMinimumHeight(heightOf(list, fewestRows));
+  moves_->setMaximumHeight(heightOf(moves_, bestMoves + 1));
   moves_->setFocus();
   ShowPicture();
 }

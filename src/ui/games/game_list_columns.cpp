@@ -23,6 +23,7 @@ namespace {
 constexpr int statusTwips = 450;
 constexpr int opponentTwips = 2455;
 constexpr int titleTwips = 3390;
+constexpr int mostRoomOfTitles = 64;  ///< that they may lend to the others
 constexpr int cellMargin = 6;
 constexpr const char* longDate = "30/09/2026";  ///< a Wednesday
 constexpr const char* longMove = "28... Nbxd7+";
@@ -96,19 +97,35 @@ int WidthOfColumns(const QTableView& grid) {
   return width;
 }
 
+namespace {
+
+/// What the titles lend to the others: nothing where that wouldn't be enough.
+int LoanOfTitles(const QTableView& grid, int width) {
+  const int lacking = WidthOfColumns(grid) - width;
+  return lacking > 0 && lacking <= mostRoomOfTitles ? lacking : 0;
+}
+
+}  // namespace
+
 void FitColumns(QTableView& grid, int width) {
   grid.setColumnWidth(shell::StatusColumn, InPixels(statusTwips));
+  const int loan = LoanOfTitles(grid, width);
   int rest = width - InPixels(statusTwips);
   const ListColumn* last = nullptr;
   for (const ListColumn& column : columns) {
     if (!IsWanted(column)) continue;
     if (last) {
-      grid.setColumnWidth(last->column, last->width(grid));
-      rest -= last->width(grid);
+      const int own = last->width(grid) - (last->column == shell::TitleColumn ? loan : 0);
+      grid.setColumnWidth(last->column, own);
+      rest -= own;
     }
     last = &column;
   }
   if (last) grid.setColumnWidth(last->column, std::max(0, rest));
+}
+
+bool HasRoomForLongDates(const QTableView& grid) {
+  return grid.columnWidth(shell::DateColumn) >= WidthOf(grid, ShownDate(longDate));
 }
 
 std::vector<MenuRow> ColumnRows(const std::function<void()>& changed) {

@@ -23,8 +23,11 @@ void ShowWantedColumns(QTableView& grid);
 /// As wide as they are together, with a long date.
 int WidthOfColumns(const QTableView& grid);
 
-/// `width` is what there is for all of them.
+/// `width` is what there is for all of them. Where the titles can make room for long dates, they
+/// do.
 void FitColumns(QTableView& grid, int width);
+
+bool HasRoomForLongDates(const QTableView& grid);
 
 /// A row for each that can be hidden. `changed` is called when the user has ticked one.
 std::vector<MenuRow> ColumnRows(const std::function<void()>& changed);

@@ -29,6 +29,7 @@ namespace {
 constexpr int scrollBarTwips = 230;
 constexpr int rowsWithScrollBar = 9;  ///< with the heading
 
+constexpr int usualRows = 7;
 constexpr int rowPadding = 8;
 constexpr int statusPicture = 22;
 constexpr int noticeMargin = 12;
@@ -112,13 +113,16 @@ void GameListGrid::ShowColumns() {
 
 QSize GameListGrid::sizeHint() const {
   const int around = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
-  return {WidthOfColumns(*this) + around, QTableView::sizeHint().height()};
+  const int rows = usualRows * verticalHeader()->defaultSectionSize();
+  return {WidthOfColumns(*this) + around,
+          rows + horizontalHeader()->sizeHint().height() + 2 * frameWidth()};
 }
 
 void GameListGrid::FitColumns() {
   int room = width() - 2 * frameWidth();
   if (model_->rowCount() + 1 >= rowsWithScrollBar) room -= InPixels(scrollBarTwips);
   ui::FitColumns(*this, std::min(room, viewport()->width()));
+  model_->WriteDates(HasRoomForLongDates(*this) ? QLocale::LongFormat : QLocale::ShortFormat);
 }
 
 void GameListGrid::resizeEvent(QResizeEvent* event) {

@@ -2,7 +2,6 @@
 #include "ui/games/game_list_model.h"
 
 #include <QDate>
-#include <QLocale>
 
 #include <utility>
 
@@ -66,10 +65,10 @@ QVariant AlignmentOf(int column) {
 
 }  // namespace
 
-QString ShownDate(const std::string& storedDate) {
+QString ShownDate(const std::string& storedDate, QLocale::FormatType format) {
   const auto day = shell::DayOfGame(storedDate);
   if (!day) return ShownLine(storedDate);
-  return QLocale().toString(QDate(day->year, day->month, day->day), QLocale::LongFormat);
+  return QLocale().toString(QDate(day->year, day->month, day->day), format);
 }
 
 QString GameListModel::TextOf(const store::GameRecord& game, int column) const {
@@ -81,7 +80,7 @@ QString GameListModel::TextOf(const store::GameRecord& game, int column) const {
     case shell::TitleColumn:
       return ShownLine(game.GAME_NAME);
     case shell::DateColumn:
-      return ShownDate(game.GAME_DATE);
+      return ShownDate(game.GAME_DATE, dates_);
     case shell::LastMoveColumn:
       return ShownLine(news_.LastMove(game));
     case shell::SinceColumn: {
@@ -107,6 +106,11 @@ void GameListModel::Show(store::GameRecords games, shell::GameNews news) {
   news_ = std::move(news);
   mails_ = {};
   endResetModel();
+}
+
+void GameListModel::WriteDates(QLocale::FormatType format) {
+  if (std::exchange(dates_, format) == format || games_.empty()) return;
+  Q_EMIT dataChanged(index(0, shell::DateColumn), index(rowCount() - 1, shell::DateColumn));
 }
 
 void GameListModel::ShowMails() {

@@ -6,6 +6,7 @@
 #include <QAbstractTableModel>
 #include <QDateTime>
 #include <QIcon>
+#include <QLocale>
 
 #include <array>
 #include <string>
@@ -23,6 +24,9 @@ class GameListModel : public QAbstractTableModel {
   explicit GameListModel(QObject* parent);
 
   void Show(store::GameRecords games, shell::GameNews news);
+
+  /// The days on which games were begun, with all that belongs to a date, or in short.
+  void WriteDates(QLocale::FormatType format);
 
   /// Shows how the mails of the games fare by now.
   void ShowMails();
@@ -47,12 +51,13 @@ class GameListModel : public QAbstractTableModel {
   QVariant TipOf(const QModelIndex& index) const;
 
   store::GameRecords games_;
+  QLocale::FormatType dates_ = QLocale::LongFormat;
   shell::GameNews news_;
   shell::GameMails mails_;
   std::array<QIcon, shell::statusIconCount + 1> pictures_;  // the first one is empty
 };
 
 /// A date in the desktop's long form; one that can't be read shows as it is stored.
-QString ShownDate(const std::string& storedDate);
+QString ShownDate(const std::string& storedDate, QLocale::FormatType format = QLocale::LongFormat);
 
 }  // namespace ui

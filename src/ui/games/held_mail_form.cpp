@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -32,7 +33,6 @@ constexpr int mailIcon = 4;
 constexpr int pictureSize = 48;
 constexpr int plainTextWidth = 420;
 constexpr int highestPlainText = 160;
-constexpr int roomBesideCaption = 32;
 constexpr qreal largerText = 1.15;  // what there is to compare, against the desktop's text
 
 QLabel* NewLabel(const QString& name, const QString& text, QWidget* window) {
@@ -121,10 +121,6 @@ QAbstractButton* HeldMailForm::NewChoice(const ButtonTwins& names, const QString
 void HeldMailForm::SetSimpleUI() {
   static_cast<QPushButton*>(later_)->setDefault(true);
   QHBoxLayout* buttons = NewButtonRow({later_, refuse_, accept_});
-  for (QAbstractButton* button : {later_, refuse_, accept_}) {
-    const int text = button->fontMetrics().horizontalAdvance(button->text());
-    button->setMinimumWidth(std::max(button->minimumWidth(), text + roomBesideCaption));
-  }
   auto* layout = new QGridLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
   layout->setHorizontalSpacing(16);
@@ -155,6 +151,8 @@ void HeldMailForm::ShowQuestion(const HeldMailQuestion& question) {
   if (IsSimpleUI()) {
     const int height = std::min(why_->heightForWidth(plainTextWidth), highestPlainText);
     why_->setMinimumSize(plainTextWidth, height);
+    // By itself a window takes two thirds of the screen at most, whatever it has to show.
+    resize(sizeHint().boundedTo(screen()->availableSize() * 0.9));
   }
 }
 

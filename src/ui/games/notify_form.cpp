@@ -2,6 +2,7 @@
 #include "ui/games/notify_form.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -76,11 +77,13 @@ QLabel* NewLine(const QString& name, QWidget* window) {
   return line;
 }
 
-/// A long comment is written a step smaller. Pixels on a skin, whose places are pixels.
+/// A long comment is written a step smaller, and all of it no smaller than the desktop's text.
+/// Pixels on a skin, whose places are pixels.
 QFont CommentFont(QFont font, bool isLong) {
   font.setBold(!isLong);
   if (IsSimpleUI()) {
-    font.setPointSize(isLong ? 9 : 10);
+    const qreal desktops = QFontInfo(font).pointSizeF();
+    font.setPointSizeF(std::max(isLong ? 9.0 : 10.0, desktops - (isLong ? 1 : 0)));
   } else {
     font.setPixelSize(isLong ? 12 : 13);
   }

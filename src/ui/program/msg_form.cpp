@@ -30,6 +30,9 @@ constexpr int pictureSize = 48;
 constexpr int highestCaption = 36;  // in a skin
 constexpr int narrowestText = 280;
 constexpr int widestText = 440;
+constexpr int roomBesideText = 128;
+constexpr int mostCharacters = 55;  // in a line, where they need more
+constexpr int linesBeside = 7;      // those of the title and of the buttons, with what is between
 constexpr int buttonWidth = 96;
 constexpr int buttonHeight = 28;
 
@@ -52,10 +55,14 @@ PlainTextView* NewText(const QString& name, const QString& text, bool bold, QWid
 }
 
 /// As wide as the longest line, within bounds; as high as the text, but never beyond the screen.
-void SizeText(PlainTextView* view, const QScreen* screen) {
-  const int natural = view->fontMetrics().size(0, view->toPlainText()).width() + 8;
-  const int width = std::clamp(natural, narrowestText, widestText);
-  const int highest = screen ? screen->availableGeometry().height() / 2 : 400;
+void SizeText(PlainTextView* view, const QScreen& screen) {
+  const QFontMetrics font = view->fontMetrics();
+  const int natural = font.size(0, view->toPlainText()).width() + 8;
+  const QSize room = screen.availableSize();
+  const int widest = std::min(std::max(widestText, mostCharacters * font.averageCharWidth()),
+                              room.width() - roomBesideText);
+  const int width = std::clamp(natural, narrowestText, std::max(narrowestText, widest));
+  const int highest = room.height() - linesBeside * font.lineSpacing();
   const int height = view->heightForWidth(width);
   view->setMinimumSize(width, std::min(height, highest));
   if (height > highest) view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -91,7 +98,7 @@ MsgForm::MsgForm(const platform::Message& message, QWidget* parent)
 }
 
 void MsgForm::SetSimpleUI() {
-  for (PlainTextView* view : {caption_, text_}) SizeText(view, screen());
+  for (PlainTextView* view : {caption_, text_}) SizeText(view, *screen());
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
   buttons->addStretch();

@@ -3,6 +3,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "platform/help.h"
@@ -49,8 +50,9 @@ NotesForm::NotesForm(QWidget* parent)
   layout->addWidget(trouble_);
   layout->addSpacing(8);
   layout->addWidget(close, 0, Qt::AlignRight);
-  resize(usualSize.width() * fontMetrics().averageCharWidth(),
-         usualSize.height() * fontMetrics().lineSpacing());
+  const QSize size(usualSize.width() * fontMetrics().averageCharWidth(),
+                   usualSize.height() * fontMetrics().lineSpacing());
+  resize(size.boundedTo(screen()->availableSize() * 0.8));
   TakeDialogLook(*this);
 }
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/study/try_form.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -95,7 +97,8 @@ namespace {
 
 constexpr int margin = 16;
 constexpr int spacing = 8;
-constexpr std::size_t buttonsOfFirstRow = 5;
+constexpr int buttonsOfFirstRow = 5;  // those with signs, and Undo
+constexpr int columns = 20;           // a row of five, four or two fills them
 
 /// The same keys without Ctrl, for the list of lines, where the arrows have nothing else to do.
 const std::pair<int, QKeyCombination> keysOfLines[] = {
@@ -143,7 +146,8 @@ TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, Try
       note_(new NoteBox(u"PositionNote"_s, u"Note on this position"_s, this)),
       trouble_(new OutcomeLine(this)),
       why_(NewDialogButton(u"WhyButton"_s, u"Wh&y this move?"_s)),
-      play_(NewDialogButton(u"PlayButton"_s, u"&Play this"_s)) {
+      play_(NewDialogButton(u"PlayButton"_s, u"&Play this"_s)),
+      places_(new QGridLayout) {
   setObjectName(u"TryForm"_s);
   setWindowTitle(u"Try moves"_s);
   GiveHelpKey(*this, platform::HelpOfBoard);
@@ -165,6 +169,7 @@ TryForm::TryForm(VariationTree& tree, const boards::ChessGraphics& graphics, Try
   for (QWidget* part : findChildren<QWidget*>()) part->ensurePolished();
   for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
   for (QLayout* part : findChildren<QLayout*>()) part->invalidate();
+  if (minimumSizeHint().width() > screen()->availableSize().width()) PlaceCommands(2);
   resize(sizeHint());
   Refresh();
   picture_->setFocus();
@@ -204,18 +209,28 @@ QAbstractButton* TryForm::NewCommandButton(const Command& command) {
   return button;
 }
 
+/// The four with signs in one row, and those with names below.
+void TryForm::PlaceCommands(int namedInARow) {
+  for (int i = 0; i < static_cast<int>(buttons_.size()); ++i) {
+    const int named = i - buttonsOfFirstRow;
+    const int inARow = named < 0 ? buttonsOfFirstRow : namedInARow;
+    const int row = named < 0 ? 0 : 1 + named / namedInARow;
+    const int place = named < 0 ? i : named % namedInARow;
+    const int span = columns / inARow;
+    places_->addWidget(buttons_[static_cast<std::size_t>(i)], row, place * span, 1, span);
+  }
+}
+
 /// What stands at the right of the board.
 QLayout* TryForm::NewSide() {
+  places_->setSpacing(spacing);
   auto* side = new QVBoxLayout;
   side->setSpacing(spacing);
   side->addWidget(words_);
   side->addWidget(lines_, 3);
-  QHBoxLayout* row = nullptr;
-  for (const Command& command : commands) {
-    if (buttons_.size() % buttonsOfFirstRow == 0) side->addLayout(row = new QHBoxLayout);
-    row->setSpacing(spacing);
-    row->addWidget(NewCommandButton(command), 1);
-  }
+  for (const Command& command : commands) NewCommandButton(command);
+  PlaceCommands(4);
+  side->addLayout(places_);
   side->addSpacing(spacing);
   auto* noteLabel = new QLabel(u"&Note on this position"_s, this);
   noteLabel->setBuddy(note_);

@@ -12,6 +12,7 @@
 #include "ui/board/board_picture.h"
 
 class QAbstractButton;
+class QGridLayout;
 class QLabel;
 
 namespace ui {
@@ -68,6 +69,7 @@ class TryForm : public QDialog {
   static const Command commands[];
   QAbstractButton* NewCommandButton(const Command& command);
   QLayout* NewSide();
+  void PlaceCommands(int namedInARow);
   void AddHand();
   void LayOutSquares();
   void Do(const Command& command);
@@ -92,6 +94,7 @@ class TryForm : public QDialog {
   QAbstractButton* why_;
   QAbstractButton* play_;
   std::vector<QAbstractButton*> buttons_;  // of the commands
+  QGridLayout* places_;                    // of the buttons
   int wheel_ = 0;                          // turned, and short of a step yet
   bool wantsToPlay_ = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/study/try_frame.h"
 
+#include <QFontInfo>
 #include <QPainter>
 #include <QResizeEvent>
 
@@ -28,9 +29,6 @@ TryFrame::TryFrame(BoardPicture& picture, int width, const QString& caption, QWi
   picture_.setParent(this);
   caption_->setObjectName(u"TryCaption"_s);
   caption_->setAlignment(Qt::AlignCenter);
-  QFont bold = caption_->font();
-  bold.setBold(true);
-  caption_->setFont(bold);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   const int side = picture_.minimumWidth();
   setMinimumSize(side, side + BandHeight());
@@ -40,7 +38,16 @@ TryFrame::TryFrame(BoardPicture& picture, int width, const QString& caption, QWi
   setPalette(onFrame);
 }
 
-int TryFrame::BandHeight() const { return caption_->sizeHint().height() + 2 * bandPadding; }
+int TryFrame::BandHeight() const { return fontMetrics().height() + 2 * bandPadding; }
+
+/// Large letters beside a small board become smaller.
+void TryFrame::FitCaption(int width) {
+  QFont bold = font();
+  bold.setBold(true);
+  const int wanted = QFontMetrics(bold).horizontalAdvance(caption_->text());
+  if (wanted > width) bold.setPixelSize(QFontInfo(bold).pixelSize() * width / wanted);
+  caption_->setFont(bold);
+}
 
 QSize TryFrame::sizeHint() const { return {width_, width_ + BandHeight() - overlap}; }
 
@@ -49,6 +56,7 @@ void TryFrame::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   const int side = std::min(width(), height() - BandHeight() + overlap);
   const int left = (width() - side) / 2;
+  FitCaption(side - 2 * bandPadding);
   caption_->setGeometry(left, 0, side, BandHeight());
   picture_.setGeometry(left, BandHeight() - overlap, side, side);
 }

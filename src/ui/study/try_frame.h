@@ -24,6 +24,7 @@ class TryFrame : public QWidget {
 
  private:
   int BandHeight() const;
+  void FitCaption(int width);
 
   BoardPicture& picture_;
   QLabel* caption_;

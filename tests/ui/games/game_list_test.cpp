@@ -69,7 +69,11 @@ TEST_F(GameInterfaceTest, TheGridShowsTheGamesAsTheyStand) {
   Open();
   EXPECT_EQ(Opponents(), u"Zoé Carla <i>Bob</i>"_s);
   EXPECT_EQ(TextAt(0, 3), u"Game <b>2</b>"_s);
-  EXPECT_EQ(TextAt(0, 4), QLocale().toString(QDate(2026, 3, 9), QLocale::LongFormat));
+  for (const auto& [width, format] :
+       {std::pair{2000, QLocale::LongFormat}, std::pair{500, QLocale::ShortFormat}}) {
+    Grid().resize(width, 200);
+    EXPECT_EQ(TextAt(0, 4), QLocale().toString(QDate(2026, 3, 9), format));
+  }
   EXPECT_TRUE(Process().GameListOpen);
   EXPECT_EQ(window_->SelectedGame(), 2);
 }

@@ -23,12 +23,9 @@ rules::PieceCode WhatBecomes(const store::MoveRecord& entry, rules::PieceCode pi
 
 /// The positions of the game, the first being its start.
 std::vector<Node> Trunk(const VariationTree& tree) {
-  std::vector<Node> trunk(static_cast<std::size_t>(tree.PlyOf(tree.Present()) + 1));
-  Node node = tree.Present();
-  for (auto place = trunk.rbegin(); place != trunk.rend(); ++place) {
-    *place = node;
-    node = tree.ParentOf(node);
-  }
+  std::vector<Node> trunk{tree.Present()};
+  while (tree.PlyOf(trunk.back()) > 0) trunk.push_back(tree.ParentOf(trunk.back()));
+  std::ranges::reverse(trunk);
   return trunk;
 }
 

@@ -36,7 +36,7 @@ void TellUser(const std::string& text) {
 
 /// Answers the name that the file has now.
 std::string PutAside(const std::string& start) {
-  const std::string name = store::FreeName(start, ".sqlite");
+  std::string name = store::FreeName(start, ".sqlite");
   const std::string path = platform::Process().DataPath + name;
   const std::string journal = NotesPath() + "-journal";
   // A change that was cut off belongs to the file.

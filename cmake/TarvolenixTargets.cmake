@@ -10,7 +10,8 @@ set(TARVOLENIX_SANITIZE "" CACHE STRING "Build with these sanitizers, separated 
 option(TARVOLENIX_PCH "Compile the headers that nearly all sources read only once" ON)
 option(TARVOLENIX_BENCH "Build the benchmarks" OFF)
 
-# Asserts are for our own mistakes and stay on in release.
+# Asserts are for our own mistakes and stay on in release. -O3 takes longer to compile and isn't any
+# faster outside the rooms that ask for it.
 foreach(configuration IN ITEMS RELEASE RELWITHDEBINFO)
   string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_${configuration}
     "${CMAKE_CXX_FLAGS_${configuration}}")
@@ -84,6 +85,8 @@ function(tarvolenix_folder name)
   set_target_properties(${name} PROPERTIES TARVOLENIX_TOOLKIT ${toolkit})
   if("Qt6::Widgets" IN_LIST FOLDER_USES)
     tarvolenix_precompile(${name} windows ${plain_headers} <QtWidgets>)
+  elseif("${FOLDER_USES}" MATCHES "desktop|Qt6::Gui")
+    tarvolenix_precompile(${name} core ${plain_headers} <filesystem> <QtCore>)
   elseif(NOT toolkit)
     tarvolenix_precompile(${name} plain ${plain_headers})
   endif()

@@ -10,8 +10,7 @@ set(TARVOLENIX_SANITIZE "" CACHE STRING "Build with these sanitizers, separated 
 option(TARVOLENIX_PCH "Compile the headers that nearly all sources read only once" ON)
 option(TARVOLENIX_BENCH "Build the benchmarks" OFF)
 
-# Asserts are for our own mistakes and stay on in release. -O3 takes longer to compile and isn't any
-# faster outside the rooms that ask for it.
+# Asserts are for our own mistakes and stay on in release.
 foreach(configuration IN ITEMS RELEASE RELWITHDEBINFO)
   string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_${configuration}
     "${CMAKE_CXX_FLAGS_${configuration}}")

@@ -251,11 +251,11 @@ Window NewStatus(const ChessGraphics&) {
 Window NewAccount(const ChessGraphics&) {
   ui::AccountHelp help;
   help.hasUsableAddress = [](const ui::MailAccount&) { return true; };
-  help.guess = [](const ui::MailAccount& account) {
-    return ui::ProviderGuess{account, true, ""};
-  };
+  help.guess = [](const ui::MailAccount& account) { return ui::ProviderGuess{account, true, ""}; };
   help.lookUp = [](const ui::MailAccount&, const ui::AccountHelp::Found&) {};
-  help.signInOffer = [](const ui::MailAccount&) { return ui::AccountHelp::SignInOffer{"Fastmail", "", true}; };
+  help.signInOffer = [](const ui::MailAccount&) {
+    return ui::AccountHelp::SignInOffer{"Fastmail", "", true};
+  };
   help.giveUp = [] {};
   help.hasKeptPassword = [](const ui::MailAccount&) { return false; };
   help.test = [](const ui::AccountAnswer&, const ui::AccountHelp::Told& told) { told(""); };

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Notices through the session bus: the interface org.freedesktop.Notifications. A notice has the
-// actions "Play" and "Later" and is known by the number that the desktop's daemon gave it. Its text is escaped unless the daemon, which is
-// asked once, shows it as it is. No bus, no daemon, or one that dies or refuses: nothing is shown
-// then.
+// actions "Play" and "Later" and is known by the number that the desktop's daemon gave it. Its text
+// is escaped unless the daemon, which is asked once, shows it as it is. No bus, no daemon, or one
+// that dies or refuses: nothing is shown then.
 #pragma once
 
 #include <QDBusConnection>

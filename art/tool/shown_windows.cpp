@@ -321,7 +321,7 @@ bool Wear(const Look& look, ChessGraphics& graphics) {
 }
 
 void StoreGames() {
-  constexpr std::int64_t now = 1773043500, day = 24 * 60 * 60;
+  constexpr std::int64_t now = 1773043500, day = 86400;
   Process().Offline = false;
   Process().CheckTimer.Interval = 20'000;
   ai::LoadDefaultHeuristics();

@@ -110,7 +110,7 @@ Folders FoldersFor(const std::string& home, const std::string& executables) {
 }
 
 std::string PrepareUserFolder(const Folders& folders) {
-  const std::string failure = MakeWritable(folders.user + "Data");
+  std::string failure = MakeWritable(folders.user + "Data");
   std::error_code ignored;
   fs::create_directories(folders.user + "AI Files", ignored);
   if (folders.program == folders.user) return failure;

@@ -143,7 +143,7 @@ class Import {
 bool IsPgnFile(const QString& path) { return path.endsWith(u".pgn"_s, Qt::CaseInsensitive); }
 
 QStringList AskForPgnFiles(QWidget& window) {
-  const QStringList paths =
+  QStringList paths =
       QFileDialog::getOpenFileNames(&window, QString::fromLatin1(title), LastFolder(), pgnFilter);
   if (!paths.isEmpty()) KeepFolderOf(paths.first());
   return paths;

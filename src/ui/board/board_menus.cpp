@@ -95,7 +95,7 @@ std::vector<MenuRow> ActionsRows(const board::Game& board, const BoardActions& a
        StudyRow(Qt::CTRL | Qt::SHIFT | Qt::Key_T, "Try moves", actions.tryMoves),
        StudyRow(Qt::CTRL | Qt::SHIFT | Qt::Key_N, "Notes", actions.showNotes),
        {"-"},
-       WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_S, OfButton(board, actions, board::SurrenderButton,
+       WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_G, OfButton(board, actions, board::SurrenderButton,
                                                           "Surrender game", controls.surrender)),
        {"-"},
        WithKey(Qt::CTRL | Qt::SHIFT | Qt::Key_D, {"Offer a draw",

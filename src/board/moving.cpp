@@ -80,7 +80,8 @@ void PlayMove(Game& game, Square to, Square from, bool capture) {
 
 bool CBoard_MouseDown(Game& game, Square square) {
   // A click on a board with marks on it only cleans the board and gives no message.
-  const bool cleaning = ClickCoordsAway(game) || game.HilightVisible;
+  const bool pathShown = !ShownPath(game).empty();
+  const bool cleaning = ClickCoordsAway(game) || pathShown;
   if (game.HilightVisible) RemoveHilight(game);
 
   const rules::Side owner = rules::SideOf(square);

@@ -141,18 +141,18 @@ bool DeleteGame(std::int32_t gameID, const std::string& title) {
   return false;
 }
 
-bool UndoDelete() {
+std::optional<std::int32_t> UndoDelete() {
   std::vector<std::string>& deleted = Process().DeletedGames;
-  if (store::PutBackGame(deleted.back())) {
+  if (const auto number = store::PutBackGame(deleted.back())) {
     deleted.pop_back();
-    return true;
+    return number;
   }
   platform::ShowMessage(
       platform::DatabaseIcon, "Undo delete.",
       store::WithDamage("The deleted game could not be put back.  Either the game file can't be "
                         "written, or another game has taken its number meanwhile."),
       "OK", {}, false, platform::FailureSound);
-  return false;
+  return std::nullopt;
 }
 
 void RetrieveFromGameList(bool import) {

@@ -66,9 +66,9 @@ bool HasMailAccount();
 /// Asks the user and deletes the game. True where it is gone; of a failure he was told.
 bool DeleteGame(std::int32_t gameID, const std::string& title);
 
-/// Puts the game back that was deleted last, of those in DeletedGames; there must be one. False
-/// where that failed, which the user was told.
-bool UndoDelete();
+/// Puts the game back that was deleted last, of those in DeletedGames; there must be one. Its
+/// number; nothing where that failed, which the user was told.
+std::optional<std::int32_t> UndoDelete();
 
 /// Logs on and takes what has come in, read mails too, or imports a file that the user picks.
 /// Waits.

@@ -32,11 +32,14 @@ QWidget* FindControl(const QWidget& window, std::string_view name) {
   return window.findChild<QWidget*>(QString::fromUtf8(name.data(), qsizetype(name.size())));
 }
 
+/// What a picture is on the whole.
+QColor GroundOf(const QImage& picture) {
+  return picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+}
+
 /// For a window without a chart of text colours: light on a dark picture, dark on a light one, with
 /// a touch of the picture's own colour.
-QColor LegibleOn(const QImage& picture) {
-  const QColor ground =
-      picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+QColor LegibleOn(const QColor& ground) {
   constexpr float light = 0.9F, dark = 0.1F;
   return QColor::fromHslF(std::max(0.0F, ground.hslHueF()), ground.hslSaturationF(),
                           qGray(ground.rgb()) < 128 ? light : dark);
@@ -97,13 +100,15 @@ void PlacedSkin::Colour() {
   const SkinPictures& pictures = Pictures();
   QWidget& window = Window();
   QPalette palette = window.palette();
-  palette.setColor(QPalette::WindowText, pictures.textColours.empty()
-                                             ? LegibleOn(pictures.background)
-                                             : pictures.textColours.front());
-  if (!pictures.gridColours.empty()) {
-    palette.setColor(QPalette::Highlight, pictures.gridColours.front().BackColorSel);
-    palette.setColor(QPalette::HighlightedText, pictures.gridColours.front().ForeColorSel);
-  }
+  const QColor ground = GroundOf(pictures.background);
+  const QColor text =
+      pictures.textColours.empty() ? LegibleOn(ground) : pictures.textColours.front();
+  palette.setColor(QPalette::WindowText, text);
+  // Without a list's colours the desktop's own accent would show, which suits no skin.
+  const bool hasGrid = !pictures.gridColours.empty();
+  palette.setColor(QPalette::Highlight, hasGrid ? pictures.gridColours.front().BackColorSel : text);
+  palette.setColor(QPalette::HighlightedText,
+                   hasGrid ? pictures.gridColours.front().ForeColorSel : ground);
   palette.setColor(QPalette::Shadow, QColor(0, 0, 0, 0x80));  // fits every background
   window.setPalette(palette);
   ForEachControl(window, row->textControls, pictures.textColours, ColourText);

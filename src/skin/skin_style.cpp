@@ -71,8 +71,7 @@ void DrawCard(QPainter& painter, const QStyleOptionButton& card) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(card.palette.brush(isRaised ? QPalette::AlternateBase : QPalette::Base));
-  painter.setPen(
-      QPen(card.palette.color(hasFocus ? QPalette::Highlight : QPalette::Mid), hasFocus ? 2 : 1));
+  painter.setPen(QPen(card.palette.color(hasFocus ? QPalette::Highlight : QPalette::Mid), 1));
   painter.drawRoundedRect(QRectF(card.rect).adjusted(1, 1, -1, -1), layouts::buttonRadius,
                           layouts::buttonRadius);
   painter.restore();

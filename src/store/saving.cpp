@@ -215,14 +215,16 @@ bool ReplaceGames(std::string content) {
   return ChangeGameFile([&content](std::string_view) { return std::move(content); });
 }
 
-bool PutBackGame(const std::string& removed) {
-  return ChangeGameFile([&](std::string_view content) {
+std::optional<std::int32_t> PutBackGame(const std::string& removed) {
+  const auto number = GameIDOfLine(removed);
+  const bool isSaved = ChangeGameFile([&](std::string_view content) {
     std::string saved;
-    if (CopyOtherGames(content, GameIDOfLine(removed), saved)) {
+    if (CopyOtherGames(content, number, saved)) {
       throw std::invalid_argument("the number of a removed game is taken");
     }
     return saved.append(removed).append(lineEnd);
   });
+  return isSaved ? std::optional(number) : std::nullopt;
 }
 
 bool BackupDatabase() {

@@ -43,6 +43,8 @@ void Fill(QMenu& menu, const std::vector<MenuRow>& rows) {
 }  // namespace
 
 bool PressKey(const std::vector<MenuRow>& rows, QKeyCombination key) {
+  // The menus name both keys "Enter".
+  if (key.key() == Qt::Key_Return) key = QKeyCombination(key.keyboardModifiers(), Qt::Key_Enter);
   for (const MenuRow& row : rows) {
     if (row.key != QKeySequence(key) || !row.enabled || !row.action) continue;
     row.action();

@@ -98,7 +98,7 @@ TEST_F(GameListTest, AGameIsDeletedOnlyOnYesAndAFailureIsTold) {
   Store(1, 2, "Bob");
   EXPECT_FALSE(UndoDelete()) << "it would take another game's number";
   store::RemoveGame(1);
-  EXPECT_TRUE(UndoDelete());
+  EXPECT_EQ(UndoDelete(), 1);
   EXPECT_EQ(desktop.files.content["/program/Data/Tvgdb.dat"], before);
   EXPECT_TRUE(Process().DeletedGames.empty());
 }

@@ -20,7 +20,7 @@ using rules::Square;
 
 namespace {
 
-constexpr int smallestCell = 36;
+constexpr int smallestCell = 32;
 constexpr int usualCell = 66;
 constexpr int targetAlpha = 190;
 

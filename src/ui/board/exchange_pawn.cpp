@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QToolButton>
 
 #include "platform/process_state.h"
@@ -31,6 +32,27 @@ struct Choice {
 constexpr Choice choices[buttonCount] = {
     {"&Rook", Qt::Key_R}, {"K&night", Qt::Key_N}, {"&Bishop", Qt::Key_B}, {"&Queen", Qt::Key_Q}};
 
+/// With a ring of its own: desktops hardly show the focus of a tool button.
+class PlainPieceButton : public QToolButton {
+ public:
+  using QToolButton::QToolButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QToolButton::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), ringWidth));
+    constexpr qreal inset = ringWidth / 2;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), ringRadius,
+                            ringRadius);
+  }
+
+ private:
+  static constexpr qreal ringWidth = 2, ringRadius = 4;
+};
+
 QAbstractButton* NewPieceButton(int number, const QImage& piece, QWidget* window) {
   const QString name = u"PieceButton%1"_s.arg(number);
   const QString caption = QLatin1StringView(choices[number].caption);
@@ -39,7 +61,7 @@ QAbstractButton* NewPieceButton(int number, const QImage& piece, QWidget* window
     button->setAccessibleName(QString(caption).remove(u'&'));
     return button;
   }
-  auto* button = new QToolButton(window);
+  auto* button = new PlainPieceButton(window);
   button->setObjectName(name);
   button->setText(caption);
   button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);

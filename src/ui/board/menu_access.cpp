@@ -77,6 +77,8 @@ QAbstractButton* MenuAccess::NewMenuButton(std::size_t menu) {
   QAbstractButton* button = plain ? NewPlainButton(window_) : new SystemButton({}, &window_);
   button->setObjectName(QLatin1StringView(plain ? told.names.plain : told.names.skinned));
   button->setText(QLatin1StringView(plain ? told.plainCaption : told.caption));
+  // The skin's captions underline nothing, but the keys are the same.
+  button->setShortcut(QKeySequence::mnemonic(QLatin1StringView(told.plainCaption)));
   // As a menu does, on the press; the menu takes the release.
   connect(button, &QAbstractButton::pressed, this, [this, button, menu] {
     Open(menu, PlaceBelow(*button), button);

@@ -34,7 +34,6 @@ QGridLayout* NewSharedPlace(std::initializer_list<QWidget*> widgets) {
 QVBoxLayout* NewGameColumn(const PlainBoard& board) {
   auto* column = new QVBoxLayout;
   column->setSpacing(spacing);
-  column->addLayout(board.menus);
   for (QWidget* widget : {board.playersTag, board.turnTag, board.drawAnswers}) {
     column->addWidget(widget);
   }
@@ -67,14 +66,20 @@ void LayOut(QWidget& window, const PlainBoard& board) {
   const QSize room = window.screen()->availableSize() - frameOfWindow;
   // The board brings its own margin along.
   constexpr int margin = BoardPicture::plainEdge;
-  auto* side = new QBoxLayout(QBoxLayout::TopToBottom);
+  auto* columns = new QBoxLayout(QBoxLayout::TopToBottom);
+  columns->setSpacing(spacing);
+  columns->addLayout(NewGameColumn(board), 1);
+  columns->addLayout(NewTalkColumn(board));
+  // Above both: in the first alone, large letters would make it too wide for a small screen.
+  auto* side = new QVBoxLayout;
   side->setSpacing(spacing);
   side->setContentsMargins(0, margin, margin, margin);
-  side->addLayout(NewGameColumn(board), 1);
-  side->addLayout(NewTalkColumn(board));
+  side->addLayout(board.menus);
+  side->addLayout(columns, 1);
   if (side->sizeHint().height() > room.height()) {
-    side->setDirection(QBoxLayout::LeftToRight);
-    side->setSpacing(2 * spacing);
+    columns->setDirection(QBoxLayout::LeftToRight);
+    columns->setSpacing(2 * spacing);
+    side->invalidate();  // it remembers the height just asked for
   }
   auto* layout = new QHBoxLayout(&window);
   layout->setContentsMargins(0, 0, 0, 0);

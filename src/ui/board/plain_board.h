@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where the controls of the plain Board window stand: the board, and at its side the game and below
-// that what is said of it. Where the screen isn't high enough for that, the two stand side by side.
+// Where the controls of the plain Board window stand: the board, and at its side the menus, the
+// game and below that what is said of it. Where the screen isn't high enough for that, the last two
+// stand side by side.
 #pragma once
 
 class QGridLayout;

@@ -323,8 +323,9 @@ void GameInterface::DeleteGame() {
 }
 
 void GameInterface::UndoDelete() {
-  if (!shell::UndoDelete()) return;
-  Refill(SelectedGame());
+  const auto number = shell::UndoDelete();
+  if (!number) return;
+  Refill(number);
   shell::UpdateTrayStatus(platform::TrayOperation::Modify);
 }
 

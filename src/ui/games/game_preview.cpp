@@ -135,7 +135,7 @@ void GamePreview::ShowPicture(const QPixmap& picture) {
   picture_.show();
 }
 
-/// Above the row, as tips are shown below the pointer.
+/// Below the row and its tip; above where there is no room, as the windows' own buttons lie there.
 QPoint GamePreview::PlaceOf(const QSize& size) const {
   const QRect cell = grid_.visualRect(games_.index(row_, shell::TitleColumn));
   const QPoint top = grid_.viewport()->mapToGlobal(QPoint(cell.left(), cell.top()));
@@ -145,7 +145,7 @@ QPoint GamePreview::PlaceOf(const QSize& size) const {
                            std::max(screen.left(), screen.right() + 1 - size.width()));
   const int above = top.y() - gap - size.height();
   const int below = top.y() + cell.height() + (isKeyed_ ? gap : roomForTip);
-  return {x, above >= screen.top() ? above : below};
+  return {x, below + size.height() <= screen.bottom() + 1 ? below : above};
 }
 
 }  // namespace ui

@@ -162,6 +162,9 @@ TEST_F(MovingTest, TheFirstClickOnAMarkedBoardOnlyCleansIt) {
     EXPECT_FALSE(Game().HilightVisible || Game().CoordsVisible) << click;
     EXPECT_TRUE(desktop_.boxes.messages.empty());
   }
+  Open({{"5254", "e4"}, {"5755", "e5"}});
+  Do("click 47");
+  EXPECT_EQ(desktop_.LastMessage().second, "That is not one of your pieces!") << "nothing to clean";
   platform::Settings().Coordinates = true;
   Open({});
   Do("click 52 click 54");

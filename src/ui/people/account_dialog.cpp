@@ -302,13 +302,18 @@ QString AccountDialog::WhatIsMissing() const {
   return {};
 }
 
+/// A folder that depends on where the program starts is nobody's wish, but may be an old account's.
+bool AccountDialog::HasWholePath() const {
+  const QString folder = postFolder_->text().trimmed();
+  return folder.startsWith(u'/') || folder == AsItIs(suggestion_.PostFolder);
+}
+
 /// A sentence on what keeps the account from being used; a blank one where nothing does.
 QString AccountDialog::WhatIsWrong() const {
-  const QString folder = postFolder_->text();
-  if (IsKind("Post") && folder.contains(u'@') && !folder.contains(u'/')) {
-    return u"The post folder is a folder, such as /home/shared/post, and not a mail address."_s;
-  }
   const QString missing = WhatIsMissing();
+  if (missing.isEmpty() && IsKind("Post") && !HasWholePath()) {
+    return u"The post folder needs its whole path, such as /home/shared/post."_s;
+  }
   return missing.isEmpty() ? missing : u"Still missing: %1."_s.arg(missing);
 }
 

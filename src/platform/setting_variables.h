@@ -25,7 +25,7 @@ struct SettingVariables {
   int BoardHeight = 0;
   bool DefaultView = false;  ///< always show the board from White's side
   bool AskBeforeSurrender = true;
-  bool SetUpFirst = true;  ///< whoever begins a game against the computer sets the pieces up first
+  bool SetUpFirst = false;  ///< whoever begins a game against the computer sets the pieces up first
   bool ComputerGamesCount = true;  ///< in the tray a game against the computer is a new move, too
   std::string HiddenColumns;       ///< of the list of games, by name, each with a ";" behind it
   bool ShowGamePreview = true;     ///< show the board of the game in the list that is pointed at

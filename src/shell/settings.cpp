@@ -150,7 +150,7 @@ constexpr Setting settings[] = {
     Flag<&SettingVariables::DesktopNotices>("DesktopNotices", "False"),
     Flag<&SettingVariables::WhyInMailGames>("WhyInMailGames", "False"),
     Flag<&SettingVariables::AskBeforeSurrender>("AskBeforeSurrender", "True"),
-    Flag<&SettingVariables::SetUpFirst>("SetUpFirst", "True"),
+    Flag<&SettingVariables::SetUpFirst>("SetUpFirst", "False"),
     Flag<&SettingVariables::ComputerGamesCount>("ComputerGamesCount", "True"),
     Text<&SettingVariables::HiddenColumns>("HiddenColumns", ""),
     Flag<&SettingVariables::ShowGamePreview>("ShowGamePreview", "True"),

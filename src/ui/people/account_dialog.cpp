@@ -443,11 +443,12 @@ void AccountDialog::Refresh() {
   outcome_->ShowRemark(wrong);
 }
 
-/// As high as what is shown, and never beyond the screen.
+/// As high as what is shown, and if possible never beyond the screen.
 void AccountDialog::FitHeight() {
   constexpr int frame = 48;  // what the desktop draws around it
   const QRect available = screen()->availableGeometry();
-  const int width = std::max(isVisible() ? this->width() : usualWidth, minimumSizeHint().width());
+  const int wanted = isVisible() ? this->width() : std::min(usualWidth, available.width() - frame);
+  const int width = std::max(wanted, minimumSizeHint().width());
   const QSize fitting(width,
                       std::min(layout()->totalHeightForWidth(width), available.height() - frame));
   // The toolkit would take even an idle resize for a wish to be where the window happens to be.

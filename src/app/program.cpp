@@ -65,13 +65,20 @@ ui::AccountHelp::SignInOffer OfferFor(const post::MailAccount& account,
 }
 
 /// An account that nobody has chosen yet begins with what its user most likely has.
-post::MailAccount ForNewcomer(post::MailAccount suggestion, const char* kind) {
+post::MailAccount ForNewcomer(post::MailAccount suggestion) {
   for (const char* value : {"MailKind", "MyAddress"}) {
     if (!platform::IsEmptyValue(platform::ReadRegistry(platform::mailSection, value))) {
       return suggestion;
     }
   }
-  suggestion.MailKind = kind;
+  suggestion.MailKind = "Imap";
+  return suggestion;
+}
+
+/// Where no kind is wanted, what the user has or is likely to have.
+post::MailAccount OfKind(post::MailAccount suggestion, const char* wantedKind) {
+  if (!wantedKind) return ForNewcomer(std::move(suggestion));
+  suggestion.MailKind = wantedKind;
   return suggestion;
 }
 
@@ -185,7 +192,7 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
 
 std::optional<post::AccountAnswer> Program::AskAtLogon(const post::MailAccount& suggestion) {
   // The program may have been ended over the keyring's question.
-  auto answer = Process().Stopping ? std::nullopt : AskAccount(ForNewcomer(suggestion, "Imap"));
+  auto answer = Process().Stopping ? std::nullopt : AskAccount(ForNewcomer(suggestion));
   if (answer && !answer->password) answer->password = KeptPassword(answer->account);
   return answer;
 }
@@ -256,24 +263,24 @@ void Program::LookUpServers(const post::MailAccount& account, ui::AccountHelp::F
       [patience] { patience->Hurry(); });
 }
 
-void Program::ChangeAccount(const char* suggestedKind) {
+void Program::ChangeAccount(const char* wantedKind) {
   // Whoever has confirmed his account wants his mail.
-  if (HasChangedAccount(suggestedKind, ui::AccountErrand::LookOver)) shell::RetrieveByHand();
+  if (HasChangedAccount(wantedKind, ui::AccountErrand::LookOver)) shell::RetrieveByHand();
 }
 
-bool Program::HasChangedAccount(const char* suggestedKind, ui::AccountErrand errand) {
+bool Program::HasChangedAccount(const char* wantedKind, ui::AccountErrand errand) {
   try {
-    return ChangeAccountFrom(post::LoadMailAccount(), suggestedKind, errand);
+    return ChangeAccountFrom(post::LoadMailAccount(), wantedKind, errand);
   } catch (const platform::SettingsError& error) {
     post::ReportAccountTrouble(error.what());
     return false;
   }
 }
 
-bool Program::ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind,
+bool Program::ChangeAccountFrom(const post::MailAccount& stored, const char* wantedKind,
                                 ui::AccountErrand errand) {
   const platform::PollingHold hold;
-  const auto answer = AskAccount(ForNewcomer(post::WithLoginName(stored), suggestedKind), errand);
+  const auto answer = AskAccount(OfKind(post::WithLoginName(stored), wantedKind), errand);
   if (!answer || (answer->account == stored && !answer->password)) return false;
   if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) return false;
   // The next logon is the new account's, whatever became of the old one's.

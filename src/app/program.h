@@ -57,10 +57,10 @@ class Program {
   std::optional<post::AccountAnswer> AskAtLogon(const post::MailAccount& suggestion);
 
   /// The user's own wish. What he changes is logged on with at once.
-  void ChangeAccount(const char* suggestedKind);
+  void ChangeAccount(const char* wantedKind);
   /// True where there is another now, or the user has signed in anew.
-  bool HasChangedAccount(const char* suggestedKind, ui::AccountErrand errand);
-  bool ChangeAccountFrom(const post::MailAccount& stored, const char* suggestedKind,
+  bool HasChangedAccount(const char* wantedKind, ui::AccountErrand errand);
+  bool ChangeAccountFrom(const post::MailAccount& stored, const char* wantedKind,
                          ui::AccountErrand errand);
   void GiveWaitingMailsTo(const std::string& address, const std::string& oldAddress);
 

@@ -11,7 +11,7 @@ namespace pages {
 
 class BoardPictures {
  public:
-  static constexpr int cell = 40;  ///< pixels
+  static constexpr int cell = 50;  ///< pixels
   static constexpr int edge = 8 * cell;
 
   /// PNG, about ten kilobytes. The chess set is read with the first one. Raises std::exception

@@ -43,6 +43,18 @@ const Event& EventOf(const store::MoveRecord& entry) {
   });
 }
 
+/// The page has two type sizes: that of its words, and one for what only goes with them.
+constexpr string_view smallType = "14px";
+
+/// For clients that know of dark windows; the others keep what stands inline.
+constexpr string_view darkPaper =
+    "<style>@media (prefers-color-scheme:dark){.paper{background:#1a1f26!important;"
+    "color:#d9e1ea!important}.paper a{color:#a9cdf2!important}}</style>\n";
+
+constexpr string_view lightPaper = "background:#f3ead5;color:#2a1a10";
+
+constexpr string_view webSite = "https://tarvolenix.example";
+
 constexpr string_view invitation = " invites you to a game of chess";
 
 std::string Headline(const ShownMove& shown, const Event& event) {
@@ -52,15 +64,19 @@ std::string Headline(const ShownMove& shown, const Event& event) {
 
 /// Comes ahead of all else, so that also a client that drops styles shows a page.
 std::string Beginning(const std::string& headline) {
-  return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-         "<meta name=\"color-scheme\" content=\"light dark\">\n<title>" +
-         headline +
-         "</title>\n</head>\n<body style=\"margin:0\">\n"
-         "<div style=\"max-width:560px;margin:0 auto;padding:20px 12px;"
-         "font:18px/1.5 'Segoe UI',Verdana,Helvetica,Arial,sans-serif\">\n"
-         "<h1 style=\"margin:0 0 8px;font-size:24px;line-height:1.3\">" +
-         headline + "</h1>\n";
+  return std::string(
+             "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+             "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+             "<meta name=\"color-scheme\" content=\"light dark\">\n")
+      .append(darkPaper)
+      .append("<title>" + headline + "</title>\n</head>\n<body class=\"paper\" style=\"margin:0;")
+      .append(lightPaper)
+      .append("\">\n<div class=\"paper\" style=\"max-width:560px;margin:0 auto;padding:20px 12px;")
+      .append(lightPaper)
+      .append(
+          ";font:18px/1.5 'Segoe UI',Verdana,Helvetica,Arial,sans-serif\">\n"
+          "<h1 style=\"margin:0 0 8px;font-size:18px\">" +
+          headline + "</h1>\n");
 }
 
 std::string Paragraph(string_view html) {
@@ -68,7 +84,7 @@ std::string Paragraph(string_view html) {
 }
 
 std::string Subtitle(string_view text) {
-  return std::string("<h2 style=\"margin:26px 0 8px;font-size:18px;line-height:1.5\">")
+  return std::string("<h2 style=\"margin:26px 0 8px;font-size:18px\">")
       .append(text)
       .append("</h2>\n");
 }
@@ -89,21 +105,23 @@ std::string Comment(const std::string& comment) {
 }
 
 /// The letters below the columns, or the digit beside a row.
-std::string Coordinate(const std::string& name, const char* size) {
-  return "<td align=\"center\" " + std::string(size) + ">" + name + "</td>";
+std::string Coordinate(const std::string& name, const std::string& size) {
+  return "<td align=\"center\" " + size + ">" + name + "</td>";
 }
 
 /// With the coordinates around it, as the moves' words mean them.
 std::string Board(const std::string& picture, rules::Side reader) {
   if (picture.empty()) return {};
   const bool fromWhite = reader == rules::White;
+  const std::string cell = '"' + std::to_string(BoardPictures::cell) + '"';
   const std::string edge = std::to_string(BoardPictures::edge);
   std::string table =
       "<table cellspacing=\"0\" cellpadding=\"0\" border=\"0\" "
-      "style=\"margin:0 0 12px;border-collapse:collapse;font-size:14px;line-height:1\">\n";
+      "style=\"margin:0 0 12px;border-collapse:collapse;line-height:1;font-size:";
+  table.append(smallType).append("\">\n");
   for (int row = 0; row < 8; ++row) {
     table += "<tr>" + Coordinate(std::to_string(fromWhite ? 8 - row : row + 1),
-                                 "width=\"18\" height=\"40\"");
+                                 "width=\"18\" height=" + cell);
     if (row == 0) {
       table.append("<td colspan=\"8\" rowspan=\"8\"><img src=\"cid:")
           .append(letters::ContentIDOf(picture))
@@ -118,8 +136,8 @@ std::string Board(const std::string& picture, rules::Side reader) {
   table += "<tr><td></td>";
   for (int column = 0; column < 8; ++column) {
     const int letter = fromWhite ? column : 7 - column;
-    table +=
-        Coordinate(std::string(1, static_cast<char>('a' + letter)), "width=\"40\" height=\"20\"");
+    table += Coordinate(std::string(1, static_cast<char>('a' + letter)),
+                        "width=" + cell + " height=\"20\"");
   }
   return table + "</tr>\n</table>\n";
 }
@@ -150,10 +168,12 @@ std::string WhereToGetIt(const ShownMove& shown) {
   if (shown.game.GAME_OPPONENTS_ID != 0) return {};
   return Subtitle("You don't have Tarvolenix?") +
          Paragraph(
-             "It is a free program for playing chess by ordinary mail, without any server or "
-             "account. Ask " +
-             TextToHtml(shown.sender) +
-             " for it. Tell it this mailbox, and it finds the game in it.");
+             std::string("It is a free program for playing chess by ordinary mail, without any "
+                         "server or account. You get it from <a style=\"color:#1f5a3c\" href=\"")
+                 .append(webSite)
+                 .append("\">")
+                 .append(webSite)
+                 .append("</a>. Tell it this mailbox, and it finds the game in it."));
 }
 
 /// What belongs to an offer of a draw that was not accepted takes no place in the table.
@@ -190,10 +210,14 @@ std::string GameText(const ShownMove& shown) {
                                .append(mail::BuildMoveText(shown.game, shown.moves))
                                .append(mail::endMarker);
   if (text.size() > greatestGameText) return {};
-  return "<p style=\"margin:30px 0 0;padding:10px 0 0;border-top:1px solid #999;font-size:14px\">"
-         "The game, for Tarvolenix to read. Please don't change it.</p>\n"
-         "<p style=\"margin:6px 0 0;font:12px/1.35 monospace;word-break:break-all\">" +
-         TextToHtml(text) + "</p>\n";
+  return std::string("<div style=\"margin:30px 0 0;border-top:1px solid #999;font-size:")
+      .append(smallType)
+      .append(
+          "\">\n<p style=\"margin:10px 0 0\">The game, for Tarvolenix to read. Please don't "
+          "change it.</p>\n<p style=\"margin:6px 0 0;font-family:monospace;font-size:inherit;"
+          "line-height:1.35;word-break:break-all\">")
+      .append(TextToHtml(text))
+      .append("</p>\n</div>\n");
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The page itself: HTML as mail clients show it, from the web to a telephone. All styles stand
-// inline, and colours are the client's own, be they dark on light or light on dark; nothing is
-// fetched from anywhere.
+// inline; the colours are those of the program's own paper, and where the reader likes it dark
+// those of the dark one. Nothing is fetched from anywhere.
 #pragma once
 
 #include <string>

@@ -61,6 +61,7 @@ TEST_F(PagesTest, TellsInWordsWhatHasHappened) {
       {"the moves", "|e2e4 e4, 5858 Draw offer, 5151 Decline, e7e5 e5, g1f3 Nf3",
        "1.e4e5\r\n2.Nf3\r\n"},
       {"damaged", "Ke1 ke8|e4e5 e5", "Friendly\r\nIt is your turn."},
+      {"where to get it", "|e2e4 e4", "You get it from https://tarvolenix.example. Tell"},
       {"the game itself", "|e2e4 e4|guest", "<<TARVOLENIX:0|\r\n1|\r\n010220261530|\r\nFriendly|"},
   };
   for (const board::Case& row : rows) {
@@ -84,12 +85,12 @@ TEST_F(PagesTest, ShowsTheBoardFromTheReadersSide) {
   const QImage board = QImage::fromData(QByteArray::fromStdString(page.picture));
   ASSERT_EQ(board.size(), QSize(BoardPictures::edge, BoardPictures::edge));
   const auto cellAt = [&board](int column, int row) {
-    return qRound(qBlue(board.pixel(column * 40 + 20, row * 40 + 20)) * 31 / 255.0);
+    return qRound(qBlue(board.pixel(column * 50 + 25, row * 50 + 25)) * 31 / 255.0);
   };
   EXPECT_EQ(cellAt(7, 2), 9) << "a rook on a3, which is dark and to the right of Black";
   EXPECT_EQ(cellAt(3, 7), 21) << "the king on e8, which is light";
   EXPECT_EQ(cellAt(7, 0), 24) << "a1 is empty";
-  EXPECT_NE(board.pixel(7 * 40 + 1, 1), board.pixel(7 * 40 + 20, 20)) << "and marked";
+  EXPECT_NE(board.pixel(7 * 50 + 1, 1), board.pixel(7 * 50 + 25, 25)) << "and marked";
 }
 
 TEST_F(PagesTest, GoesWithoutWhatIsMissing) {

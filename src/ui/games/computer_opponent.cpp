@@ -6,10 +6,12 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
 #include "ai/ai_files.h"
+#include "ai/heuristic_rows.h"
 #include "ai/search_depths.h"
 #include "platform/messages.h"
 #include "platform/process_state.h"
@@ -44,8 +46,47 @@ void FillStyles(QComboBox& styles) {
   }
 }
 
+/// What a file leaves out it doesn't change either.
+bool Holds(const std::string& style, const ai::HeuristicTable& table) {
+  bool isSame = true;
+  try {
+    const auto compare = [&](int row, std::int16_t value) {
+      isSame = isSame && table.at(static_cast<std::size_t>(ai::HeuristicOnRow(row))) == value;
+    };
+    return !ai::ReadAIFile(style, compare) && isSame;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+bool IsAnyStyle(const ai::HeuristicTable& table) {
+  const auto styles = ai::ListAIFiles();
+  return std::any_of(styles.begin(), styles.end(),
+                     [&table](const std::string& style) { return Holds(style, table); });
+}
+
+std::string NewStyleName() {
+  std::string name = "My style";
+  for (int number = 2; ai::AIFileExists(name); ++number) {
+    name = "My style " + std::to_string(number);
+  }
+  return name;
+}
+
+/// What the user has tuned by himself is nowhere else.
+void KeepOwnStyle() {
+  if (ai::Heuristics == ai::DefaultHeuristics() || IsAnyStyle(ai::Heuristics)) return;
+  const std::string name = NewStyleName();
+  ai::WriteAIFile(name, ai::Heuristics);
+  platform::ShowMessage(platform::InformationIcon, "Computer AI settings",
+                        "Your own settings of the computer's play are kept as the style \"" + name +
+                            "\".||You can choose it here whenever you like to have them back.",
+                        "OK");
+}
+
 bool LoadStyle(const QByteArray& name) {
   try {
+    KeepOwnStyle();
     if (ai::LoadAIFile(name.toStdString())) return true;
   } catch (const std::exception&) {
     // It has gone, or can't be read.

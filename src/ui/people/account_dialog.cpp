@@ -302,13 +302,18 @@ QString AccountDialog::WhatIsMissing() const {
   return {};
 }
 
+/// A folder that depends on where the program starts is nobody's wish, but may be an old account's.
+bool AccountDialog::HasWholePath() const {
+  const QString folder = postFolder_->text().trimmed();
+  return folder.startsWith(u'/') || folder == AsItIs(suggestion_.PostFolder);
+}
+
 /// A sentence on what keeps the account from being used; a blank one where nothing does.
 QString AccountDialog::WhatIsWrong() const {
-  const QString folder = postFolder_->text();
-  if (IsKind("Post") && folder.contains(u'@') && !folder.contains(u'/')) {
-    return u"The post folder is a folder, such as /home/shared/post, and not a mail address."_s;
-  }
   const QString missing = WhatIsMissing();
+  if (missing.isEmpty() && IsKind("Post") && !HasWholePath()) {
+    return u"The post folder needs its whole path, such as /home/shared/post."_s;
+  }
   return missing.isEmpty() ? missing : u"Still missing: %1."_s.arg(missing);
 }
 
@@ -438,11 +443,12 @@ void AccountDialog::Refresh() {
   outcome_->ShowRemark(wrong);
 }
 
-/// As high as what is shown, and never beyond the screen.
+/// As high as what is shown, and if possible never beyond the screen.
 void AccountDialog::FitHeight() {
   constexpr int frame = 48;  // what the desktop draws around it
   const QRect available = screen()->availableGeometry();
-  const int width = std::max(isVisible() ? this->width() : usualWidth, minimumSizeHint().width());
+  const int wanted = isVisible() ? this->width() : std::min(usualWidth, available.width() - frame);
+  const int width = std::max(wanted, minimumSizeHint().width());
   const QSize fitting(width,
                       std::min(layout()->totalHeightForWidth(width), available.height() - frame));
   // The toolkit would take even an idle resize for a wish to be where the window happens to be.

@@ -53,6 +53,7 @@ class AccountDialog : public QDialog {
   std::string Kind() const;
   bool IsKind(const char* kind) const { return Kind() == kind; }
   QString WhatIsMissing() const;
+  bool HasWholePath() const;
   QString WhatIsWrong() const;
 
   void ChangeKind();

@@ -95,6 +95,9 @@ ServerFields::Server ServerFields::NewServer(const QString& protocol) {
   server.security->setToolTip(
       u"How the connection is encrypted. Without encryption, only a server on this computer is "
       u"spoken to."_s);
+  // A large font must leave the window on a small screen; the list shows the longest one whole.
+  server.security->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  server.security->setMinimumContentsLength(8);
   for (const Security& security : securities) {
     server.security->addItem(QLatin1StringView(security.caption),
                              QLatin1StringView(security.value));

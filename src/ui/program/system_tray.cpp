@@ -28,6 +28,7 @@ using platform::Process;
 
 namespace {
 
+constexpr const char* localKind = "Post";
 constexpr const char* usualKind = "Imap";
 
 /// False, too, where they can't be read.
@@ -36,13 +37,22 @@ bool HasNoGames() {
   return store::SelectGames(games, {}) && games.empty();
 }
 
-/// Asks for the account where there is none, and logs on.
-void PrepareForMail(const SystemTray::ChangeAccount& changeAccount, const char* kind) {
-  if (!shell::HasMailAccount()) {
+/// Whether the account is one of the way that begins with `kind`: a post office's or a mailbox's.
+bool HasAccountFor(const std::string& kind) {
+  const auto kept = platform::ReadRegistry(platform::mailSection, "MailKind");
+  const bool isLocal = platform::ReturnValue(kept, localKind) == localKind;
+  return shell::HasMailAccount() && isLocal == (kind == localKind);
+}
+
+/// Asks for an account of that way where there is none, and logs on. False where nobody can be
+/// played with on it yet.
+bool PrepareForMail(const SystemTray::ChangeAccount& changeAccount, const char* kind) {
+  if (!HasAccountFor(kind)) {
     changeAccount(kind);
   } else if (!shell::MayStartMailGame()) {
     shell::RetrieveByHand();
   }
+  return shell::MayStartMailGame() && (HasAccountFor(kind) || Process().StandAlone);
 }
 
 /// Once: whoever knows the program has chosen since.
@@ -71,9 +81,9 @@ TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& 
 SystemTray::SystemTray(const ChangeAccount& changeAccount,
                        const std::function<void()>& askAboutHeldMails,
                        TrayIcon::IsTrayThere isTrayThere)
-    : windows_([changeAccount] { changeAccount(usualKind); }, askAboutHeldMails),
+    : windows_([changeAccount] { changeAccount(nullptr); }, askAboutHeldMails),
       menu_(ActionsOf(
-          windows_, [changeAccount] { changeAccount(usualKind); }, askAboutHeldMails)),
+          windows_, [changeAccount] { changeAccount(nullptr); }, askAboutHeldMails)),
       icon_(menu_, std::move(isTrayThere)) {
   setObjectName(QStringLiteral("SystemTray"));
   platform::Seams& seams = platform::TheSeams();
@@ -108,9 +118,9 @@ void SystemTray::Greet(const ChangeAccount& changeAccount) {
   const auto byMail = [changeAccount](const char* kind) {
     return [changeAccount, kind] {
       if (Process().CheckTimerHeld) return;
-      PrepareForMail(changeAccount, kind);
+      if (!PrepareForMail(changeAccount, kind)) return;
       // What has come in may have been opened.
-      if (!shell::MayStartMailGame() || Process().CheckTimerHeld || !HasNoGames()) return;
+      if (Process().CheckTimerHeld || !HasNoGames()) return;
       shell::StartNewGame({.fromGameList = Process().GameListOpen});
     };
   };
@@ -120,17 +130,17 @@ void SystemTray::Greet(const ChangeAccount& changeAccount) {
              if (Process().CheckTimerHeld) return;
              shell::StartNewGame({.againstComputer = true, .fromGameList = Process().GameListOpen});
            },
-       .onThisMachine = byMail("Post"),
+       .onThisMachine = byMail(localKind),
        .byMail = byMail(usualKind)});
   welcome_->setAttribute(Qt::WA_DeleteOnClose);
   ShowInTheMiddle(*welcome_);
   BringToFront(*welcome_);
 }
 
-/// What is up already is to be seen, and finished first.
+/// What is up already is to be seen, and finished first; so is what a newcomer chooses.
 void SystemTray::LeaveTray() {
   if (!icon_.IsMissing()) return;
-  if (Process().CheckTimerHeld) {
+  if (Process().CheckTimerHeld || welcome_ || QApplication::activeModalWidget()) {
     QTimer::singleShot(500, this, &SystemTray::LeaveTray);
     return;
   }

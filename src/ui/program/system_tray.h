@@ -16,8 +16,9 @@ namespace ui {
 class SystemTray : public QObject {
  public:
   /// Installs itself for its lifetime: the windows, the tray, and the hooks that belong to them.
-  /// `changeAccount` suggests a kind of account to whoever has none yet.
-  using ChangeAccount = std::function<void(const char* suggestedKind)>;
+  /// `changeAccount` begins with the kind of account that is wanted; where that is null, with the
+  /// present one.
+  using ChangeAccount = std::function<void(const char* wantedKind)>;
   SystemTray(const ChangeAccount& changeAccount, const std::function<void()>& askAboutHeldMails,
              TrayIcon::IsTrayThere isTrayThere = &QSystemTrayIcon::isSystemTrayAvailable);
   ~SystemTray() override;

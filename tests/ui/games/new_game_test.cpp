@@ -89,6 +89,13 @@ TEST_F(NewGameTest, AgainstTheComputerOnlyTheTitleIsAsked) {
     EXPECT_EQ(ai::Heuristics == wild, loads);
     EXPECT_TRUE(Field(*dialog_, "Game_name").text().startsWith(u"Game of "_s));
   }
+  EXPECT_FALSE(ai::AIFileExists("My style")) << "nothing of the user's own was lost";
+  ai::Heuristics[0] = 777;
+  Open();
+  Find<QComboBox>(*dialog_, "Style").setCurrentText(u"Wild"_s);
+  QTest::mouseClick(&Find(*dialog_, "OkButton"), Qt::LeftButton);
+  EXPECT_TRUE(ai::Heuristics == wild && ai::LoadAIFile("My style"));
+  EXPECT_EQ(ai::Heuristics[0], 777);
   EXPECT_EQ(platform::Settings().SearchDepth, 4);
 }
 

@@ -95,7 +95,7 @@ TEST_F(AccountDialogTest, TakesWhatCannotHarmAMailAndWantsNameAndAddress) {
   EXPECT_TRUE(Account().SendPage);
   Press("SendPage");
   EXPECT_FALSE(Account().SendPage);
-  for (const char* unfit : {"", "max@example.org"}) {
+  for (const char* unfit : {"", "max@example.org", "max@example.org/", "post"}) {
     Type("PostFolder", unfit);
     EXPECT_FALSE(CanGoOn()) << unfit;
   }

@@ -241,6 +241,7 @@ TEST_F(SystemTrayTest, ATrayIsWaitedForAndStillTakenWhenItComesLate) {
   trayIsThere_ = false;
   int missing = 0;
   int come = 0;
+  platform::TheSeams().hooks.handedOver();
   QObject::connect(&tray_.Icon(), &TrayIcon::Missing, [&] { ++missing; });
   QObject::connect(&tray_.Icon(), &TrayIcon::Come, [&] { ++come; });
   platform::TheSeams().tray->Notify(platform::TrayOperation::Add, 1, "Tarvolenix - Nothing new");
@@ -248,6 +249,11 @@ TEST_F(SystemTrayTest, ATrayIsWaitedForAndStillTakenWhenItComesLate) {
   EXPECT_EQ(missing, 0) << "it may be on its way";
   for (int i = 0; i < 60; ++i) tray_.Icon().Look();
   EXPECT_EQ(missing, 1);
+  EXPECT_FALSE(Process().GameListOpen) << "a newcomer chooses first";
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == u"Welcome"_s) window->close();
+  }
+  EXPECT_TRUE(QTest::qWaitFor([] { return Process().GameListOpen; }));
   EXPECT_TRUE(Process().GameListOpen) << "never invisible";
   EXPECT_EQ(desktop_.LastMessage().first, "No system tray");
   trayIsThere_ = true;
@@ -293,11 +299,18 @@ TEST_F(SystemTrayTest, WhoHasNoGameIsShownTheWaysToOne) {
   platform::Settings().Verbose = false;
   Process().Offline = true;
   desktop_.mail.failing = {"SignOn"};
-  for (const int asked : {1, 1}) {
-    Press(*welcome(), "ByMail");
+  for (const auto& [way, kind, asked] : {std::tuple("ByMail", "", 1),
+                                         {"ByMail", "Imap", 0},
+                                         {"OnThisMachine", "Imap", 1},
+                                         {"OnThisMachine", "Post", 0},
+                                         {"ByMail", "Post", 1}}) {
+    accountChanges_ = 0;
+    const bool hasAccount = *kind != 0;
+    platform::WriteRegistry(platform::mailSection, "MyAddress", hasAccount ? "a@example.org" : "");
+    platform::WriteRegistry(platform::mailSection, "MailKind", kind);
+    Press(*welcome(), way);
     QCoreApplication::processEvents();
-    EXPECT_EQ(accountChanges_, asked) << "only whoever has no account is asked for it";
-    platform::WriteRegistry(platform::mailSection, "MyAddress", "anna@example.org");
+    EXPECT_EQ(accountChanges_, asked) << way << " with " << kind;
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     platform::TheSeams().hooks.handedOver();
     ASSERT_NE(welcome(), nullptr);

@@ -63,12 +63,13 @@ constexpr struct {
     {"device_authorization_endpoint", &Service::device},
 };
 
-/// Where an issuer's metadata may lie. RFC 8414 puts its place ahead of the issuer's own path.
+/// Where an issuer's metadata may lie. RFC 8414 puts its place ahead of the issuer's own path,
+/// whose last slash doesn't count there.
 std::vector<std::string> PlacesOfMetadata(const std::string& issuer) {
   const QUrl url(QString::fromStdString(issuer));
   const std::string root = url.toString(QUrl::RemovePath).toStdString();
-  const std::string path = url.path(QUrl::FullyEncoded).toStdString();
-  const std::string below = path == "/" ? "" : path;
+  std::string below = url.path(QUrl::FullyEncoded).toStdString();
+  if (below.ends_with('/')) below.pop_back();
   return {root + "/.well-known/oauth-authorization-server" + below,
           root + below + "/.well-known/openid-configuration"};
 }

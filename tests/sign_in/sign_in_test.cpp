@@ -216,6 +216,9 @@ TEST_F(SignInTest, WhatIsMissingIsSaid) {
   EXPECT_EQ(ServiceNameFor(account_, {}), "");
   account_.ImapHost = "IMAP.gmail.com";
   EXPECT_EQ(ServiceNameFor(account_, {}), "Google");
+  Service slashed = ServiceNamed("home.org", files_);
+  slashed.issuer += "/tenant/";
+  EXPECT_EQ(WithMetadata(slashed, patience_).token, server_.Url("/token"));
   Service foreign = ServiceNamed("home.org", files_);
   foreign.issuer += "/other";
   EXPECT_THROW(WithMetadata(foreign, patience_), MailError) << "it speaks for another issuer";

@@ -59,11 +59,13 @@ QJsonObject AskProvider(const Service& service, const std::string& url, Fields f
   QJsonObject content = QJsonDocument::fromJson(QByteArray::fromStdString(answer.content)).object();
   if (answer.status == 200 && !content.isEmpty()) return content;
   const std::string error = TextOf(content, u"error"_s);
-  const std::string status = std::to_string(answer.status);
+  const std::string status = " (" + std::to_string(answer.status) + ").";
   if (Passes(answer.status, error)) {
-    throw post::ConnectionLost(service.name + " can't sign you in just now (" + status + ").");
+    throw post::ConnectionLost(service.name + " can't sign you in just now" + status);
   }
-  throw GrantRefused(SentenceFor(error.empty() ? status : error, content, service.name), error);
+  throw GrantRefused(error.empty() ? service.name + " refuses the sign-in" + status
+                                   : SentenceFor(error, content, service.name),
+                     error);
 }
 
 Tokens AskForTokens(const Service& service, const Fields& fields, const post::Patience& patience) {

@@ -124,6 +124,18 @@ TEST_F(SignInTest, OnlyTheRightVisitorWithTheRightProofEndsTheWait) {
   }
 }
 
+TEST_F(SignInTest, TheBrowserIsSentToSafePlacesOnly) {
+  for (const char* place : {"file:///usr/bin/xterm", "http://home.org", "https:", "mailto:a@b"}) {
+    Service service = Home();
+    service.authorize = place;
+    const OpenBrowser open = [](const std::string& url) {
+      ADD_FAILURE() << url;
+      return false;
+    };
+    EXPECT_THROW(SignInByBrowser(service, "", open, patience_), MailError);
+  }
+}
+
 TEST_F(SignInTest, ADeviceAsksAtThePaceOfTheProvider) {
   const auto error = [](const char* word) { return std::string(R"({"error":")") + word + "\"}"; };
   const struct {
@@ -137,7 +149,7 @@ TEST_F(SignInTest, ADeviceAsksAtThePaceOfTheProvider) {
         {200, R"({"access_token":"a","refresh_token":"r"})"}},
        "",
        {2, 2, 7, 14}},
-      {{{400, "no form"}}, "home.org refuses the sign-in: 400.", {2}},
+      {{{400, "no form"}}, "home.org refuses the sign-in (400).", {2}},
       {{{400, error("access_denied")}}, "The sign-in was refused at home.org.", {2}},
       {{{400, error("expired_token")}}, "The sign-in took too long: please begin again.", {2}},
       {{{200, R"({"access_token":"a"})"}}, "home.org gave no sign-in that lasts.", {2}},

@@ -243,6 +243,13 @@ TEST_F(SignInTest, WhatIsMissingIsSaid) {
   EXPECT_EQ(RemarkOn(files_), "");
   ::chmod(files_.front().c_str(), 0644);
   EXPECT_NE(RemarkOn(files_), "");
+  WriteFile(files_.front(), "[home.org]\nClientId\n");
+  EXPECT_EQ(ServiceNameFor(account_, files_), "Google");
+  account_.ImapHost = "";
+  EXPECT_EQ(ServiceNameFor(account_, files_), "home.org") << "it may be there";
+  EXPECT_EQ(ProblemOf([&] { ServiceNamed("home.org", files_); }),
+            "The client identifiers can't be looked up: " + files_.front() +
+                " has a line that is neither a section nor a value.");
 }
 
 }  // namespace

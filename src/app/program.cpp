@@ -173,7 +173,8 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
       [this](const auto& account, const auto& name, auto signedIn) {
         SignIn(account, name, std::move(signedIn));
       },
-      [this] { HurryInquiries(); }};
+      [this] { HurryInquiries(); },
+      platform::TheSeams().mailState->Connection().wantsSignIn};
   auto answer = ui::AskForAccount(suggestion, help, errand);
   HurryInquiries();  // nobody hears of them any more
   // A test may have spent what the sign-in left.
@@ -210,7 +211,8 @@ void Program::TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::To
   Inquire(
       [check, told = std::move(told), &events = *platform::TheSeams().events] {
         const std::string problem = check->Problem();
-        events.Post([told, problem] { told(problem); });
+        const bool wantsSignIn = check->WantsSignIn();
+        events.Post([told, problem, wantsSignIn] { told(problem, wantsSignIn); });
       },
       [check] { check->Hurry(); });
 }

@@ -35,8 +35,8 @@ struct AccountHelp {
   std::function<bool(const MailAccount&)> hasKeptPassword;
 
   /// Tries the account out, without making anybody wait, and tells in a sentence what is wrong with
-  /// it; a blank one where nothing is.
-  using Told = std::function<void(const std::string& problem)>;
+  /// it, and whether a new sign-in would mend that; a blank one where nothing is.
+  using Told = std::function<void(const std::string& problem, bool wantsSignIn)>;
   std::function<void(const AccountAnswer&, Told)> test;
 
   /// Whose sign-in in the browser may stand for the account's password, and what keeps it from it.
@@ -54,6 +54,9 @@ struct AccountHelp {
 
   /// What was begun interests nobody any more.
   std::function<void()> giveUp;
+
+  /// The provider takes the sign-in that stands for the password so far no more.
+  bool signInHasLapsed = false;
 };
 
 }  // namespace ui

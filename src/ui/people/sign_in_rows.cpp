@@ -20,6 +20,7 @@ SignInRows::SignInRows(FormRows* form, const AccountHelp& help, std::string name
       form_(form),
       help_(help),
       name_(std::move(name)),
+      hasLapsed_(help.signInHasLapsed),
       button_(NewDialogButton(u"SignInButton"_s, u"Sign in with the b&rowser..."_s)),
       note_(new QLabel),
       buttonRow_(form->AddRow(u"Or sign in:"_s, {button_})),
@@ -37,10 +38,20 @@ void SignInRows::ShowFor(const MailAccount& account, bool wanted) {
   // A sign-in is good at one provider only.
   if (wanted && name_ != offer_.name) name_ = secret_ = "";
   button_->setEnabled(offer_.isReady);
+  ShowNote();
+  for (const int row : {buttonRow_, noteRow_}) form_->ShowRow(row, wanted && !offer_.name.empty());
+}
+
+void SignInRows::ShowNote() {
   const std::string standing = name_.empty() ? "At " + offer_.name + ", instead of a password."
+                               : hasLapsed_  ? offer_.name + " wants you to sign in again."
                                              : "You are signed in at " + offer_.name + ".";
   note_->setText(Shown(offer_.isReady ? standing + ' ' + offer_.remark : offer_.remark));
-  for (const int row : {buttonRow_, noteRow_}) form_->ShowRow(row, wanted && !offer_.name.empty());
+}
+
+void SignInRows::TellLapsed(bool hasLapsed) {
+  hasLapsed_ = hasLapsed;
+  ShowNote();
 }
 
 void SignInRows::ShowCaption(bool isAgain) {
@@ -69,6 +80,7 @@ void SignInRows::TakeEnd(int number, const std::string& name, const std::string&
   if (problem.empty()) {
     name_ = name;
     secret_ = secret;
+    hasLapsed_ = false;
   }
   Q_EMIT Ended(problem);
 }

@@ -36,6 +36,9 @@ class SignInRows : public QObject {
   /// Shows what the account's provider offers beside a password; nothing where `wanted` is false.
   void ShowFor(const MailAccount& account, bool wanted);
 
+  /// Whether the provider takes the sign-in that stands for the password no more.
+  void TellLapsed(bool hasLapsed);
+
   /// `isAgain` where a sign-in stands for the password already.
   void ShowCaption(bool isAgain);
 
@@ -51,6 +54,7 @@ class SignInRows : public QObject {
   void Ended(const std::string& problem);
 
  private:
+  void ShowNote();
   void TakeEnd(int number, const std::string& name, const std::string& secret,
                const std::string& problem);
 
@@ -59,6 +63,7 @@ class SignInRows : public QObject {
   AccountHelp::SignInOffer offer_;
   std::string name_;
   std::string secret_;
+  bool hasLapsed_;
   bool isUnderWay_ = false;
   int number_ = 0;  // of the last one; an older one's end interests nobody
   QPushButton* button_;

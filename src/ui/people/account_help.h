@@ -48,9 +48,11 @@ struct AccountHelp {
   std::function<SignInOffer(const MailAccount&)> signInOffer;
 
   /// Has the user sign in with his browser, without making anybody wait, and tells what is to be
-  /// kept in the place of a password, or what was wrong. One begun before ends.
+  /// kept in the place of a password, or what was wrong. Ahead of that it tells where the browser
+  /// was sent: desktops don't say whether one came up. One begun before ends.
+  using Sent = std::function<void(const std::string& url)>;
   using SignedIn = std::function<void(const std::string& secret, const std::string& problem)>;
-  std::function<void(const MailAccount&, const std::string& name, SignedIn)> signIn;
+  std::function<void(const MailAccount&, const std::string& name, Sent, SignedIn)> signIn;
 
   /// What was begun interests nobody any more.
   std::function<void()> giveUp;

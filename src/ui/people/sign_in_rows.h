@@ -10,6 +10,7 @@
 #include "ui/people/account_help.h"
 
 class QLabel;
+class QLineEdit;
 class QPushButton;
 
 namespace ui {
@@ -55,6 +56,7 @@ class SignInRows : public QObject {
 
  private:
   void ShowNote();
+  void ShowPage(int number, const std::string& url);
   void TakeEnd(int number, const std::string& name, const std::string& secret,
                const std::string& problem);
 
@@ -68,8 +70,11 @@ class SignInRows : public QObject {
   int number_ = 0;  // of the last one; an older one's end interests nobody
   QPushButton* button_;
   QLabel* note_;
+  QLineEdit* page_;
+  QPushButton* copy_;
   int buttonRow_;
   int noteRow_;
+  int pageRow_;
 };
 
 }  // namespace ui

@@ -47,7 +47,9 @@ class AccountDialogTest : public testing::Test {
         [this](const MailAccount& account) {
           return account.ImapHost == "imap.known.org" ? offer_ : AccountHelp::SignInOffer{};
         },
-        [this](const MailAccount&, const std::string&, AccountHelp::SignedIn signedIn) {
+        [this](const MailAccount&, const std::string&, AccountHelp::Sent sent,
+               AccountHelp::SignedIn signedIn) {
+          sent("https://known.org/page");
           signedIn_.push_back(std::move(signedIn));
         },
         [this] { ++givenUp_; }};
@@ -248,7 +250,9 @@ TEST_F(AccountDialogTest, ASignInStandsForThePasswordAtItsProvider) {
   OpenMailbox("anna@known.org");
   dialog_->BeginSignIn();
   EXPECT_FALSE(CanGoOn());
+  EXPECT_TRUE(Shows("SignInPage")) << "a browser that doesn't come up tells nobody";
   Press("SignInButton");
+  EXPECT_FALSE(Shows("SignInPage"));
   EXPECT_EQ(givenUp_, 1) << "the second click ends it";
   signedIn_.at(0)("too late", "");
   EXPECT_EQ(Account().SignIn, "");

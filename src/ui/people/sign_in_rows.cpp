@@ -18,21 +18,31 @@ namespace ui {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// As wide as its caption, at the left of its row, which looks at that when it is made.
+QPushButton* NewSignInButton() {
+  QPushButton* button = NewDialogButton(u"SignInButton"_s, u"Sign in with the b&rowser..."_s);
+  button->setToolTip(u"Opens your provider's own page in your browser"_s);
+  button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  return button;
+}
+
+}  // namespace
+
 SignInRows::SignInRows(FormRows* form, const AccountHelp& help, std::string name, QObject* parent)
     : QObject(parent),
       form_(form),
       help_(help),
       name_(std::move(name)),
       hasLapsed_(help.signInHasLapsed),
-      button_(NewDialogButton(u"SignInButton"_s, u"Sign in with the b&rowser..."_s)),
+      button_(NewSignInButton()),
       note_(new QLabel),
       page_(new QLineEdit),
       copy_(NewDialogButton(u"CopySignInPage"_s, u"&Copy"_s)),
       buttonRow_(form->AddRow(u"Or sign in:"_s, {button_})),
       noteRow_(form->AddRow({}, {note_})),
       pageRow_(form->AddRow(u"Its pag&e:"_s, {page_, copy_})) {
-  button_->setToolTip(u"Opens your provider's own page in your browser"_s);
-  button_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   connect(button_, &QPushButton::clicked, this, &SignInRows::Pressed);
   note_->setObjectName(u"SignInNote"_s);
   note_->setTextFormat(Qt::PlainText);

@@ -7,7 +7,6 @@
 #include <QTimer>
 #include <QUrl>
 
-#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <utility>
@@ -177,10 +176,11 @@ std::optional<post::AccountAnswer> Program::AskAccount(const post::MailAccount& 
       [&files = desktop_->Tokens().Files()](const auto& account) {
         return OfferFor(account, files);
       },
-      [this](const auto& account, const auto& name, auto signedIn) {
-        SignIn(account, name, std::move(signedIn));
+      [this](const auto& account, const auto& name, auto sent, auto signedIn) {
+        SignIn(account, name, std::move(sent), std::move(signedIn));
       },
-      [this] { HurryInquiries(); }};
+      [this] { HurryInquiries(); },
+      platform::TheSeams().mailState->Connection().wantsSignIn};
   auto answer = ui::AskForAccount(suggestion, help, errand);
   HurryInquiries();  // nobody hears of them any more
   // A test may have spent what the sign-in left.
@@ -217,32 +217,33 @@ void Program::TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::To
   Inquire(
       [check, told = std::move(told), &events = *platform::TheSeams().events] {
         const std::string problem = check->Problem();
-        events.Post([told, problem] { told(problem); });
+        const bool wantsSignIn = check->WantsSignIn();
+        events.Post([told, problem, wantsSignIn] { told(problem, wantsSignIn); });
       },
       [check] { check->Hurry(); });
 }
 
 void Program::SignIn(const post::MailAccount& account, const std::string& name,
-                     ui::AccountHelp::SignedIn signedIn) {
+                     ui::AccountHelp::Sent sent, ui::AccountHelp::SignedIn signedIn) {
   const auto patience = std::make_shared<post::Patience>(std::chrono::seconds(30));
-  const auto noBrowser = std::make_shared<std::atomic<bool>>(false);
-  // The browser is asked for on the window's thread; where there is none, nobody waits for it.
-  const auto open = [patience, noBrowser, &events = *platform::TheSeams().events](const auto& url) {
-    events.Post([patience, noBrowser, url] {
-      *noBrowser = !QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
-      if (*noBrowser) patience->Hurry();
+  // The browser is asked for on the window's thread. Whether it comes up nobody tells for certain.
+  const auto open = [sent = std::move(sent),
+                     &events = *platform::TheSeams().events](const std::string& url) {
+    events.Post([sent, url] {
+      QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+      sent(url);
     });
     return true;
   };
   Inquire(
-      [open, noBrowser, address = account.MyAddress,
-       service = sign_in::ServiceNamed(name, desktop_->Tokens().Files()), patience,
+      [open, address = account.MyAddress, name, files = desktop_->Tokens().Files(), patience,
        signedIn = std::move(signedIn), &events = *platform::TheSeams().events] {
         std::string secret, problem;
         try {
+          const auto service = sign_in::ServiceNamed(name, files);
           secret = sign_in::SignInByBrowser(service, address, open, *patience).refresh;
         } catch (const std::exception& error) {
-          problem = *noBrowser ? "The browser can't be opened." : error.what();
+          problem = error.what();
         }
         events.Post([signedIn, secret, problem] { signedIn(secret, problem); });
       },

@@ -66,7 +66,7 @@ class Program {
 
   std::optional<std::string> KeptPassword(const post::MailAccount& account);
   void TestAccount(const post::AccountAnswer& answer, ui::AccountHelp::Told told);
-  void SignIn(const post::MailAccount& account, const std::string& name,
+  void SignIn(const post::MailAccount& account, const std::string& name, ui::AccountHelp::Sent sent,
               ui::AccountHelp::SignedIn signedIn);
   void LookUpServers(const post::MailAccount& account, ui::AccountHelp::Found found);
 

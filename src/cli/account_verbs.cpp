@@ -157,6 +157,16 @@ void ApplyAll(const std::vector<Change>& changes, MailAccount& account) {
   if (!account.PostFolder.ends_with('/')) account.PostFolder += '/';
 }
 
+/// A sign-in is good at one provider only.
+void DropForeignSignIn(const std::vector<Change>& changes, const sign_in::ClientFiles& files,
+                       MailAccount& account) {
+  const bool isGiven = std::any_of(changes.begin(), changes.end(), [](const Change& change) {
+    return change.setting->text == &MailAccount::SignIn;
+  });
+  if (isGiven || account.SignIn.empty() || account.MailKind != "Imap") return;
+  if (account.SignIn != sign_in::ServiceNameFor(account, files)) account.SignIn.clear();
+}
+
 /// Refuses what couldn't work whatever the servers say.
 void CheckAccount(const MailAccount& account) {
   // Of the post office a logon takes the user's login name where there is no address yet.
@@ -256,6 +266,7 @@ bool SetAccount(const Call& call) {
   post::AccountAnswer answer{post::LoadMailAccount(), {}};
   ApplyAll(changes, answer.account);
   CheckAccount(answer.account);
+  DropForeignSignIn(changes, call.tokens.Files(), answer.account);
   if (withPassword) {
     if (!post::NeedsPassword(answer.account)) {
       throw Refusal("A mail account of this kind, or with a token command, has no password.");
@@ -271,6 +282,12 @@ bool SetAccount(const Call& call) {
   return true;
 }
 
+std::string SayNothingIsKept(const MailAccount& account) {
+  return account.SignIn.empty()
+             ? "No password is kept for this mail account."
+             : "No sign-in is kept for this mail account: \"account sign-in\" makes one.";
+}
+
 bool TestAccount(const Call& call) {
   const MailAccount account =
       post::WithAbsolutePostFolder(post::WithLoginName(post::LoadMailAccount()));
@@ -278,7 +295,7 @@ bool TestAccount(const Call& call) {
   std::string reason = post::WhyNoAccount();
   if (reason.empty()) {
     reason = post::NeedsPassword(account) && !password
-                 ? "No password is kept for this mail account."
+                 ? SayNothingIsKept(account)
                  : post::WhatIsWrongWith(account, password.value_or(""), &call.tokens);
   }
   JsonObject answer;
@@ -302,7 +319,11 @@ bool SignIn(const Call& call) {
   const post::Patience patience(std::chrono::seconds(30));
   const auto service = sign_in::WithMetadata(sign_in::ServiceNamed(name, files), patience);
   const auto code = sign_in::BeginDeviceSignIn(service, patience);
-  JsonObject().Add("address", code.address).Add("code", code.userCode).Print();
+  JsonObject begun;
+  begun.Add("address", code.address).Add("code", code.userCode);
+  const std::string remark = sign_in::RemarkOn(files);
+  if (!remark.empty()) begun.Add("remark", remark);
+  begun.Print();
   std::cout.flush();
   const auto pause = [](std::chrono::seconds time) { std::this_thread::sleep_for(time); };
   answer.password = sign_in::AwaitDeviceSignIn(service, code, pause, patience).refresh;

@@ -55,6 +55,7 @@ std::string AccountCheck::Problem() {
     Try();
     return {};
   } catch (const std::exception& error) {
+    wantsSignIn_ = post::WantsSignIn(error, account_);
     return InPlainWords(error, account_);
   }
 }

@@ -28,6 +28,9 @@ class AccountCheck {
   /// isn't there yet. Takes its time: not for the window's thread.
   std::string Problem();
 
+  /// Whether a new sign-in at the provider would mend what Problem found.
+  bool WantsSignIn() const { return wantsSignIn_; }
+
   /// Callable from any thread: nobody wants to know any more. Ends within a second.
   void Hurry();
 
@@ -37,6 +40,7 @@ class AccountCheck {
   MailAccount account_;
   std::string password_;
   std::unique_ptr<ServerMail> servers_;  // of an account that has any
+  bool wantsSignIn_ = false;
 };
 
 /// For callers who wait.

@@ -31,6 +31,7 @@ std::string CodeFrom(BrowserRedirect& redirect, const std::string& provider,
 Tokens SignInByBrowser(const Service& given, const std::string& address, const OpenBrowser& open,
                        const post::Patience& patience) {
   const Service service = WithMetadata(given, patience);
+  RequireSafe(service.authorize);  // the desktop would open whatever it is told to
   const std::string state = RandomText();
   const std::string verifier = RandomText();
   BrowserRedirect redirect(state);

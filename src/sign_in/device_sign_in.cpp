@@ -18,6 +18,9 @@ constexpr seconds usualInterval(5);
 constexpr seconds slowingDown(5);  // as often as the provider asks for it
 constexpr seconds longestLifetime(1800);
 
+/// Who gets no answer asks ever less often; beyond this only because the provider wants it.
+constexpr seconds longestOwnInterval(60);
+
 seconds SecondsIn(const QJsonObject& answer, const QString& name, seconds usual) {
   const int given = answer[name].toVariant().toInt();
   return given > 0 ? seconds(given) : usual;
@@ -60,7 +63,8 @@ Tokens AwaitDeviceSignIn(const Service& service, const DeviceCode& code, const P
       if (!isTooFast && refusal.error != "authorization_pending") throw;
       if (isTooFast) interval += slowingDown;
     } catch (const post::ConnectionLost&) {
-      // the user goes on in his browser meanwhile
+      // The user goes on in his browser meanwhile.
+      interval = std::max(interval, std::min(2 * interval, longestOwnInterval));
     }
   }
   throw platform::MailError("The sign-in took too long: please begin again.");

@@ -26,22 +26,34 @@ using platform::MailError;
 
 constexpr const char* fileName = "OAuth clients.ini";
 
-/// Nothing where the file is missing or damaged.
+/// Nothing where there is no such file. Raises AccountRefused with what is wrong with it.
 IniText Content(const std::string& file) {
+  std::string wrong = file + " has a line that is neither a section nor a value";
   try {
-    return IniText::Read(desktop::PosixFiles().Read(file)).value_or(IniText());
-  } catch (const platform::FileError&) {
-    return {};
+    if (!desktop::PosixFiles().Exists(file)) return {};
+    if (auto content = IniText::Read(desktop::PosixFiles().Read(file))) return *std::move(content);
+  } catch (const platform::FileError& error) {
+    wrong = error.what();
   }
+  throw post::AccountRefused("The client identifiers can't be looked up: " + wrong + '.');
 }
 
-/// The first file that has a client of that name.
+/// The first file that has a client of that name. Raises as Content does.
 std::optional<IniText> ClientsWith(const std::string& name, const ClientFiles& files) {
   for (const std::string& file : files) {
     IniText content = Content(file);
     if (!content.Value(name, "ClientId").value_or("").empty()) return content;
   }
   return std::nullopt;
+}
+
+/// Files that can't be read may have it: whoever asks for it then hears what is wrong with them.
+bool MayHave(const std::string& name, const ClientFiles& files) {
+  try {
+    return ClientsWith(name, files).has_value();
+  } catch (const MailError&) {
+    return true;
+  }
 }
 
 constexpr struct {
@@ -63,12 +75,13 @@ constexpr struct {
     {"device_authorization_endpoint", &Service::device},
 };
 
-/// Where an issuer's metadata may lie. RFC 8414 puts its place ahead of the issuer's own path.
+/// Where an issuer's metadata may lie. RFC 8414 puts its place ahead of the issuer's own path,
+/// whose last slash doesn't count there.
 std::vector<std::string> PlacesOfMetadata(const std::string& issuer) {
   const QUrl url(QString::fromStdString(issuer));
   const std::string root = url.toString(QUrl::RemovePath).toStdString();
-  const std::string path = url.path(QUrl::FullyEncoded).toStdString();
-  const std::string below = path == "/" ? "" : path;
+  std::string below = url.path(QUrl::FullyEncoded).toStdString();
+  if (below.ends_with('/')) below.pop_back();
   return {root + "/.well-known/oauth-authorization-server" + below,
           root + below + "/.well-known/openid-configuration"};
 }
@@ -83,11 +96,15 @@ QJsonObject MetadataAt(const std::string& place, const std::string& issuer,
 }
 
 bool HasSecret(const std::string& file) {
-  const IniText content = Content(file);
-  const auto groups = content.Groups();
-  return std::any_of(groups.begin(), groups.end(), [&content](const std::string& group) {
-    return content.Value(group, "ClientSecret").has_value();
-  });
+  try {
+    const IniText content = Content(file);
+    const auto groups = content.Groups();
+    return std::any_of(groups.begin(), groups.end(), [&content](const std::string& group) {
+      return content.Value(group, "ClientSecret").has_value();
+    });
+  } catch (const MailError&) {
+    return false;
+  }
 }
 
 bool IsOwnAndOpen(const std::string& file) {
@@ -107,7 +124,7 @@ std::string ServiceNameFor(const post::MailAccount& account, const ClientFiles& 
   std::string known = post::SignInOf(account);
   if (!known.empty()) return known;
   for (const std::string& name : {post::DomainOf(account.MyAddress), account.ImapHost}) {
-    if (!name.empty() && ClientsWith(name, files)) return name;
+    if (!name.empty() && MayHave(name, files)) return name;
   }
   return {};
 }

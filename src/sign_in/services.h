@@ -45,9 +45,11 @@ using ClientFiles = std::vector<std::string>;
 ClientFiles UsualClientFiles(const std::string& settingsFile);
 
 /// What the account's provider calls its sign-in; blank where it has none, or nobody knows of it.
+/// Not blank where a file can't be read that may know of it.
 std::string ServiceNameFor(const post::MailAccount& account, const ClientFiles& files);
 
-/// Without what its issuer tells. Raises MailError with a sentence on what is missing.
+/// Without what its issuer tells. Raises MailError with a sentence on what is missing, or what is
+/// wrong with a file.
 Service ServiceNamed(const std::string& name, const ClientFiles& files);
 
 /// With what its issuer tells about it, where that is needed. May wait. Raises MailError.

@@ -34,6 +34,13 @@ std::string SentenceFor(const std::string& error, const QJsonObject& answer,
   return provider + " refuses the sign-in: " + (words.empty() ? error : words);
 }
 
+/// What may pass by itself: the provider isn't at his best, or it wasn't he who answered.
+bool Passes(long status, const std::string& error) {
+  constexpr long tooSlow = 408, tooMany = 429;
+  const bool isRefusal = status >= 400 && status < 500 && status != tooSlow && status != tooMany;
+  return !isRefusal || error == "temporarily_unavailable";
+}
+
 /// A token travels in a line of a mail session.
 std::string TokenOf(const QJsonObject& answer, const QString& name) {
   const std::string token = answer[name].toString().toStdString();
@@ -52,13 +59,13 @@ QJsonObject AskProvider(const Service& service, const std::string& url, Fields f
   QJsonObject content = QJsonDocument::fromJson(QByteArray::fromStdString(answer.content)).object();
   if (answer.status == 200 && !content.isEmpty()) return content;
   const std::string error = TextOf(content, u"error"_s);
-  const bool passes = answer.status >= 500 || answer.status == 429 || error.empty() ||
-                      error == "temporarily_unavailable";
-  if (passes) {
-    throw post::ConnectionLost(service.name + " can't sign you in just now (" +
-                               std::to_string(answer.status) + "): it is tried again.");
+  const std::string status = " (" + std::to_string(answer.status) + ").";
+  if (Passes(answer.status, error)) {
+    throw post::ConnectionLost(service.name + " can't sign you in just now" + status);
   }
-  throw GrantRefused(SentenceFor(error, content, service.name), error);
+  throw GrantRefused(error.empty() ? service.name + " refuses the sign-in" + status
+                                   : SentenceFor(error, content, service.name),
+                     error);
 }
 
 Tokens AskForTokens(const Service& service, const Fields& fields, const post::Patience& patience) {

@@ -18,20 +18,19 @@ constexpr std::size_t greatestAnswer = 256u << 10;
 
 QUrl UrlOf(const std::string& text) { return QUrl(QString::fromStdString(text), QUrl::StrictMode); }
 
-/// Secrets go out only encrypted; on this machine there is nobody to read along.
-bool MayBeAsked(const QUrl& url) {
-  const bool isHere = url.host() == QLatin1StringView("127.0.0.1");
-  return url.scheme() == QLatin1StringView("https") ||
-         (isHere && url.scheme() == QLatin1StringView("http"));
+/// On this machine there is nobody to read along.
+bool IsSafe(const QUrl& url) {
+  if (url.host() == QLatin1StringView("127.0.0.1") && url.scheme() == QLatin1StringView("http")) {
+    return true;
+  }
+  return url.scheme() == QLatin1StringView("https") && !url.host().isEmpty();
 }
 
 class Request {
  public:
   Request(const std::string& url, const post::Patience& patience)
       : host_(UrlOf(url).host().toStdString()), curl_(curl_easy_init(), curl_easy_cleanup) {
-    if (!MayBeAsked(UrlOf(url))) {
-      throw platform::MailError("The address \"" + url + "\" can't be asked for a sign-in.");
-    }
+    RequireSafe(url);
     const auto silence = static_cast<long>(patience.Silence().count());
     Set(CURLOPT_URL, url.c_str());
     Set(CURLOPT_PROTOCOLS_STR, "http,https");
@@ -109,6 +108,11 @@ std::string Percent(const std::string& text) {
 }
 
 }  // namespace
+
+void RequireSafe(const std::string& url) {
+  if (IsSafe(UrlOf(url))) return;
+  throw platform::MailError("The address \"" + url + "\" can't be asked for a sign-in.");
+}
 
 std::string Encoded(const Fields& fields) {
   std::string encoded;

@@ -20,8 +20,12 @@ struct WebAnswer {
   std::string content;
 };
 
+/// Raises MailError for an address that a sign-in has no business at: secrets go out only encrypted,
+/// or to this machine itself.
+void RequireSafe(const std::string& url);
+
 // Not for the window's thread. Both raise ConnectionLost where nobody answers, CertificateRefused
-// where it is a stranger, and MailError for an address that can't be asked.
+// where it is a stranger, and what RequireSafe does.
 WebAnswer Get(const std::string& url, const post::Patience& patience);
 WebAnswer PostForm(const std::string& url, const Fields& fields, const post::Patience& patience);
 

@@ -27,6 +27,16 @@ QColor Mixed(const QColor& one, const QColor& other, float share) {
                           mix(one.blueF(), other.blueF()));
 }
 
+/// With the smallest share of the text's colour, from `least` on, that is legible.
+QColor LegiblyMixed(const QColor& text, const QColor& other, float least, const QColor& ground) {
+  constexpr float step = 0.05F;
+  for (float share = least; share < 1; share += step) {
+    const QColor mixed = Mixed(text, other, share);
+    if (Contrast(mixed, ground) >= legibleContrast) return mixed;
+  }
+  return text;
+}
+
 /// What is made of a text and the ground on which it stands.
 struct FaintText {
   QPalette::ColorGroup group;
@@ -76,12 +86,12 @@ double Contrast(const QColor& one, const QColor& other) {
 }
 
 QColor LegiblyFaint(const QColor& text, const QColor& ground) {
-  constexpr float half = 0.5F, step = 0.05F;
-  for (float share = half; share < 1; share += step) {
-    const QColor mixed = Mixed(text, ground, share);
-    if (Contrast(mixed, ground) >= legibleContrast) return mixed;
-  }
-  return text;
+  constexpr float half = 0.5F;
+  return LegiblyMixed(text, ground, half, ground);
+}
+
+QColor LegiblyColoured(const QColor& colour, const QColor& text, const QColor& ground) {
+  return LegiblyMixed(text, colour, 0, ground);
 }
 
 void KeepFaintTextLegible() {

@@ -15,6 +15,9 @@ double Contrast(const QColor& one, const QColor& other);
 /// the text's own colour where there is none.
 QColor LegiblyFaint(const QColor& text, const QColor& ground);
 
+/// `colour`, with as much of the text's own in it as makes it legible.
+QColor LegiblyColoured(const QColor& colour, const QColor& text, const QColor& ground);
+
 /// Hints in empty fields and what is grey stay legible, whatever palette the desktop has and
 /// changes to. Until the application ends.
 void KeepFaintTextLegible();

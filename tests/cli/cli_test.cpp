@@ -242,6 +242,14 @@ TEST_F(CliTest, AMailAccountIsSetUpFromItsAddress) {
     EXPECT_EQ((answer.out + answer.err).find("hunter"), std::string::npos);
     return answer.out.find("\"PasswordKept\":true}") != std::string::npos;
   };
+  const auto signsIn = [this](const char* change) {
+    return As("anna", {"account", "set", change}).out.find(R"("SignIn":"Google")") !=
+           std::string::npos;
+  };
+  As("anna", {"account", "set", "MyAddress=anna@gmail.com"});
+  EXPECT_TRUE(signsIn("SignIn=Google"));
+  EXPECT_TRUE(signsIn("MyAddress=anna.m@gmail.com"));
+  EXPECT_FALSE(signsIn("MyAddress=anna@gmx.at")) << "another provider's";
   EXPECT_TRUE(kept({"account", "set", "--password"}, "hunter2 %|ü\nmore\n"));
   EXPECT_FALSE(kept({"account", "set", "ImapHost=127.0.0.1"})) << "another server's";
   EXPECT_TRUE(kept({"account", "set", "ImapPort=1", "--password"}, "hunter3"));

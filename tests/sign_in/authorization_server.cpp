@@ -57,10 +57,11 @@ AuthorizationServer::Answer AuthorizationServer::AnswerTo(const QString& path,
                                                           const QUrlQuery& fields) {
   const std::lock_guard lock(mutex_);
   if (path == u"/authorize"_s) return Authorize(fields);
-  if (path.startsWith(u"/.well-known"_s)) {
-    return {path.endsWith(u"openid-configuration"_s) ? 200 : 404,
-            R"({"issuer":")" + Url("") + R"(","authorization_endpoint":")" + Url("/authorize") +
-                R"(","token_endpoint":")" + Url("/token") + "\"}"};
+  if (path.contains(u"/.well-known"_s)) {
+    const bool isTenant = path == u"/.well-known/oauth-authorization-server/tenant"_s;
+    return {isTenant || path.endsWith(u"openid-configuration"_s) ? 200 : 404,
+            R"({"issuer":")" + Url(isTenant ? "/tenant/" : "") + R"(","authorization_endpoint":")" +
+                Url("/authorize") + R"(","token_endpoint":")" + Url("/token") + "\"}"};
   }
   ++asked_;
   if (said_.empty()) return Give(fields);

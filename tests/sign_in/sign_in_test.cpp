@@ -124,6 +124,18 @@ TEST_F(SignInTest, OnlyTheRightVisitorWithTheRightProofEndsTheWait) {
   }
 }
 
+TEST_F(SignInTest, TheBrowserIsSentToSafePlacesOnly) {
+  for (const char* place : {"file:///usr/bin/xterm", "http://home.org", "https:", "mailto:a@b"}) {
+    Service service = Home();
+    service.authorize = place;
+    const OpenBrowser open = [](const std::string& url) {
+      ADD_FAILURE() << url;
+      return false;
+    };
+    EXPECT_THROW(SignInByBrowser(service, "", open, patience_), MailError);
+  }
+}
+
 TEST_F(SignInTest, ADeviceAsksAtThePaceOfTheProvider) {
   const auto error = [](const char* word) { return std::string(R"({"error":")") + word + "\"}"; };
   const struct {
@@ -136,7 +148,8 @@ TEST_F(SignInTest, ADeviceAsksAtThePaceOfTheProvider) {
         {503, "down"},
         {200, R"({"access_token":"a","refresh_token":"r"})"}},
        "",
-       {2, 2, 7, 7}},
+       {2, 2, 7, 14}},
+      {{{400, "no form"}}, "home.org refuses the sign-in (400).", {2}},
       {{{400, error("access_denied")}}, "The sign-in was refused at home.org.", {2}},
       {{{400, error("expired_token")}}, "The sign-in took too long: please begin again.", {2}},
       {{{200, R"({"access_token":"a"})"}}, "home.org gave no sign-in that lasts.", {2}},
@@ -216,6 +229,9 @@ TEST_F(SignInTest, WhatIsMissingIsSaid) {
   EXPECT_EQ(ServiceNameFor(account_, {}), "");
   account_.ImapHost = "IMAP.gmail.com";
   EXPECT_EQ(ServiceNameFor(account_, {}), "Google");
+  Service slashed = ServiceNamed("home.org", files_);
+  slashed.issuer += "/tenant/";
+  EXPECT_EQ(WithMetadata(slashed, patience_).token, server_.Url("/token"));
   Service foreign = ServiceNamed("home.org", files_);
   foreign.issuer += "/other";
   EXPECT_THROW(WithMetadata(foreign, patience_), MailError) << "it speaks for another issuer";
@@ -227,6 +243,13 @@ TEST_F(SignInTest, WhatIsMissingIsSaid) {
   EXPECT_EQ(RemarkOn(files_), "");
   ::chmod(files_.front().c_str(), 0644);
   EXPECT_NE(RemarkOn(files_), "");
+  WriteFile(files_.front(), "[home.org]\nClientId\n");
+  EXPECT_EQ(ServiceNameFor(account_, files_), "Google");
+  account_.ImapHost = "";
+  EXPECT_EQ(ServiceNameFor(account_, files_), "home.org") << "it may be there";
+  EXPECT_EQ(ProblemOf([&] { ServiceNamed("home.org", files_); }),
+            "The client identifiers can't be looked up: " + files_.front() +
+                " has a line that is neither a section nor a value.");
 }
 
 }  // namespace

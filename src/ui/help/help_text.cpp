@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "widgets/contrast.h"
+
 namespace ui {
 
 using namespace Qt::StringLiterals;
@@ -45,9 +47,13 @@ HelpText::HelpText(const HelpBook& book, QWidget* parent) : QTextBrowser(parent)
   setFrameShape(QFrame::StyledPanel);
 }
 
-/// Links have the colour of the window that shows them.
+/// Links have the colour of the window that shows them, as far as it can be read: some desktops
+/// have palettes of high contrast, and the toolkit's usual dark blue among them.
 void HelpText::Style() {
-  document()->setDefaultStyleSheet(pageStyle.arg(palette().color(QPalette::Link).name()));
+  const QColor link =
+      LegiblyColoured(palette().color(QPalette::Link), palette().color(QPalette::Text),
+                      palette().color(QPalette::Base));
+  document()->setDefaultStyleSheet(pageStyle.arg(link.name()));
 }
 
 void HelpText::changeEvent(QEvent* event) {

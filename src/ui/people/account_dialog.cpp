@@ -476,13 +476,15 @@ void AccountDialog::Test() {
     return;
   }
   outcome_->ShowBusy(u"Signing on at your mail service..."_s);
-  help_.test(Answer(), [dialog = QPointer(this), test = ++tests_](const std::string& problem) {
-    if (dialog) dialog->TellOutcome(test, problem);
+  help_.test(Answer(), [dialog = QPointer(this), test = ++tests_](const std::string& problem,
+                                                                  bool wantsSignIn) {
+    if (dialog) dialog->TellOutcome(test, problem, wantsSignIn);
   });
 }
 
-void AccountDialog::TellOutcome(int test, const std::string& problem) {
+void AccountDialog::TellOutcome(int test, const std::string& problem, bool wantsSignIn) {
   if (!testing_ || test != tests_) return;
+  if (problem.empty() || wantsSignIn) signIn_->TellLapsed(wantsSignIn);
   Refresh();
   if (problem.empty()) {
     outcome_->ShowSuccess(u"It works: mail can be fetched and sent."_s);

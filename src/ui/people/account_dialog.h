@@ -71,7 +71,7 @@ class AccountDialog : public QDialog {
   void FitHeight();
   void Browse();
   void Test();
-  void TellOutcome(int test, const std::string& problem);
+  void TellOutcome(int test, const std::string& problem, bool wantsSignIn);
   void SignIn();
   void TellSignedIn(const std::string& problem);
 

@@ -35,8 +35,8 @@ struct AccountHelp {
   std::function<bool(const MailAccount&)> hasKeptPassword;
 
   /// Tries the account out, without making anybody wait, and tells in a sentence what is wrong with
-  /// it; a blank one where nothing is.
-  using Told = std::function<void(const std::string& problem)>;
+  /// it, and whether a new sign-in would mend that; a blank one where nothing is.
+  using Told = std::function<void(const std::string& problem, bool wantsSignIn)>;
   std::function<void(const AccountAnswer&, Told)> test;
 
   /// Whose sign-in in the browser may stand for the account's password, and what keeps it from it.
@@ -48,12 +48,17 @@ struct AccountHelp {
   std::function<SignInOffer(const MailAccount&)> signInOffer;
 
   /// Has the user sign in with his browser, without making anybody wait, and tells what is to be
-  /// kept in the place of a password, or what was wrong. One begun before ends.
+  /// kept in the place of a password, or what was wrong. Ahead of that it tells where the browser
+  /// was sent: desktops don't say whether one came up. One begun before ends.
+  using Sent = std::function<void(const std::string& url)>;
   using SignedIn = std::function<void(const std::string& secret, const std::string& problem)>;
-  std::function<void(const MailAccount&, const std::string& name, SignedIn)> signIn;
+  std::function<void(const MailAccount&, const std::string& name, Sent, SignedIn)> signIn;
 
   /// What was begun interests nobody any more.
   std::function<void()> giveUp;
+
+  /// The provider takes the sign-in that stands for the password so far no more.
+  bool signInHasLapsed = false;
 };
 
 }  // namespace ui

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/people/sign_in_rows.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 
@@ -15,21 +18,41 @@ namespace ui {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// As wide as its caption, at the left of its row, which looks at that when it is made.
+QPushButton* NewSignInButton() {
+  QPushButton* button = NewDialogButton(u"SignInButton"_s, u"Sign in with the b&rowser..."_s);
+  button->setToolTip(u"Opens your provider's own page in your browser"_s);
+  button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  return button;
+}
+
+}  // namespace
+
 SignInRows::SignInRows(FormRows* form, const AccountHelp& help, std::string name, QObject* parent)
     : QObject(parent),
       form_(form),
       help_(help),
       name_(std::move(name)),
-      button_(NewDialogButton(u"SignInButton"_s, u"Sign in with the b&rowser..."_s)),
+      hasLapsed_(help.signInHasLapsed),
+      button_(NewSignInButton()),
       note_(new QLabel),
+      page_(new QLineEdit),
+      copy_(NewDialogButton(u"CopySignInPage"_s, u"&Copy"_s)),
       buttonRow_(form->AddRow(u"Or sign in:"_s, {button_})),
-      noteRow_(form->AddRow({}, {note_})) {
-  button_->setToolTip(u"Opens your provider's own page in your browser"_s);
-  button_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+      noteRow_(form->AddRow({}, {note_})),
+      pageRow_(form->AddRow(u"Its pag&e:"_s, {page_, copy_})) {
   connect(button_, &QPushButton::clicked, this, &SignInRows::Pressed);
   note_->setObjectName(u"SignInNote"_s);
   note_->setTextFormat(Qt::PlainText);
   note_->setWordWrap(true);
+  page_->setObjectName(u"SignInPage"_s);
+  page_->setReadOnly(true);
+  copy_->setToolTip(u"Takes the address of the page into the clipboard"_s);
+  connect(copy_, &QPushButton::clicked, page_,
+          [this] { QGuiApplication::clipboard()->setText(page_->text()); });
+  form->ShowRow(pageRow_, false);
 }
 
 void SignInRows::ShowFor(const MailAccount& account, bool wanted) {
@@ -37,10 +60,30 @@ void SignInRows::ShowFor(const MailAccount& account, bool wanted) {
   // A sign-in is good at one provider only.
   if (wanted && name_ != offer_.name) name_ = secret_ = "";
   button_->setEnabled(offer_.isReady);
+  ShowNote();
+  for (const int row : {buttonRow_, noteRow_}) form_->ShowRow(row, wanted && !offer_.name.empty());
+}
+
+void SignInRows::ShowNote() {
   const std::string standing = name_.empty() ? "At " + offer_.name + ", instead of a password."
+                               : hasLapsed_  ? offer_.name + " wants you to sign in again."
                                              : "You are signed in at " + offer_.name + ".";
   note_->setText(Shown(offer_.isReady ? standing + ' ' + offer_.remark : offer_.remark));
-  for (const int row : {buttonRow_, noteRow_}) form_->ShowRow(row, wanted && !offer_.name.empty());
+  form_->ShowRow(pageRow_, false);
+}
+
+void SignInRows::ShowPage(int number, const std::string& url) {
+  if (!isUnderWay_ || number != number_) return;
+  note_->setText(
+      u"Did no browser come up? Then copy the page's address into one on this computer."_s);
+  page_->setText(AsItIs(url));
+  page_->setCursorPosition(0);
+  form_->ShowRow(pageRow_, true);
+}
+
+void SignInRows::TellLapsed(bool hasLapsed) {
+  hasLapsed_ = hasLapsed;
+  ShowNote();
 }
 
 void SignInRows::ShowCaption(bool isAgain) {
@@ -51,15 +94,20 @@ void SignInRows::ShowCaption(bool isAgain) {
 void SignInRows::Begin(const MailAccount& account) {
   isUnderWay_ = true;
   button_->setText(u"Stop waiting fo&r it"_s);
-  help_.signIn(account, offer_.name,
-               [rows = QPointer(this), number = ++number_, name = offer_.name](
+  const auto show = [rows = QPointer(this), number = ++number_](const std::string& url) {
+    if (rows) rows->ShowPage(number, url);
+  };
+  help_.signIn(account, offer_.name, show,
+               [rows = QPointer(this), number = number_, name = offer_.name](
                    const std::string& secret, const std::string& problem) {
                  if (rows) rows->TakeEnd(number, name, secret, problem);
                });
 }
 
 void SignInRows::GiveUp() {
-  if (std::exchange(isUnderWay_, false)) help_.giveUp();
+  if (!std::exchange(isUnderWay_, false)) return;
+  help_.giveUp();
+  ShowNote();
 }
 
 void SignInRows::TakeEnd(int number, const std::string& name, const std::string& secret,
@@ -69,6 +117,7 @@ void SignInRows::TakeEnd(int number, const std::string& name, const std::string&
   if (problem.empty()) {
     name_ = name;
     secret_ = secret;
+    hasLapsed_ = false;
   }
   Q_EMIT Ended(problem);
 }

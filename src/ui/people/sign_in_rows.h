@@ -10,6 +10,7 @@
 #include "ui/people/account_help.h"
 
 class QLabel;
+class QLineEdit;
 class QPushButton;
 
 namespace ui {
@@ -36,6 +37,9 @@ class SignInRows : public QObject {
   /// Shows what the account's provider offers beside a password; nothing where `wanted` is false.
   void ShowFor(const MailAccount& account, bool wanted);
 
+  /// Whether the provider takes the sign-in that stands for the password no more.
+  void TellLapsed(bool hasLapsed);
+
   /// `isAgain` where a sign-in stands for the password already.
   void ShowCaption(bool isAgain);
 
@@ -51,6 +55,8 @@ class SignInRows : public QObject {
   void Ended(const std::string& problem);
 
  private:
+  void ShowNote();
+  void ShowPage(int number, const std::string& url);
   void TakeEnd(int number, const std::string& name, const std::string& secret,
                const std::string& problem);
 
@@ -59,12 +65,16 @@ class SignInRows : public QObject {
   AccountHelp::SignInOffer offer_;
   std::string name_;
   std::string secret_;
+  bool hasLapsed_;
   bool isUnderWay_ = false;
   int number_ = 0;  // of the last one; an older one's end interests nobody
   QPushButton* button_;
   QLabel* note_;
+  QLineEdit* page_;
+  QPushButton* copy_;
   int buttonRow_;
   int noteRow_;
+  int pageRow_;
 };
 
 }  // namespace ui

@@ -287,6 +287,8 @@ TEST(LegiblyFaintTest, AHintIsFainterThanTheTextAndLegible) {
     EXPECT_NE(faint, QColor(QString::fromUtf8(text))) << ground;
     EXPECT_GE(Contrast(faint, QString::fromUtf8(ground)), legibleContrast) << ground;
   }
+  EXPECT_EQ(LegiblyColoured(Qt::blue, Qt::black, Qt::white), QColor(Qt::blue));
+  EXPECT_GE(Contrast(LegiblyColoured(Qt::blue, Qt::yellow, Qt::black), Qt::black), legibleContrast);
 }
 
 }  // namespace

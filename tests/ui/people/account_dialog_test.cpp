@@ -47,7 +47,9 @@ class AccountDialogTest : public testing::Test {
         [this](const MailAccount& account) {
           return account.ImapHost == "imap.known.org" ? offer_ : AccountHelp::SignInOffer{};
         },
-        [this](const MailAccount&, const std::string&, AccountHelp::SignedIn signedIn) {
+        [this](const MailAccount&, const std::string&, AccountHelp::Sent sent,
+               AccountHelp::SignedIn signedIn) {
+          sent("https://known.org/page");
           signedIn_.push_back(std::move(signedIn));
         },
         [this] { ++givenUp_; }};
@@ -205,7 +207,7 @@ TEST_F(AccountDialogTest, ATestTellsWhatItFoundUntilSomethingIsChanged) {
   EXPECT_EQ(tested_.at(0).account, Account());
   EXPECT_EQ(tested_.at(0).password, "geheim");
   EXPECT_TRUE(CanGoOn()) << "nobody has to wait for it";
-  told_.at(0)("<b>Wrong</b> password.");
+  told_.at(0)("<b>Wrong</b> password.", false);
   EXPECT_EQ(Outcome(), u"<b>Wrong</b> password."_s);
   Type("Password", "besser");
   EXPECT_EQ(Outcome(), u""_s);
@@ -214,15 +216,15 @@ TEST_F(AccountDialogTest, ATestTellsWhatItFoundUntilSomethingIsChanged) {
   const QString busy = Outcome();
   Press("TestButton");  // which stops it now
   EXPECT_NE(Outcome(), busy);
-  told_.at(1)("Too late.");
+  told_.at(1)("Too late.", false);
   EXPECT_EQ(Outcome(), u""_s) << "a test that was stopped has nothing to say";
   Press("TestButton");
-  told_.at(2)("");
+  told_.at(2)("", false);
   EXPECT_TRUE(Outcome().startsWith(u"It works"_s));
 
   Press("TestButton");
   dialog_.reset();
-  told_.at(3)("Nobody is there to hear it.");
+  told_.at(3)("Nobody is there to hear it.", false);
 }
 
 TEST_F(AccountDialogTest, KeysDoEverything) {
@@ -248,7 +250,9 @@ TEST_F(AccountDialogTest, ASignInStandsForThePasswordAtItsProvider) {
   OpenMailbox("anna@known.org");
   dialog_->BeginSignIn();
   EXPECT_FALSE(CanGoOn());
+  EXPECT_TRUE(Shows("SignInPage")) << "a browser that doesn't come up tells nobody";
   Press("SignInButton");
+  EXPECT_FALSE(Shows("SignInPage"));
   EXPECT_EQ(givenUp_, 1) << "the second click ends it";
   signedIn_.at(0)("too late", "");
   EXPECT_EQ(Account().SignIn, "");
@@ -260,6 +264,14 @@ TEST_F(AccountDialogTest, ASignInStandsForThePasswordAtItsProvider) {
   EXPECT_TRUE(CanGoOn());
   EXPECT_EQ(Account().SignIn, "Known");
   EXPECT_EQ(dialog_->Answer().password, "secret");
+  const auto says = [this](const char* note) {
+    return Find<QLabel>(*dialog_, "SignInNote").text().contains(QLatin1StringView(note));
+  };
+  for (const bool isRefused : {false, true, false}) {
+    Press("TestButton");
+    told_.back()(isRefused ? "Please sign in again." : "", isRefused);
+    EXPECT_EQ(says("You are signed in"), !isRefused);
+  }
   Type("Password", "typed");
   EXPECT_EQ(Account().SignIn, "");
   EXPECT_EQ(dialog_->Answer().password, "typed");

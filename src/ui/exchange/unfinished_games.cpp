@@ -34,7 +34,7 @@ constexpr int highest = 520;
 
 /// Whoever plays has fewer opponents; a collection of others' games may have very many.
 constexpr std::size_t mostRows = 100;
-constexpr const char16_t* tooMany = u" Only the first 100 opponents can be told.";
+constexpr const char16_t* tooMany = u" Only the first 100 opponents stand here.";
 
 /// "Game 3 isn't finished.", "Games 1, 2 and 5 aren't finished."
 QString Sentence(const std::vector<int>& numbers) {

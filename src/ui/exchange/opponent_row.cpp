@@ -90,8 +90,9 @@ void OpponentRow::TakeSide(rules::Side own) {
 
 void OpponentRow::ChooseOwnName(const std::string& name) {
   if (!white_ || OwnSide() != rules::NoSide || name.empty()) return;
-  if (opponents_.front().name == name) TakeSide(rules::White);
-  if (opponents_.back().name == name) TakeSide(rules::Black);
+  const bool isWhite = opponents_.front().name == name;
+  const bool isBlack = opponents_.back().name == name;
+  if (isWhite != isBlack) TakeSide(isWhite ? rules::White : rules::Black);
 }
 
 /// What the user has typed stays.

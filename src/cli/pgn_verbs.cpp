@@ -16,6 +16,7 @@
 #include "platform/settings_store.h"
 #include "post/accounts/mail_account.h"
 #include "store/queries.h"
+#include "study/imported_notes.h"
 
 namespace cli {
 namespace {
@@ -41,7 +42,9 @@ std::vector<std::int32_t> GameNumbers(const Arguments& arguments) {
 struct ReadFile {
   std::string name;
   pgn::ImportedGames games;
-  std::vector<int> known = {};  ///< numbers of those that were there before
+  std::vector<int> known = {};             ///< numbers of those that were there before
+  std::optional<std::int32_t> first = {};  ///< the number of the first one that was taken
+  bool areNotesKept = false;
 };
 
 template <typename Read>
@@ -59,9 +62,10 @@ int GoodGames(const ReadFile& file) {
   return file.games.count - static_cast<int>(file.games.refused.size());
 }
 
-/// `next` is the number of the first game that was taken; none where the games were only checked.
-void PrintGames(const ReadFile& file, std::optional<std::int32_t>& next) {
+void PrintGames(const ReadFile& file) {
   auto refused = file.games.refused.begin();
+  auto note = file.games.notes.begin();
+  auto next = file.first;
   for (int number = 1; number <= file.games.count; ++number) {
     JsonObject answer;
     answer.Add("file", file.name).Add("number", number);
@@ -74,22 +78,24 @@ void PrintGames(const ReadFile& file, std::optional<std::int32_t>& next) {
     } else {
       answer.Add("ok", true).Add("game", next);
       if (next) ++*next;
-      if (std::ranges::binary_search(file.games.withoutComments, number)) {
-        answer.Add("why", "taken without its comments");
+      if (note != file.games.notes.end() && note->number == number) {
+        answer.Add("why", file.areNotesKept ? "its comments are in your private note"
+                                            : "taken without its comments");
       }
     }
+    if (note != file.games.notes.end() && note->number == number) ++note;
     std::cout << answer.Text() << '\n';
   }
   std::cout.flush();
 }
 
 /// True where there were games, and all were taken.
-bool PrintAll(const std::vector<ReadFile>& files, std::optional<std::int32_t> next) {
+bool PrintAll(const std::vector<ReadFile>& files) {
   int count = 0;
   int good = 0;
   bool allHoldGames = true;
   for (const ReadFile& file : files) {
-    PrintGames(file, next);
+    PrintGames(file);
     count += file.games.count;
     good += GoodGames(file);
     if (file.games.count > 0) continue;
@@ -107,7 +113,7 @@ bool CheckGames(const std::vector<std::string>& names) {
   files.reserve(names.size());
   for (const std::string& name : names) files.push_back(ReadGamesOf(name, pgn::CheckGames));
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-  const bool allGood = PrintAll(files, {});
+  const bool allGood = PrintAll(files);
   int count = 0;
   int good = 0;
   for (const ReadFile& file : files) {
@@ -131,6 +137,18 @@ Refusal SavingRefusal(const std::string& why) {
   const std::string sentence = "The games can't be saved.";
   const Refusal refusal = GameFileRefusal(sentence);
   return refusal.what() == sentence ? Refusal(sentence + " The cause: " + why + ".") : refusal;
+}
+
+void Store(const store::NewGames& taken, std::vector<ReadFile>& files,
+           const pgn::ImportOptions& options) {
+  std::string why;
+  auto next = store::AddGames(taken, &why);
+  if (!next) throw SavingRefusal(why);
+  for (ReadFile& file : files) {
+    file.first = next;
+    file.areNotesKept = study::KeepNotesOf(file.games, file.known, *next, options);
+    *next += GoodGames(file) - static_cast<int>(file.known.size());
+  }
 }
 
 }  // namespace
@@ -160,13 +178,10 @@ bool PgnImport(const Call& call) {
     files.back().known = known->LeaveOutOf(files.back().games);
     taken.Append(std::exchange(files.back().games.taken, {}));
   }
-  std::optional<std::int32_t> first;
-  if (taken.Count() > 0) {
-    std::string why;
-    first = store::AddGames(taken, &why);
-    if (!first) throw SavingRefusal(why);
-  }
-  return PrintAll(files, first);
+  if (taken.Count() > 0) Store(taken, files, options);
+  const bool areAllTaken = PrintAll(files);
+  if (!call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
+  return areAllTaken;
 }
 
 }  // namespace cli

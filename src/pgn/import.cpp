@@ -94,12 +94,6 @@ std::string Field(std::string text) {
   return text.empty() ? "?" : text;
 }
 
-std::string StampOf(const platform::LocalTime& now) {
-  std::string stamp = DayOf(now) + platform::ZeroFilled(now.hour, 2);
-  std::erase(stamp, '/');
-  return stamp + platform::ZeroFilled(now.minute, 2);
-}
-
 /// The day of a tag such as "1992.11.??". What isn't known of it is its beginning; of a day without
 /// a year nothing is.
 std::string DateOf(const std::string& tag, const platform::LocalTime& now) {
@@ -129,6 +123,15 @@ std::string AddressIn(const std::string& tag) {
   return tag.find('@') == std::string::npos ? std::string() : WithoutBlanksAround(tag);
 }
 
+/// Why a game isn't taken with such an address of the opponent, as a sentence.
+std::string WhyNotTo(const std::string& address, bool white, bool running) {
+  if (!address.empty()) {
+    const std::string why = WhyNoAddress(address);
+    return why.empty() ? why : (white ? "Its BlackNA " : "Its WhiteNA ") + why + '.';
+  }
+  return running ? "It isn't finished, and your opponent's mail address isn't known." : "";
+}
+
 /// Turns the games of one part of the text into lines of the game file.
 class Importer {
  public:
@@ -150,37 +153,55 @@ class Importer {
   void Take(const GameText& text) {
     ++games_.count;
     PlayedText played = PlayThrough(text, options_ != nullptr);
-    Lack lacks = Lack::Nothing;
-    if (options_ && played.objection.why.empty()) lacks = Keep(text, played);
-    if (played.objection.why.empty()) return;
-    games_.refused.push_back({games_.count, played.objection.ply, std::move(played.objection.move),
-                              std::move(played.objection.why), lacks});
+    Objection& objection = played.objection;
+    PossibleOpponents lacking;
+    if (options_ && objection.why.empty()) lacking = Keep(text, played);
+    if (objection.why.empty()) return;
+    games_.refused.push_back({games_.count, objection.ply, std::move(objection.move),
+                              std::move(objection.why), std::move(lacking)});
   }
 
-  Lack Keep(const GameText& text, PlayedText& played) {
+  /// Whom the user has to be asked about; nobody where he hasn't.
+  PossibleOpponents Keep(const GameText& text, PlayedText& played) {
     const bool running = played.result == runningResult;
-    const bool isOwn = IsOwn(text, true) || IsOwn(text, false);
-    const bool white = isOwn || !running ? PlaysWhite(text) : options_->ownSide != rules::Black;
-    const std::string tag = white ? "BlackNA" : "WhiteNA";
-    std::string address = AddressIn(text.Tag(tag));
-    const std::string why = address.empty() ? std::string() : WhyNoAddress(address);
-    if (address.empty() && running) address = options_->opponent;
-    if (!why.empty()) {
-      played.objection.why = "Its " + tag + ' ' + why + '.';
-      return Lack::Nothing;
-    }
-    Lack lacks = Lack::Nothing;
-    if (running && !isOwn && options_->ownSide == rules::NoSide) {
-      played.objection.why = "It isn't finished, and neither player is you.";
-      lacks = Lack::OwnSide;
-    } else if (running && address.empty()) {
-      played.objection.why = "It isn't finished, and your opponent's mail address isn't known.";
-      lacks = Lack::Address;
-    }
-    store::NewGames& place = lacks == Lack::Nothing ? games_.taken : games_.lacking;
-    place.Add(Record(text, played, white, address), played.moves);
-    if (played.hasLeftComments) games_.withoutComments.push_back(games_.count);
-    return lacks;
+    PossibleOpponents opponents = OpponentsIn(text);
+    const GoingOn* answer = running ? AnswerOn(opponents) : nullptr;
+    const bool isOpen = opponents.size() > 1;
+    const bool white = isOpen && answer ? answer->ownSide == rules::White : PlaysWhite(text);
+    const Player& opponent = white ? opponents.back() : opponents.front();
+    const std::string address = AddressOf(opponent, running, answer);
+    played.objection.why = running && isOpen && !answer
+                               ? "It isn't finished, and neither player is you."
+                               : WhyNotTo(address, white, running);
+    const bool lacks = !played.objection.why.empty();
+    const bool canBeTold = running && (isOpen || address.empty());
+    if (lacks && !canBeTold) return {};
+    (lacks ? games_.lacking : games_.taken).Add(Record(text, played, white, address), played.moves);
+    if (lacks) return opponents;
+    if (running && !address.empty()) games_.addresses.emplace(opponent.name, address);
+    if (!played.note.empty()) games_.notes.push_back({games_.count, std::move(played.note)});
+    return {};
+  }
+
+  PossibleOpponents OpponentsIn(const GameText& text) const {
+    const auto player = [&text](const char* name, const char* address) {
+      return Player{WithoutBlanksAround(text.Tag(name)), AddressIn(text.Tag(address))};
+    };
+    Player white = player("White", "WhiteNA");
+    Player black = player("Black", "BlackNA");
+    if (IsOwn(text, true)) return {std::move(black)};
+    if (IsOwn(text, false)) return {std::move(white)};
+    return {std::move(white), std::move(black)};
+  }
+
+  const GoingOn* AnswerOn(const PossibleOpponents& opponents) const {
+    const auto answer = options_->answers.find(opponents);
+    return answer == options_->answers.end() ? nullptr : &answer->second;
+  }
+
+  std::string AddressOf(const Player& opponent, bool running, const GoingOn* answer) const {
+    if (answer) return answer->address;
+    return running && opponent.address.empty() ? options_->opponent : opponent.address;
   }
 
   bool IsOwn(const GameText& text, bool white) const {
@@ -226,7 +247,11 @@ void Append(ImportedGames& all, ImportedGames&& part) {
     refused.number += all.count;
     all.refused.push_back(std::move(refused));
   }
-  for (const int number : part.withoutComments) all.withoutComments.push_back(number + all.count);
+  for (ImportedNote& note : part.notes) {
+    note.number += all.count;
+    all.notes.push_back(std::move(note));
+  }
+  all.addresses.merge(part.addresses);
   all.count += part.count;
   all.taken.Append(part.taken);
   all.lacking.Append(part.lacking);
@@ -257,6 +282,12 @@ ImportedGames ReadParts(std::istream& text, const ImportOptions* options) {
 std::string DayOf(const platform::LocalTime& moment) {
   return platform::ZeroFilled(moment.day, 2) + '/' + platform::ZeroFilled(moment.month, 2) + '/' +
          platform::ZeroFilled(moment.year, 4);
+}
+
+std::string StampOf(const platform::LocalTime& now) {
+  std::string stamp = DayOf(now) + platform::ZeroFilled(now.hour, 2);
+  std::erase(stamp, '/');
+  return stamp + platform::ZeroFilled(now.minute, 2);
 }
 
 std::string WhyNoAddress(std::string_view text) {

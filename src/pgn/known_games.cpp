@@ -67,8 +67,7 @@ std::vector<int> KnownGames::LeaveOutOf(ImportedGames& games) {
       if (!Take(StoredGame(games.taken, next++), taken)) numbers.push_back(number);
       continue;
     }
-    const bool lacks = refusal->lacks != Lack::Nothing;
-    if (lacks && Knows(StoredGame(games.lacking, lacking++))) {
+    if (refusal->Lacks() && Knows(StoredGame(games.lacking, lacking++))) {
       numbers.push_back(number);
     } else {
       refused.push_back(std::move(*refusal));

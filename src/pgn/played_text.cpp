@@ -236,14 +236,25 @@ class Player {
   /// What is said ahead of the first entry goes to it. In a game that goes on here comments are the
   /// player's own thoughts, which the next mail would carry to the opponent.
   void AddComment(const std::string& text) {
-    if (text_.result == "*" && !text.empty()) {
-      played_.hasLeftComments = true;
+    if (text.empty()) return;
+    if (text_.result == "*") {
+      AddToNote(text);
       return;
     }
     std::string& place = played_.moves.empty() ? opening_ : played_.moves.back().MoveComment;
-    if (text.empty()) return;
     place += (place.empty() ? "" : " ") + text;
     place.resize(mail::FirstCharacters(place, mail::longestComment).size());
+  }
+
+  /// Such as "12... d5: A surprise."
+  void AddToNote(const std::string& text) {
+    if (!played_.note.empty()) played_.note += '\n';
+    if (!played_.moves.empty()) {
+      const store::MoveRecord& entry = played_.moves.back();
+      played_.note += std::to_string((entry.MoveNumber + 1) / 2) +
+                      (entry.MoveNumber % 2 == 1 ? ". " : "... ") + entry.MoveText + ": ";
+    }
+    played_.note += text;
   }
 
   /// What the game says of its end has to be what the board says, where that says anything.

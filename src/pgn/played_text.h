@@ -20,10 +20,10 @@ struct Objection {
 
 struct PlayedText {
   Objection objection;
-  std::string startBoard;        ///< blank for the normal start
-  store::MoveRecords moves;      ///< with the entry that ends the game, where the board doesn't
-  std::string_view result;       ///< of the game, "*" while it is running
-  bool hasLeftComments = false;  ///< out, since a running game's are nobody else's business
+  std::string startBoard;    ///< blank for the normal start
+  store::MoveRecords moves;  ///< with the entry that ends the game, where the board doesn't
+  std::string_view result;   ///< of the game, "*" while it is running
+  std::string note;          ///< what was said in a running game, a line to each comment
 };
 
 /// Plays a game through on the live position. Without `keepMoves` only the objection is filled.

@@ -14,6 +14,9 @@
 
 namespace study {
 
+/// Characters of a note.
+inline constexpr int longestNote = 10000;
+
 /// Numbers of games are given anew; together with the stamp one is a game's own for ever.
 struct GameIdentity {
   std::int32_t number = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "study/study_file.h"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <utility>
@@ -88,6 +89,14 @@ void KeepLines(NotesDatabase& database, const GameIdentity& game,
   }
 }
 
+void KeepChanges(NotesDatabase& database, const GameIdentity& game, const StudyChanges& changes) {
+  if (changes.note) KeepNote(database, game, *changes.note);
+  for (const auto& [position, note] : changes.positionNotes) {
+    KeepPositionNote(database, game, position, note);
+  }
+  if (changes.lines) KeepLines(database, game, *changes.lines);
+}
+
 std::string Sentence(const DatabaseError& error) {
   switch (error.trouble) {
     case Trouble::Newer:
@@ -139,13 +148,14 @@ std::optional<GameStudy> StudyFile::Read(const GameIdentity& game) {
 }
 
 bool StudyFile::Keep(const GameIdentity& game, const StudyChanges& changes) {
-  return Do(!changes.IsBlank(), [&](NotesDatabase& database) {
+  return Keep(std::map<GameIdentity, StudyChanges>{{game, changes}});
+}
+
+bool StudyFile::Keep(const std::map<GameIdentity, StudyChanges>& changes) {
+  const auto isBlank = [](const auto& ofGame) { return ofGame.second.IsBlank(); };
+  return Do(!std::ranges::all_of(changes, isBlank), [&](NotesDatabase& database) {
     database.InOneStep([&] {
-      if (changes.note) KeepNote(database, game, *changes.note);
-      for (const auto& [position, note] : changes.positionNotes) {
-        KeepPositionNote(database, game, position, note);
-      }
-      if (changes.lines) KeepLines(database, game, *changes.lines);
+      for (const auto& [game, ofGame] : changes) KeepChanges(database, game, ofGame);
     });
   });
 }

@@ -14,6 +14,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -36,6 +37,9 @@ class StudyFile {
 
   /// All of the changes, or none of them. False where they couldn't be kept.
   bool Keep(const GameIdentity& game, const StudyChanges& changes);
+
+  /// The same for several games together.
+  bool Keep(const std::map<GameIdentity, StudyChanges>& changes);
 
   /// Why the last of these couldn't be done, in a sentence; blank where it could. Until it can be,
   /// nobody is made to wait for it again.

@@ -22,7 +22,9 @@ void ScrollingPage::Settle() {
 }
 
 int ScrollingPage::heightForWidth(int width) const {
-  return widget()->layout()->totalHeightForWidth(width);
+  const QLayout& content = *widget()->layout();
+  return content.hasHeightForWidth() ? content.totalHeightForWidth(width)
+                                     : content.totalSizeHint().height();
 }
 
 QSize ScrollingPage::sizeHint() const { return widget()->sizeHint(); }

@@ -235,8 +235,7 @@ TEST(ImportTest, AGameThatIsStoredIsLeftOutAlsoWhereItLacksAnAddress) {
       const std::vector<int> known = KnownGames::Stored(options)->LeaveOutOf(games);
       std::string outcome;
       for (const RefusedGame& refused : games.refused) {
-        const bool lacks = refused.lacks == Lack::Address;
-        if (!lacks) outcome += 'r' + std::to_string(refused.number) + ' ';
+        if (!refused.Lacks()) outcome += 'r' + std::to_string(refused.number) + ' ';
       }
       for (const int number : known) outcome += std::to_string(number) + ' ';
       EXPECT_EQ(outcome, row.known);
@@ -247,11 +246,12 @@ TEST(ImportTest, AGameThatIsStoredIsLeftOutAlsoWhereItLacksAnAddress) {
 }
 
 TEST(ImportTest, TheUserSaysWhoHeIsWhereAGameDoesNot) {
-  const std::string text = "[White \"X\"]\n[Black \"Y\"]\n1. e4 *";
+  const std::string text = "[White \"X\"]\n[Black \"Y\"]\n[BlackNA \"y@example.org\"]\n1. e4 *";
   ImportOptions options = annaImports;
-  EXPECT_EQ(Import(text, options).refused.front().lacks, Lack::OwnSide);
+  const PossibleOpponents both = Import(text, options).refused.front().opponents;
+  ASSERT_EQ(both, (PossibleOpponents{{"X", ""}, {"Y", "y@example.org"}}));
   for (const rules::Side side : {rules::White, rules::Black}) {
-    options.ownSide = side;
+    options.answers[both] = {"bob@example.org", side};
     const TakenGame game(Import(text, options).taken, 0);
     EXPECT_EQ(game.record.GAME_HOST, side == rules::White);
     EXPECT_EQ(game.record.GAME_OPPONENTS_EMAIL, "bob@example.org");

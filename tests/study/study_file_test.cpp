@@ -5,11 +5,13 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "desktop/posix_files.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/temporary_folder.h"
 #include "platform/process_state.h"
+#include "study/imported_notes.h"
 
 namespace study {
 namespace {
@@ -55,6 +57,18 @@ TEST_F(StudyFileTest, EachGameHasItsOwnAndTheFileComesWithTheFirstOfThem) {
   EXPECT_EQ(kept.lines, someLines);
   EXPECT_EQ(StudyFile().Read(morning)->note, "");
   EXPECT_TRUE(desktop_.boxes.messages.empty());
+}
+
+TEST_F(StudyFileTest, WhatWasSaidInImportedGamesThatGoOnBecomesTheirNotes) {
+  const pgn::ImportOptions options{"Anna", "", "b@example.org", {2026, 3, 9, 8, 5}};
+  const std::string anna = "[White \"Anna\"]\n";
+  std::istringstream text(anna + "1. e5 *\n\n" + anna + "1. c4 {known} *\n\n" + anna +
+                          "1. e4 {over} 1-0\n\n" + anna +
+                          "{why not} 1. e4 {sharp} e5 {[%clk 1]} 2. Nf3 Nc6 {solid} *");
+  const pgn::ImportedGames games = pgn::ReadGames(text, options);
+  EXPECT_TRUE(KeepNotesOf(games, {2}, 2, options));
+  EXPECT_EQ(file_.Read(evening)->note, "why not\n1. e4: sharp\n2... Nc6: solid");
+  EXPECT_EQ(file_.Read({2, evening.stamp})->note, "");
 }
 
 TEST_F(StudyFileTest, ADamagedFileIsPutAsideAndToldOnce) {

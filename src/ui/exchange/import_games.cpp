@@ -14,6 +14,7 @@
 #include "platform/seams.h"
 #include "store/repair.h"
 #include "store/saving.h"
+#include "study/imported_notes.h"
 #include "ui/exchange/exchange_settings.h"
 #include "ui/exchange/file_reading.h"
 #include "ui/exchange/import_result.h"
@@ -57,7 +58,8 @@ class Import {
       return std::nullopt;
     }
     if (games_.taken.Count() > 0 && !Store()) return std::nullopt;
-    ShowResult();
+    const bool areNotesKept = !first_ || study::KeepNotesOf(games_, known_, *first_, options_);
+    ShowResult(areNotesKept);
     return first_;
   }
 
@@ -71,7 +73,7 @@ class Import {
       games_ = pgn::ReadGames(text, options_);
       if (text.bad()) return;
       known_ = pgn::KnownGames(*stored_).LeaveOutOf(games_);
-      if (isAnswered_ || UnfinishedGames(games_.refused).IsEmpty()) AddGames(progress);
+      if (isAnswered_ || UnfinishedGames(games_).IsEmpty()) AddGames(progress);
     });
     if (!reading.why.empty()) Tell(reading.why, true);
     // What is stored already can't be cancelled any more.
@@ -80,13 +82,11 @@ class Import {
 
   /// Whoever doesn't answer gets the other games.
   bool AskAboutUnfinished() {
-    const UnfinishedGames unfinished(games_.refused);
+    const UnfinishedGames unfinished(games_);
     if (unfinished.IsEmpty()) return true;
-    const auto answer = unfinished.Ask(*window_);
+    options_.answers = unfinished.Ask(*window_);
     if (IsOver()) return false;
-    if (!answer) return true;
-    options_.opponent = answer->address;
-    options_.ownSide = answer->ownSide;
+    if (options_.answers.empty()) return true;
     isAnswered_ = true;
     return Read();
   }
@@ -113,9 +113,9 @@ class Import {
     return false;
   }
 
-  void ShowResult() const {
+  void ShowResult(bool areNotesKept) const {
     const int stored = static_cast<int>(games_.taken.Count());
-    const QStringList lines = LeftOutLines(games_.refused, known_, games_.withoutComments);
+    const QStringList lines = LeftOutLines(games_, known_, areNotesKept);
     if (lines.isEmpty()) {
       Tell(store::CountedGames(stored) + " imported from " + name_ + ".", false);
     } else {

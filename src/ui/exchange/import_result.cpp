@@ -91,14 +91,16 @@ class ResultDialog : public QDialog {
 
 }  // namespace
 
-QStringList LeftOutLines(const std::vector<pgn::RefusedGame>& refused,
-                         const std::vector<int>& known, const std::vector<int>& withoutComments) {
+QStringList LeftOutLines(const pgn::ImportedGames& games, const std::vector<int>& known,
+                         bool areKept) {
   std::map<int, QString> lines;
-  for (const int number : withoutComments) {
-    lines[number] = u": taken without its comments, which your next mails would have carried."_s;
+  for (const pgn::ImportedNote& note : games.notes) {
+    lines[note.number] =
+        areKept ? u": its comments are in your private note, and go out with no mail."_s
+                : u": taken without its comments, as your notes couldn't be kept."_s;
   }
   for (const int number : known) lines[number] = u": already there."_s;
-  for (const pgn::RefusedGame& game : refused) {
+  for (const pgn::RefusedGame& game : games.refused) {
     lines[game.number] = MoveText(game) + u": "_s + ShownLine(game.why);
   }
   QStringList texts;

@@ -11,9 +11,10 @@
 
 namespace ui {
 
-/// A line for each game that was refused or is known, by their numbers.
-QStringList LeftOutLines(const std::vector<pgn::RefusedGame>& refused,
-                         const std::vector<int>& known, const std::vector<int>& withoutComments);
+/// A line for each game that was refused or is known, or whose comments were taken out of it, by
+/// their numbers. `areKept` tells whether these are in the notes.
+QStringList LeftOutLines(const pgn::ImportedGames& games, const std::vector<int>& known,
+                         bool areKept);
 
 /// Modal.
 void ShowImportResult(QWidget& window, const QString& heading, const QStringList& lines);

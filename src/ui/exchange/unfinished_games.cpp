@@ -2,19 +2,25 @@
 #include "ui/exchange/unfinished_games.h"
 
 #include <QDialog>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QStringList>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <utility>
+
 #include "platform/help.h"
 #include "skin/look.h"
+#include "ui/exchange/opponent_row.h"
 #include "ui/help/help_key.h"
 #include "widgets/dialog_button.h"
-#include "widgets/typed_text.h"
+#include "widgets/people_completer.h"
+#include "widgets/scrolling_page.h"
 
 namespace ui {
 
@@ -23,7 +29,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t mostNumbers = 8;
-constexpr int usualWidth = 460;
+constexpr int usualWidth = 560;
+constexpr int highest = 520;
+
+/// Whoever plays has fewer opponents; a collection of others' games may have very many.
+constexpr std::size_t mostRows = 100;
+constexpr const char16_t* tooMany = u" Only the first 100 opponents stand here.";
 
 /// "Game 3 isn't finished.", "Games 1, 2 and 5 aren't finished."
 QString Sentence(const std::vector<int>& numbers) {
@@ -39,116 +50,111 @@ QString Sentence(const std::vector<int>& numbers) {
 
 class UnfinishedDialog : public QDialog {
  public:
-  UnfinishedDialog(QWidget& window, const QString& sentence, bool askSide, bool needsAddress)
-      : QDialog(&window),
-        needsAddress_(needsAddress),
-        address_(new QLineEdit),
-        ok_(NewDialogButton(u"OkButton"_s, u"OK"_s)) {
+  UnfinishedDialog(QWidget& window, const QString& sentence,
+                   const std::vector<pgn::PossibleOpponents>& opponents, KnownPeople people)
+      : QDialog(&window), people_(std::move(people)), ok_(NewDialogButton(u"OkButton"_s, u"OK"_s)) {
     setObjectName(u"UnfinishedGames"_s);
     setWindowTitle(u"Import PGN"_s);
     GiveHelpKey(*this, platform::HelpOfGameList);
-    address_->setObjectName(u"Address"_s);
-    address_->setPlaceholderText(u"name@example.org"_s);
-    KeepFitForFields(address_);
-    LayOut(sentence, askSide);
+    LayOut(sentence, NewPage(opponents));
+    Refresh();
     TakeDialogLook(*this);
-    if (askSide) {
-      white_->setFocus();
-    } else {
-      address_->setFocus();
-    }
+    resize(usualWidth, std::min(highest, layout()->totalHeightForWidth(usualWidth)));
+    rows_.front()->TakeFocus();
   }
 
-  UnfinishedAnswer Answer() const {
-    const auto isOn = [](const QRadioButton* side) { return side && side->isChecked(); };
-    const rules::Side side = isOn(white_)   ? rules::White
-                             : isOn(black_) ? rules::Black
-                                            : rules::NoSide;
-    return {address_->text().trimmed().toStdString(), side};
+  UnfinishedGames::Answers Answers() const {
+    UnfinishedGames::Answers answers;
+    for (const auto& row : rows_) {
+      if (!row->IsLeftOut()) answers[row->Opponents()] = row->Answer();
+    }
+    return answers;
   }
 
  private:
-  void LayOut(const QString& sentence, bool askSide) {
+  void LayOut(const QString& sentence, QWidget* page) {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(16, 16, 16, 16);
+    layout->setContentsMargins(0, 16, 0, 16);
     layout->setSpacing(12);
-    AddLabel(*layout, sentence + u" To go on here, Tarvolenix has to know:"_s);
-    if (askSide) AddSides(*layout);
-    AddLabel(*layout, u"W&here do your moves go, where the file has no address?"_s)
-        ->setBuddy(address_);
-    layout->addWidget(address_);
-    AddButtons(*layout);
-    connect(address_, &QLineEdit::textChanged, this, [this] { Refresh(); });
-    Refresh();
-    resize(usualWidth, layout->totalHeightForWidth(usualWidth));
-  }
-
-  void AddSides(QVBoxLayout& layout) {
-    AddLabel(layout, u"Which side is yours, where neither player has your name?"_s);
-    white_ = new QRadioButton(u"&White"_s);
-    black_ = new QRadioButton(u"&Black"_s);
-    white_->setObjectName(u"White"_s);
-    black_->setObjectName(u"Black"_s);
-    auto* sides = new QHBoxLayout;
-    for (QRadioButton* side : {white_, black_}) {
-      sides->addWidget(side);
-      connect(side, &QRadioButton::toggled, this, [this] { Refresh(); });
-    }
-    sides->addStretch();
-    layout.addLayout(sides);
-  }
-
-  static QLabel* AddLabel(QVBoxLayout& layout, const QString& text) {
-    auto* label = new QLabel(text);
+    auto* label = new QLabel(sentence);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    layout.addWidget(label);
-    return label;
+    label->setContentsMargins(16, 0, 16, 0);
+    layout->addWidget(label);
+    layout->addWidget(new ScrollingPage(page), 1);
+    layout->addLayout(NewButtons());
   }
 
-  void AddButtons(QVBoxLayout& layout) {
+  QWidget* NewPage(const std::vector<pgn::PossibleOpponents>& opponents) {
+    auto* page = new QWidget;
+    auto* grid = new QGridLayout(page);
+    grid->setContentsMargins(16, 0, 16, 0);
+    grid->setHorizontalSpacing(12);
+    grid->setColumnStretch(2, 1);
+    const bool asksSide =
+        std::ranges::any_of(opponents, [](const auto& o) { return o.size() > 1; });
+    grid->addWidget(new QLabel(asksSide ? u"Players"_s : u"Opponent"_s), 0, 0);
+    if (asksSide) grid->addWidget(new QLabel(u"You play"_s), 0, 1);
+    grid->addWidget(new QLabel(u"Your moves go to"_s), 0, 2);
+    for (const pgn::PossibleOpponents& each : opponents) AddRow(each, *grid);
+    grid->setRowStretch(grid->rowCount(), 1);
+    return page;
+  }
+
+  void AddRow(const pgn::PossibleOpponents& opponents, QGridLayout& grid) {
+    auto& row = rows_.emplace_back(std::make_unique<OpponentRow>(opponents, people_, grid));
+    connect(row.get(), &OpponentRow::Changed, this, [this] { Refresh(); });
+    connect(row.get(), &OpponentRow::OwnNameChosen, this, [this](const std::string& name) {
+      for (const auto& other : rows_) other->ChooseOwnName(name);
+    });
+  }
+
+  QHBoxLayout* NewButtons() {
     auto* leaveOut = NewDialogButton(u"CancelButton"_s, u"&Leave them out"_s);
     ok_->setDefault(true);
     connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
     connect(leaveOut, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
+    buttons->setContentsMargins(16, 0, 16, 0);
     buttons->setSpacing(8);
     buttons->addStretch();
     buttons->addWidget(leaveOut);
     buttons->addWidget(ok_);
-    layout.addLayout(buttons);
+    return buttons;
   }
 
   void Refresh() {
-    const UnfinishedAnswer answer = Answer();
-    const bool isAddress =
-        answer.address.empty() ? !needsAddress_ : pgn::WhyNoAddress(answer.address).empty();
-    const bool isSide = !white_ || answer.ownSide != rules::NoSide;
-    ok_->setEnabled(isAddress && isSide);
+    const auto isDone = [](const auto& row) { return row->IsLeftOut() || row->IsAnswered(); };
+    const auto isAnswered = [](const auto& row) { return row->IsAnswered(); };
+    ok_->setEnabled(std::ranges::all_of(rows_, isDone) && std::ranges::any_of(rows_, isAnswered));
   }
 
-  const bool needsAddress_;
-  QRadioButton* white_ = nullptr;  // both null where the file tells
-  QRadioButton* black_ = nullptr;
-  QLineEdit* address_;
+  const KnownPeople people_;
+  std::vector<std::unique_ptr<OpponentRow>> rows_;
   QPushButton* ok_;
 };
 
 }  // namespace
 
-UnfinishedGames::UnfinishedGames(const std::vector<pgn::RefusedGame>& refused) {
-  for (const pgn::RefusedGame& game : refused) {
-    if (game.lacks == pgn::Lack::Nothing) continue;
+UnfinishedGames::UnfinishedGames(const pgn::ImportedGames& games) : addresses_(games.addresses) {
+  std::set<pgn::PossibleOpponents> seen;
+  for (const pgn::RefusedGame& game : games.refused) {
+    if (!game.Lacks()) continue;
     numbers_.push_back(game.number);
-    lackSide_ |= game.lacks == pgn::Lack::OwnSide;
-    lackAddress_ |= game.lacks == pgn::Lack::Address;
+    if (seen.insert(game.opponents).second) opponents_.push_back(game.opponents);
   }
 }
 
-std::optional<UnfinishedAnswer> UnfinishedGames::Ask(QWidget& window) const {
-  UnfinishedDialog dialog(window, Sentence(numbers_), lackSide_, lackAddress_);
-  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return dialog.Answer();
+UnfinishedGames::Answers UnfinishedGames::Ask(QWidget& window) const {
+  const std::size_t count = std::min(opponents_.size(), mostRows);
+  const QString sentence = Sentence(numbers_) +
+                           u" To go on here, Tarvolenix has to know where your moves go. Games "
+                           "without an address are left out."_s;
+  UnfinishedDialog dialog(
+      window, count < opponents_.size() ? sentence + QString::fromUtf16(tooMany) : sentence,
+      {opponents_.begin(), opponents_.begin() + static_cast<std::ptrdiff_t>(count)},
+      {addresses_, PeopleOfBook()});
+  return dialog.exec() == QDialog::Accepted ? dialog.Answers() : Answers();
 }
 
 }  // namespace ui

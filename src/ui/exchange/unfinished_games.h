@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The question about games of a file that aren't finished, where it doesn't tell all that is needed
-// to go on with them.
+// to go on with them. Each opponent is asked about once.
 #pragma once
 
 #include <QWidget>
 
-#include <optional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -13,24 +13,21 @@
 
 namespace ui {
 
-struct UnfinishedAnswer {
-  std::string address;  ///< of the opponent
-  rules::Side ownSide = rules::NoSide;
-};
-
 class UnfinishedGames {
  public:
-  explicit UnfinishedGames(const std::vector<pgn::RefusedGame>& refused);
+  using Answers = std::map<pgn::PossibleOpponents, pgn::GoingOn>;
+
+  explicit UnfinishedGames(const pgn::ImportedGames& games);
 
   bool IsEmpty() const { return numbers_.empty(); }
 
-  /// Modal. Nothing where the user leaves these games out.
-  std::optional<UnfinishedAnswer> Ask(QWidget& window) const;
+  /// Modal. The games of whoever isn't in the answers are left out.
+  Answers Ask(QWidget& window) const;
 
  private:
   std::vector<int> numbers_;
-  bool lackSide_ = false;
-  bool lackAddress_ = false;
+  std::vector<pgn::PossibleOpponents> opponents_;  ///< in the order of the file
+  std::map<std::string, std::string> addresses_;   ///< of some of them, by name
 };
 
 }  // namespace ui

@@ -5,12 +5,14 @@
 #include <QSignalBlocker>
 #include <QToolTip>
 
+#include "study/game_study.h"
 #include "widgets/shown_text.h"
 #include "widgets/typed_text.h"
 
 namespace ui {
 
 using namespace Qt::StringLiterals;
+using study::longestNote;
 
 namespace {
 constexpr int visibleLines = 4;

@@ -10,8 +10,6 @@ class NoteBox : public QPlainTextEdit {
   Q_OBJECT
 
  public:
-  static constexpr int longestNote = 10000;  ///< characters
-
   NoteBox(const QString& name, const QString& meaning, QWidget* parent);
 
   /// Another note, whose typing begins now. Says nothing of it.

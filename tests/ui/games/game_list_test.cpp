@@ -308,8 +308,8 @@ TEST_F(GameInterfaceTest, ImportedGamesComeInOnceAndAskForWhatTheyLack) {
       if (dialog->objectName() == u"UnfinishedGames"_s) {
         EXPECT_TRUE(isFirst) << "games that are known need no answer";
         EXPECT_FALSE(ui::Can(*dialog, "OkButton"));
-        ui::Press(*dialog, "Black");
-        Field(*dialog, "Address").setText(u"x@example.org"_s);
+        ui::Press(*dialog, "Black1");
+        Field(*dialog, "Address1").setText(u"x@example.org"_s);
         ui::Press(*dialog, "OkButton");
       } else {
         seen.push_back(Find<QPlainTextEdit>(*dialog, "LeftOut").toPlainText().toStdString());

@@ -91,6 +91,19 @@ function(tarvolenix_folder name)
   endif()
 endfunction()
 
+# tarvolenix_module(NAME SOURCES... USES folders and libraries...)
+# One source folder as a module, which the program loads when it first needs what is in it. It may
+# use no folder that keeps a state: the module would have one of its own.
+function(tarvolenix_module name)
+  cmake_parse_arguments(MODULE "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} MODULE ${MODULE_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src")
+  target_link_libraries(${name} PRIVATE tarvolenix_qt_flags ${MODULE_USES})
+  set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME "tarvolenix-${name}"
+    CXX_VISIBILITY_PRESET hidden LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/src")
+  install(TARGETS ${name} DESTINATION "${TARVOLENIX_MODULES}")
+endfunction()
+
 # tarvolenix_test(NAME SOURCES... USES...): one test program, found by ctest case by case.
 function(tarvolenix_test name)
   cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "desktop/folders.h"
-#include "desktop/qt_sounds.h"
+#include "desktop/loaded_sounds.h"
 #include "platform/seams.h"
 
 namespace wiring {
@@ -14,7 +14,7 @@ RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAcco
     : settings_(files_, settingsFile),
       autostart_(files_, desktop::ProgramFolder()),
       passwords_(post::PasswordsBeside(settingsFile)),
-      sounds_(std::make_unique<desktop::QtSounds>()),
+      sounds_(std::make_unique<desktop::LoadedSounds>()),
       tokens_(events_, *passwords_, sign_in::UsualClientFiles(settingsFile)),
       mail_(events_, *passwords_, std::move(ask), post::TransportsWith(tokens_)) {
   mail_.SetAskRecipients(std::move(askRecipients));

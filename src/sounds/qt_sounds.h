@@ -10,7 +10,7 @@
 
 class QSoundEffect;
 
-namespace desktop {
+namespace sounds {
 
 class QtSounds : public platform::Sounds {
  public:
@@ -23,4 +23,4 @@ class QtSounds : public platform::Sounds {
   std::unique_ptr<QSoundEffect> effect_;  // made by the first sound
 };
 
-}  // namespace desktop
+}  // namespace sounds

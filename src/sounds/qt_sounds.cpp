@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/qt_sounds.h"
+#include "sounds/qt_sounds.h"
 
 #include <QAudioDevice>
 #include <QCoreApplication>
@@ -12,7 +12,7 @@
 #include <fstream>
 #include <string_view>
 
-namespace desktop {
+namespace sounds {
 namespace {
 
 /// Whether the file begins as a wave file does: "RIFF", the size in four bytes, "WAVE".
@@ -50,4 +50,4 @@ void QtSounds::Play(const std::string& path) {
   effect_->play();
 }
 
-}  // namespace desktop
+}  // namespace sounds

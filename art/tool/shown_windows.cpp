@@ -330,7 +330,7 @@ void StoreGames() {
   for (const ShownGame& shown : games) {
     store::GameRecord game = RecordOf(shown, ++number);
     store::SaveGame(game, MovesOf(shown));
-    memory.arrivals.push_back({mail::ThreadOf(game), now - shown.daysAgo * day - number * 3700});
+    memory.arrivals.push_back({mail::ThreadOf(game), now - shown.daysAgo * day - number * std::int64_t{3700}});
   }
   mail::SaveMailMemory(memory);
 }

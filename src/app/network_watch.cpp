@@ -9,16 +9,21 @@
 namespace app {
 namespace {
 
+bool AnythingWaits() {
+  return platform::TheSeams().mailState->Connection().link == platform::MailLink::Waiting;
+}
+
 void GoOn() {
-  platform::MailState& mails = *platform::TheSeams().mailState;
-  if (mails.Connection().link != platform::MailLink::Waiting) return;
-  mails.DeliverNow();
+  if (!AnythingWaits()) return;
+  platform::TheSeams().mailState->DeliverNow();
   shell::CheckTimerTick();
 }
 
 }  // namespace
 
-NetworkWatch::NetworkWatch() {
+void NetworkWatch::Follow() {
+  if (isListening_ || !AnythingWaits()) return;
+  isListening_ = true;
   using Information = QNetworkInformation;
   if (!Information::loadBackendByFeatures(Information::Feature::Reachability)) return;
   connect(Information::instance(), &Information::reachabilityChanged, this,

@@ -25,6 +25,7 @@
 #include "post/outbox.h"
 #include "post/servers/patience.h"
 #include "shell/held_mail_questions.h"
+#include "shell/mail_watch.h"
 #include "shell/past_opponents.h"
 #include "shell/polling_loop.h"
 #include "shell/settings.h"
@@ -113,13 +114,20 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
   seams.screen = &screen_;
   tray_ = std::make_unique<ui::SystemTray>([this](const char* kind) { ChangeAccount(kind); },
                                            [] { shell::AskAboutHeldMails(shell::HeldMails::All); });
+  seams.mailState->OnChange([this] {
+    network_.Follow();
+    shell::FollowMails();
+  });
   shell::FillHooks();
   seams.hooks.signIn = [this] { return HasChangedAccount("Imap", ui::AccountErrand::SignIn); };
   seams.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
   QApplication::setWindowIcon(QIcon(ui::ProgramPicturePath(QStringLiteral("tarvolenix.png"))));
 }
 
-Program::~Program() { HurryInquiries(); }
+Program::~Program() {
+  platform::TheSeams().mailState->OnChange({});
+  HurryInquiries();
+}
 
 bool Program::HandOver(const desktop::GivenFiles& files) {
   if (instance_->IsAnotherRunning()) {

@@ -96,7 +96,6 @@ SystemTray::SystemTray(const ChangeAccount& changeAccount,
   seams.hooks.stopped = [] {
     if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit(0);
   };
-  seams.mailState->OnChange(shell::FollowMails);
   connect(&checkTimer_, &QTimer::timeout, this, &shell::CheckTimerTick);
   connect(&icon_, &TrayIcon::Opened, this, &SystemTray::ComeToFront);
   connect(&icon_, &TrayIcon::Missing, this, &SystemTray::LeaveTray);
@@ -107,7 +106,6 @@ SystemTray::~SystemTray() {
   platform::Seams& seams = platform::TheSeams();
   seams.windows = &platform::noWindows;
   seams.tray = &platform::noTray;
-  seams.mailState->OnChange({});
   seams.hooks = {};
 }
 

@@ -76,7 +76,7 @@ void PaintSystemButton(QPainter& painter, const QRect& button, FaceState state, 
 }
 
 void SystemButton::PaintButton(QPainter& painter, const QRect& button) {
-  PaintSystemButton(painter, button, CurrentState(), text());
+  PaintSystemButton(painter, button, CurrentState(), text(), Qt::TextShowMnemonic);
 }
 
 void SetButtonEnabled(QWidget& window, const QString& name, bool enabled) {

@@ -25,18 +25,13 @@ enum Menu : std::size_t { ActionsMenu, HistoryMenu };
 
 struct MenuButton {
   ButtonTwins names;
-  const char* caption;
-  const char* plainCaption;  ///< with a key that no button of the action bar has
+  const char* caption;  ///< with a key that no button of the action bar has
   const char* toolTip;
   const char* setupToolTip;
 };
 constexpr MenuButton menuButtons[] = {
-    {{"Menu1Button", "Menu1_L"}, "Actions", "Ac&tions", "Actions menu", "Actions menu"},
-    {{"Menu2Button", "Menu2_L"},
-     "Move history",
-     "Move &history",
-     "Move history menu",
-     "Piece pallete menu"},
+    {{"Menu1Button", "Menu1_L"}, "Ac&tions", "Actions menu", "Actions menu"},
+    {{"Menu2Button", "Menu2_L"}, "Move &history", "Move history menu", "Piece pallete menu"},
 };
 
 QAbstractButton* NewPlainButton(QWidget& window) {
@@ -76,9 +71,7 @@ QAbstractButton* MenuAccess::NewMenuButton(std::size_t menu) {
   const bool plain = IsSimpleUI();
   QAbstractButton* button = plain ? NewPlainButton(window_) : new SystemButton({}, &window_);
   button->setObjectName(QLatin1StringView(plain ? told.names.plain : told.names.skinned));
-  button->setText(QLatin1StringView(plain ? told.plainCaption : told.caption));
-  // The skin's captions underline nothing, but the keys are the same.
-  button->setShortcut(QKeySequence::mnemonic(QLatin1StringView(told.plainCaption)));
+  button->setText(QLatin1StringView(told.caption));
   // As a menu does, on the press; the menu takes the release.
   connect(button, &QAbstractButton::pressed, this, [this, button, menu] {
     Open(menu, PlaceBelow(*button), button);

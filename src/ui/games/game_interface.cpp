@@ -73,16 +73,15 @@ constexpr ToolbarEntry toolbarEntries[] = {
 
 struct MenuLabel {
   ButtonTwins names;
-  const char* caption;
-  const char* plainCaption;  ///< with a key that no button of the toolbar has
+  const char* caption;  ///< with a key that no button of the toolbar has
   const char* toolTip;
   InterfaceMenu menu;
 };
 constexpr MenuLabel menuLabels[] = {
-    {{"FileMenuButton", "FileMenu_L"}, "File", "&File", "File menu", FileMenu},
-    {{"SortMenuButton", "SortMenu_L"}, "Sort", "S&ort", "Sort menu", SortMenu},
-    {{"GameMenuButton", "GameMenu_L"}, "Game", "&Game", "Game menu", GameMenu},
-    {{"HelpMenuButton", "HelpMenu_L"}, "Help", "&Help", "Help menu", HelpMenu},
+    {{"FileMenuButton", "FileMenu_L"}, "&File", "File menu", FileMenu},
+    {{"SortMenuButton", "SortMenu_L"}, "S&ort", "Sort menu", SortMenu},
+    {{"GameMenuButton", "GameMenu_L"}, "&Game", "Game menu", GameMenu},
+    {{"HelpMenuButton", "HelpMenu_L"}, "&Help", "Help menu", HelpMenu},
 };
 
 constexpr int leastWidth = 9000 / twipsPerPixel;
@@ -197,7 +196,7 @@ void GameInterface::AddMenuButtons() {
     }
     button->setObjectName(
         QLatin1StringView(IsSimpleUI() ? label.names.plain : label.names.skinned));
-    button->setText(QLatin1StringView(IsSimpleUI() ? label.plainCaption : label.caption));
+    button->setText(QLatin1StringView(label.caption));
     // As a menu does, on the press; the menu takes the release.
     connect(button, &QAbstractButton::pressed, this, [this, button, menu = label.menu] {
       PopUp(menu, PlaceBelow(*button), button);

@@ -167,6 +167,8 @@ std::vector<Step> BobPlaysTheComputer(const Steps& steps) {
       steps.Click("presses vs. Computer", steps.Control("GameInterface", "Toolbar1S_3"),
                   steps.IsUp("NewGameInfo")),
       steps.Type("gives the game a title", "NewGameInfo", "Game_name", "Consolation"),
+      steps.Click("wants to set the pieces up first", steps.Control("NewGameInfo", "SetUpFirst"),
+                  steps.IsUp("NewGameInfo")),
       steps.Click("presses OK, and the board opens", steps.Control("NewGameInfo", "OKButtonS"),
                   steps.IsUp("MsgForm")),
       steps.Click("reads that he may set pieces up", steps.Control("MsgForm", "OKButtonS"),

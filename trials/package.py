@@ -8,10 +8,12 @@ a game. Then the packages are purged, and nothing of them may be left but what i
 
 The pictures of the windows are in FOLDER/screenshots. --keep leaves the system in FOLDER/system."""
 
+import hashlib
 import json
 import os
 import re
 import shutil
+import stat
 import subprocess
 import sys
 from pathlib import Path
@@ -95,18 +97,23 @@ class System:
         return [json.loads(line) for line in told.stdout.splitlines()]
 
     def files(self):
-        """Each file, folder and link but a system's records, with what tells a change."""
+        """Each file, folder and link but a system's records, with what tells a change: what is
+        written anew as it was, as the desktop's lists of types are, is none."""
         found = {}
         for folder, names, files in os.walk(self.folder):
             inside = "/" + os.path.relpath(folder, self.folder).lstrip(".")
             names[:] = [name for name in names if not is_record(os.path.join(inside, name))]
             for name in names + files:
                 path = os.path.join(inside, name)
-                status = os.lstat(os.path.join(folder, name))
-                is_folder = name in names
-                found[path] = (status.st_mode, 0 if is_folder else status.st_size,
-                               0 if is_folder else status.st_mtime)
+                place = Path(folder, name)
+                mode = place.lstat().st_mode
+                found[path] = (mode, digest(place) if stat.S_ISREG(mode) else "")
         return found
+
+
+def digest(place):
+    with place.open("rb") as file:
+        return hashlib.file_digest(file, "sha256").hexdigest()
 
 
 def is_record(path):
@@ -158,7 +165,7 @@ def judge(before, after):
     for path in left:
         print("  " + path)
     if foreign or gone:
-        sys.exit(f"Purging left {foreign} and took {gone}.")
+        sys.exit(f"Purging left {foreign[:9]} and took {gone[:9]}.")
 
 
 def main():

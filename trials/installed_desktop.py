@@ -110,10 +110,6 @@ class Desktop:
         self.type("carl@home")
         self.picture("account")
         self.keys("Return")
-        self.wait_for("Welcome to Tarvolenix")
-        self.wait_for("Tarvolenix : ")
-        self.keys("Return")  # that there is no tray
-        time.sleep(1)
         self.picture("welcome", self.wait_for("Welcome to Tarvolenix"))
         self.keys("alt+m")
         self.wait_for("New game")
@@ -125,7 +121,7 @@ class Desktop:
         self.keys("Return")
         self.wait_for("Tarvolenix - ")
         self.keys("Return", "Up", "Up", "Return", "ctrl+Return")  # e4
-        self.wait_for("Tarvolenix : ")
+        self.wait_for("Tarvolenix : ")  # since there is no tray
         self.end_program()
         game = self.system.console(user, "games")[0]
         if game["GAME_NAME"] != "Harbour" or not self.post_of(user).is_dir():

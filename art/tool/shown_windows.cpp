@@ -258,7 +258,7 @@ Window NewAccount(const ChessGraphics&) {
   };
   help.giveUp = [] {};
   help.hasKeptPassword = [](const ui::MailAccount&) { return false; };
-  help.test = [](const ui::AccountAnswer&, const ui::AccountHelp::Told& told) { told(""); };
+  help.test = [](const ui::AccountAnswer&, const ui::AccountHelp::Told& told) { told("", false); };
   ui::MailAccount account;
   account.MailKind = "Imap";
   account.MyName = "Eva Lindqvist";
@@ -330,7 +330,8 @@ void StoreGames() {
   for (const ShownGame& shown : games) {
     store::GameRecord game = RecordOf(shown, ++number);
     store::SaveGame(game, MovesOf(shown));
-    memory.arrivals.push_back({mail::ThreadOf(game), now - shown.daysAgo * day - number * std::int64_t{3700}});
+    memory.arrivals.push_back(
+        {mail::ThreadOf(game), now - shown.daysAgo * day - number * std::int64_t{3700}});
   }
   mail::SaveMailMemory(memory);
 }

@@ -51,8 +51,8 @@ void PaintCaption(QPainter& painter, const QRect& button, FaceState state, const
       {parts.Label_1, state == FaceState::Disabled ? disabledCaptionColour : captionColour}};
   for (const auto& [label, colour] : labels) {
     painter.setPen(colour);
-    painter.drawText(InPixels(label),
-                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip | textFlags, text);
+    constexpr int place = static_cast<int>(Qt::AlignHCenter | Qt::AlignTop);
+    painter.drawText(InPixels(label), place | Qt::TextDontClip | textFlags, text);
   }
 }
 

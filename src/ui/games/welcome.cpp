@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -48,6 +49,8 @@ QImage InHueOf(const QColor& ground, QImage picture) {
   }
   return picture;
 }
+
+constexpr int roomForTitle = 40;  ///< of what the desktop puts round a window
 
 /// The middle of the start picture, without the line round it. It is wooden, and takes the hue of a
 /// skin that is not.
@@ -121,13 +124,16 @@ Welcome::Welcome(WaysToAGame ways, QWidget* parent) : QDialog(parent), ways_(std
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->setSizeConstraint(QLayout::SetFixedSize);
-  layout->addWidget(new Banner);
+  auto* banner = new Banner;
+  layout->addWidget(banner);
   layout->addWidget(NewPage());
   // Else Enter on the check box would take the first way.
   findChild<QPushButton*>(u"Later"_s)->setDefault(true);
   findChild<QWidget*>(u"AgainstTheComputer"_s)->setFocus();
   TakeDialogLook(*this);
   GiveHelpKey(*this, platform::HelpContents);
+  // On a low screen, or with large letters, the ways matter more.
+  banner->setVisible(sizeHint().height() + roomForTitle <= screen()->availableGeometry().height());
 }
 
 QWidget* Welcome::NewPage() {

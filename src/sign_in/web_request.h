@@ -20,8 +20,8 @@ struct WebAnswer {
   std::string content;
 };
 
-/// Raises MailError for an address that a sign-in has no business at: secrets go out only encrypted,
-/// or to this machine itself.
+/// Raises MailError for an address that a sign-in has no business at: secrets go out only
+/// encrypted, or to this machine itself.
 void RequireSafe(const std::string& url);
 
 // Not for the window's thread. Both raise ConnectionLost where nobody answers, CertificateRefused

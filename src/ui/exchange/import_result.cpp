@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize usualSize(80, 20);  // characters and lines
+constexpr QSize usualSize(98, 20);  // characters and lines
 
 /// More than anybody reads; all of them are in what is copied.
 constexpr qsizetype mostLines = 2000;

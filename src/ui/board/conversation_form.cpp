@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/board/conversation_form.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include "platform/help.h"
@@ -11,7 +9,7 @@
 #include "skin/look.h"
 #include "ui/board/roomy_rows.h"
 #include "ui/help/help_key.h"
-#include "widgets/dialog_button.h"
+#include "widgets/reading_dialog.h"
 #include "widgets/row_table.h"
 #include "widgets/shown_text.h"
 
@@ -41,14 +39,6 @@ RowTable* NewList(QWidget* parent) {
   return list;
 }
 
-/// With the desktop's font, and where the screen has room for it.
-QSize UsualSize(const QWidget& dialog) {
-  const QFontMetrics font = dialog.fontMetrics();
-  const QSize size(usualSize.width() * font.averageCharWidth(),
-                   usualSize.height() * font.lineSpacing());
-  return size.boundedTo(dialog.screen()->availableSize() * 0.8);
-}
-
 /// As the list of moves counts.
 QString NumberOf(const board::Remark& remark) {
   if (!platform::Settings().Pairs) return QString::number(remark.row);
@@ -63,18 +53,14 @@ ConversationForm::ConversationForm(const std::vector<board::Remark>& remarks, QW
   setWindowTitle(u"Earlier comments"_s);
   GiveHelpKey(*this, platform::HelpOfBoard);
   Fill(remarks);
-  auto* close = NewDialogButton(u"CloseButton"_s, u"Close"_s);
+  auto* close = NewCloseButton(*this);
   close->setDefault(true);
-  connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(close);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
   layout->setSpacing(16);
   layout->addWidget(list_, 1);
-  layout->addLayout(buttons);
-  resize(UsualSize(*this));
+  layout->addWidget(close, 0, Qt::AlignRight);
+  ResizeToText(*this, usualSize);
   TakeDialogLook(*this);
 }
 

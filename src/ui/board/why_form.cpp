@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/board/why_form.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
@@ -20,7 +19,7 @@
 #include "ui/board/move_adviser.h"
 #include "ui/board/roomy_rows.h"
 #include "ui/help/help_key.h"
-#include "widgets/dialog_button.h"
+#include "widgets/reading_dialog.h"
 #include "widgets/row_table.h"
 #include "widgets/shown_text.h"
 
@@ -130,12 +129,8 @@ void WhyForm::LayOut() {
   reasons_->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   reasons_->setWordWrap(true);
   reasons_->setItemDelegate(new RoomyRows(rowPadding, reasons_));
-  auto* close = NewDialogButton(u"CloseButton"_s, u"Close"_s);
+  auto* close = NewCloseButton(*this);
   close->setDefault(true);
-  connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(close);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
   layout->setSpacing(8);
@@ -143,10 +138,8 @@ void WhyForm::LayOut() {
   layout->addWidget(state_);
   layout->addWidget(sum_);
   layout->addWidget(reasons_, 2);
-  layout->addLayout(buttons);
-  const QSize size(usualSize.width() * fontMetrics().averageCharWidth(),
-                   usualSize.height() * fontMetrics().lineSpacing());
-  resize(size.boundedTo(screen()->availableSize() * 0.85));
+  layout->addWidget(close, 0, Qt::AlignRight);
+  ResizeToText(*this, usualSize);
 }
 
 /// To the right of it, or else as far to the right as the screen reaches.

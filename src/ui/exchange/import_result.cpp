@@ -14,6 +14,7 @@
 #include "ui/exchange/clipboard.h"
 #include "ui/help/help_key.h"
 #include "widgets/dialog_button.h"
+#include "widgets/reading_dialog.h"
 #include "widgets/shown_text.h"
 
 namespace ui {
@@ -22,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize usualSize(620, 340);
+constexpr QSize usualSize(98, 20);  // characters and lines
 
 /// More than anybody reads; all of them are in what is copied.
 constexpr qsizetype mostLines = 2000;
@@ -63,7 +64,7 @@ class ResultDialog : public QDialog {
     layout->addWidget(told);
     layout->addWidget(text, 1);
     layout->addLayout(NewButtons());
-    resize(usualSize);
+    ResizeToText(*this, usualSize);
     TakeDialogLook(*this);
   }
 

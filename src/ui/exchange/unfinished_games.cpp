@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QStringList>
 #include <QVBoxLayout>
 
@@ -29,7 +30,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t mostNumbers = 8;
-constexpr int usualWidth = 560;
+constexpr int usualWidth = 92;  // characters
 constexpr int highest = 520;
 
 /// Whoever plays has fewer opponents; a collection of others' games may have very many.
@@ -59,7 +60,12 @@ class UnfinishedDialog : public QDialog {
     LayOut(sentence, NewPage(opponents));
     Refresh();
     TakeDialogLook(*this);
-    resize(usualWidth, std::min(highest, layout()->totalHeightForWidth(usualWidth)));
+    // How high fields are only their style knows.
+    for (QWidget* part : findChildren<QWidget*>()) part->ensurePolished();
+    for (QLayout* part : findChildren<QLayout*>()) part->invalidate();
+    const int width = std::min(usualWidth * fontMetrics().averageCharWidth(),
+                               screen()->availableSize().width() * 9 / 10);
+    resize(width, std::min(highest, layout()->totalHeightForWidth(width)));
     rows_.front()->TakeFocus();
   }
 

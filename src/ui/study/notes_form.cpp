@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/study/notes_form.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include "platform/help.h"
 #include "skin/look.h"
 #include "ui/help/help_key.h"
 #include "ui/study/note_box.h"
-#include "widgets/dialog_button.h"
 #include "widgets/outcome_line.h"
+#include "widgets/reading_dialog.h"
 
 namespace ui {
 
@@ -37,8 +35,6 @@ NotesForm::NotesForm(QWidget* parent)
   connect(game_, &NoteBox::Changed, this, [this] { Q_EMIT GameNoteChanged(game_->Note()); });
   connect(position_, &NoteBox::Changed, this,
           [this] { Q_EMIT PositionNoteChanged(position_->Note()); });
-  auto* close = NewDialogButton(u"CloseButton"_s, u"Close"_s);
-  connect(close, &QPushButton::clicked, this, &QDialog::accept);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
   layout->setSpacing(6);
@@ -49,10 +45,8 @@ NotesForm::NotesForm(QWidget* parent)
   layout->addWidget(position_, 1);
   layout->addWidget(trouble_);
   layout->addSpacing(8);
-  layout->addWidget(close, 0, Qt::AlignRight);
-  const QSize size(usualSize.width() * fontMetrics().averageCharWidth(),
-                   usualSize.height() * fontMetrics().lineSpacing());
-  resize(size.boundedTo(screen()->availableSize() * 0.8));
+  layout->addWidget(NewCloseButton(*this), 0, Qt::AlignRight);
+  ResizeToText(*this, usualSize);
   TakeDialogLook(*this);
 }
 

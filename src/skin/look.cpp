@@ -15,7 +15,8 @@ QAbstractButton* NewButton(QWidget& window, const ButtonTwins& twins, const QStr
                            const QString& plainCaption) {
   if (!IsSimpleUI()) {
     auto* button = new SystemButton(QLatin1StringView(twins.skinned), &window);
-    button->setText(caption);
+    // The same letters in both looks, where the captions are the same.
+    button->setText(QString(plainCaption).remove(u'&') == caption ? plainCaption : caption);
     return button;
   }
   auto* button = new DialogButton(plainCaption.isEmpty() ? caption : plainCaption, 0, &window);

@@ -35,7 +35,7 @@ struct ButtonTwins {
 };
 
 /// The button of the look that is chosen. A "&" of the plain caption, where there is another one,
-/// marks its key.
+/// marks its key; in both looks, where the captions are the same but for that.
 QAbstractButton* NewButton(QWidget& window, const ButtonTwins& twins, const QString& caption,
                            const QString& plainCaption = {});
 

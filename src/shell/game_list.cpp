@@ -147,6 +147,8 @@ std::optional<std::int32_t> UndoDelete() {
     deleted.pop_back();
     return number;
   }
+  // The ones that were deleted before it aren't to wait for it.
+  std::ranges::rotate(deleted, deleted.end() - 1);
   platform::ShowMessage(
       platform::DatabaseIcon, "Undo delete.",
       store::WithDamage("The deleted game could not be put back.  Either the game file can't be "

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "widgets/window_places.h"
+
 namespace ui {
 
 WindowSkin::WindowSkin(QWidget& window, std::string_view name, bool draggable, bool composited)
@@ -61,6 +63,10 @@ bool WindowSkin::eventFilter(QObject*, QEvent* event) {
     case QEvent::Show:
       if (failed_) Fail();
       if (!window_.testAttribute(Qt::WA_Moved)) MoveToMiddle();
+      return false;
+    case QEvent::WindowActivate:
+    case QEvent::LayoutRequest:
+      KeepPlace(window_);
       return false;
     case QEvent::MouseButtonPress: {
       const auto& mouse = static_cast<const QMouseEvent&>(*event);

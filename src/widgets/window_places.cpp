@@ -3,6 +3,7 @@
 
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -27,6 +28,11 @@ QRect Within(const QRect& screen, QRect frame) {
 QSize Decoration(const QWidget& window) { return window.frameGeometry().size() - window.size(); }
 
 }  // namespace
+
+void KeepPlace(QWidget& frameless) {
+  QWindow* window = frameless.windowHandle();
+  if (window && window->position() != frameless.pos()) window->setPosition(frameless.pos());
+}
 
 TwoPlaces PlacesSideBySide(const QRect& screen, QRect window, QRect next, int narrowest) {
   const int atRight = screen.right() - window.right() - between;

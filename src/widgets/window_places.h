@@ -8,6 +8,10 @@ class QWidget;
 
 namespace ui {
 
+/// While the desktop takes up a window, the toolkit can hear of a place where it never stood: it
+/// would go there with its next size, and what opens beside its fields would open there.
+void KeepPlace(QWidget& frameless);
+
 /// Where the other one stands, as far as the screen has room for it there.
 void PutInPlaceOf(const QWidget& old, QWidget& next);
 

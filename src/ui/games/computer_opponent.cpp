@@ -84,9 +84,22 @@ void KeepOwnStyle() {
                         "OK");
 }
 
-bool LoadStyle(const QByteArray& name) {
+bool HasKeptOwnStyle() {
   try {
     KeepOwnStyle();
+    return true;
+  } catch (const std::exception&) {
+    platform::ShowMessage(platform::ErrorIcon, "Computer AI settings",
+                          "Your own settings of the computer's play can't be kept as a style, so "
+                          "they stay as they are.||Is the folder \"AI Files\" full or protected?",
+                          "OK");
+    return false;
+  }
+}
+
+bool LoadStyle(const QByteArray& name) {
+  if (!HasKeptOwnStyle()) return false;
+  try {
     if (ai::LoadAIFile(name.toStdString())) return true;
   } catch (const std::exception&) {
     // It has gone, or can't be read.

@@ -148,7 +148,7 @@ std::optional<std::int32_t> UndoDelete() {
     return number;
   }
   // The ones that were deleted before it aren't to wait for it.
-  std::ranges::rotate(deleted, deleted.end() - 1);
+  std::rotate(deleted.begin(), deleted.end() - 1, deleted.end());
   platform::ShowMessage(
       platform::DatabaseIcon, "Undo delete.",
       store::WithDamage("The deleted game could not be put back.  Either the game file can't be "

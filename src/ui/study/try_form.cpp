@@ -267,6 +267,7 @@ void TryForm::Do(const Command& command) {
 }
 
 void TryForm::Refresh() {
+  hand_->LetGo();  // what it held stands on another position's square
   words_->setText(Words());
   lines_->Refresh();
   ShowSquares(ShownPosition(), ShownTurn().lastMove);

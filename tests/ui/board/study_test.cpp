@@ -58,6 +58,15 @@ TEST_F(StudyTest, TriedMovesStayOutOfTheGameUntilTheFirstOfThemIsPlayed) {
   }
 }
 
+TEST_F(StudyTest, APieceInTheHandIsLetGoWhenItsPositionGoes) {
+  Open({{"5254", "e4"}, {"5755", "e5"}, {"7163", "Nf3"}, {"8776", "h6"}});
+  const std::vector<Qt::Key> knightThenBack{Qt::Key_Right,  Qt::Key_Up,     Qt::Key_Enter,
+                                            Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_Up,
+                                            Qt::Key_Enter};
+  Try(knightThenBack, "BackToGameButton");
+  EXPECT_EQ(LastMove(), "h6");
+}
+
 const std::vector<PlayedEntry> beforePromotion{{"5254", "e4"},   {"4745", "d5"},   {"5445", "exd5"},
                                                {"3736", "c6"},   {"4536", "dxc6"}, {"7866", "Nf6"},
                                                {"3627", "cxb7"}, {"1716", "a6"}};

@@ -13,6 +13,7 @@
 #include "store/queries.h"
 #include "store/repair.h"
 #include "store/saving.h"
+#include "study/study_file.h"
 
 namespace cli {
 namespace {
@@ -126,7 +127,9 @@ bool Show(const Call& call) {
 
 bool Remove(const Call& call) {
   const int gameID = call.arguments.Number(0, 1, std::numeric_limits<int>::max());
-  if (!store::RemoveGame(gameID)) throw GameFileRefusal("The game can't be deleted.");
+  std::string removed;
+  if (!store::RemoveGame(gameID, &removed)) throw GameFileRefusal("The game can't be deleted.");
+  if (!removed.empty()) study::ForgetGames({removed});
   JsonObject().Add("ok", true).Print();
   return true;
 }

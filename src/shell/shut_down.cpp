@@ -10,6 +10,7 @@
 #include "shell/settings.h"
 #include "shell/tray_status.h"
 #include "store/saving.h"
+#include "study/study_file.h"
 
 namespace shell {
 
@@ -51,6 +52,7 @@ void CloseSystemTray() {
 void ShutdownProgram(bool save) {
   if (save) SaveSettings();
   Windows().CloseAll();
+  study::ForgetGames(Process().DeletedGames);  // from now on nothing brings them back
 }
 
 void QuitForLackOf(const std::string& skinFile) {

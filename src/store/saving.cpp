@@ -184,6 +184,9 @@ std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why,
       all.append(*line).append(lineEnd);
       taken.push_back(GameIDOfLine(*line));
     }
+    for (const std::string& line : platform::Process().DeletedGames) {
+      taken.push_back(GameIDOfLine(line));  // as long as it can be put back
+    }
     first = FreeNumbers(std::move(taken), static_cast<std::int64_t>(games.Count()));
     for (std::size_t i = 0; i < games.Count(); ++i) {
       if (isCancelled && isCancelled()) throw std::runtime_error("it was cancelled");

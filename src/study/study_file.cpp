@@ -10,6 +10,8 @@
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "store/data_files.h"
+#include "store/game_file.h"
+#include "store/queries.h"
 
 namespace study {
 
@@ -95,6 +97,19 @@ void KeepChanges(NotesDatabase& database, const GameIdentity& game, const StudyC
     KeepPositionNote(database, game, position, note);
   }
   if (changes.lines) KeepLines(database, game, *changes.lines);
+}
+
+/// Another program may have brought one of them back.
+std::vector<GameIdentity> GamesThatAreGone(const std::vector<std::string>& removed) {
+  std::vector<GameIdentity> gone;
+  for (const std::string& line : removed) {
+    store::GameRecord game;
+    store::ReadGameLine(line, game);
+    std::optional<store::GameRecord> there;
+    const bool isKnown = store::FindGame(there, game.GAME_ID);
+    if (isKnown && !there) gone.push_back({game.GAME_ID, game.GAME_DATESTAMP});
+  }
+  return gone;
 }
 
 std::string Sentence(const DatabaseError& error) {
@@ -195,6 +210,20 @@ void StudyFile::Tell(const DatabaseError& error) {
   if (told_.insert(error.trouble).second) TellUser(whyNot_);
 }
 
+void ForgetGames(const std::vector<std::string>& removed) try {
+  const std::vector<GameIdentity> games = GamesThatAreGone(removed);
+  if (games.empty() || !Files().Exists(NotesPath())) return;
+  NotesDatabase database(NotesPath(), false, patienceAfterwards);
+  if (LayoutOf(database) != layoutNumber) return;
+  database.InOneStep([&] {
+    for (const char* table : {"game_note", "position_note", "tried_lines"}) {
+      const std::string sql = std::string("DELETE FROM ") + table + " WHERE game = ? AND stamp = ?";
+      for (const GameIdentity& game : games) database.Run(sql, {game.number, game.stamp});
+    }
+  });
+} catch (const std::exception&) {  // the next start finds what is wrong with the file, and tells it
+}
+
 std::string UseNotesOf(const std::string& folder) {
   const std::string source = folder + notesFile;
   const std::string copy = platform::Process().DataPath + "Notes.new";
@@ -204,6 +233,7 @@ std::string UseNotesOf(const std::string& folder) {
     {
       NotesDatabase other(source, false);
       LookOver(other);
+      { const NotesDatabase emptyAndPrivate(copy, true); }
       other.Run("VACUUM INTO ?", {copy});
     }
     if (Files().Exists(NotesPath())) PutAside("Notes.replaced-");

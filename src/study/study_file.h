@@ -7,8 +7,8 @@
 //
 // `PRAGMA user_version` is the layout's number. A file of a later number is neither read nor
 // changed. The file comes to be with the first thing that is kept, each change is whole or not
-// made, and its loss costs no game. What is kept of a game stays when the game is deleted: it can
-// be put back, and no other game has the same identity.
+// made, and its loss costs no game. What is kept of a deleted game goes when the game can't be put
+// back any more.
 //
 // What goes wrong is told by a message, once; a file that is damaged is put aside.
 #pragma once
@@ -56,6 +56,10 @@ class StudyFile {
   std::set<Trouble> told_;
   std::string whyNot_;
 };
+
+/// Takes out what is kept of games that are deleted for good, told by their lines of the game file.
+/// Quiet: what can't be taken out stays, and is seen nowhere.
+void ForgetGames(const std::vector<std::string>& removed);
 
 /// Copies the notes that lie in the folder of other games, and keeps one's own beside them. Nothing
 /// is done where there are none. Answers what went wrong, as the end of a sentence.

@@ -42,7 +42,7 @@ std::vector<std::int32_t> GameNumbers(const Arguments& arguments) {
 struct ReadFile {
   std::string name;
   pgn::ImportedGames games;
-  std::vector<int> known = {};             ///< numbers of those that were there before
+  std::vector<pgn::KnownGame> known = {};  ///< those that were there before
   std::optional<std::int32_t> first = {};  ///< the number of the first one that was taken
   bool areNotesKept = false;
 };
@@ -73,7 +73,7 @@ void PrintGames(const ReadFile& file) {
       answer.Add("ok", false).Add("ply", refused->ply).Add("move", refused->move);
       answer.Add("why", refused->why);
       ++refused;
-    } else if (std::ranges::binary_search(file.known, number)) {
+    } else if (std::ranges::binary_search(file.known, number, {}, &pgn::KnownGame::number)) {
       answer.Add("ok", true).Add("why", "already there");
     } else {
       answer.Add("ok", true).Add("game", next);
@@ -139,14 +139,12 @@ Refusal SavingRefusal(const std::string& why) {
   return refusal.what() == sentence ? Refusal(sentence + " The cause: " + why + ".") : refusal;
 }
 
-void Store(const store::NewGames& taken, std::vector<ReadFile>& files,
-           const pgn::ImportOptions& options) {
+void Store(const store::NewGames& taken, std::vector<ReadFile>& files) {
   std::string why;
   auto next = store::AddGames(taken, &why);
   if (!next) throw SavingRefusal(why);
   for (ReadFile& file : files) {
     file.first = next;
-    file.areNotesKept = study::KeepNotesOf(file.games, file.known, *next, options);
     *next += GoodGames(file) - static_cast<int>(file.known.size());
   }
 }
@@ -178,7 +176,10 @@ bool PgnImport(const Call& call) {
     files.back().known = known->LeaveOutOf(files.back().games);
     taken.Append(std::exchange(files.back().games.taken, {}));
   }
-  if (taken.Count() > 0) Store(taken, files, options);
+  if (taken.Count() > 0) Store(taken, files);
+  for (ReadFile& file : files) {
+    file.areNotesKept = study::KeepNotesOf(file.games, file.known, file.first, options);
+  }
   const bool areAllTaken = PrintAll(files);
   if (!call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
   return areAllTaken;

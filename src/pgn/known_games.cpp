@@ -34,7 +34,7 @@ char ResultKey(const store::GameRecord& game) {
 /// A game as the file would have it.
 struct KnownGames::StoredGame {
   StoredGame(const store::NewGames& games, std::size_t index) {
-    const std::string line = '1' + std::string(games.Line(index));
+    const std::string line = '0' + std::string(games.Line(index));
     store::ReadGameLine(line, record);
     moves = store::ReadMoves(line);
   }
@@ -55,41 +55,43 @@ std::optional<KnownGames> KnownGames::Stored(const ImportOptions& options) {
   return read ? std::optional(std::move(known)) : std::nullopt;
 }
 
-std::vector<int> KnownGames::LeaveOutOf(ImportedGames& games) {
-  std::vector<int> numbers;
+std::vector<KnownGame> KnownGames::LeaveOutOf(ImportedGames& games) {
+  std::vector<KnownGame> known;
   std::vector<RefusedGame> refused;
   store::NewGames taken;
   std::size_t lacking = 0;
   std::size_t next = 0;
   auto refusal = games.refused.begin();
   for (int number = 1; number <= games.count; ++number) {
-    if (refusal == games.refused.end() || refusal->number != number) {
-      if (!Take(StoredGame(games.taken, next++), taken)) numbers.push_back(number);
-      continue;
+    const bool isRefused = refusal != games.refused.end() && refusal->number == number;
+    std::optional<std::int32_t> there;
+    if (!isRefused) {
+      const StoredGame game(games.taken, next++);
+      there = Find(game);
+      if (!there) Take(game, taken);
+    } else if (refusal->Lacks()) {
+      there = Find(StoredGame(games.lacking, lacking++));
     }
-    if (refusal->Lacks() && Knows(StoredGame(games.lacking, lacking++))) {
-      numbers.push_back(number);
-    } else {
-      refused.push_back(std::move(*refusal));
-    }
-    ++refusal;
+    if (there) known.push_back({number, *there});
+    if (isRefused && !there) refused.push_back(std::move(*refusal));
+    if (isRefused) ++refusal;
   }
   games.refused = std::move(refused);
   games.taken = std::move(taken);
-  return numbers;
+  return known;
 }
 
-bool KnownGames::Knows(const StoredGame& game) const {
+std::optional<std::int32_t> KnownGames::Find(const StoredGame& game) const {
   const std::string key = KeyOf(game.record, game.moves);
   const std::string& day = game.record.GAME_DATE;
-  return keys_.contains(day + key) || (day == today_ && keys_.contains(key));
+  auto found = keys_.find(day + key);
+  if (found == keys_.end() && day == today_) found = keys_.find(key);
+  return found == keys_.end() ? std::nullopt : std::optional(found->second);
 }
 
-bool KnownGames::Take(const StoredGame& game, store::NewGames& taken) {
-  if (Knows(game)) return false;
+void KnownGames::Take(const StoredGame& game, store::NewGames& taken) {
   Add(game.record, game.moves);
   taken.Add(game.record, game.moves);
-  return true;
 }
 
 /// What players say in place of a move is in the result.
@@ -110,8 +112,8 @@ std::string KnownGames::KeyOf(const store::GameRecord& game,
 
 void KnownGames::Add(const store::GameRecord& game, const store::MoveRecords& moves) {
   const std::string key = KeyOf(game, moves);
-  keys_.insert(game.GAME_DATE + key);
-  keys_.insert(key);
+  keys_.try_emplace(game.GAME_DATE + key, game.GAME_ID);
+  keys_.try_emplace(key, game.GAME_ID);
 }
 
 }  // namespace pgn

@@ -4,14 +4,20 @@
 // is stored with that of its import, the others are enough.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 #include "pgn/import.h"
 
 namespace pgn {
+
+struct KnownGame {
+  int number = 0;         ///< in the file
+  std::int32_t game = 0;  ///< in the list; 0 for one that stands in the file twice
+};
 
 class KnownGames {
  public:
@@ -20,22 +26,23 @@ class KnownGames {
   static std::optional<KnownGames> Stored(const ImportOptions& options);
 
   /// Takes those out of `games` that are known by now, also where they lack something, and tells
-  /// their numbers in the file. Those that are taken are known from now on.
-  std::vector<int> LeaveOutOf(ImportedGames& games);
+  /// them by their numbers. Those that are taken are known from now on.
+  std::vector<KnownGame> LeaveOutOf(ImportedGames& games);
 
  private:
   struct StoredGame;
 
   explicit KnownGames(const ImportOptions& options);
 
-  bool Knows(const StoredGame& game) const;
-  bool Take(const StoredGame& game, store::NewGames& taken);
+  std::optional<std::int32_t> Find(const StoredGame& game) const;
+  void Take(const StoredGame& game, store::NewGames& taken);
   void Add(const store::GameRecord& game, const store::MoveRecords& moves);
   std::string KeyOf(const store::GameRecord& game, const store::MoveRecords& moves) const;
 
   std::string ownName_;
   std::string today_;
-  std::unordered_set<std::string> keys_;  ///< with the day ahead, and without one
+  /// Their numbers in the list, by keys with the day ahead, and without one.
+  std::unordered_map<std::string, std::int32_t> keys_;
 };
 
 }  // namespace pgn

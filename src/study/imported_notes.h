@@ -4,16 +4,18 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "pgn/import.h"
+#include "pgn/known_games.h"
 
 namespace study {
 
-/// `known` are the numbers of the games of the file that weren't taken again, and `first` is that
-/// of the first one in the list. All notes, or none of them: false, with a message, where they
-/// can't be kept.
-bool KeepNotesOf(const pgn::ImportedGames& games, const std::vector<int>& known, std::int32_t first,
-                 const pgn::ImportOptions& options);
+/// `known` are the games of the file that weren't taken again, and `first` is the number in the
+/// list of the first one that was. A known game without a note gets one: that of its import may
+/// have failed. All notes, or none of them: false, with a message, where they can't be kept.
+bool KeepNotesOf(const pgn::ImportedGames& games, const std::vector<pgn::KnownGame>& known,
+                 std::optional<std::int32_t> first, const pgn::ImportOptions& options);
 
 }  // namespace study

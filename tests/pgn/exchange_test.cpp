@@ -232,12 +232,12 @@ TEST(ImportTest, AGameThatIsStoredIsLeftOutAlsoWhereItLacksAnAddress) {
     for (const KnownCase& row : knownCases) {
       SCOPED_TRACE(row.name + opponent);
       ImportedGames games = Import(anna + row.text, options);
-      const std::vector<int> known = KnownGames::Stored(options)->LeaveOutOf(games);
+      const std::vector<KnownGame> known = KnownGames::Stored(options)->LeaveOutOf(games);
       std::string outcome;
       for (const RefusedGame& refused : games.refused) {
         if (!refused.Lacks()) outcome += 'r' + std::to_string(refused.number) + ' ';
       }
-      for (const int number : known) outcome += std::to_string(number) + ' ';
+      for (const KnownGame& game : known) outcome += std::to_string(game.number) + ' ';
       EXPECT_EQ(outcome, row.known);
       EXPECT_EQ(games.taken.Count() + games.refused.size() + known.size(),
                 static_cast<std::size_t>(games.count));

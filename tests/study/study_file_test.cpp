@@ -11,6 +11,7 @@
 #include "fakes/fake_desktop.h"
 #include "fakes/temporary_folder.h"
 #include "platform/process_state.h"
+#include "store/saving.h"
 #include "study/imported_notes.h"
 
 namespace study {
@@ -65,10 +66,20 @@ TEST_F(StudyFileTest, WhatWasSaidInImportedGamesThatGoOnBecomesTheirNotes) {
   std::istringstream text(anna + "1. e5 *\n\n" + anna + "1. c4 {known} *\n\n" + anna +
                           "1. e4 {over} 1-0\n\n" + anna +
                           "{why not} 1. e4 {sharp} e5 {[%clk 1]} 2. Nf3 Nc6 {solid} *");
-  const pgn::ImportedGames games = pgn::ReadGames(text, options);
-  EXPECT_TRUE(KeepNotesOf(games, {2}, 2, options));
-  EXPECT_EQ(file_.Read(evening)->note, "why not\n1. e4: sharp\n2... Nc6: solid");
+  pgn::ImportedGames games = pgn::ReadGames(text, options);
+  const std::string words = "why not\n1. e4: sharp\n2... Nc6: solid";
+  EXPECT_TRUE(KeepNotesOf(games, {{.number = 2}}, 2, options));
+  EXPECT_EQ(file_.Read(evening)->note, words);
   EXPECT_EQ(file_.Read({2, evening.stamp})->note, "");
+  file_.Keep(evening, Note(""));
+  // Read once more, when all are stored, as the notes couldn't be kept the first time.
+  ASSERT_TRUE(store::AddGames(games.taken));
+  const auto known = pgn::KnownGames::Stored(options)->LeaveOutOf(games);
+  for (const char* before : {"", "own"}) {
+    file_.Keep(evening, Note(before));
+    EXPECT_TRUE(KeepNotesOf(games, known, {}, options));
+    EXPECT_EQ(file_.Read(evening)->note, *before ? before : words);
+  }
 }
 
 TEST_F(StudyFileTest, ADamagedFileIsPutAsideAndToldOnce) {
@@ -121,10 +132,33 @@ TEST_F(StudyFileTest, TheNotesOfAnotherFolderComeAlongAndOnesOwnAreKept) {
   file_.Keep(evening, Note("mine"));
   EXPECT_EQ(UseNotesOf(folder_ / "other/"), "");
   EXPECT_EQ(file_.Read(evening)->note, "theirs");
+  EXPECT_EQ(std::filesystem::status(NotesPath()).permissions(), std::filesystem::perms(0600));
   EXPECT_TRUE(std::filesystem::exists(folder_ / "Notes.replaced-20260309-080500.sqlite"));
   WriteFile(folder_ / "other/Notes.sqlite", "no database");
   EXPECT_NE(UseNotesOf(folder_ / "other/"), "");
   EXPECT_EQ(file_.Read(evening)->note, "theirs");
+}
+
+TEST_F(StudyFileTest, WhatIsKeptOfAGameGoesWithItForGood) {
+  store::GameRecord game;
+  game.GAME_ID = evening.number;
+  game.GAME_DATESTAMP = evening.stamp;
+  ASSERT_TRUE(store::SaveGame(game, {}));
+  file_.Keep(evening, {"note", {{"p", "hold e5"}}, someLines});
+  file_.Keep(morning, Note("another's"));
+  std::string removed;
+  ASSERT_TRUE(store::RemoveGame(evening.number, &removed));
+  for (const bool isBack : {true, false}) {
+    if (isBack) {
+      EXPECT_TRUE(store::PutBackGame(removed));
+    }
+    ForgetGames({removed});
+    EXPECT_EQ(file_.Read(evening)->lines.size(), isBack ? 2u : 0u);
+    store::RemoveGame(evening.number);
+  }
+  EXPECT_EQ(file_.Read(evening)->note, "");
+  EXPECT_EQ(file_.Read(evening)->positionNotes.size(), 0u);
+  EXPECT_EQ(file_.Read(morning)->note, "another's");
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ class Import {
       return std::nullopt;
     }
     if (games_.taken.Count() > 0 && !Store()) return std::nullopt;
-    const bool areNotesKept = !first_ || study::KeepNotesOf(games_, known_, *first_, options_);
+    const bool areNotesKept = study::KeepNotesOf(games_, known_, first_, options_);
     ShowResult(areNotesKept);
     return first_;
   }
@@ -132,7 +132,7 @@ class Import {
   pgn::ImportOptions options_;
   pgn::ImportedGames games_;
   std::optional<pgn::KnownGames> stored_;
-  std::vector<int> known_;  ///< the numbers of those that were in the list before
+  std::vector<pgn::KnownGame> known_;  ///< those that were in the list before
   bool isAnswered_ = false;
   std::optional<std::int32_t> first_;  ///< once they are stored
   std::string whyNot_;                 ///< they can't be stored

@@ -92,7 +92,7 @@ class ResultDialog : public QDialog {
 
 }  // namespace
 
-QStringList LeftOutLines(const pgn::ImportedGames& games, const std::vector<int>& known,
+QStringList LeftOutLines(const pgn::ImportedGames& games, const std::vector<pgn::KnownGame>& known,
                          bool areKept) {
   std::map<int, QString> lines;
   for (const pgn::ImportedNote& note : games.notes) {
@@ -100,7 +100,7 @@ QStringList LeftOutLines(const pgn::ImportedGames& games, const std::vector<int>
         areKept ? u": its comments are in your private note, and go out with no mail."_s
                 : u": taken without its comments, as your notes couldn't be kept."_s;
   }
-  for (const int number : known) lines[number] = u": already there."_s;
+  for (const auto& game : known) lines[game.number] = u": already there."_s;
   for (const pgn::RefusedGame& game : games.refused) {
     lines[game.number] = MoveText(game) + u": "_s + ShownLine(game.why);
   }

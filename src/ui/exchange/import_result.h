@@ -8,12 +8,13 @@
 #include <vector>
 
 #include "pgn/import.h"
+#include "pgn/known_games.h"
 
 namespace ui {
 
 /// A line for each game that was refused or is known, or whose comments were taken out of it, by
 /// their numbers. `areKept` tells whether these are in the notes.
-QStringList LeftOutLines(const pgn::ImportedGames& games, const std::vector<int>& known,
+QStringList LeftOutLines(const pgn::ImportedGames& games, const std::vector<pgn::KnownGame>& known,
                          bool areKept);
 
 /// Modal.

@@ -73,11 +73,11 @@ class ProgressDialog : public QDialog {
 
 void DoWatched(QWidget& window, const WorkWords& words, WorkProgress& progress,
                const std::function<void()>& work) {
-  const std::future<void> end = std::async(std::launch::async, work);
+  std::future<void> end = std::async(std::launch::async, work);
   const auto isDone = [&end](std::chrono::milliseconds patience) {
     return end.wait_for(patience) == std::future_status::ready;
   };
-  if (isDone(soon)) return;
+  if (isDone(soon)) return end.get();
   ProgressDialog dialog(window, words, progress);
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, &dialog, [&] {
@@ -87,7 +87,7 @@ void DoWatched(QWidget& window, const WorkWords& words, WorkProgress& progress,
   timer.start(beat);
   dialog.Show();
   if (dialog.exec() != QDialog::Accepted) progress.isCancelled = true;
-  end.wait();
+  end.get();
 }
 
 }  // namespace ui

@@ -29,7 +29,7 @@ struct WorkWords {
 
 /// Does a work on another thread, while the window is modal, and returns at its end. What takes no
 /// time shows no dialog. A work that is cancelled should end soon; until then its dialog stays.
-/// It must catch its own exceptions.
+/// What it raises is raised here.
 void DoWatched(QWidget& window, const WorkWords& words, WorkProgress& progress,
                const std::function<void()>& work);
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/exchange/game_texts.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -18,6 +17,7 @@
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/whole_file.h"
+#include "skin/file_dialog.h"
 #include "store/queries.h"
 #include "store/repair.h"
 #include "ui/exchange/clipboard.h"
@@ -74,8 +74,7 @@ QString AskForFile(QWidget& window, const QString& name) {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(u"pgn"_s);
   dialog.selectFile(name);
-  if (dialog.exec() != QDialog::Accepted) return {};
-  return dialog.selectedFiles().value(0);
+  return ChooseFiles(dialog).value(0);
 }
 
 /// Whoever just presses Enter or Escape gives no address away.

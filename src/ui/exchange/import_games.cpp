@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/exchange/import_games.h"
 
-#include <QFileDialog>
 #include <QPointer>
 
 #include <string>
@@ -12,6 +11,7 @@
 #include "platform/polling.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
+#include "skin/file_dialog.h"
 #include "store/repair.h"
 #include "store/saving.h"
 #include "study/imported_notes.h"
@@ -143,8 +143,9 @@ class Import {
 bool IsPgnFile(const QString& path) { return path.endsWith(u".pgn"_s, Qt::CaseInsensitive); }
 
 QStringList AskForPgnFiles(QWidget& window) {
-  QStringList paths =
-      QFileDialog::getOpenFileNames(&window, QString::fromLatin1(title), LastFolder(), pgnFilter);
+  QFileDialog dialog(&window, QString::fromLatin1(title), LastFolder(), pgnFilter);
+  dialog.setFileMode(QFileDialog::ExistingFiles);
+  QStringList paths = ChooseFiles(dialog);
   if (!paths.isEmpty()) KeepFolderOf(paths.first());
   return paths;
 }

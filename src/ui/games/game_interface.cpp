@@ -3,7 +3,6 @@
 
 #include <QCloseEvent>
 #include <QDir>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -26,6 +25,7 @@
 #include "shell/other_games.h"
 #include "shell/playing.h"
 #include "shell/tray_status.h"
+#include "skin/file_dialog.h"
 #include "skin/layouts/game_interface_layout.h"
 #include "skin/look.h"
 #include "skin/program_pictures.h"
@@ -340,8 +340,10 @@ void GameInterface::GetGames(bool import) {
 void GameInterface::UseOtherGames() {
   const QPointer<GameInterface> self = this;
   const platform::PollingHold hold;
-  const QString folder =
-      QFileDialog::getExistingDirectory(this, u"Use games from another folder"_s, QDir::homePath());
+  QFileDialog dialog(this, u"Use games from another folder"_s, QDir::homePath());
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  const QString folder = ChooseFiles(dialog).value(0);
   if (!self || Process().Stopping || folder.isEmpty()) return;
   if (shell::UseGamesOfFolder(folder.toStdString()) && self && !Process().Stopping) Refill();
 }

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
@@ -15,6 +14,7 @@
 #include "desktop/painted_pages.h"
 #include "desktop/pdf_file.h"
 #include "platform/messages.h"
+#include "skin/file_dialog.h"
 #include "skin/look.h"
 #include "ui/print/select_printer.h"
 #include "widgets/pointers.h"
@@ -122,9 +122,9 @@ bool DesktopPrinters::AskForFile(QWidget& owner) {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(u"pdf"_s);
   dialog.selectFile(u"Tarvolenix.pdf"_s);
-  if (dialog.exec() != QDialog::Accepted) return false;
-  pdfPath_ = dialog.selectedFiles().value(0);
-  return true;
+  const QStringList chosen = ChooseFiles(dialog);
+  if (!chosen.isEmpty()) pdfPath_ = chosen.first();
+  return !chosen.isEmpty();
 }
 
 bool DesktopPrinters::Preview(const platform::Document& document, QWidget& owner) {

@@ -89,7 +89,24 @@ std::optional<IniText> IniSettings::Understood(const std::string& content) {
   return IniText::Read(content);
 }
 
+/// Many settings are read one after the other, out of a file that hardly ever changes.
 IniText IniSettings::Load() {
+  const std::scoped_lock lock(lookingAtKept_);
+  std::string stamp;
+  try {
+    stamp = files_.Stamp(path_);
+  } catch (const FileError&) {
+    // To read it tells what is wrong.
+  }
+  if (stamp.empty() || stamp != stamp_) {
+    stamp_.clear();
+    kept_ = LoadAnew();
+    stamp_ = std::move(stamp);
+  }
+  return kept_;
+}
+
+IniText IniSettings::LoadAnew() {
   const auto content = Content();
   auto settings = content ? Understood(*content) : IniText{};
   if (!settings) throw SettingsError("The settings file " + path_ + " is damaged.");

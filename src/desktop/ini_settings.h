@@ -8,6 +8,7 @@
 // the state before the latest change. An empty file beside such a state counts as damaged.
 #pragma once
 
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
@@ -38,10 +39,14 @@ class IniSettings : public platform::SettingsStore {
   std::optional<std::string> KeptContent();
   std::optional<IniText> Understood(const std::string& content);
   IniText Load();
+  IniText LoadAnew();
   void Replace(const std::string& path, const std::string& content);
 
   platform::Files& files_;
   std::string path_;
+  std::mutex lookingAtKept_;  // any thread reads settings
+  std::string stamp_;         // of the file as it was when what is kept was read
+  IniText kept_;
 };
 
 }  // namespace desktop

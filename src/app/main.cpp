@@ -9,11 +9,12 @@
 #include "app/display.h"
 #include "app/end_requests.h"
 #include "app/program.h"
-#include "app/screen_scale.h"
+#include "app/scaled_application.h"
 #include "desktop/folders.h"
 #include "desktop/instance_channel.h"
 #include "platform/process_state.h"
 #include "post/accounts/passwords.h"
+#include "skin/program_pictures.h"
 #include "widgets/contrast.h"
 #include "widgets/readable_windows.h"
 #include "widgets/visible_boxes.h"
@@ -52,9 +53,8 @@ int main(int argc, char** argv) {
   }
   const std::string commandLine = CommandLine(argc, argv);
   const desktop::Folders folders = desktop::FoldersFor(desktop::ProgramFolder());
-  app::ScaleWindows(folders.settingsFile, argc, argv);
-  QApplication application(argc, argv);
-  app::KeepScaleToOneself();
+  ui::ReadPicturesOfStart(folders.program);
+  app::ScaledApplication application(folders.settingsFile, argc, argv);
   ui::KeepBoxesVisible();
   ui::KeepFaintTextLegible();
   ui::LetWindowsBeRead();
@@ -65,10 +65,12 @@ int main(int argc, char** argv) {
   if (program.HandOver(FilesGiven())) return 0;
   const app::EndRequests requests([&program] { program.End(); });
   QObject::connect(
-      &application, &QGuiApplication::commitDataRequest, &application,
+      &*application, &QGuiApplication::commitDataRequest, &*application,
       [&program] { program.End(); }, Qt::DirectConnection);
   // One who ends the program while it starts has had his way.
   if (!program.Start()) return platform::Process().ShuttingDown ? 1 : 0;
+  ui::StartIsOver();
+  application.RememberScale();
   const int result = QApplication::exec();
   program.Stop();
   return platform::Process().ShuttingDown ? 1 : result;

@@ -121,7 +121,7 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
   shell::FillHooks();
   seams.hooks.signIn = [this] { return HasChangedAccount("Imap", ui::AccountErrand::SignIn); };
   seams.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
-  QApplication::setWindowIcon(QIcon(ui::ProgramPicturePath(QStringLiteral("tarvolenix.png"))));
+  QApplication::setWindowIcon(ui::ProgramPicture(QStringLiteral("tarvolenix.png")));
 }
 
 Program::~Program() {

@@ -6,10 +6,20 @@
 #include <QPixmap>
 #include <QString>
 
+#include <string>
+
 namespace ui {
 
-/// A file of the program's own pictures, such as "tarvolenix.png".
-QString ProgramPicturePath(const QString& name);
+/// One of the program's own pictures, such as "tarvolenix.png", in all its sizes.
+QIcon ProgramPicture(const QString& name);
+
+/// The start picture, in few colours for screens that have no more.
+QPixmap StartPicture(bool inFewColours);
+
+/// Reads the pictures of every start on another thread, while the application object is made. What
+/// of it nobody has wanted until StartIsOver goes then.
+void ReadPicturesOfStart(const std::string& programFolder);
+void StartIsOver();
 
 /// The picture of message icon 1 to 5, `size` pixels high; the desktop's own where it is missing.
 QPixmap MessagePicture(int icon, int size);

@@ -53,7 +53,7 @@ QWidget* DrawAnswers::NewLogo(QWidget& window, const char* name, const char* pic
   auto* logo = new QLabel(&window);
   logo->setObjectName(QLatin1StringView(name));
   const int size = layouts::RectOf(layouts::board, "TVLogo").width;
-  logo->setPixmap(QIcon(ProgramPicturePath(QLatin1StringView(picture))).pixmap(size));
+  logo->setPixmap(ProgramPicture(QLatin1StringView(picture)).pixmap(size));
   return logo;
 }
 

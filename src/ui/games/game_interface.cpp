@@ -209,7 +209,7 @@ void GameInterface::AddMenuButtons() {
 void GameInterface::AddWindowButtons() {
   auto* logo = new QLabel(this);
   logo->setObjectName(u"TVLogo"_s);
-  logo->setPixmap(QIcon(ProgramPicturePath(u"tarvolenix.png"_s))
+  logo->setPixmap(ProgramPicture(u"tarvolenix.png"_s)
                       .pixmap(layouts::RectOf(layouts::gameInterface, "TVLogo").width));
   const auto add = [this](const QString& name, const QString& caption, const QString& meaning,
                           auto click) {

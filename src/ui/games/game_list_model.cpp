@@ -23,7 +23,7 @@ constexpr const char* pictureFiles[] = {"1-ascending.ico", "2-descending.ico", "
 
 /// Without the tint that a selected row would give it.
 QIcon ReadPictureIcon(const char* file) {
-  const QIcon stored(ProgramPicturePath(u"status/"_s + QLatin1StringView(file)));
+  const QIcon stored = ProgramPicture(u"status/"_s + QLatin1StringView(file));
   QIcon icon;
   for (const QSize& size : stored.availableSizes()) {
     const QPixmap picture = stored.pixmap(size, 1.0);

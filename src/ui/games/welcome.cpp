@@ -153,7 +153,7 @@ QWidget* Welcome::NewPage() {
                            PieceIcon("WhiteKing"), ways_.onThisMachine));
   column->addWidget(NewWay("ByMail", "With anybody, by &e-mail",
                            "With your own mail address. The moves travel as ordinary mails.",
-                           QIcon(ProgramPicturePath(u"tarvolenix.png"_s)), ways_.byMail));
+                           ProgramPicture(u"tarvolenix.png"_s), ways_.byMail));
   auto* later = new QPushButton(u"&Later"_s);
   later->setObjectName(u"Later"_s);
   later->setMinimumSize(96, 28);

@@ -60,7 +60,7 @@ AboutBox::AboutBox(QWidget* parent) : QDialog(parent) {
   setWindowTitle(u"About Tarvolenix"_s);
   auto* picture = new QLabel(this);
   picture->setObjectName(u"ProgramIcon"_s);
-  picture->setPixmap(QIcon(ProgramPicturePath(u"tarvolenix.png"_s)).pixmap(pictureSize));
+  picture->setPixmap(ProgramPicture(u"tarvolenix.png"_s).pixmap(pictureSize));
   for (const LabelRow& row : labelRows) AddLabel(row, this);
   credits_ = NewButton(*this, {"CreditsButton", "CreditsButtonS"}, u"Credits"_s, u"&Credits"_s);
   ok_ = NewButton(*this, {"OkButton", "OKButtonS"}, u"OK"_s);

@@ -27,10 +27,9 @@ constexpr int shortestStay = 6;  // ticks
 constexpr int unknownDepth = 8;
 constexpr int highColour = 16;
 
-QPixmap StartPicture() {
+bool ShowsFewColours() {
   const int depth = platform::TheSeams().screen->Settings().BitsPerPixel.value_or(unknownDepth);
-  return QPixmap(AsItIs(Process().ProgramFolder) + u"UI Graphics/"_s +
-                 (depth < highColour ? u"Splash8.bmp"_s : u"Splash16.bmp"_s));
+  return depth < highColour;
 }
 
 }  // namespace
@@ -38,7 +37,7 @@ QPixmap StartPicture() {
 SplashScreen::SplashScreen(std::function<void()> handOver)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
       handOver_(std::move(handOver)),
-      picture_(StartPicture()) {
+      picture_(StartPicture(ShowsFewColours())) {
   setObjectName(u"SplashScreen"_s);
   setWindowTitle(u"Tarvolenix"_s);
   setAttribute(Qt::WA_DeleteOnClose);

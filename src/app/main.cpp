@@ -30,13 +30,15 @@ std::string CommandLine(int argc, char** argv) {
   return line;
 }
 
-/// Without what the toolkit has taken for itself. A file manager may know them by their addresses.
+/// Without what the toolkit has taken for itself, and words that can only be meant otherwise. A
+/// file manager may know them by their addresses.
 desktop::GivenFiles FilesGiven() {
   desktop::GivenFiles files;
   for (const QString& argument : QCoreApplication::arguments().mid(1)) {
     if (argument.startsWith(u'-')) continue;
     const QUrl url(argument);
     const QFileInfo file(url.isLocalFile() ? url.toLocalFile() : argument);
+    if (!file.exists() && !argument.contains(u'/') && !argument.contains(u'.')) continue;
     files.push_back(file.absoluteFilePath().toStdString());
   }
   return files;

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+#include "desktop/activation.h"
+
 namespace desktop {
 
 using namespace Qt::StringLiterals;
@@ -62,6 +64,8 @@ bool DesktopNotices::ReachesBus() {
   showsMarkup_.reset();
   if (!bus_.isConnected()) return false;
   bus_.connect(service, object, service, u"ActionInvoked"_s, this, SLOT(TakeAction(uint, QString)));
+  bus_.connect(service, object, service, u"ActivationToken"_s, this,
+               SLOT(TakeToken(uint, QString)));
   bus_.connect(service, object, service, u"NotificationClosed"_s, this, SLOT(Forget(uint, uint)));
   return true;
 }
@@ -114,6 +118,11 @@ void DesktopNotices::Withdraw() {
   if (const uint number = std::exchange(number_, 0)) {
     bus_.send(Call("CloseNotification"_L1, {number}));
   }
+}
+
+/// Comes ahead of the action that it belongs to.
+void DesktopNotices::TakeToken(uint number, const QString& token) {
+  if (number_ != 0 && number == number_) LetNextWindowComeToFront(token.toUtf8());
 }
 
 void DesktopNotices::TakeAction(uint number, const QString& action) {

@@ -27,6 +27,7 @@ class DesktopNotices : public QObject, public platform::Notices {
   void Withdraw() override;
 
  private Q_SLOTS:
+  void TakeToken(uint number, const QString& token);
   void TakeAction(uint number, const QString& action);
   void Forget(uint number, uint reason);
 

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+#include "desktop/activation.h"
+
 namespace desktop {
 namespace {
 
@@ -13,12 +15,22 @@ constexpr int patience = 3000;  // milliseconds
 constexpr qint64 longestMessage = 1 << 20;
 constexpr QByteArrayView end("\0\0", 2);
 
-GivenFiles FilesIn(const QByteArray& message) {
+struct Message {
+  QByteArray activation;
   GivenFiles files;
-  for (const QByteArray& path : message.split('\0')) {
-    if (!path.isEmpty()) files.push_back(path.toStdString());
+};
+
+/// Paths are whole ones; the rest is the token of the start that they come from.
+Message Understood(const QByteArray& text) {
+  Message message;
+  for (const QByteArray& part : text.split('\0')) {
+    if (part.startsWith('/')) {
+      message.files.push_back(part.toStdString());
+    } else if (!part.isEmpty()) {
+      message.activation = part;
+    }
   }
-  return files;
+  return message;
 }
 
 }  // namespace
@@ -41,15 +53,20 @@ InstanceChannel::InstanceChannel(const std::string& socket,
 void InstanceChannel::Read(QLocalSocket& caller) {
   if (caller.bytesAvailable() > longestMessage) return caller.abort();
   if (!caller.peek(longestMessage).endsWith(end)) return;
-  const GivenFiles files = FilesIn(caller.readAll());
+  const Message message = Understood(caller.readAll());
   caller.write("\1");
+  const bool isHeard = caller.waitForBytesWritten(patience);
   caller.disconnectFromServer();
+  if (!isHeard) return;  // who waits no longer has told his user that nothing was taken
   // Behind the answer: to take them may last as long as the user reads.
-  QTimer::singleShot(0, this, [this, files] { take_(files); });
+  QTimer::singleShot(0, this, [this, message] {
+    LetNextWindowComeToFront(message.activation);
+    take_(message.files);
+  });
 }
 
 bool HandOverFiles(const std::string& socket, const GivenFiles& files) {
-  QByteArray message = files.empty() ? QByteArray(1, '\0') : QByteArray();
+  QByteArray message = OwnActivation() + '\0';
   for (const std::string& path : files) message += QByteArray::fromStdString(path) + '\0';
   QLocalSocket running;
   running.connectToServer(QString::fromStdString(socket));

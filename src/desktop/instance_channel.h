@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The way from a start that finds the program running to the one that runs: the files that the user
-// gave go through a local socket beside the mark of the single instance. Each path ends with a NUL,
-// and the whole with another; the running program answers with one byte.
+// gave go through a local socket beside the mark of the single instance, behind what lets its
+// window come to front. Each part ends with a NUL, and the whole with another; the running program
+// answers with one byte.
 #pragma once
 
 #include <QLocalServer>

@@ -8,6 +8,8 @@
 #include <QVariantMap>
 #include <gtest/gtest.h>
 
+#include "desktop/activation.h"
+
 namespace {
 
 class Daemon : public QObject {
@@ -25,6 +27,7 @@ class Daemon : public QObject {
   void CloseNotification(uint) { shown.clear(); }
 
  Q_SIGNALS:
+  void ActivationToken(uint number, const QString& token);
   void ActionInvoked(uint number, const QString& action);
   void NotificationClosed(uint number, uint reason);
 
@@ -82,10 +85,12 @@ TEST(DesktopNoticesTest, AreAnsweredOverTheBusAndSilentWithoutADaemon) {
                 daemon.captions.contains(QLatin1StringView("Later")));
     QTest::qWait(50);  // its number comes behind it
     for (const uint number : {daemon.number + 1, daemon.number, daemon.number}) {
+      Q_EMIT daemon.ActivationToken(number, QString::number(number));
       Q_EMIT daemon.ActionInvoked(number, QLatin1StringView(row.action));
     }
     QTest::qWait(50);
     EXPECT_EQ(answers, row.answers) << "once, and of the one that is shown";
+    EXPECT_EQ(desktop::OwnActivation(), QByteArray::number(daemon.number));
     notices.Withdraw();
     ASSERT_TRUE(showsSoon("")) << "whoever has answered needs it no more";
   }

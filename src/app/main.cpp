@@ -55,8 +55,8 @@ int main(int argc, char** argv) {
   }
   const std::string commandLine = CommandLine(argc, argv);
   const desktop::Folders folders = desktop::FoldersFor(desktop::ProgramFolder());
-  ui::ReadPicturesOfStart(folders.program);
   app::ScaledApplication application(folders.settingsFile, argc, argv);
+  ui::ReadPicturesOfStart(folders.program);
   ui::KeepBoxesVisible();
   ui::KeepFaintTextLegible();
   ui::LetWindowsBeRead();

@@ -160,14 +160,14 @@ void Write(const Setting& setting, const std::string& value) {
   WriteRegistry(productSection, setting.name, ReturnValue(value, setting.usual));
 }
 
-/// The section of the latest older version. Versions compare as plain text, so "2.10.0" is older
-/// than "2.6.7". Without an older version it is the product's own.
-std::string PreviousSection() {
+/// The latest older version that has left settings; blank without one. Versions compare as plain
+/// text, so "2.10.0" is older than "2.6.7".
+std::string PreviousVersion() {
   std::string previous;
   for (const std::string& name : platform::EnumRegistryKeys()) {
     if (name < platform::GetVersionText()) previous = std::max(previous, name);
   }
-  return productSection + ("/" + previous);
+  return previous;
 }
 
 void CopySettings(const std::string& from) {
@@ -221,10 +221,12 @@ void UpgradeSettings() {
     if (std::find(versions.begin(), versions.end(), platform::GetVersionText()) == versions.end()) {
       platform::CreateRegistryKey(productSection);
     }
-    const std::string previous = PreviousSection();
+    const std::string version = PreviousVersion();
+    const std::string previous = productSection + ("/" + version);
     platform::Settings().Skin = ReadText(Skin, previous);
     platform::ShowStatus(true, "Tarvolenix is upgrading to version " + platform::GetVersionText());
     CopySettings(previous);
+    if (version.empty()) platform::WriteRegistry(productSection, greeted, BooleanText(false));
   }
   platform::ShowStatus(false);
 }

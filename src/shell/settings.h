@@ -19,6 +19,10 @@ bool LoadSettings();
 /// reaches the caller.
 std::optional<std::string> WindowSizeAtStart();
 
+/// "False" from a user's first start until he was greeted. Who comes from an earlier version hasn't
+/// got it.
+inline constexpr const char* greeted = "Greeted";
+
 /// Makes way for the factory's motivations where the stored ones can't be used: those are kept as
 /// HeuristicsUnread, or with a number behind that where such a one is kept already. False where
 /// they can't be; all is as it was then.

@@ -16,7 +16,7 @@ QIcon ProgramPicture(const QString& name);
 /// The start picture, in few colours for screens that have no more.
 QPixmap StartPicture(bool inFewColours);
 
-/// Reads the pictures of every start on another thread, while the application object is made. What
+/// Reads the pictures of every start on another thread. The application object must be there. What
 /// of it nobody has wanted until StartIsOver goes then.
 void ReadPicturesOfStart(const std::string& programFolder);
 void StartIsOver();

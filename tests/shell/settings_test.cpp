@@ -41,6 +41,7 @@ TEST_F(SettingsTest, UpgradeCopiesFromTheGreatestOlderVersionAsTextCompares) {
     const auto old = desktop_.settings.groups;
     shell::UpgradeSettings();
     EXPECT_EQ(Stored()["ChessSet"], expected);
+    EXPECT_EQ(Stored()["Greeted"], versions[0] == "3.0.0" ? "False" : "");
     EXPECT_EQ(Stored()["HiddenColumns"], versions[0] == "3.0.0" ? "" : expected);
     for (const auto& [group, values] : old) EXPECT_EQ(Stored(group), values) << "stays as it is";
   }
@@ -81,6 +82,7 @@ TEST_F(SettingsTest, SaveWritesWhatLoadReadsAndTheSavedOfTheTwins) {
   EXPECT_EQ(Stored()["ShowMoves"], "True");
   EXPECT_EQ(Stored()["WindowSize"], "Auto");
   Stored().erase("BppChecked");
+  Stored().erase("Greeted");
   Stored()["HiddenColumns"] = "Since;";
   for (auto& [name, value] : Stored()) {
     if (value == "True" || value == "False") value = value == "True" ? "False" : "True";

@@ -83,6 +83,7 @@ void GameListGrid::Fill(shell::GameList list, std::int16_t sortColumn, bool desc
   setUpdatesEnabled(false);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);  // of the look
   const bool empty = list.games.empty();
+  const bool wasEmpty = model_->rowCount() == 0;
   heading_->ShowSortMark(
       empty ? -1 : sortColumn, descending,
       model_->Picture(descending ? shell::DescendingIcon : shell::AscendingIcon));
@@ -96,6 +97,8 @@ void GameListGrid::Fill(shell::GameList list, std::int16_t sortColumn, bool desc
         model_->index(static_cast<int>(list.selected), shell::OpponentColumn);
     setCurrentIndex(selected);
     scrollTo(selected, PositionAtTop);
+    // The button by which the first one came has done its work.
+    if (wasEmpty) setFocus();
   }
   setUpdatesEnabled(true);
 }

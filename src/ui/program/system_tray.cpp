@@ -14,6 +14,7 @@
 #include "shell/mail_watch.h"
 #include "shell/playing.h"
 #include "shell/polling_loop.h"
+#include "shell/settings.h"
 #include "shell/shut_down.h"
 #include "shell/start_up.h"
 #include "shell/tray_status.h"
@@ -57,9 +58,9 @@ bool PrepareForMail(const SystemTray::ChangeAccount& changeAccount, const char* 
 
 /// Once: whoever knows the program has chosen since.
 void ExplainToNewcomer() {
-  const auto greeted = platform::ReadRegistry(platform::productSection, "Greeted");
-  if (platform::ReturnValue(greeted, "False") == "True") return;
-  platform::WriteRegistry(platform::productSection, "Greeted", "True");
+  const auto greeted = platform::ReadRegistry(platform::productSection, shell::greeted);
+  if (platform::ReturnValue(greeted, "True") == "True") return;
+  platform::WriteRegistry(platform::productSection, shell::greeted, "True");
   platform::Settings().Verbose = true;
 }
 

@@ -295,6 +295,11 @@ TEST_F(SystemTrayTest, WhoHasNoGameIsShownTheWaysToOne) {
   store::RemoveGame(1);
   platform::TheSeams().hooks.handedOver();
   ASSERT_NE(welcome(), nullptr);
+  EXPECT_FALSE(platform::Settings().Verbose) << "he comes from an earlier version";
+  welcome()->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  platform::WriteRegistry(platform::productSection, "Greeted", "False");
+  platform::TheSeams().hooks.handedOver();
   EXPECT_TRUE(platform::Settings().Verbose);
   platform::Settings().Verbose = false;
   Process().Offline = true;

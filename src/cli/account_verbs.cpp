@@ -317,7 +317,8 @@ bool SignIn(const Call& call) {
     throw Refusal("Nothing is known of a sign-in at this account's mail provider.");
   }
   const post::Patience patience(std::chrono::seconds(30));
-  const auto service = sign_in::WithMetadata(sign_in::ServiceNamed(name, files), patience);
+  const auto service = sign_in::WithMetadata(sign_in::ServiceNamed(name, files),
+                                             &sign_in::Service::device, patience);
   const auto code = sign_in::BeginDeviceSignIn(service, patience);
   JsonObject begun;
   begun.Add("address", code.address).Add("code", code.userCode);

@@ -448,8 +448,9 @@ void AccountDialog::Refresh() {
   const bool token = !answer.account.TokenCommand.empty();
   password_->setEnabled(!token);
   signIn_->ShowCaption(!answer.account.SignIn.empty());
-  password_->setPlaceholderText(token ? u"the token command stands for it"_s
-                                : !answer.account.SignIn.empty() ? u"the sign-in stands for it"_s
+  const bool stands = !answer.account.SignIn.empty() && signIn_->IsSignedIn();
+  password_->setPlaceholderText(token    ? u"the token command stands for it"_s
+                                : stands ? u"the sign-in stands for it"_s
                                 : help_.hasKeptPassword(answer.account)
                                     ? u"the stored password stays"_s
                                     : QString());

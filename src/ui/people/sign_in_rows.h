@@ -31,6 +31,9 @@ class SignInRows : public QObject {
   /// What it left; blank: what is kept, and for another mailbox than it was for.
   std::string SecretFor(const MailAccount& account) const;
 
+  /// Whether a sign-in stands for the password of the mailbox that is typed by now.
+  bool IsSignedIn() const;
+
   bool IsOffered() const { return offer_.isReady; }
   bool IsUnderWay() const { return isUnderWay_; }
 
@@ -62,7 +65,6 @@ class SignInRows : public QObject {
   void Ended(const std::string& problem);
 
  private:
-  bool IsSignedIn() const;
   void ShowNote();
   void ShowPage(int number, const std::string& url);
   void TakeEnd(int number, const std::string& name, const std::string& secret,

@@ -26,7 +26,7 @@ class AuthorizationServer:
         self.access = {}
         self.dead = 0  # the next tokens that no server will take
         self.codes = {}  # of browsers, with their proofs
-        self.devices = []  # what is answered to them, one after the other
+        self.devices = []  # what is answered to them, one after the other, or told by a function
         self.given = 0
         owner = self
 
@@ -91,7 +91,7 @@ class AuthorizationServer:
             raise Refused("invalid_client")
         kind = fields["grant_type"].rpartition(":")[2]
         if kind == "device_code" and self.devices and (word := self.devices.pop(0)):
-            raise Refused(word)
+            raise Refused(word if isinstance(word, str) else word())
         if kind == "authorization_code" and not self.is_proved(fields):
             raise Refused("invalid_grant")
         if kind == "refresh_token" and fields["refresh_token"] not in self.refresh:

@@ -66,10 +66,19 @@ def sign_in(player, provider, servers):
     refused(player, ["account", "sign-in"], "refused")
     player.done("account", "test")  # by the password, as before
 
-    provider.devices = ["authorization_pending"]
+    def meanwhile(setting):
+        player.done("account", "set", setting)
+        return "authorization_pending"
+
+    name = player.done("account", "show")[0]["UserName"]
+    provider.devices = [lambda: meanwhile("UserName=other")]
+    refused(player, ["account", "sign-in"], "changed meanwhile")
+    player.done("account", "set", f"UserName={name}")
+    provider.devices = [lambda: meanwhile("SendPage=false")]
     code, end = player.done("account", "sign-in")
     expect(code == {"address": provider.url + "/enter", "code": "WXYZ-1234"}, code)
     expect(end == {"ok": True}, end)
+    expect(not player.done("account", "show")[0]["SendPage"], "the sign-in undid a change")
     player.done("account", "test")
 
 

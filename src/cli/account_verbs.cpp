@@ -306,18 +306,35 @@ bool TestAccount(const Call& call) {
   return true;
 }
 
+/// A sign-in takes its time, and another program may have the account changed meanwhile: all but
+/// what the sign-in changes stays.
+void KeepSignIn(const Call& call, const MailAccount& begunFor, const std::string& name,
+                const std::string& secret) {
+  post::AccountAnswer answer{post::LoadMailAccount(), secret};
+  MailAccount& account = answer.account;
+  for (const Text mailbox : {&MailAccount::MailKind, &MailAccount::MyAddress,
+                             &MailAccount::UserName, &MailAccount::ImapHost}) {
+    if (account.*mailbox == begunFor.*mailbox) continue;
+    throw Refusal("The mail account was changed meanwhile: please sign in again.");
+  }
+  account.SignIn = name;
+  account.TokenCommand.clear();
+  const bool stored = post::SaveAccountAnswer(answer, call.passwords);
+  if (!stored || !call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
+}
+
 bool SignIn(const Call& call) {
   const std::string none = post::WhyNoAccount();
   if (!none.empty()) throw Refusal(none);
-  post::AccountAnswer answer{post::LoadMailAccount(), {}};
-  MailAccount& account = answer.account;
+  const MailAccount account = post::LoadMailAccount();
   const auto& files = call.tokens.Files();
   const std::string name = sign_in::ServiceNameFor(account, files);
   if (account.MailKind != "Imap" || name.empty()) {
     throw Refusal("Nothing is known of a sign-in at this account's mail provider.");
   }
   const post::Patience patience(std::chrono::seconds(30));
-  const auto service = sign_in::WithMetadata(sign_in::ServiceNamed(name, files), patience);
+  const auto service = sign_in::WithMetadata(sign_in::ServiceNamed(name, files),
+                                             &sign_in::Service::device, patience);
   const auto code = sign_in::BeginDeviceSignIn(service, patience);
   JsonObject begun;
   begun.Add("address", code.address).Add("code", code.userCode);
@@ -326,11 +343,8 @@ bool SignIn(const Call& call) {
   begun.Print();
   std::cout.flush();
   const auto pause = [](std::chrono::seconds time) { std::this_thread::sleep_for(time); };
-  answer.password = sign_in::AwaitDeviceSignIn(service, code, pause, patience).refresh;
-  account.SignIn = name;
-  account.TokenCommand.clear();
-  const bool stored = post::SaveAccountAnswer(answer, call.passwords);
-  if (!stored || !call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
+  KeepSignIn(call, account, name,
+             sign_in::AwaitDeviceSignIn(service, code, pause, patience).refresh);
   JsonObject().Add("ok", true).Print();
   return true;
 }

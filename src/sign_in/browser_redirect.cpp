@@ -7,6 +7,7 @@
 #include <QUrl>
 #include <QUrlQuery>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/mail_client.h"
@@ -16,8 +17,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// No browser's first line is longer.
-constexpr qsizetype longestRequest = 16384;
+/// No browser's question is longer.
+constexpr qsizetype longestRequest = 65536;
 
 std::string PageSaying(const char* status, const char* text) {
   const std::string page = std::string(
@@ -52,22 +53,23 @@ BrowserRedirect::BrowserRedirect(std::string state) : state_(std::move(state)) {
   }
 }
 
-/// Browsers open connections that they never use: each is heard for itself.
+/// Browsers open connections that they never use: each is heard for itself. Who is answered before
+/// he has said all may lose the answer.
 void BrowserRedirect::Receive(QTcpSocket* visitor) {
-  if (!visitor->canReadLine()) {
+  if (!visitor->peek(longestRequest).contains("\r\n\r\n")) {
     if (visitor->bytesAvailable() > longestRequest) visitor->abort();
     return;
   }
   const std::string line = visitor->readLine(longestRequest).trimmed().toStdString();
   QObject::disconnect(visitor, &QTcpSocket::readyRead, visitor, nullptr);
-  const bool isRight = !visit_ && Take(line);
+  const bool isRight = Take(line);
   SendAway(*visitor, isRight ? PageSaying("200 OK",
                                           "Tarvolenix has heard from your provider. You may "
                                           "close this window.")
                              : PageSaying("404 Not Found", "Nobody asked for this page."));
 }
 
-/// True where the visitor is the right one.
+/// True where the visitor is the right one, also where he comes again: what he said first counts.
 bool BrowserRedirect::Take(const std::string& requestLine) {
   const QString line = QString::fromStdString(requestLine);
   if (!line.startsWith(u"GET /"_s)) return false;
@@ -77,9 +79,10 @@ bool BrowserRedirect::Take(const std::string& requestLine) {
     return query.queryItemValue(name, QUrl::FullyDecoded).toStdString();
   };
   if (url.path() != u"/"_s || value(u"state"_s) != state_) return false;
-  Visit visit{value(u"code"_s), value(u"error"_s)};
+  Visit visit{value(u"code"_s), value(u"error"_s), value(u"error_description"_s)};
+  std::replace(visit.description.begin(), visit.description.end(), '+', ' ');
   if (visit.code.empty() && visit.error.empty()) return false;
-  visit_ = std::move(visit);
+  if (!visit_) visit_ = std::move(visit);
   return true;
 }
 

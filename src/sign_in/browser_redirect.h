@@ -25,11 +25,13 @@ class BrowserRedirect {
 
   struct Visit {
     std::string code;
-    std::string error;  ///< such as "access_denied", in place of a code
+    std::string error;        ///< such as "access_denied", in place of a code
+    std::string description;  ///< of the error; may be blank
   };
 
   /// Belongs to the thread that made it, whose events run meanwhile. Any other visitor gets a page
-  /// that sends him away, and is waited over. Nothing where nobody came in time.
+  /// that sends him away, and is waited over; the right one may come twice. Nothing where nobody
+  /// came in time.
   std::optional<Visit> Await(std::chrono::milliseconds longest, const post::Patience& patience);
 
  private:

@@ -23,14 +23,19 @@ std::string CodeFrom(BrowserRedirect& redirect, const std::string& provider,
   if (!visit)
     throw platform::MailError("Nobody has signed in for ten minutes: please begin again.");
   if (visit->error.empty()) return visit->code;
-  throw platform::MailError("The sign-in was refused at " + provider + ".");
+  throw platform::MailError(SentenceFor(visit->error, visit->description, provider));
 }
 
 }  // namespace
 
 Tokens SignInByBrowser(const Service& given, const std::string& address, const OpenBrowser& open,
                        const post::Patience& patience) {
-  const Service service = WithMetadata(given, patience);
+  const Service service = WithMetadata(given, &Service::authorize, patience);
+  if (service.authorize.empty()) {
+    throw platform::MailError(service.name +
+                              " lets people sign in by a code only: use the console's "
+                              "\"account sign-in\".");
+  }
   RequireSafe(service.authorize);  // the desktop would open whatever it is told to
   const std::string state = RandomText();
   const std::string verifier = RandomText();

@@ -2,7 +2,6 @@
 #include "sign_in/device_sign_in.h"
 
 #include <QJsonObject>
-#include <QVariant>
 
 #include <algorithm>
 
@@ -21,11 +20,6 @@ constexpr seconds longestLifetime(1800);
 /// Who gets no answer asks ever less often; beyond this only because the provider wants it.
 constexpr seconds longestOwnInterval(60);
 
-seconds SecondsIn(const QJsonObject& answer, const QString& name, seconds usual) {
-  const int given = answer[name].toVariant().toInt();
-  return given > 0 ? seconds(given) : usual;
-}
-
 }  // namespace
 
 DeviceCode BeginDeviceSignIn(const Service& service, const post::Patience& patience) {
@@ -38,9 +32,9 @@ DeviceCode BeginDeviceSignIn(const Service& service, const post::Patience& patie
   const auto text = [&answer](const QString& name) {
     return answer[name].toString().toStdString();
   };
+  const seconds lifetime = SecondsIn(answer, "expires_in", longestLifetime, longestLifetime);
   DeviceCode code{text(u"verification_uri"_s), text(u"user_code"_s), text(u"device_code"_s),
-                  std::min(longestLifetime, SecondsIn(answer, u"expires_in"_s, longestLifetime)),
-                  SecondsIn(answer, u"interval"_s, usualInterval)};
+                  lifetime, SecondsIn(answer, "interval", usualInterval, lifetime)};
   if (code.address.empty()) code.address = text(u"verification_url"_s);  // an older name of it
   if (code.address.empty() || code.userCode.empty() || code.deviceCode.empty()) {
     throw platform::MailError(service.name + " gave no code for the sign-in.");

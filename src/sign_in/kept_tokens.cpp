@@ -31,7 +31,7 @@ Tokens TokensFor(const Service& service, const std::string& refresh,
     return AskForTokens(service, {{"grant_type", "refresh_token"}, {"refresh_token", refresh}},
                         patience);
   } catch (const GrantRefused& refusal) {
-    if (refusal.error == "invalid_grant") throw post::SignInLapsed(refusal.what());
+    if (WantsNewSignIn(refusal.error)) throw post::SignInLapsed(refusal.what());
     throw;
   }
 }
@@ -86,7 +86,8 @@ bool KeptTokens::IsGood(const Access& access, const std::string& stale) const {
 std::string KeptTokens::Renewed(const post::MailAccount& account, const std::string& refresh,
                                 const post::Patience& patience) {
   access_.erase(refresh);
-  const Service service = WithMetadata(ServiceNamed(account.SignIn, files_), patience);
+  const Service service =
+      WithMetadata(ServiceNamed(account.SignIn, files_), &Service::token, patience);
   const auto asked = now_();
   const Tokens tokens = TokensFor(service, refresh, patience);
   const bool isAnother = !tokens.refresh.empty() && tokens.refresh != refresh;

@@ -147,23 +147,25 @@ Service ServiceNamed(const std::string& name, const ClientFiles& files) {
       if (value) service.*member = *value;
     }
   }
-  if (service.issuer.empty() && (service.authorize.empty() || service.token.empty())) {
+  const bool hasPage = !service.authorize.empty() || !service.device.empty();
+  if (service.issuer.empty() && (service.token.empty() || !hasPage)) {
     throw MailError(std::string("The file \"") + fileName + "\" doesn't say where " + name +
                     " signs people in: it wants Issuer, or Authorize and Token.");
   }
   return service;
 }
 
-Service WithMetadata(Service service, const post::Patience& patience) {
+Service WithMetadata(Service service, std::string Service::*page, const post::Patience& patience) {
   if (service.issuer.empty()) return service;
   for (const std::string& place : PlacesOfMetadata(service.issuer)) {
+    if (!service.token.empty() && !(service.*page).empty()) return service;
     const QJsonObject found = MetadataAt(place, service.issuer, patience);
     for (const auto& [name, member] : metadata) {
       std::string value = found[QLatin1StringView(name)].toString().toStdString();
       if ((service.*member).empty()) service.*member = std::move(value);
     }
-    if (!service.authorize.empty() && !service.token.empty()) return service;
   }
+  if (!service.token.empty()) return service;
   throw MailError("\"" + service.issuer + "\" doesn't tell how to sign in at " + service.name +
                   ".");
 }

@@ -11,7 +11,7 @@
 //   [example.org]                     of another provider: the domain of the address
 //   Issuer=https://login.example.org  tells the rest by itself (RFC 8414), or else
 //   Authorize=, Token=, Device=       the addresses themselves
-//   Scope=...                         what is asked for
+//   Scope=...                         what is asked for, where the provider wants to hear it
 //   ClientId=...
 //
 // What such a section says counts more than what providers.ini says.
@@ -52,8 +52,10 @@ std::string ServiceNameFor(const post::MailAccount& account, const ClientFiles& 
 /// wrong with a file.
 Service ServiceNamed(const std::string& name, const ClientFiles& files);
 
-/// With what its issuer tells about it, where that is needed. May wait. Raises MailError.
-Service WithMetadata(Service service, const post::Patience& patience);
+/// With what its issuer tells about it, who is asked only where the address of the tokens isn't
+/// known, or `page`, which the errand begins at. May wait. Raises MailError; that a service has no
+/// such page is for the errand to say.
+Service WithMetadata(Service service, std::string Service::*page, const post::Patience& patience);
 
 /// A sentence where a file of the user's own with a secret in it can be read by others; else blank.
 std::string RemarkOn(const ClientFiles& files);

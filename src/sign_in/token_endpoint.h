@@ -25,6 +25,18 @@ struct GrantRefused : post::AccountRefused {
   std::string error;
 };
 
+/// Whether the user himself has to come again, and nothing else helps.
+bool WantsNewSignIn(const std::string& error);
+
+/// What the user hears of a refusal. `itsWords` is what the provider says of it, or blank.
+std::string SentenceFor(const std::string& error, const std::string& itsWords,
+                        const std::string& provider);
+
+/// What the answer says of a time; `usual` where it says nothing sensible, and never more than
+/// `longest`. Some providers give it as a text.
+std::chrono::seconds SecondsIn(const QJsonObject& answer, const char* name,
+                               std::chrono::seconds usual, std::chrono::seconds longest);
+
 /// What a provider answers to a form, as JSON. Raises GrantRefused, and what web_request.h raises;
 /// ConnectionLost also where a provider isn't at its best.
 QJsonObject AskProvider(const Service& service, const std::string& url, Fields fields,

@@ -117,6 +117,7 @@ void RequireSafe(const std::string& url) {
 std::string Encoded(const Fields& fields) {
   std::string encoded;
   for (const auto& [name, value] : fields) {
+    if (value.empty()) continue;
     if (!encoded.empty()) encoded += '&';
     encoded += Percent(name) + '=' + Percent(value);
   }

@@ -12,7 +12,8 @@ namespace sign_in {
 
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
-/// "name=value&name=value", encoded for an address or a form.
+/// "name=value&name=value", encoded for an address or a form. What is blank is left out: to say
+/// nothing means the same (RFC 6749, 3.1), and not every provider bears with a blank.
 std::string Encoded(const Fields& fields);
 
 struct WebAnswer {

@@ -6,6 +6,7 @@
 
 #include <numeric>
 
+#include "fakes/fake_desktop.h"
 #include "fakes/temporary_folder.h"
 #include "post/accounts/file_passwords.h"
 #include "post/accounts/keyring_passwords.h"
@@ -55,6 +56,12 @@ TEST_F(FilePasswordsTest, NobodyElseCanReadTheFileWhateverWasThereBefore) {
   ::chmod(path_.c_str(), 0644);
   EXPECT_EQ(passwords_.Read("a@b"), "1");
   EXPECT_EQ(ModeOf(path_), 0600u) << "a copy that came out open is closed by the first look";
+  fakes::FakeDesktop desktop;
+  const std::string open = "/proc/self/comm";  // of a file system that closes nothing to others
+  WriteFile(open, "a secret\n");
+  FilePasswords others(open);
+  for (int look = 0; look < 2; ++look) EXPECT_EQ(others.Read("a"), std::nullopt);
+  EXPECT_EQ(desktop.boxes.messages.size(), 1u);
 }
 
 TEST_F(FilePasswordsTest, ADamagedLineHarmsNoOther) {

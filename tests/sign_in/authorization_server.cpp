@@ -56,12 +56,17 @@ void AuthorizationServer::Serve(const std::stop_token& stop) {
 AuthorizationServer::Answer AuthorizationServer::AnswerTo(const QString& path,
                                                           const QUrlQuery& fields) {
   const std::lock_guard lock(mutex_);
+  const bool hasBlank = fields.hasQueryItem(u"scope"_s);  // the test's client asks for none
+  if (hasBlank) return {400, R"({"error":"invalid_scope"})"};
   if (path == u"/authorize"_s) return Authorize(fields);
   if (path.contains(u"/.well-known"_s)) {
     const bool isTenant = path == u"/.well-known/oauth-authorization-server/tenant"_s;
-    return {isTenant || path.endsWith(u"openid-configuration"_s) ? 200 : 404,
-            R"({"issuer":")" + Url(isTenant ? "/tenant/" : "") + R"(","authorization_endpoint":")" +
-                Url("/authorize") + R"(","token_endpoint":")" + Url("/token") + "\"}"};
+    const bool isOpenId = path.endsWith(u"openid-configuration"_s);
+    return {200, R"({"issuer":")" + Url(isTenant ? "/tenant/" : "") +
+                     R"(","authorization_endpoint":")" + Url("/authorize") +
+                     R"(","token_endpoint":")" + Url("/token") +
+                     (isOpenId ? R"(","device_authorization_endpoint":")" + Url("/device") : "") +
+                     "\"}"};
   }
   ++asked_;
   if (said_.empty()) return Give(fields);

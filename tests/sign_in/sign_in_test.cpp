@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Signing in at a provider of the test's own, with browsers that do what they shouldn't.
 #include <QCoreApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTcpSocket>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -38,13 +40,15 @@ class SignInTest : public testing::Test {
   SignInTest() {
     WriteFile(files_.front(),
               "[Google]\nClientId=mine\n[home.org]\nClientId=a client & more\nIssuer=" +
-                  server_.Url("") + "\nDevice=" + server_.Url("/device") + '\n');
+                  server_.Url("") + '\n');
     account_.SignIn = "home.org";
     account_.UserName = "anna";
     account_.ImapHost = "imap.home.org";
   }
 
-  Service Home() { return WithMetadata(ServiceNamed("home.org", files_), patience_); }
+  Service Home(std::string Service::*page = &Service::authorize) {
+    return WithMetadata(ServiceNamed("home.org", files_), page, patience_);
+  }
   std::string Visit(const std::string& url) { return Get(url, patience_).content; }
 
   int count_ = 0;
@@ -107,6 +111,8 @@ TEST_F(SignInTest, OnlyTheRightVisitorWithTheRightProofEndsTheWait) {
        }},
       {"the user refuses", "The sign-in was refused at home.org.", "close this window",
        [&](auto& url) { goTo(url, "code=code", "error=access_denied"); }},
+      {"the provider refuses", "home.org refuses the sign-in: Not today", "close this window",
+       [&](auto& url) { goTo(url, "code=code", "error=x&error_description=Not+today"); }},
       {"the user gives up", "The sign-in was given up.", "", [&](auto&) { patience_.Hurry(); }},
   };
   for (const auto& row : rows) {
@@ -164,7 +170,7 @@ TEST_F(SignInTest, ADeviceAsksAtThePaceOfTheProvider) {
       pauses.push_back(static_cast<int>(time.count()));
     };
     EXPECT_EQ(ProblemOf([&] {
-                const DeviceCode code = BeginDeviceSignIn(Home(), patience_);
+                const DeviceCode code = BeginDeviceSignIn(Home(&Service::device), patience_);
                 EXPECT_EQ(code.userCode, "WXYZ");
                 AwaitDeviceSignIn(Home(), code, pause, patience_);
               }),
@@ -203,6 +209,8 @@ TEST_F(SignInTest, TokensAreRenewedBeforeTheyEndAndWhenTheyAreRefused) {
   server_.Say(200, "<html>welcome</html>");
   EXPECT_THROW(token("three"), post::ConnectionLost) << "a hotel's page";
   EXPECT_THROW(token("three"), post::SignInLapsed) << "revoked";
+  server_.Say(400, R"({"error":"interaction_required"})");
+  EXPECT_THROW(token("three"), post::SignInLapsed) << "the provider wants to see the user";
   bool done = false;
   events.Post([&done] { done = true; });
   events.RunUntil([&done] { return done; });
@@ -220,6 +228,17 @@ TEST_F(SignInTest, TokensAreRenewedBeforeTheyEndAndWhenTheyAreRefused) {
   EXPECT_EQ(elsewhere, "four") << "another program renewed it";
 }
 
+TEST(TokenEndpointTest, ATimeIsBelievedWithinReason) {
+  using std::chrono::seconds;
+  const std::pair<const char*, int> rows[] = {
+      {R"("600")", 600}, {"600.5", 600}, {"0", 60},           {"-5", 60},    {R"("soon")", 60},
+      {"null", 60},      {"[1]", 60},    {"4294967297", 900}, {"1e300", 900}};
+  for (const auto& [said, taken] : rows) {
+    const auto answer = QJsonDocument::fromJson("{\"in\":" + QByteArray(said) + '}').object();
+    EXPECT_EQ(SecondsIn(answer, "in", seconds(60), seconds(900)), seconds(taken)) << said;
+  }
+}
+
 TEST_F(SignInTest, WhatIsMissingIsSaid) {
   EXPECT_EQ(ServiceNamed("Google", files_).clientId, "mine");
   const std::string missing = ProblemOf([&] { ServiceNamed("Microsoft", files_); });
@@ -231,12 +250,15 @@ TEST_F(SignInTest, WhatIsMissingIsSaid) {
   EXPECT_EQ(ServiceNameFor(account_, {}), "Google");
   Service slashed = ServiceNamed("home.org", files_);
   slashed.issuer += "/tenant/";
-  EXPECT_EQ(WithMetadata(slashed, patience_).token, server_.Url("/token"));
+  EXPECT_EQ(WithMetadata(slashed, &Service::token, patience_).token, server_.Url("/token"));
   Service foreign = ServiceNamed("home.org", files_);
   foreign.issuer += "/other";
-  EXPECT_THROW(WithMetadata(foreign, patience_), MailError) << "it speaks for another issuer";
+  const auto token = [&] { return WithMetadata(foreign, &Service::token, patience_).token; };
+  EXPECT_THROW(token(), MailError) << "it speaks for another issuer";
   foreign.issuer = "http://home.org";
-  EXPECT_THROW(WithMetadata(foreign, patience_), MailError) << "anybody could read along";
+  EXPECT_THROW(token(), MailError) << "anybody could read along";
+  foreign.token = "known";
+  EXPECT_EQ(token(), "known") << "nobody needs to be asked";
   EXPECT_EQ(RemarkOn(files_), "");
   WriteFile(files_.front(), "[Google]\nClientId=mine\nClientSecret=x\n");
   ::chmod(files_.front().c_str(), 0600);

@@ -10,8 +10,10 @@
 #include <exception>
 #include <filesystem>
 #include <string_view>
+#include <utility>
 
 #include "desktop/posix_files.h"
+#include "post/accounts/mail_account.h"
 
 namespace post {
 namespace {
@@ -68,11 +70,23 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
+/// It stays open to others, whatever one does.
+struct OpenToOthers : platform::FileError {
+  using FileError::FileError;
+};
+
+void CloseToOthers(const std::string& path) {
+  struct stat status {};
+  static_cast<void>(::chmod(path.c_str(), ownersOnly));
+  const bool isClosed =
+      ::stat(path.c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+  if (!isClosed) throw OpenToOthers("can't close " + path + " to others");
+}
+
 std::string Content(const std::string& path) {
   desktop::PosixFiles files;
   if (!files.Exists(path)) return {};
-  // A copied or restored file may have come out open to others.
-  static_cast<void>(::chmod(path.c_str(), ownersOnly));
+  CloseToOthers(path);  // a copied or restored one may have come out open
   return files.Read(path);
 }
 
@@ -82,6 +96,7 @@ void CreateForOwner(const std::string& path) {
   const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, ownersOnly);
   if (file < 0) throw platform::FileError("can't create " + path);
   ::close(file);
+  CloseToOthers(path);
 }
 
 void Replace(const std::string& path, const std::string& content) {
@@ -123,6 +138,12 @@ std::optional<std::string> FilePasswords::Read(const std::string& key) {
     for (std::string_view rest = content; !rest.empty();) {
       const std::string_view line = TakeLine(rest);
       if (line.starts_with(start)) return Unescaped(line.substr(start.size()));
+    }
+  } catch (const OpenToOthers&) {
+    if (!std::exchange(isTold_, true)) {
+      ReportAccountTrouble("Others on this computer can read \"" + path_ +
+                           "\", and Tarvolenix can't change that: it doesn't use the passwords "
+                           "in it.");
     }
   } catch (const std::exception&) {
     // what can't be read isn't kept

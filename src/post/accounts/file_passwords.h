@@ -3,7 +3,8 @@
 //
 // A line is a key and its password, with a blank between them; in both, all but letters and digits
 // stands as "%" and two hexadecimal digits. A line that can't be read keeps nobody from the others
-// and stays where it is.
+// and stays where it is. A file that others can read is closed to them; where that can't be done,
+// as on many a memory stick, nothing in it is used or kept, and the user is told so, once.
 #pragma once
 
 #include <string>
@@ -24,6 +25,7 @@ class FilePasswords : public Passwords {
 
  private:
   std::string path_;
+  bool isTold_ = false;
 };
 
 }  // namespace post

@@ -235,14 +235,15 @@ void AccountDialog::Connect() {
   connect(kinds_, &QButtonGroup::buttonClicked, this, &AccountDialog::ChangeKind);
   connect(address_, &QLineEdit::textChanged, this, &AccountDialog::ChangeAddress);
   connect(address_, &QLineEdit::editingFinished, this, &AccountDialog::ShowProvider);
-  for (const QLineEdit* field : {name_, postFolder_, password_}) {
+  for (const QLineEdit* field : {name_, postFolder_}) {
     connect(field, &QLineEdit::textChanged, this, &AccountDialog::Refresh);
   }
+  connect(password_, &QLineEdit::textChanged, this, &AccountDialog::ChangeSecret);
   connect(servers_, &ServerFields::ServersEdited, this, [this] {
     serversAreGuessed_ = false;
     ShowProvider();
   });
-  connect(servers_, &ServerFields::TokenCommandEdited, this, &AccountDialog::Refresh);
+  connect(servers_, &ServerFields::TokenCommandEdited, this, &AccountDialog::ChangeSecret);
   connect(fold_, &QToolButton::clicked, this, [this] {
     foldIsUsers_ = true;
     isOpen_ = !isOpen_;
@@ -279,8 +280,9 @@ AccountAnswer AccountDialog::Answer() const {
       account.TokenCommand.empty() && password_->text().isEmpty() ? signIn_->Name() : "";
   if (account.TokenCommand.empty() && !password_->text().isEmpty()) {
     answer.password = password_->text().toStdString();
-  } else if (!account.SignIn.empty() && !signIn_->Secret().empty()) {
-    answer.password = signIn_->Secret();
+  } else if (const std::string secret = signIn_->SecretFor(account);
+             !account.SignIn.empty() && !secret.empty()) {
+    answer.password = secret;
   }
   return answer;
 }
@@ -337,6 +339,12 @@ void AccountDialog::ChangeAddress() {
   Refresh();
 }
 
+/// Who types one doesn't wait for a sign-in.
+void AccountDialog::ChangeSecret() {
+  signIn_->GiveUp();
+  Refresh();
+}
+
 /// What was found for the address, else what it suggests.
 ProviderGuess AccountDialog::Guess(const MailAccount& account) const {
   if (!found_.isKnown || account.MyAddress != lookedUp_) return help_.guess(account);
@@ -353,8 +361,10 @@ void AccountDialog::GuessServers() {
   servers_->ShowAccount(Guess(account).account);
 }
 
-/// Once for each address, and never for servers that somebody has chosen.
+/// Once for each address, and never for servers that somebody has chosen, nor beside a sign-in: one
+/// would end the other.
 void AccountDialog::LookUpServers() {
+  if (signIn_->IsUnderWay()) return;
   const MailAccount account = Answer().account;
   if (!IsKind("Imap") || !serversAreGuessed_ || account.MyAddress == lookedUp_) return;
   if (!HasDomain(address_->text()) || !help_.hasUsableAddress(account)) return;
@@ -378,7 +388,11 @@ void AccountDialog::TellFound(const std::string& address, const ProviderGuess& f
   const bool wantsTest = testing_;
   lookingUp_ = false;
   found_ = found;
+  // The sign-in that has ended the search is done first.
+  if (signIn_->IsUnderWay() && !found.isKnown) lookedUp_.clear();
   if (!isAwaited) return;
+  GuessServers();
+  signIn_->TakeUserName(Answer().account);
   ShowProvider();
   if (wantsTest && test_->isEnabled()) Test();
 }
@@ -427,14 +441,16 @@ void AccountDialog::ShowRows() {
 /// What was found out about the account before it was changed counts no more.
 void AccountDialog::Refresh() {
   testing_ = false;
-  signIn_->GiveUp();
-  test_->setText(u"&Test"_s);
   const AccountAnswer answer = Answer();
+  signIn_->Follow(answer.account);
+  if (signIn_->IsUnderWay()) return;
+  test_->setText(u"&Test"_s);
   const bool token = !answer.account.TokenCommand.empty();
   password_->setEnabled(!token);
   signIn_->ShowCaption(!answer.account.SignIn.empty());
-  password_->setPlaceholderText(token ? u"the token command stands for it"_s
-                                : !answer.account.SignIn.empty() ? u"the sign-in stands for it"_s
+  const bool stands = !answer.account.SignIn.empty() && signIn_->IsSignedIn();
+  password_->setPlaceholderText(token    ? u"the token command stands for it"_s
+                                : stands ? u"the sign-in stands for it"_s
                                 : help_.hasKeptPassword(answer.account)
                                     ? u"the stored password stays"_s
                                     : QString());
@@ -495,6 +511,7 @@ void AccountDialog::TellOutcome(int test, const std::string& problem, bool wants
 
 void AccountDialog::SignIn() {
   const bool wasSigningIn = signIn_->IsUnderWay();
+  signIn_->GiveUp();
   Refresh();
   if (wasSigningIn) return;
   for (QPushButton* button : {test_, ok_}) button->setEnabled(false);
@@ -508,7 +525,7 @@ void AccountDialog::BeginSignIn() {
 
 void AccountDialog::TellSignedIn(const std::string& problem) {
   if (problem.empty()) password_->clear();
-  ShowRows();
+  ShowProvider();
   if (problem.empty()) {
     outcome_->ShowSuccess(u"You are signed in."_s);
   } else {

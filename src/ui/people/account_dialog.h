@@ -59,6 +59,7 @@ class AccountDialog : public QDialog {
   void ChangeKind();
   void DropLocalAddress();
   void ChangeAddress();
+  void ChangeSecret();
   ProviderGuess Guess(const MailAccount& account) const;
   void GuessServers();
   void LookUpServers();

@@ -28,6 +28,11 @@ QPushButton* NewSignInButton() {
   return button;
 }
 
+/// Who signs in is one of the provider's users: what that leaves is of no use to another.
+bool IsSameUser(const MailAccount& one, const MailAccount& other) {
+  return one.MyAddress == other.MyAddress && one.UserName == other.UserName;
+}
+
 }  // namespace
 
 SignInRows::SignInRows(FormRows* form, const AccountHelp& help, std::string name, QObject* parent)
@@ -55,19 +60,45 @@ SignInRows::SignInRows(FormRows* form, const AccountHelp& help, std::string name
   form->ShowRow(pageRow_, false);
 }
 
+std::string SignInRows::SecretFor(const MailAccount& account) const {
+  return IsSameUser(account, owner_) ? secret_ : std::string();
+}
+
 void SignInRows::ShowFor(const MailAccount& account, bool wanted) {
+  const std::string before = offer_.name;
   if (wanted) offer_ = help_.signInOffer(account);
   // A sign-in is good at one provider only.
   if (wanted && name_ != offer_.name) name_ = secret_ = "";
+  if (!wanted || before != offer_.name) GiveUp();
   button_->setEnabled(offer_.isReady);
-  ShowNote();
+  Follow(account);
   for (const int row : {buttonRow_, noteRow_}) form_->ShowRow(row, wanted && !offer_.name.empty());
+}
+
+void SignInRows::Follow(const MailAccount& account) {
+  account_ = account;
+  if (isUnderWay_ && !IsSameUser(account, asked_)) GiveUp();
+  if (!isUnderWay_) ShowNote();
+}
+
+void SignInRows::TakeUserName(const MailAccount& found) {
+  for (MailAccount* const user : {&asked_, &owner_}) {
+    if (user->MyAddress == found.MyAddress) user->UserName = found.UserName;
+  }
+}
+
+bool SignInRows::IsSignedIn() const {
+  MailAccount account = account_;
+  account.SignIn = name_;  // also while something is typed in its place
+  return !SecretFor(account).empty() || help_.hasKeptPassword(account);
 }
 
 void SignInRows::ShowNote() {
   const std::string standing = name_.empty() ? "At " + offer_.name + ", instead of a password."
-                               : hasLapsed_  ? offer_.name + " wants you to sign in again."
-                                             : "You are signed in at " + offer_.name + ".";
+                               : !IsSignedIn()
+                                   ? offer_.name + " wants a new sign-in for this mailbox."
+                               : hasLapsed_ ? offer_.name + " wants you to sign in again."
+                                            : "You are signed in at " + offer_.name + ".";
   note_->setText(Shown(offer_.isReady ? standing + ' ' + offer_.remark : offer_.remark));
   form_->ShowRow(pageRow_, false);
 }
@@ -93,6 +124,7 @@ void SignInRows::ShowCaption(bool isAgain) {
 
 void SignInRows::Begin(const MailAccount& account) {
   isUnderWay_ = true;
+  asked_ = account;
   button_->setText(u"Stop waiting fo&r it"_s);
   const auto show = [rows = QPointer(this), number = ++number_](const std::string& url) {
     if (rows) rows->ShowPage(number, url);
@@ -117,6 +149,7 @@ void SignInRows::TakeEnd(int number, const std::string& name, const std::string&
   if (problem.empty()) {
     name_ = name;
     secret_ = secret;
+    owner_ = asked_;
     hasLapsed_ = false;
   }
   Q_EMIT Ended(problem);

@@ -28,14 +28,24 @@ class SignInRows : public QObject {
   /// Whose sign-in stands for the password; blank: nobody's.
   const std::string& Name() const { return name_; }
 
-  /// What it left; blank: what is kept.
-  const std::string& Secret() const { return secret_; }
+  /// What it left; blank: what is kept, and for another mailbox than it was for.
+  std::string SecretFor(const MailAccount& account) const;
+
+  /// Whether a sign-in stands for the password of the mailbox that is typed by now.
+  bool IsSignedIn() const;
 
   bool IsOffered() const { return offer_.isReady; }
   bool IsUnderWay() const { return isUnderWay_; }
 
   /// Shows what the account's provider offers beside a password; nothing where `wanted` is false.
   void ShowFor(const MailAccount& account, bool wanted);
+
+  /// How the sign-in stands to the account as it is typed by now. What is under way for another
+  /// mailbox is given up.
+  void Follow(const MailAccount& account);
+
+  /// By which name the servers know the owner of the address.
+  void TakeUserName(const MailAccount& found);
 
   /// Whether the provider takes the sign-in that stands for the password no more.
   void TellLapsed(bool hasLapsed);
@@ -63,8 +73,11 @@ class SignInRows : public QObject {
   FormRows* form_;
   const AccountHelp& help_;
   AccountHelp::SignInOffer offer_;
+  MailAccount account_;  // as it is typed by now
+  MailAccount asked_;    // whose sign-in was begun last
   std::string name_;
   std::string secret_;
+  MailAccount owner_;  // of the secret
   bool hasLapsed_;
   bool isUnderWay_ = false;
   int number_ = 0;  // of the last one; an older one's end interests nobody

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +17,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "skin/file_dialog.h"
 #include "skin/look.h"
 #include "ui/help/help_key.h"
 #include "ui/people/server_fields.h"
@@ -475,8 +475,10 @@ void AccountDialog::FitHeight() {
 }
 
 void AccountDialog::Browse() {
-  const QString folder =
-      QFileDialog::getExistingDirectory(this, u"Post folder"_s, postFolder_->text());
+  QFileDialog dialog(this, u"Post folder"_s, postFolder_->text());
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  const QString folder = ChooseFiles(dialog).value(0);
   if (!folder.isEmpty()) postFolder_->setText(folder);
 }
 

@@ -231,8 +231,7 @@ TEST_F(SignInTest, TokensAreRenewedBeforeTheyEndAndWhenTheyAreRefused) {
 TEST(TokenEndpointTest, ATimeIsBelievedWithinReason) {
   using std::chrono::seconds;
   const std::pair<const char*, int> rows[] = {
-      {R"("600")", 600}, {"600.5", 600}, {"0", 60},           {"-5", 60},    {R"("soon")", 60},
-      {"null", 60},      {"[1]", 60},    {"4294967297", 900}, {"1e300", 900}};
+      {R"("600")", 600}, {"0", 60}, {"-5", 60}, {R"("soon")", 60}, {"4294967297", 900}};
   for (const auto& [said, taken] : rows) {
     const auto answer = QJsonDocument::fromJson("{\"in\":" + QByteArray(said) + '}').object();
     EXPECT_EQ(SecondsIn(answer, "in", seconds(60), seconds(900)), seconds(taken)) << said;

@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/mail_address.h"
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "store/batch.h"
@@ -101,6 +102,37 @@ std::optional<std::string_view> CopyOtherGames(std::string_view content, std::in
     }
   }
   return oldLine;
+}
+
+bool ComeFromOneStart(const GameRecord& one, const GameRecord& other) {
+  return one.GAME_DATESTAMP == other.GAME_DATESTAMP && one.GAME_HOST == other.GAME_HOST &&
+         one.GAME_NAME == other.GAME_NAME &&
+         platform::SameAddress(one.GAME_OPPONENTS_EMAIL, other.GAME_OPPONENTS_EMAIL);
+}
+
+bool BeginAlike(const MoveRecords& one, const MoveRecords& other) {
+  const auto end = static_cast<std::ptrdiff_t>(std::min(one.size(), other.size()));
+  return std::equal(one.begin(), one.begin() + end, other.begin(),
+                    [](const MoveRecord& its, const MoveRecord& others) {
+                      return its.MoveCoordinates == others.MoveCoordinates;
+                    });
+}
+
+/// The number of a game that its opponent's mail has brought anew, with what came later.
+std::optional<std::int32_t> SameGameIn(std::string_view content, const std::string& removed) {
+  GameRecord game;
+  ReadGameLine(removed, game);
+  const MoveRecords moves = ReadWholeMoves(removed);
+  LineWalk lines(content);
+  while (const auto line = lines.Next()) {
+    if (line->find(game.GAME_DATESTAMP) == std::string_view::npos) continue;
+    GameRecord other;
+    ReadGameLine(*line, other);
+    if (ComeFromOneStart(game, other) && BeginAlike(moves, ReadWholeMoves(*line))) {
+      return other.GAME_ID;
+    }
+  }
+  return std::nullopt;
 }
 
 /// The first of `count` free numbers in a row: behind the greatest, or where that leaves too few,
@@ -219,8 +251,12 @@ bool ReplaceGames(std::string content) {
 }
 
 std::optional<std::int32_t> PutBackGame(const std::string& removed) {
-  const auto number = GameIDOfLine(removed);
+  auto number = GameIDOfLine(removed);
   const bool isSaved = ChangeGameFile([&](std::string_view content) {
+    if (const auto there = SameGameIn(content, removed)) {
+      number = *there;
+      return std::string(content);
+    }
     std::string saved;
     if (CopyOtherGames(content, number, saved)) {
       throw std::invalid_argument("the number of a removed game is taken");

@@ -62,8 +62,8 @@ std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why = n
 /// nothing for a game that wasn't there.
 bool RemoveGame(std::int32_t gameID, std::string* removed = nullptr);
 
-/// Stores a removed game as it was, and tells its number. Nothing also where that is another
-/// game's by now.
+/// Stores a removed game as it was, and tells its number. Where it has come anew since, that one's
+/// number, and nothing is stored. Nothing where its number is another game's by now.
 std::optional<std::int32_t> PutBackGame(const std::string& removed);
 
 /// Copies the game file to "tvgdb.bak". True also without a game file. False, with the earlier

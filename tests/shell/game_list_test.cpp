@@ -95,12 +95,22 @@ TEST_F(GameListTest, AGameIsDeletedOnlyOnYesAndAFailureIsTold) {
   const std::string before = desktop.files.content["/program/Data/Tvgdb.dat"];
   EXPECT_TRUE(DeleteGame(1, "Game 1"));
   EXPECT_EQ(List(StatusColumn), "");
-  Store(1, 2, "Bob");
+  store::GameRecord other = Game(1, 2, "Bob", "01/03/2026");
+  other.GAME_DATESTAMP = "010320262359";
+  ASSERT_TRUE(store::SaveGame(other, {}));
   EXPECT_FALSE(UndoDelete()) << "it would take another game's number";
   store::RemoveGame(1);
+  const std::string deleted = Process().DeletedGames.back();
   EXPECT_EQ(UndoDelete(), 1);
   EXPECT_EQ(desktop.files.content["/program/Data/Tvgdb.dat"], before);
   EXPECT_TRUE(Process().DeletedGames.empty());
+  store::RemoveGame(1);
+  store::GameRecord anew = Game(1, 1, "Anna", "01/03/2026");
+  anew.GAME_ID = 7;
+  ASSERT_TRUE(store::SaveGame(anew, {{1, "5254", "e4", "Hi"}, {2, "5755", "e5", ""}}));
+  Process().DeletedGames = {deleted};
+  EXPECT_EQ(UndoDelete(), 7) << "it came anew";
+  EXPECT_EQ(List(StatusColumn), " 7*");
 }
 
 TEST_F(GameListTest, ARetrieveWithoutATrayLiftsTheGuard) {

@@ -56,12 +56,13 @@ bool PrepareForMail(const SystemTray::ChangeAccount& changeAccount, const char* 
   return shell::MayStartMailGame() && (HasAccountFor(kind) || Process().StandAlone);
 }
 
-/// Once: whoever knows the program has chosen since.
-void ExplainToNewcomer() {
+/// Once: whoever knows the program has chosen since. Answers whether he is one.
+bool ExplainToNewcomer() {
   const auto greeted = platform::ReadRegistry(platform::productSection, shell::greeted);
-  if (platform::ReturnValue(greeted, "True") == "True") return;
+  if (platform::ReturnValue(greeted, "True") == "True") return false;
   platform::WriteRegistry(platform::productSection, shell::greeted, "True");
   platform::Settings().Verbose = true;
+  return true;
 }
 
 TrayMenuActions ActionsOf(ProgramWindows& windows, const std::function<void()>& changeAccount,
@@ -110,10 +111,23 @@ SystemTray::~SystemTray() {
   seams.hooks = {};
 }
 
-/// Shows a user without any game how to come by one.
+/// Shows a user without any game how to come by one. Who has just said where his mail lies is asked
+/// for his opponent first.
 void SystemTray::Greet(const ChangeAccount& changeAccount) {
   if (!HasNoGames() || welcome_) return;
-  ExplainToNewcomer();
+  if (!ExplainToNewcomer() || !shell::HasMailAccount() || !shell::MayStartMailGame()) {
+    return ShowWelcome(changeAccount);
+  }
+  // Behind the start, which a question would hold up.
+  QTimer::singleShot(0, this, [this, changeAccount] {
+    if (Process().CheckTimerHeld || Process().Stopping) return;
+    shell::StartNewGame({.fromGameList = Process().GameListOpen});
+    const bool hasBegun = Process().BoardOpen || !HasNoGames();
+    if (!hasBegun && !welcome_ && !Process().Stopping) ShowWelcome(changeAccount);
+  });
+}
+
+void SystemTray::ShowWelcome(const ChangeAccount& changeAccount) {
   const auto byMail = [changeAccount](const char* kind) {
     return [changeAccount, kind] {
       if (Process().CheckTimerHeld) return;

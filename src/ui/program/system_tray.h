@@ -33,6 +33,7 @@ class SystemTray : public QObject {
  private:
   void LeaveTray();
   void Greet(const ChangeAccount& changeAccount);
+  void ShowWelcome(const ChangeAccount& changeAccount);
   void FollowCheckTimer();
 
   ProgramWindows windows_;

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "skin/layouts/board_layout.h"
+#include "skin/layouts/game_interface_layout.h"
 
 namespace ui {
 
@@ -40,9 +41,9 @@ double WindowScaleFor(std::string_view stored, const ScreenRoom& screen) {
                    [stored](const auto& size) { return size.stored == stored; });
   const int percent = chosen == std::end(sizes) ? 100 : chosen->percent;
   const double wanted = percent == 0 ? LargestFor(screen) : percent / 100.0;
-  const layouts::Size& board = layouts::board.size;
-  const double fitting = std::min(1.0 * screen.available.width / board.width,
-                                  1.0 * screen.available.height / board.height);
+  // The board is the highest of all windows, and the list the widest.
+  const double fitting = std::min(1.0 * screen.available.width / layouts::gameInterface.size.width,
+                                  1.0 * screen.available.height / layouts::board.size.height);
   return std::max(std::min(wanted, fitting), 1 / screen.pixelRatio);
 }
 

@@ -27,8 +27,8 @@ struct ScreenRoom {
 };
 
 /// The factor for a size by its stored text; an unknown one means 100 %. It is less than that where
-/// the largest window needs it, but never so small that a logical pixel has less than one of the
-/// screen, which the toolkit can't draw.
+/// the highest or the widest window needs it, but never so small that a logical pixel has less than
+/// one of the screen, which the toolkit can't draw.
 double WindowScaleFor(std::string_view stored, const ScreenRoom& screen);
 
 }  // namespace ui

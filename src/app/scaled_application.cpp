@@ -46,8 +46,9 @@ Wish ReadWish(const std::string& settingsFile) {
 
 /// The screen on which the windows open, as it were without the scale.
 ui::ScreenRoom RoomOf(const QScreen& screen, double scale) {
+  // A logical pixel that is there only in part counts as a whole one.
   const auto unscaled = [scale](int length) {
-    return static_cast<int>(std::lround(length * scale));
+    return static_cast<int>(std::floor(length * scale + 0.25));
   };
   const QSize available = screen.availableSize();
   return {unscaled(screen.size().height()),

@@ -243,8 +243,8 @@ def read_boards(program):
 
 # What is seen, and from which games on.
 JOURNEYS = (
-    (GAMES, "", (read_dialogs_of_list, read_new_games, read_boards)),
-    ((), "Greeted=False", (lambda program: program.read("Welcome to Tarvolenix"),)),
+    (GAMES, (read_dialogs_of_list, read_new_games, read_boards)),
+    ((), (lambda program: program.read("Welcome to Tarvolenix"),)),
 )
 LOOKS = ("SimpleUI=True", "Skin=Tarvolenix Classic")
 
@@ -252,9 +252,9 @@ LOOKS = ("SimpleUI=True", "Skin=Tarvolenix Classic")
 def main():
     faults = []
     for look in LOOKS:
-        for games, more, steps in JOURNEYS:
+        for games, steps in JOURNEYS:
             with (tempfile.TemporaryDirectory() as folder,
-                  Program(Path(folder), look + "\n" + more, games) as program):
+                  Program(Path(folder), look, games) as program):
                 for step in steps:
                     step(program)
             faults += [f"{look}: {fault}" for fault in program.faults]

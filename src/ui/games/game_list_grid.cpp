@@ -29,7 +29,7 @@ namespace {
 constexpr int scrollBarTwips = 230;
 constexpr int rowsWithScrollBar = 9;  ///< with the heading
 
-constexpr int usualRows = 7;
+constexpr int usualRows = 6;
 constexpr int rowPadding = 8;
 constexpr int statusPicture = 22;
 constexpr int noticeMargin = 12;

@@ -176,13 +176,13 @@ def xdotool(*words):
 
 def read_dialogs_of_list(program):
     program.read("Tarvolenix : ")
-    program.choose("File", *["Down"] * 4)
+    program.choose("File", *["Down"] * 5)
     pages = ["General", "Notification", "Chess set", "Heuristics", "Saved AI", "Skins"]
     for page in pages[:5] if "SimpleUI" in program.look else pages:
         program.click(page)
         program.read("Tarvolenix options")
     program.keys("Escape")
-    program.choose("File", *["Down"] * 6)
+    program.choose("File", *["Down"] * 7)
     for way in ("A post office on this computer", "My mailbox at a mail provider",
                 "This computer's own mail system"):
         program.click(way)
@@ -193,7 +193,7 @@ def read_dialogs_of_list(program):
     program.keys("Escape")
     program.read("Tarvolenix")  # that nothing was imported
     program.keys("Return")
-    program.choose("File", *["Up"] * 3)
+    program.choose("File", *["Up"] * 6)
     program.read("Print game...")
     program.keys("Escape")
     program.choose("Game", "Up")
@@ -243,8 +243,8 @@ def read_boards(program):
 
 # What is seen, and from which games on.
 JOURNEYS = (
-    (GAMES, "", (read_dialogs_of_list, read_new_games, read_boards)),
-    ((), "Greeted=False", (lambda program: program.read("Welcome to Tarvolenix"),)),
+    (GAMES, (read_dialogs_of_list, read_new_games, read_boards)),
+    ((), (lambda program: program.read("Welcome to Tarvolenix"),)),
 )
 LOOKS = ("SimpleUI=True", "Skin=Tarvolenix Classic")
 
@@ -252,9 +252,9 @@ LOOKS = ("SimpleUI=True", "Skin=Tarvolenix Classic")
 def main():
     faults = []
     for look in LOOKS:
-        for games, more, steps in JOURNEYS:
+        for games, steps in JOURNEYS:
             with (tempfile.TemporaryDirectory() as folder,
-                  Program(Path(folder), look + "\n" + more, games) as program):
+                  Program(Path(folder), look, games) as program):
                 for step in steps:
                     step(program)
             faults += [f"{look}: {fault}" for fault in program.faults]

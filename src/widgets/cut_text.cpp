@@ -6,9 +6,9 @@
 #include <QLabel>
 #include <QRegularExpression>
 #include <QTextDocument>
-#include <QToolTip>
 
 #include "platform/setting_variables.h"
+#include "widgets/placed_tip.h"
 #include "widgets/typed_text.h"
 
 namespace ui {
@@ -42,13 +42,20 @@ QString Breakable(QString text) {
   return text.replace(longWordPart, u"\\1\u200B"_s);
 }
 
+void ShowCellTip(QAbstractItemView& view, const QRect& cell, const QString& text, QPoint place) {
+  QWidget& rows = *view.viewport();
+  rows.setMouseTracking(true);  // to learn that the cell isn't pointed at any more
+  ShowTip(
+      rows, WholeAsTip(text), [&](QSize) { return rows.mapToGlobal(place); }, cell);
+}
+
 bool ShowCutCell(QAbstractItemView& view, const QHelpEvent& help) {
   const QModelIndex index = view.indexAt(help.pos());
   if (!platform::Settings().ShowToolTips || !index.isValid()) return false;
   const QString text = index.data().toString();
   const QRect cell = view.visualRect(index);
   if (text.isEmpty() || view.sizeHintForIndex(index).width() <= cell.width()) return false;
-  QToolTip::showText(help.globalPos(), WholeAsTip(text), view.viewport(), cell);
+  ShowCellTip(view, cell, text, cell.topLeft());
   return true;
 }
 

@@ -3,11 +3,13 @@
 // when it is pointed at.
 #pragma once
 
+#include <QPoint>
 #include <QString>
 
 class QAbstractItemView;
 class QHelpEvent;
 class QLabel;
+class QRect;
 
 namespace ui {
 
@@ -22,6 +24,9 @@ QString Cut(const QString& text, int longest);
 
 /// Lets the text break within words that are longer than any line.
 QString Breakable(QString text);
+
+/// Shows a tip of a cell within its row, so that the rows round it stay legible.
+void ShowCellTip(QAbstractItemView& view, const QRect& cell, const QString& text, QPoint place);
 
 /// Shows the whole text of a cell that is pointed at. False where nothing of it is hidden, or tips
 /// aren't wanted.

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/typed_text.h"
 
-#include <QAccessible>
-#include <QFontMetrics>
 #include <QLineEdit>
-#include <QToolTip>
 
 #include <algorithm>
+
+#include "widgets/placed_tip.h"
 
 namespace ui {
 
@@ -23,16 +22,8 @@ QString FitForFields(QString text) {
   return text;
 }
 
-/// Above the field: below it lies what is typed next.
 void TellOfReplacedBar(QWidget& field) {
-  const QString line = QStringLiteral("\"|\" can't be sent, and becomes \"/\".");
-  constexpr QPoint fromPointer(2, 16);  // the toolkit means a pointer's place
-  constexpr int around = 8;
-  const int height = QFontMetrics(QToolTip::font()).height() + around;
-  QToolTip::showText(field.mapToGlobal(QPoint(0, -height)) - fromPointer, line, &field);
-  field.setAccessibleDescription(line);
-  QAccessibleEvent said(&field, QAccessible::Alert);
-  QAccessible::updateAccessibility(&said);
+  TellBeside(field, QStringLiteral("\"|\" can't be sent, and becomes \"/\"."));
 }
 
 void KeepFitForFields(QLineEdit* field) {

@@ -13,7 +13,7 @@ namespace ui {
 /// `text` with "/" for "|"; line breaks, tabs and other control characters become blanks.
 QString FitForFields(QString text);
 
-/// Says above a field, without asking for anything, what became of a "|" there.
+/// Says beside a field, without asking for anything, what became of a "|" there.
 void TellOfReplacedBar(QWidget& field);
 
 /// Keeps a field to such text, however it comes in.

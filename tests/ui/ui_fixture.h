@@ -183,6 +183,16 @@ inline void TakeEntry(const QWidget& window, const char* button, const char* cap
   TakeEntry(caption);
 }
 
+/// The tip that has a place of its own; null where there is none.
+inline QLabel* ShownTip() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == u"PlacedTip"_s && window->isVisible()) {
+      return static_cast<QLabel*>(window);
+    }
+  }
+  return nullptr;
+}
+
 /// Runs `work` on the next dialog, once it is up.
 inline void OnNextDialog(Action work) {
   QTimer::singleShot(0, QApplication::instance(), [work = std::move(work)] {

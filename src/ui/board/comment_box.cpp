@@ -5,11 +5,11 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
 
+#include "widgets/placed_tip.h"
 #include "widgets/typed_text.h"
 
 namespace ui {
@@ -40,9 +40,7 @@ CommentBox::CommentBox(QWidget* parent) : QPlainTextEdit(parent) {
 void CommentBox::WarnOfLink() {
   const bool hasLink = toPlainText().contains(u"://"_s);
   if (std::exchange(hasLink_, hasLink) || !hasLink) return;
-  QToolTip::showText(mapToGlobal(rect().bottomLeft()),
-                     u"Mail filters may change links, so a link may not arrive as you type it."_s,
-                     this);
+  TellBeside(*this, u"Mail filters may change links, so a link may not arrive as you type it."_s);
 }
 
 QSize CommentBox::sizeHint() const {

@@ -245,9 +245,8 @@ void GameInterface::SetSimpleUI() {
   layout->addWidget(grid_, 1);
   layout->addWidget(mailLine_);
   setMinimumSize(leastWidth, leastHeight);
-  const int wanted = grid_->sizeHint().width() + 2 * margin;
-  resize(std::clamp(wanted, leastWidth, std::max(leastWidth, screen()->availableSize().width())),
-         leastHeight);
+  const QSize wanted(grid_->sizeHint().width() + 2 * margin, sizeHint().height());
+  resize(wanted.boundedTo(screen()->availableSize()).expandedTo(minimumSize()));
 }
 
 void GameInterface::FillGameList(std::int16_t column, std::string order,

@@ -99,10 +99,16 @@ int WidthOfColumns(const QTableView& grid) {
 
 namespace {
 
-/// What the titles lend to the others: nothing where that wouldn't be enough.
+/// What the titles lend to the others, for long dates or else for short ones: nothing where that
+/// wouldn't be enough.
 int LoanOfTitles(const QTableView& grid, int width) {
-  const int lacking = WidthOfColumns(grid) - width;
-  return lacking > 0 && lacking <= mostRoomOfTitles ? lacking : 0;
+  const int forLong = WidthOfColumns(grid) - width;
+  const int forShort = forLong - WidthOf(grid, ShownDate(longDate)) +
+                       WidthOf(grid, ShownDate(longDate, QLocale::ShortFormat));
+  for (const int lacking : {forLong, forShort}) {
+    if (lacking <= mostRoomOfTitles) return std::max(0, lacking);
+  }
+  return 0;
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ namespace {
 constexpr int scrollBarTwips = 230;
 constexpr int rowsWithScrollBar = 9;  ///< with the heading
 
-constexpr int usualRows = 7;
+constexpr int usualRows = 6;
 constexpr int rowPadding = 8;
 constexpr int statusPicture = 22;
 constexpr int noticeMargin = 12;
@@ -140,11 +140,17 @@ QModelIndex GameListGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers 
   return QTableView::moveCursor(action, modifiers);
 }
 
-/// A text that is cut shows as a whole when it is pointed at; elsewhere the grid's own tip.
+/// A text that is cut shows as a whole when it is pointed at, and beside a picture what it says.
 bool GameListGrid::viewportEvent(QEvent* event) {
-  const bool asks = event->type() == QEvent::ToolTip;
-  if (asks && ShowCutCell(*this, static_cast<const QHelpEvent&>(*event))) return true;
-  return QTableView::viewportEvent(event);
+  if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+  const auto& help = static_cast<const QHelpEvent&>(*event);
+  if (ShowCutCell(*this, help)) return true;
+  const QModelIndex index = indexAt(help.pos());
+  const QString tip = index.data(Qt::ToolTipRole).toString();
+  if (tip.isEmpty()) return QTableView::viewportEvent(event);
+  const QRect cell = visualRect(index);
+  ShowCellTip(*this, cell, tip, cell.topRight());
+  return true;
 }
 
 /// Beside the games a press leaves the selected one as it is.

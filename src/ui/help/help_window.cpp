@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -88,7 +89,8 @@ HelpWindow::HelpWindow(HelpBook book)
   splitter->addWidget(sides_);
   splitter->addWidget(text_);
   splitter->setStretchFactor(1, 1);
-  splitter->setSizes({sideWidth, usualSize.width() - sideWidth});
+  const int side = std::max(sideWidth, sides_->tabBar()->sizeHint().width());  // large letters
+  splitter->setSizes({side, usualSize.width() - side});
   splitter->setChildrenCollapsible(false);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(8, 8, 8, 8);

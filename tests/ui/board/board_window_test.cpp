@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QClipboard>
 #include <QTextEdit>
-#include <QToolTip>
 
 #include <algorithm>
 #include <functional>
@@ -63,9 +62,9 @@ TEST_F(BoardWindowTest, TheCommentTakesOneLineOfTwoHundredCharactersWithoutBars)
   QTest::keyClick(&Comment(), Qt::Key_Return);
   paste(u"|ü\r\n<b>\nz|"_s);
   EXPECT_EQ(Game().PlayerComment, "ab/c/ü <b> z/");
-  EXPECT_TRUE(QToolTip::text().contains(u"becomes"_s));
+  EXPECT_TRUE(ShownTip() && ShownTip()->text().contains(u"becomes"_s));
   paste(u"see http://x"_s);
-  EXPECT_TRUE(QToolTip::text().contains(u"link"_s));
+  EXPECT_TRUE(ShownTip() && ShownTip()->text().contains(u"link"_s));
 
   Comment().clear();
   paste(u"ü"_s.repeated(150) + u"\U0001F600"_s.repeated(100));

@@ -5,7 +5,6 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QRegularExpression>
-#include <QToolTip>
 
 #include "fakes/temporary_folder.h"
 #include "ui/games/game_interface.h"
@@ -238,7 +237,8 @@ TEST_F(GameInterfaceTest, ACutTextShowsWholeWhereItIsPointedAt) {
   EXPECT_TRUE(TextAt(0, 2).contains(u"Hohenstein� WWW"_s));
   QHelpEvent event(QEvent::ToolTip, RowPlace(0), Grid().viewport()->mapToGlobal(RowPlace(0)));
   QApplication::sendEvent(Grid().viewport(), &event);
-  EXPECT_TRUE(QToolTip::text().contains(QRegularExpression(u"&lt;i&gt;von&lt;/i&gt;.*WWW"_s)));
+  ASSERT_NE(ShownTip(), nullptr);
+  EXPECT_TRUE(ShownTip()->text().contains(QRegularExpression(u"&lt;i&gt;von&lt;/i&gt;.*WWW"_s)));
   for (const QWidget* window : QApplication::topLevelWidgets()) {
     EXPECT_LT(window->width(), 1000) << window->metaObject()->className();
   }

@@ -62,6 +62,19 @@ TEST_F(NewGameTest, OkWantsATitleAndAnAddress) {
   EXPECT_FALSE(CanGoOn());
 }
 
+TEST_F(NewGameTest, WhatBecomesOfABarIsToldOverNoField) {
+  Open();
+  for (const char* name : {"Game_name", "Game_opponents_name"}) {
+    QTest::keyClicks(&Field(*dialog_, name), u"|"_s);
+    const QWidget* tip = ShownTip();
+    ASSERT_NE(tip, nullptr) << name;
+    for (const auto* field : dialog_->findChildren<QLineEdit*>()) {
+      const QRect place(field->mapToGlobal(QPoint()), field->size());
+      EXPECT_FALSE(place.intersects(tip->geometry())) << name;
+    }
+  }
+}
+
 TEST_F(NewGameTest, AgainstTheComputerOnlyTheTitleIsAsked) {
   Process().ComputerGame = true;
   Open();

@@ -301,6 +301,17 @@ TEST_F(SystemTrayTest, WhoHasNoGameIsShownTheWaysToOne) {
   platform::WriteRegistry(platform::productSection, "Greeted", "False");
   platform::TheSeams().hooks.handedOver();
   EXPECT_TRUE(platform::Settings().Verbose);
+  welcome()->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  platform::WriteRegistry(platform::productSection, "Greeted", "False");
+  platform::WriteRegistry(platform::mailSection, "MyAddress", "a@example.org");
+  platform::TheSeams().hooks.handedOver();
+  EXPECT_EQ(welcome(), nullptr) << "who has a mailbox by now goes on to his opponent";
+  OnNextDialog([](QWidget& dialog) {
+    EXPECT_EQ(dialog.objectName(), u"NewGameInfo"_s);
+    dialog.close();
+  });
+  EXPECT_TRUE(QTest::qWaitFor(welcome)) << "he may have wanted something else";
   platform::Settings().Verbose = false;
   Process().Offline = true;
   desktop_.mail.failing = {"SignOn"};

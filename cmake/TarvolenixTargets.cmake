@@ -7,6 +7,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 option(TARVOLENIX_WERROR "Treat warnings as errors" OFF)
 set(TARVOLENIX_SANITIZE "" CACHE STRING "Build with these sanitizers, separated by commas")
+option(TARVOLENIX_UNITY "Compile several sources of a folder at once, which takes a third of the time" OFF)
 option(TARVOLENIX_PCH "Compile the headers that nearly all sources read only once" ON)
 option(TARVOLENIX_BENCH "Build the benchmarks" OFF)
 
@@ -17,8 +18,14 @@ foreach(configuration IN ITEMS RELEASE RELWITHDEBINFO)
 endforeach()
 
 add_library(tarvolenix_flags INTERFACE)
-target_compile_options(tarvolenix_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow
+target_compile_options(tarvolenix_flags INTERFACE -Wall -Wextra -Wpedantic
   -Wnon-virtual-dtor -Woverloaded-virtual -Wconversion -Wno-sign-conversion)
+if(TARVOLENIX_UNITY)
+  # There a source seems to hide or to show what another one has for itself.
+  target_compile_options(tarvolenix_flags INTERFACE -Wno-subobject-linkage)
+else()
+  target_compile_options(tarvolenix_flags INTERFACE -Wshadow)
+endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   target_compile_options(tarvolenix_flags INTERFACE -Wno-error=unknown-warning-option)
 endif()
@@ -81,7 +88,8 @@ function(tarvolenix_folder name)
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
   target_link_libraries(${name} PRIVATE tarvolenix_flags PUBLIC ${FOLDER_USES})
   tarvolenix_links_toolkit(toolkit ${FOLDER_USES})
-  set_target_properties(${name} PROPERTIES TARVOLENIX_TOOLKIT ${toolkit})
+  set_target_properties(${name} PROPERTIES TARVOLENIX_TOOLKIT ${toolkit}
+    UNITY_BUILD ${TARVOLENIX_UNITY} UNITY_BUILD_BATCH_SIZE 6)
   if("Qt6::Widgets" IN_LIST FOLDER_USES)
     tarvolenix_precompile(${name} windows ${plain_headers} <QtWidgets>)
   elseif("${FOLDER_USES}" MATCHES "desktop|Qt6::Gui")

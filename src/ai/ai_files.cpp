@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::string_view extension = ".AI";
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 std::string PathOf(std::string_view name) { return AIFilePath(name).append(extension); }
 
 /// The fields of a text, between commas and line ends. An empty line is none.
@@ -56,8 +54,8 @@ AIFileFault Fault(const FieldReader& fields, const std::string& what) {
 
 std::vector<std::string> ListAIFiles() {
   const std::string& folder = platform::Process().AIFilesPath;
-  if (!Files().Exists(folder)) Files().MakeFolder(folder);
-  std::vector<std::string> names = Files().List(folder);
+  if (!platform::TheFiles().Exists(folder)) platform::TheFiles().MakeFolder(folder);
+  std::vector<std::string> names = platform::TheFiles().List(folder);
   std::erase_if(names, [](const std::string& name) { return !name.ends_with(extension); });
   for (std::string& name : names) name.resize(name.size() - extension.size());
   return names;
@@ -67,13 +65,13 @@ std::string AIFilePath(std::string_view name) {
   return platform::Process().AIFilesPath + std::string(name);
 }
 
-bool AIFileExists(std::string_view name) { return Files().Exists(PathOf(name)); }
+bool AIFileExists(std::string_view name) { return platform::TheFiles().Exists(PathOf(name)); }
 
 void WriteAIFile(std::string_view name, const HeuristicTable& table) {
   platform::ReplaceFile(PathOf(name), AIFileText(table));
 }
 
-void RemoveAIFile(std::string_view name) { Files().Remove(PathOf(name)); }
+void RemoveAIFile(std::string_view name) { platform::TheFiles().Remove(PathOf(name)); }
 
 bool IsAIFileName(std::string_view name) {
   return name.find_first_of(reservedInAIFileNames) == std::string_view::npos;
@@ -105,7 +103,7 @@ std::optional<AIFileFault> ReadAIText(std::string_view text, const TakeAIValue& 
 }
 
 std::optional<AIFileFault> ReadAIFile(std::string_view name, const TakeAIValue& take) {
-  return ReadAIText(Files().Read(PathOf(name)), take);
+  return ReadAIText(platform::TheFiles().Read(PathOf(name)), take);
 }
 
 bool LoadAIFile(std::string_view name) {

@@ -24,18 +24,16 @@ using platform::Recipient;
 
 namespace {
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 std::string PathOf(const char* name) { return platform::Process().DataPath + name; }
 
 /// As it is compared: without regard to the case of letters.
-QString Folded(const std::string& text) {
+QString CaseFolded(const std::string& text) {
   return QString::fromStdString(text).trimmed().toCaseFolded();
 }
 
 VCards ReadBook() {
   const std::string path = PathOf("contacts.vcf");
-  return Files().Exists(path) ? ReadVCards(Files().Read(path)) : VCards{};
+  return platform::TheFiles().Exists(path) ? ReadVCards(platform::TheFiles().Read(path)) : VCards{};
 }
 
 void ReplaceFile(const std::string& path, const std::string& content) {
@@ -44,7 +42,7 @@ void ReplaceFile(const std::string& path, const std::string& content) {
 
 void SaveBook(const VCards& book) {
   const std::string path = PathOf("contacts.vcf");
-  if (book.damaged > 0) ReplaceFile(PathOf("contacts.bak"), Files().Read(path));
+  if (book.damaged > 0) ReplaceFile(PathOf("contacts.bak"), platform::TheFiles().Read(path));
   ReplaceFile(path, WriteVCards(book.cards));
 }
 
@@ -59,7 +57,7 @@ class CardsByAddress {
   bool Add(const VCard& card) {
     const Person person = PersonOf(card);
     for (const std::string& address : person.addresses) {
-      const auto known = places_.find(Folded(address));
+      const auto known = places_.find(CaseFolded(address));
       if (known == places_.end()) continue;
       Merge(known->second, person);
       return false;
@@ -71,7 +69,7 @@ class CardsByAddress {
 
  private:
   void Note(std::size_t place, const Person& person) {
-    for (const std::string& address : person.addresses) places_.emplace(Folded(address), place);
+    for (const std::string& address : person.addresses) places_.emplace(CaseFolded(address), place);
   }
 
   void Merge(std::size_t place, const Person& person) {
@@ -79,7 +77,7 @@ class CardsByAddress {
     const bool hasName = !platform::SameWithoutCase(merged.name, merged.addresses.front());
     if (!hasName) merged.name = person.name;
     for (const std::string& address : person.addresses) {
-      if (places_.emplace(Folded(address), place).second) merged.addresses.push_back(address);
+      if (places_.emplace(CaseFolded(address), place).second) merged.addresses.push_back(address);
     }
     cards_[place] = WithPerson(std::move(cards_[place]), merged);
   }
@@ -103,11 +101,11 @@ std::vector<VCard>::iterator FindCard(std::vector<VCard>& cards, const Person& p
 void AppendPastOpponents(std::vector<BookEntry>& people, const std::vector<Recipient>& opponents) {
   std::set<QString> known;
   for (const BookEntry& entry : people) {
-    for (const std::string& address : entry.person.addresses) known.insert(Folded(address));
+    for (const std::string& address : entry.person.addresses) known.insert(CaseFolded(address));
   }
   for (const auto& [name, address] : opponents) {
     const Person person = Fit({name, {address}});
-    if (person.addresses.empty() || !known.insert(Folded(address)).second) continue;
+    if (person.addresses.empty() || !known.insert(CaseFolded(address)).second) continue;
     people.push_back({person, false});
   }
 }
@@ -148,20 +146,20 @@ std::vector<BookEntry> ContactsBook::People() {
   }
   if (pastOpponents_) AppendPastOpponents(people, pastOpponents_());
   std::stable_sort(people.begin(), people.end(), [](const BookEntry& a, const BookEntry& b) {
-    return Folded(a.person.name) < Folded(b.person.name);
+    return CaseFolded(a.person.name) < CaseFolded(b.person.name);
   });
   return people;
 }
 
 std::vector<Recipient> ContactsBook::Matches(const std::string& typed) {
   const auto address = TypedAddress(QString::fromStdString(typed));
-  const QString wanted = Folded(address ? address->address : typed);
+  const QString wanted = CaseFolded(address ? address->address : typed);
   if (wanted.isEmpty()) return {};
   std::vector<Recipient> exact, similar;
   for (const BookEntry& entry : People()) {
-    const QString name = Folded(entry.person.name);
+    const QString name = CaseFolded(entry.person.name);
     for (const std::string& own : entry.person.addresses) {
-      const QString folded = Folded(own);
+      const QString folded = CaseFolded(own);
       if (name == wanted || folded == wanted) {
         exact.push_back({entry.person.name, own});
       } else if (Begins(name, wanted) || folded.startsWith(wanted)) {
@@ -201,7 +199,7 @@ void ContactsBook::Remove(const Person& person) {
 }
 
 platform::ImportOutcome ContactsBook::Import(const std::string& path) {
-  const VCards imported = ReadVCards(Files().Read(path));
+  const VCards imported = ReadVCards(platform::TheFiles().Read(path));
   platform::ImportOutcome outcome;
   outcome.leftOut = imported.damaged;
   VCards book = ReadBook();

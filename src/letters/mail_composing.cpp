@@ -78,7 +78,6 @@ std::string SubjectValue(const std::string& subject) {
 
 /// An address as the library writes it into a header, where all is ASCII.
 std::string AddressValue(std::string_view local, std::string_view domain) {
-  const vmime::charset utf8(vmime::charsets::UTF_8);
   return vmime::emailAddress(vmime::word(std::string(local), utf8),
                              vmime::word(std::string(domain), utf8))
       .generate();

@@ -13,7 +13,6 @@
 namespace letters {
 namespace {
 
-const vmime::charset utf8(vmime::charsets::UTF_8);
 const vmime::charset ascii(vmime::charsets::US_ASCII);
 const vmime::charset latin1(vmime::charsets::ISO8859_1);
 

@@ -13,6 +13,8 @@
 
 namespace letters {
 
+inline const vmime::charset utf8(vmime::charsets::UTF_8);
+
 /// The library must know its platform before anything else is asked of it.
 void PrepareMailLibrary();
 

@@ -14,8 +14,6 @@ namespace {
 
 using platform::MailError;
 
-const vmime::charset utf8(vmime::charsets::UTF_8);
-
 std::string HeaderSubject(const vmime::header& header) {
   const auto value = FieldValue<vmime::text>(header, vmime::fields::SUBJECT);
   return value ? ToUtf8(*value) : std::string{};

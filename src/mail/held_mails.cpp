@@ -26,8 +26,6 @@ constexpr std::array<std::string_view, 6> objectionNames = {"",      "address", 
                                                             "ended", "flood",   "form"};
 constexpr std::array<std::string_view, 4> stateEndings = {".new", ".asked", ".refused", ".taken"};
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 std::string Folder() { return platform::Process().DataPath + "Held/"; }
 
 std::string_view EndingOf(HeldState state) { return stateEndings[static_cast<std::size_t>(state)]; }
@@ -91,8 +89,8 @@ std::optional<HeldMail> Named(std::string_view name) {
 
 std::vector<HeldMail> AllNamed() {
   std::vector<HeldMail> mails;
-  if (!Files().Exists(Folder())) return mails;
-  for (const std::string& name : Files().List(Folder())) {
+  if (!platform::TheFiles().Exists(Folder())) return mails;
+  for (const std::string& name : platform::TheFiles().List(Folder())) {
     if (auto mail = Named(name)) mails.push_back(std::move(*mail));
   }
   return mails;
@@ -100,7 +98,7 @@ std::vector<HeldMail> AllNamed() {
 
 bool CanBeRead(HeldMail& mail) {
   try {
-    return ReadContent(Files().Read(PathOf(mail)), mail);
+    return ReadContent(platform::TheFiles().Read(PathOf(mail)), mail);
   } catch (const platform::FileError&) {
     return false;
   }
@@ -118,7 +116,7 @@ std::vector<HeldMail> MailsThat(const Wanted& isWanted) {
 }
 
 void Write(const HeldMail& mail) {
-  Files().MakeFolder(Folder());
+  platform::TheFiles().MakeFolder(Folder());
   platform::ReplaceFile(PathOf(mail), Content(mail), Folder() + "unfinished");
 }
 
@@ -134,7 +132,8 @@ std::string IdentifierOf(const ReceivedMail& mail) {
 
 std::optional<HeldMail> FindHeldMail(const std::string& id) {
   for (HeldMail& mail : AllNamed()) {
-    if (mail.id == id && ReadContent(Files().Read(PathOf(mail)), mail)) return std::move(mail);
+    if (mail.id == id && ReadContent(platform::TheFiles().Read(PathOf(mail)), mail))
+      return std::move(mail);
   }
   return std::nullopt;
 }
@@ -165,7 +164,7 @@ void SetState(HeldMail& mail, HeldState state) {
   if (mail.state == state) return;
   const std::string before = PathOf(mail);
   mail.state = state;
-  Files().Rename(before, PathOf(mail));
+  platform::TheFiles().Rename(before, PathOf(mail));
 }
 
 void HoldFor(HeldMail& mail, Objection why) {

@@ -31,12 +31,10 @@ constexpr const char* unfinishedName = "Cmove.new";
 /// A file has no sender.
 constexpr const char* unknownName = "Unknown";
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 std::string FirstFreeName() {
   for (int number = 1;; ++number) {
     std::string name = namePrefix + std::to_string(number) + nameSuffix;
-    if (!Files().Exists(platform::Process().DataPath + name)) return name;
+    if (!platform::TheFiles().Exists(platform::Process().DataPath + name)) return name;
   }
 }
 
@@ -73,11 +71,11 @@ bool TakeFiles(const std::vector<std::string>& paths, bool userPicks,
     for (const std::string& path : paths) {
       MoveArrival& arrival = arrivals.emplace_back();
       arrival.from = path;
-      const std::string content = Files().Read(path);
+      const std::string content = platform::TheFiles().Read(path);
       opened = true;
       ImportText(content, userPicks, arrival);
       const bool isKept = arrival.ok || !arrival.held.empty();
-      if (isKept && !userPicks) Files().Remove(path);
+      if (isKept && !userPicks) platform::TheFiles().Remove(path);
     }
     return true;
   } catch (const StoreFailure& failure) {
@@ -164,7 +162,7 @@ MoveArrival ImportPickedFile(const std::string& path, bool showStatus) {
 std::vector<std::string> ListMoveFiles() {
   const std::string& folder = platform::Process().DataPath;
   std::vector<std::string> paths;
-  for (const std::string& name : Files().List(folder)) {
+  for (const std::string& name : platform::TheFiles().List(folder)) {
     if (name.starts_with(namePrefix) && name.ends_with(nameSuffix)) paths.push_back(folder + name);
   }
   return paths;

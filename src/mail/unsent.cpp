@@ -17,8 +17,6 @@ namespace {
 
 constexpr std::string_view start = "sending-";
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 std::string Folder() { return platform::Process().DataPath + "Outbox/"; }
 
 /// 0 also where there is no such game yet.
@@ -35,7 +33,7 @@ bool HasGrown(std::int32_t gameID, const std::string& movesBefore) {
 
 void RemoveNote(const std::string& path) {
   try {
-    if (Files().Exists(path)) Files().Remove(path);
+    if (platform::TheFiles().Exists(path)) platform::TheFiles().Remove(path);
   } catch (const std::exception&) {
     // the move is sent once more, which does no harm
   }
@@ -46,7 +44,7 @@ std::string NotePath(std::int32_t gameID) {
 }
 
 void WriteNote(std::int32_t gameID, std::size_t movesBefore) {
-  Files().MakeFolder(Folder());
+  platform::TheFiles().MakeFolder(Folder());
   platform::ReplaceFile(NotePath(gameID), std::to_string(movesBefore));
 }
 
@@ -77,13 +75,14 @@ void SendWithNextLogon(std::int32_t gameID) {
 
 void SendWhatWasNoted() {
   try {
-    if (!Files().Exists(Folder())) return;
-    for (const std::string& name : Files().List(Folder())) {
+    if (!platform::TheFiles().Exists(Folder())) return;
+    for (const std::string& name : platform::TheFiles().List(Folder())) {
       if (!name.starts_with(start)) continue;
       const auto gameID = platform::ToInteger32(name.substr(start.size()));
       if (!gameID) continue;
       const std::string path = Folder() + name;
-      const bool isSettled = !HasGrown(*gameID, Files().Read(path)) || SendMoveMail(*gameID);
+      const bool isSettled =
+          !HasGrown(*gameID, platform::TheFiles().Read(path)) || SendMoveMail(*gameID);
       if (isSettled || !platform::Process().Stopping) RemoveNote(path);
     }
   } catch (const std::exception&) {

@@ -56,4 +56,7 @@ struct Seams {
 
 Seams& TheSeams();
 
+inline Files& TheFiles() { return *TheSeams().files; }
+inline Windows& TheWindows() { return *TheSeams().windows; }
+
 }  // namespace platform

@@ -20,8 +20,6 @@ constexpr std::string_view firstLine = "Tarvolenix mail on its way 1\n";
 constexpr std::string_view nameEnd = ".mail";
 constexpr int numberLength = 9;
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 constexpr std::pair<QueueState, std::string_view> stateNames[] = {
     {QueueState::Waiting, "waiting"},
     {QueueState::Perhaps, "perhaps"},
@@ -147,8 +145,8 @@ std::string OutboxFolder(std::string_view address) {
 
 std::vector<std::string> Outbox::Names() {
   std::vector<std::string> names;
-  if (!Files().Exists(folder_)) return names;
-  for (std::string& name : Files().List(folder_)) {
+  if (!platform::TheFiles().Exists(folder_)) return names;
+  for (std::string& name : platform::TheFiles().List(folder_)) {
     if (name.ends_with(nameEnd)) names.push_back(std::move(name));
   }
   std::sort(names.begin(), names.end());
@@ -158,14 +156,14 @@ std::vector<std::string> Outbox::Names() {
 /// Nothing for what is no mail, or is gone. What can't be read just now is as it was.
 std::optional<QueuedMail> Outbox::ReadFile(const std::string& name) {
   try {
-    auto mail = ReadMail(Files().Read(folder_ + name));
+    auto mail = ReadMail(platform::TheFiles().Read(folder_ + name));
     if (!mail) return std::nullopt;
     mail->file = name;
     known_[name] = *mail;
     return mail;
   } catch (const platform::FileError&) {
     const auto known = known_.find(name);
-    if (known == known_.end() || !Files().Exists(folder_ + name)) return std::nullopt;
+    if (known == known_.end() || !platform::TheFiles().Exists(folder_ + name)) return std::nullopt;
     return known->second;
   }
 }
@@ -189,8 +187,8 @@ std::vector<QueuedMail> Outbox::Mails() {
 
 void Outbox::MakeFolder() {
   const auto above = folder_.rfind('/', folder_.size() - 2);
-  Files().MakeFolder(folder_.substr(0, above + 1));
-  Files().MakeFolder(folder_);
+  platform::TheFiles().MakeFolder(folder_.substr(0, above + 1));
+  platform::TheFiles().MakeFolder(folder_);
 }
 
 QueuedMail Outbox::Add(const letters::OutgoingMail& mail, std::int64_t now) {
@@ -203,7 +201,7 @@ QueuedMail Outbox::Add(const letters::OutgoingMail& mail, std::int64_t now) {
   for (const QueuedMail& older : Read(names)) {
     if (!IsSameThread(older, queued)) continue;
     try {
-      Files().Remove(folder_ + older.file);
+      platform::TheFiles().Remove(folder_ + older.file);
     } catch (const platform::FileError&) {
       // sent meanwhile; else it counts for nothing from now on
     }
@@ -213,12 +211,12 @@ QueuedMail Outbox::Add(const letters::OutgoingMail& mail, std::int64_t now) {
 
 bool Outbox::IsThere(const QueuedMail& mail) {
   const std::lock_guard lock(mutex_);
-  return Files().Exists(folder_ + mail.file);
+  return platform::TheFiles().Exists(folder_ + mail.file);
 }
 
 bool Outbox::Update(const QueuedMail& mail) {
   const std::lock_guard lock(mutex_);
-  if (!Files().Exists(folder_ + mail.file)) return false;
+  if (!platform::TheFiles().Exists(folder_ + mail.file)) return false;
   platform::ReplaceFile(folder_ + mail.file, Written(mail));
   return true;
 }
@@ -230,7 +228,8 @@ void Outbox::Remove(const QueuedMail& mail) {
   for (auto known = known_.begin(); known != behind;) {
     const auto& [file, queued] = *known;
     const bool goes = file == mail.file || IsSameThread(queued, mail);
-    if (goes && Files().Exists(folder_ + file)) Files().Remove(folder_ + file);
+    if (goes && platform::TheFiles().Exists(folder_ + file))
+      platform::TheFiles().Remove(folder_ + file);
     known = goes ? known_.erase(known) : std::next(known);
   }
 }
@@ -238,7 +237,7 @@ void Outbox::Remove(const QueuedMail& mail) {
 std::unique_ptr<platform::HeldLock> Outbox::TryToDeliver() {
   const std::lock_guard lock(mutex_);
   MakeFolder();
-  return Files().TryLock(folder_ + "deliver.lock");
+  return platform::TheFiles().TryLock(folder_ + "deliver.lock");
 }
 
 std::unique_ptr<platform::HeldLock> Outbox::LockOrRaise() {

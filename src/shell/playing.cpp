@@ -16,17 +16,15 @@ using platform::Process;
 
 namespace {
 
-platform::Windows& Windows() { return *platform::TheSeams().windows; }
-
 /// Raises what the window raised. A board that has come keeps polling off until it closes; one that
 /// found its game unreadable has gone by itself.
 void OpenBoard(platform::PollingHold& hold, bool toFront) {
   const platform::BusyPointer busy;
   platform::TheSeams().notices->Withdraw();
-  Windows().OpenBoard(toFront);
+  platform::TheWindows().OpenBoard(toFront);
   if (!Process().BoardOpen) return;
   hold.HandOver();
-  if (Process().BoardFromGameList) Windows().HideGameList();
+  if (Process().BoardFromGameList) platform::TheWindows().HideGameList();
 }
 
 void OpenBoardOf(std::int32_t gameID, bool fromGameList, bool toFront) {
@@ -37,7 +35,7 @@ void OpenBoardOf(std::int32_t gameID, bool fromGameList, bool toFront) {
 }
 
 void OpenGame(std::int32_t gameID, bool fromGameList) {
-  if (Process().BoardOpen || !Windows().LoadChessGraphics()) return;
+  if (Process().BoardOpen || !platform::TheWindows().LoadChessGraphics()) return;
   try {
     OpenBoardOf(gameID, fromGameList, false);
   } catch (const std::exception& error) {
@@ -49,7 +47,7 @@ void OpenGame(std::int32_t gameID, bool fromGameList) {
 class NewGameBackdrop {
  public:
   NewGameBackdrop() = default;
-  ~NewGameBackdrop() { Windows().HideNewGame(); }
+  ~NewGameBackdrop() { platform::TheWindows().HideNewGame(); }
   NewGameBackdrop(const NewGameBackdrop&) = delete;
   NewGameBackdrop& operator=(const NewGameBackdrop&) = delete;
 };
@@ -58,7 +56,7 @@ void AskAndOpenBoard() {
   platform::PollingHold hold;
   Process().CurrentGameID = -1;
   const NewGameBackdrop backdrop;
-  const auto fields = Windows().AskNewGame();
+  const auto fields = platform::TheWindows().AskNewGame();
   if (!fields) return;
   Process().NewGame = *fields;
   // The list may have come meanwhile, for lack of a tray.
@@ -73,7 +71,7 @@ void OpenGameFromTray(std::int32_t gameID) { OpenGame(gameID, false); }
 void PlayGame(std::int32_t gameID) { OpenGame(gameID, true); }
 
 bool OpenNewMove(std::int32_t gameID) {
-  if (Process().BoardOpen || !Windows().LoadChessGraphics()) return false;
+  if (Process().BoardOpen || !platform::TheWindows().LoadChessGraphics()) return false;
   // The list isn't open, unless it has come for lack of a tray while the user was asked.
   OpenBoardOf(gameID, Process().GameListOpen, true);
   return true;
@@ -84,7 +82,7 @@ void StartNewGame(const NewGame& game) {
   Process().ComputerGame = game.againstComputer;
   Process().SetupGame = game.fromSetup;
   Process().BoardFromGameList = game.fromGameList;
-  if (!Windows().LoadChessGraphics()) return;
+  if (!platform::TheWindows().LoadChessGraphics()) return;
   try {
     AskAndOpenBoard();
   } catch (const std::exception& error) {
@@ -102,7 +100,7 @@ void StartNewGame(const NewGame& game) {
 void ShowGameList() {
   platform::TheSeams().notices->Withdraw();
   try {
-    Windows().ShowGameList();
+    platform::TheWindows().ShowGameList();
   } catch (const platform::WindowError&) {
     ReportAutomationError();
   } catch (const std::exception&) {

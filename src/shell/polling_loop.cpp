@@ -26,8 +26,6 @@ using platform::TrayOperation;
 namespace {
 
 platform::MAPIMessages& Messages() { return *platform::TheSeams().MMess; }
-platform::Windows& Windows() { return *platform::TheSeams().windows; }
-
 bool MayCollect() {
   const platform::ProcessState& process = Process();
   return process.CheckTimer.Enabled && !process.CheckTimerHeld && !process.TrayMenuOpen &&
@@ -39,7 +37,7 @@ bool MayCollect() {
 void RefillGameList() {
   if (!Process().GameListOpen) return;
   if (store::IsGameFileUnchanged(Process().ListedGameFileStamp)) return;
-  Windows().FillGameList(Windows().SelectedGame());
+  platform::TheWindows().FillGameList(platform::TheWindows().SelectedGame());
 }
 
 void FinishTick() {
@@ -94,7 +92,7 @@ void LogonAndRetrieve() {
   const platform::BusyPointer busy;
   mail::ForgetEarlierCrash();
   mail::LogonAndCollect(false, true, true);
-  if (Process().GameListOpen) Windows().FillGameList({});
+  if (Process().GameListOpen) platform::TheWindows().FillGameList({});
   UpdateTrayStatus(TrayOperation::Modify);
 }
 

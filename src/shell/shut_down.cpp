@@ -18,8 +18,6 @@ using platform::Process;
 
 namespace {
 
-platform::Windows& Windows() { return *platform::TheSeams().windows; }
-
 void Stop() {
   platform::TheSeams().help->CloseHelp();
   if (Process().ShuttingDown) return;
@@ -38,7 +36,7 @@ void ExitProgram() {
 
 void ExitFromGameList() {
   store::BackupDatabase();
-  Windows().CloseGameList();
+  platform::TheWindows().CloseGameList();
   CloseSystemTray();
 }
 
@@ -51,7 +49,7 @@ void CloseSystemTray() {
 
 void ShutdownProgram(bool save) {
   if (save) SaveSettings();
-  Windows().CloseAll();
+  platform::TheWindows().CloseAll();
   study::ForgetGames(Process().DeletedGames);  // from now on nothing brings them back
 }
 
@@ -74,7 +72,7 @@ void QuitForLackOf(const std::string& skinFile) {
 void AbortStart() {
   if (Process().Stopping) return;  // it was stopped in order meanwhile
   Process().ShuttingDown = true;
-  Windows().CloseSplash();
+  platform::TheWindows().CloseSplash();
   CloseSystemTray();
 }
 

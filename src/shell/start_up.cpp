@@ -36,8 +36,6 @@ constexpr int leastWidth = 800;
 constexpr int usualDepth = 16;
 constexpr int leastDepth = 16;
 
-platform::Windows& Windows() { return *platform::TheSeams().windows; }
-
 platform::DisplaySettings Display() { return platform::TheSeams().screen->Settings(); }
 
 bool IsMarked(const char* setting) {
@@ -123,7 +121,7 @@ bool PrepareLook() {
   if (Process().Stopping) return false;
   UpgradeSettings();
   const bool hasMotivations = LoadSettings();  // told in the skin, which must be there first
-  if (!Windows().ApplySkinToSystemTray()) return false;
+  if (!platform::TheWindows().ApplySkinToSystemTray()) return false;
   if (!hasMotivations && !GoOnWithFactoryMotivations()) return false;
   CheckColourDepth();
   return !Process().Stopping;
@@ -139,7 +137,7 @@ bool RunStartSequence() {
   platform::PollingHold hold;
   hold.HandOver();  // until the program is idle
   const bool splash = platform::Settings().DisplaySplash;
-  if (splash) Windows().ShowSplash();
+  if (splash) platform::TheWindows().ShowSplash();
   mail::LogonAndCollect(false, false, true);
   if (Process().Stopping) return false;
   platform::TheSeams().tray->BuildGameMenu();
@@ -150,7 +148,7 @@ bool RunStartSequence() {
 }
 
 void BecomeIdle() {
-  if (!platform::Settings().SystrayStartup) Windows().ShowGameList();
+  if (!platform::Settings().SystrayStartup) platform::TheWindows().ShowGameList();
   UpdateTrayStatus(TrayOperation::Add);
   platform::ReleasePolling();
   const bool anyNews = Process().NewMoveArrived;
@@ -272,7 +270,7 @@ void TrayHasCome() {
   if (Process().Stopping || !Process().TrayMissing) return;
   Process().TrayMissing = false;
   Mark("TrayMissed", false);
-  Windows().SetGameListFace(NothingNew, "Tarvolenix - Game list");
+  platform::TheWindows().SetGameListFace(NothingNew, "Tarvolenix - Game list");
   platform::Settings().SystrayStartup = true;
   platform::TheSeams().tray->BuildGameMenu();
   UpdateTrayStatus(TrayOperation::Add);

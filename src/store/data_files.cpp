@@ -15,16 +15,14 @@ namespace {
 
 using platform::ZeroFilled;
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 }  // namespace
 
 std::string BackupPath() { return platform::Process().DataPath + "tvgdb.bak"; }
 
 std::optional<std::string> ReadGameFile() {
   if (const Batch* batch = Batch::Open()) return batch->Content();
-  if (!Files().Exists(GameFilePath())) return std::nullopt;
-  return Files().Read(GameFilePath());
+  if (!platform::TheFiles().Exists(GameFilePath())) return std::nullopt;
+  return platform::TheFiles().Read(GameFilePath());
 }
 
 void ReplaceGameFile(const std::string& before, const std::string& after,
@@ -48,7 +46,7 @@ std::string FreeName(const std::string& start, const std::string& ending) {
                            ZeroFilled(now.day, 2) + "-" + ZeroFilled(now.hour, 2) +
                            ZeroFilled(now.minute, 2) + ZeroFilled(second, 2);
   std::string free = name + ending;
-  for (int n = 2; Files().Exists(platform::Process().DataPath + free); ++n) {
+  for (int n = 2; platform::TheFiles().Exists(platform::Process().DataPath + free); ++n) {
     free = name;
     free.append("-").append(std::to_string(n)).append(ending);
   }
@@ -57,7 +55,7 @@ std::string FreeName(const std::string& start, const std::string& ending) {
 
 void RemoveQuietly(const std::string& path) {
   try {
-    if (Files().Exists(path)) Files().Remove(path);
+    if (platform::TheFiles().Exists(path)) platform::TheFiles().Remove(path);
   } catch (const std::exception&) {
     // It stays behind, and the next save overwrites it.
   }
@@ -73,7 +71,7 @@ bool RestoreGameFile(const std::optional<std::string>& before) {
     if (before) {
       ReplaceFile(GameFilePath(), *before);
     } else {
-      Files().Remove(GameFilePath());
+      platform::TheFiles().Remove(GameFilePath());
     }
     return true;
   } catch (const std::exception&) {

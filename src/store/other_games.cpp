@@ -15,11 +15,9 @@
 namespace store {
 namespace {
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 std::optional<std::string> ReadIfThere(const std::string& path) {
-  if (!Files().Exists(path)) return std::nullopt;
-  return Files().Read(path);
+  if (!platform::TheFiles().Exists(path)) return std::nullopt;
+  return platform::TheFiles().Read(path);
 }
 
 /// Nothing where there is none that is whole.
@@ -49,11 +47,11 @@ void UseBackup(const std::string& backup, const std::string& aside) {
 OtherGames LookAtGamesIn(std::string folder) {
   const std::string& name = platform::Process().DatabaseFile;
   if (!folder.ends_with('/')) folder += '/';
-  if (!Files().Exists(folder + name)) folder += "Data/";
-  if (!Files().Exists(folder + name)) {
+  if (!platform::TheFiles().Exists(folder + name)) folder += "Data/";
+  if (!platform::TheFiles().Exists(folder + name)) {
     throw std::runtime_error("there is no game file " + name + " in it");
   }
-  OtherGames other{folder + name, Files().Read(folder + name), {}, 0};
+  OtherGames other{folder + name, platform::TheFiles().Read(folder + name), {}, 0};
   const SortedContent sorted = SortOut(other.content);
   if (!sorted.damaged.empty()) {
     throw std::runtime_error("its game file is damaged in line " +

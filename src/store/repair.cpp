@@ -14,11 +14,9 @@
 namespace store {
 namespace {
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 /// Raises where there is no backup without damage.
 SortedContent ReadBackup() {
-  SortedContent backup = SortOut(Files().Read(BackupPath()));
+  SortedContent backup = SortOut(platform::TheFiles().Read(BackupPath()));
   if (!backup.damaged.empty()) throw std::invalid_argument("the backup is damaged, too");
   return backup;
 }

@@ -27,8 +27,6 @@
 namespace store {
 namespace {
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 /// Whether every query reads this. A backup of a damaged file would cost the last good one.
 bool IsWorthABackup(std::string_view content) {
   try {
@@ -234,7 +232,7 @@ std::optional<std::int32_t> AddGames(const NewGames& games, std::string* why,
 
 bool RemoveGame(std::int32_t gameID, std::string* removed) {
   try {
-    if (!Files().Exists(GameFilePath())) return true;
+    if (!platform::TheFiles().Exists(GameFilePath())) return true;
   } catch (const std::exception&) {
     return false;
   }
@@ -272,7 +270,8 @@ bool BackupDatabase() {
     // Most ticks of the polling loop find the file that the last one has backed up.
     std::string& backedUp = platform::Process().BackedUpGameFile;
     const std::string stamp = GameFileStamp();
-    if (!stamp.empty() && stamp == backedUp && Files().Exists(BackupPath())) return true;
+    if (!stamp.empty() && stamp == backedUp && platform::TheFiles().Exists(BackupPath()))
+      return true;
     const auto content = ReadGameFile();
     if (content && !IsWorthABackup(*content)) return false;
     if (content) ReplaceFile(BackupPath(), *content);
@@ -286,7 +285,8 @@ bool BackupDatabase() {
 void RestoreDatabase() {
   try {
     const DatabaseLock lock;
-    if (Files().Exists(BackupPath())) RestoreGameFile(Files().Read(BackupPath()));
+    if (platform::TheFiles().Exists(BackupPath()))
+      RestoreGameFile(platform::TheFiles().Read(BackupPath()));
   } catch (const std::exception&) {
     // The game file stands as it was.
   }

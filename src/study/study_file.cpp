@@ -30,8 +30,6 @@ constexpr const char* tables[] = {
     "moves TEXT NOT NULL, PRIMARY KEY (game, stamp, ply, position))",
 };
 
-platform::Files& Files() { return *platform::TheSeams().files; }
-
 void TellUser(const std::string& text) {
   platform::ShowMessage(platform::DatabaseIcon, "Your notes", text, "OK", {}, false,
                         platform::FailureSound);
@@ -43,8 +41,8 @@ std::string PutAside(const std::string& start) {
   const std::string path = platform::Process().DataPath + name;
   const std::string journal = NotesPath() + "-journal";
   // A change that was cut off belongs to the file.
-  if (Files().Exists(journal)) Files().Rename(journal, path + "-journal");
-  Files().Rename(NotesPath(), path);
+  if (platform::TheFiles().Exists(journal)) platform::TheFiles().Rename(journal, path + "-journal");
+  platform::TheFiles().Rename(NotesPath(), path);
   return name;
 }
 
@@ -195,7 +193,7 @@ bool StudyFile::Do(bool create, const Work& work) {
 }
 
 bool StudyFile::DoOnce(bool create, const Work& work) {
-  if (create || Files().Exists(NotesPath())) {
+  if (create || platform::TheFiles().Exists(NotesPath())) {
     NotesDatabase database(NotesPath(), create, whyNot_.empty() ? patience : patienceAfterwards);
     Prepare(database);
     work(database);
@@ -212,7 +210,7 @@ void StudyFile::Tell(const DatabaseError& error) {
 
 void ForgetGames(const std::vector<std::string>& removed) try {
   const std::vector<GameIdentity> games = GamesThatAreGone(removed);
-  if (games.empty() || !Files().Exists(NotesPath())) return;
+  if (games.empty() || !platform::TheFiles().Exists(NotesPath())) return;
   NotesDatabase database(NotesPath(), false, patienceAfterwards);
   if (LayoutOf(database) != layoutNumber) return;
   database.InOneStep([&] {
@@ -228,7 +226,7 @@ std::string UseNotesOf(const std::string& folder) {
   const std::string source = folder + notesFile;
   const std::string copy = platform::Process().DataPath + "Notes.new";
   try {
-    if (!Files().Exists(source)) return {};
+    if (!platform::TheFiles().Exists(source)) return {};
     store::RemoveQuietly(copy);
     {
       NotesDatabase other(source, false);
@@ -236,8 +234,8 @@ std::string UseNotesOf(const std::string& folder) {
       { const NotesDatabase emptyAndPrivate(copy, true); }
       other.Run("VACUUM INTO ?", {copy});
     }
-    if (Files().Exists(NotesPath())) PutAside("Notes.replaced-");
-    Files().Rename(copy, NotesPath());
+    if (platform::TheFiles().Exists(NotesPath())) PutAside("Notes.replaced-");
+    platform::TheFiles().Rename(copy, NotesPath());
     return {};
   } catch (const std::exception& error) {
     store::RemoveQuietly(copy);

@@ -29,11 +29,11 @@ using platform::Process;
 
 namespace {
 
-constexpr const char* title = "Import PGN";
+constexpr const char* importTitle = "Import PGN";
 
 void Tell(const std::string& text, bool isFailure) {
-  platform::ShowMessage(isFailure ? platform::DatabaseIcon : platform::InformationIcon, title, text,
-                        "OK", {}, false,
+  platform::ShowMessage(isFailure ? platform::DatabaseIcon : platform::InformationIcon, importTitle,
+                        text, "OK", {}, false,
                         isFailure ? platform::FailureSound : platform::AttentionSound);
 }
 
@@ -102,7 +102,7 @@ class Import {
   bool Store() {
     WorkProgress progress;
     if (!first_ && whyNot_.empty()) {
-      const WorkWords words{"ImportProgress", title, u"Taking the games into the list"_s};
+      const WorkWords words{"ImportProgress", importTitle, u"Taking the games into the list"_s};
       DoWatched(*window_, words, progress, [&] { AddGames(progress); });
     }
     if (first_) return true;
@@ -143,7 +143,7 @@ class Import {
 bool IsPgnFile(const QString& path) { return path.endsWith(u".pgn"_s, Qt::CaseInsensitive); }
 
 QStringList AskForPgnFiles(QWidget& window) {
-  QFileDialog dialog(&window, QString::fromLatin1(title), LastFolder(), pgnFilter);
+  QFileDialog dialog(&window, QString::fromLatin1(importTitle), LastFolder(), pgnFilter);
   dialog.setFileMode(QFileDialog::ExistingFiles);
   QStringList paths = ChooseFiles(dialog);
   if (!paths.isEmpty()) KeepFolderOf(paths.first());

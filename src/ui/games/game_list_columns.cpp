@@ -10,7 +10,6 @@
 #include <string>
 
 #include "platform/setting_variables.h"
-#include "skin/window_region.h"
 #include "ui/games/game_list_model.h"
 #include "widgets/shown_moment.h"
 
@@ -27,8 +26,6 @@ constexpr int mostRoomOfTitles = 64;  ///< that they may lend to the others
 constexpr int cellMargin = 6;
 constexpr const char* longDate = "30/09/2026";  ///< a Wednesday
 constexpr const char* longMove = "28... Nbxd7+";
-
-constexpr int InPixels(int twips) { return (twips + twipsPerPixel / 2) / twipsPerPixel; }
 
 int WidthOf(const QTableView& grid, const QString& text) {
   return grid.fontMetrics().horizontalAdvance(text) + 2 * cellMargin;

@@ -8,11 +8,15 @@
 #include <vector>
 
 #include "shell/game_list.h"
+#include "skin/window_region.h"
 #include "widgets/menu_rows.h"
 
 class QTableView;
 
 namespace ui {
+
+/// Columns are as wide as they always were, in twips.
+constexpr int InPixels(int twips) { return (twips + twipsPerPixel / 2) / twipsPerPixel; }
 
 /// Puts the columns in their order. Once, behind the model.
 void ArrangeColumns(QTableView& grid);

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "skin/window_region.h"
 #include "ui/games/game_list_columns.h"
 #include "ui/games/game_list_heading.h"
 #include "ui/games/game_list_model.h"
@@ -34,8 +33,6 @@ constexpr int rowPadding = 8;
 constexpr int statusPicture = 22;
 constexpr int noticeMargin = 12;
 constexpr int noticeButtonHeight = 28;
-
-constexpr int InPixels(int twips) { return (twips + twipsPerPixel / 2) / twipsPerPixel; }
 
 }  // namespace
 

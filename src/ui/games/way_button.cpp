@@ -9,16 +9,16 @@
 namespace ui {
 namespace {
 
-constexpr int pictureSize = 40;
+constexpr int wayPicture = 40;
 constexpr int margin = 10;
-constexpr int textLeft = margin + pictureSize + margin;
+constexpr int textLeft = margin + wayPicture + margin;
 
 }  // namespace
 
 WayButton::WayButton(const QString& title, const QString& description, const QIcon& picture)
     : QCommandLinkButton(title, description) {
   setIcon(picture);
-  setIconSize({pictureSize, pictureSize});
+  setIconSize({wayPicture, wayPicture});
 }
 
 QFont WayButton::TitleFont() const {
@@ -37,7 +37,7 @@ QRect WayButton::DescriptionRect(int width) const {
 }
 
 int WayButton::heightForWidth(int width) const {
-  return std::max(pictureSize + 2 * margin, DescriptionRect(width).bottom() + 1 + margin);
+  return std::max(wayPicture + 2 * margin, DescriptionRect(width).bottom() + 1 + margin);
 }
 
 QSize WayButton::sizeHint() const {
@@ -53,7 +53,7 @@ void WayButton::paintEvent(QPaintEvent*) {
   option.text.clear();
   option.icon = {};
   painter.drawControl(QStyle::CE_PushButton, option);
-  icon().paint(&painter, {margin, (height() - pictureSize) / 2, pictureSize, pictureSize});
+  icon().paint(&painter, {margin, (height() - wayPicture) / 2, wayPicture, wayPicture});
   painter.setPen(palette().color(QPalette::ButtonText));
   painter.setFont(TitleFont());
   const QRect description = DescriptionRect(width());

@@ -22,7 +22,7 @@ enum Column { Heading, Name, BeforeCurrent, Current, BeforeNew, New, columns };
 constexpr int columnWidths[] = {350, 3000, 1000, 500, 1000, 500};
 constexpr int widthOfAll = 6350;
 
-constexpr int rowPadding = 4;
+constexpr int roomOfRow = 4;
 constexpr int captionMargin = 5;
 
 bool IsHeading(int row) { return row > 0 && ai::HeuristicOnRow(row) < 0; }
@@ -101,9 +101,9 @@ class HeuristicsDelegate : public QStyledItemDelegate {
 }  // namespace
 
 HeuristicsList::HeuristicsList(QWidget* parent)
-    : RowTable(QStringList(columns, {}), rowPadding, parent) {
+    : RowTable(QStringList(columns, {}), roomOfRow, parent) {
   setHorizontalHeader(new PairedHeading(this));
-  BecomeRowTable(*this, rowPadding);
+  BecomeRowTable(*this, roomOfRow);
   horizontalHeader()->setMinimumSectionSize(1);
   setHorizontalHeaderLabels(
       {{}, u"Heuristic"_s, u"Current Motivation"_s, {}, u"New Motivation"_s, {}});

@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int rowPadding = 4;
+constexpr int roomInRow = 4;
 constexpr int fileName = Qt::UserRole;  // as bytes, which may be no text
 
 void ReportError(const std::string& title, const std::string& text) {
@@ -132,7 +132,7 @@ void SavedAIPage::FillList() {
   opSavedAIFiles_->clear();
   for (const std::string& name : ai::ListAIFiles()) {
     auto* item = new QListWidgetItem(ShownLine(name), opSavedAIFiles_);
-    item->setSizeHint({0, opSavedAIFiles_->fontMetrics().height() + rowPadding});
+    item->setSizeHint({0, opSavedAIFiles_->fontMetrics().height() + roomInRow});
     item->setData(fileName, QByteArray::fromStdString(name));
   }
   if (opSavedAIFiles_->count() > 0) opSavedAIFiles_->setCurrentRow(0);

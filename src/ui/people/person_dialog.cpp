@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int longestName = 50;
+constexpr int longestPersonsName = 50;
 
 /// In one line, so that Enter is OK.
 QLineEdit* NewAddressField(const platform::Person& person) {
@@ -54,7 +54,7 @@ PersonDialog::PersonDialog(const QString& title, const platform::Person& person,
   setWindowTitle(title);
   name_->setObjectName(u"PersonName"_s);
   // A longer one that came from elsewhere stays as it is.
-  name_->setMaxLength(std::max(longestName, static_cast<int>(name_->text().size())));
+  name_->setMaxLength(std::max(longestPersonsName, static_cast<int>(name_->text().size())));
   KeepFitForFields(name_);
   auto* form = new FormRows;
   form->AddRow(u"&Name:"_s, {name_});

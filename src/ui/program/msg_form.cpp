@@ -26,7 +26,7 @@ namespace {
 
 constexpr int captionRoom = 32;  // beside the text of a button
 constexpr int tickMilliseconds = 30000;
-constexpr int pictureSize = 48;
+constexpr int messagePicture = 48;
 constexpr int highestCaption = 36;  // in a skin
 constexpr int narrowestText = 280;
 constexpr int widestText = 440;
@@ -39,7 +39,7 @@ constexpr int buttonHeight = 28;
 QLabel* NewPicture(int icon, QWidget* window) {
   auto* picture = new QLabel(window);
   picture->setObjectName(u"MessageIcon"_s);
-  picture->setPixmap(MessagePicture(icon, pictureSize));
+  picture->setPixmap(MessagePicture(icon, messagePicture));
   return picture;
 }
 

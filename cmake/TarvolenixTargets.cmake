@@ -4,6 +4,8 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# Most of the program is a module.
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 option(TARVOLENIX_WERROR "Treat warnings as errors" OFF)
 set(TARVOLENIX_SANITIZE "" CACHE STRING "Build with these sanitizers, separated by commas")
@@ -25,6 +27,10 @@ if(TARVOLENIX_UNITY)
   target_compile_options(tarvolenix_flags INTERFACE -Wno-subobject-linkage)
 else()
   target_compile_options(tarvolenix_flags INTERFACE -Wshadow)
+endif()
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU")
+  # Nobody outside takes the place of a function, so a call needn't be prepared for that.
+  add_compile_options(-fno-semantic-interposition)
 endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   target_compile_options(tarvolenix_flags INTERFACE -Wno-error=unknown-warning-option)
@@ -100,8 +106,8 @@ function(tarvolenix_folder name)
 endfunction()
 
 # tarvolenix_module(NAME SOURCES... USES folders and libraries...)
-# One source folder as a module, which the program loads when it first needs what is in it. It may
-# use no folder that keeps a state: the module would have one of its own.
+# A module, which the program loads when it first needs what is in it. A folder that keeps a state has
+# one of its own there.
 function(tarvolenix_module name)
   cmake_parse_arguments(MODULE "" "" "SOURCES;USES" ${ARGN})
   add_library(${name} MODULE ${MODULE_SOURCES})
@@ -109,6 +115,8 @@ function(tarvolenix_module name)
   target_link_libraries(${name} PRIVATE tarvolenix_qt_flags ${MODULE_USES})
   set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME "tarvolenix-${name}"
     CXX_VISIBILITY_PRESET hidden LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/src")
+  # Only its own doors lead into it.
+  target_link_options(${name} PRIVATE -Wl,--exclude-libs,ALL)
   install(TARGETS ${name} DESTINATION "${TARVOLENIX_MODULES}")
 endfunction()
 

@@ -91,8 +91,11 @@ void TellOfUserFolder(platform::MessageBoxes& boxes, const std::string& failure)
 
 }  // namespace
 
-Program::Program(const desktop::Folders& folders, const std::string& commandLine)
-    : contacts_(shell::PastOpponents), screen_([this] { return instance_->IsAnotherRunning(); }) {
+Program::Program(const desktop::Folders& folders, const std::string& commandLine,
+                 std::unique_ptr<desktop::SingleInstance> instance)
+    : contacts_(shell::PastOpponents),
+      screen_([this] { return instance_->IsAnotherRunning(); }),
+      instance_(std::move(instance)) {
   // Windows come and go before the last one: the program ends when it is told to.
   QApplication::setQuitOnLastWindowClosed(false);
   platform::SetupGlobalVariables(folders.program, commandLine, folders.user);
@@ -105,7 +108,7 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
             return ui::ResolveRecipient(contacts_, typed, mayAsk);
           }});
   desktop_->Events().OnWait([this](bool waiting) { waiting_.Wait(waiting); });
-  instance_ = std::make_unique<desktop::SingleInstance>(folders.user);
+  if (!instance_) instance_ = std::make_unique<desktop::SingleInstance>(folders.user);
   platform::Seams& seams = platform::TheSeams();
   seams.messageBoxes = &boxes_;
   seams.help = &help_;
@@ -121,7 +124,7 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
   shell::FillHooks();
   seams.hooks.signIn = [this] { return HasChangedAccount("Imap", ui::AccountErrand::SignIn); };
   seams.hooks.endProcess = [] { std::_Exit(EXIT_FAILURE); };
-  QApplication::setWindowIcon(ui::ProgramPicture(QStringLiteral("tarvolenix.png")));
+  QApplication::setWindowIcon(ui::ProgramPicture(QLatin1StringView(ui::programIcon)));
 }
 
 Program::~Program() {

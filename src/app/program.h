@@ -28,8 +28,10 @@ namespace app {
 
 class Program {
  public:
-  /// The application object must be there already.
-  Program(const desktop::Folders& folders, const std::string& commandLine);
+  /// The application object must be there already. `instance` is the mark of the only one, where
+  /// somebody has looked for it ahead.
+  Program(const desktop::Folders& folders, const std::string& commandLine,
+          std::unique_ptr<desktop::SingleInstance> instance = {});
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;

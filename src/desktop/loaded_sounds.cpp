@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/loaded_sounds.h"
 
-#include <QLibrary>
-#include <QString>
-
 #include <utility>
 
-#include "desktop/folders.h"
+#include "desktop/modules.h"
 
 namespace desktop {
 namespace {
@@ -14,13 +11,10 @@ namespace {
 using NewSounds = platform::Sounds*();
 
 std::unique_ptr<platform::Sounds> Load() {
-  // Beside a program that lies in one folder with all that is its own.
-  for (const std::string& folder : {ProgramFolder(), std::string(TARVOLENIX_MODULES)}) {
-    QLibrary module(QString::fromStdString(folder + "tarvolenix-sounds.so"));
-    const auto make = reinterpret_cast<NewSounds*>(module.resolve("TarvolenixNewSounds"));
-    if (make) return std::unique_ptr<platform::Sounds>(make());
-  }
-  return nullptr;
+  QString failure;  // is silence
+  const auto make = reinterpret_cast<NewSounds*>(
+      ModuleFunction("tarvolenix-sounds.so", "TarvolenixNewSounds", failure));
+  return std::unique_ptr<platform::Sounds>(make ? make() : nullptr);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "platform/process_state.h"
 #include "platform/registry.h"
 #include "platform/setting_variables.h"
+#include "shell/start_settings.h"
 
 namespace shell {
 namespace {
@@ -27,8 +28,6 @@ using platform::WriteRegistry;
 
 constexpr int longestInterval = 30000;
 constexpr int noLimit = std::numeric_limits<std::int16_t>::max();
-
-constexpr const char* newUsersWindowSize = "Auto";
 
 /// A setting between the store and its variable.
 struct Setting {
@@ -111,14 +110,14 @@ std::string CopiedWindowSize(const Setting& size, const std::string& section) {
 }
 
 constexpr Setting DisplaySplash = Flag<&SettingVariables::DisplaySplash>(
-    "DisplaySplash", "True", [](const Setting&, const std::string&) { return BooleanText(true); });
+    displaySplash, "True", [](const Setting&, const std::string&) { return BooleanText(true); });
 constexpr Setting Heuristics{"Heuristics", "", LoadHeuristics, ai::HeuristicsText};
 constexpr Setting Skin = Text<&SettingVariables::Skin>("Skin", "Tarvolenix Classic");
 constexpr Setting SimpleUI = Flag<&SettingVariables::SimpleUI, &SettingVariables::SimpleUISaved>(
-    "SimpleUI", "False", CopiedLook);
+    simpleUI, "False", CopiedLook);
 constexpr Setting WindowSize =
-    Text<&SettingVariables::WindowSize, &SettingVariables::WindowSizeSaved>("WindowSize", "100",
-                                                                            CopiedWindowSize);
+    Text<&SettingVariables::WindowSize, &SettingVariables::WindowSizeSaved>(
+        windowSize, usualWindowSize, CopiedWindowSize);
 
 /// All of them, in the order in which they are written.
 constexpr Setting settings[] = {
@@ -187,15 +186,6 @@ bool LoadSettings() {
     usable = setting.load(ReadText(setting), setting.usual) && usable;
   }
   return usable;
-}
-
-std::optional<std::string> WindowSizeAtStart() {
-  const auto read = [](const Setting& setting) {
-    return platform::ReadRegistry(productSection, setting.name);
-  };
-  if (read(SimpleUI) == "True") return std::nullopt;
-  const bool isNew = platform::IsEmptyValue(read(DisplaySplash));
-  return ReturnValue(read(WindowSize), isNew ? newUsersWindowSize : WindowSize.usual);
 }
 
 bool SetHeuristicsAside() {

@@ -3,9 +3,6 @@
 // written once at an orderly stop; what the options pages change lives in the variables until then.
 #pragma once
 
-#include <optional>
-#include <string>
-
 namespace shell {
 
 /// Sets all variables, the table of motivations and the polling interval from the store, the
@@ -14,10 +11,6 @@ namespace shell {
 /// does, where the store can't be read: a default that is saved later would take the place of what
 /// is there.
 bool LoadSettings();
-
-/// How large the windows are to be, before anything is loaded; nothing in the plain look. No error
-/// reaches the caller.
-std::optional<std::string> WindowSizeAtStart();
 
 /// "False" from a user's first start until he was greeted. Who comes from an earlier version hasn't
 /// got it.

@@ -8,7 +8,6 @@
 #include <QStyle>
 
 #include <future>
-#include <map>
 #include <vector>
 
 #include "platform/messages.h"
@@ -21,13 +20,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString programIcon = u"tarvolenix.png"_s;
-
-QString OwnFolder() { return AsItIs(platform::Process().ProgramFolder); }
-
-QString PathOf(const QString& programFolder, const QString& name) {
-  return programFolder + u"Pictures/"_s + name;
+QString PathOf(const std::string& programFolder, const QString& name) {
+  return AsItIs(programFolder) + u"Pictures/"_s + name;
 }
+
+QString OwnPath(const QString& name) { return PathOf(platform::Process().ProgramFolder, name); }
 
 using Sizes = std::vector<QImage>;
 
@@ -43,42 +40,30 @@ Sizes Read(const QString& path) {
   return sizes;
 }
 
-/// What is being read ahead, by its path.
-std::map<QString, std::future<Sizes>>& ReadAhead() {
-  static std::map<QString, std::future<Sizes>> pictures;
-  return pictures;
-}
+/// The icon, while it is being read ahead.
+std::future<Sizes> iconAhead;
 
-Sizes PictureOn(const QString& path) {
-  const auto ahead = ReadAhead().extract(path);
-  return ahead ? ahead.mapped().get() : Read(path);
-}
-
-QString StartPicturePath(const QString& programFolder, bool inFewColours) {
-  return programFolder + u"UI Graphics/"_s + (inFewColours ? u"Splash8.bmp"_s : u"Splash16.bmp"_s);
+Sizes PictureOf(const QString& name) {
+  return name == QLatin1StringView(programIcon) && iconAhead.valid() ? iconAhead.get()
+                                                                     : Read(OwnPath(name));
 }
 
 }  // namespace
 
-void ReadPicturesOfStart(const std::string& programFolder) {
-  for (const QString& path : {StartPicturePath(AsItIs(programFolder), false),
-                              PathOf(AsItIs(programFolder), programIcon)}) {
-    ReadAhead()[path] = std::async(std::launch::async, Read, path);
-  }
+void ReadIconAhead(const std::string& programFolder) {
+  iconAhead =
+      std::async(std::launch::async, Read, PathOf(programFolder, QLatin1StringView(programIcon)));
 }
-
-void StartIsOver() { ReadAhead().clear(); }
 
 QIcon ProgramPicture(const QString& name) {
   QIcon icon;
-  for (const QImage& size : PictureOn(PathOf(OwnFolder(), name))) {
-    icon.addPixmap(QPixmap::fromImage(size));
-  }
+  for (const QImage& size : PictureOf(name)) icon.addPixmap(QPixmap::fromImage(size));
   return icon;
 }
 
-QPixmap StartPicture(bool inFewColours) {
-  return QPixmap::fromImage(PictureOn(StartPicturePath(OwnFolder(), inFewColours)).front());
+QImage StartPicture(const std::string& programFolder, bool inFewColours) {
+  const QString name = inFewColours ? u"Splash8.bmp"_s : u"Splash16.bmp"_s;
+  return Read(AsItIs(programFolder) + u"UI Graphics/"_s + name).front();
 }
 
 QPixmap MessagePicture(int icon, int size) {
@@ -102,12 +87,12 @@ QString TrayPictureName(int index) {
 
 QIcon TrayPicture(int picture) {
   const QIcon icon = ProgramPicture(TrayPictureName(picture - 1));
-  return icon.availableSizes().isEmpty() ? ProgramPicture(programIcon) : icon;
+  return icon.availableSizes().isEmpty() ? ProgramPicture(QLatin1StringView(programIcon)) : icon;
 }
 
 int TrayPictureCount() {
   int count = 0;
-  while (QFile::exists(PathOf(OwnFolder(), TrayPictureName(count)))) ++count;
+  while (QFile::exists(OwnPath(TrayPictureName(count)))) ++count;
   return count;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QImage>
 #include <QPixmap>
 #include <QString>
 
@@ -13,13 +14,14 @@ namespace ui {
 /// One of the program's own pictures, such as "tarvolenix.png", in all its sizes.
 QIcon ProgramPicture(const QString& name);
 
-/// The start picture, in few colours for screens that have no more.
-QPixmap StartPicture(bool inFewColours);
+inline constexpr const char* programIcon = "tarvolenix.png";
 
-/// Reads the pictures of every start on another thread. The application object must be there. What
-/// of it nobody has wanted until StartIsOver goes then.
-void ReadPicturesOfStart(const std::string& programFolder);
-void StartIsOver();
+/// The start picture, in few colours for screens that have no more.
+QImage StartPicture(const std::string& programFolder, bool inFewColours);
+
+/// Begins to read the program's icon on another thread, for the first who wants it. The application
+/// object must be there.
+void ReadIconAhead(const std::string& programFolder);
 
 /// The picture of message icon 1 to 5, `size` pixels high; the desktop's own where it is missing.
 QPixmap MessagePicture(int icon, int size);

@@ -56,6 +56,12 @@ void Replace(QWidget& old, QWidget& next) {
   next.show();
 }
 
+bool ShowsFewColours() {
+  constexpr int unknownDepth = 8;
+  constexpr int highColour = 16;
+  return platform::TheSeams().screen->Settings().BitsPerPixel.value_or(unknownDepth) < highColour;
+}
+
 /// Makes a window. What the toolkit raises is the platform's failure.
 template <typename Window, typename... Arguments>
 Window* Made(Arguments&&... arguments) {
@@ -98,8 +104,11 @@ bool ProgramWindows::LoadChessGraphics() {
 }
 
 void ProgramWindows::ShowSplash() {
-  splash_ = Made<SplashScreen>([] { shell::HandOver(); });
+  if (!splash_)
+    splash_ = Made<SplashScreen>(
+        QPixmap::fromImage(StartPicture(Process().ProgramFolder, ShowsFewColours())));
   splash_->Display();
+  splash_->BeginStay([] { return Process().StartupComplete; }, [] { shell::HandOver(); });
 }
 
 void ProgramWindows::CloseSplash() {

@@ -10,11 +10,11 @@
 
 #include "boards/chess_graphics.h"
 #include "platform/windows.h"
+#include "skin/splash_screen.h"
 #include "ui/board/board_window.h"
 #include "ui/games/game_interface.h"
 #include "ui/games/new_game_info.h"
 #include "ui/program/given_files.h"
-#include "ui/program/splash_screen.h"
 #include "ui/study/study_desk.h"
 
 namespace ui {
@@ -50,6 +50,9 @@ class ProgramWindows : public QObject, public platform::Windows {
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   std::optional<std::string> PickMoveFile() override;
   void CloseAll() override;
+
+  /// A splash window that shows already, or null.
+  void Adopt(SplashScreen* splash) { splash_ = splash; }
 
   /// The options, modal.
   void OpenOptions();

@@ -3,9 +3,9 @@
 // crash report where there is none.
 #pragma once
 
-namespace app {
+namespace front {
 
 /// False where neither display server can be reached.
 bool DisplayIsThere();
 
-}  // namespace app
+}  // namespace front

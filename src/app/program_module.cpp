@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The door of the module: the program from its first window to its end.
 #include <QApplication>
 #include <QFileInfo>
 #include <QUrl>
 
-#include <iostream>
-#include <string>
-
-#include "app/display.h"
 #include "app/end_requests.h"
 #include "app/program.h"
-#include "app/scaled_application.h"
-#include "desktop/folders.h"
-#include "desktop/instance_channel.h"
+#include "front/begun_start.h"
+#include "front/start_wishes.h"
 #include "platform/process_state.h"
 #include "post/accounts/passwords.h"
 #include "skin/program_pictures.h"
@@ -20,15 +16,6 @@
 #include "widgets/visible_boxes.h"
 
 namespace {
-
-/// Options are looked for anywhere in the whole command line, but for the names of files.
-std::string CommandLine(int argc, char** argv) {
-  std::string line;
-  for (int i = 1; i < argc; ++i) {
-    if (!QFileInfo(QString::fromLocal8Bit(argv[i])).isFile()) line.append(argv[i]).append(" ");
-  }
-  return line;
-}
 
 /// Without what the toolkit has taken for itself, and words that can only be meant otherwise. A
 /// file manager may know them by their addresses.
@@ -46,33 +33,26 @@ desktop::GivenFiles FilesGiven() {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+extern "C" __attribute__((visibility("default"))) int TarvolenixRunProgram(
+    front::BegunStart& start) {
   post::ForbidCoreDumps();
-  if (!app::DisplayIsThere()) {
-    std::cerr << "Tarvolenix shows windows and needs a graphical desktop: there is no display that "
-                 "it can reach.\n";
-    return 1;
-  }
-  const std::string commandLine = CommandLine(argc, argv);
-  const desktop::Folders folders = desktop::FoldersFor(desktop::ProgramFolder());
-  app::ScaledApplication application(folders.settingsFile, argc, argv);
-  ui::ReadPicturesOfStart(folders.program);
+  ui::ReadIconAhead(start.folders.program);
   ui::KeepBoxesVisible();
   ui::KeepFaintTextLegible();
   ui::LetWindowsBeRead();
   QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 
-  app::Program program(folders, commandLine);
+  app::Program program(start.folders, start.commandLine, std::move(start.instance));
   if (program.HandOver(FilesGiven())) return 0;
   const app::EndRequests requests([&program] { program.End(); });
   QObject::connect(
-      &*application, &QGuiApplication::commitDataRequest, &*application,
-      [&program] { program.End(); }, Qt::DirectConnection);
+      qApp, &QGuiApplication::commitDataRequest, qApp, [&program] { program.End(); },
+      Qt::DirectConnection);
+  program.Windows().Adopt(start.splash);
   // One who ends the program while it starts has had his way.
   if (!program.Start()) return platform::Process().ShuttingDown ? 1 : 0;
-  ui::StartIsOver();
-  application.RememberScale();
+  front::RememberScale(start.windowScale);
   const int result = QApplication::exec();
   program.Stop();
   return platform::Process().ShuttingDown ? 1 : result;

@@ -6,22 +6,20 @@
 #include <QByteArray>
 
 #include <optional>
-#include <string>
 #include <vector>
 
-namespace app {
+#include "front/start_wishes.h"
+
+namespace front {
 
 /// The toolkit takes its scale before there is a screen to look at, and keeps it. So the scale of
 /// the last start is taken first, and the application object is made once more where the screen or
 /// the user's wish has become another one; to look first would make every start a third longer.
 class ScaledApplication {
  public:
-  ScaledApplication(const std::string& settingsFile, int argc, char** argv);
+  ScaledApplication(const StartWishes& wishes, int argc, char** argv);
 
-  QApplication& operator*() { return *application_; }
-
-  /// For the next start. Once the settings are there.
-  void RememberScale() const;
+  double Scale() const { return scale_; }
 
  private:
   void Make(double scale);
@@ -34,4 +32,4 @@ class ScaledApplication {
   std::optional<QApplication> application_;
 };
 
-}  // namespace app
+}  // namespace front

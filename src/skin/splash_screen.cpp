@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/program/splash_screen.h"
+#include "skin/splash_screen.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -7,45 +7,30 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
-#include "platform/process_state.h"
-#include "platform/seams.h"
 #include "skin/layouts/splash_screen_layout.h"
-#include "skin/program_pictures.h"
-#include "widgets/shown_text.h"
 
 namespace ui {
 
 using namespace Qt::StringLiterals;
-using platform::Process;
 
 namespace {
 
 constexpr int tickMilliseconds = 500;
 constexpr int shortestStay = 6;  // ticks
-constexpr int unknownDepth = 8;
-constexpr int highColour = 16;
-
-bool ShowsFewColours() {
-  const int depth = platform::TheSeams().screen->Settings().BitsPerPixel.value_or(unknownDepth);
-  return depth < highColour;
-}
 
 }  // namespace
 
-SplashScreen::SplashScreen(std::function<void()> handOver)
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
-      handOver_(std::move(handOver)),
-      picture_(StartPicture(ShowsFewColours())) {
+SplashScreen::SplashScreen(const QPixmap& picture)
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), picture_(picture) {
   setObjectName(u"SplashScreen"_s);
   setWindowTitle(u"Tarvolenix"_s);
   setAttribute(Qt::WA_DeleteOnClose);
   setFixedSize(layouts::splashScreen.size.width, layouts::splashScreen.size.height);
   move(screen()->availableGeometry().center() - rect().center());
-  auto* timer = new QTimer(this);
-  connect(timer, &QTimer::timeout, this, &SplashScreen::Tick);
-  timer->start(tickMilliseconds);
+  QApplication::instance()->installEventFilter(this);
 }
 
 void SplashScreen::Display() {
@@ -53,19 +38,38 @@ void SplashScreen::Display() {
   repaint();
 }
 
+void SplashScreen::BeginStay(std::function<bool()> isStarted, std::function<void()> handOver) {
+  QApplication::instance()->removeEventFilter(this);
+  isStarted_ = std::move(isStarted);
+  handOver_ = std::move(handOver);
+  auto* timer = new QTimer(this);
+  connect(timer, &QTimer::timeout, this, [this] { Tick(); });
+  timer->start(tickMilliseconds);
+}
+
 void SplashScreen::CloseAtOnce() {
   handOver_ = nullptr;
   close();
 }
 
+bool SplashScreen::HasStayed() const {
+  return ticks_ >= shortestStay && isStarted_ && isStarted_();
+}
+
 void SplashScreen::Tick() {
   // What the start has to ask must be seen.
   if (QApplication::activeModalWidget()) lower();
-  if (ticks_ < shortestStay) {
-    ++ticks_;
-  } else if (Process().StartupComplete) {
+  if (HasStayed()) {
     close();
+  } else {
+    ticks_ = std::min(ticks_ + 1, shortestStay);
   }
+}
+
+bool SplashScreen::eventFilter(QObject* watched, QEvent* event) {
+  const bool shows = event->type() == QEvent::Show && watched != this && watched->isWidgetType();
+  if (shows && static_cast<QWidget*>(watched)->isWindow()) hide();
+  return false;
 }
 
 void SplashScreen::paintEvent(QPaintEvent*) {
@@ -76,13 +80,13 @@ void SplashScreen::paintEvent(QPaintEvent*) {
 
 void SplashScreen::closeEvent(QCloseEvent* event) {
   // The user's own close would hand over too early.
-  if (event->spontaneous() && (ticks_ < shortestStay || !Process().StartupComplete)) {
+  if (event->spontaneous() && !HasStayed()) {
     event->ignore();
     return;
   }
   hide();
-  if (handOver_ && !Process().ShuttingDown) {
-    // Behind this window's end: the hand-over may ask the user something.
+  // Behind this window's end: the hand-over may ask the user something.
+  if (handOver_) {
     QTimer::singleShot(0, QApplication::instance(), std::exchange(handOver_, nullptr));
   }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/display.h"
+#include "front/display.h"
 
 #include <sys/stat.h>
 #include <xcb/xcb.h>
@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string>
 
-namespace app {
+namespace front {
 
 namespace {
 
@@ -40,4 +40,4 @@ bool DisplayIsThere() {
   return WaylandIsThere() || XServerIsThere();
 }
 
-}  // namespace app
+}  // namespace front

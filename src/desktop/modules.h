@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Parts of the program that are loaded when they are first needed: modules that lie beside it, or
+// where the package has them.
+#pragma once
+
+#include <QFunctionPointer>
+#include <QString>
+
+namespace desktop {
+
+/// A function of a module's, by its C name. Null where there is none, with the reason in `failure`.
+QFunctionPointer ModuleFunction(const char* file, const char* name, QString& failure);
+
+}  // namespace desktop

@@ -10,7 +10,7 @@ import time
 from players import ROOT, end_with_parent
 
 BUILD = ROOT / "build/release"
-PROGRAM = BUILD / "src/app/tarvolenix"
+PROGRAM = BUILD / "src/front/tarvolenix"
 
 # No dialog that waits for a click, and a look at the Inbox each second.
 SETTINGS = """RunBefore=True

@@ -39,7 +39,7 @@ QPointer<ui::SplashScreen> ShownSplash(front::BegunStart& start) {
       std::async(std::launch::async, ui::StartPicture, start.folders.program, fewColours);
   start.instance = std::make_unique<desktop::SingleInstance>(start.folders.user);
   if (start.instance->IsAnotherRunning()) return nullptr;
-  QPointer<ui::SplashScreen> splash = new ui::SplashScreen(QPixmap::fromImage(picture.get()));
+  QPointer<ui::SplashScreen> splash = new ui::SplashScreen(std::move(picture));
   splash->Display();
   return splash;
 }

@@ -23,17 +23,19 @@ constexpr int shortestStay = 6;  // ticks
 
 }  // namespace
 
-SplashScreen::SplashScreen(const QPixmap& picture)
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), picture_(picture) {
+SplashScreen::SplashScreen(std::future<QImage> picture)
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), coming_(std::move(picture)) {
   setObjectName(u"SplashScreen"_s);
   setWindowTitle(u"Tarvolenix"_s);
   setAttribute(Qt::WA_DeleteOnClose);
   setFixedSize(layouts::splashScreen.size.width, layouts::splashScreen.size.height);
   move(screen()->availableGeometry().center() - rect().center());
   QApplication::instance()->installEventFilter(this);
+  create();  // while the picture comes
 }
 
 void SplashScreen::Display() {
+  if (coming_.valid()) picture_ = QPixmap::fromImage(coming_.get());
   show();
   repaint();
 }

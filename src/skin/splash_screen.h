@@ -3,10 +3,12 @@
 // the start, and then hands over to the program's idle life.
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 #include <QWidget>
 
 #include <functional>
+#include <future>
 
 namespace ui {
 
@@ -14,7 +16,8 @@ namespace ui {
 /// with a process state of its own: it knows none, and has no meta object.
 class SplashScreen : public QWidget {
  public:
-  explicit SplashScreen(const QPixmap& picture);
+  /// The picture may still be on its way.
+  explicit SplashScreen(std::future<QImage> picture);
 
   /// Shows it at once, without waiting for the event loop. Until the stay begins it makes way where
   /// another window shows: what has to be said first is said without it.
@@ -37,7 +40,8 @@ class SplashScreen : public QWidget {
  private:
   bool HasStayed() const;
 
-  QPixmap picture_;
+  std::future<QImage> coming_;
+  QPixmap picture_;                  ///< once it has come
   std::function<bool()> isStarted_;  ///< none until the stay begins
   std::function<void()> handOver_;
   int ticks_ = 0;

@@ -213,7 +213,7 @@ TEST_F(ServerMailTest, TheServerSearchesOnlyWhereSomethingMayHaveChanged) {
 
 TEST_F(ServerMailTest, WhatIsTooMuchForOneLookComesWithTheNext) {
   std::string numbers;
-  for (int uid = 1; uid <= 5001; ++uid) numbers += " " + std::to_string(uid);
+  for (int uid = 1; uid <= 5001; ++uid) numbers.append(" ").append(std::to_string(uid));
   imap_.Answer("UID SEARCH", "* SEARCH" + numbers + "\n$ OK done\n");
   EXPECT_EQ(mail_.List(true).size(), 1u);
   EXPECT_TRUE(mail_.MoreToCome());

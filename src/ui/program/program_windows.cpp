@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <future>
 #include <new>
 
 #include "platform/polling.h"
@@ -104,9 +105,10 @@ bool ProgramWindows::LoadChessGraphics() {
 }
 
 void ProgramWindows::ShowSplash() {
-  if (!splash_)
-    splash_ = Made<SplashScreen>(
-        QPixmap::fromImage(StartPicture(Process().ProgramFolder, ShowsFewColours())));
+  if (!splash_) {
+    splash_ = Made<SplashScreen>(std::async(std::launch::deferred, StartPicture,
+                                            Process().ProgramFolder, ShowsFewColours()));
+  }
   splash_->Display();
   splash_->BeginStay([] { return Process().StartupComplete; }, [] { shell::HandOver(); });
 }

@@ -149,7 +149,7 @@ struct Splash {
   }
 
   int handOvers = 0;
-  QPointer<SplashScreen> window = new SplashScreen({});
+  QPointer<SplashScreen> window = new SplashScreen(std::future<QImage>());
 };
 
 TEST_F(SplashScreenTest, OutlastsTheStartAndHandsOverOnceUnlessItFailed) {

@@ -292,8 +292,11 @@ bool Program::HasChangedAccount(const char* wantedKind, ui::AccountErrand errand
 bool Program::ChangeAccountFrom(const post::MailAccount& stored, const char* wantedKind,
                                 ui::AccountErrand errand) {
   const platform::PollingHold hold;
-  const auto answer = AskAccount(OfKind(post::WithLoginName(stored), wantedKind), errand);
+  auto answer = AskAccount(OfKind(post::WithLoginName(stored), wantedKind), errand);
   if (!answer || (answer->account == stored && !answer->password)) return false;
+  if (!answer->password) {
+    answer->account = post::WithLaterChanges(answer->account, stored, post::LoadMailAccount());
+  }
   if (!post::SaveAccountAnswer(*answer, desktop_->KeptPasswords())) return false;
   // The next logon is the new account's, whatever became of the old one's.
   mail::MailLogoff(false);

@@ -132,6 +132,22 @@ void ReportAccountTrouble(const std::string& text) {
                         platform::FailureSound);
 }
 
+MailAccount WithLaterChanges(MailAccount answered, const MailAccount& asked,
+                             const MailAccount& stored) {
+  for (const auto member :
+       {&MailAccount::MailKind, &MailAccount::MyAddress, &MailAccount::UserName,
+        &MailAccount::ImapHost, &MailAccount::TokenCommand, &MailAccount::SignIn}) {
+    if (answered.*member != asked.*member) return answered;
+  }
+  const auto follow = [&](auto member) {
+    if (answered.*member == asked.*member) answered.*member = stored.*member;
+  };
+  for (const TextField& field : textFields) follow(field.member);
+  for (const PortField& field : portFields) follow(field.member);
+  follow(&MailAccount::SendPage);
+  return answered;
+}
+
 bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords) {
   const MailAccount& account = answer.account;
   const MailAccount before = LoadMailAccount();

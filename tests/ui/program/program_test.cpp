@@ -74,6 +74,14 @@ TEST_F(ProgramTest, TheMailAccountCanBeSeenAndChanged) {
   EXPECT_FALSE(platform::Process().Offline);
   EXPECT_TRUE(QFile::exists(QString::fromStdString(post) + u"dora@localhost"_s))
       << "the logon is the new account's";
+  OnNextDialog([&](QWidget& dialog) {
+    platform::WriteRegistry(platform::mailSection, "SendPage", "False");  // at the console
+    Field(dialog, "MyName").setText(u"Dora"_s);
+    Press(dialog, "OkButton");
+  });
+  ChangeAccount(*program);
+  EXPECT_EQ(platform::ReadRegistry(platform::mailSection, "MyName"), "Dora");
+  EXPECT_EQ(platform::ReadRegistry(platform::mailSection, "SendPage"), "False");
   program->Stop();
 }
 

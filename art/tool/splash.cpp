@@ -197,8 +197,10 @@ bool RenderSplash(const SetParameters& set, const QString& source, const QString
   PaintFrame(painter);
   painter.end();
   const QString folder = output + u"/UI Graphics/Splash"_s;
-  return SavePicture(picture, folder + u"16.bmp"_s, error) &&
-         SavePicture(picture.convertToFormat(QImage::Format_Indexed8, Qt::DiffuseDither),
+  const QImage small = picture.scaled(kSize / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  return SavePicture(picture, folder + u"16@2x.bmp"_s, error) &&
+         SavePicture(small, folder + u"16.bmp"_s, error) &&
+         SavePicture(small.convertToFormat(QImage::Format_Indexed8, Qt::DiffuseDither),
                      folder + u"8.bmp"_s, error);
 }
 

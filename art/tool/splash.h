@@ -8,8 +8,9 @@
 
 namespace art {
 
-/// Writes "UI Graphics"/Splash16.bmp and Splash8.bmp below `output`, twice the window's 480 by 300
-/// pixels; the latter has a palette of 256 colours. `set` lends pieces, lamp and shadow.
+/// Writes "UI Graphics"/Splash16.bmp and Splash8.bmp below `output`, of the window's 480 by 300
+/// pixels, the latter with a palette of 256 colours, and Splash16@2x.bmp, of twice as many. `set`
+/// lends pieces, lamp and shadow.
 bool RenderSplash(const SetParameters& set, const QString& source, const QString& output,
                   QString* error);
 

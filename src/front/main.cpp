@@ -35,8 +35,8 @@ std::string CommandLine(int argc, char** argv) {
 QPointer<ui::SplashScreen> ShownSplash(front::BegunStart& start) {
   const QScreen* const screen = QGuiApplication::primaryScreen();
   const bool fewColours = !screen || screen->depth() < highColour;
-  auto picture =
-      std::async(std::launch::async, ui::StartPicture, start.folders.program, fewColours);
+  auto picture = std::async(std::launch::async, ui::StartPicture, start.folders.program, fewColours,
+                            qGuiApp->devicePixelRatio());
   start.instance = std::make_unique<desktop::SingleInstance>(start.folders.user);
   if (start.instance->IsAnotherRunning()) return nullptr;
   QPointer<ui::SplashScreen> splash = new ui::SplashScreen(std::move(picture));

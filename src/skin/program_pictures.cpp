@@ -61,8 +61,10 @@ QIcon ProgramPicture(const QString& name) {
   return icon;
 }
 
-QImage StartPicture(const std::string& programFolder, bool inFewColours) {
-  const QString name = inFewColours ? u"Splash8.bmp"_s : u"Splash16.bmp"_s;
+QImage StartPicture(const std::string& programFolder, bool inFewColours, double pixelRatio) {
+  const QString name = inFewColours     ? u"Splash8.bmp"_s
+                       : pixelRatio > 1 ? u"Splash16@2x.bmp"_s
+                                        : u"Splash16.bmp"_s;
   return Read(AsItIs(programFolder) + u"UI Graphics/"_s + name).front();
 }
 

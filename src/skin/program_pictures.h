@@ -16,8 +16,9 @@ QIcon ProgramPicture(const QString& name);
 
 inline constexpr const char* programIcon = "tarvolenix.png";
 
-/// The start picture, in few colours for screens that have no more.
-QImage StartPicture(const std::string& programFolder, bool inFewColours);
+/// The start picture, in few colours for screens that have no more, or for such as have more than
+/// one pixel to a logical one.
+QImage StartPicture(const std::string& programFolder, bool inFewColours, double pixelRatio);
 
 /// Begins to read the program's icon on another thread, for the first who wants it. The application
 /// object must be there.

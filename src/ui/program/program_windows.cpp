@@ -106,8 +106,9 @@ bool ProgramWindows::LoadChessGraphics() {
 
 void ProgramWindows::ShowSplash() {
   if (!splash_) {
-    splash_ = Made<SplashScreen>(std::async(std::launch::deferred, StartPicture,
-                                            Process().ProgramFolder, ShowsFewColours()));
+    splash_ =
+        Made<SplashScreen>(std::async(std::launch::deferred, StartPicture, Process().ProgramFolder,
+                                      ShowsFewColours(), qApp->devicePixelRatio()));
   }
   splash_->Display();
   splash_->BeginStay([] { return Process().StartupComplete; }, [] { shell::HandOver(); });

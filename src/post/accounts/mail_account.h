@@ -42,9 +42,9 @@ std::string PasswordKey(const MailAccount& account);
 /// Tells the user what is wrong with his account.
 void ReportAccountTrouble(const std::string& text);
 
-/// `answered` for the question `asked`, where something else is stored by now, as after a sign-in at
-/// the console: what the user left as it was stays as it is stored. All is as answered where he has
-/// changed the mailbox itself, to which the other's changes don't belong.
+/// `answered` for the question `asked`, where something else is stored by now, as after a sign-in
+/// at the console: what the user left as it was stays as it is stored. All is as answered where he
+/// has changed the mailbox itself, to which the other's changes don't belong.
 MailAccount WithLaterChanges(MailAccount answered, const MailAccount& asked,
                              const MailAccount& stored);
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Notices over a session bus of the test's own, shown by a small daemon, or by none.
+// Notices over a session bus of the test's own, shown by a small daemon, or by none; and who shows
+// the icons of programs there.
 #include "desktop/desktop_notices.h"
 
 #include <QCoreApplication>
@@ -8,7 +9,10 @@
 #include <QVariantMap>
 #include <gtest/gtest.h>
 
+#include <future>
+
 #include "desktop/activation.h"
+#include "desktop/tray_host.h"
 
 namespace {
 
@@ -38,6 +42,39 @@ class Daemon : public QObject {
   uint number = 0;
 };
 
+class Watcher : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+  Q_PROPERTY(bool IsStatusNotifierHostRegistered MEMBER hasHost)
+
+ public:
+  bool hasHost = true;
+};
+
+void ExpectTrayHostsAreSeen(QDBusConnection desktop) {
+  const auto isThere = [] {
+    auto asked = std::async(std::launch::async, desktop::TrayHostIsThere);
+    const auto isAnswered = [&] {
+      return asked.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isAnswered));
+    return asked.get();
+  };
+  const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
+  Watcher watcher;
+  desktop.registerObject(QStringLiteral("/StatusNotifierWatcher"), &watcher,
+                         QDBusConnection::ExportAllProperties);
+  EXPECT_FALSE(isThere());
+  ASSERT_TRUE(desktop.registerService(service));
+  EXPECT_TRUE(isThere()) << "though it came after the first look";
+  EXPECT_FALSE(desktop::TrayHostIsThere()) << "it hangs";
+  watcher.hasHost = false;
+  EXPECT_FALSE(isThere());
+  watcher.hasHost = true;
+  desktop.unregisterService(service);
+  EXPECT_FALSE(isThere()) << "it has gone";
+}
+
 /// QtDBus asks for the session's bus once: all that there is to say of it is one test.
 TEST(DesktopNoticesTest, AreAnsweredOverTheBusAndSilentWithoutADaemon) {
   int argumentCount = 1;
@@ -62,6 +99,7 @@ TEST(DesktopNoticesTest, AreAnsweredOverTheBusAndSilentWithoutADaemon) {
   QDBusConnection desktop =
       QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("daemon"));
   const QString service = QStringLiteral("org.freedesktop.Notifications");
+  ExpectTrayHostsAreSeen(desktop);
   Daemon daemon;
   desktop.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &daemon,
                          QDBusConnection::ExportAllContents);

@@ -16,6 +16,8 @@
 
 namespace {
 
+using namespace std::chrono_literals;
+
 class Daemon : public QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
@@ -54,10 +56,7 @@ class Watcher : public QObject {
 void ExpectTrayHostsAreSeen(QDBusConnection desktop) {
   const auto isThere = [] {
     auto asked = std::async(std::launch::async, desktop::TrayHostIsThere);
-    const auto isAnswered = [&] {
-      return asked.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-    };
-    EXPECT_TRUE(QTest::qWaitFor(isAnswered));
+    QTest::qWaitFor([&] { return asked.wait_for(0s) == std::future_status::ready; });
     return asked.get();
   };
   const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -144,6 +143,14 @@ TEST(DesktopNoticesTest, AreAnsweredOverTheBusAndSilentWithoutADaemon) {
   Q_EMIT daemon.NotificationClosed(daemon.number, 2);
   QTest::qWait(50);
   Q_EMIT daemon.ActionInvoked(daemon.number, QStringLiteral("play"));
+
+  show("of the daemon before");
+  ASSERT_TRUE(showsSoon("of the daemon before"));
+  QTest::qWait(50);
+  desktop.unregisterService(service);
+  ASSERT_TRUE(desktop.registerService(service));
+  QTest::qWait(50);
+  Q_EMIT daemon.ActionInvoked(daemon.number, QStringLiteral("play"));  // another program's notice
 
   daemon.abilities.removeLast();
   desktop::DesktopNotices plain;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QIcon>
+#include <QSystemTrayIcon>
 #include <QTimer>
 #include <QUrl>
 
@@ -11,6 +12,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "desktop/tray_host.h"
 #include "mail/mail_session.h"
 #include "platform/mail_address.h"
 #include "platform/messages.h"
@@ -89,6 +91,12 @@ void TellOfUserFolder(platform::MessageBoxes& boxes, const std::string& failure)
                      "\" (" + failure + "), so no game that you play now can be kept.");
 }
 
+/// The toolkit isn't asked before there is a tray: its first look decides where it looks from then
+/// on.
+bool IsTrayThere() {
+  return desktop::TrayHostIsThere() && QSystemTrayIcon::isSystemTrayAvailable();
+}
+
 }  // namespace
 
 Program::Program(const desktop::Folders& folders, const std::string& commandLine,
@@ -116,7 +124,8 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
   seams.addressBook = &contacts_;
   seams.screen = &screen_;
   tray_ = std::make_unique<ui::SystemTray>([this](const char* kind) { ChangeAccount(kind); },
-                                           [] { shell::AskAboutHeldMails(shell::HeldMails::All); });
+                                           [] { shell::AskAboutHeldMails(shell::HeldMails::All); },
+                                           IsTrayThere);
   seams.mailState->OnChange([this] {
     network_.Follow();
     shell::FollowMails();

@@ -157,14 +157,15 @@ void ApplyAll(const std::vector<Change>& changes, MailAccount& account) {
   if (!account.PostFolder.ends_with('/')) account.PostFolder += '/';
 }
 
-/// A sign-in is good at one provider only.
+/// A sign-in is good at one provider only, and makes way for a command.
 void DropForeignSignIn(const std::vector<Change>& changes, const sign_in::ClientFiles& files,
                        MailAccount& account) {
   const bool isGiven = std::any_of(changes.begin(), changes.end(), [](const Change& change) {
     return change.setting->text == &MailAccount::SignIn;
   });
   if (isGiven || account.SignIn.empty() || account.MailKind != "Imap") return;
-  if (account.SignIn != sign_in::ServiceNameFor(account, files)) account.SignIn.clear();
+  const bool isForeign = account.SignIn != sign_in::ServiceNameFor(account, files);
+  if (isForeign || !account.TokenCommand.empty()) account.SignIn.clear();
 }
 
 /// Refuses what couldn't work whatever the servers say.

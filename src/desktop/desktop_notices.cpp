@@ -3,6 +3,7 @@
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QVariantMap>
 
 #include <utility>
@@ -67,6 +68,9 @@ bool DesktopNotices::ReachesBus() {
   bus_.connect(service, object, service, u"ActivationToken"_s, this,
                SLOT(TakeToken(uint, QString)));
   bus_.connect(service, object, service, u"NotificationClosed"_s, this, SLOT(Forget(uint, uint)));
+  const auto* daemon =
+      new QDBusServiceWatcher(service, bus_, QDBusServiceWatcher::WatchForOwnerChange, this);
+  connect(daemon, &QDBusServiceWatcher::serviceOwnerChanged, this, &DesktopNotices::ForgetDaemon);
   return true;
 }
 
@@ -137,8 +141,14 @@ void DesktopNotices::TakeAction(uint number, const QString& action) {
   }
 }
 
+/// What it has shown is gone. The next one begins its numbers anew, also for other programs.
+void DesktopNotices::ForgetDaemon() {
+  showsMarkup_.reset();
+  Forget(number_, 0);
+}
+
 void DesktopNotices::Forget(uint number, uint /*reason*/) {
-  if (number != number_) return;
+  if (number == 0 || number != number_) return;
   number_ = 0;
   answered_ = nullptr;
 }

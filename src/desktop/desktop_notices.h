@@ -33,6 +33,7 @@ class DesktopNotices : public QObject, public platform::Notices {
 
  private:
   bool ReachesBus();
+  void ForgetDaemon();
   QDBusPendingCallWatcher* Await(const QDBusMessage& call);
   void AskWhatItShows(const platform::Notice& notice);
   void Send(const platform::Notice& notice);

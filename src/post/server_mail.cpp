@@ -117,7 +117,10 @@ ServerMail::ServerMail(const MailAccount& account, const std::string& password,
 /// A token's life is short: each connection gets a new one.
 Login ServerMail::NewLogin() {
   Login login{account_.UserName, password_, {}};
-  if (!account_.TokenCommand.empty()) login.token = TokenFrom(account_.TokenCommand, patience_);
+  if (!account_.TokenCommand.empty()) {
+    login.token = TokenFrom(account_.TokenCommand, patience_);
+    return login;
+  }
   if (account_.SignIn.empty()) return login;
   if (!tokens_) throw AccountRefused("Nobody can sign in at " + account_.SignIn + " here.");
   const std::string stale = std::exchange(isStale_, false) ? token_ : std::string{};

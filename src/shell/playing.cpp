@@ -2,6 +2,7 @@
 #include "shell/playing.h"
 
 #include <exception>
+#include <optional>
 
 #include "platform/busy_pointer.h"
 #include "platform/messages.h"
@@ -9,6 +10,7 @@
 #include "platform/process_state.h"
 #include "platform/seams.h"
 #include "shell/failed_opening.h"
+#include "store/queries.h"
 
 namespace shell {
 
@@ -27,8 +29,20 @@ void OpenBoard(platform::PollingHold& hold, bool toFront) {
   if (Process().BoardFromGameList) platform::TheWindows().HideGameList();
 }
 
+/// A notice or a list may be older than what the console, or another window, has removed. Games
+/// that can't be read are the board's to tell of.
+bool IsRemoved(std::int32_t gameID) {
+  std::optional<store::GameRecord> game;
+  if (!store::FindGame(game, gameID) || game) return false;
+  platform::ShowMessage(platform::DatabaseIcon, "Database error.",
+                        "This game can't be opened: it isn't among your games any more.", "OK", {},
+                        false, platform::FailureSound);
+  return true;
+}
+
 void OpenBoardOf(std::int32_t gameID, bool fromGameList, bool toFront) {
   platform::PollingHold hold;
+  if (IsRemoved(gameID)) return;
   Process().BoardFromGameList = fromGameList;
   Process().CurrentGameID = gameID;
   OpenBoard(hold, toFront);

@@ -249,6 +249,9 @@ TEST_F(CliTest, AMailAccountIsSetUpFromItsAddress) {
   As("anna", {"account", "set", "MyAddress=anna@gmail.com"});
   EXPECT_TRUE(signsIn("SignIn=Google"));
   EXPECT_TRUE(signsIn("MyAddress=anna.m@gmail.com"));
+  EXPECT_FALSE(signsIn("TokenCommand=true")) << "a command stands for it";
+  As("anna", {"account", "set", "TokenCommand="});
+  EXPECT_TRUE(signsIn("SignIn=Google"));
   EXPECT_FALSE(signsIn("MyAddress=anna@gmx.at")) << "another provider's";
   EXPECT_TRUE(kept({"account", "set", "--password"}, "hunter2 %|ü\nmore\n"));
   EXPECT_FALSE(kept({"account", "set", "ImapHost=127.0.0.1"})) << "another server's";

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Notices over a session bus of the test's own, shown by a small daemon, or by none.
+// Notices over a session bus of the test's own, shown by a small daemon, or by none; and who shows
+// the icons of programs there.
 #include "desktop/desktop_notices.h"
 
 #include <QCoreApplication>
@@ -8,9 +9,14 @@
 #include <QVariantMap>
 #include <gtest/gtest.h>
 
+#include <future>
+
 #include "desktop/activation.h"
+#include "desktop/tray_host.h"
 
 namespace {
+
+using namespace std::chrono_literals;
 
 class Daemon : public QObject {
   Q_OBJECT
@@ -38,6 +44,36 @@ class Daemon : public QObject {
   uint number = 0;
 };
 
+class Watcher : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+  Q_PROPERTY(bool IsStatusNotifierHostRegistered MEMBER hasHost)
+
+ public:
+  bool hasHost = true;
+};
+
+void ExpectTrayHostsAreSeen(QDBusConnection desktop) {
+  const auto isThere = [] {
+    auto asked = std::async(std::launch::async, desktop::TrayHostIsThere);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked.wait_for(0s) == std::future_status::ready; }));
+    return asked.get();
+  };
+  const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
+  Watcher watcher;
+  desktop.registerObject(QStringLiteral("/StatusNotifierWatcher"), &watcher,
+                         QDBusConnection::ExportAllProperties);
+  EXPECT_FALSE(isThere());
+  ASSERT_TRUE(desktop.registerService(service));
+  EXPECT_TRUE(isThere()) << "though it came after the first look";
+  EXPECT_FALSE(desktop::TrayHostIsThere()) << "it hangs";
+  watcher.hasHost = false;
+  EXPECT_FALSE(isThere());
+  watcher.hasHost = true;
+  desktop.unregisterService(service);
+  EXPECT_FALSE(isThere()) << "it has gone";
+}
+
 /// QtDBus asks for the session's bus once: all that there is to say of it is one test.
 TEST(DesktopNoticesTest, AreAnsweredOverTheBusAndSilentWithoutADaemon) {
   int argumentCount = 1;
@@ -62,6 +98,7 @@ TEST(DesktopNoticesTest, AreAnsweredOverTheBusAndSilentWithoutADaemon) {
   QDBusConnection desktop =
       QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("daemon"));
   const QString service = QStringLiteral("org.freedesktop.Notifications");
+  ExpectTrayHostsAreSeen(desktop);
   Daemon daemon;
   desktop.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &daemon,
                          QDBusConnection::ExportAllContents);
@@ -106,6 +143,14 @@ TEST(DesktopNoticesTest, AreAnsweredOverTheBusAndSilentWithoutADaemon) {
   Q_EMIT daemon.NotificationClosed(daemon.number, 2);
   QTest::qWait(50);
   Q_EMIT daemon.ActionInvoked(daemon.number, QStringLiteral("play"));
+
+  show("of the daemon before");
+  ASSERT_TRUE(showsSoon("of the daemon before"));
+  QTest::qWait(50);
+  desktop.unregisterService(service);
+  ASSERT_TRUE(desktop.registerService(service));
+  QTest::qWait(50);
+  Q_EMIT daemon.ActionInvoked(daemon.number, QStringLiteral("play"));  // another program's notice
 
   daemon.abilities.removeLast();
   desktop::DesktopNotices plain;

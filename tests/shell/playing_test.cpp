@@ -12,6 +12,7 @@ using PlayingTest = ShellFixture;
 
 void FromTray() { OpenGameFromTray(4); }
 void FromList() { PlayGame(4); }
+void Removed() { OpenNewMove(5); }
 void NewFromList() { StartNewGame({.fromGameList = true}); }
 
 struct Way {
@@ -29,6 +30,7 @@ const Way ways[] = {
     {"new game cancelled", NewFromList, "ask new game", "", "hide new game"},
     {"no chess set", NewFromList, "graphics", "", ""},
     {"board that goes again for its game can't be read", FromList, "board 4", "", "board 4"},
+    {"game that is removed meanwhile", Removed, "", "", "message Database error."},
     {"board fails", FromList, "", "board 4", "board 4, message Options error"},
 };
 
@@ -36,6 +38,7 @@ TEST_F(PlayingTest, EachWayToTheBoardHoldsPollingWhileTheBoardIsThere) {
   for (const Way& way : ways) {
     SCOPED_TRACE(way.name);
     Process() = {};
+    Store(4, store::MoveWaiting);
     Process().CheckTimer.Enabled = true;
     desktop.windows.refusing = {way.refusing};
     desktop.windows.failing = {way.failing};

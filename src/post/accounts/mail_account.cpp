@@ -160,7 +160,10 @@ bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords) {
     ReportAccountTrouble(
         "Your password could not be kept: Tarvolenix will ask for it again at the next start.");
   }
-  const bool another = !NeedsPassword(account) || PasswordKey(account) != PasswordKey(before);
+  // A password is good until the sign-in that is to stand for it has taken place.
+  const bool isPending = !account.SignIn.empty() && !given;
+  const bool another =
+      !isPending && (!NeedsPassword(account) || PasswordKey(account) != PasswordKey(before));
   if (NeedsPassword(before) && another && !passwords.Forget(PasswordKey(before))) {
     ReportAccountTrouble("The password of your earlier mail account could not be removed.");
   }

@@ -526,7 +526,10 @@ void AccountDialog::BeginSignIn() {
 }
 
 void AccountDialog::TellSignedIn(const std::string& problem) {
-  if (problem.empty()) password_->clear();
+  if (problem.empty()) {  // it stands for both
+    password_->clear();
+    servers_->ClearTokenCommand();
+  }
   ShowProvider();
   if (problem.empty()) {
     outcome_->ShowSuccess(u"You are signed in."_s);

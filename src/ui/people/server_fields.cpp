@@ -138,4 +138,6 @@ void ServerFields::FillIn(platform::MailAccount& account) const {
   account.TokenCommand = text(tokenCommand_);
 }
 
+void ServerFields::ClearTokenCommand() { tokenCommand_->clear(); }
+
 }  // namespace ui

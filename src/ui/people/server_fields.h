@@ -27,6 +27,7 @@ class ServerFields : public QObject {
   void SetVisible(bool visible);
   void ShowAccount(const platform::MailAccount& account);
   void FillIn(platform::MailAccount& account) const;
+  void ClearTokenCommand();
 
  Q_SIGNALS:
   /// The user has changed a server or the user name; or the token command.

@@ -24,14 +24,26 @@ constexpr std::chrono::milliseconds placing = 1s;  ///< until the tray has given
 
 TrayIcon::TrayIcon(TrayMenu& menu, IsTrayThere isTrayThere)
     : menu_(menu), isTrayThere_(std::move(isTrayThere)) {
-  icon_.setContextMenu(&menu);
   connect(&looks_, &QTimer::timeout, this, &TrayIcon::Look);
-  connect(&icon_, &QSystemTrayIcon::activated, this, [this](auto reason) {
+}
+
+/// The toolkit settles with its first icon, for good, on which of two ways it looks for a tray:
+/// over the bus only where one is there already.
+void TrayIcon::Make() {
+  icon_.emplace();
+  Dress();
+  icon_->setContextMenu(&menu_);
+  connect(&*icon_, &QSystemTrayIcon::activated, this, [this](auto reason) {
     // Some desktops send no double click.
     if (reason == QSystemTrayIcon::DoubleClick || reason == QSystemTrayIcon::Trigger) {
       Q_EMIT Opened();
     }
   });
+}
+
+void TrayIcon::Dress() {
+  icon_->setIcon(picture_);
+  icon_->setToolTip(tip_);
 }
 
 void TrayIcon::BuildGameMenu() {
@@ -41,12 +53,13 @@ void TrayIcon::BuildGameMenu() {
 void TrayIcon::Notify(TrayOperation operation, int picture, const std::string& tip) {
   if (operation == TrayOperation::Delete) {
     looks_.stop();
-    icon_.hide();
+    if (icon_) icon_->hide();
     return;
   }
-  icon_.setIcon(TrayPicture(picture));
-  icon_.setToolTip(Shown(tip));
-  if (operation != TrayOperation::Add || icon_.isVisible()) return;
+  picture_ = TrayPicture(picture);
+  tip_ = Shown(tip);
+  if (icon_) Dress();
+  if (operation != TrayOperation::Add || IsShown()) return;
   waited_ = 0ms;
   if (isTrayThere_()) {
     Show();
@@ -57,17 +70,18 @@ void TrayIcon::Notify(TrayOperation operation, int picture, const std::string& t
 
 void TrayIcon::Say(const std::string& text) {
   unsaid_ = Shown(text);
-  if (icon_.isVisible()) QTimer::singleShot(placing, this, &TrayIcon::SayUnsaid);
+  if (IsShown()) QTimer::singleShot(placing, this, &TrayIcon::SayUnsaid);
 }
 
 void TrayIcon::SayUnsaid() {
-  if (unsaid_.isEmpty() || !icon_.isVisible()) return;
-  icon_.showMessage(u"Tarvolenix"_s, std::exchange(unsaid_, {}), icon_.icon());
+  if (unsaid_.isEmpty() || !IsShown()) return;
+  icon_->showMessage(u"Tarvolenix"_s, std::exchange(unsaid_, {}), picture_);
 }
 
 /// A tray that goes away again would take the program's only sign with it.
 void TrayIcon::Show() {
-  icon_.show();
+  if (!icon_) Make();
+  icon_->show();
   looks_.start(lateLookEvery);
   QTimer::singleShot(placing, this, &TrayIcon::SayUnsaid);
 }
@@ -75,7 +89,7 @@ void TrayIcon::Show() {
 void TrayIcon::Look() {
   if (isTrayThere_()) {
     waited_ = 0ms;
-    if (!icon_.isVisible()) Show();
+    if (!IsShown()) Show();
     if (std::exchange(missed_, false)) Q_EMIT Come();
     return;
   }

@@ -4,12 +4,14 @@
 // program is never invisible. One that comes later still gets the icon.
 #pragma once
 
+#include <QIcon>
 #include <QObject>
 #include <QSystemTrayIcon>
 #include <QTimer>
 
 #include <chrono>
 #include <functional>
+#include <optional>
 
 #include "platform/tray.h"
 
@@ -35,11 +37,11 @@ class TrayIcon : public QObject, public platform::Tray {
   void BuildGameMenu() override;
 
   bool IsMissing() const { return missed_; }
-  bool IsShown() const { return icon_.isVisible(); }
-  QString Tip() const { return icon_.toolTip(); }
+  bool IsShown() const { return icon_ && icon_->isVisible(); }
+  QString Tip() const { return tip_; }
 
   /// On the screen; empty where the desktop doesn't tell.
-  QRect Geometry() const { return icon_.geometry(); }
+  QRect Geometry() const { return icon_ ? icon_->geometry() : QRect(); }
 
  public Q_SLOTS:
   /// One look for the tray, while there is none.
@@ -51,12 +53,16 @@ class TrayIcon : public QObject, public platform::Tray {
   void Come();     ///< there is one, after Missing
 
  private:
+  void Make();
+  void Dress();
   void Show();
   void SayUnsaid();
 
   TrayMenu& menu_;
   IsTrayThere isTrayThere_;
-  QSystemTrayIcon icon_;
+  QIcon picture_;
+  QString tip_;
+  std::optional<QSystemTrayIcon> icon_;  // from the first tray on
   QTimer looks_;
   std::chrono::milliseconds waited_{0};
   bool missed_ = false;

@@ -10,6 +10,7 @@
 #include <future>
 #include <iostream>
 #include <string>
+#include <system_error>
 
 #include "desktop/modules.h"
 #include "front/begun_start.h"
@@ -65,7 +66,8 @@ int main(int argc, char** argv) {
   const front::StartWishes wishes = front::ReadStartWishes(start.folders.settingsFile);
   const front::ScaledApplication application(wishes, argc, argv);
   start.windowScale = application.Scale();
-  if (wishes.splash && std::filesystem::is_directory(start.folders.user)) {
+  std::error_code unreadable;  // the program itself tells of it
+  if (wishes.splash && std::filesystem::is_directory(start.folders.user, unreadable)) {
     start.splash = ShownSplash(start);
   }
   QString failure;

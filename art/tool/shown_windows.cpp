@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <future>
 #include <string>
 #include <utility>
 
@@ -19,7 +20,9 @@
 #include "platform/setting_variables.h"
 #include "skin/layouts/outlines.h"
 #include "skin/look.h"
+#include "skin/program_pictures.h"
 #include "skin/skin.h"
+#include "skin/splash_screen.h"
 #include "skin/window_skin.h"
 #include "store/saving.h"
 #include "ui/board/board_window.h"
@@ -41,7 +44,6 @@
 #include "ui/program/credits.h"
 #include "ui/program/msg_form.h"
 #include "ui/program/select_sound.h"
-#include "ui/program/splash_screen.h"
 #include "ui/program/status_window.h"
 
 namespace art {
@@ -237,7 +239,8 @@ Window NewAbout(const ChessGraphics&) { return std::make_unique<ui::AboutBox>();
 Window NewCredits(const ChessGraphics&) { return std::make_unique<ui::Credits>(); }
 
 Window NewSplash(const ChessGraphics&) {
-  auto window = std::make_unique<ui::SplashScreen>([] {});
+  auto window = std::make_unique<ui::SplashScreen>(std::async(
+      std::launch::deferred, ui::StartPicture, platform::Process().ProgramFolder, 24, 2.0));
   window->setAttribute(Qt::WA_DeleteOnClose, false);
   return window;
 }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/instance_channel.h"
 
+#include <QDeadlineTimer>
 #include <QLocalSocket>
+#include <QThread>
 #include <QTimer>
 
 #include <utility>
@@ -11,7 +13,7 @@
 namespace desktop {
 namespace {
 
-constexpr int patience = 3000;  // milliseconds
+constexpr int answerPatience = 3000;  // milliseconds
 constexpr qint64 longestMessage = 1 << 20;
 constexpr QByteArrayView end("\0\0", 2);
 
@@ -55,7 +57,7 @@ void InstanceChannel::Read(QLocalSocket& caller) {
   if (!caller.peek(longestMessage).endsWith(end)) return;
   const Message message = Understood(caller.readAll());
   caller.write("\1");
-  const bool isHeard = caller.waitForBytesWritten(patience);
+  const bool isHeard = caller.waitForBytesWritten(answerPatience);
   caller.disconnectFromServer();
   if (!isHeard) return;  // who waits no longer has told his user that nothing was taken
   // Behind the answer: to take them may last as long as the user reads.
@@ -65,14 +67,21 @@ void InstanceChannel::Read(QLocalSocket& caller) {
   });
 }
 
-bool HandOverFiles(const std::string& socket, const GivenFiles& files) {
+bool HandOverFiles(const std::string& socket, const GivenFiles& files,
+                   std::chrono::milliseconds patience) {
   QByteArray message = OwnActivation() + '\0';
   for (const std::string& path : files) message += QByteArray::fromStdString(path) + '\0';
+  const QDeadlineTimer deadline(patience);
+  const auto left = [&deadline] { return static_cast<int>(deadline.remainingTime()); };
   QLocalSocket running;
   running.connectToServer(QString::fromStdString(socket));
-  if (!running.waitForConnected(patience)) return false;
+  while (!running.waitForConnected(left())) {
+    if (deadline.hasExpired()) return false;
+    QThread::msleep(20);
+    running.connectToServer(QString::fromStdString(socket));
+  }
   running.write(message + '\0');
-  return running.waitForReadyRead(patience) && running.readAll() == "\1";
+  return running.waitForReadyRead(left()) && running.readAll() == "\1";
 }
 
 }  // namespace desktop

@@ -7,6 +7,7 @@
 
 #include <QLocalServer>
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -30,7 +31,9 @@ class InstanceChannel : public QObject {
 };
 
 /// True where the running program has taken the files over; without any it knows that somebody
-/// looks for it. Waits for a few seconds at most.
-bool HandOverFiles(const std::string& socket, const GivenFiles& files);
+/// looks for it. One that has only begun may not listen yet: it is tried anew until `patience`
+/// ends.
+bool HandOverFiles(const std::string& socket, const GivenFiles& files,
+                   std::chrono::milliseconds patience = std::chrono::seconds(3));
 
 }  // namespace desktop

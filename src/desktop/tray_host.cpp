@@ -62,6 +62,7 @@ bool IsOnTheXServer() {
 
 }  // namespace
 
-bool TrayHostIsThere() { return IsOnTheBus() || IsOnTheXServer(); }
+// The bus may keep its caller waiting.
+bool TrayHostIsThere() { return IsOnTheXServer() || IsOnTheBus(); }
 
 }  // namespace desktop

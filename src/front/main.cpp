@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <future>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -20,8 +21,6 @@
 #include "skin/program_pictures.h"
 
 namespace {
-
-constexpr int highColour = 16;
 
 /// Options are looked for anywhere in the whole command line, but for the names of files.
 std::string CommandLine(int argc, char** argv) {
@@ -35,8 +34,8 @@ std::string CommandLine(int argc, char** argv) {
 /// The picture is read while it is found out whether it may show; null where it may not.
 QPointer<ui::SplashScreen> ShownSplash(front::BegunStart& start) {
   const QScreen* const screen = QGuiApplication::primaryScreen();
-  const bool fewColours = !screen || screen->depth() < highColour;
-  auto picture = std::async(std::launch::async, ui::StartPicture, start.folders.program, fewColours,
+  const std::optional<int> depth = screen ? std::optional(screen->depth()) : std::nullopt;
+  auto picture = std::async(std::launch::async, ui::StartPicture, start.folders.program, depth,
                             qGuiApp->devicePixelRatio());
   start.instance = std::make_unique<desktop::SingleInstance>(start.folders.user);
   if (start.instance->IsAnotherRunning()) return nullptr;
@@ -66,6 +65,8 @@ int main(int argc, char** argv) {
   const front::StartWishes wishes = front::ReadStartWishes(start.folders.settingsFile);
   const front::ScaledApplication application(wishes, argc, argv);
   start.windowScale = application.Scale();
+  // Ahead of the first window, whose class it is.
+  QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   std::error_code unreadable;  // the program itself tells of it
   if (wishes.splash && std::filesystem::is_directory(start.folders.user, unreadable)) {
     start.splash = ShownSplash(start);

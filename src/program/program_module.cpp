@@ -40,7 +40,6 @@ extern "C" __attribute__((visibility("default"))) int TarvolenixRunProgram(
   ui::KeepBoxesVisible();
   ui::KeepFaintTextLegible();
   ui::LetWindowsBeRead();
-  QApplication::setApplicationName(QStringLiteral("Tarvolenix"));
   QApplication::setApplicationVersion(QString::fromStdString(platform::GetVersionText()));
 
   app::Program program(start.folders, start.commandLine, std::move(start.instance));

@@ -137,7 +137,11 @@ bool RunStartSequence() {
   platform::PollingHold hold;
   hold.HandOver();  // until the program is idle
   const bool splash = platform::Settings().DisplaySplash;
-  if (splash) platform::TheWindows().ShowSplash();
+  if (splash) {
+    platform::TheWindows().ShowSplash();
+  } else {
+    platform::TheWindows().CloseSplash();  // the setting may have changed since it was first read
+  }
   mail::LogonAndCollect(false, false, true);
   if (Process().Stopping) return false;
   platform::TheSeams().tray->BuildGameMenu();

@@ -61,11 +61,14 @@ QIcon ProgramPicture(const QString& name) {
   return icon;
 }
 
-QImage StartPicture(const std::string& programFolder, bool inFewColours, double pixelRatio) {
-  const QString name = inFewColours     ? u"Splash8.bmp"_s
-                       : pixelRatio > 1 ? u"Splash16@2x.bmp"_s
-                                        : u"Splash16.bmp"_s;
-  return Read(AsItIs(programFolder) + u"UI Graphics/"_s + name).front();
+QImage StartPicture(const std::string& programFolder, std::optional<int> bitsPerPixel,
+                    double pixelRatio) {
+  constexpr int unknownDepth = 8;
+  constexpr int highColour = 16;
+  const QString start = AsItIs(programFolder) + u"UI Graphics/Splash"_s;
+  if (bitsPerPixel.value_or(unknownDepth) < highColour) return Read(start + u"8.bmp"_s).front();
+  const QString large = start + u"16@2x.bmp"_s;
+  return Read(pixelRatio > 1 && QFile::exists(large) ? large : start + u"16.bmp"_s).front();
 }
 
 QPixmap MessagePicture(int icon, int size) {

@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QString>
 
+#include <optional>
 #include <string>
 
 namespace ui {
@@ -16,9 +17,10 @@ QIcon ProgramPicture(const QString& name);
 
 inline constexpr const char* programIcon = "tarvolenix.png";
 
-/// The start picture, in few colours for screens that have no more, or for such as have more than
-/// one pixel to a logical one.
-QImage StartPicture(const std::string& programFolder, bool inFewColours, double pixelRatio);
+/// The start picture for a screen: in few colours where it has no more, or where nobody knows; the
+/// large one where there is more than one pixel to a logical one.
+QImage StartPicture(const std::string& programFolder, std::optional<int> bitsPerPixel,
+                    double pixelRatio);
 
 /// Begins to read the program's icon on another thread, for the first who wants it. The application
 /// object must be there.

@@ -53,13 +53,15 @@ TEST_F(SingleInstanceTest, TheRunningOneTakesTheFilesOfLaterStarts) {
   QCoreApplication application(argumentCount, arguments);
   SingleInstance first(program_ / "");
   WriteFile(first.Socket(), "left by a crash");
-  EXPECT_FALSE(desktop::HandOverFiles(first.Socket(), {"/a"})) << "nobody listens";
+  EXPECT_FALSE(desktop::HandOverFiles(first.Socket(), {"/a"}, {})) << "nobody listens";
   desktop::GivenFiles taken;
-  const desktop::InstanceChannel channel(first.Socket(), [&](const auto& files) { taken = files; });
   const desktop::GivenFiles files{"/a b;c\n.txt", "/\xC3\xA4"};
   auto handedOver = std::async(std::launch::async, [&] {
     return desktop::HandOverFiles(SingleInstance(program_ / "").Socket(), files);
   });
+  // One that has just begun listens a moment later.
+  QTest::qWait(50);
+  const desktop::InstanceChannel channel(first.Socket(), [&](const auto& files) { taken = files; });
   EXPECT_TRUE(QTest::qWaitFor([&] { return !taken.empty(); }));
   EXPECT_TRUE(handedOver.get());
   EXPECT_EQ(taken, files);

@@ -3,12 +3,14 @@
 // through the real program: every turn starts it, moves with the mouse on the board that opens,
 // sends with the button, and stops it.
 #include <QApplication>
+#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -167,12 +169,13 @@ class WholeGameTest : public testing::Test {
   }
   ~WholeGameTest() override { fs::remove_all(root_); }
 
-  void MakePlayer(const std::string& player) const {
+  void MakePlayer(const std::string& player, const char* splash = "False") const {
     fs::create_directories(root_ / player / "Data");
     fs::create_directory_symlink(TARVOLENIX_GRAPHICS, root_ / player / "Graphics");
     fs::create_directory_symlink(TARVOLENIX_SKINS, root_ / player / "UI Graphics");
     std::ofstream(root_ / player / "Tarvolenix.conf")
-        << "DisplaySplash=False\nSimpleUI=True\nSystrayStartup=False\nRunBefore=True\n"
+        << "DisplaySplash=" << splash
+        << "\nSimpleUI=True\nSystrayStartup=False\nRunBefore=True\n"
            "Verbose=True\nCheckInterval=20000\n[Mail]\nMyName="
         << player << "\nMailKind=Post\nMyAddress=" << player
         << "@example.org\nPostFolder=" << (root_ / "post").string() << "/\n";
@@ -286,6 +289,39 @@ TEST_F(WholeGameTest, ByMoveFiles) {
   };
   PlayGame("-testingmode -nonetwork", carry, "Unknown");
   if (!HasFatalFailure()) ExpectTheSameEnd();
+}
+
+// The executable shows its picture, and holds the mark of the only instance, before most of the
+// program is there.
+TEST_F(WholeGameTest, TheProgramThatHasJustBegunTakesTheFileOfTheNextStart) {
+  FoundGame("");
+  ASSERT_EQ(Console("anna", "export 1"), 0);
+  MakePlayer("carl", "True");
+  const fs::path executable = root_ / "carl/tarvolenix";
+  fs::copy_file(TARVOLENIX_PROGRAM, executable);
+  QProcessEnvironment desktop = QProcessEnvironment::systemEnvironment();
+  desktop.insert(QStringLiteral("XDG_RUNTIME_DIR"), QString::fromStdString(root_));
+  desktop.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("disabled:"));
+  QProcess first, second;
+  for (QProcess* process : {&first, &second}) process->setProcessEnvironment(desktop);
+  first.start(QString::fromStdString(executable), {QStringLiteral("-nosound")});
+  const auto isMarked = [this] {
+    return std::any_of(fs::directory_iterator(root_), {}, [](const fs::directory_entry& entry) {
+      return entry.path().extension() == ".lock";
+    });
+  };
+  ASSERT_TRUE(QTest::qWaitFor(isMarked, 20'000));
+  second.start(
+      QString::fromStdString(executable),
+      {QStringLiteral("-nosound"), QString::fromStdString(root_ / "anna/Data/Cmove1.txt")});
+  EXPECT_TRUE(second.waitForFinished(20'000)) << "it asks its user";
+  EXPECT_EQ(second.exitCode(), 0);
+  EXPECT_EQ(first.state(), QProcess::Running);
+  first.terminate();
+  EXPECT_TRUE(first.waitForFinished(20'000));
+  EXPECT_EQ(first.exitStatus(), QProcess::NormalExit);
+  second.kill();
+  second.waitForFinished();
 }
 
 // The opponent says that nothing came: the move goes out again, and whoever got both has it once.

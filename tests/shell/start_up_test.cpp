@@ -42,6 +42,13 @@ TEST_F(StartUpTest, TheProgramComesInTheTrayOrAsItsListOrBehindTheSplashWindow) 
     EXPECT_TRUE(Process().StartupComplete);
     EXPECT_EQ(Process().CheckTimer.Enabled, *row.splash == 'F');
   }
+  for (bool platform::ProcessState::*end :
+       {&platform::ProcessState::ShuttingDown, &platform::ProcessState::Stopping}) {
+    Process().*end = true;
+    HandOver();
+    EXPECT_EQ(Came(), "") << "nothing begins behind the end";
+    Process().*end = false;
+  }
   desktop.windows.choices = {platform::NotifyChoice::Later};
   HandOver();
   EXPECT_EQ(Came(), "tray add 2 Tarvolenix - New move arrived, notify Anna/Game 7/Hi/last");

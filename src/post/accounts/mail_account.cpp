@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "desktop/folders.h"
 #include "letters/mail_text.h"
@@ -56,6 +57,21 @@ platform::StoredValue Stored(const char* name) {
 std::string LoginName() {
   const passwd* user = ::getpwuid(::getuid());
   return user && user->pw_name && *user->pw_name ? user->pw_name : "player";
+}
+
+bool IsSameMailbox(const MailAccount& one, const MailAccount& other) {
+  const auto named = [](const MailAccount& account) {
+    return std::tie(account.MailKind, account.MyAddress, account.UserName, account.ImapHost);
+  };
+  return named(one) == named(other);
+}
+
+bool HasSameServers(const MailAccount& one, const MailAccount& other) {
+  const auto servers = [](const MailAccount& account) {
+    return std::tie(account.ImapPort, account.ImapSecurity, account.SmtpHost, account.SmtpPort,
+                    account.SmtpSecurity);
+  };
+  return servers(one) == servers(other);
 }
 
 bool IsBlank(const std::string& text) { return text.find_first_not_of(' ') == std::string::npos; }
@@ -134,11 +150,12 @@ void ReportAccountTrouble(const std::string& text) {
 
 MailAccount WithLaterChanges(MailAccount answered, const MailAccount& asked,
                              const MailAccount& stored) {
-  for (const auto member :
-       {&MailAccount::MailKind, &MailAccount::MyAddress, &MailAccount::UserName,
-        &MailAccount::ImapHost, &MailAccount::TokenCommand, &MailAccount::SignIn}) {
-    if (answered.*member != asked.*member) return answered;
+  if (!IsSameMailbox(answered, asked) || answered.TokenCommand != asked.TokenCommand ||
+      answered.SignIn != asked.SignIn) {
+    return answered;
   }
+  // What he says of servers is of those that he was shown.
+  if (!IsSameMailbox(stored, asked) && !HasSameServers(answered, asked)) return answered;
   const auto follow = [&](auto member) {
     if (answered.*member == asked.*member) answered.*member = stored.*member;
   };
@@ -160,8 +177,11 @@ bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords) {
     ReportAccountTrouble(
         "Your password could not be kept: Tarvolenix will ask for it again at the next start.");
   }
+  // The plain password may have waited for the sign-in.
+  if (given && !account.SignIn.empty()) passwords.Forget(account.UserName + '@' + account.ImapHost);
   // A password is good until the sign-in that is to stand for it has taken place.
-  const bool isPending = !account.SignIn.empty() && !given;
+  const bool isPending =
+      !account.SignIn.empty() && !given && before.SignIn.empty() && IsSameMailbox(account, before);
   const bool another =
       !isPending && (!NeedsPassword(account) || PasswordKey(account) != PasswordKey(before));
   if (NeedsPassword(before) && another && !passwords.Forget(PasswordKey(before))) {

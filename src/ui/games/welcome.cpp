@@ -56,8 +56,7 @@ constexpr int roomForTitle = 40;  ///< of what the desktop puts round a window
 /// skin that is not.
 class Banner : public QWidget {
  public:
-  Banner()
-      : picture_(AsItIs(platform::Process().ProgramFolder) + u"UI Graphics/Splash16@2x.bmp"_s) {
+  Banner() : picture_(QPixmap::fromImage(StartPicture(platform::Process().ProgramFolder, 24, 2))) {
     setFixedHeight(bannerSize.height());
     setMinimumWidth(bannerSize.width());
     setAccessibleName(u"Tarvolenix. Chess by e-mail"_s);

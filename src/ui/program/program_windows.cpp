@@ -57,12 +57,6 @@ void Replace(QWidget& old, QWidget& next) {
   next.show();
 }
 
-bool ShowsFewColours() {
-  constexpr int unknownDepth = 8;
-  constexpr int highColour = 16;
-  return platform::TheSeams().screen->Settings().BitsPerPixel.value_or(unknownDepth) < highColour;
-}
-
 /// Makes a window. What the toolkit raises is the platform's failure.
 template <typename Window, typename... Arguments>
 Window* Made(Arguments&&... arguments) {
@@ -106,9 +100,9 @@ bool ProgramWindows::LoadChessGraphics() {
 
 void ProgramWindows::ShowSplash() {
   if (!splash_) {
-    splash_ =
-        Made<SplashScreen>(std::async(std::launch::deferred, StartPicture, Process().ProgramFolder,
-                                      ShowsFewColours(), qApp->devicePixelRatio()));
+    splash_ = Made<SplashScreen>(
+        std::async(std::launch::deferred, StartPicture, Process().ProgramFolder,
+                   platform::TheSeams().screen->Settings().BitsPerPixel, qApp->devicePixelRatio()));
   }
   splash_->Display();
   splash_->BeginStay([] { return Process().StartupComplete; }, [] { shell::HandOver(); });

@@ -83,6 +83,12 @@ std::string WithoutReserved(std::string_view text) {
   return result;
 }
 
+std::string WithFullStop(std::string text) {
+  const bool isOpen =
+      !text.empty() && std::string_view(".!?").find(text.back()) == std::string_view::npos;
+  return isOpen ? text + '.' : text;
+}
+
 bool IsMailAddress(std::string_view text) {
   const auto at = text.rfind('@');
   if (at == std::string_view::npos || at == 0 || at + 1 == text.size()) return false;

@@ -21,6 +21,9 @@ inline constexpr std::size_t greatestHeader = 64u << 10;
 /// would damage a game for good.
 std::string WithoutReserved(std::string_view text);
 
+/// Others' words end with a full stop or not.
+std::string WithFullStop(std::string text);
+
 /// Whether a text can stand as an address in a header: something, an "@", something, and nothing
 /// that has a meaning of its own there.
 bool IsMailAddress(std::string_view text);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "post/account_check.h"
 
+#include <utility>
+
 #include "letters/mail_text.h"
 #include "post/accounts/known_providers.h"
 #include "post/mail_transport.h"
@@ -12,17 +14,16 @@ namespace {
 std::string AsSentence(std::string text) {
   if (text.empty()) return text;
   if (text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
-  return std::string_view(".!?").find(text.back()) == std::string_view::npos ? text + '.' : text;
+  return letters::WithFullStop(std::move(text));
 }
 
 }  // namespace
-
 std::string InPlainWords(const std::exception& failure, const MailAccount& account) {
   std::string sentence = AsSentence(letters::WithoutReserved(failure.what()));
   const bool isRefusal = dynamic_cast<const LoginRefused*>(&failure) != nullptr;
-  const std::string advice = !isRefusal               ? ""
-                             : account.SignIn.empty() ? PasswordAdvice(account)
-                                                      : "Please sign in again.";
+  const std::string advice = !isRefusal || !account.TokenCommand.empty() ? ""
+                             : account.SignIn.empty()                    ? PasswordAdvice(account)
+                                                                         : "Please sign in again.";
   if (!advice.empty()) sentence += " " + advice;
   return sentence;
 }

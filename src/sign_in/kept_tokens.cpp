@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "post/accounts/mail_account.h"
 #include "post/servers/mail_failures.h"
 #include "sign_in/token_endpoint.h"
 
@@ -94,7 +95,7 @@ std::string KeptTokens::Renewed(const post::MailAccount& account, const std::str
   access_[isAnother ? tokens.refresh : refresh] = {tokens.access, asked + tokens.lifetime};
   if (isAnother) {
     Follow(refresh, tokens.refresh);
-    KeepLater(post::PasswordKey(account));
+    KeepSoon(post::PasswordKey(account), refresh);
   }
   return tokens.access;
 }
@@ -113,27 +114,35 @@ std::string KeptTokens::Kept(const std::string& key, const post::Patience& patie
   return answer.get();
 }
 
-void KeptTokens::KeepLater(const std::string& key) {
+void KeptTokens::KeepSoon(const std::string& key, const std::string& spent) {
   {
     const std::lock_guard lock(mutex_);
-    unkept_.insert(key);
+    unkept_[key] = spent;
   }
+  if (std::this_thread::get_id() == home_) return KeepRenewed();
   events_.Post([this, audience = std::weak_ptr(audience_)] {
     if (!audience.expired()) KeepRenewed();
   });
 }
 
 void KeptTokens::KeepRenewed() {
-  std::set<std::string> unkept;
+  std::map<std::string, std::string> unkept;
   {
     const std::lock_guard lock(mutex_);
     unkept.swap(unkept_);
   }
-  for (const std::string& key : unkept) {
-    // Of an account that is the user's no longer nothing is kept, and a newer sign-in stays.
-    const auto kept = passwords_.Read(key);
-    if (kept && Newest(*kept) != *kept) passwords_.Write(key, Newest(*kept));
-  }
+  for (const auto& [key, spent] : unkept) Keep(key, spent);
+}
+
+/// Of an account that is the user's no longer nothing is kept, and a newer sign-in stays. What a
+/// keyring that doesn't answer has is spent in any case.
+void KeptTokens::Keep(const std::string& key, const std::string& spent) {
+  const auto kept = passwords_.Read(key);
+  const std::string newest = Newest(kept.value_or(spent));
+  if (kept ? newest == *kept : passwords_.HasNone(key)) return;
+  const bool keeps = passwords_.Write(key, newest);
+  if (!keeps && !isTold_) post::ReportUnkept(post::Secret::SignIn);
+  isTold_ = !keeps;
 }
 
 }  // namespace sign_in

@@ -8,7 +8,6 @@
 #include <map>
 #include <memory>
 #include <mutex>
-#include <set>
 #include <string>
 #include <thread>
 
@@ -51,8 +50,9 @@ class KeptTokens : public post::AccessTokens {
                       const post::Patience& patience);
   void Follow(const std::string& spent, const std::string& next);
   std::string Kept(const std::string& key, const post::Patience& patience);
-  void KeepLater(const std::string& key);
+  void KeepSoon(const std::string& key, const std::string& spent);
   void KeepRenewed();
+  void Keep(const std::string& key, const std::string& spent);
 
   platform::Events& events_;
   post::Passwords& passwords_;
@@ -60,13 +60,14 @@ class KeptTokens : public post::AccessTokens {
   Now now_;
   std::shared_ptr<const bool> audience_;  // goes with this
   const std::thread::id home_ = std::this_thread::get_id();
+  bool isTold_ = false;
 
   std::timed_mutex renewing_;             // guards what follows, and holds questions apart
   std::map<std::string, Access> access_;  // by the refresh token that counts now
 
   mutable std::mutex mutex_;                      // guards what follows
   std::map<std::string, std::string> followers_;  // what came in the place of a spent token
-  std::set<std::string> unkept_;                  // keys whose kept token may be spent
+  std::map<std::string, std::string> unkept_;     // the token that is spent, by the account's key
 };
 
 }  // namespace sign_in

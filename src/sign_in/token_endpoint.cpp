@@ -62,12 +62,15 @@ std::string SentenceFor(const std::string& error, const std::string& itsWords,
   if (WantsNewSignIn(error)) {
     return provider + " doesn't accept your sign-in any more: please sign in again.";
   }
-  if (error == "access_denied") return "The sign-in was refused at " + provider + ".";
+  if (error == "access_denied" || error == "authorization_declined") {
+    return "The sign-in was refused at " + provider + ".";
+  }
   if (error == "expired_token") return "The sign-in took too long: please begin again.";
   if (error == "invalid_client" || error == "unauthorized_client") {
     return provider + " doesn't know Tarvolenix by its client identifier.";
   }
-  return provider + " refuses the sign-in: " + Tamed(itsWords.empty() ? error : itsWords);
+  return provider + " refuses the sign-in: " +
+         letters::WithFullStop(Tamed(itsWords.empty() ? error : itsWords));
 }
 
 std::chrono::seconds SecondsIn(const QJsonObject& answer, const char* name,

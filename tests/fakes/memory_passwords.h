@@ -12,9 +12,11 @@ class MemoryPasswords : public post::Passwords {
  public:
   std::optional<std::string> Read(const std::string& key) override {
     const auto found = kept.find(key);
-    if (found == kept.end()) return std::nullopt;
+    if (isLocked || found == kept.end()) return std::nullopt;
     return found->second;
   }
+
+  bool HasNone(const std::string& key) override { return !isLocked && !kept.contains(key); }
 
   bool Write(const std::string& key, const std::string& password) override {
     if (!readOnly) kept[key] = password;
@@ -28,6 +30,7 @@ class MemoryPasswords : public post::Passwords {
 
   std::map<std::string, std::string> kept;
   bool readOnly = false;
+  bool isLocked = false;  ///< what is kept can't be read
 };
 
 }  // namespace fakes

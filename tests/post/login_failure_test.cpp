@@ -15,10 +15,10 @@ TEST(LoginFailureTest, TheServersOwnAnswerTellsTheReasonAndIsRepeatedReadably) {
     Reason reason;
     std::string words;
   } rows[] = {
-      {0, "NO [AUTHENTICATIONFAILED] Wrong; too many will lock it.", Reason::WrongPassword,
+      {0, "NO [AUTHENTICATIONFAILED] Wrong; too many will lock it.", Reason::WrongLogin,
        "Wrong; too many will lock it."},
-      {0, "no", Reason::WrongPassword, ""},
-      {0, "BAD [ALERT", Reason::WrongPassword, ""},
+      {0, "no", Reason::WrongLogin, ""},
+      {0, "BAD [ALERT", Reason::WrongLogin, ""},
       {0, "NO [ALERT] Application-specific password required: (Failure)", Reason::WantsAppPassword,
        "Application-specific password required: (Failure)"},
       {0, "NO Use an App Password", Reason::WantsAppPassword, "Use an App Password"},
@@ -27,13 +27,15 @@ TEST(LoginFailureTest, TheServersOwnAnswerTellsTheReasonAndIsRepeatedReadably) {
       {0, "NO Too many simultaneous connections", Reason::OnlyNow,
        "Too many simultaneous connections"},
       {454, "4.7.0 Busy", Reason::OnlyNow, "Busy"},
-      {535, "5.7.8 Not accepted", Reason::WrongPassword, "Not accepted"},
+      {535, "5.7.8 Not accepted", Reason::WrongLogin, "Not accepted"},
       {534, "5.7.9 See our pages", Reason::WantsAppPassword, "See our pages"},
-      {0, lengthy + " yyyy", Reason::WrongPassword, std::string(158, 'x') + "..."},
-      {0, lengthy + "xüüü", Reason::WrongPassword, std::string(158, 'x') + "xü..."},
+      {0, "NO anna's secret isn't it", Reason::WrongLogin, ""},
+      {0, lengthy + " yyyy", Reason::WrongLogin, std::string(158, 'x') + "..."},
+      {0, lengthy + "xüüü", Reason::WrongLogin, std::string(158, 'x') + "xü..."},
   };
   for (const auto& [code, reply, reason, words] : rows) {
-    const post::LoginFailure failure = post::LoginFailureIn("mail", code, reply);
+    const post::LoginFailure failure =
+        post::LoginFailureIn("mail", {"anna", "secret", {}}, code, reply);
     EXPECT_EQ(failure.reason, reason) << reply;
     const auto start = failure.sentence.find("says: ");
     EXPECT_EQ(start == std::string::npos ? "" : failure.sentence.substr(start + 6), words);

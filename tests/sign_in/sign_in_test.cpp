@@ -111,7 +111,7 @@ TEST_F(SignInTest, OnlyTheRightVisitorWithTheRightProofEndsTheWait) {
        }},
       {"the user refuses", "The sign-in was refused at home.org.", "close this window",
        [&](auto& url) { goTo(url, "code=code", "error=access_denied"); }},
-      {"the provider refuses", "home.org refuses the sign-in: Not today", "close this window",
+      {"the provider refuses", "home.org refuses the sign-in: Not today.", "close this window",
        [&](auto& url) { goTo(url, "code=code", "error=x&error_description=Not+today"); }},
       {"the user gives up", "The sign-in was given up.", "", [&](auto&) { patience_.Hurry(); }},
   };
@@ -226,6 +226,17 @@ TEST_F(SignInTest, TokensAreRenewedBeforeTheyEndAndWhenTheyAreRefused) {
   });
   events.RunUntil([&done] { return !done; });
   EXPECT_EQ(elsewhere, "four") << "another program renewed it";
+  const auto renew = [&](const char* last) {
+    server_.Say(200, std::string(R"({"access_token":"five","refresh_token":")") + last + "\"}");
+    return token(token(""));
+  };
+  passwords.isLocked = true;
+  renew("locked");
+  EXPECT_EQ(passwords.kept[key], "locked") << "what can't be read is spent";
+  passwords.isLocked = false;
+  passwords.kept.erase(key);
+  renew("gone");
+  EXPECT_TRUE(passwords.kept.empty()) << "the account isn't the user's any more";
 }
 
 TEST(TokenEndpointTest, ATimeIsBelievedWithinReason) {

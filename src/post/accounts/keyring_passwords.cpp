@@ -22,26 +22,41 @@ constexpr std::chrono::minutes longestWait{2};
 
 QString Service() { return u"Tarvolenix"_s; }
 
-}  // namespace
-
 /// Keyrings are reached over the session's bus; looking for one without it could take forever.
-bool KeyringPasswords::IsReachable() const {
+bool HasBus() {
   const char* bus = std::getenv("DBUS_SESSION_BUS_ADDRESS");
-  return answers_ && bus && *bus;
+  return bus && *bus;
 }
 
+KeyringPasswords::Outcome OutcomeOf(QKeychain::Error error) {
+  using Outcome = KeyringPasswords::Outcome;
+  switch (error) {
+    case QKeychain::NoError:
+      return Outcome::Success;
+    case QKeychain::EntryNotFound:
+      return Outcome::NoEntry;
+    case QKeychain::AccessDenied:
+    case QKeychain::AccessDeniedByUser:
+      return Outcome::NoAnswer;
+    default:
+      return Outcome::NoKeyring;
+  }
+}
+
+}  // namespace
+
 /// Runs a job, which deletes itself when it is done. `take` is called where it succeeds.
-bool KeyringPasswords::Succeeds(QKeychain::Job& job, const std::string& key,
-                                const std::function<void()>& take) {
+KeyringPasswords::Outcome KeyringPasswords::Run(QKeychain::Job& job, const std::string& key,
+                                                const std::function<void()>& take) {
   bool done = false;
   bool late = false;
-  bool success = false;
+  Outcome outcome = Outcome::NoAnswer;
   QTimer limit;
   QObject::connect(&limit, &QTimer::timeout, &limit, [&late] { late = true; });
   QObject::connect(&job, &QKeychain::Job::finished, &limit, [&] {
     done = true;
-    success = job.error() == QKeychain::NoError;
-    if (success) take();
+    outcome = OutcomeOf(job.error());
+    if (outcome == Outcome::Success && take) take();
   });
   job.setInsecureFallback(false);
   job.setKey(QString::fromStdString(key));
@@ -52,31 +67,45 @@ bool KeyringPasswords::Succeeds(QKeychain::Job& job, const std::string& key,
     loop.processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents);
   }
   answers_ = done || !late;
-  return success;
+  return outcome;
+}
+
+KeyringPasswords::Outcome KeyringPasswords::ReadFromKeyring(const std::string& key,
+                                                            std::optional<std::string>& password) {
+  if (!HasBus()) return Outcome::NoKeyring;
+  if (!answers_) return Outcome::NoAnswer;
+  auto& job = *std::make_unique<QKeychain::ReadPasswordJob>(Service()).release();
+  return Run(job, key, [&] { password = job.textData().toStdString(); });
 }
 
 std::optional<std::string> KeyringPasswords::Read(const std::string& key) {
   std::optional<std::string> password = file_.Read(key);
-  if (password || !IsReachable()) return password;
-  auto& job = *std::make_unique<QKeychain::ReadPasswordJob>(Service()).release();
-  Succeeds(job, key, [&] { password = job.textData().toStdString(); });
+  if (!password) ReadFromKeyring(key, password);
   return password;
 }
 
+bool KeyringPasswords::HasNone(const std::string& key) {
+  std::optional<std::string> password = file_.Read(key);
+  if (password) return false;
+  const Outcome outcome = ReadFromKeyring(key, password);
+  return outcome == Outcome::NoEntry || outcome == Outcome::NoKeyring;
+}
+
 bool KeyringPasswords::Write(const std::string& key, const std::string& password) {
-  if (IsReachable()) {
+  if (HasBus() && answers_) {
     auto& job = *std::make_unique<QKeychain::WritePasswordJob>(Service()).release();
     job.setTextData(QString::fromStdString(password));
-    if (Succeeds(job, key, [] {})) return file_.Forget(key);
+    if (Run(job, key) == Outcome::Success) return file_.Forget(key);
   }
   return file_.Write(key, password);
 }
 
 bool KeyringPasswords::Forget(const std::string& key) {
   if (!file_.Forget(key)) return false;
-  if (!Read(key)) return true;
+  if (HasNone(key)) return true;
+  if (!answers_) return false;
   auto& job = *std::make_unique<QKeychain::DeletePasswordJob>(Service()).release();
-  return Succeeds(job, key, [] {});
+  return Run(job, key) == Outcome::Success;
 }
 
 }  // namespace post

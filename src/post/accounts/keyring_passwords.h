@@ -22,12 +22,16 @@ class KeyringPasswords : public Passwords {
   explicit KeyringPasswords(const std::string& file) : file_(file) {}
 
   std::optional<std::string> Read(const std::string& key) override;
+  bool HasNone(const std::string& key) override;
   bool Write(const std::string& key, const std::string& password) override;
   bool Forget(const std::string& key) override;
 
+  /// What becomes of a question to the keyring. One that is locked gives no answer.
+  enum class Outcome { Success, NoEntry, NoAnswer, NoKeyring };
+
  private:
-  bool IsReachable() const;
-  bool Succeeds(QKeychain::Job& job, const std::string& key, const std::function<void()>& take);
+  Outcome Run(QKeychain::Job& job, const std::string& key, const std::function<void()>& take = {});
+  Outcome ReadFromKeyring(const std::string& key, std::optional<std::string>& password);
 
   FilePasswords file_;
   bool answers_ = true;  // until it once keeps us waiting for too long

@@ -54,6 +54,12 @@ platform::StoredValue Stored(const char* name) {
   return platform::ReadRegistryOrRaise(platform::mailSection, name);
 }
 
+Secret SecretOf(const MailAccount& account) {
+  return account.SignIn.empty() ? Secret::Password : Secret::SignIn;
+}
+
+const char* NameOf(Secret secret) { return secret == Secret::SignIn ? "sign-in" : "password"; }
+
 std::string LoginName() {
   const passwd* user = ::getpwuid(::getuid());
   return user && user->pw_name && *user->pw_name ? user->pw_name : "player";
@@ -148,6 +154,11 @@ void ReportAccountTrouble(const std::string& text) {
                         platform::FailureSound);
 }
 
+void ReportUnkept(Secret secret) {
+  ReportAccountTrouble(std::string("Your ") + NameOf(secret) +
+                       " could not be kept: Tarvolenix will ask for it again at the next start.");
+}
+
 MailAccount WithLaterChanges(MailAccount answered, const MailAccount& asked,
                              const MailAccount& stored) {
   if (!IsSameMailbox(answered, asked) || answered.TokenCommand != asked.TokenCommand ||
@@ -174,8 +185,7 @@ bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords) {
   }
   const bool given = answer.password && NeedsPassword(account);
   if (given && !passwords.Write(PasswordKey(account), *answer.password)) {
-    ReportAccountTrouble(
-        "Your password could not be kept: Tarvolenix will ask for it again at the next start.");
+    ReportUnkept(SecretOf(account));
   }
   // The plain password may have waited for the sign-in.
   if (given && !account.SignIn.empty()) passwords.Forget(account.UserName + '@' + account.ImapHost);
@@ -185,7 +195,8 @@ bool SaveAccountAnswer(const AccountAnswer& answer, Passwords& passwords) {
   const bool another =
       !isPending && (!NeedsPassword(account) || PasswordKey(account) != PasswordKey(before));
   if (NeedsPassword(before) && another && !passwords.Forget(PasswordKey(before))) {
-    ReportAccountTrouble("The password of your earlier mail account could not be removed.");
+    ReportAccountTrouble(std::string("The ") + NameOf(SecretOf(before)) +
+                         " of your earlier mail account could not be removed.");
   }
   return true;
 }

@@ -42,6 +42,12 @@ std::string PasswordKey(const MailAccount& account);
 /// Tells the user what is wrong with his account.
 void ReportAccountTrouble(const std::string& text);
 
+/// What an account wants is kept with the passwords.
+enum class Secret { Password, SignIn };
+
+/// Tells the user that it stands in memory only.
+void ReportUnkept(Secret secret);
+
 /// `answered` for the question `asked`, where something else is stored by now, as after a sign-in
 /// at the console: what the user left as it was stays as it is stored. All is as answered where he
 /// has changed the mailbox itself, to which the other's changes don't belong.

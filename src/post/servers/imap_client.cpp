@@ -88,7 +88,7 @@ ImapClient::ImapClient(const ServerAddress& server, const Login& login, const Pa
   try {
     LogOn(login);
   } catch (const CommandRefused& refusal) {
-    RaiseLoginFailure(server.host, 0, WithoutSecrets(refusal.reply, login));
+    RaiseLoginFailure(server.host, login, 0, refusal.reply);
   }
   AskCapabilities();  // most servers say more to those whom they know
   Introduce();

@@ -23,7 +23,7 @@ constexpr struct {
     {"app-specific", Reason::WantsAppPassword},
     {"app password", Reason::WantsAppPassword},
     {"5.7.9", Reason::WantsAppPassword},
-    {"[authenticationfailed]", Reason::WrongPassword},
+    {"[authenticationfailed]", Reason::WrongLogin},
     {"[unavailable]", Reason::OnlyNow},
     {"[limit]", Reason::OnlyNow},
     {"[inuse]", Reason::OnlyNow},
@@ -37,10 +37,10 @@ Reason ReasonIn(int code, std::string_view reply) {
   const std::string lowered = platform::Lowered(reply);
   const auto* const sign = std::ranges::find_if(
       signs, [&lowered](const auto& row) { return lowered.find(row.words) != std::string::npos; });
-  return sign == std::end(signs) ? Reason::WrongPassword : sign->reason;
+  return sign == std::end(signs) ? Reason::WrongLogin : sign->reason;
 }
 
-std::string SentenceFor(Reason reason, const std::string& host) {
+std::string SentenceFor(Reason reason, const std::string& host, const Login& login) {
   const std::string server = "The server \"" + host + "\" ";
   switch (reason) {
     case Reason::WantsAppPassword:
@@ -50,7 +50,8 @@ std::string SentenceFor(Reason reason, const std::string& host) {
     case Reason::OnlyNow:
       return server + "lets you in at another time only: try again later.";
     default:
-      return server + "refuses the user name or the password.";
+      return server + (login.token.empty() ? "refuses the user name or the password."
+                                           : "refuses the user name or the sign-in.");
   }
 }
 
@@ -87,14 +88,17 @@ std::string Shortened(std::string text) {
 
 }  // namespace
 
-LoginFailure LoginFailureIn(const std::string& host, int code, std::string_view reply) {
-  const Reason reason = ReasonIn(code, reply);
-  const std::string words = ServersOwnWords(reply);
-  return {reason, SentenceFor(reason, host) + (words.empty() ? "" : " " + words)};
+LoginFailure LoginFailureIn(const std::string& host, const Login& login, int code,
+                            const std::string& reply) {
+  const std::string said = WithoutSecrets(reply, login);
+  const Reason reason = ReasonIn(code, said);
+  const std::string words = ServersOwnWords(said);
+  return {reason, SentenceFor(reason, host, login) + (words.empty() ? "" : " " + words)};
 }
 
-void RaiseLoginFailure(const std::string& host, int code, std::string_view reply) {
-  const auto [reason, sentence] = LoginFailureIn(host, code, reply);
+void RaiseLoginFailure(const std::string& host, const Login& login, int code,
+                       const std::string& reply) {
+  const auto [reason, sentence] = LoginFailureIn(host, login, code, reply);
   if (reason == Reason::OnlyNow) throw ConnectionLost(sentence);
   throw LoginRefused(sentence);
 }

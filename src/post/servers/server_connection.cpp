@@ -256,7 +256,7 @@ void ServerConnection::RaiseReply(CURLcode code) const {
   if (replyCode_ == closing || isOfGreeting) {
     throw ConnectionLost("The server " + Quoted(server_.host) + " is busy just now: " + said);
   }
-  if (isOfLogin) RaiseLoginFailure(server_.host, replyCode_, WithoutSecrets(reply_, login_));
+  if (isOfLogin) RaiseLoginFailure(server_.host, login_, replyCode_, reply_);
   if (code != CURLE_SEND_ERROR && !awaitsVerdict_) return;
   const std::string sentence = said + " (" + std::to_string(replyCode_) + ")";
   if (replyCode_ >= 500) throw MailRefused(sentence);

@@ -70,6 +70,8 @@ std::string PlainName(std::string_view written) {
   return plain;
 }
 
+bool IsSame(std::string_view one, std::string_view other) { return one == other; }
+
 bool IsGeneral(std::string_view name) { return platform::SameWithoutCase(name, "general"); }
 
 std::string WrittenSection(const std::string& group) {
@@ -213,23 +215,32 @@ std::optional<IniText> IniText::Read(std::string_view content) {
   return ini;
 }
 
-const IniText::Line* IniText::Find(const std::string& group, const std::string& name) const {
+const IniText::Line* IniText::Find(const std::string& group, const std::string& name,
+                                   Same same) const {
   const auto found = std::find_if(lines_.rbegin(), lines_.rend(), [&](const Line& line) {
-    return line.group == group && line.name == name;
+    return same(line.group, group) && same(line.name, name);
   });
   return found == lines_.rend() ? nullptr : &*found;
 }
 
-std::optional<std::string> IniText::Value(const std::string& group, const std::string& name) const {
-  const Line* line = Find(group, name);
+std::optional<std::string> IniText::ValueIn(const Line* line) {
   if (!line || line->value == "@Invalid()") return std::nullopt;
   return ValueReader(line->value).Read();
+}
+
+std::optional<std::string> IniText::Value(const std::string& group, const std::string& name) const {
+  return ValueIn(Find(group, name, IsSame));
+}
+
+std::optional<std::string> IniText::ValueOfAnyCase(const std::string& group,
+                                                   const std::string& name) const {
+  return ValueIn(Find(group, name, platform::SameWithoutCase));
 }
 
 void IniText::Set(const std::string& group, const std::string& name, const std::string& value) {
   const std::string written = WrittenValue(value);
   Line line{WrittenName(name) + '=' + written + lineEnd_, group, name, written, false};
-  if (const Line* found = Find(group, name)) {
+  if (const Line* found = Find(group, name, IsSame)) {
     lines_[static_cast<std::size_t>(found - lines_.data())] = std::move(line);
   } else {
     Insert(PlaceFor(group), std::move(line));

@@ -29,6 +29,10 @@ class IniText {
   /// Of several values of one name the last.
   std::optional<std::string> Value(const std::string& group, const std::string& name) const;
 
+  /// As Value does where capitals and small letters count the same, in texts that people write.
+  std::optional<std::string> ValueOfAnyCase(const std::string& group,
+                                            const std::string& name) const;
+
   void Set(const std::string& group, const std::string& name, const std::string& value);
 
   /// The groups that have a value, but for the one without a name.
@@ -46,7 +50,9 @@ class IniText {
   };
 
   static std::optional<Line> ReadLine(std::string_view line, const std::string& group);
-  const Line* Find(const std::string& group, const std::string& name) const;
+  using Same = bool (*)(std::string_view, std::string_view);
+  const Line* Find(const std::string& group, const std::string& name, Same same) const;
+  static std::optional<std::string> ValueIn(const Line* line);
   std::size_t PlaceFor(const std::string& group);
   std::size_t Insert(std::size_t place, Line line);
 

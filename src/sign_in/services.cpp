@@ -42,7 +42,7 @@ IniText Content(const std::string& file) {
 std::optional<IniText> ClientsWith(const std::string& name, const ClientFiles& files) {
   for (const std::string& file : files) {
     IniText content = Content(file);
-    if (!content.Value(name, "ClientId").value_or("").empty()) return content;
+    if (!content.ValueOfAnyCase(name, "ClientId").value_or("").empty()) return content;
   }
   return std::nullopt;
 }
@@ -100,7 +100,7 @@ bool HasSecret(const std::string& file) {
     const IniText content = Content(file);
     const auto groups = content.Groups();
     return std::any_of(groups.begin(), groups.end(), [&content](const std::string& group) {
-      return content.Value(group, "ClientSecret").has_value();
+      return content.ValueOfAnyCase(group, "ClientSecret").has_value();
     });
   } catch (const MailError&) {
     return false;
@@ -134,8 +134,8 @@ Service ServiceNamed(const std::string& name, const ClientFiles& files) {
   if (!clients) {
     throw post::AccountRefused(
         "To sign in at " + name +
-        " Tarvolenix needs a client identifier, which this copy has not: a file \"" + fileName +
-        "\" would have it.");
+        " Tarvolenix needs a client identifier, which this copy has not: a file \"" +
+        (files.empty() ? fileName : files.front()) + "\" would have it.");
   }
   const IniText providers = post::KnownProviders();
   Service service;
@@ -143,7 +143,7 @@ Service ServiceNamed(const std::string& name, const ClientFiles& files) {
   service.redirectHost = "127.0.0.1";
   for (const auto& [setting, member] : settings) {
     for (const auto& value :
-         {providers.Value("SignIn " + name, setting), clients->Value(name, setting)}) {
+         {providers.Value("SignIn " + name, setting), clients->ValueOfAnyCase(name, setting)}) {
       if (value) service.*member = *value;
     }
   }

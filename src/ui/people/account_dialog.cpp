@@ -20,6 +20,7 @@
 #include "skin/file_dialog.h"
 #include "skin/look.h"
 #include "ui/help/help_key.h"
+#include "ui/people/provider_search.h"
 #include "ui/people/server_fields.h"
 #include "ui/people/sign_in_rows.h"
 #include "widgets/dialog_button.h"
@@ -86,7 +87,8 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
       help_(std::move(help)),
       serversAreGuessed_((suggestion.ImapHost.empty() && suggestion.SmtpHost.empty()) ||
                          help_.guess(suggestion).account == suggestion),
-      lookedUp_(suggestion.ImapHost.empty() ? "" : suggestion.MyAddress),  // it works already
+      search_(new ProviderSearch(
+          help_, suggestion.ImapHost.empty() ? std::string() : suggestion.MyAddress, this)),
       kinds_(new QButtonGroup(this)),
       explanation_(NewText(u"Explanation"_s)),
       form_(new FormRows),
@@ -244,6 +246,7 @@ void AccountDialog::Connect() {
     ShowProvider();
   });
   connect(servers_, &ServerFields::TokenCommandEdited, this, &AccountDialog::ChangeSecret);
+  connect(search_, &ProviderSearch::Ended, this, &AccountDialog::TellFound);
   connect(fold_, &QToolButton::clicked, this, [this] {
     foldIsUsers_ = true;
     isOpen_ = !isOpen_;
@@ -342,83 +345,64 @@ void AccountDialog::ChangeAddress() {
 /// Who types one doesn't wait for a sign-in.
 void AccountDialog::ChangeSecret() {
   signIn_->GiveUp();
+  ShowNote();
   Refresh();
-}
-
-/// What was found for the address, else what it suggests.
-ProviderGuess AccountDialog::Guess(const MailAccount& account) const {
-  if (!found_.isKnown || account.MyAddress != lookedUp_) return help_.guess(account);
-  ProviderGuess guess = found_;
-  guess.account.TokenCommand = account.TokenCommand;
-  guess.account.SignIn = account.SignIn;
-  return guess;
 }
 
 void AccountDialog::GuessServers() {
   MailAccount account = suggestion_;
   servers_->FillIn(account);
   account.MyAddress = Trimmed(*address_);
-  servers_->ShowAccount(Guess(account).account);
+  servers_->ShowAccount(search_->Guess(account).account);
 }
 
-/// Once for each address, and never for servers that somebody has chosen, nor beside a sign-in: one
-/// would end the other.
+/// Never for servers that somebody has chosen, nor beside a sign-in: one would end the other.
 void AccountDialog::LookUpServers() {
-  if (signIn_->IsUnderWay()) return;
-  const MailAccount account = Answer().account;
-  if (!IsKind("Imap") || !serversAreGuessed_ || account.MyAddress == lookedUp_) return;
-  if (!HasDomain(address_->text()) || !help_.hasUsableAddress(account)) return;
-  if (help_.guess(account).isKnown) return;
-  lookedUp_ = account.MyAddress;
-  lookingUp_ = true;
-  found_ = {};
-  help_.lookUp(account, [dialog = QPointer(this), address = lookedUp_](const ProviderGuess& found) {
-    if (dialog) dialog->TellFound(address, found);
-  });
+  if (signIn_->IsUnderWay() || !IsKind("Imap") || !serversAreGuessed_) return;
+  if (HasDomain(address_->text())) search_->Begin(Answer().account);
 }
 
 bool AccountDialog::IsLookingUp() const {
-  return lookingUp_ && IsKind("Imap") && serversAreGuessed_ && Trimmed(*address_) == lookedUp_;
+  return IsKind("Imap") && serversAreGuessed_ && search_->IsUnderWayFor(Trimmed(*address_));
 }
 
 /// Who has pressed Test meanwhile waits for what is tested.
-void AccountDialog::TellFound(const std::string& address, const ProviderGuess& found) {
-  if (address != lookedUp_) return;
-  const bool isAwaited = IsLookingUp();
+void AccountDialog::TellFound(const std::string& address, bool isFound) {
   const bool wantsTest = testing_;
-  lookingUp_ = false;
-  found_ = found;
   // The sign-in that has ended the search is done first.
-  if (signIn_->IsUnderWay() && !found.isKnown) lookedUp_.clear();
-  if (!isAwaited) return;
+  if (signIn_->IsUnderWay() && !isFound) search_->Forget();
+  if (!IsKind("Imap") || !serversAreGuessed_ || Trimmed(*address_) != address) return;
   GuessServers();
   signIn_->TakeUserName(Answer().account);
   ShowProvider();
   if (wantsTest && test_->isEnabled()) Test();
 }
 
-QString AccountDialog::NoteOn(const ProviderGuess& guess) const {
-  if (!serversAreGuessed_) return {};
+/// What is known about the address's provider. Advice on passwords is for those who use one.
+QString AccountDialog::ProviderNote() const {
+  if (!serversAreGuessed_ || !HasDomain(address_->text())) return {};
   if (IsLookingUp()) return u"Looking for your provider's servers..."_s;
-  if (guess.isKnown) return Shown(guess.advice);
+  const MailAccount account = Answer().account;
+  const ProviderGuess guess = search_->Guess(account);
+  const bool hasPassword =
+      account.TokenCommand.empty() && (account.SignIn.empty() || !signIn_->IsSignedIn());
+  if (guess.isKnown) return hasPassword ? Shown(guess.advice) : QString();
   return u"Guessed: please press Test. If it fails, look for \"IMAP\" in your provider's help, and "
          u"type the names that you find."_s;
 }
 
-/// Tells what is known about the address's provider. The servers of an unknown one, and those that
-/// the user has chosen, are better seen.
+void AccountDialog::ShowNote() {
+  providerNote_->setText(ProviderNote());
+  form_->ShowRow(noteRow_, IsKind("Imap") && !providerNote_->text().isEmpty());
+}
+
+/// The servers of an unknown provider, and those that the user has chosen, are better seen.
 void AccountDialog::ShowProvider() {
   LookUpServers();
   if (serversAreGuessed_) GuessServers();
-  QString note;
-  bool open = false;
-  if (HasDomain(address_->text())) {
-    const ProviderGuess guess = Guess(Answer().account);
-    open = !serversAreGuessed_ || !(guess.isKnown || IsLookingUp());
-    note = NoteOn(guess);
-  }
-  providerNote_->setText(note);
-  if (!foldIsUsers_) isOpen_ = open;
+  const bool isUnknown =
+      !serversAreGuessed_ || !(search_->Guess(Answer().account).isKnown || IsLookingUp());
+  if (!foldIsUsers_) isOpen_ = isUnknown && HasDomain(address_->text());
   ShowRows();
 }
 
@@ -430,7 +414,7 @@ void AccountDialog::ShowRows() {
   form_->ShowRow(postFolderRow_, IsKind("Post"));
   form_->ShowRow(passwordRow_, imap);
   signIn_->ShowFor(Answer().account, imap);
-  form_->ShowRow(noteRow_, imap && !providerNote_->text().isEmpty());
+  ShowNote();
   form_->ShowRow(foldRow_, imap);
   fold_->setArrowType(isOpen_ ? Qt::DownArrow : Qt::RightArrow);
   servers_->SetVisible(imap && isOpen_);

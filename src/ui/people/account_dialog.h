@@ -23,6 +23,7 @@ namespace ui {
 
 class FormRows;
 class OutcomeLine;
+class ProviderSearch;
 class ServerFields;
 class SignInRows;
 
@@ -60,12 +61,12 @@ class AccountDialog : public QDialog {
   void DropLocalAddress();
   void ChangeAddress();
   void ChangeSecret();
-  ProviderGuess Guess(const MailAccount& account) const;
   void GuessServers();
   void LookUpServers();
   bool IsLookingUp() const;
-  void TellFound(const std::string& address, const ProviderGuess& found);
-  QString NoteOn(const ProviderGuess& guess) const;
+  void TellFound(const std::string& address, bool isFound);
+  QString ProviderNote() const;
+  void ShowNote();
   void ShowProvider();
   void ShowRows();
   void Refresh();
@@ -81,12 +82,10 @@ class AccountDialog : public QDialog {
   bool serversAreGuessed_;
   bool isOpen_ = false;       // the fold with the server settings
   bool foldIsUsers_ = false;  // he has opened or closed it himself
-  std::string lookedUp_;      // the address that was last asked about
-  bool lookingUp_ = false;
-  ProviderGuess found_;  // for it
   bool testing_ = false;
   int tests_ = 0;  // the number of the last one; an older one's outcome interests nobody
 
+  ProviderSearch* search_;
   QButtonGroup* kinds_;
   QLabel* explanation_;
   FormRows* form_;

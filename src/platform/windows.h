@@ -115,6 +115,9 @@ class Windows {
   /// it isn't up.
   virtual bool AnswerAboutNewMove(NotifyChoice /*choice*/) { return false; }
 
+  /// Whether the user has one of them before him.
+  virtual bool AreInUse() { return true; }
+
   /// The dialog that waits for the user, else the window that he used last, comes to the front.
   virtual void RaiseFrontWindow() {}
 

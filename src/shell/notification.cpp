@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/notification.h"
 
+#include <algorithm>
 #include <exception>
 #include <optional>
 #include <string>
@@ -43,19 +44,17 @@ void PlayNotificationSound() {
   platform::PlayWave(settings.NotificationSoundPath + settings.NotificationSoundWav);
 }
 
-/// What the dialog shows of the first pending game; nothing where it can't be found.
-std::optional<platform::NewMove> FirstNewMove() {
-  const std::vector<std::int32_t>& pending = Process().PendingGames;
+/// What there is to tell of a pending game; nothing where it can't be found.
+std::optional<platform::NewMove> NewMoveIn(std::int32_t gameID) {
   std::optional<store::GameRecord> game;
   store::MoveRecords moves;
-  if (pending.empty() || !store::FindGame(game, pending.front()) || !game ||
-      !store::SelectMoves(moves, pending.front())) {
+  if (gameID < 0 || !store::FindGame(game, gameID) || !game || !store::SelectMoves(moves, gameID)) {
     return std::nullopt;
   }
   return platform::NewMove{game->GAME_OPPONENTS_NAME,
                            game->GAME_NAME,
                            moves.empty() ? std::string{} : moves.back().MoveComment,
-                           pending.size() == 1,
+                           Process().PendingGames.size() == 1,
                            moves.empty() ? std::string{} : NumberedMove(moves.back()),
                            game->GAME_ID};
 }
@@ -65,6 +64,8 @@ void PlayNewMove(std::int32_t gameID) {
   if (OpenNewMove(gameID)) std::erase(Process().PendingGames, gameID);
 }
 
+void TellByNotice();
+
 /// What the user has answered to the desktop's notice, at any time.
 void TakeAnswer(std::int32_t gameID, NotifyChoice choice) {
   platform::Windows& windows = *platform::TheSeams().windows;
@@ -73,26 +74,52 @@ void TakeAnswer(std::int32_t gameID, NotifyChoice choice) {
   if (Process().CheckTimerHeld) return windows.RaiseFrontWindow();
   try {
     PlayNewMove(gameID);
+    TellByNotice();
   } catch (const std::exception& error) {
     ReportFailedOpening(error, "the game board");
   }
 }
 
+std::string GameOf(const platform::NewMove& move) { return move.OpName + ", " + move.GameName; }
+
 /// In words, where it can be told so.
-std::string TextOf(const platform::NewMove& move) {
-  std::string text = move.OpName + ", " + move.GameName;
+platform::Notice NoticeOf(const platform::NewMove& move) {
+  std::string text = GameOf(move);
   for (const std::string& line :
        {move.LastMove, platform::TheSeams().movePages->WordsOf(move.gameID), move.MoveComment}) {
     if (!line.empty()) text += '\n' + line;
   }
-  return platform::Harmless(text);
+  return {"A new move has arrived", platform::Harmless(text)};
 }
 
-void ShowNotice(const platform::NewMove& move) {
-  if (!platform::Settings().DesktopNotices) return;
+/// A line for each game.
+platform::Notice NoticeOf(const std::vector<platform::NewMove>& moves) {
+  if (moves.size() == 1) return NoticeOf(moves.front());
+  constexpr std::size_t most = 5;
+  std::string text = GameOf(moves.front());
+  for (std::size_t row = 1; row < std::min(moves.size(), most); ++row) {
+    text += '\n' + GameOf(moves[row]);
+  }
+  if (moves.size() > most) text += "\n...";
+  return {std::to_string(moves.size()) + " new moves have arrived", platform::Harmless(text)};
+}
+
+void ShowNotice(const std::vector<platform::NewMove>& moves) {
+  if (!platform::Settings().DesktopNotices || moves.empty()) return;
   platform::TheSeams().notices->Show(
-      {"A new move has arrived", TextOf(move)},
-      [gameID = move.gameID](NotifyChoice choice) { TakeAnswer(gameID, choice); });
+      NoticeOf(moves),
+      [gameID = moves.front().gameID](NotifyChoice choice) { TakeAnswer(gameID, choice); });
+}
+
+/// Of all pending games, where Play is for the first.
+void TellByNotice() {
+  std::vector<platform::NewMove> moves;
+  for (const std::int32_t gameID : Process().PendingGames) {
+    const bool isTold = std::any_of(moves.begin(), moves.end(),
+                                    [gameID](const auto& move) { return move.gameID == gameID; });
+    if (const auto move = NewMoveIn(gameID); move && !isTold) moves.push_back(*move);
+  }
+  ShowNotice(moves);
 }
 
 /// False where the user plays one of them, or can't.
@@ -120,18 +147,26 @@ void AskAboutPendingGames() {
   }
 }
 
+void TellOfNewMoves() {
+  if (Notifies(BySound)) PlayNotificationSound();
+  if (Notifies(ByDialog)) {
+    AskAboutPendingGames();
+  } else {
+    TellByNotice();
+  }
+  if (Process().PendingGames.empty()) Process().NewMoveArrived = false;
+}
+
 }  // namespace
 
 void NotifyNewMoves() {
-  if (!Process().NewMoveArrived || Process().GameListOpen || Process().Stopping) return;
+  if (!Process().NewMoveArrived || Process().Stopping) return;
   try {
-    if (Notifies(BySound)) PlayNotificationSound();
-    if (Notifies(ByDialog)) {
-      AskAboutPendingGames();
-    } else if (const auto newMove = FirstNewMove()) {
-      ShowNotice(*newMove);
+    if (Process().GameListOpen) {
+      if (!platform::TheSeams().windows->AreInUse()) TellByNotice();
+    } else {
+      TellOfNewMoves();
     }
-    if (Process().PendingGames.empty()) Process().NewMoveArrived = false;
   } catch (const std::exception& error) {
     ReportFailedOpening(error, "the new move notification dialog");
   }
@@ -150,9 +185,9 @@ void TellOfWaitingGames() {
 
 NotifyChoice ShowNotification() {
   const platform::PollingHold hold;
-  const auto newMove = FirstNewMove();
+  const auto newMove = NewMoveIn(FirstPending());
   if (newMove) {
-    ShowNotice(*newMove);
+    ShowNotice({*newMove});
     const NotifyChoice choice = platform::TheSeams().windows->AskAboutNewMove(*newMove);
     platform::TheSeams().notices->Withdraw();
     return choice;

@@ -7,8 +7,9 @@
 namespace shell {
 
 /// Plays the sound, and asks about the games in PendingGames one after the other; where the user
-/// wants that, the desktop tells him, too, and he may answer there. Does nothing while the game
-/// list is open, which shows them. What the user hasn't answered stays pending.
+/// wants that, the desktop tells him, too, and he may answer there. While the game list is open,
+/// which shows them, only the desktop tells, and only where he has another program before him. What
+/// the user hasn't answered stays pending.
 void NotifyNewMoves();
 
 /// Says beside the tray's icon, where the user wants to be told by a message, how many games by

@@ -41,6 +41,7 @@ class RecordingWindows : public platform::Windows {
     if (isAsking) choices = {choice};
     return isAsking;
   }
+  bool AreInUse() override { return inUse; }
   void RaiseFrontWindow() override { Did("raise"); }
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   std::optional<std::string> AskAddress(const std::string&, const std::string&) override {
@@ -57,6 +58,7 @@ class RecordingWindows : public platform::Windows {
   std::optional<std::string> picked;                      ///< file to import
   std::optional<std::string> newAddress;                  ///< of an opponent
   std::function<void()> duringQuestion;  ///< while the user is asked about a new move
+  bool inUse = true;                     ///< one of them is before the user
   bool isAsking = false;                 ///< just then
   std::function<void()> gameListClosed;  ///< the close handler
 

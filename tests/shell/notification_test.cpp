@@ -78,6 +78,8 @@ TEST_F(NotificationTest, TheFourAnswersLeadOnThroughThePendingGames) {
 }
 
 TEST_F(NotificationTest, TheDesktopsNoticeCanBeAnsweredInThePlaceOfTheDialog) {
+  const std::string anna = "Anna, Game 4\n1. e4\nMy plan", bernd = "Bernd, Game 5\n1. e4";
+  const std::string both = "Anna, Game 4\nBernd, Game 5";
   const struct {
     const char* name;
     int method;
@@ -85,17 +87,19 @@ TEST_F(NotificationTest, TheDesktopsNoticeCanBeAnsweredInThePlaceOfTheDialog) {
     bool anotherWindow;
     std::string came;
     GameIDs left;
+    std::string notice;  // that stands in the end
   } rows[] = {
       {"Play beside the dialog",
        2,
        Play,
        false,
        "notify Anna/Game 4/My plan, board 4 in front",
-       {5}},
-      {"Later beside the dialog", 2, Later, false, "notify Anna/Game 4/My plan", {}},
-      {"Play without one", 0, Play, false, "board 4 in front", {5}},
-      {"Later without one", 0, Later, false, "", {}},
-      {"Play while something else is up", 0, Play, true, "raise", {4, 5}},
+       {5},
+       ""},
+      {"Later beside the dialog", 2, Later, false, "notify Anna/Game 4/My plan", {}, ""},
+      {"Play without one", 0, Play, false, "board 4 in front", {5}, bernd},
+      {"Later without one", 0, Later, false, "", {}, both},
+      {"Play while something else is up", 0, Play, true, "raise", {4, 5}, both},
   };
   Settings().DesktopNotices = true;
   for (const auto& row : rows) {
@@ -103,7 +107,7 @@ TEST_F(NotificationTest, TheDesktopsNoticeCanBeAnsweredInThePlaceOfTheDialog) {
     Settings().NotificationMethod = row.method;
     Process().CheckTimerHeld = Process().BoardOpen = false;
     const auto answer = [&] {
-      EXPECT_EQ(desktop.notices.text, "Anna, Game 4\n1. e4\nMy plan");
+      EXPECT_EQ(desktop.notices.text, row.method == 0 ? both : anna);
       Process().CheckTimerHeld = row.anotherWindow || row.method != 0;
       desktop.notices.answered(row.answer);
     };
@@ -115,7 +119,14 @@ TEST_F(NotificationTest, TheDesktopsNoticeCanBeAnsweredInThePlaceOfTheDialog) {
     if (row.method == 0) answer();
     EXPECT_EQ(Happened({"notify", "board", "raise"}), row.came);
     EXPECT_EQ(Process().PendingGames, row.left);
-    EXPECT_EQ(desktop.notices.text.empty(), row.method != 0 || Process().BoardOpen);
+    EXPECT_EQ(desktop.notices.text, row.notice);
+  }
+  Process().GameListOpen = true;
+  for (const bool inUse : {true, false}) {
+    desktop.windows.inUse = inUse;
+    desktop.notices.Withdraw();
+    EXPECT_EQ(Notify({4}), "");
+    EXPECT_EQ(desktop.notices.text, inUse ? "" : anna) << "the list is behind other programs";
   }
 }
 

@@ -215,6 +215,8 @@ bool ProgramWindows::AnswerAboutNewMove(platform::NotifyChoice choice) {
   return form != nullptr;
 }
 
+bool ProgramWindows::AreInUse() { return QApplication::activeWindow() != nullptr; }
+
 void ProgramWindows::RaiseFrontWindow() { BringActiveWindowToFront(); }
 
 platform::HeldMailChoice ProgramWindows::AskAboutHeldMail(

@@ -46,6 +46,7 @@ class ProgramWindows : public QObject, public platform::Windows {
   void CloseNewGame() override;
   platform::NotifyChoice AskAboutNewMove(const platform::NewMove& move) override;
   bool AnswerAboutNewMove(platform::NotifyChoice choice) override;
+  bool AreInUse() override;
   void RaiseFrontWindow() override;
   platform::HeldMailChoice AskAboutHeldMail(const platform::HeldMailQuestion& question) override;
   std::optional<std::string> PickMoveFile() override;

@@ -32,7 +32,7 @@ QString CaseFolded(const std::string& text) {
 }
 
 VCards ReadBook() {
-  const std::string path = PathOf("contacts.vcf");
+  const std::string path = PathOf(platform::addressBookFile);
   return platform::TheFiles().Exists(path) ? ReadVCards(platform::TheFiles().Read(path)) : VCards{};
 }
 
@@ -41,7 +41,7 @@ void ReplaceFile(const std::string& path, const std::string& content) {
 }
 
 void SaveBook(const VCards& book) {
-  const std::string path = PathOf("contacts.vcf");
+  const std::string path = PathOf(platform::addressBookFile);
   if (book.damaged > 0) ReplaceFile(PathOf("contacts.bak"), platform::TheFiles().Read(path));
   ReplaceFile(path, WriteVCards(book.cards));
 }

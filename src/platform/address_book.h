@@ -9,6 +9,9 @@
 
 namespace platform {
 
+/// Its name, in the folder of the games.
+inline constexpr const char* addressBookFile = "contacts.vcf";
+
 struct Person {
   std::string name;  ///< his first address where he has no name
   std::vector<std::string> addresses;

@@ -6,6 +6,7 @@
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
+#include "platform/seams.h"
 #include "shell/tray_status.h"
 #include "store/data_files.h"
 #include "store/other_games.h"
@@ -46,15 +47,29 @@ void ForgetFormerGames() {
   Process().NewMoveArrived = false;
 }
 
-/// A sentence where the notes, which lie beside the games, stayed behind.
-std::string UseNotesBeside(const std::string& gameFile) {
-  const std::string trouble = study::UseNotesOf(gameFile.substr(0, gameFile.rfind('/') + 1));
+/// A sentence where the notes stayed behind.
+std::string UseNotesOf(const std::string& folder) {
+  const std::string trouble = study::UseNotesOf(folder);
   return trouble.empty() ? "" : "|The notes that lie beside them weren't copied: " + trouble + ".";
+}
+
+/// The people of the address book join those who are here. A sentence where they stayed behind.
+std::string AddPeopleOf(const std::string& folder) {
+  const std::string path = folder + platform::addressBookFile;
+  try {
+    if (platform::TheFiles().Exists(path)) platform::TheSeams().addressBook->Import(path);
+    return {};
+  } catch (const platform::FileError& error) {
+    return std::string("|The address book that lies beside them wasn't copied: ") + error.what() +
+           ".";
+  }
 }
 
 void Use(const store::OtherGames& other) {
   const std::string kept = store::UseGames(other);
-  const std::string notes = UseNotesBeside(other.path);
+  const std::string folder = other.path.substr(0, other.path.rfind('/') + 1);
+  const std::string notes = UseNotesOf(folder);
+  const std::string people = AddPeopleOf(folder);
   ForgetFormerGames();
   UpdateTrayStatus(platform::TrayOperation::Modify);
   Tell(platform::InformationIcon,
@@ -62,7 +77,7 @@ void Use(const store::OtherGames& other) {
            (kept.empty() ? "."
                          : "; the games that were here are kept as " + kept + " in the folder " +
                                Process().DataPath + ".") +
-           notes);
+           notes + people);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/game_list.h"
 
+#include "contacts/contacts_book.h"
 #include "platform/messages.h"
 #include "platform/registry.h"
 #include "shell/other_games.h"
@@ -243,6 +244,19 @@ TEST_F(OtherGamesTest, NoFailureCostsTheGamesThatWereThere) {
     EXPECT_EQ(Own("Tvgdb.replaced-20260309-080500.dat"), changed ? Line(5) : "-") << failing;
     desktop.boxes.answers.clear();
   }
+}
+
+TEST_F(OtherGamesTest, ThePeopleBesideThemJoinThoseWhoAreHere) {
+  contacts::ContactsBook book([] { return std::vector<platform::Recipient>(); });
+  platform::TheSeams().addressBook = &book;
+  const auto card = [](const std::string& name) {
+    return "BEGIN:VCARD\r\nFN:" + name + "\r\nEMAIL:" + name + "@here.org\r\nEND:VCARD\r\n";
+  };
+  desktop.files.content = {{"/cd/Tvgdb.dat", Line(1)},
+                           {"/cd/contacts.vcf", card("Dora")},
+                           {Process().DataPath + "contacts.vcf", card("Anna")}};
+  EXPECT_TRUE(UseGamesOfFolder("/cd"));
+  EXPECT_EQ(book.People().size(), 2u);
 }
 
 }  // namespace

@@ -113,7 +113,7 @@ function(tarvolenix_module name)
   add_library(${name} MODULE ${MODULE_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src")
   target_link_libraries(${name} PRIVATE tarvolenix_qt_flags ${MODULE_USES})
-  set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME "tarvolenix-${name}"
+  set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME "tarvolenix-${name}-${PROJECT_VERSION}"
     CXX_VISIBILITY_PRESET hidden LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/src")
   # Only its own doors lead into it.
   target_link_options(${name} PRIVATE -Wl,--exclude-libs,ALL)

@@ -13,7 +13,7 @@ using NewSounds = platform::Sounds*();
 std::unique_ptr<platform::Sounds> Load() {
   QString failure;  // is silence
   const auto make = reinterpret_cast<NewSounds*>(
-      ModuleFunction("tarvolenix-sounds.so", "TarvolenixNewSounds", failure));
+      ModuleFunction("sounds", "TarvolenixNewSounds", failure));
   return std::unique_ptr<platform::Sounds>(make ? make() : nullptr);
 }
 

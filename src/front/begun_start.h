@@ -25,7 +25,7 @@ struct BegunStart {
 /// Runs the program until its end. The answer is the process's.
 using RunProgram = int(BegunStart& start);
 
-inline constexpr const char* programModule = "tarvolenix-program.so";
+inline constexpr const char* programModule = "program";
 inline constexpr const char* runProgram = "TarvolenixRunProgram";
 
 }  // namespace front

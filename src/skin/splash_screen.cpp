@@ -6,8 +6,10 @@
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "skin/layouts/splash_screen_layout.h"
@@ -20,6 +22,7 @@ namespace {
 
 constexpr int tickMilliseconds = 500;
 constexpr int shortestStay = 6;  // ticks
+constexpr std::chrono::milliseconds longestAnswer(200);
 
 }  // namespace
 
@@ -37,7 +40,20 @@ SplashScreen::SplashScreen(std::future<QImage> picture)
 void SplashScreen::Display() {
   if (coming_.valid()) picture_ = QPixmap::fromImage(coming_.get());
   show();
+  AwaitSurface();
   repaint();
+}
+
+/// On a Wayland desktop nothing can be painted before it has answered; elsewhere nobody waits.
+void SplashScreen::AwaitSurface() {
+  if (!QGuiApplication::platformName().startsWith(u"wayland"_s)) return;
+  QTimer patience;
+  patience.setSingleShot(true);
+  patience.start(longestAnswer);
+  while (!windowHandle()->isExposed() && patience.isActive()) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                    QEventLoop::WaitForMoreEvents);
+  }
 }
 
 void SplashScreen::BeginStay(std::function<bool()> isStarted, std::function<void()> handOver) {

@@ -38,6 +38,7 @@ class SplashScreen : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void AwaitSurface();
   bool HasStayed() const;
 
   std::future<QImage> coming_;

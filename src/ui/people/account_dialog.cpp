@@ -50,7 +50,8 @@ struct KindRow {
 constexpr KindRow kindRows[] = {
     {"Post", "A &post office on this computer",
      "No server and no password: everybody who uses the same post folder, on this computer or on a "
-     "shared one, can play with you."},
+     "shared one, can play with you. The one that is proposed is for players who share your "
+     "log-in; with others choose a folder that all of you may write to."},
     {"Imap", "My &mailbox at a mail provider",
      "Your moves travel as ordinary mails, by IMAP and SMTP. Tarvolenix touches no mails but those "
      "of its own games."},

@@ -2,14 +2,12 @@
 #include "ui/people/account_dialog.h"
 
 #include <QApplication>
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -20,6 +18,7 @@
 #include "skin/file_dialog.h"
 #include "skin/look.h"
 #include "ui/help/help_key.h"
+#include "ui/people/mail_kinds.h"
 #include "ui/people/provider_search.h"
 #include "ui/people/server_fields.h"
 #include "ui/people/sign_in_rows.h"
@@ -30,6 +29,7 @@
 #include "widgets/scrolling_page.h"
 #include "widgets/shown_text.h"
 #include "widgets/typed_text.h"
+#include "widgets/wrapped_text.h"
 
 namespace ui {
 
@@ -40,33 +40,6 @@ namespace {
 constexpr int longestName = 50;
 constexpr int longestAddress = 255;
 constexpr int usualWidth = 640;
-
-struct KindRow {
-  const char* kind;  ///< as it is stored
-  const char* caption;
-  const char* explanation;
-};
-
-constexpr KindRow kindRows[] = {
-    {"Post", "A &post office on this computer",
-     "No server and no password: everybody who uses the same post folder, on this computer or on a "
-     "shared one, can play with you. The one that is proposed is for players who share your "
-     "log-in; with others choose a folder that all of you may write to."},
-    {"Imap", "My &mailbox at a mail provider",
-     "Your moves travel as ordinary mails, by IMAP and SMTP. Tarvolenix touches no mails but those "
-     "of its own games."},
-    {"System", "This computer's own mail s&ystem",
-     "For computers that deliver mail themselves, into the folder Maildir, and send it with the "
-     "command sendmail. If you don't know of one, it is not for you."},
-};
-
-QLabel* NewText(const QString& name, const QString& text = {}) {
-  auto* label = new QLabel(text);
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
-  return label;
-}
 
 QLineEdit* NewField(const QString& name, const std::string& text, int longest) {
   auto* field = new QLineEdit(AsItIs(text));
@@ -90,14 +63,13 @@ AccountDialog::AccountDialog(const MailAccount& suggestion, AccountHelp help, QW
                          help_.guess(suggestion).account == suggestion),
       search_(new ProviderSearch(
           help_, suggestion.ImapHost.empty() ? std::string() : suggestion.MyAddress, this)),
-      kinds_(new QButtonGroup(this)),
-      explanation_(NewText(u"Explanation"_s)),
+      kinds_(new MailKinds(suggestion.MailKind)),
       form_(new FormRows),
       name_(NewField(u"MyName"_s, suggestion.MyName, longestName)),
       address_(NewField(u"MyAddress"_s, suggestion.MyAddress, longestAddress)),
       postFolder_(NewField(u"PostFolder"_s, suggestion.PostFolder, 4096)),
       password_(new QLineEdit),
-      providerNote_(NewText(u"ProviderNote"_s)),
+      providerNote_(NewWrappedText(u"ProviderNote"_s)),
       fold_(new QToolButton),
       sendPage_(new QCheckBox),
       outcome_(new OutcomeLine),
@@ -130,7 +102,7 @@ QWidget* AccountDialog::NewPage() {
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins(16, 16, 16, 8);
   column->setSpacing(16);
-  AddKinds(column);
+  column->addWidget(kinds_);
   column->addLayout(form_);
   column->addStretch();
   AddRows();
@@ -142,31 +114,6 @@ QWidget* AccountDialog::NewPage() {
 /// A field that loses the keyboard while the window goes would still tell what was typed.
 AccountDialog::~AccountDialog() {
   for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
-}
-
-void AccountDialog::AddKinds(QBoxLayout* page) {
-  auto* column = new QVBoxLayout;
-  column->setSpacing(4);
-  QLabel* question =
-      NewText(u"Question"_s, u"Games are played by mail. Which way shall your moves travel?"_s);
-  QFont font = question->font();
-  font.setBold(true);
-  question->setFont(font);
-  column->addWidget(question);
-  column->addSpacing(4);
-  for (const KindRow& row : kindRows) {
-    auto* button = new QRadioButton(QLatin1StringView(row.caption));
-    button->setObjectName(QLatin1StringView(row.kind));
-    button->setMinimumHeight(24);
-    kinds_->addButton(button);
-    column->addWidget(button);
-    if (kinds_->buttons().size() == 1 || row.kind == suggestion_.MailKind) {
-      button->setChecked(true);
-    }
-  }
-  column->addSpacing(4);
-  column->addWidget(explanation_);
-  page->addLayout(column);
 }
 
 void AccountDialog::AddRows() {
@@ -235,7 +182,7 @@ QLayout* AccountDialog::NewButtons() {
 }
 
 void AccountDialog::Connect() {
-  connect(kinds_, &QButtonGroup::buttonClicked, this, &AccountDialog::ChangeKind);
+  connect(kinds_, &MailKinds::Changed, this, &AccountDialog::ChangeKind);
   connect(address_, &QLineEdit::textChanged, this, &AccountDialog::ChangeAddress);
   connect(address_, &QLineEdit::editingFinished, this, &AccountDialog::ShowProvider);
   for (const QLineEdit* field : {name_, postFolder_}) {
@@ -261,14 +208,12 @@ bool AccountDialog::event(QEvent* event) {
   return handled;
 }
 
-std::string AccountDialog::Kind() const {
-  return kinds_->checkedButton()->objectName().toStdString();
-}
+bool AccountDialog::IsKind(const char* kind) const { return kinds_->Kind() == kind; }
 
 AccountAnswer AccountDialog::Answer() const {
   AccountAnswer answer{suggestion_, {}};
   MailAccount& account = answer.account;
-  account.MailKind = Kind();
+  account.MailKind = kinds_->Kind();
   account.MyName = Trimmed(*name_);
   account.MyAddress = Trimmed(*address_);
   account.SendPage = sendPage_->isChecked();
@@ -409,9 +354,6 @@ void AccountDialog::ShowProvider() {
 
 void AccountDialog::ShowRows() {
   const bool imap = IsKind("Imap");
-  for (const KindRow& row : kindRows) {
-    if (IsKind(row.kind)) explanation_->setText(QLatin1StringView(row.explanation));
-  }
   form_->ShowRow(postFolderRow_, IsKind("Post"));
   form_->ShowRow(passwordRow_, imap);
   signIn_->ShowFor(Answer().account, imap);

@@ -11,8 +11,6 @@
 
 #include "ui/people/account_help.h"
 
-class QBoxLayout;
-class QButtonGroup;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -22,6 +20,7 @@ class QToolButton;
 namespace ui {
 
 class FormRows;
+class MailKinds;
 class OutcomeLine;
 class ProviderSearch;
 class ServerFields;
@@ -44,15 +43,13 @@ class AccountDialog : public QDialog {
 
  private:
   QWidget* NewPage();
-  void AddKinds(QBoxLayout* page);
   void AddRows();
   void AddServerRows();
   void AddPageRow();
   QLayout* NewButtons();
   void Connect();
 
-  std::string Kind() const;
-  bool IsKind(const char* kind) const { return Kind() == kind; }
+  bool IsKind(const char* kind) const;
   QString WhatIsMissing() const;
   bool HasWholePath() const;
   QString WhatIsWrong() const;
@@ -86,8 +83,7 @@ class AccountDialog : public QDialog {
   int tests_ = 0;  // the number of the last one; an older one's outcome interests nobody
 
   ProviderSearch* search_;
-  QButtonGroup* kinds_;
-  QLabel* explanation_;
+  MailKinds* kinds_;
   FormRows* form_;
   QLineEdit* name_;
   QLineEdit* address_;

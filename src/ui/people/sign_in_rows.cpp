@@ -13,6 +13,7 @@
 #include "widgets/dialog_button.h"
 #include "widgets/form_rows.h"
 #include "widgets/shown_text.h"
+#include "widgets/wrapped_text.h"
 
 namespace ui {
 
@@ -42,16 +43,13 @@ SignInRows::SignInRows(FormRows* form, const AccountHelp& help, std::string name
       name_(std::move(name)),
       hasLapsed_(help.signInHasLapsed),
       button_(NewSignInButton()),
-      note_(new QLabel),
+      note_(NewWrappedText(u"SignInNote"_s)),
       page_(new QLineEdit),
       copy_(NewDialogButton(u"CopySignInPage"_s, u"&Copy"_s)),
       buttonRow_(form->AddRow(u"Or sign in:"_s, {button_})),
       noteRow_(form->AddRow({}, {note_})),
       pageRow_(form->AddRow(u"Its pag&e:"_s, {page_, copy_})) {
   connect(button_, &QPushButton::clicked, this, &SignInRows::Pressed);
-  note_->setObjectName(u"SignInNote"_s);
-  note_->setTextFormat(Qt::PlainText);
-  note_->setWordWrap(true);
   page_->setObjectName(u"SignInPage"_s);
   page_->setReadOnly(true);
   copy_->setToolTip(u"Takes the address of the page into the clipboard"_s);

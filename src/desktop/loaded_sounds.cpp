@@ -12,8 +12,8 @@ using NewSounds = platform::Sounds*();
 
 std::unique_ptr<platform::Sounds> Load() {
   QString failure;  // is silence
-  const auto make = reinterpret_cast<NewSounds*>(
-      ModuleFunction("sounds", "TarvolenixNewSounds", failure));
+  const auto make =
+      reinterpret_cast<NewSounds*>(ModuleFunction("sounds", "TarvolenixNewSounds", failure));
   return std::unique_ptr<platform::Sounds>(make ? make() : nullptr);
 }
 

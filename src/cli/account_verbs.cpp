@@ -304,6 +304,7 @@ bool TestAccount(const Call& call) {
   if (!reason.empty()) answer.Add("reason", reason);
   answer.Print();
   if (!reason.empty()) throw Refusal(reason);
+  if (!call.messages.Empty()) throw Refusal(call.messages.TakeSentence({}));
   return true;
 }
 

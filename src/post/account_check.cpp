@@ -13,7 +13,8 @@ namespace {
 /// What the system and its libraries say has neither a capital nor a full stop.
 std::string AsSentence(std::string text) {
   if (text.empty()) return text;
-  if (text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  const bool isName = text.substr(0, text.find(' ')).find('.') != std::string::npos;
+  if (!isName && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
   return letters::WithFullStop(std::move(text));
 }
 

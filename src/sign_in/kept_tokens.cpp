@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/settings_store.h"
 #include "post/accounts/mail_account.h"
 #include "post/servers/mail_failures.h"
 #include "sign_in/token_endpoint.h"
@@ -14,6 +15,8 @@ namespace {
 
 /// A token must outlast the logon that it is taken for.
 constexpr std::chrono::seconds margin(60);
+
+constexpr std::chrono::seconds leastWait(4);
 
 /// How soon a hurry is noticed.
 constexpr std::chrono::milliseconds slice(50);
@@ -26,14 +29,24 @@ std::unique_lock<std::timed_mutex> Locked(std::timed_mutex& mutex, const post::P
   return lock;
 }
 
+/// Once it is asked, the sign-in so far may count no more: a hurry waits a while for the answer.
 Tokens TokensFor(const Service& service, const std::string& refresh,
                  const post::Patience& patience) {
   try {
     return AskForTokens(service, {{"grant_type", "refresh_token"}, {"refresh_token", refresh}},
-                        patience);
+                        post::Patience(patience, leastWait));
   } catch (const GrantRefused& refusal) {
     if (WantsNewSignIn(refusal.error)) throw post::SignInLapsed(refusal.what());
     throw;
+  }
+}
+
+bool IsOfTheAccount(const std::string& key) {
+  try {
+    const post::MailAccount account = post::LoadMailAccount();
+    return post::NeedsPassword(account) && post::PasswordKey(account) == key;
+  } catch (const platform::SettingsError&) {
+    return true;
   }
 }
 
@@ -135,11 +148,11 @@ void KeptTokens::KeepRenewed() {
 }
 
 /// Of an account that is the user's no longer nothing is kept, and a newer sign-in stays. What a
-/// keyring that doesn't answer has is spent in any case.
+/// keyring has that doesn't answer is spent.
 void KeptTokens::Keep(const std::string& key, const std::string& spent) {
   const auto kept = passwords_.Read(key);
   const std::string newest = Newest(kept.value_or(spent));
-  if (kept ? newest == *kept : passwords_.HasNone(key)) return;
+  if (kept ? newest == *kept : !IsOfTheAccount(key)) return;
   const bool keeps = passwords_.Write(key, newest);
   if (!keeps && !isTold_) post::ReportUnkept(post::Secret::SignIn);
   isTold_ = !keeps;

@@ -20,7 +20,8 @@ namespace sign_in {
 
 class KeptTokens : public post::AccessTokens {
  public:
-  /// How long this computer is on: a clock that is set counts for nothing.
+  /// A clock that is set counts for nothing. It stands still while the computer sleeps: a token that
+  /// ended meanwhile is refused, and renewed then.
   using Clock = std::chrono::steady_clock;
   using Now = std::function<Clock::time_point()>;
 
@@ -37,6 +38,9 @@ class KeptTokens : public post::AccessTokens {
   /// Callable from any thread: what counts now in the place of a refresh token that may be spent.
   std::string Newest(std::string refresh) const;
 
+  /// What was renewed is kept by now. Done by itself, too, as soon as the window's thread is free.
+  void KeepRenewed();
+
   const ClientFiles& Files() const { return files_; }
 
  private:
@@ -51,7 +55,6 @@ class KeptTokens : public post::AccessTokens {
   void Follow(const std::string& spent, const std::string& next);
   std::string Kept(const std::string& key, const post::Patience& patience);
   void KeepSoon(const std::string& key, const std::string& spent);
-  void KeepRenewed();
   void Keep(const std::string& key, const std::string& spent);
 
   platform::Events& events_;

@@ -107,10 +107,22 @@ bool HasSecret(const std::string& file) {
   }
 }
 
+/// Whether the user could close it, and others reach it through all of the folders above.
 bool IsOwnAndOpen(const std::string& file) {
   struct stat status {};
-  return ::stat(file.c_str(), &status) == 0 && status.st_uid == ::getuid() &&
-         (status.st_mode & (S_IRGRP | S_IROTH)) != 0;
+  if (::stat(file.c_str(), &status) != 0 || status.st_uid != ::getuid()) return false;
+  constexpr mode_t groupReads = S_IRGRP, groupEnters = S_IXGRP;
+  constexpr mode_t othersRead = S_IROTH, othersEnter = S_IXOTH;
+  bool group = status.st_mode & groupReads, others = status.st_mode & othersRead;
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::canonical(file, error);
+  for (auto folder = path.parent_path(); folder.has_relative_path();
+       folder = folder.parent_path()) {
+    if (::stat(folder.c_str(), &status) != 0) return false;
+    group = group && (status.st_mode & (groupEnters | othersEnter));
+    others = others && (status.st_mode & othersEnter);
+  }
+  return group || others;
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAcco
 
 RealSeams::~RealSeams() {
   mail_.StopDelivering();
+  tokens_.KeepRenewed();  // while there is somebody to tell that it can't
   platform::TheSeams() = {};
 }
 

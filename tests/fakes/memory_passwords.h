@@ -16,8 +16,6 @@ class MemoryPasswords : public post::Passwords {
     return found->second;
   }
 
-  bool HasNone(const std::string& key) override { return !isLocked && !kept.contains(key); }
-
   bool Write(const std::string& key, const std::string& password) override {
     if (!readOnly) kept[key] = password;
     return !readOnly;

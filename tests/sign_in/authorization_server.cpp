@@ -69,6 +69,7 @@ AuthorizationServer::Answer AuthorizationServer::AnswerTo(const QString& path,
                      "\"}"};
   }
   ++asked_;
+  if (meanwhile) meanwhile();
   if (said_.empty()) return Give(fields);
   const Answer answer = said_.front();
   said_.pop_front();

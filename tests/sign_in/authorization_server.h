@@ -6,6 +6,7 @@
 #include <QUrlQuery>
 
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <set>
 #include <string>
@@ -19,6 +20,8 @@ class AuthorizationServer {
 
   /// The next questions for tokens or codes are answered so, one each.
   void Say(int status, const std::string& content);
+
+  std::function<void()> meanwhile;  ///< ahead of each answer
 
   void Revoke();  ///< all that it has given
   int Asked() const { return asked_; }

@@ -8,8 +8,11 @@
 #include <sys/stat.h>
 
 #include "fakes/memory_passwords.h"
+#include "fakes/memory_settings.h"
 #include "fakes/plain_events.h"
 #include "fakes/temporary_folder.h"
+#include "platform/seams.h"
+#include "post/accounts/mail_account.h"
 #include "post/servers/mail_failures.h"
 #include "sign_in/authorization_server.h"
 #include "sign_in/browser_sign_in.h"
@@ -182,6 +185,8 @@ TEST_F(SignInTest, ADeviceAsksAtThePaceOfTheProvider) {
 TEST_F(SignInTest, TokensAreRenewedBeforeTheyEndAndWhenTheyAreRefused) {
   fakes::PlainEvents events;
   fakes::MemoryPasswords passwords;
+  fakes::MemorySettings settings;
+  platform::TheSeams().settings = &settings;
   KeptTokens::Clock::time_point now{};
   const std::string key = post::PasswordKey(account_);
   passwords.kept[key] = "first";
@@ -226,17 +231,29 @@ TEST_F(SignInTest, TokensAreRenewedBeforeTheyEndAndWhenTheyAreRefused) {
   });
   events.RunUntil([&done] { return !done; });
   EXPECT_EQ(elsewhere, "four") << "another program renewed it";
-  const auto renew = [&](const char* last) {
+  const auto renew = [&](const char* last, const post::Patience& patience) {
     server_.Say(200, std::string(R"({"access_token":"five","refresh_token":")") + last + "\"}");
-    return token(token(""));
+    tokens->Token(account_, "first", token(""), patience);
   };
+  post::Patience hurried(silence);
+  server_.meanwhile = [&hurried] {
+    hurried.Hurry();
+    while (!hurried.IsOver()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  };
+  renew("late", hurried);
+  server_.meanwhile = {};
+  EXPECT_EQ(passwords.kept[key], "late") << "what is under way counts from now on";
   passwords.isLocked = true;
-  renew("locked");
+  account_.MailKind = "Imap";
+  post::SaveMailAccount(account_);
+  renew("locked", patience_);
   EXPECT_EQ(passwords.kept[key], "locked") << "what can't be read is spent";
   passwords.isLocked = false;
   passwords.kept.erase(key);
-  renew("gone");
+  post::SaveMailAccount({});
+  renew("gone", patience_);
   EXPECT_TRUE(passwords.kept.empty()) << "the account isn't the user's any more";
+  platform::TheSeams() = {};
 }
 
 TEST(TokenEndpointTest, ATimeIsBelievedWithinReason) {
@@ -274,6 +291,8 @@ TEST_F(SignInTest, WhatIsMissingIsSaid) {
   ::chmod(files_.front().c_str(), 0600);
   EXPECT_EQ(RemarkOn(files_), "");
   ::chmod(files_.front().c_str(), 0644);
+  EXPECT_EQ(RemarkOn(files_), "") << "nobody gets into the folder";
+  ::chmod((folder_ / "").c_str(), 0755);
   EXPECT_NE(RemarkOn(files_), "");
   WriteFile(files_.front(), "[home.org]\nClientId\n");
   EXPECT_EQ(ServiceNameFor(account_, files_), "Google");

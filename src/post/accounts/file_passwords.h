@@ -20,7 +20,6 @@ class FilePasswords : public Passwords {
   explicit FilePasswords(std::string path) : path_(std::move(path)) {}
 
   std::optional<std::string> Read(const std::string& key) override;
-  bool HasNone(const std::string& key) override { return !Read(key); }
   bool Write(const std::string& key, const std::string& password) override;
   bool Forget(const std::string& key) override;
 

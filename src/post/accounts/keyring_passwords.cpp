@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "post/accounts/keyring_passwords.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
 #include <QEventLoop>
 #include <QTimer>
 #include <qt6keychain/keychain.h>
@@ -26,6 +30,23 @@ QString Service() { return u"Tarvolenix"_s; }
 bool HasBus() {
   const char* bus = std::getenv("DBUS_SESSION_BUS_ADDRESS");
   return bus && *bus;
+}
+
+/// Whether the keyring has it behind a lock that nobody has opened: it answers then as if it had
+/// nothing of that name. The entries are the library's, told by its own attributes.
+bool IsLockedAway(const std::string& key) {
+  using Attributes = QMap<QString, QString>;
+  constexpr int patience = 1000;  // milliseconds
+  qDBusRegisterMetaType<Attributes>();
+  QDBusMessage search =
+      QDBusMessage::createMethodCall(u"org.freedesktop.secrets"_s, u"/org/freedesktop/secrets"_s,
+                                     u"org.freedesktop.Secret.Service"_s, u"SearchItems"_s);
+  search << QVariant::fromValue(
+      Attributes{{u"server"_s, Service()}, {u"user"_s, QString::fromStdString(key)}});
+  search.setAutoStartService(false);
+  const QVariant locked =
+      QDBusConnection::sessionBus().call(search, QDBus::Block, patience).arguments().value(1);
+  return !qdbus_cast<QList<QDBusObjectPath>>(locked).isEmpty();
 }
 
 KeyringPasswords::Outcome OutcomeOf(QKeychain::Error error) {
@@ -75,20 +96,14 @@ KeyringPasswords::Outcome KeyringPasswords::ReadFromKeyring(const std::string& k
   if (!HasBus()) return Outcome::NoKeyring;
   if (!answers_) return Outcome::NoAnswer;
   auto& job = *std::make_unique<QKeychain::ReadPasswordJob>(Service()).release();
-  return Run(job, key, [&] { password = job.textData().toStdString(); });
+  const Outcome outcome = Run(job, key, [&] { password = job.textData().toStdString(); });
+  return outcome == Outcome::NoEntry && IsLockedAway(key) ? Outcome::NoAnswer : outcome;
 }
 
 std::optional<std::string> KeyringPasswords::Read(const std::string& key) {
   std::optional<std::string> password = file_.Read(key);
   if (!password) ReadFromKeyring(key, password);
   return password;
-}
-
-bool KeyringPasswords::HasNone(const std::string& key) {
-  std::optional<std::string> password = file_.Read(key);
-  if (password) return false;
-  const Outcome outcome = ReadFromKeyring(key, password);
-  return outcome == Outcome::NoEntry || outcome == Outcome::NoKeyring;
 }
 
 bool KeyringPasswords::Write(const std::string& key, const std::string& password) {
@@ -102,8 +117,9 @@ bool KeyringPasswords::Write(const std::string& key, const std::string& password
 
 bool KeyringPasswords::Forget(const std::string& key) {
   if (!file_.Forget(key)) return false;
-  if (HasNone(key)) return true;
-  if (!answers_) return false;
+  std::optional<std::string> password;
+  const Outcome outcome = ReadFromKeyring(key, password);
+  if (outcome != Outcome::Success) return outcome != Outcome::NoAnswer;
   auto& job = *std::make_unique<QKeychain::DeletePasswordJob>(Service()).release();
   return Run(job, key) == Outcome::Success;
 }

@@ -22,7 +22,6 @@ class KeyringPasswords : public Passwords {
   explicit KeyringPasswords(const std::string& file) : file_(file) {}
 
   std::optional<std::string> Read(const std::string& key) override;
-  bool HasNone(const std::string& key) override;
   bool Write(const std::string& key, const std::string& password) override;
   bool Forget(const std::string& key) override;
 

@@ -24,10 +24,6 @@ class PasswordsOfThisRun : public Passwords {
     return found != unkept_.end() ? found->second : kept_->Read(key);
   }
 
-  bool HasNone(const std::string& key) override {
-    return !unkept_.contains(key) && kept_->HasNone(key);
-  }
-
   bool Write(const std::string& key, const std::string& password) override {
     const bool keeps = kept_->Write(key, password);
     unkept_.erase(key);

@@ -17,9 +17,6 @@ class Passwords {
   /// `key` is PasswordKey's. Nothing where none is kept, or where it can't be read just now.
   virtual std::optional<std::string> Read(const std::string& key) = 0;
 
-  /// Whether none is kept for sure.
-  virtual bool HasNone(const std::string& key) = 0;
-
   /// False where it can't be kept; what was kept before then stands.
   virtual bool Write(const std::string& key, const std::string& password) = 0;
 

@@ -14,6 +14,11 @@ class Patience {
   /// `silence`: the longest wait for the next byte.
   explicit Patience(std::chrono::milliseconds silence) : silence_(silence) {}
 
+  /// As long as the other's, whose end counts for nothing for the first `least`. The other one must
+  /// outlive it.
+  Patience(const Patience& other, Clock::duration least)
+      : silence_(other.silence_), other_(&other), least_(Clock::now() + least) {}
+
   std::chrono::milliseconds Silence() const { return silence_; }
 
   /// The longest that one command may take, however busily its answer drips in.
@@ -27,11 +32,17 @@ class Patience {
         never, (Clock::now() + std::chrono::milliseconds(500)).time_since_epoch());
   }
 
-  bool IsOver() const { return Clock::now().time_since_epoch() > end_.load(); }
+  bool IsOver() const {
+    const auto now = Clock::now();
+    if (other_) return now > least_ && other_->IsOver();
+    return now.time_since_epoch() > end_.load();
+  }
 
  private:
   std::chrono::milliseconds silence_;
   std::atomic<Clock::duration> end_ = Clock::duration::max();
+  const Patience* other_ = nullptr;
+  Clock::time_point least_;
 };
 
 }  // namespace post

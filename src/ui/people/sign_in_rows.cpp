@@ -92,11 +92,10 @@ bool SignInRows::IsSignedIn() const {
 }
 
 void SignInRows::ShowNote() {
-  const std::string standing = name_.empty() ? "At " + offer_.name + ", instead of a password."
-                               : !IsSignedIn()
-                                   ? offer_.name + " wants a new sign-in for this mailbox."
-                               : hasLapsed_ ? offer_.name + " wants you to sign in again."
-                                            : "You are signed in at " + offer_.name + ".";
+  const std::string standing = name_.empty()   ? "At " + offer_.name + ", instead of a password."
+                               : !IsSignedIn() ? "There is no sign-in for this mailbox yet."
+                               : hasLapsed_    ? offer_.name + " wants you to sign in again."
+                                               : "You are signed in at " + offer_.name + ".";
   note_->setText(Shown(offer_.isReady ? standing + ' ' + offer_.remark : offer_.remark));
   form_->ShowRow(pageRow_, false);
 }

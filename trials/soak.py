@@ -57,6 +57,7 @@ class Soak:
 
     def __init__(self, folder, arguments):
         self.seconds = 60 * arguments.minutes
+        self.is_short = arguments.short
         self.restarts_at = RESTARTS_AT[:1] if arguments.short else RESTARTS_AT
         self.servers = MailServers(folder)
         self.wires = [Proxy(self.servers.imap_port), Proxy(self.servers.smtp_port)]
@@ -171,7 +172,8 @@ class Soak:
         life = self.windows[0].longest_life()
         self.growth = self.windows[0].growth(max(5, life[-1][0] / 4))
         if not self.growth:
-            self.faults.append(("grown", "no process lived long enough to tell"))
+            if not self.is_short:  # by whose end a slow machine has only begun
+                self.faults.append(("grown", "no process lived long enough to tell"))
             return
         before, after, handles_before, handles_after = self.growth
         if after - before > MEMORY_MARGIN or handles_after - handles_before > HANDLES_MARGIN:

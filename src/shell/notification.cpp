@@ -25,6 +25,8 @@ using platform::Process;
 
 namespace {
 
+using GameIDs = std::vector<std::int32_t>;
+
 enum NotificationMethod { BySound = 1, ByDialog = 2, ByBoth = 3 };
 
 bool Notifies(NotificationMethod method) {
@@ -64,17 +66,35 @@ void PlayNewMove(std::int32_t gameID) {
   if (OpenNewMove(gameID)) std::erase(Process().PendingGames, gameID);
 }
 
-void TellByNotice();
+void ShowNotice(const GameIDs& games);
 
-/// What the user has answered to the desktop's notice, at any time.
-void TakeAnswer(std::int32_t gameID, NotifyChoice choice) {
+/// Those that still wait are told when the board closes: looks that came meanwhile have forgotten
+/// them.
+void TellLater(const GameIDs& games) {
+  GameIDs& pending = Process().PendingGames;
+  for (const std::int32_t gameID : games) {
+    std::optional<store::GameRecord> game;
+    const bool waits =
+        store::FindGame(game, gameID) && game && game->GAME_STATUS == store::MoveWaiting;
+    if (waits && std::count(pending.begin(), pending.end(), gameID) == 0) pending.push_back(gameID);
+  }
+  if (!pending.empty()) Process().NewMoveArrived = true;
+}
+
+/// What the user has answered to the desktop's notice about these games, at any time. Play is for
+/// the first.
+void TakeAnswer(GameIDs games, NotifyChoice choice) {
   platform::Windows& windows = *platform::TheSeams().windows;
   if (Process().Stopping || windows.AnswerAboutNewMove(choice)) return;
   if (choice == NotifyChoice::Later) return Process().PendingGames.clear();
-  if (Process().CheckTimerHeld) return windows.RaiseFrontWindow();
+  if (Process().CheckTimerHeld) {
+    windows.RaiseFrontWindow();
+    return ShowNotice(games);  // he may answer again when he is done there
+  }
   try {
-    PlayNewMove(gameID);
-    TellByNotice();
+    PlayNewMove(games.front());
+    games.erase(games.begin());
+    TellLater(games);
   } catch (const std::exception& error) {
     ReportFailedOpening(error, "the game board");
   }
@@ -104,22 +124,20 @@ platform::Notice NoticeOf(const std::vector<platform::NewMove>& moves) {
   return {std::to_string(moves.size()) + " new moves have arrived", platform::Harmless(text)};
 }
 
-void ShowNotice(const std::vector<platform::NewMove>& moves) {
-  if (!platform::Settings().DesktopNotices || moves.empty()) return;
-  platform::TheSeams().notices->Show(
-      NoticeOf(moves),
-      [gameID = moves.front().gameID](NotifyChoice choice) { TakeAnswer(gameID, choice); });
-}
-
-/// Of all pending games, where Play is for the first.
-void TellByNotice() {
+/// A game that can't be found isn't told.
+void ShowNotice(const GameIDs& games) {
+  if (!platform::Settings().DesktopNotices) return;
   std::vector<platform::NewMove> moves;
-  for (const std::int32_t gameID : Process().PendingGames) {
-    const bool isTold = std::any_of(moves.begin(), moves.end(),
-                                    [gameID](const auto& move) { return move.gameID == gameID; });
-    if (const auto move = NewMoveIn(gameID); move && !isTold) moves.push_back(*move);
+  GameIDs told;
+  for (const std::int32_t gameID : games) {
+    const auto move = NewMoveIn(gameID);
+    if (!move || std::count(told.begin(), told.end(), gameID) != 0) continue;
+    moves.push_back(*move);
+    told.push_back(gameID);
   }
-  ShowNotice(moves);
+  if (told.empty()) return;
+  platform::TheSeams().notices->Show(NoticeOf(moves),
+                                     [told](NotifyChoice choice) { TakeAnswer(told, choice); });
 }
 
 /// False where the user plays one of them, or can't.
@@ -152,7 +170,7 @@ void TellOfNewMoves() {
   if (Notifies(ByDialog)) {
     AskAboutPendingGames();
   } else {
-    TellByNotice();
+    ShowNotice(Process().PendingGames);
   }
   if (Process().PendingGames.empty()) Process().NewMoveArrived = false;
 }
@@ -163,7 +181,7 @@ void NotifyNewMoves() {
   if (!Process().NewMoveArrived || Process().Stopping) return;
   try {
     if (Process().GameListOpen) {
-      if (!platform::TheSeams().windows->AreInUse()) TellByNotice();
+      if (!platform::TheSeams().windows->AreInUse()) ShowNotice(Process().PendingGames);
     } else {
       TellOfNewMoves();
     }
@@ -187,7 +205,7 @@ NotifyChoice ShowNotification() {
   const platform::PollingHold hold;
   const auto newMove = NewMoveIn(FirstPending());
   if (newMove) {
-    ShowNotice({*newMove});
+    ShowNotice({newMove->gameID});
     const NotifyChoice choice = platform::TheSeams().windows->AskAboutNewMove(*newMove);
     platform::TheSeams().notices->Withdraw();
     return choice;

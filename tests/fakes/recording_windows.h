@@ -7,6 +7,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/help.h"
@@ -73,12 +74,20 @@ class RecordingNotices : public platform::Notices {
  public:
   void Show(const platform::Notice& notice, const Answered& onAnswer) override {
     text = notice.text;
-    answered = onAnswer;
+    answered_ = onAnswer;
   }
   void Withdraw() override { text.clear(); }
 
+  /// The user does so there.
+  void Answer(platform::NotifyChoice choice) {
+    text.clear();
+    std::exchange(answered_, nullptr)(choice);
+  }
+
   std::string text;  ///< of the one that is shown
-  Answered answered;
+
+ private:
+  Answered answered_;
 };
 
 class RecordingTray : public platform::Tray {

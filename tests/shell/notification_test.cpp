@@ -97,8 +97,8 @@ TEST_F(NotificationTest, TheDesktopsNoticeCanBeAnsweredInThePlaceOfTheDialog) {
        {5},
        ""},
       {"Later beside the dialog", 2, Later, false, "notify Anna/Game 4/My plan", {}, ""},
-      {"Play without one", 0, Play, false, "board 4 in front", {5}, bernd},
-      {"Later without one", 0, Later, false, "", {}, both},
+      {"Play without one", 0, Play, false, "board 4 in front", {5}, ""},
+      {"Later without one", 0, Later, false, "", {}, ""},
       {"Play while something else is up", 0, Play, true, "raise", {4, 5}, both},
   };
   Settings().DesktopNotices = true;
@@ -109,7 +109,7 @@ TEST_F(NotificationTest, TheDesktopsNoticeCanBeAnsweredInThePlaceOfTheDialog) {
     const auto answer = [&] {
       EXPECT_EQ(desktop.notices.text, row.method == 0 ? both : anna);
       Process().CheckTimerHeld = row.anotherWindow || row.method != 0;
-      desktop.notices.answered(row.answer);
+      desktop.notices.Answer(row.answer);
     };
     desktop.windows.duringQuestion = answer;
     Process().NewMoveArrived = true;
@@ -121,6 +121,14 @@ TEST_F(NotificationTest, TheDesktopsNoticeCanBeAnsweredInThePlaceOfTheDialog) {
     EXPECT_EQ(Process().PendingGames, row.left);
     EXPECT_EQ(desktop.notices.text, row.notice);
   }
+  Process().CheckTimerHeld = Process().BoardOpen = false;
+  Notify({4, 5});
+  Process().PendingGames.clear();  // by the next look
+  Process().NewMoveArrived = false;
+  desktop.notices.Answer(Play);
+  Process().CheckTimerHeld = Process().BoardOpen = false;
+  NotifyNewMoves();
+  EXPECT_EQ(desktop.notices.text, bernd) << "the second is told when the board closes";
   Process().GameListOpen = true;
   for (const bool inUse : {true, false}) {
     desktop.windows.inUse = inUse;

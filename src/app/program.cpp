@@ -91,6 +91,12 @@ void TellOfUserFolder(platform::MessageBoxes& boxes, const std::string& failure)
                      "\" (" + failure + "), so no game that you play now can be kept.");
 }
 
+void TellOfSettingsFolder(platform::MessageBoxes& boxes, const std::string& failure) {
+  boxes.PlainBox(platform::PlainIcon::Warning, "Settings",
+                 "Tarvolenix can't write into the folder of its settings (" + failure +
+                     "), so what you choose now is forgotten when it ends.");
+}
+
 /// The toolkit isn't asked before there is a tray: its first look decides where it looks from then
 /// on.
 bool IsTrayThere() {
@@ -108,6 +114,7 @@ Program::Program(const desktop::Folders& folders, const std::string& commandLine
   QApplication::setQuitOnLastWindowClosed(false);
   platform::SetupGlobalVariables(folders.program, commandLine, folders.user);
   folderFailure_ = desktop::PrepareUserFolder(folders);
+  settingsFailure_ = desktop::PrepareSettingsFolder(folders);
   desktop_ = std::make_unique<wiring::RealSeams>(
       folders.settingsFile, [this](const auto& suggestion) { return AskAtLogon(suggestion); },
       post::MailService::AskRecipients{
@@ -158,6 +165,7 @@ bool Program::HandOver(const desktop::GivenFiles& files) {
 
 bool Program::Start() {
   if (!folderFailure_.empty()) TellOfUserFolder(boxes_, folderFailure_);
+  if (!settingsFailure_.empty()) TellOfSettingsFolder(boxes_, settingsFailure_);
   return shell::StartUp();
 }
 

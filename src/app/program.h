@@ -83,7 +83,8 @@ class Program {
   std::unique_ptr<desktop::InstanceChannel> channel_;
   ui::WaitingWindows waiting_;
   NetworkWatch network_;
-  std::string folderFailure_;  // why no game can be kept, told at the start
+  std::string folderFailure_;    // why no game can be kept, told at the start
+  std::string settingsFailure_;  // likewise of the settings
   /// What the account dialog wants to know of the network. Only the last one counts.
   struct Inquiry {
     std::function<void()> hurry;

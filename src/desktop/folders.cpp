@@ -121,6 +121,10 @@ std::string PrepareUserFolder(const Folders& folders) {
   return failure;
 }
 
+std::string PrepareSettingsFolder(const Folders& folders) {
+  return MakeWritable(fs::path(folders.settingsFile).parent_path().string());
+}
+
 std::string DefaultPostFolder() { return UsersFolder() + "post/"; }
 
 }  // namespace desktop

@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t mostTold = 2000;
 constexpr std::size_t mostArrivals = 2000;
 
-std::string MemoryPath() { return platform::Process().DataPath + "Tvmail.dat"; }
+constexpr const char* memoryFile = "Tvmail.dat";
 
 void ReadAddress(platform::FieldWalk& fields, bool accepted, MailMemory& memory) {
   KnownAddress known;
@@ -93,11 +93,11 @@ bool MailMemory::WasTold(std::string_view id) const {
   return std::find(told.begin(), told.end(), id) != told.end();
 }
 
-MailMemory LoadMailMemory() {
+MailMemory LoadMailMemory(const std::string& folder) {
   platform::Files& files = *platform::TheSeams().files;
   MailMemory memory;
-  if (!files.Exists(MemoryPath())) return memory;
-  const std::string content = files.Read(MemoryPath());
+  if (!files.Exists(folder + memoryFile)) return memory;
+  const std::string content = files.Read(folder + memoryFile);
   platform::FieldWalk lines(content, '\n');
   for (int count = platform::CountFields(content, '\n'); count > 0; --count) {
     ReadLine(lines.Next(), memory);
@@ -127,7 +127,23 @@ void SaveMailMemory(const MailMemory& memory) {
   for (auto it = LatestOf(memory.told, mostTold); it != memory.told.end(); ++it) {
     content.append(memory.silenced.contains(*it) ? "silenced|" : "told|").append(*it).append("\n");
   }
-  platform::ReplaceFile(MemoryPath(), content);
+  platform::ReplaceFile(platform::Process().DataPath + memoryFile, content);
+}
+
+void AddMailMemoryOf(const std::string& folder) {
+  MailMemory memory = LoadMailMemory(folder);
+  MailMemory own = LoadMailMemory();
+  const auto append = [](auto& entries, const auto& more) {
+    entries.insert(entries.end(), more.begin(), more.end());
+  };
+  append(memory.addresses, own.addresses);
+  append(memory.foundings, own.foundings);
+  append(memory.told, own.told);
+  append(memory.arrivals, own.arrivals);
+  append(memory.departures, own.departures);
+  memory.silenced.merge(own.silenced);
+  memory.undelivered.merge(own.undelivered);
+  SaveMailMemory(memory);
 }
 
 }  // namespace mail

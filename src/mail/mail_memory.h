@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/process_state.h"
 #include "store/game_record.h"
 
 namespace mail {
@@ -51,7 +52,11 @@ struct MailMemory {
   bool WasTold(std::string_view id) const;
 };
 
-MailMemory LoadMailMemory();
+/// Of the folder of the games, where none is named; blank where there is no such file.
+MailMemory LoadMailMemory(const std::string& folder = platform::Process().DataPath);
 void SaveMailMemory(const MailMemory& memory);
+
+/// Adds what is remembered in the folder of other games. Raises platform::FileError.
+void AddMailMemoryOf(const std::string& folder);
 
 }  // namespace mail

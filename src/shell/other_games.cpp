@@ -3,6 +3,8 @@
 
 #include <exception>
 
+#include "mail/mail_memory.h"
+#include "platform/address_book.h"
 #include "platform/messages.h"
 #include "platform/polling.h"
 #include "platform/process_state.h"
@@ -47,29 +49,55 @@ void ForgetFormerGames() {
   Process().NewMoveArrived = false;
 }
 
-/// A sentence where the notes stayed behind.
-std::string UseNotesOf(const std::string& folder) {
-  const std::string trouble = study::UseNotesOf(folder);
-  return trouble.empty() ? "" : "|The notes that lie beside them weren't copied: " + trouble + ".";
+/// Who has noted something here keeps that where the games are the same.
+std::string UseNotesOf(const std::string& folder, bool isNewHere) {
+  return isNewHere || !study::HasNotes() ? study::UseNotesOf(folder) : "";
 }
 
-/// The people of the address book join those who are here. A sentence where they stayed behind.
-std::string AddPeopleOf(const std::string& folder) {
+/// The people of the address book join those who are here.
+std::string AddPeopleOf(const std::string& folder, bool /*isNewHere*/) {
   const std::string path = folder + platform::addressBookFile;
-  try {
-    if (platform::TheFiles().Exists(path)) platform::TheSeams().addressBook->Import(path);
-    return {};
-  } catch (const platform::FileError& error) {
-    return std::string("|The address book that lies beside them wasn't copied: ") + error.what() +
-           ".";
+  if (!platform::TheFiles().Exists(path)) return {};
+  const int damaged = platform::TheSeams().addressBook->Import(path).leftOut;
+  return damaged == 0 ? "" : std::to_string(damaged) + " of its entries can't be used";
+}
+
+std::string AddMemoryOf(const std::string& folder, bool /*isNewHere*/) {
+  mail::AddMailMemoryOf(folder);
+  return {};
+}
+
+/// What else lies in a folder of games. Answers what went wrong.
+constexpr struct {
+  const char* name;
+  std::string (*take)(const std::string& folder, bool isNewHere);
+} companions[] = {
+    {"The notes", UseNotesOf},
+    {"The address book", AddPeopleOf},
+    {"What was remembered of the mails", AddMemoryOf},
+};
+
+/// Sentences on what stayed behind. `isNewHere`: the games weren't here before.
+std::string TakeCompanionsOf(const store::OtherGames& other, bool isNewHere) {
+  const std::string folder = other.path.substr(0, other.path.rfind('/') + 1);
+  std::string told;
+  for (const auto& companion : companions) {
+    std::string trouble;
+    try {
+      trouble = companion.take(folder, isNewHere);
+    } catch (const std::exception& error) {
+      trouble = error.what();
+    }
+    if (trouble.empty()) continue;
+    told += std::string("|") + companion.name + " beside them didn't come along whole: " + trouble +
+            '.';
   }
+  return told;
 }
 
 void Use(const store::OtherGames& other) {
   const std::string kept = store::UseGames(other);
-  const std::string folder = other.path.substr(0, other.path.rfind('/') + 1);
-  const std::string notes = UseNotesOf(folder);
-  const std::string people = AddPeopleOf(folder);
+  const std::string trouble = TakeCompanionsOf(other, true);
   ForgetFormerGames();
   UpdateTrayStatus(platform::TrayOperation::Modify);
   Tell(platform::InformationIcon,
@@ -77,7 +105,7 @@ void Use(const store::OtherGames& other) {
            (kept.empty() ? "."
                          : "; the games that were here are kept as " + kept + " in the folder " +
                                Process().DataPath + ".") +
-           notes + people);
+           trouble);
 }
 
 }  // namespace
@@ -87,8 +115,9 @@ bool UseGamesOfFolder(const std::string& folder) {
   try {
     const store::OtherGames other = store::LookAtGamesIn(folder);
     if (other.content == store::ReadGameFile()) {
-      Tell(platform::InformationIcon,
-           "The games of " + other.path + " are the same as those in your list.");
+      Tell(platform::InformationIcon, "The games of " + other.path +
+                                          " are the same as those in your list." +
+                                          TakeCompanionsOf(other, false));
       return false;
     }
     if (!Agrees(other)) return false;

@@ -46,6 +46,20 @@ std::string PutAside(const std::string& start) {
   return name;
 }
 
+/// Puts another file in the place of the notes, which are kept beside it. Both stay where they are
+/// where that fails.
+void Replace(const std::string& copy) {
+  platform::Files& files = platform::TheFiles();
+  const std::string aside =
+      files.Exists(NotesPath()) ? platform::Process().DataPath + PutAside("Notes.replaced-") : "";
+  try {
+    files.Rename(copy, NotesPath());
+  } catch (const platform::FileError&) {
+    if (!aside.empty()) files.Rename(aside, NotesPath());
+    throw;
+  }
+}
+
 int LayoutOf(NotesDatabase& database) {
   int number = 0;
   database.Run("PRAGMA user_version", {}, [&number](const NotesDatabase::Row& row) {
@@ -222,6 +236,8 @@ void ForgetGames(const std::vector<std::string>& removed) try {
 } catch (const std::exception&) {  // the next start finds what is wrong with the file, and tells it
 }
 
+bool HasNotes() { return platform::TheFiles().Exists(NotesPath()); }
+
 std::string UseNotesOf(const std::string& folder) {
   const std::string source = folder + notesFile;
   const std::string copy = platform::Process().DataPath + "Notes.new";
@@ -234,8 +250,7 @@ std::string UseNotesOf(const std::string& folder) {
       { const NotesDatabase emptyAndPrivate(copy, true); }
       other.Run("VACUUM INTO ?", {copy});
     }
-    if (platform::TheFiles().Exists(NotesPath())) PutAside("Notes.replaced-");
-    platform::TheFiles().Rename(copy, NotesPath());
+    Replace(copy);
     return {};
   } catch (const std::exception& error) {
     store::RemoveQuietly(copy);

@@ -61,6 +61,9 @@ class StudyFile {
 /// Quiet: what can't be taken out stays, and is seen nowhere.
 void ForgetGames(const std::vector<std::string>& removed);
 
+/// Whether there is a file of them.
+bool HasNotes();
+
 /// Copies the notes that lie in the folder of other games, and keeps one's own beside them. Nothing
 /// is done where there are none. Answers what went wrong, as the end of a sentence.
 std::string UseNotesOf(const std::string& folder);

@@ -97,6 +97,12 @@ void TellOfSettingsFolder(platform::MessageBoxes& boxes, const std::string& fail
                      "), so what you choose now is forgotten when it ends.");
 }
 
+void TellThatNobodyTakesThem(platform::MessageBoxes& boxes) {
+  boxes.PlainBox(platform::PlainIcon::Warning, "Move file",
+                 "The Tarvolenix that runs is busy and took no file. Please try again when it is "
+                 "done.");
+}
+
 /// The toolkit isn't asked before there is a tray: its first look decides where it looks from then
 /// on.
 bool IsTrayThere() {
@@ -150,7 +156,9 @@ Program::~Program() {
 
 bool Program::HandOver(const desktop::GivenFiles& files) {
   if (instance_->IsAnotherRunning()) {
-    return desktop::HandOverFiles(instance_->Socket(), files) && !files.empty();
+    const bool isTaken = desktop::HandOverFiles(instance_->Socket(), files);
+    if (!isTaken && !files.empty()) TellThatNobodyTakesThem(boxes_);
+    return !files.empty();
   }
   const auto give = [this](const auto& given) {
     if (given.empty()) return tray_->ComeToFront();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "front/display.h"
 
+#include <QDir>
+#include <QLibraryInfo>
 #include <sys/stat.h>
 #include <xcb/xcb.h>
 
@@ -16,12 +18,18 @@ std::string Variable(const char* name) {
   return value ? value : "";
 }
 
+/// The toolkit may lack its part for that.
+bool KnowsWayland() {
+  const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
+  return !plugins.entryList({QStringLiteral("libqwayland*")}, QDir::Files).isEmpty();
+}
+
 bool WaylandIsThere() {
   std::string socket = Variable("WAYLAND_DISPLAY");
   if (socket.empty()) return false;
   if (!socket.starts_with('/')) socket.insert(0, Variable("XDG_RUNTIME_DIR") + "/");
   struct stat status = {};
-  return ::stat(socket.c_str(), &status) == 0 && S_ISSOCK(status.st_mode);
+  return ::stat(socket.c_str(), &status) == 0 && S_ISSOCK(status.st_mode) && KnowsWayland();
 }
 
 bool XServerIsThere() {
@@ -34,10 +42,13 @@ bool XServerIsThere() {
 }  // namespace
 
 bool DisplayIsThere() {
-  // Whoever names another kind of screen knows what he does.
   const std::string chosen = Variable("QT_QPA_PLATFORM");
-  if (!chosen.empty() && !chosen.starts_with("xcb") && !chosen.starts_with("wayland")) return true;
-  return WaylandIsThere() || XServerIsThere();
+  const auto names = [&chosen](const char* kind) { return chosen.find(kind) != std::string::npos; };
+  const bool isOpen = chosen.empty();
+  // Whoever names another kind of screen knows what he does.
+  if (!isOpen && !names("xcb") && !names("wayland")) return true;
+  return ((isOpen || names("wayland")) && WaylandIsThere()) ||
+         ((isOpen || names("xcb")) && XServerIsThere());
 }
 
 }  // namespace front

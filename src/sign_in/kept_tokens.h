@@ -20,8 +20,8 @@ namespace sign_in {
 
 class KeptTokens : public post::AccessTokens {
  public:
-  /// A clock that is set counts for nothing. It stands still while the computer sleeps: a token that
-  /// ended meanwhile is refused, and renewed then.
+  /// A clock that is set counts for nothing. It stands still while the computer sleeps: a token
+  /// that ended meanwhile is refused, and renewed then.
   using Clock = std::chrono::steady_clock;
   using Now = std::function<Clock::time_point()>;
 

@@ -93,8 +93,8 @@ void TellOfUserFolder(platform::MessageBoxes& boxes, const std::string& failure)
 
 void TellOfSettingsFolder(platform::MessageBoxes& boxes, const std::string& failure) {
   boxes.PlainBox(platform::PlainIcon::Warning, "Settings",
-                 "Tarvolenix can't write into the folder of its settings (" + failure +
-                     "), so what you choose now is forgotten when it ends.");
+                 "Tarvolenix can't write into the folder of its settings, " + failure +
+                     ", so what you choose now is forgotten when it ends.");
 }
 
 void TellThatNobodyTakesThem(platform::MessageBoxes& boxes) {

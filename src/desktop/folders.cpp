@@ -122,7 +122,9 @@ std::string PrepareUserFolder(const Folders& folders) {
 }
 
 std::string PrepareSettingsFolder(const Folders& folders) {
-  return MakeWritable(fs::path(folders.settingsFile).parent_path().string());
+  const std::string folder = fs::path(folders.settingsFile).parent_path().string();
+  const std::string reason = MakeWritable(folder);
+  return reason.empty() ? reason : '"' + folder + "\" (" + reason + ')';
 }
 
 std::string DefaultPostFolder() { return UsersFolder() + "post/"; }

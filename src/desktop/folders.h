@@ -37,7 +37,8 @@ Folders FoldersFor(const std::string& home, const std::string& executables = Pro
 /// can.
 std::string PrepareUserFolder(const Folders& folders);
 
-/// Makes the folder of the settings. Answers why none can be kept there, or nothing where they can.
+/// Makes the folder of the settings. Answers which one it is and why none can be kept there, or
+/// nothing where they can.
 std::string PrepareSettingsFolder(const Folders& folders);
 
 /// Where the local post office lies unless the account names another folder.

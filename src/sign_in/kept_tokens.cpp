@@ -60,8 +60,6 @@ KeptTokens::KeptTokens(platform::Events& events, post::Passwords& passwords, Cli
       now_(std::move(now)),
       audience_(std::make_shared<bool>()) {}
 
-KeptTokens::~KeptTokens() { KeepRenewed(); }
-
 std::string KeptTokens::Token(const post::MailAccount& account, const std::string& refresh,
                               const std::string& stale, const post::Patience& patience) {
   // One asks at a time: a refresh token may count only once.

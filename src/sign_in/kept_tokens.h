@@ -28,7 +28,7 @@ class KeptTokens : public post::AccessTokens {
   /// Belongs to the window's thread, as `events` and `passwords` do, which must outlive it.
   KeptTokens(platform::Events& events, post::Passwords& passwords, ClientFiles files,
              Now now = Clock::now);
-  ~KeptTokens() override;
+  ~KeptTokens() override = default;
   KeptTokens(const KeptTokens&) = delete;
   KeptTokens& operator=(const KeptTokens&) = delete;
 
@@ -38,7 +38,8 @@ class KeptTokens : public post::AccessTokens {
   /// Callable from any thread: what counts now in the place of a refresh token that may be spent.
   std::string Newest(std::string refresh) const;
 
-  /// What was renewed is kept by now. Done by itself, too, as soon as the window's thread is free.
+  /// Keeps what was renewed: at the end, when no thread renews any more. Until then that is done by
+  /// itself, as soon as the window's thread is free.
   void KeepRenewed();
 
   const ClientFiles& Files() const { return files_; }

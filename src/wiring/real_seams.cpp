@@ -16,12 +16,12 @@ RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAcco
       passwords_(post::PasswordsBeside(settingsFile)),
       sounds_(std::make_unique<desktop::LoadedSounds>()),
       tokens_(events_, *passwords_, sign_in::UsualClientFiles(settingsFile)),
-      mail_(events_, *passwords_, std::move(ask), post::TransportsWith(tokens_)) {
-  mail_.SetAskRecipients(std::move(askRecipients));
+      mail_(std::in_place, events_, *passwords_, std::move(ask), post::TransportsWith(tokens_)) {
+  mail_->SetAskRecipients(std::move(askRecipients));
   platform::Seams& seams = platform::TheSeams();
-  seams.MSess = &mail_;
-  seams.MMess = &mail_;
-  seams.mailState = &mail_;
+  seams.MSess = &*mail_;
+  seams.MMess = &*mail_;
+  seams.mailState = &*mail_;
   seams.movePages = &movePages_;
   seams.notices = &notices_;
   seams.settings = &settings_;
@@ -33,8 +33,9 @@ RealSeams::RealSeams(const std::string& settingsFile, post::MailService::AskAcco
 }
 
 RealSeams::~RealSeams() {
-  mail_.StopDelivering();
-  tokens_.KeepRenewed();  // while there is somebody to tell that it can't
+  mail_->StopDelivering();
+  mail_.reset();          // with its threads, which may renew a sign-in to the last
+  tokens_.KeepRenewed();  // while there are settings to go by
   platform::TheSeams() = {};
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "desktop/autostart_entry.h"
@@ -35,7 +36,7 @@ class RealSeams {
   post::Passwords& KeptPasswords() { return *passwords_; }
   sign_in::KeptTokens& Tokens() { return tokens_; }
   desktop::QtEvents& Events() { return events_; }
-  post::MailService& Mail() { return mail_; }
+  post::MailService& Mail() { return *mail_; }
 
  private:
   desktop::PosixFiles files_;
@@ -48,7 +49,7 @@ class RealSeams {
   pages::MailPages movePages_;
   desktop::DesktopNotices notices_;
   sign_in::KeptTokens tokens_;
-  post::MailService mail_;
+  std::optional<post::MailService> mail_;  // until the end begins
 };
 
 }  // namespace wiring

@@ -96,8 +96,7 @@ KeyringPasswords::Outcome KeyringPasswords::ReadFromKeyring(const std::string& k
   if (!HasBus()) return Outcome::NoKeyring;
   if (!answers_) return Outcome::NoAnswer;
   auto& job = *std::make_unique<QKeychain::ReadPasswordJob>(Service()).release();
-  const Outcome outcome = Run(job, key, [&] { password = job.textData().toStdString(); });
-  return outcome == Outcome::NoEntry && IsLockedAway(key) ? Outcome::NoAnswer : outcome;
+  return Run(job, key, [&] { password = job.textData().toStdString(); });
 }
 
 std::optional<std::string> KeyringPasswords::Read(const std::string& key) {
@@ -119,7 +118,8 @@ bool KeyringPasswords::Forget(const std::string& key) {
   if (!file_.Forget(key)) return false;
   std::optional<std::string> password;
   const Outcome outcome = ReadFromKeyring(key, password);
-  if (outcome != Outcome::Success) return outcome != Outcome::NoAnswer;
+  if (outcome == Outcome::NoEntry) return !IsLockedAway(key);
+  if (outcome != Outcome::Success) return outcome == Outcome::NoKeyring;
   auto& job = *std::make_unique<QKeychain::DeletePasswordJob>(Service()).release();
   return Run(job, key) == Outcome::Success;
 }

@@ -25,7 +25,8 @@ class KeyringPasswords : public Passwords {
   bool Write(const std::string& key, const std::string& password) override;
   bool Forget(const std::string& key) override;
 
-  /// What becomes of a question to the keyring. One that is locked gives no answer.
+  /// What becomes of a question to the keyring. One that stays locked gives no answer, or says that
+  /// it has no such entry.
   enum class Outcome { Success, NoEntry, NoAnswer, NoKeyring };
 
  private:

@@ -36,13 +36,18 @@ void TellUser(const std::string& text) {
 }
 
 /// Answers the name that the file has now.
+/// A change that was cut off belongs to the file.
+void Move(const std::string& from, const std::string& to) {
+  constexpr const char* journal = "-journal";
+  platform::Files& files = platform::TheFiles();
+  if (files.Exists(from + journal)) files.Rename(from + journal, to + journal);
+  files.Rename(from, to);
+}
+
 std::string PutAside(const std::string& start) {
   std::string name = store::FreeName(start, ".sqlite");
   const std::string path = platform::Process().DataPath + name;
-  const std::string journal = NotesPath() + "-journal";
-  // A change that was cut off belongs to the file.
-  if (platform::TheFiles().Exists(journal)) platform::TheFiles().Rename(journal, path + "-journal");
-  platform::TheFiles().Rename(NotesPath(), path);
+  Move(NotesPath(), path);
   return name;
 }
 
@@ -55,7 +60,7 @@ void Replace(const std::string& copy) {
   try {
     files.Rename(copy, NotesPath());
   } catch (const platform::FileError&) {
-    if (!aside.empty()) files.Rename(aside, NotesPath());
+    if (!aside.empty()) Move(aside, NotesPath());
     throw;
   }
 }

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <functional>
+#include <tuple>
 
 #include "platform/conversions.h"
 #include "platform/mail_address.h"
@@ -40,6 +42,17 @@ std::int64_t SecondsOf(std::string_view text) {
 template <typename Entries>
 auto LatestOf(const Entries& entries, std::size_t most) {
   return entries.end() - static_cast<std::ptrdiff_t>(std::min(entries.size(), most));
+}
+
+/// Of two that are about the same the later ones stand.
+template <typename Entry, typename Subject>
+void Append(std::vector<Entry>& entries, const std::vector<Entry>& later, Subject subject) {
+  std::erase_if(entries, [&](const Entry& entry) {
+    return std::ranges::any_of(later, [&](const Entry& other) {
+      return std::invoke(subject, other) == std::invoke(subject, entry);
+    });
+  });
+  entries.insert(entries.end(), later.begin(), later.end());
 }
 
 /// What can't be read is passed over: a line that was damaged costs a question more.
@@ -131,16 +144,16 @@ void SaveMailMemory(const MailMemory& memory) {
 }
 
 void AddMailMemoryOf(const std::string& folder) {
+  if (!platform::TheFiles().Exists(folder + memoryFile)) return;
   MailMemory memory = LoadMailMemory(folder);
   MailMemory own = LoadMailMemory();
-  const auto append = [](auto& entries, const auto& more) {
-    entries.insert(entries.end(), more.begin(), more.end());
-  };
-  append(memory.addresses, own.addresses);
-  append(memory.foundings, own.foundings);
-  append(memory.told, own.told);
-  append(memory.arrivals, own.arrivals);
-  append(memory.departures, own.departures);
+  Append(memory.addresses, own.addresses, [](const KnownAddress& known) {
+    return std::tie(known.gameID, known.dateStamp, known.address);
+  });
+  Append(memory.foundings, own.foundings, std::identity());
+  Append(memory.told, own.told, std::identity());
+  Append(memory.arrivals, own.arrivals, &Arrival::thread);
+  Append(memory.departures, own.departures, &Arrival::thread);
   memory.silenced.merge(own.silenced);
   memory.undelivered.merge(own.undelivered);
   SaveMailMemory(memory);

@@ -49,20 +49,15 @@ void ForgetFormerGames() {
   Process().NewMoveArrived = false;
 }
 
-/// Who has noted something here keeps that where the games are the same.
-std::string UseNotesOf(const std::string& folder, bool isNewHere) {
-  return isNewHere || !study::HasNotes() ? study::UseNotesOf(folder) : "";
-}
-
 /// The people of the address book join those who are here.
-std::string AddPeopleOf(const std::string& folder, bool /*isNewHere*/) {
+std::string AddPeopleOf(const std::string& folder) {
   const std::string path = folder + platform::addressBookFile;
   if (!platform::TheFiles().Exists(path)) return {};
   const int damaged = platform::TheSeams().addressBook->Import(path).leftOut;
   return damaged == 0 ? "" : std::to_string(damaged) + " of its entries can't be used";
 }
 
-std::string AddMemoryOf(const std::string& folder, bool /*isNewHere*/) {
+std::string AddMemoryOf(const std::string& folder) {
   mail::AddMailMemoryOf(folder);
   return {};
 }
@@ -70,21 +65,22 @@ std::string AddMemoryOf(const std::string& folder, bool /*isNewHere*/) {
 /// What else lies in a folder of games. Answers what went wrong.
 constexpr struct {
   const char* name;
-  std::string (*take)(const std::string& folder, bool isNewHere);
+  std::string (*take)(const std::string& folder);
 } companions[] = {
-    {"The notes", UseNotesOf},
+    {"The notes", study::UseNotesOf},
     {"The address book", AddPeopleOf},
     {"What was remembered of the mails", AddMemoryOf},
 };
 
-/// Sentences on what stayed behind. `isNewHere`: the games weren't here before.
-std::string TakeCompanionsOf(const store::OtherGames& other, bool isNewHere) {
+/// Sentences on what stayed behind. `keepsNotes`: those that are here stand.
+std::string TakeCompanionsOf(const store::OtherGames& other, bool keepsNotes) {
   const std::string folder = other.path.substr(0, other.path.rfind('/') + 1);
   std::string told;
   for (const auto& companion : companions) {
+    if (keepsNotes && companion.take == study::UseNotesOf) continue;
     std::string trouble;
     try {
-      trouble = companion.take(folder, isNewHere);
+      trouble = companion.take(folder);
     } catch (const std::exception& error) {
       trouble = error.what();
     }
@@ -97,7 +93,7 @@ std::string TakeCompanionsOf(const store::OtherGames& other, bool isNewHere) {
 
 void Use(const store::OtherGames& other) {
   const std::string kept = store::UseGames(other);
-  const std::string trouble = TakeCompanionsOf(other, true);
+  const std::string trouble = TakeCompanionsOf(other, false);
   ForgetFormerGames();
   UpdateTrayStatus(platform::TrayOperation::Modify);
   Tell(platform::InformationIcon,
@@ -117,7 +113,7 @@ bool UseGamesOfFolder(const std::string& folder) {
     if (other.content == store::ReadGameFile()) {
       Tell(platform::InformationIcon, "The games of " + other.path +
                                           " are the same as those in your list." +
-                                          TakeCompanionsOf(other, false));
+                                          TakeCompanionsOf(other, study::HasNotes()));
       return false;
     }
     if (!Agrees(other)) return false;

@@ -246,7 +246,7 @@ TEST_F(OtherGamesTest, NoFailureCostsTheGamesThatWereThere) {
   }
 }
 
-TEST_F(OtherGamesTest, ThePeopleBesideThemJoinThoseWhoAreHere) {
+TEST_F(OtherGamesTest, WhatLiesBesideThemJoinsWhatIsHereOnce) {
   contacts::ContactsBook book([] { return std::vector<platform::Recipient>(); });
   platform::TheSeams().addressBook = &book;
   const auto card = [](const std::string& name) {
@@ -254,9 +254,14 @@ TEST_F(OtherGamesTest, ThePeopleBesideThemJoinThoseWhoAreHere) {
   };
   desktop.files.content = {{"/cd/Tvgdb.dat", Line(1)},
                            {"/cd/contacts.vcf", card("Dora")},
+                           {"/cd/Tvmail.dat", "founded|7\narrived|t|5\n"},
+                           {Process().DataPath + "Tvmail.dat", "arrived|t|9\narrived|u|8\n"},
                            {Process().DataPath + "contacts.vcf", card("Anna")}};
-  EXPECT_TRUE(UseGamesOfFolder("/cd"));
-  EXPECT_EQ(book.People().size(), 2u);
+  for (const bool isNew : {true, false}) {
+    EXPECT_EQ(UseGamesOfFolder("/cd"), isNew);
+    EXPECT_EQ(book.People().size(), 2u);
+    EXPECT_EQ(Own("Tvmail.dat"), "founded|7\narrived|t|9\narrived|u|8\n");
+  }
 }
 
 }  // namespace

@@ -3,10 +3,14 @@
 #pragma once
 
 #include <QRect>
+#include <QSize>
 
 class QWidget;
 
 namespace ui {
+
+/// What a desktop adds to a window at most, with its title bar.
+inline constexpr QSize frameOfWindow(16, 48);
 
 /// While the desktop takes up a window, the toolkit can hear of a place where it never stood: it
 /// would go there with its next size, and what opens beside its fields would open there.

@@ -11,13 +11,13 @@
 
 #include "platform/setting_variables.h"
 #include "ui/board/board_picture.h"
+#include "widgets/window_places.h"
 
 namespace ui {
 
 namespace {
 
 constexpr int spacing = 8;
-constexpr QSize frameOfWindow(16, 48);  // with its title bar
 
 /// As large as any of the widgets wants it, so that nothing else moves when they change.
 QGridLayout* NewSharedPlace(std::initializer_list<QWidget*> widgets) {

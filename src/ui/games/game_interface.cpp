@@ -43,6 +43,7 @@
 #include "widgets/menu_opener.h"
 #include "widgets/shown_text.h"
 #include "widgets/tool_tips.h"
+#include "widgets/window_places.h"
 
 namespace ui {
 
@@ -244,9 +245,10 @@ void GameInterface::SetSimpleUI() {
   layout->addLayout(buttons);
   layout->addWidget(grid_, 1);
   layout->addWidget(mailLine_);
-  setMinimumSize(leastWidth, leastHeight);
+  const QSize room = screen()->availableSize() - frameOfWindow;
+  setMinimumSize(QSize(leastWidth, leastHeight).boundedTo(room));
   const QSize wanted(grid_->sizeHint().width() + 2 * margin, sizeHint().height());
-  resize(wanted.boundedTo(screen()->availableSize()).expandedTo(minimumSize()));
+  resize(wanted.boundedTo(room).expandedTo(minimumSize()));
 }
 
 void GameInterface::FillGameList(std::int16_t column, std::string order,

@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QStackedLayout>
 #include <QTabBar>
@@ -23,7 +24,9 @@
 #include "ui/options/notification_page.h"
 #include "ui/options/saved_ai_page.h"
 #include "ui/options/skins_page.h"
+#include "widgets/scrolling_page.h"
 #include "widgets/tool_tips.h"
+#include "widgets/window_places.h"
 
 namespace ui {
 
@@ -150,9 +153,15 @@ void OptionsPage::SetSimpleUI() {
   layout->addWidget(tabStrip_);
   plainPages_ = new QStackedLayout;
   layout->addLayout(plainPages_, 1);
-  for (int tab = 1; tab <= plainTabCount; ++tab) plainPages_->addWidget(&Page(tab));
+  QSize largest;
+  for (int tab = 1; tab <= plainTabCount; ++tab) {
+    largest = largest.expandedTo(Page(tab).minimumSizeHint());
+    plainPages_->addWidget(new ScrollingPage(&Page(tab)));  // for large letters on a small screen
+    Page(tab).show();
+  }
   layout->addLayout(buttons);
-  resize(plainSize.expandedTo(minimumSizeHint()));
+  const QSize whole = minimumSizeHint() - plainPages_->minimumSize() + largest;
+  resize(plainSize.expandedTo(whole).boundedTo(screen()->availableSize() - frameOfWindow));
 }
 
 /// False where a list that must be there can't be filled.

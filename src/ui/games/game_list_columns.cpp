@@ -96,29 +96,48 @@ int WidthOfColumns(const QTableView& grid) {
 
 namespace {
 
-/// What the titles lend to the others, for long dates or else for short ones: nothing where that
-/// wouldn't be enough.
-int LoanOfTitles(const QTableView& grid, int width) {
-  const int forLong = WidthOfColumns(grid) - width;
-  const int forShort = forLong - WidthOf(grid, ShownDate(longDate)) +
-                       WidthOf(grid, ShownDate(longDate, QLocale::ShortFormat));
-  for (const int lacking : {forLong, forShort}) {
-    if (lacking <= mostRoomOfTitles) return std::max(0, lacking);
+bool IsName(const ListColumn& column) {
+  return column.column == shell::OpponentColumn || column.column == shell::TitleColumn;
+}
+
+int WidthOfNames(const QTableView& grid) {
+  int width = 0;
+  for (const ListColumn& column : columns) {
+    if (IsName(column) && IsWanted(column)) width += column.width(grid);
   }
-  return 0;
+  return width;
+}
+
+int SavedByShortDates(const QTableView& grid) {
+  if (grid.isColumnHidden(shell::DateColumn)) return 0;
+  return WidthOf(grid, ShownDate(longDate)) -
+         WidthOf(grid, ShownDate(longDate, QLocale::ShortFormat));
+}
+
+/// What a column lends to the others. The titles make a little room for long dates, or else for
+/// short ones; where large letters on a small screen lack more, names and titles give up to half.
+int LoanOf(const ListColumn& column, const QTableView& grid, int width) {
+  if (!IsName(column)) return 0;
+  const int forLong = WidthOfColumns(grid) - width;
+  const int forShort = forLong - SavedByShortDates(grid);
+  for (const int lacking : {forLong, forShort}) {
+    if (lacking > mostRoomOfTitles) continue;
+    return column.column == shell::TitleColumn ? std::max(0, lacking) : 0;
+  }
+  const int names = WidthOfNames(grid);
+  return std::min(forShort, names / 2) * column.width(grid) / names;
 }
 
 }  // namespace
 
 void FitColumns(QTableView& grid, int width) {
   grid.setColumnWidth(shell::StatusColumn, InPixels(statusTwips));
-  const int loan = LoanOfTitles(grid, width);
   int rest = width - InPixels(statusTwips);
   const ListColumn* last = nullptr;
   for (const ListColumn& column : columns) {
     if (!IsWanted(column)) continue;
     if (last) {
-      const int own = last->width(grid) - (last->column == shell::TitleColumn ? loan : 0);
+      const int own = last->width(grid) - LoanOf(*last, grid, width);
       grid.setColumnWidth(last->column, own);
       rest -= own;
     }

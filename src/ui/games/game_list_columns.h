@@ -27,8 +27,8 @@ void ShowWantedColumns(QTableView& grid);
 /// As wide as they are together, with a long date.
 int WidthOfColumns(const QTableView& grid);
 
-/// `width` is what there is for all of them. Where the titles can make room for long dates, they
-/// do.
+/// `width` is what there is for all of them. Where names and titles can make room for the others,
+/// they do: cut, they show as a whole where they are pointed at.
 void FitColumns(QTableView& grid, int width);
 
 bool HasRoomForLongDates(const QTableView& grid);

@@ -191,6 +191,11 @@ TEST_F(GameInterfaceTest, ColumnsHideAndTheLastOneTakesTheRest) {
     window_->ShowColumns();
     EXPECT_EQ(last(), lastColumn) << hidden;
   }
+  platform::Settings().HiddenColumns.clear();
+  window_->resize(window_->minimumSize());
+  window_->ShowColumns();
+  EXPECT_EQ(last(), shell::DateColumn) << "in a small window";
+  EXPECT_GE(Grid().columnWidth(shell::DateColumn), 60);
   platform::Settings().HiddenColumns = "Opponent;";
   const std::vector<MenuRow> rows = ColumnRows([this] { window_->ShowColumns(); });
   rows[0].action();

@@ -12,6 +12,7 @@ namespace ui {
 namespace {
 
 constexpr int between = 8;
+constexpr QSize mostDecoration(16, 48);  // with the title bar
 
 int CoordinateWithin(int wanted, int length, int begin, int end) {
   return std::max(begin, std::min(wanted, end - length));
@@ -28,6 +29,10 @@ QRect Within(const QRect& screen, QRect frame) {
 QSize Decoration(const QWidget& window) { return window.frameGeometry().size() - window.size(); }
 
 }  // namespace
+
+QSize RoomOnScreen(const QWidget& window) {
+  return window.screen()->availableSize() - mostDecoration;
+}
 
 void KeepPlace(QWidget& frameless) {
   QWindow* window = frameless.windowHandle();

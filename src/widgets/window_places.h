@@ -9,8 +9,8 @@ class QWidget;
 
 namespace ui {
 
-/// What a desktop adds to a window at most, with its title bar.
-inline constexpr QSize frameOfWindow(16, 48);
+/// How large a window can be on its screen, with the frame that a desktop draws round it.
+QSize RoomOnScreen(const QWidget& window);
 
 /// While the desktop takes up a window, the toolkit can hear of a place where it never stood: it
 /// would go there with its next size, and what opens beside its fields would open there.

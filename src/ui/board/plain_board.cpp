@@ -3,7 +3,6 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QScreen>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -63,7 +62,7 @@ QSize RememberedSize() {
 }  // namespace
 
 void LayOut(QWidget& window, const PlainBoard& board) {
-  const QSize room = window.screen()->availableSize() - frameOfWindow;
+  const QSize room = RoomOnScreen(window);
   // The board brings its own margin along.
   constexpr int margin = BoardPicture::plainEdge;
   auto* columns = new QBoxLayout(QBoxLayout::TopToBottom);

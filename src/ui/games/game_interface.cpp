@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -245,7 +244,7 @@ void GameInterface::SetSimpleUI() {
   layout->addLayout(buttons);
   layout->addWidget(grid_, 1);
   layout->addWidget(mailLine_);
-  const QSize room = screen()->availableSize() - frameOfWindow;
+  const QSize room = RoomOnScreen(*this);
   setMinimumSize(QSize(leastWidth, leastHeight).boundedTo(room));
   const QSize wanted(grid_->sizeHint().width() + 2 * margin, sizeHint().height());
   resize(wanted.boundedTo(room).expandedTo(minimumSize()));

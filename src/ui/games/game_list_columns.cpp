@@ -114,30 +114,34 @@ int SavedByShortDates(const QTableView& grid) {
          WidthOf(grid, ShownDate(longDate, QLocale::ShortFormat));
 }
 
-/// What a column lends to the others. The titles make a little room for long dates, or else for
-/// short ones; where large letters on a small screen lack more, names and titles give up to half.
-int LoanOf(const ListColumn& column, const QTableView& grid, int width) {
+/// What the columns want beyond the width: for long dates, where the titles can lend that much, or
+/// else for short ones.
+int LackingRoom(const QTableView& grid, int width) {
+  int lacking = WidthOfColumns(grid) - width;
+  if (lacking > mostRoomOfTitles) lacking -= SavedByShortDates(grid);
+  return std::max(0, lacking);
+}
+
+/// The titles lend a little alone; where large letters on a small screen lack more, names and
+/// titles give up to half.
+int LoanOf(const ListColumn& column, const QTableView& grid, int lacking) {
   if (!IsName(column)) return 0;
-  const int forLong = WidthOfColumns(grid) - width;
-  const int forShort = forLong - SavedByShortDates(grid);
-  for (const int lacking : {forLong, forShort}) {
-    if (lacking > mostRoomOfTitles) continue;
-    return column.column == shell::TitleColumn ? std::max(0, lacking) : 0;
-  }
+  if (lacking <= mostRoomOfTitles) return column.column == shell::TitleColumn ? lacking : 0;
   const int names = WidthOfNames(grid);
-  return std::min(forShort, names / 2) * column.width(grid) / names;
+  return std::min(lacking, names / 2) * column.width(grid) / names;
 }
 
 }  // namespace
 
 void FitColumns(QTableView& grid, int width) {
   grid.setColumnWidth(shell::StatusColumn, InPixels(statusTwips));
+  const int lacking = LackingRoom(grid, width);
   int rest = width - InPixels(statusTwips);
   const ListColumn* last = nullptr;
   for (const ListColumn& column : columns) {
     if (!IsWanted(column)) continue;
     if (last) {
-      const int own = last->width(grid) - LoanOf(*last, grid, width);
+      const int own = last->width(grid) - LoanOf(*last, grid, lacking);
       grid.setColumnWidth(last->column, own);
       rest -= own;
     }

@@ -3,7 +3,6 @@
 
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QStackedLayout>
 #include <QTabBar>
@@ -161,7 +160,7 @@ void OptionsPage::SetSimpleUI() {
   }
   layout->addLayout(buttons);
   const QSize whole = minimumSizeHint() - plainPages_->minimumSize() + largest;
-  resize(plainSize.expandedTo(whole).boundedTo(screen()->availableSize() - frameOfWindow));
+  resize(plainSize.expandedTo(whole).boundedTo(RoomOnScreen(*this)));
 }
 
 /// False where a list that must be there can't be filled.
